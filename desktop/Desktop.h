@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/ScreenAccess.h"
+#include "desktop/ScreenCapture.h"
+#include "desktop/WindowServer.h"
+#include "desktop/Workspace.h"
+
+#include <QStringList>
+
+#include <memory>
+
+namespace ardeno {
+
+// Which applications play the parts that rules name, on this desktop. Plain values, so that the rules stay portable.
+struct DesktopRoles {
+    QString ownID = {};                 // This program's identifier.
+    QStringList fileBrowserIDs = {};    // Applications whose windows show folders.
+    QStringList documentViewerIDs = {}; // The desktop's own viewers of documents.
+    QStringList alwaysListedIDs = {};   // Kept among the running applications even without a window.
+
+    bool operator==(const DesktopRoles &) const = default;
+};
+
+// Everything that a desktop session offers. The interfaces are never null.
+struct Desktop {
+    QString session = {}; // "x11", "wayland", "none".
+    DesktopRoles roles = {};
+    std::unique_ptr<Workspace> workspace = {};
+    std::unique_ptr<WindowServer> windowServer = {};
+    std::unique_ptr<ScreenCapture> screenCapture = {};
+    std::unique_ptr<ScreenAccess> screenAccess = {};
+};
+
+} // namespace ardeno

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/Capability.h"
+
+#include <QList>
+#include <QString>
+
+namespace ardeno {
+
+// An application with at least one process. Its identifier is the desktop's stable one (a desktop-file id).
+struct RunningApplication {
+    QString id = {};        // Empty when the desktop knows no identifier for it.
+    QString name = {};      // The localised name; empty when it has none.
+    bool isRegular = false; // An ordinary application that a user sees: it has a normal window, minimised or not.
+
+    bool operator==(const RunningApplication &) const = default;
+};
+
+// An application that could be opened.
+struct InstalledApplication {
+    QString id = {};
+    QString name = {};
+    QString iconName = {};
+
+    bool operator==(const InstalledApplication &) const = default;
+};
+
+// The applications of the user's session. All functions answer at once, on the main thread.
+class Workspace {
+public:
+    virtual ~Workspace() = default;
+
+    virtual Capability availability() const = 0;
+    // One entry per application, in no particular order; applications without an identifier may appear.
+    virtual QList<RunningApplication> runningApplications() = 0;
+    // Those that menus show, in no particular order.
+    virtual QList<InstalledApplication> installedApplications() = 0;
+};
+
+} // namespace ardeno

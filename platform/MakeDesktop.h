@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/Desktop.h"
+
+namespace ardeno {
+
+// The desktop of this session, chosen from the environment: X11, or the null desktop with the reason why there is
+// none. Never fails.
+Desktop makeDesktop();
+
+} // namespace ardeno

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Failure.h"
+
+#include <system_error>
+
+namespace ardeno {
+
+Failure::Failure(QString domain, int code, QString description)
+    : m_domain(std::move(domain)), m_code(code), m_description(std::move(description)), m_what(m_description.toUtf8())
+{
+}
+
+Failure Failure::system(int errorNumber)
+{
+    return {"POSIX", errorNumber, QString::fromStdString(std::generic_category().message(errorNumber)) + '.'};
+}
+
+Failure Failure::system(int errorNumber, const QString &fileName)
+{
+    return {"POSIX", errorNumber, u"“%1”: %2"_qs.arg(fileName, system(errorNumber).description())};
+}
+
+} // namespace ardeno
