@@ -4,10 +4,9 @@
 #include "capture/ScreenshotLayout.h"
 #include "media/PngWriter.h"
 #include "support/Failure.h"
+#include "support/InWorker.h"
 
-#include <QCoroFuture>
 #include <QSaveFile>
-#include <QtConcurrent>
 
 #include <new>
 
@@ -45,8 +44,7 @@ CanvasRequest canvasRequest(const QList<CaptureDisplay> &displays, const QSet<QS
 
 bool isComplete(const Canvas &canvas)
 {
-    return !canvas.size.isEmpty() &&
-           canvas.pixels.size() == qsizetype(canvas.size.width()) * canvas.size.height() * 4;
+    return !canvas.size.isEmpty() && canvas.pixels.size() == qsizetype(canvas.size.width()) * canvas.size.height() * 4;
 }
 
 void writeScreenshot(const QString &path, const Canvas &canvas)
@@ -55,7 +53,8 @@ void writeScreenshot(const QString &path, const Canvas &canvas)
     if (png.isEmpty())
         throw captureFailure(2, "The screenshot could not be encoded.");
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(png) != png.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) ||
+        file.write(png) != png.size() || !file.commit())
         throw Failure("POSIX", 5, file.errorString() + '.');
 }
 
@@ -78,7 +77,7 @@ QCoro::Task<void> CaptureService::screenshot(QString path, QSet<QString> excludi
     }
     if (!isComplete(canvas))
         throw captureFailure(2, "The screenshot could not be created.");
-    co_await QtConcurrent::run(&writeScreenshot, path, canvas);
+    co_await inWorker([&] { writeScreenshot(path, canvas); });
 }
 
 QCoro::Task<void> CaptureService::verifyAccess()

@@ -60,7 +60,8 @@ QByteArray openChunk(const char *type)
 class PieceWriter final {
 public:
     explicit PieceWriter(const Rows &rows)
-        : m_rows(rows), m_rowBytes(1 + qsizetype(rows.width) * filteredBytesPerPixel),
+        : m_rows(rows),
+          m_rowBytes(1 + qsizetype(rows.width) * filteredBytesPerPixel),
           m_rowsPerBlock(std::max<qsizetype>(1, blockBytes / m_rowBytes)),
           m_filtered(size_t(m_rowBytes * std::min<qsizetype>(m_rowsPerBlock, rows.to - rows.from))),
           m_levelBuffer(ISAL_DEF_LVL1_DEFAULT)
