@@ -114,7 +114,7 @@ void X11Connection::internAtoms(int screenNumber)
     }
     for (size_t i = 0; i < cookies.size(); ++i) {
         const X11Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(xcb(), cookies[i], nullptr));
-        m_atoms[i] = reply ? reply->atom : XCB_ATOM_NONE;
+        m_atoms[i] = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
     }
 }
 
