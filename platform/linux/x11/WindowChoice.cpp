@@ -72,17 +72,17 @@ QList<xcb_window_t> numbersOf(const QList<TopLevel> &windows)
     return numbers;
 }
 
-QSet<xcb_window_t> ownWindows(const X11Connection &connection, const QList<TopLevel> &windows)
+// The applications' windows by their frames; windows without a frame by themselves.
+using Clients = QHash<xcb_window_t, xcb_window_t>;
+
+QSet<xcb_window_t> ownWindows(const X11Connection &connection, const Clients &clients)
 {
     const Connections connections(connection);
     const QSet<quint32> own = connections.own();
     QSet<xcb_window_t> found;
-    if (own.isEmpty())
-        return found;
-    const auto clients = WindowTree::clientsInside(connection, numbersOf(windows));
-    for (const TopLevel &window : windows) {
-        if (own.contains(connections.of(clients.value(window.id).window)) || own.contains(connections.of(window.id)))
-            found.insert(window.id);
+    for (auto client = clients.cbegin(); client != clients.cend(); ++client) {
+        if (own.contains(connections.of(client.value())) || own.contains(connections.of(client.key())))
+            found.insert(client.key());
     }
     return found;
 }
@@ -134,30 +134,28 @@ private:
 };
 
 // Windows that are mapped but not to be seen: compositing managers keep those of other desktops and minimised ones.
-QSet<xcb_window_t> hiddenWindows(const X11Connection &connection, const QList<TopLevel> &windows)
+QSet<xcb_window_t> hiddenWindows(const X11Connection &connection, const QList<TopLevel> &windows,
+                                 const Clients &clients)
 {
     constexpr quint32 everyDesktop = ~0U;
     const quint32 current =
         X11Property(connection, connection.root(), X11Atom::NetCurrentDesktop).cardinal().value_or(everyDesktop);
-    const auto clients = WindowTree::clientsInside(connection, numbersOf(windows));
     std::vector<X11Property> states;
     std::vector<X11Property> desktops;
     for (const TopLevel &window : windows) {
-        states.emplace_back(connection, clients.value(window.id).window, X11Atom::NetWmState);
-        desktops.emplace_back(connection, clients.value(window.id).window, X11Atom::NetWmDesktop);
+        states.emplace_back(connection, clients.value(window.id), X11Atom::NetWmState);
+        desktops.emplace_back(connection, clients.value(window.id), X11Atom::NetWmDesktop);
     }
     QSet<xcb_window_t> hidden;
     for (qsizetype i = 0; i < windows.size(); ++i) {
         const quint32 desktop = desktops[size_t(i)].cardinal().value_or(everyDesktop);
         const bool isElsewhere = current != everyDesktop && desktop != everyDesktop && desktop != current;
         const bool isMinimised = states[size_t(i)].cardinals().contains(connection.atom(X11Atom::NetWmStateHidden));
-        if (clients.value(windows[i].id).isManaged && (isElsewhere || isMinimised))
+        if (isElsewhere || isMinimised) // Popups have neither property.
             hidden.insert(windows[i].id);
     }
     return hidden;
 }
-
-} // namespace
 
 bool hasCompositingManager(const X11Connection &connection)
 {
@@ -168,25 +166,49 @@ bool hasCompositingManager(const X11Connection &connection)
     return reply && reply->owner != XCB_NONE;
 }
 
+Clients clientsOf(const X11Connection &connection, const QList<TopLevel> &windows)
+{
+    const auto inside = WindowTree::clientsInside(connection, numbersOf(windows));
+    Clients clients;
+    for (auto client = inside.cbegin(); client != inside.cend(); ++client)
+        clients.insert(client.key(), client->window);
+    return clients;
+}
+
+Clients clientsOf(const QHash<xcb_window_t, WindowOwner> &owners)
+{
+    Clients clients;
+    for (auto owner = owners.cbegin(); owner != owners.cend(); ++owner)
+        clients.insert(owner.key(), owner->client);
+    return clients;
+}
+
+} // namespace
+
 WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entries, const QList<TopLevel> &windows,
                            const Exclusion &exclusion)
 {
     WindowChoice choice;
-    choice.leftOut = ownWindows(connection, windows);
-    if (!exclusion.appIDs.isEmpty()) {
+    Clients clients;
+    if (exclusion.appIDs.isEmpty()) {
+        clients = clientsOf(connection, windows);
+    } else {
         const auto owners = WindowOwners(connection, entries).owners(numbersOf(windows));
         const ExcludedWindows excluded(connection, owners, exclusion);
         for (const TopLevel &window : windows) {
             if (excluded.contains(window, owners.value(window.id)))
                 choice.leftOut.insert(window.id);
         }
+        clients = clientsOf(owners);
     }
+    choice.leftOut += ownWindows(connection, clients);
     for (const TopLevel &window : windows) {
         if (!choice.leftOut.contains(window.id))
             choice.allowed.insert(window.id);
     }
-    if (hasCompositingManager(connection))
-        choice.hidden = hiddenWindows(connection, viewableOf(windows));
+    choice.isComposited = hasCompositingManager(connection);
+    if (choice.isComposited)
+        choice.hidden = hiddenWindows(connection, viewableOf(windows), clients);
     return choice;
 }
 

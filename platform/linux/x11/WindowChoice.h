@@ -17,6 +17,8 @@ struct WindowChoice {
     QSet<xcb_window_t> leftOut = {}; // The program's own and those of excluded applications.
     QSet<xcb_window_t> hidden = {};  // Mapped, but not shown by the compositing manager (minimised, other desktops).
 
+    bool isComposited = false; // A compositing manager runs, which gives alpha its meaning.
+
     bool knows(xcb_window_t window) const { return allowed.contains(window) || leftOut.contains(window); }
 };
 
@@ -25,9 +27,6 @@ struct Exclusion {
     QString ownAppID = {}; // This program's.
     QSet<QString> appIDs = {};
 };
-
-// Whether a compositing manager runs, which gives alpha its meaning.
-bool hasCompositingManager(const X11Connection &connection);
 
 // Judges these windows, mapped or not. The owners are asked for only when an application is excluded.
 WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entries, const QList<TopLevel> &windows,

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/X11Canvas.h"
 
+#include "platform/linux/x11/X11TopLevels.h"
+
 #include <cmath>
 #include <string_view>
 #include <utility>
@@ -42,10 +44,57 @@ QSize half(QSize size)
 
 } // namespace
 
-X11Canvas::X11Canvas(const X11Connection &connection, const RenderFormats &formats, const CanvasRequest &request)
-    : m_connection(connection), m_formats(formats), m_size(request.size), m_picture(connection, formats, request.size)
+X11Canvas::X11Canvas(const X11Connection &connection, const X11Extensions &extensions, const RenderFormats &formats,
+                     const CanvasRequest &request)
+    : m_connection(connection), m_extensions(extensions), m_formats(formats), m_size(request.size)
 {
-    fillGrey(connection, m_picture, request.backgroundGrey, QRect(QPoint(0, 0), m_size));
+    if (!extensions.hasSharedPixmaps || !drawInSharedMemory())
+        m_picture = RenderPicture(connection, formats, m_size);
+    fillBetween(request);
+}
+
+// Spares the copy; only servers that draw with the processor offer it.
+bool X11Canvas::drawInSharedMemory()
+{
+    xcb_connection_t *xcb = m_connection.xcb();
+    auto shared = std::make_shared<X11SharedBytes>(size_t(m_size.width()) * size_t(m_size.height()) * 4);
+    const xcb_shm_seg_t segment = xcb_generate_id(xcb);
+    if (!shared->attach(m_connection, segment))
+        return false;
+    const xcb_pixmap_t pixmap = xcb_generate_id(xcb);
+    const X11Reply<xcb_generic_error_t> error(
+        xcb_request_check(xcb, xcb_shm_create_pixmap_checked(xcb, pixmap, m_connection.root(), quint16(m_size.width()),
+                                                             quint16(m_size.height()), 32, segment, 0)));
+    xcb_shm_detach(xcb, segment); // The pixmap keeps it.
+    if (error)
+        return false;
+    m_picture = RenderPicture(m_connection, pixmap, m_formats.withAlpha(), RenderPicture::Owns::Pixmap);
+    m_shared = std::move(shared);
+    return true;
+}
+
+void X11Canvas::fillBetween(const CanvasRequest &request)
+{
+    X11Region between = QRect(QPoint(0, 0), m_size);
+    for (const DisplayPlacement &placement : request.placements)
+        between.subtract(pixelArea(placement.target, m_size));
+    if (!between.isEmpty())
+        fillGrey(m_connection, m_picture, request.backgroundGrey, between);
+}
+
+FetchedPixels X11Canvas::pixels() const
+{
+    if (!m_shared) {
+        const auto transport = m_extensions.hasSharedMemory ? PixelTransport::SharedMemory : PixelTransport::Socket;
+        return fetchPixels(m_connection, m_picture.drawable(), QRect(QPoint(0, 0), m_size), transport);
+    }
+    xcb_connection_t *xcb = m_connection.xcb();
+    const X11Reply<xcb_get_input_focus_reply_t> drawn(
+        xcb_get_input_focus_reply(xcb, xcb_get_input_focus(xcb), nullptr));
+    requireAlive(m_connection);
+    FetchedPixels pixels = {m_shared->bytes(), m_size, m_shared};
+    toLittleEndian(m_connection, pixels);
+    return pixels;
 }
 
 QRect X11Canvas::screenArea(const CaptureDisplay &display)

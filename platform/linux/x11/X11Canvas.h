@@ -3,11 +3,15 @@
 
 #include "desktop/ScreenCapture.h"
 #include "platform/linux/x11/X11Drawing.h"
+#include "platform/linux/x11/X11Extensions.h"
+#include "platform/linux/x11/X11PixelFetch.h"
+#include "platform/linux/x11/X11SharedBytes.h"
 
 #include <QPoint>
 #include <QRect>
 
 #include <functional>
+#include <memory>
 
 namespace ardeno {
 
@@ -19,11 +23,13 @@ using PaintDesktop = std::function<void(const RenderPicture &picture, const QRec
 class X11Canvas final {
 public:
     // Throws std::bad_alloc.
-    X11Canvas(const X11Connection &connection, const RenderFormats &formats, const CanvasRequest &request);
+    X11Canvas(const X11Connection &connection, const X11Extensions &extensions, const RenderFormats &formats,
+              const CanvasRequest &request);
 
     void draw(const DisplayPlacement &placement, const PaintDesktop &paint);
 
-    xcb_drawable_t drawable() const { return m_picture.drawable(); }
+    // What has been drawn until now. Throws what fetchPixels() does.
+    FetchedPixels pixels() const;
 
     // The pixels that a display fills: its borders rounded, at the edges of the canvas as far as there are pixels.
     static QRect pixelArea(const WindowRect &target, QSize canvas);
@@ -33,12 +39,16 @@ public:
     static bool isUnscaled(const DisplayPlacement &placement);
 
 private:
+    bool drawInSharedMemory();
+    void fillBetween(const CanvasRequest &request);
     void drawScaled(const RenderPicture &desktop, const DisplayPlacement &placement, const QRect &pixels);
 
     const X11Connection &m_connection;
+    const X11Extensions &m_extensions;
     const RenderFormats &m_formats;
     QSize m_size;
-    RenderPicture m_picture;
+    std::shared_ptr<X11SharedBytes> m_shared = {}; // Where the server draws; null when it keeps the pixels.
+    RenderPicture m_picture = {};
 };
 
 } // namespace ardeno

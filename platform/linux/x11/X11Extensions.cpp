@@ -68,7 +68,12 @@ X11Extensions X11Extensions::of(const X11Connection &connection)
         composite && isAtLeast(xcb_composite_query_version_reply(xcb, compositeVersion, nullptr), 0, 2);
     found.hasFixes = fixes && isAtLeast(xcb_xfixes_query_version_reply(xcb, fixesVersion, nullptr), 2, 0);
     found.hasDamage = damage && isAtLeast(xcb_damage_query_version_reply(xcb, damageVersion, nullptr), 1, 0);
-    found.hasSharedMemory = shm && isAtLeast(xcb_shm_query_version_reply(xcb, shmVersion, nullptr), 1, 2);
+    const X11Reply<xcb_shm_query_version_reply_t> memory(shm ? xcb_shm_query_version_reply(xcb, shmVersion, nullptr)
+                                                             : nullptr);
+    found.hasSharedMemory =
+        memory && (memory->major_version > 1 || (memory->major_version == 1 && memory->minor_version >= 2));
+    found.hasSharedPixmaps =
+        found.hasSharedMemory && memory->shared_pixmaps && memory->pixmap_format == XCB_IMAGE_FORMAT_Z_PIXMAP;
     if (damage)
         found.firstDamageEvent = xcb_get_extension_data(xcb, &xcb_damage_id)->first_event;
     return found;

@@ -13,7 +13,8 @@ struct X11Extensions {
     bool hasComposite = false; // 0.2: the pixmap of a redirected window.
     bool hasFixes = false;     // 2: regions of windows, the cursor.
     bool hasDamage = false;
-    bool hasSharedMemory = false; // 1.2, which hands over descriptors.
+    bool hasSharedMemory = false;  // 1.2, which hands over descriptors.
+    bool hasSharedPixmaps = false; // The server can draw into shared memory.
     quint8 firstDamageEvent = 0;
 
     // What is missing to leave windows out, by name; empty when nothing is.

@@ -24,10 +24,9 @@ bool knowsAll(const WindowChoice &choice, const QList<TopLevel> &windows)
 
 // Whether the screen may show something that must be left out. A compositing manager shows windows for a while after
 // they have gone, so there it is enough that there might have been one.
-bool mayShowLeftOut(const X11Connection &connection, const WindowChoice &choice, const QList<TopLevel> &windows,
-                    const Exclusion &exclusion)
+bool mayShowLeftOut(const WindowChoice &choice, const QList<TopLevel> &windows, const Exclusion &exclusion)
 {
-    const bool lingers = hasCompositingManager(connection);
+    const bool lingers = choice.isComposited;
     if (lingers && !exclusion.appIDs.isEmpty())
         return true;
     return std::any_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
@@ -83,7 +82,7 @@ std::optional<Canvas> X11Picture::screenIf(const IsClean &isClean, const X11Conn
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         const QList<TopLevel> windows = topLevels(connection);
         const WindowChoice &choice = m_choice.emplace(chooseWindows(connection, m_entries, windows, m_exclusion));
-        if (mayShowLeftOut(connection, choice, windows, m_exclusion))
+        if (mayShowLeftOut(choice, windows, m_exclusion))
             return std::nullopt;
         std::optional<ServerGrab> grab(connection);
         const Moment now = moment(connection, extensions);
@@ -119,7 +118,6 @@ X11Picture::Moment X11Picture::moment(const X11Connection &connection, const X11
     moment.windows = viewableOf(topLevels(connection));
     if (extensions.hasFixes)
         moment.cursor = X11Cursor::read(connection);
-    requireSameDisplays(connection);
     return moment;
 }
 
@@ -127,13 +125,19 @@ Canvas X11Picture::grabbedScreen(const X11Connection &connection, const X11Exten
                                  std::optional<ServerGrab> &grab) const
 {
     if (isScreenItself(connection)) {
+        const auto transport = extensions.hasSharedMemory ? PixelTransport::SharedMemory : PixelTransport::Socket;
         const QRect area = X11Canvas::screenArea(m_request.placements.first().display);
-        return finished(connection, extensions, connection.root(), area.topLeft(), now.cursor);
+        try {
+            return finished(connection, fetchPixels(connection, connection.root(), area, transport), now.cursor);
+        } catch (const Failure &) {
+            requireSameDisplays(connection); // A screen that has become smaller refuses; that is the better reason.
+            throw;
+        }
     }
     const RenderFormats formats(connection);
     const RenderPicture screen(connection, connection.root(), formats.ofVisual(connection.screen().root_visual),
                                RenderPicture::Owns::Nothing);
-    X11Canvas canvas(connection, formats, m_request);
+    X11Canvas canvas(connection, extensions, formats, m_request);
     drawDisplays(canvas, [&](const RenderPicture &picture, const QRect &area, const QPoint &at) {
         clip(connection, picture, QRect(at, area.size()));
         xcb_render_composite(connection.xcb(), XCB_RENDER_PICT_OP_SRC, screen.id(), XCB_NONE, picture.id(),
@@ -141,7 +145,7 @@ Canvas X11Picture::grabbedScreen(const X11Connection &connection, const X11Exten
                              quint16(area.width()), quint16(area.height()));
     });
     grab.reset();
-    return finished(connection, extensions, canvas.drawable(), {0, 0}, now.cursor);
+    return finished(connection, canvas.pixels(), now.cursor);
 }
 
 std::optional<Canvas> X11Picture::grabbedWindows(X11Redirection &redirection, const WindowChoice &choice) const
@@ -157,7 +161,7 @@ std::optional<Canvas> X11Picture::grabbedWindows(X11Redirection &redirection, co
     if (choice.leftOut.contains(now.cursor.under))
         now.cursor = {};
 
-    X11Canvas canvas(connection, formats, m_request);
+    X11Canvas canvas(connection, redirection.extensions(), formats, m_request);
     {
         const X11Scene scene(redirection, formats, now.windows, choice, m_request.backgroundGrey);
         drawDisplays(canvas, [&](const RenderPicture &picture, const QRect &area, const QPoint &at) {
@@ -165,7 +169,7 @@ std::optional<Canvas> X11Picture::grabbedWindows(X11Redirection &redirection, co
         });
     }
     grab.reset();
-    return finished(connection, redirection.extensions(), canvas.drawable(), {0, 0}, now.cursor);
+    return finished(connection, canvas.pixels(), now.cursor);
 }
 
 void X11Picture::drawDisplays(X11Canvas &canvas, const PaintDesktop &paint) const
@@ -174,11 +178,8 @@ void X11Picture::drawDisplays(X11Canvas &canvas, const PaintDesktop &paint) cons
         canvas.draw(placement, paint);
 }
 
-Canvas X11Picture::finished(const X11Connection &connection, const X11Extensions &extensions, xcb_drawable_t drawable,
-                            const QPoint &from, const X11Cursor &cursor) const
+Canvas X11Picture::finished(const X11Connection &connection, const FetchedPixels &pixels, const X11Cursor &cursor) const
 {
-    const auto transport = extensions.hasSharedMemory ? PixelTransport::SharedMemory : PixelTransport::Socket;
-    const FetchedPixels pixels = fetchPixels(connection, drawable, QRect(from, m_request.size), transport);
     requireSameDisplays(connection);
     for (const DisplayPlacement &placement : m_request.placements)
         cursor.blend(pixels, placement);

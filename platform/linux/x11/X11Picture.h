@@ -43,8 +43,8 @@ private:
                          std::optional<ServerGrab> &grab) const;
     std::optional<Canvas> grabbedWindows(X11Redirection &redirection, const WindowChoice &choice) const;
     void drawDisplays(X11Canvas &canvas, const PaintDesktop &paint) const;
-    Canvas finished(const X11Connection &connection, const X11Extensions &extensions, xcb_drawable_t drawable,
-                    const QPoint &from, const X11Cursor &cursor) const;
+    // Checks the displays once more and adds the pointer.
+    Canvas finished(const X11Connection &connection, const FetchedPixels &pixels, const X11Cursor &cursor) const;
     bool isScreenItself(const X11Connection &connection) const;
     void requireSameDisplays(const X11Connection &connection) const;
     X11Region displayAreas() const;

@@ -24,4 +24,7 @@ struct FetchedPixels {
 FetchedPixels fetchPixels(const X11Connection &connection, xcb_drawable_t drawable, const QRect &area,
                           PixelTransport transport);
 
+// Brings the bytes of each pixel in order when the server keeps them the other way round.
+void toLittleEndian(const X11Connection &connection, const FetchedPixels &pixels);
+
 } // namespace ardeno

@@ -246,6 +246,16 @@ void X11Redirection::roundTrip() const
     requireAlive(m_connection);
 }
 
+bool X11Redirection::isClean() const
+{
+    // Whatever has inherited something has an entry.
+    for (auto awaited = m_awaited.cbegin(); awaited != m_awaited.cend(); ++awaited) {
+        if (!awaited->region.isEmpty() || !m_pixels.isClean(awaited.key()))
+            return false;
+    }
+    return true;
+}
+
 X11Redirection::Clock::time_point X11Redirection::patience(xcb_window_t window) const
 {
     return m_awaited.value(window).since + drawingTime;

@@ -36,6 +36,9 @@ public:
     // Waits until the server reports something. False when the time came first or the connection is lost.
     bool waitForEvents(Clock::time_point until);
 
+    // Whether every window shows only itself, as far as has been reported.
+    bool isClean() const;
+
     // What of the window may show pixels of others than these; relative to its outer top left corner.
     X11Region untrusted(xcb_window_t window, const QSet<xcb_window_t> &allowed) const
     {

@@ -28,7 +28,6 @@ X11Redirection::Clock::time_point lastPatience(const X11Redirection &redirection
                                                X11Region visible)
 {
     const X11Connection &connection = redirection.connection();
-    const bool hasCompositor = hasCompositingManager(connection);
     const QList<TopLevel> windows = viewableOf(topLevels(connection));
     const QList<X11Region> shapes = outlines(connection, windows);
     X11Redirection::Clock::time_point last = {};
@@ -41,7 +40,7 @@ X11Redirection::Clock::time_point lastPatience(const X11Redirection &redirection
         const X11Region outline = shapes[i].translated(window.outer.topLeft());
         if (!missing.translated(window.outer.topLeft()).intersected(outline).intersected(visible).isEmpty())
             last = std::max(last, redirection.patience(window.id));
-        if (!isTranslucent(window, hasCompositor))
+        if (!isTranslucent(window, choice.isComposited))
             visible.subtract(outline);
     }
     return last;
@@ -52,6 +51,8 @@ X11Redirection::Clock::time_point lastPatience(const X11Redirection &redirection
 void waitForDrawing(X11Redirection &redirection, const WindowChoice &choice, const X11Region &displays)
 {
     redirection.processEvents();
+    if (redirection.isClean())
+        return;
     auto until = lastPatience(redirection, choice, displays);
     while (until > X11Redirection::Clock::now() && redirection.waitForEvents(until)) {
         redirection.processEvents();
@@ -63,7 +64,7 @@ void waitForDrawing(X11Redirection &redirection, const WindowChoice &choice, con
 X11Scene::X11Scene(const X11Redirection &redirection, const RenderFormats &formats, const QList<TopLevel> &windows,
                    const WindowChoice &choice, quint8 grey)
     : m_connection(redirection.connection()),
-      m_hasCompositor(hasCompositingManager(m_connection)),
+      m_hasCompositor(choice.isComposited),
       m_background(m_connection, formats,
                    m_hasCompositor ? X11Background::CompositingManager::Running
                                    : X11Background::CompositingManager::Absent),
