@@ -90,6 +90,7 @@ TEST_CASE_FIXTURE(ScreenFixture, "displays stand in the picture as on the desk, 
     const Painter open({"class=open", "colour=00c000", "geometry=250,430,600,100", "kind=popup"});
     const Painter secret({"class=secret", "colour=ff00ff", "geometry=1050,500,200,200", "kind=popup"});
 
+    REQUIRE(desktop_test::eventually([&] { return countOf(peerPicture(), secretColour) == 200 * 200; }));
     for (const QSet<QString> &excluded : {QSet<QString>(), QSet<QString>{secretID}}) {
         const QImage image = picture(excluded);
 

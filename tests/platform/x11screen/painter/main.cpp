@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdio>
+#include <optional>
 
 #include <poll.h>
 #include <unistd.h>
@@ -62,10 +63,13 @@ int main(int argc, char **argv)
 {
     Painting painting;
     bool flickers = false;
+    QRect menu;
     for (int i = 1; i < argc; ++i) {
         const QByteArray argument = argv[i];
         const qsizetype equals = argument.indexOf('=');
         apply(painting, argument.left(equals), argument.mid(equals + 1));
+        if (argument.startsWith("menu="))
+            menu = rectangle(argument.mid(equals + 1));
         flickers = flickers || argument == "life=flicker";
     }
     if (flickers) {
@@ -75,6 +79,14 @@ int main(int argc, char **argv)
 
     PaintedWindow window(painting);
     window.waitUntilShown();
+    // A second window of the same process that says nothing of whose it is.
+    std::optional<PaintedWindow> popup;
+    if (!menu.isEmpty()) {
+        painting.windowClass.clear();
+        painting.geometry = menu;
+        painting.isPopup = true;
+        popup.emplace(painting).waitUntilShown();
+    }
     say("ready");
     for (;;) {
         window.step();
