@@ -61,6 +61,13 @@ void X11DrawingWatch::distrustBelow(xcb_window_t parent, xcb_window_t child)
     distrustUntilNow(topLevel);
 }
 
+void X11DrawingWatch::forgetBelow(xcb_window_t child)
+{
+    const auto followed = m_followed.find(m_topLevelOf.take(child));
+    if (followed != m_followed.end())
+        followed->tree.remove(child);
+}
+
 void X11DrawingWatch::readAnswers()
 {
     for (auto followed = m_followed.begin(); followed != m_followed.end(); ++followed) {

@@ -30,6 +30,9 @@ public:
     // The same after something has happened to this window, somewhere below a top-level one.
     void distrustBelow(xcb_window_t parent, xcb_window_t child);
 
+    // A window somewhere below a top-level one has gone.
+    void forgetBelow(xcb_window_t child);
+
     // Takes in what the server has answered.
     void readAnswers();
     bool hasQuestions() const;

@@ -148,6 +148,8 @@ void X11Redirection::handle(const xcb_generic_event_t &event)
         return; // Errors of windows that have just gone.
     // All of these begin with the window whose children are followed and the child in question.
     const auto &any = reinterpret_cast<const xcb_map_notify_event_t &>(event);
+    if (any.event != m_connection.root() && type == XCB_DESTROY_NOTIFY)
+        return m_watch.forgetBelow(any.window);
     if (any.event != m_connection.root())
         return m_watch.distrustBelow(any.event, any.window);
     handleBelowRoot(event);

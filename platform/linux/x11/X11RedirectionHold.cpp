@@ -2,6 +2,7 @@
 #include "platform/linux/x11/X11RedirectionHold.h"
 
 #include <array>
+#include <cerrno>
 
 #include <poll.h>
 #include <sys/eventfd.h>
