@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/linux/common/DesktopEntries.h"
+#include "platform/linux/x11/X11Connection.h"
+
+#include <QHash>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+namespace ardeno {
+
+// Whose window it is.
+struct WindowOwner {
+    xcb_window_t client = XCB_NONE; // The application's own window: the one inside a frame, or the window itself.
+    std::optional<qint32> processID = {};
+    std::optional<QString> applicationID = {}; // Absent when no installed application is known by the window.
+    QString applicationName = {};              // Localised; empty when it has none.
+
+    bool operator==(const WindowOwner &) const = default;
+};
+
+// Finds the applications of windows. The connection and the entries outlive it.
+class WindowOwners final {
+public:
+    WindowOwners(const X11Connection &connection, DesktopEntries &entries)
+        : m_connection(connection), m_entries(entries)
+    {
+    }
+
+    // For frames, clients and popups alike. Every window asked for has an entry; one that has gone meanwhile has an
+    // empty one. The requests of all windows share a handful of round trips.
+    QHash<xcb_window_t, WindowOwner> owners(const QList<xcb_window_t> &topLevels);
+
+private:
+    const X11Connection &m_connection;
+    DesktopEntries &m_entries;
+};
+
+} // namespace ardeno
