@@ -6,10 +6,21 @@
 
 namespace ardeno {
 
-LockedStore::LockedStore(Desktop &desktop, Purpose purpose) : m_lock(CheckpointRepository::defaultRoot())
+namespace {
+
+LibraryLock lock(LockedStore::Purpose purpose)
 {
     constexpr std::chrono::seconds patience(10);
-    m_lock.waitFor(patience);
+    const QString root = CheckpointRepository::defaultRoot();
+    return purpose == LockedStore::Purpose::Read
+               ? LibraryLock::forReading(root, patience)
+               : LibraryLock::forWriting(root, LibraryLock::Holder::Command, patience);
+}
+
+} // namespace
+
+LockedStore::LockedStore(Desktop &desktop, Purpose purpose) : m_lock(lock(purpose))
+{
     m_store = std::make_unique<AppStore>(desktop);
     if (m_store->error())
         printError(*m_store->error());
