@@ -25,3 +25,16 @@ LockedStore::LockedStore(Desktop &desktop, Purpose purpose) : m_lock(lock(purpos
     if (m_store->error())
         printError(*m_store->error());
 }
+
+Desktop libraryOnlyDesktop()
+{
+    return makeNullDesktop("none", u"This command works on the library alone."_qs, {});
+}
+
+ExitStatus report(const Failure &failure)
+{
+    printError(failure.description());
+    return failure.domain() == notAvailableDomain ? ExitStatus::NotAvailable : ExitStatus::Failed;
+}
+
+} // namespace ardeno
