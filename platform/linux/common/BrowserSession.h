@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "model/WorkspaceRecords.h"
+#include "support/Date.h"
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+namespace ardeno {
+
+// A page that a browser wrote down as open.
+struct SessionTab {
+    QString url = {};
+    QString title = {}; // Empty when the browser has not written one.
+
+    bool operator==(const SessionTab &) const = default;
+};
+
+// A browser window as the browser wrote it down.
+struct SessionWindow {
+    std::optional<QString> id = {};       // The browser's own identifier; Firefox writes none.
+    std::optional<WindowRect> frame = {}; // In the desktop's coordinates.
+    bool isAtFrame = true;                // False: maximised, minimised or full screen, so not where the frame says.
+    qsizetype selectedTab = 0;            // Index into the tabs; may be out of range.
+    QList<SessionTab> tabs = {};
+
+    bool operator==(const SessionWindow &) const = default;
+};
+
+// What is open in one profile, in the order of creation.
+struct BrowserSession {
+    QList<SessionWindow> windows = {};
+    Date writtenAt = {};
+
+    bool operator==(const BrowserSession &) const = default;
+};
+
+} // namespace ardeno
