@@ -24,6 +24,7 @@ struct SessionWindow {
     std::optional<QString> id = {};       // The browser's own identifier; Firefox writes none.
     std::optional<WindowRect> frame = {}; // In the desktop's coordinates.
     bool isAtFrame = true;                // False: maximised, minimised or full screen, so not where the frame says.
+    bool isOrdinary = true;               // False: a popup or the window of a single app; only counted.
     qsizetype selectedTab = 0;            // Index into the tabs; may be out of range.
     QList<SessionTab> tabs = {};
 
