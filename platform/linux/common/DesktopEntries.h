@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -25,6 +24,8 @@ struct DesktopEntry {
 class DesktopEntries final {
 public:
     DesktopEntries();
+    // With the desktop files of these folders instead of the session's, in falling precedence.
+    explicit DesktopEntries(QStringList roots);
     ~DesktopEntries();
     DesktopEntries(const DesktopEntries &) = delete;
     DesktopEntries &operator=(const DesktopEntries &) = delete;
@@ -42,8 +43,9 @@ private:
     struct Index;
 
     Index &index();
-    std::optional<DesktopEntry> load(const QString &fileID);
+    static std::optional<DesktopEntry> load(Index &index, const QString &fileID);
 
+    QStringList m_roots;
     std::unique_ptr<Index> m_index;
 };
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/X11Connection.h"
 
-#include "desktop/Capability.h"
-
 #include <xcb/randr.h>
 #include <xcb/res.h>
 
@@ -47,7 +45,9 @@ constexpr std::array<const char *, static_cast<size_t>(X11Atom::Count)> atomName
     "_NET_WM_WINDOW_TYPE_DESKTOP",
     "_NET_WM_WINDOW_TYPE_DIALOG",
     "_NET_WM_WINDOW_TYPE_DOCK",
+    "_NET_WM_WINDOW_TYPE_MENU",
     "_NET_WM_WINDOW_TYPE_NORMAL",
+    "_NET_WM_WINDOW_TYPE_NOTIFICATION",
     "_NET_WM_WINDOW_TYPE_SPLASH",
     "_NET_WM_WINDOW_TYPE_TOOLBAR",
     "_NET_WM_WINDOW_TYPE_UTILITY",
@@ -114,7 +114,7 @@ void X11Connection::internAtoms(int screenNumber)
     }
     for (size_t i = 0; i < cookies.size(); ++i) {
         const X11Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(xcb(), cookies[i], nullptr));
-        m_atoms[i] = reply ? reply->atom : XCB_ATOM_NONE;
+        m_atoms[i] = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
     }
 }
 
@@ -134,6 +134,11 @@ void X11Connection::askExtensions()
             xcb_res_query_version_reply(xcb(), xcb_res_query_version(xcb(), 1, 2), nullptr));
         m_hasClientIDs = version && (version->server_major > 1 || version->server_minor >= 2);
     }
+}
+
+Capability X11Connection::availability() const
+{
+    return isAlive() ? Capability::available() : Capability::unavailable("The connection to the X display was lost.");
 }
 
 bool X11Connection::isXWayland() const

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/Capability.h"
+
 #include <QByteArray>
 
 #include <xcb/xcb.h>
@@ -44,7 +46,9 @@ enum class X11Atom {
     NetWmWindowTypeDesktop,
     NetWmWindowTypeDialog,
     NetWmWindowTypeDock,
+    NetWmWindowTypeMenu,
     NetWmWindowTypeNormal,
+    NetWmWindowTypeNotification,
     NetWmWindowTypeSplash,
     NetWmWindowTypeToolbar,
     NetWmWindowTypeUtility,
@@ -78,6 +82,9 @@ public:
 
     // False once the server has gone or has ended the connection.
     bool isAlive() const { return xcb_connection_has_error(m_connection.get()) == 0; }
+
+    // Available, or the sentence that says it is no longer alive.
+    Capability availability() const;
 
     // What the server offers at least: monitors (RandR 1.5), process ids of clients (Resource 1.2).
     bool hasMonitors() const { return m_hasMonitors; }

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/MakeDesktop.h"
+
+#include "platform/linux/common/DesktopEntries.h"
+#include "platform/linux/common/LinuxRoles.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11ScreenAccess.h"
+#include "platform/linux/x11/X11WindowServer.h"
+#include "platform/linux/x11/X11Workspace.h"
+#include "platform/null/NullDesktop.h"
+
+#include <memory>
+
+namespace ardeno {
+
+namespace {
+
+// An X server inside a Wayland session shows black where other windows are and knows only some of them.
+Desktop makeWaylandDesktop()
+{
+    return makeNullDesktop("wayland",
+                           "Windows and screens of a Wayland session cannot be read yet. "
+                           "Choose an Xorg session when you log in.",
+                           linuxRoles());
+}
+
+bool isWaylandSession()
+{
+    return qgetenv("XDG_SESSION_TYPE").toLower() == "wayland" || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+Desktop makeX11Desktop()
+{
+    const auto connection = std::make_shared<X11Connection>();
+    if (connection->isXWayland())
+        return makeWaylandDesktop();
+    const auto entries = std::make_shared<DesktopEntries>();
+    Desktop desktop;
+    desktop.session = "x11";
+    desktop.roles = linuxRoles();
+    desktop.workspace = std::make_unique<X11Workspace>(connection, entries);
+    desktop.windowServer = std::make_unique<X11WindowServer>(connection, entries);
+    desktop.screenCapture = makeNullScreenCapture("Pictures of the screen are not part of this build.");
+    desktop.screenAccess = std::make_unique<X11ScreenAccess>();
+    return desktop;
+}
+
+} // namespace
+
+Desktop makeDesktop()
+{
+    if (isWaylandSession())
+        return makeWaylandDesktop();
+    try {
+        return makeX11Desktop();
+    } catch (const Failure &failure) {
+        return makeNullDesktop("none", failure.description(), linuxRoles());
+    }
+}
+
+} // namespace ardeno

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/common/ProcessFacts.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+namespace ardeno {
+
+namespace {
+
+// A value of an environment as the kernel shows it; empty when it is not set.
+QByteArray environmentValue(const QByteArray &environment, const QByteArray &name)
+{
+    for (const QByteArray &variable : environment.split('\0')) {
+        if (variable.startsWith(name + '='))
+            return variable.mid(name.size() + 1);
+    }
+    return {};
+}
+
+// The session's manager writes "\x2d" for a "-" within a name.
+QString unescaped(QString name)
+{
+    static const QRegularExpression escape(R"(\\x([0-9a-f]{2}))");
+    for (auto match = escape.match(name); match.hasMatch(); match = escape.match(name, match.capturedStart() + 1))
+        name.replace(match.capturedStart(), match.capturedLength(), QChar(match.captured(1).toInt(nullptr, 16)));
+    return name;
+}
+
+} // namespace
+
+QByteArray ProcessFacts::read(const char *file) const
+{
+    constexpr qint64 longest = 1 << 20;
+    QFile opened(u"/proc/%1/%2"_qs.arg(m_processID).arg(QLatin1String(file)));
+    return opened.open(QIODevice::ReadOnly) ? opened.read(longest) : QByteArray();
+}
+
+QString ProcessFacts::program() const
+{
+    return QFile::symLinkTarget(u"/proc/%1/exe"_qs.arg(m_processID));
+}
+
+QStringList ProcessFacts::arguments() const
+{
+    QStringList words;
+    for (const QByteArray &word : read("cmdline").split('\0'))
+        words.append(QString::fromLocal8Bit(word));
+    if (!words.isEmpty())
+        words.removeFirst();
+    return words;
+}
+
+QString ProcessFacts::launchedDesktopFileID() const
+{
+    const QByteArray environment = read("environ");
+    if (environmentValue(environment, "GIO_LAUNCHED_DESKTOP_FILE_PID") != QByteArray::number(m_processID))
+        return {};
+    const QString path = QString::fromLocal8Bit(environmentValue(environment, "GIO_LAUNCHED_DESKTOP_FILE"));
+    const QString name = QFileInfo(path).fileName();
+    return name.endsWith(".desktop") ? name.chopped(8) : QString();
+}
+
+QString ProcessFacts::scopeApplicationID() const
+{
+    for (const QByteArray &line : read("cgroup").split('\n')) {
+        const QString id = applicationInControlGroup(QString::fromUtf8(line.mid(line.lastIndexOf(':') + 1)));
+        if (!id.isEmpty())
+            return id;
+    }
+    return {};
+}
+
+QString ProcessFacts::applicationInControlGroup(const QString &path)
+{
+    // app[-LAUNCHER]-ID-RANDOM.scope, app[-LAUNCHER]-ID[@RANDOM].service, snap.PACKAGE.APP-RANDOM.scope
+    static const QRegularExpression scope(R"(^app-(?:[^-]+-)?([^-]+)-[^-]+\.scope$)");
+    static const QRegularExpression service(R"(^app-(?:[^-]+-)?([^-@]+)(?:@[^@]*)?\.service$)");
+    static const QRegularExpression snap(R"(^snap\.([^.]+)\.([^.-]+)-[0-9a-f-]+\.scope$)");
+    const QString unit = path.mid(path.lastIndexOf('/') + 1);
+    for (const QRegularExpression &form : {scope, service}) {
+        if (const auto match = form.match(unit); match.hasMatch())
+            return unescaped(match.captured(1));
+    }
+    const auto match = snap.match(unit);
+    return match.hasMatch() ? match.captured(1) + '_' + match.captured(2) : QString();
+}
+
+} // namespace ardeno

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+namespace ardeno {
+
+// What the system tells about a running process. Everything is empty when the process has ended or is not ours.
+class ProcessFacts final {
+public:
+    explicit ProcessFacts(qint32 processID) : m_processID(processID) {}
+
+    // The full path of its program.
+    QString program() const;
+    // Its command line without the program.
+    QStringList arguments() const;
+    // The desktop file it was launched by; not that of a parent whose environment it inherited.
+    QString launchedDesktopFileID() const;
+    // The application that the session's manager started it for.
+    QString scopeApplicationID() const;
+
+    // The application in the path of a control group: ".../app-gnome-org.gnome.Evince-4711.scope". Empty when none is.
+    static QString applicationInControlGroup(const QString &path);
+
+private:
+    QByteArray read(const char *file) const;
+
+    qint32 m_processID;
+};
+
+} // namespace ardeno

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "model/WorkspaceRecords.h"
+#include "platform/linux/x11/X11Connection.h"
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+namespace ardeno {
+
+// What a window's properties say, without its owner.
+struct X11WindowFacts {
+    xcb_window_t window = XCB_NONE;
+    QString title = {};
+    std::optional<WindowRect> frame = {}; // Incl. decoration, without client-side shadows; absent when it has gone.
+    bool isOnScreen = false;              // Not minimised, and on the current desktop.
+    bool isOrdinary = false;              // By its type: no panel, dock, desktop, menu or tool.
+    bool isAbove = false;                 // Kept above others.
+
+    bool operator==(const X11WindowFacts &) const = default;
+};
+
+// In the order of the windows, all asked for at once.
+QList<X11WindowFacts> readWindowFacts(const X11Connection &connection, const QList<xcb_window_t> &windows);
+
+} // namespace ardeno

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/Workspace.h"
+#include "platform/linux/common/DesktopEntries.h"
+#include "platform/linux/x11/X11Connection.h"
+
+#include <memory>
+
+namespace ardeno {
+
+// The applications that have windows on an X server; one without any window cannot be told from a mere process.
+class X11Workspace final : public Workspace {
+public:
+    X11Workspace(std::shared_ptr<X11Connection> connection, std::shared_ptr<DesktopEntries> entries);
+
+    Capability availability() const override;
+    QList<RunningApplication> runningApplications() override;
+    QList<InstalledApplication> installedApplications() override;
+
+private:
+    std::shared_ptr<X11Connection> m_connection;
+    std::shared_ptr<DesktopEntries> m_entries;
+};
+
+} // namespace ardeno

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/null/NullDesktop.h"
+
+#include <utility>
+
+namespace ardeno {
+
+namespace {
+
+// No applications.
+class NullWorkspace final : public Workspace {
+public:
+    explicit NullWorkspace(QString reason) : m_reason(std::move(reason)) {}
+
+    Capability availability() const override { return Capability::unavailable(m_reason); }
+
+    QList<RunningApplication> runningApplications() override { return {}; }
+
+    QList<InstalledApplication> installedApplications() override { return {}; }
+
+private:
+    QString m_reason;
+};
+
+// No windows and no displays.
+class NullWindowServer final : public WindowServer {
+public:
+    explicit NullWindowServer(QString reason) : m_reason(std::move(reason)) {}
+
+    Capability availability() const override { return Capability::unavailable(m_reason); }
+
+    QList<Display> displays() override { return {}; }
+
+    QList<WindowInfo> windows() override { return {}; }
+
+private:
+    QString m_reason;
+};
+
+// No pictures.
+class NullScreenCapture final : public ScreenCapture {
+public:
+    explicit NullScreenCapture(QString reason) : m_reason(std::move(reason)) {}
+
+    Capability availability() const override { return Capability::unavailable(m_reason); }
+
+    Capability exclusionAvailability() const override { return availability(); }
+
+    QList<CaptureDisplay> displays() override { throw notAvailable(m_reason); }
+
+    void prepareExclusion(const QSet<QString> &) override {}
+
+    QCoro::Task<Canvas> compose(CanvasRequest) override
+    {
+        throw notAvailable(m_reason);
+        co_return {};
+    }
+
+private:
+    QString m_reason;
+};
+
+// Nobody to consent.
+class NullScreenAccess final : public ScreenAccess {
+public:
+    bool check() override { return false; }
+
+    bool ask() override { return false; }
+};
+
+} // namespace
+
+std::unique_ptr<ScreenCapture> makeNullScreenCapture(const QString &reason)
+{
+    return std::make_unique<NullScreenCapture>(reason);
+}
+
+Desktop makeNullDesktop(const QString &session, const QString &reason, const DesktopRoles &roles)
+{
+    Desktop desktop;
+    desktop.session = session;
+    desktop.roles = roles;
+    desktop.workspace = std::make_unique<NullWorkspace>(reason);
+    desktop.windowServer = std::make_unique<NullWindowServer>(reason);
+    desktop.screenCapture = makeNullScreenCapture(reason);
+    desktop.screenAccess = std::make_unique<NullScreenAccess>();
+    return desktop;
+}
+
+} // namespace ardeno
