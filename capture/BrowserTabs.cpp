@@ -19,9 +19,8 @@ using WorkspaceCapture::OpenTabs;
 OpenTabs unread(const Browser &browser)
 {
     OpenTabs answer;
-    answer.warning = browser.name
-                   + u" tabs weren’t available. Allow its Automation access in System Settings, then try Add current "
-                     u"tabs again."_qs;
+    answer.warning = u"%1 tabs weren’t available. Allow its Automation access in System Settings, then try Add "
+                     u"current tabs again."_qs.arg(browser.name);
     answer.unreadBrowserIDs.insert(browser.id);
     return answer;
 }
@@ -103,22 +102,22 @@ QString hostKey(QStringView hostAndPort, const QString &scheme)
     const qsizetype colon = hostAndPort.indexOf(':', std::max<qsizetype>(hostAndPort.lastIndexOf(']'), 0));
     if (colon < 0)
         return hostAndPort.toString().toLower();
+    const QString host = hostAndPort.first(colon).toString().toLower();
     const bool isDefault = hostAndPort.sliced(colon + 1).toInt() == (scheme == "https" ? 443 : 80);
-    return hostAndPort.first(colon).toString().toLower()
-         + (isDefault ? QString() : hostAndPort.sliced(colon).toString());
+    return isDefault ? host : host + hostAndPort.sliced(colon).toString();
 }
 
 } // namespace
 
 QList<Browser> WorkspaceCapture::browsers(const TabSource &source)
 {
-    return QList<Browser>{
-               {"com.brave.Browser", "Brave", BrowserFamily::Chromium},
-               {"com.google.Chrome", "Chrome", BrowserFamily::Chromium},
-               {"com.apple.Safari", "Safari", BrowserFamily::Safari},
-               {"org.mozilla.firefox", "Firefox", BrowserFamily::Firefox},
-           }
-         + source.furtherBrowsers();
+    QList<Browser> browsers = {
+        {"com.brave.Browser", "Brave", BrowserFamily::Chromium},
+        {"com.google.Chrome", "Chrome", BrowserFamily::Chromium},
+        {"com.apple.Safari", "Safari", BrowserFamily::Safari},
+        {"org.mozilla.firefox", "Firefox", BrowserFamily::Firefox},
+    };
+    return browsers += source.furtherBrowsers();
 }
 
 QCoro::Task<OpenTabs> WorkspaceCapture::browserTabs(TabSource &source, QSet<QString> excludingAppIDs)
@@ -188,7 +187,8 @@ std::optional<QString> WorkspaceCapture::tabURLKey(const SavedTab &tab)
     const QStringView authority = text.sliced(start, end - start);
     const qsizetype host = authority.lastIndexOf('@') + 1;
     const QString scheme = text.first(schemeEnd).toString().toLower();
-    return scheme + "://" + authority.first(host) + hostKey(authority.sliced(host), scheme) + text.sliced(end);
+    return scheme + "://" + authority.first(host).toString() + hostKey(authority.sliced(host), scheme) +
+           text.sliced(end).toString();
 }
 
 } // namespace ardeno

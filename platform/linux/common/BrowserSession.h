@@ -31,10 +31,12 @@ struct SessionWindow {
     bool operator==(const SessionWindow &) const = default;
 };
 
-// What is open in one profile, in the order of creation.
+// What the profiles of one running browser hold open, in the order of creation.
 struct BrowserSession {
     QList<SessionWindow> windows = {};
-    Date writtenAt = {};
+    std::optional<Date> writtenAt = {}; // Of the oldest of the files read.
+    qsizetype readProfiles = 0;
+    qsizetype unreadProfiles = 0; // Their files are missing, damaged or encrypted.
 
     bool operator==(const BrowserSession &) const = default;
 };

@@ -16,14 +16,16 @@ struct LiveWindow {
     std::optional<qint32> processID = {};
     QString applicationID = {}; // Empty when it is not known.
     QString title = {};
-    WindowRect frame = {};    // With decoration, without client-side shadows.
-    WindowRect geometry = {}; // The client's own rectangle, with its shadows and without decoration.
+    WindowRect frame = {}; // With decoration, without client-side shadows.
 
     bool operator==(const LiveWindow &) const = default;
 };
 
 // Answers all windows of the session, or nothing where the desktop does not show them. Called on the main thread.
 using LiveWindowList = std::function<std::optional<QList<LiveWindow>>()>;
+
+// What a browser shows as the title of a page: the address when it has none.
+QString shownTitle(const SessionTab &tab);
 
 // The session's windows that still exist. A browser goes on listing its last ordinary window after it was closed while
 // a window that is not recorded (a private one) stays open; each live window vouches for one window of the session at

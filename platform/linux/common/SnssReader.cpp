@@ -36,6 +36,7 @@ enum Command : quint8 {
 
 constexpr qint32 versionWithMarker = 3; // Files of versions 2 and 4 are encrypted, 1 has no end of the initial state.
 constexpr qint32 stateAtFrame = 1;
+constexpr size_t longestHistory = 4096;           // Entries of one tab; the browser keeps 50.
 constexpr qsizetype longestUrl = 2 * 1024 * 1024; // The browser's own limit, in bytes.
 constexpr qsizetype longestTitle = 64 * 1024;     // In code units.
 
@@ -137,6 +138,7 @@ void Replay::applyToWindow(quint8 command, LittleEndian::Reader payload)
         return;
     if (command == CloseWindow) {
         m_windows.erase(id);
+        std::erase_if(m_tabs, [&](const auto &tab) { return tab.second.window == id; });
         return;
     }
     SessionWindow &window = m_windows[id].window;
@@ -207,7 +209,7 @@ void Replay::updateNavigation(LittleEndian::Reader payload)
     const auto place = firstFrom(navigations, entry.index);
     if (place != navigations.end() && place->index == entry.index)
         *place = entry;
-    else
+    else if (navigations.size() < longestHistory)
         navigations.insert(place, entry);
 }
 
