@@ -5,6 +5,7 @@
 #include "platform/linux/common/LinuxRoles.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11ScreenAccess.h"
+#include "platform/linux/x11/X11ScreenCapture.h"
 #include "platform/linux/x11/X11WindowServer.h"
 #include "platform/linux/x11/X11Workspace.h"
 #include "platform/null/NullDesktop.h"
@@ -40,7 +41,7 @@ Desktop makeX11Desktop()
     desktop.roles = linuxRoles();
     desktop.workspace = std::make_unique<X11Workspace>(connection, entries);
     desktop.windowServer = std::make_unique<X11WindowServer>(connection, entries);
-    desktop.screenCapture = makeNullScreenCapture("Pictures of the screen are not part of this build.");
+    desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID);
     desktop.screenAccess = std::make_unique<X11ScreenAccess>();
     return desktop;
 }

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "capture/CaptureService.h"
+
+#include "capture/ScreenshotLayout.h"
+#include "media/PngWriter.h"
+#include "support/AtomicFile.h"
+#include "support/Failure.h"
+#include "support/InWorker.h"
+
+#include <new>
+
+namespace ardeno {
+
+namespace {
+
+Failure captureFailure(int code, const QString &description)
+{
+    return {"Capture", code, description};
+}
+
+Failure noCanvas()
+{
+    return captureFailure(2, "The screenshot canvas could not be created.");
+}
+
+CanvasRequest canvasRequest(const QList<CaptureDisplay> &displays, const QSet<QString> &excludedAppIDs)
+{
+    QList<WindowRect> frames;
+    for (const CaptureDisplay &display : displays)
+        frames.append(display.bounds);
+    const ScreenshotLayout layout = screenshotLayout(frames);
+
+    CanvasRequest request;
+    request.size = QSize(int(layout.width), int(layout.height));
+    request.excludedAppIDs = excludedAppIDs;
+    for (qsizetype i = 0; i < layout.placements.size(); ++i) {
+        WindowRect target = layout.placements[i];
+        target.y = layout.height - target.maxY(); // The layout counts upwards, the canvas downwards.
+        request.placements.append({displays[i], target});
+    }
+    return request;
+}
+
+bool isComplete(const Canvas &canvas)
+{
+    return !canvas.size.isEmpty() && canvas.pixels.size() == qsizetype(canvas.size.width()) * canvas.size.height() * 4;
+}
+
+void writeScreenshot(const QString &path, const Canvas &canvas)
+{
+    const QByteArray png = PngWriter::encoded(canvas.size, canvas.pixels);
+    if (png.isEmpty())
+        throw captureFailure(2, "The screenshot could not be encoded.");
+    AtomicFile::write(path, png);
+}
+
+} // namespace
+
+QCoro::Task<void> CaptureService::screenshot(QString path, QSet<QString> excludingAppIDs)
+{
+    const QList<CaptureDisplay> displays = m_screen.displays();
+    if (displays.isEmpty())
+        throw captureFailure(1, "No display is available to capture.");
+    const CanvasRequest request = canvasRequest(displays, excludingAppIDs);
+    if (request.size.isEmpty())
+        throw noCanvas();
+
+    Canvas canvas;
+    try {
+        canvas = co_await m_screen.compose(request);
+    } catch (const std::bad_alloc &) {
+        throw noCanvas();
+    }
+    if (!isComplete(canvas))
+        throw captureFailure(2, "The screenshot could not be created.");
+    co_await inWorker([&] { writeScreenshot(path, canvas); });
+}
+
+QCoro::Task<void> CaptureService::verifyAccess()
+{
+    if (m_screen.displays().isEmpty())
+        throw captureFailure(1, "No display is available.");
+    co_return;
+}
+
+} // namespace ardeno

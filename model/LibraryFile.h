@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "model/EncodedCheckpoints.h"
+#include "model/WorkspaceRecords.h"
+#include "support/AtomicFile.h"
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+namespace ardeno {
+
+// Reasons of failures of domain "Library".
+enum class LibraryFailure {
+    Damaged = 1,      // The content could not be decoded.
+    TooLarge = 2,     // Larger than is read at all.
+    NotAFile = 3,     // A folder, a pipe or a device stands in its place.
+    Newer = 4,        // Written by a later version of the program.
+    DanglingLink = 5, // A link whose file is not there.
+};
+
+// The library file as it was when it was last read or written; plain data, nothing normalised.
+struct LibraryFile {
+    FileStamp stamp = {};
+    bool isLegacy = false;    // A bare list of checkpoints.
+    bool hasDecision = false; // Some checkpoint has a decision to be merged, in the current format.
+    QList<Project> projects = {};
+    EncodedCheckpoints checkpoints = {};
+
+    static constexpr qint64 largest = qint64{1} << 30; // Bytes.
+
+    // Absent when there is no file. Throws Failure when it cannot be read or is of a newer version.
+    static std::optional<LibraryFile> read(const QString &path);
+    // Whether a file that could not be read begins like a bare list.
+    static bool startsAsLegacy(const QString &path);
+    // Replaces the file by this and sets the stamp.
+    void write(const QString &path);
+};
+
+} // namespace ardeno

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+
+#include <optional>
+#include <span>
+
+namespace ardeno {
+
+// Which file, and in which state: equal stamps mean that nobody has written to it in between.
+struct FileStamp {
+    quint64 device = 0;
+    quint64 inode = 0;
+    qint64 size = 0;
+    qint64 modified = 0; // Nanoseconds since 1970, as is the next.
+    qint64 changed = 0;
+
+    // Throws Failure.
+    static FileStamp ofDescriptor(int descriptor);
+    // Absent when there is no such file, or it is a link to none. Throws Failure.
+    static std::optional<FileStamp> ofFile(const QString &path);
+
+    bool operator==(const FileStamp &) const = default;
+};
+
+// Files that are either as they were or complete, whatever happens on the way. All functions throw Failure of domain
+// "POSIX" with the system's own words and leave nothing behind then.
+namespace AtomicFile {
+
+// Replaces the file by the pieces, one after the other, readable for the user alone and on disk when the function
+// returns. A link stays a link: the file that it names is replaced.
+FileStamp write(const QString &path, std::span<const QByteArrayView> pieces);
+FileStamp write(const QString &path, QByteArrayView bytes);
+
+// Copies a regular file; holes stay holes. Fails with EEXIST when something is there already.
+void copyToNew(const QString &source, const QString &target);
+
+// Creates the folder and what is missing above it, for the user alone; one that exists stays as it is.
+void createFolder(const QString &path);
+
+} // namespace AtomicFile
+
+} // namespace ardeno

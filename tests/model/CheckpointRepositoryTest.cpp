@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/CheckpointRepository.h"
+
+#include "model/Json.h"
+#include "support/Failure.h"
+#include "tests/Printing.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace ardeno;
+
+namespace {
+
+struct RepositoryFixture {
+    QTemporaryDir home;
+    QString root = home.filePath("data/Ardeno");
+    CheckpointRepository repository{root};
+
+    QString path(const QString &name = "checkpoints.json") const { return root + '/' + name; }
+
+    QByteArray bytes(const QString &name = "checkpoints.json") const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
+    }
+
+    void put(const QByteArray &content, const QString &name = "checkpoints.json") const
+    {
+        QDir().mkpath(root);
+        QFile file(path(name));
+        REQUIRE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+    QStringList files() const { return QDir(root).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot); }
+
+    QStringList keptCopies() const { return QDir(root).entryList({"checkpoints-unreadable-*.json"}); }
+
+    template <typename Call>
+    static QString failureOf(Call call)
+    {
+        try {
+            call();
+        } catch (const Failure &failure) {
+            return failure.description();
+        }
+        return "no failure";
+    }
+
+    QString loadFailure() const
+    {
+        return failureOf([&] { repository.loadLibrary(); });
+    }
+
+    QString saveFailure(const WorkspaceLibrary &library) const
+    {
+        return failureOf([&] { repository.saveLibrary(library); });
+    }
+};
+
+Checkpoint makeCheckpoint(const QString &title, const QUuid &project)
+{
+    return {.title = title, .projectID = project, .nextStep = "next", .apps = {{"a", "A"}}, .tabs = {{.title = "t"}}};
+}
+
+WorkspaceLibrary makeLibrary(int count)
+{
+    WorkspaceLibrary library;
+    library.projects = {{.name = "Project"}};
+    for (int i = 0; i < count; ++i)
+        library.checkpoints.append(makeCheckpoint(QString::number(i), library.projects[0].id));
+    return library;
+}
+
+} // namespace
+
+TEST_CASE_FIXTURE(RepositoryFixture, "the first save makes a private folder and a private file, and nothing else")
+{
+    CHECK(repository.loadLibrary() == WorkspaceLibrary{});
+    CHECK_FALSE(QFile::exists(root));
+
+    const WorkspaceLibrary library = makeLibrary(3);
+    repository.saveLibrary(library);
+    CHECK(files() == QStringList{"checkpoints.json"});
+    CHECK(bytes() == json::encode(library));
+    CHECK(CheckpointRepository(root).loadLibrary() == library);
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+    for (const QString &made : {home.filePath("data"), root, path()})
+        CHECK((QFile::permissions(made) & others) == QFile::Permissions());
+}
+
+TEST_CASE_FIXTURE(RepositoryFixture, "a bare list of checkpoints is loaded with new projects and kept once")
+{
+    Checkpoint old{.title = "Thesis", .objective = "A", .decision = " B "};
+    const QByteArray legacy = " \r\n\t[" + json::encode(old) + "]";
+    put(legacy);
+
+    const WorkspaceLibrary library = repository.loadLibrary();
+    CHECK(bytes() == legacy);
+    REQUIRE(library.projects.size() == 1);
+    CHECK(library.projects[0].name == "Thesis");
+    CHECK(library.checkpoints[0].projectID == library.projects[0].id);
+    CHECK(library.checkpoints[0].objective == "A\n\n B ");
+
+    repository.saveLibrary(library);
+    repository.saveLibrary(library);
+    CHECK(bytes("checkpoints-before-projects.json") == legacy);
+    CHECK(files().size() == 2);
+    CHECK(CheckpointRepository(root).loadLibrary() == library);
+
+    // A second old file does not replace the way back, whether it was loaded or not.
+    put("[]");
+    repository.saveLibrary(library);
+    CHECK(bytes("checkpoints-before-projects.json") == legacy);
+    CHECK(bytes() == json::encode(library));
+}
+
+TEST_CASE_FIXTURE(RepositoryFixture, "a library with decisions to merge is kept once before they are")
+{
+    WorkspaceLibrary library = makeLibrary(2);
+    library.checkpoints[0].decision = " \n ";
+    put(json::encode(library));
+    repository.saveLibrary(repository.loadLibrary());
+    CHECK(files() == QStringList{"checkpoints.json"});
+
+    library.checkpoints[1].decision = "Decided";
+    const QByteArray old = json::encode(library);
+    put(old);
+    // By a repository that never loaded it.
+    CheckpointRepository(root).saveLibrary(makeLibrary(1));
+    CHECK(bytes("checkpoints-before-context-merge.json") == old);
+
+    put(old);
+    const WorkspaceLibrary merged = repository.loadLibrary();
+    CHECK(merged.checkpoints[1].objective == "Decided");
+    put("changed", "checkpoints-before-context-merge.json");
+    repository.saveLibrary(merged);
+    CHECK(bytes("checkpoints-before-context-merge.json") == "changed");
+    CHECK(bytes() == json::encode(merged));
+}
+
+TEST_CASE_FIXTURE(RepositoryFixture, "what is saved is what was given, whatever was saved or loaded before")
+{
+    WorkspaceLibrary library = makeLibrary(5);
+    put(json::encode(library).replace("\"next\"", "\"n\\u0065xt\"").replace("{\"id\"", "{ \"unknown\":1, \"id\""));
+    library = repository.loadLibrary();
+    const auto check = [&] {
+        repository.saveLibrary(library);
+        CHECK(CheckpointRepository(root).loadLibrary() == library);
+        CHECK(bytes() == json::encode(library));
+    };
+    check();
+    library.checkpoints[2].nextStep += "!";
+    check();
+    library.checkpoints[3].tabs[0].url = "https://example.org";
+    library.checkpoints.move(3, 0);
+    check();
+    library.checkpoints.removeAt(1);
+    library.checkpoints.prepend(makeCheckpoint("new", library.projects[0].id));
+    check();
+    library.checkpoints.append(library.checkpoints[0]); // Twice the same identifier, with other content.
+    library.checkpoints.last().title = "copy";
+    check();
+    library.checkpoints[0].windows = QList<SavedWindow>{};
+    check();
+    library.checkpoints[0].windows.reset();
+    check();
+    library.checkpoints.clear();
+    check();
+}
+
+TEST_CASE_FIXTURE(RepositoryFixture, "what cannot be read is kept beside the new library, each time under a new name")
+{
+    const QByteArray contents[] = {
+        "",
+        "  \n",
+        json::encode(makeLibrary(2)).chopped(10),
+        QByteArray("\x7f"
+                   "ELF\0\1\2\3",
+                   8),
+        R"({"version":2,"projects":{},"checkpoints":[]})",
+        R"({"version":2,"projects":[],"checkpoints":)" + QByteArray(2'000'000, '[') + "}",
+    };
+    QStringList kept;
+    for (const QByteArray &content : contents) {
+        put(content);
+        CHECK(loadFailure().startsWith(u"“checkpoints.json” is damaged. "_qs));
+        CHECK(bytes() == content);
+
+        CHECK(saveFailure(makeLibrary(1)) == "no failure");
+        CHECK(repository.loadLibrary().checkpoints.size() == 1);
+        CHECK(saveFailure(makeLibrary(2)) == "no failure");
+        for (const QString &name : keptCopies()) {
+            if (!kept.contains(name)) {
+                kept.append(name);
+                CHECK(bytes(name) == content);
+            }
+        }
+    }
+    CHECK(kept.size() == std::size(contents));
+}
+
+TEST_CASE_FIXTURE(RepositoryFixture, "a library of a newer version is neither read nor replaced")
+{
+    const QByteArray newer = R"({"version":3,"projects":[{"a":1}],"timeline":[]})";
+    put(newer);
+    CHECK(loadFailure().contains("newer version"));
+    CHECK(saveFailure(makeLibrary(1)).contains("newer version"));
+    CHECK(bytes() == newer);
+    CHECK(files().size() == 1);
+
+    // Also when it comes while the program runs.
+    put(json::encode(makeLibrary(1)));
+    repository.saveLibrary(repository.loadLibrary());
+    put(newer);
+    CHECK(saveFailure(makeLibrary(1)).contains("newer version"));
+    CHECK(bytes() == newer);
+}
+
+TEST_CASE_FIXTURE(RepositoryFixture, "media folders come and go with their checkpoints")
+{
+    const QUuid id("{abcdef01-2345-6789-abcd-ef0123456789}");
+    CHECK(failureOf([&] { repository.removeFiles(id); }) == "no failure");
+    const QString folder = repository.directory(id);
+    CHECK(folder == path("ABCDEF01-2345-6789-ABCD-EF0123456789"));
+    CHECK(repository.directory(id) == folder);
+    put("png", "ABCDEF01-2345-6789-ABCD-EF0123456789/" + QString(MediaFile::screenshot));
+    put("kept", "kept.txt");
+    QFile::link(root, folder + "/link");
+    repository.removeFiles(id);
+    CHECK_FALSE(QFile::exists(folder));
+    CHECK(bytes("kept.txt") == "kept");
+    CHECK(MediaFile::importedImage() != MediaFile::importedImage());
+
+    put("in the way", uuidText(id));
+    CHECK(failureOf([&] { repository.directory(id); }) == "Not a directory.");
+}
