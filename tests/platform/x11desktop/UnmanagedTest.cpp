@@ -44,10 +44,11 @@ TEST_CASE_FIXTURE(SessionFixture, "the lists of a window manager that has ended 
         desktop_test::outputOf("kill", {"-KILL", QString::number(manager.processID())});
     }
     REQUIRE(desktop_test::outputOf("xprop", {"-root", "_NET_CLIENT_LIST_STACKING"}).contains("0x"));
-    TestWindow window;
-    window.show();
+    CHECK(server.windows().isEmpty());
+    Application terminal("xterm", {"-title", "alone"});
+    const quint32 window = terminal.waitForWindow("alone");
     CHECK(server.windows().size() == 1);
-    CHECK(onScreen(window.id()).has_value());
+    CHECK(onScreen(window).has_value());
 }
 
 TEST_SUITE_END();
