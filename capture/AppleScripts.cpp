@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/AppleScripts.h"
 
-#include <QUrl>
-
 namespace ardeno {
 
 namespace {
@@ -89,10 +87,9 @@ QString AppleScripts::finderLocations()
 
 QString AppleScripts::openTabInSavedWindow(const SavedTab &tab, const QString &browserID)
 {
-    const QString address = tab.safeURL().value_or(QUrl()).toString(QUrl::FullyEncoded);
-    // All at once: an address may itself contain "%3".
+    // All at once: an address may itself contain "%3". It stays as it was saved, which QUrl would not leave it.
     return told(browserID, QString::fromUtf16(openTabBody)
-                               .arg(escaped(tab.browserWindowID.value_or(QString())), escaped(address),
+                               .arg(escaped(tab.browserWindowID.value_or(QString())), escaped(tab.url),
                                     QString::number(tab.window)));
 }
 

@@ -3,7 +3,9 @@
 
 #include "platform/linux/common/DesktopEntries.h"
 #include "platform/linux/common/LinuxRoles.h"
+#include "platform/linux/common/SessionTabs.h"
 #include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11LiveWindows.h"
 #include "platform/linux/x11/X11ScreenAccess.h"
 #include "platform/linux/x11/X11ScreenCapture.h"
 #include "platform/linux/x11/X11WindowServer.h"
@@ -43,6 +45,7 @@ Desktop makeX11Desktop()
     desktop.windowServer = std::make_unique<X11WindowServer>(connection, entries);
     desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID);
     desktop.screenAccess = std::make_unique<X11ScreenAccess>();
+    desktop.tabSource = std::make_unique<SessionTabs>(x11LiveWindows(connection, entries));
     return desktop;
 }
 

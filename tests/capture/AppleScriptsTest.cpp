@@ -101,6 +101,6 @@ TEST_CASE("a tab is opened in its window, found by identifier and else by number
         tab.url = R"(https://example.com/"&x&")";
         const QString script = AppleScripts::openTabInSavedWindow(tab, "com.google.Chrome");
         CHECK(script.contains(R"(window id "1\" & (do shell script \"x\") & \"\\" with)"));
-        CHECK(script.contains(R"({URL:"https://example.com/%22&x&%22"})"));
+        CHECK(script.contains(R"({URL:"https://example.com/\"&x&\""})"));
     }
 }

@@ -11,7 +11,11 @@
 #include <simdjson.h>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace ardeno {
 
@@ -19,17 +23,27 @@ namespace {
 
 namespace ondemand = simdjson::ondemand;
 
-QString text(simdjson::simdjson_result<ondemand::value> value)
+// The history of a tab, as it stands in the text.
+struct Entry {
+    std::string_view url;
+    std::string_view title;
+};
+
+// A text's token without its quotes; empty when something else stands there.
+std::string_view token(ondemand::value value)
 {
-    std::string_view token;
-    if (value.raw_json_token().get(token) != simdjson::SUCCESS || token.size() < 2 || token.front() != '"')
-        return {};
-    // Half of a surrogate pair is legal there, as when a page cuts its title short; the parser's own way refuses it.
-    token = token.substr(1, token.find_last_of('"') - 1);
+    const std::string_view raw = value.raw_json_token();
+    const bool isText = raw.size() >= 2 && raw.front() == '"';
+    return isText ? raw.substr(1, raw.find_last_of('"') - 1) : std::string_view();
+}
+
+// Half of a surrogate pair is legal there, as when a page cuts its title short; the parser's own way refuses it.
+QString decoded(std::string_view token)
+{
     return json::TextDecoder().decode(token).value_or(QString());
 }
 
-qint64 integer(simdjson::simdjson_result<ondemand::value> value, qint64 otherwise)
+qint64 integer(ondemand::value value, qint64 otherwise)
 {
     double number = 0;
     if (value.get_double().get(number) != simdjson::SUCCESS || !(std::abs(number) < 1e9))
@@ -37,48 +51,94 @@ qint64 integer(simdjson::simdjson_result<ondemand::value> value, qint64 otherwis
     return static_cast<qint64>(number);
 }
 
-bool isTrue(simdjson::simdjson_result<ondemand::value> value)
+bool isTrue(ondemand::value value)
 {
     bool truth = false;
     return value.get_bool().get(truth) == simdjson::SUCCESS && truth;
 }
 
-// The page that the tab shows: the entry of its index, counted from 1, else the nearest. Throws when the text is
-// damaged.
-std::optional<SessionTab> readTab(ondemand::object tab)
+// In the order of the text: looking fields up by name is undefined in a damaged text. Throws when it is damaged.
+template <typename Read>
+void forEachField(ondemand::object object, Read read)
 {
-    const qint64 index = integer(tab["index"], 0);
-    ondemand::array entries;
-    if (tab["entries"].get_array().get(entries) != simdjson::SUCCESS)
-        return std::nullopt;
-    std::optional<SessionTab> shown;
-    qint64 number = 0;
-    for (auto each : entries) {
-        ondemand::object entry = each.get_object();
-        // Without a sensible index the last one counts.
-        if (++number > index && index > 0 && shown)
-            continue;
-        shown = SessionTab{.url = text(entry["url"])};
-        shown->title = text(entry["title"]);
+    for (auto result : object) {
+        ondemand::field field = std::move(result);
+        read(field.key(), field.value());
     }
-    return shown;
+}
+
+// Nothing when no list stands there. Throws when the text is damaged or an element is no object.
+template <typename Read>
+void forEachObject(ondemand::value value, Read read)
+{
+    ondemand::array list;
+    if (value.get_array().get(list) != simdjson::SUCCESS)
+        return;
+    for (auto element : list)
+        read(element.get_object());
+}
+
+// The page that the tab shows: the entry of its index, counted from 1, else the nearest.
+void readTab(QList<SessionTab> &tabs, ondemand::object tab)
+{
+    std::vector<Entry> entries;
+    qint64 index = 0;
+    forEachField(tab, [&](ondemand::raw_json_string key, ondemand::value value) {
+        if (key == "index")
+            index = integer(value, 0);
+        if (key != "entries")
+            return;
+        forEachObject(value, [&](ondemand::object object) {
+            Entry &entry = entries.emplace_back();
+            forEachField(object, [&](ondemand::raw_json_string name, ondemand::value part) {
+                if (name == "url")
+                    entry.url = token(part);
+                else if (name == "title")
+                    entry.title = token(part);
+            });
+        });
+    });
+    const auto count = static_cast<qint64>(entries.size());
+    if (count == 0)
+        return;
+    const Entry &shown = entries[static_cast<size_t>((index > 0 ? std::min(index, count) : count) - 1)];
+    tabs.append({decoded(shown.url), decoded(shown.title)});
+}
+
+void readFrame(WindowRect &frame, ondemand::raw_json_string key, ondemand::value value)
+{
+    static constexpr std::array parts = {std::pair{"screenX", &WindowRect::x}, std::pair{"screenY", &WindowRect::y},
+                                         std::pair{"width", &WindowRect::width},
+                                         std::pair{"height", &WindowRect::height}};
+    for (const auto &[name, part] : parts) {
+        if (key == name)
+            frame.*part = static_cast<double>(integer(value, 0));
+    }
 }
 
 SessionWindow readWindow(ondemand::object object)
 {
     SessionWindow window;
-    for (auto tab : object["tabs"].get_array()) {
-        if (auto page = readTab(tab.get_object()))
-            window.tabs.append(std::move(*page));
-    }
-    window.selectedTab = integer(object["selected"], 1) - 1;
-    const auto part = [&](const char *name) { return static_cast<double>(integer(object[name], 0)); };
-    const WindowRect frame = {part("screenX"), part("screenY"), part("width"), part("height")};
+    WindowRect frame;
+    bool isPrivate = false;
+    window.isAtFrame = false;
+    forEachField(object, [&](ondemand::raw_json_string key, ondemand::value value) {
+        if (key == "tabs")
+            forEachObject(value, [&](ondemand::object tab) { readTab(window.tabs, tab); });
+        else if (key == "selected")
+            window.selectedTab = integer(value, 1) - 1;
+        else if (key == "sizemode")
+            window.isAtFrame = token(value) == "normal";
+        else if (key == "isPopup")
+            window.isOrdinary = !isTrue(value);
+        else if (key == "isPrivate")
+            isPrivate = isTrue(value);
+        else
+            readFrame(frame, key, value);
+    });
     if (frame.width > 0 && frame.height > 0)
         window.frame = frame;
-    window.isAtFrame = text(object["sizemode"]) == "normal";
-    window.isOrdinary = !isTrue(object["isPopup"]);
-    if (isTrue(object["isPrivate"]))
+    if (isPrivate)
         window.tabs.clear();
     return window;
 }
@@ -111,18 +171,24 @@ std::optional<QList<SessionWindow>> FirefoxSession::windows(QByteArrayView file)
         return std::nullopt;
     const QByteArrayView view = unpacked->view();
     const auto length = static_cast<size_t>(view.size());
-    QList<SessionWindow> windows;
+    std::optional<QList<SessionWindow>> windows;
     try {
         ondemand::parser parser;
         ondemand::document document = parser.iterate(view.data(), length, length + simdjson::SIMDJSON_PADDING);
-        for (auto each : document["windows"].get_array()) {
-            SessionWindow window = readWindow(each.get_object());
-            if (!window.tabs.isEmpty())
-                windows.append(std::move(window));
+        for (auto result : document.get_object()) {
+            ondemand::field field = std::move(result);
+            if (field.key() != "windows")
+                continue;
+            windows.emplace();
+            for (auto element : field.value().get_array())
+                windows->append(readWindow(element.get_object()));
+            break;
         }
     } catch (const simdjson::simdjson_error &) {
         return std::nullopt;
     }
+    if (windows)
+        windows->removeIf([](const SessionWindow &window) { return window.tabs.isEmpty(); });
     return windows;
 }
 
