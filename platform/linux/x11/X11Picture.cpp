@@ -55,13 +55,36 @@ X11Picture::X11Picture(CanvasRequest request, Exclusion exclusion, DesktopEntrie
 
 std::optional<Canvas> X11Picture::ofScreen(const X11Connection &connection, const X11Extensions &extensions)
 {
+    const IsClean always = [](const WindowChoice &, const QList<TopLevel> &) { return true; };
+    return screenIf(always, connection, extensions);
+}
+
+std::optional<Canvas> X11Picture::ofScreen(X11Redirection &redirection)
+{
+    const IsClean showsThemselves = [&](const WindowChoice &choice, const QList<TopLevel> &windows) {
+        redirection.processEvents();
+        return std::all_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
+            return redirection.untrusted(window.id, choice.allowed).isEmpty();
+        });
+    };
+    return screenIf(showsThemselves, redirection.connection(), redirection.extensions());
+}
+
+std::optional<Canvas> X11Picture::screenIf(const IsClean &isClean, const X11Connection &connection,
+                                           const X11Extensions &extensions)
+{
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         const QList<TopLevel> windows = topLevels(connection);
         const WindowChoice choice = chooseWindows(connection, m_entries, windows, m_exclusion);
         if (leavesOutAny(choice, windows))
             return std::nullopt;
-        if (auto canvas = grabbedScreen(connection, extensions, choice))
-            return canvas;
+        std::optional<ServerGrab> grab(connection);
+        const Moment now = moment(connection, extensions);
+        if (!knowsAll(choice, now.windows))
+            continue;
+        if (!isClean(choice, now.windows))
+            return std::nullopt;
+        return grabbedScreen(connection, extensions, now, grab);
     }
     return std::nullopt;
 }
@@ -95,13 +118,9 @@ X11Picture::Moment X11Picture::moment(const X11Connection &connection, const X11
     return moment;
 }
 
-std::optional<Canvas> X11Picture::grabbedScreen(const X11Connection &connection, const X11Extensions &extensions,
-                                                const WindowChoice &choice) const
+Canvas X11Picture::grabbedScreen(const X11Connection &connection, const X11Extensions &extensions, const Moment &now,
+                                 std::optional<ServerGrab> &grab) const
 {
-    std::optional<ServerGrab> grab(connection);
-    const Moment now = moment(connection, extensions);
-    if (!knowsAll(choice, now.windows))
-        return std::nullopt;
     if (isScreenItself(connection)) {
         const QRect area = X11Canvas::screenArea(m_request.placements.first().display);
         return finished(connection, extensions, connection.root(), area.topLeft(), now.cursor);

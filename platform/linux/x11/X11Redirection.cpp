@@ -110,21 +110,23 @@ void X11Redirection::inheritFromScreen(xcb_window_t id, Window &window)
         if (other.key() == id || !other->isMapped)
             continue;
         addInherited(window, other.key(), other->outer);
-        const QPoint offset = other->outer.topLeft() - window.outer.topLeft();
-        for (const Inherited &passedOn : other->inherited) {
-            const X11Region region = passedOn.region.translated(offset).intersected(whole);
-            if (!region.isEmpty())
-                window.inherited.append({passedOn.source, region});
-        }
+        for (const Inherited &passedOn : other->inherited)
+            addInherited(window, passedOn.source, passedOn.region.translated(other->outer.topLeft()));
     }
     watchDrawing(id, window);
 }
 
-void X11Redirection::addInherited(Window &window, xcb_window_t source, const QRect &area) const
+void X11Redirection::addInherited(Window &window, xcb_window_t source, const X11Region &area)
 {
-    const QRect common = area.intersected(window.outer);
-    if (!common.isEmpty())
-        window.inherited.append({source, common.translated(-window.outer.topLeft())});
+    const X11Region common = area.intersected(window.outer).translated(-window.outer.topLeft());
+    if (common.isEmpty())
+        return;
+    const auto isSame = [&](const Inherited &inherited) { return inherited.source == source; };
+    const auto present = std::find_if(window.inherited.begin(), window.inherited.end(), isSame);
+    if (present == window.inherited.end())
+        window.inherited.append({source, common});
+    else
+        present->region.add(common);
 }
 
 void X11Redirection::watchDrawing(xcb_window_t id, Window &window)
@@ -153,32 +155,41 @@ void X11Redirection::forget(xcb_window_t id)
 {
     const auto gone = m_windows.find(id);
     if (gone != m_windows.end()) {
-        leaveTrace(XCB_NONE, *gone);
+        handleUnmap(id);
         m_windows.erase(gone); // Its damage object has gone with it.
     }
-    for (Trace &trace : m_traces) {
+    const QList<Trace> traces = m_traces;
+    for (const Trace &trace : traces) {
         if (trace.source == id)
-            trace.source = XCB_NONE;
+            leaveTrace(XCB_NONE, trace.outer);
     }
+    m_traces.removeIf([&](const Trace &trace) { return trace.source == id; });
     for (Window &window : m_windows) {
-        for (Inherited &inherited : window.inherited) {
-            if (inherited.source == id)
-                inherited.source = XCB_NONE;
-        }
+        const auto isGone = [&](const Inherited &inherited) { return inherited.source == id; };
+        const auto inherited = std::find_if(window.inherited.begin(), window.inherited.end(), isGone);
+        if (inherited == window.inherited.end())
+            continue;
+        const X11Region region = std::exchange(inherited->region, {}).translated(window.outer.topLeft());
+        window.inherited.erase(inherited);
+        addInherited(window, XCB_NONE, region);
     }
 }
 
-void X11Redirection::leaveTrace(xcb_window_t id, const Window &window)
+void X11Redirection::leaveTrace(xcb_window_t id, const QRect &outer)
 {
     const Clock::time_point now = Clock::now();
-    m_traces.removeIf([&](const Trace &trace) { return trace.left + traceTime < now; });
-    if (window.isMapped)
-        m_traces.append({id, window.outer, now});
+    m_traces.removeIf([&](const Trace &trace) {
+        return trace.left + traceTime < now || (trace.source == id && trace.outer == outer);
+    });
+    m_traces.append({id, outer, now});
 }
 
 void X11Redirection::processEvents()
 {
-    while (const auto event = X11Reply<xcb_generic_event_t>(xcb_poll_for_event(m_connection.xcb())))
+    // What comes while these are handled is left for the next time: it might never end.
+    xcb_connection_t *xcb = m_connection.xcb();
+    for (X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(xcb)); event;
+         event.reset(xcb_poll_for_queued_event(xcb)))
         handle(*event);
     dropExpired();
     xcb_flush(m_connection.xcb());
@@ -245,7 +256,8 @@ void X11Redirection::handleUnmap(xcb_window_t id)
     const auto window = m_windows.find(id);
     if (window == m_windows.end())
         return;
-    leaveTrace(id, *window);
+    if (window->isMapped)
+        leaveTrace(id, window->outer);
     stopWatching(*window);
     window->isMapped = false;
     window->inherited.clear();
@@ -258,7 +270,8 @@ void X11Redirection::handleConfigure(const xcb_configure_notify_event_t &event)
     if (window == m_windows.end())
         return;
     const QSize before = window->outer.size();
-    leaveTrace(event.window, *window);
+    if (window->isMapped)
+        leaveTrace(event.window, window->outer);
     window->border = event.border_width;
     window->outer = QRect(event.x, event.y, event.width + 2 * window->border, event.height + 2 * window->border);
     // A new size is a new pixmap.

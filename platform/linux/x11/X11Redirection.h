@@ -72,11 +72,11 @@ private:
     QSet<xcb_window_t> alreadyRedirected(const QList<TopLevel> &windows) const;
     void inheritCovered(const QList<TopLevel> &windows);
     void inheritFromScreen(xcb_window_t id, Window &window);
-    void addInherited(Window &window, xcb_window_t source, const QRect &area) const;
+    static void addInherited(Window &window, xcb_window_t source, const X11Region &area);
     void watchDrawing(xcb_window_t id, Window &window);
     void stopWatching(Window &window) const;
     void forget(xcb_window_t id);
-    void leaveTrace(xcb_window_t id, const Window &window);
+    void leaveTrace(xcb_window_t id, const QRect &outer);
 
     void handle(const xcb_generic_event_t &event);
     void handleCreate(const xcb_create_notify_event_t &event);
