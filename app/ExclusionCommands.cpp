@@ -70,11 +70,14 @@ ExitStatus excludeApp(const QString &id)
 
 ExitStatus excludeDomain(const QString &text)
 {
+    const std::optional<QString> domain = CaptureExclusions::domainFrom(text);
+    if (!domain)
+        throw Failure("Command", 3, u"Enter a valid website domain or an http/https URL."_qs);
     Desktop desktop = libraryOnlyDesktop();
     return change(desktop, [&](AppStore &store) {
         if (!store.excludeDomain(text))
-            return failed(store, u"Enter a valid website domain or an http/https URL."_qs);
-        print(u"%1 is left out of captures.\n"_qs.arg(*CaptureExclusions::domainFrom(text)));
+            return failed(store, {});
+        print(u"%1 is left out of captures.\n"_qs.arg(*domain));
         return ExitStatus::Done;
     });
 }

@@ -6,11 +6,35 @@
 
 namespace ardeno {
 
-LockedStore::LockedStore(Desktop &desktop, Purpose purpose) : m_lock(CheckpointRepository::defaultRoot())
+namespace {
+
+LibraryLock lock(LockedStore::Purpose purpose)
 {
     constexpr std::chrono::seconds patience(10);
-    m_lock.waitFor(patience);
+    const QString root = CheckpointRepository::defaultRoot();
+    return purpose == LockedStore::Purpose::Read
+               ? LibraryLock::forReading(root, patience)
+               : LibraryLock::forWriting(root, LibraryLock::Holder::Command, patience);
+}
+
+} // namespace
+
+LockedStore::LockedStore(Desktop &desktop, Purpose purpose) : m_lock(lock(purpose))
+{
     m_store = std::make_unique<AppStore>(desktop);
     if (m_store->error())
         printError(*m_store->error());
 }
+
+Desktop libraryOnlyDesktop()
+{
+    return makeNullDesktop("none", u"This command works on the library alone."_qs, {});
+}
+
+ExitStatus report(const Failure &failure)
+{
+    printError(failure.description());
+    return failure.domain() == notAvailableDomain ? ExitStatus::NotAvailable : ExitStatus::Failed;
+}
+
+} // namespace ardeno

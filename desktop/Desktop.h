@@ -3,6 +3,7 @@
 
 #include "desktop/ScreenAccess.h"
 #include "desktop/ScreenCapture.h"
+#include "desktop/TabSource.h"
 #include "desktop/WindowServer.h"
 #include "desktop/Workspace.h"
 
@@ -30,6 +31,7 @@ struct Desktop {
     std::unique_ptr<WindowServer> windowServer = {};
     std::unique_ptr<ScreenCapture> screenCapture = {};
     std::unique_ptr<ScreenAccess> screenAccess = {};
+    std::unique_ptr<TabSource> tabSource = {};
 };
 
 } // namespace ardeno

@@ -32,6 +32,6 @@ build() {
     local preset=$1
     shift
     [ -f "$root/build/$preset/build.ninja" ] ||
-        (cd "$root" && cmake --preset "$preset" --log-level=WARNING) >&2 || return
+        (cd "$root" && cmake --preset "$preset" --log-level=WARNING >/dev/null) || return
     ninja -C "$root/build/$preset" --quiet "$@" >&2
 }

@@ -89,6 +89,30 @@ private:
     InMemoryDesktop &m_desktop;
 };
 
+class InMemoryTabSource final : public TabSource {
+public:
+    explicit InMemoryTabSource(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    QList<Browser> furtherBrowsers() const override { return {}; }
+
+    Capability availability(const QString &) const override { return Capability::available(); }
+
+    bool isRunning(const QString &browserID) override { return m_desktop.tabRecords.contains(browserID); }
+
+    QCoro::Task<TabReport> openTabs(Browser browser, QString) override
+    {
+        m_desktop.browsersRead.append(browser.id);
+        co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        const QString records = m_desktop.tabRecords.value(browser.id);
+        if (records.isNull())
+            throw notAvailable(browser.name + " cannot be read.");
+        co_return TabReport{.records = records};
+    }
+
+private:
+    InMemoryDesktop &m_desktop;
+};
+
 } // namespace
 
 void InMemoryDesktop::addApplication(const QString &id, const QString &name, const WindowRect &frame,
@@ -121,7 +145,8 @@ Desktop InMemoryDesktop::makeDesktop()
             .workspace = std::make_unique<InMemoryWorkspace>(*this),
             .windowServer = std::make_unique<InMemoryWindowServer>(*this),
             .screenCapture = std::make_unique<InMemoryScreenCapture>(*this),
-            .screenAccess = std::make_unique<InMemoryScreenAccess>(*this)};
+            .screenAccess = std::make_unique<InMemoryScreenAccess>(*this),
+            .tabSource = std::make_unique<InMemoryTabSource>(*this)};
 }
 
 } // namespace ardeno::fakes

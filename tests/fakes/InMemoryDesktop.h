@@ -3,6 +3,8 @@
 
 #include "desktop/Desktop.h"
 
+#include <QHash>
+
 #include <functional>
 
 namespace ardeno::fakes {
@@ -14,6 +16,8 @@ struct InMemoryDesktop {
     QList<InstalledApplication> installed = {};
     QList<Display> displays = {};
     QList<WindowInfo> windows = {};
+    QHash<QString, QString> tabRecords = {}; // Of each running browser; a null text: it cannot be read.
+    QStringList browsersRead = {};
     bool screenAccess = true;
     bool consentOnAsking = false;
     int timesAsked = 0;

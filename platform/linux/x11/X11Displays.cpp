@@ -1,37 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/X11Displays.h"
 
-#include "platform/linux/x11/Edid.h"
+#include "platform/linux/x11/MonitorIdentity.h"
 #include "platform/linux/x11/X11Struts.h"
 
 #include <QByteArray>
-#include <QHash>
+#include <QList>
 
 #include <xcb/randr.h>
 
 #include <algorithm>
-#include <utility>
-#include <vector>
+#include <optional>
 
 namespace ardeno {
 
 namespace {
 
-// The 32-bit FNV-1a hash: the same in every run and on every machine.
-quint32 stableHash(const QByteArray &bytes)
-{
-    quint32 hash = 2166136261U;
-    for (const char byte : bytes)
-        hash = (hash ^ static_cast<quint8>(byte)) * 16777619U;
-    return hash;
-}
-
 // A monitor as the server lists it.
 struct Monitor {
     WindowRect bounds = {};
     bool isPrimary = false;
-    QByteArray name = {};
-    QByteArray edid = {}; // Empty where the monitor has none, as on virtual screens.
+    MonitorIdentity identity = {};
 };
 
 QByteArray atomName(const X11Connection &connection, xcb_atom_t atom)
@@ -60,55 +49,38 @@ Monitor readMonitor(const X11Connection &connection, const xcb_randr_monitor_inf
     Monitor monitor{
         .bounds = {double(info.x), double(info.y), double(info.width), double(info.height)},
         .isPrimary = info.primary != 0,
-        .name = atomName(connection, info.name),
+        .identity = {.name = atomName(connection, info.name)},
     };
     if (xcb_randr_monitor_info_outputs_length(&info) > 0)
-        monitor.edid = edidOf(connection, *xcb_randr_monitor_info_outputs(&info));
+        monitor.identity.edid = edidOf(connection, *xcb_randr_monitor_info_outputs(&info));
     return monitor;
 }
 
-std::vector<Monitor> readMonitors(const X11Connection &connection)
+QList<Monitor> readMonitors(const X11Connection &connection)
 {
     const X11Reply<xcb_randr_get_monitors_reply_t> reply(xcb_randr_get_monitors_reply(
         connection.xcb(), xcb_randr_get_monitors(connection.xcb(), connection.root(), 1), nullptr));
-    std::vector<Monitor> monitors;
+    QList<Monitor> monitors;
     if (!reply)
         return monitors;
     auto infos = xcb_randr_get_monitors_monitors_iterator(reply.get());
     for (; infos.rem > 0; xcb_randr_monitor_info_next(&infos))
-        monitors.push_back(readMonitor(connection, *infos.data));
+        monitors.append(readMonitor(connection, *infos.data));
     return monitors;
 }
 
-QString displayedName(const Monitor &monitor)
+QList<quint32> identifiers(const QList<Monitor> &monitors)
 {
-    const QString model = Edid::modelName(monitor.edid);
-    return model.isEmpty() ? QString::fromUtf8(monitor.name) : model;
-}
-
-// Two monitors of a kind may carry the same EDID: then the connector tells them apart.
-QList<quint32> identifiers(const std::vector<Monitor> &monitors)
-{
-    QHash<QByteArray, int> uses;
+    QList<MonitorIdentity> identities;
     for (const Monitor &monitor : monitors)
-        ++uses[monitor.edid];
-    QList<quint32> ids;
-    for (const Monitor &monitor : monitors) {
-        QByteArray identity = monitor.edid;
-        if (identity.isEmpty() || uses.value(identity) > 1)
-            identity += monitor.name;
-        quint32 id = stableHash(identity);
-        while (ids.contains(id))
-            ++id;
-        ids.append(id);
-    }
-    return ids;
+        identities.append(monitor.identity);
+    return MonitorIdentity::stableNumbers(identities);
 }
 
 // Where no monitors are known, the screen is the only one.
-std::vector<Monitor> wholeScreen(const WindowRect &screen)
+QList<Monitor> wholeScreen(const WindowRect &screen)
 {
-    return {Monitor{.bounds = screen, .isPrimary = true, .name = "screen"}};
+    return {Monitor{.bounds = screen, .isPrimary = true, .identity = {.name = "screen"}}};
 }
 
 std::optional<WindowRect> rootBounds(const X11Connection &connection)
@@ -128,7 +100,7 @@ QList<Display> readDisplays(const X11Connection &connection)
     const auto screen = rootBounds(connection);
     if (!screen)
         return {};
-    const std::vector<Monitor> monitors = connection.hasMonitors() ? readMonitors(connection) : wholeScreen(*screen);
+    const QList<Monitor> monitors = connection.hasMonitors() ? readMonitors(connection) : wholeScreen(*screen);
     const QList<quint32> ids = identifiers(monitors);
     const QList<X11Strut> struts = readStruts(connection, *screen);
 
@@ -139,7 +111,7 @@ QList<Display> readDisplays(const X11Connection &connection)
         const qsizetype position = displays.size();
         displays.append(Display{
             .id = ids[position],
-            .name = displayedName(monitor),
+            .name = monitor.identity.displayedName(),
             .bounds = monitor.bounds,
             .usableFrame = usableFrame(monitor.bounds, struts),
             .isMain = position == main,

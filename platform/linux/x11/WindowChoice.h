@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/linux/x11/WindowOwners.h"
+#include "platform/linux/x11/X11Region.h"
+#include "platform/linux/x11/X11TopLevels.h"
+
+#include <QList>
+#include <QSet>
+#include <QString>
+
+namespace ardeno {
+
+// Which top-level windows a picture shows.
+struct WindowChoice {
+    QSet<xcb_window_t> allowed = {};
+    QSet<xcb_window_t> leftOut = {}; // The program's own and those of excluded applications.
+    QSet<xcb_window_t> hidden = {};  // Mapped, but not shown by the compositing manager (minimised, other desktops).
+
+    bool knows(xcb_window_t window) const { return allowed.contains(window) || leftOut.contains(window); }
+};
+
+// What is to be left out.
+struct Exclusion {
+    QString ownAppID = {}; // This program's.
+    QSet<QString> appIDs = {};
+};
+
+// Judges these windows, mapped or not. The owners are asked for only when an application is excluded.
+WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entries, const QList<TopLevel> &windows,
+                           const Exclusion &exclusion);
+
+} // namespace ardeno

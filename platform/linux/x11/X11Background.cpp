@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/x11/X11Background.h"
+
+#include "platform/linux/x11/X11Property.h"
+
+#include <array>
+
+#include <xcb/composite.h>
+#include <xcb/xfixes.h>
+
+namespace ardeno {
+
+namespace {
+
+// The pixmap that the program which set the wallpaper has left; none when it has gone since or is of no use.
+xcb_pixmap_t wallpaper(const X11Connection &connection)
+{
+    xcb_connection_t *xcb = connection.xcb();
+    X11Property current(connection, connection.root(), X11Atom::RootPixmap);
+    X11Property older(connection, connection.root(), X11Atom::EsetrootPixmap);
+    for (const auto pixmap : {current.cardinal(), older.cardinal()}) {
+        if (!pixmap || *pixmap == XCB_NONE)
+            continue;
+        const X11Reply<xcb_get_geometry_reply_t> geometry(
+            xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, *pixmap), nullptr));
+        if (geometry && geometry->depth == connection.screen().root_depth)
+            return *pixmap;
+    }
+    return XCB_NONE;
+}
+
+} // namespace
+
+X11Background::X11Background(const X11Connection &connection, const RenderFormats &formats, CompositingManager manager)
+    : m_connection(connection)
+{
+    const xcb_pixmap_t pixmap = wallpaper(connection);
+    if (pixmap != XCB_NONE)
+        useWallpaper(formats, pixmap);
+    else if (manager == CompositingManager::Absent)
+        usePaintedWindow(formats);
+}
+
+X11Background::~X11Background()
+{
+    m_picture.reset();
+    if (m_window != XCB_NONE)
+        xcb_destroy_window(m_connection.xcb(), m_window);
+}
+
+void X11Background::useWallpaper(const RenderFormats &formats, xcb_pixmap_t pixmap)
+{
+    m_picture.emplace(m_connection, pixmap, formats.ofVisual(m_connection.screen().root_visual),
+                      RenderPicture::Owns::Nothing);
+    const quint32 tiled = XCB_RENDER_REPEAT_NORMAL;
+    xcb_render_change_picture(m_connection.xcb(), m_picture->id(), XCB_RENDER_CP_REPEAT, &tiled);
+}
+
+// Only the server knows the root's own background, but it paints it into a window that asks for its parent's. The
+// window lies below all others and lets every click through.
+void X11Background::usePaintedWindow(const RenderFormats &formats)
+{
+    xcb_connection_t *xcb = m_connection.xcb();
+    const xcb_screen_t &screen = m_connection.screen();
+    m_window = xcb_generate_id(xcb);
+    const std::array<quint32, 2> values = {XCB_BACK_PIXMAP_PARENT_RELATIVE, 1};
+    xcb_create_window(xcb, XCB_COPY_FROM_PARENT, m_window, screen.root, 0, 0, screen.width_in_pixels,
+                      screen.height_in_pixels, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                      XCB_CW_BACK_PIXMAP | XCB_CW_OVERRIDE_REDIRECT, values.data());
+    const xcb_xfixes_region_t nothing = xcb_generate_id(xcb);
+    xcb_xfixes_create_region(xcb, nothing, 0, nullptr);
+    xcb_xfixes_set_window_shape_region(xcb, m_window, XCB_SHAPE_SK_INPUT, 0, 0, nothing);
+    xcb_xfixes_destroy_region(xcb, nothing);
+    const quint32 below = XCB_STACK_MODE_BELOW;
+    xcb_configure_window(xcb, m_window, XCB_CONFIG_WINDOW_STACK_MODE, &below);
+    xcb_map_window(xcb, m_window);
+    const xcb_pixmap_t pixmap = xcb_generate_id(xcb);
+    xcb_composite_name_window_pixmap(xcb, m_window, pixmap);
+    m_picture.emplace(m_connection, pixmap, formats.ofVisual(screen.root_visual), RenderPicture::Owns::Pixmap);
+}
+
+void X11Background::draw(const RenderPicture &picture, const QRect &area, const QPoint &at) const
+{
+    if (!m_picture) {
+        fillGrey(m_connection, picture, 0, QRect(at, area.size()));
+        return;
+    }
+    xcb_render_composite(m_connection.xcb(), XCB_RENDER_PICT_OP_SRC, m_picture->id(), XCB_NONE, picture.id(),
+                         qint16(area.x()), qint16(area.y()), 0, 0, qint16(at.x()), qint16(at.y()),
+                         quint16(area.width()), quint16(area.height()));
+}
+
+} // namespace ardeno

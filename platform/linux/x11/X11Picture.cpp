@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/x11/X11Picture.h"
+
+#include "platform/linux/x11/X11Displays.h"
+#include "platform/linux/x11/X11PixelFetch.h"
+#include "platform/linux/x11/X11Scene.h"
+#include "support/Failure.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ardeno {
+
+namespace {
+
+// How often a picture is begun anew because a window has come that nobody has judged yet.
+constexpr int mostAttempts = 5;
+
+bool knowsAll(const WindowChoice &choice, const QList<TopLevel> &windows)
+{
+    return std::all_of(windows.cbegin(), windows.cend(),
+                       [&](const TopLevel &window) { return choice.knows(window.id); });
+}
+
+bool leavesOutAny(const WindowChoice &choice, const QList<TopLevel> &windows)
+{
+    return std::any_of(windows.cbegin(), windows.cend(),
+                       [&](const TopLevel &window) { return window.isViewable && choice.leftOut.contains(window.id); });
+}
+
+bool hasUsualPixels(const xcb_setup_t &setup, const xcb_screen_t &screen)
+{
+    const xcb_format_t *formats = xcb_setup_pixmap_formats(&setup);
+    const auto *end = formats + xcb_setup_pixmap_formats_length(&setup);
+    const bool isWide = std::any_of(formats, end, [&](const xcb_format_t &format) {
+        return format.depth == screen.root_depth && format.bits_per_pixel == 32;
+    });
+    for (auto depth = xcb_screen_allowed_depths_iterator(&screen); isWide && depth.rem > 0; xcb_depth_next(&depth)) {
+        const xcb_visualtype_t *visuals = xcb_depth_visuals(depth.data);
+        for (int i = 0; i < xcb_depth_visuals_length(depth.data); ++i) {
+            if (visuals[i].visual_id == screen.root_visual)
+                return visuals[i].red_mask == 0xff0000 && visuals[i].green_mask == 0xff00 &&
+                       visuals[i].blue_mask == 0xff;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+X11Picture::X11Picture(CanvasRequest request, Exclusion exclusion, DesktopEntries &entries)
+    : m_request(std::move(request)), m_exclusion(std::move(exclusion)), m_entries(entries)
+{
+}
+
+std::optional<Canvas> X11Picture::ofScreen(const X11Connection &connection, const X11Extensions &extensions)
+{
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        const QList<TopLevel> windows = topLevels(connection);
+        const WindowChoice choice = chooseWindows(connection, m_entries, windows, m_exclusion);
+        if (leavesOutAny(choice, windows))
+            return std::nullopt;
+        if (auto canvas = grabbedScreen(connection, extensions, choice))
+            return canvas;
+    }
+    return std::nullopt;
+}
+
+Canvas X11Picture::ofWindows(X11Redirection &redirection)
+{
+    const X11Connection &connection = redirection.connection();
+    WindowChoice choice;
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        choice = chooseWindows(connection, m_entries, topLevels(connection), m_exclusion);
+        waitForDrawing(redirection, choice, displayAreas());
+        if (auto canvas = grabbedWindows(redirection, choice))
+            return std::move(*canvas);
+    }
+    // Windows come and go faster than they can be judged; those that nobody knows are left out.
+    const ServerGrab grab(connection);
+    for (const TopLevel &window : topLevels(connection)) {
+        if (!choice.knows(window.id))
+            choice.leftOut.insert(window.id);
+    }
+    return grabbedWindows(redirection, choice).value_or(Canvas());
+}
+
+X11Picture::Moment X11Picture::moment(const X11Connection &connection, const X11Extensions &extensions) const
+{
+    Moment moment;
+    moment.windows = viewableOf(topLevels(connection));
+    if (extensions.hasFixes)
+        moment.cursor = X11Cursor::read(connection);
+    requireSameDisplays(connection);
+    return moment;
+}
+
+std::optional<Canvas> X11Picture::grabbedScreen(const X11Connection &connection, const X11Extensions &extensions,
+                                                const WindowChoice &choice) const
+{
+    std::optional<ServerGrab> grab(connection);
+    const Moment now = moment(connection, extensions);
+    if (!knowsAll(choice, now.windows))
+        return std::nullopt;
+    if (isScreenItself(connection)) {
+        const QRect area = X11Canvas::screenArea(m_request.placements.first().display);
+        return finished(connection, extensions, connection.root(), area.topLeft(), now.cursor);
+    }
+    const RenderFormats formats(connection);
+    const RenderPicture screen(connection, connection.root(), formats.ofVisual(connection.screen().root_visual),
+                               RenderPicture::Owns::Nothing);
+    X11Canvas canvas(connection, formats, m_request);
+    drawDisplays(canvas, [&](const RenderPicture &picture, const QRect &area, const QPoint &at) {
+        clip(connection, picture, QRect(at, area.size()));
+        xcb_render_composite(connection.xcb(), XCB_RENDER_PICT_OP_SRC, screen.id(), XCB_NONE, picture.id(),
+                             qint16(area.x()), qint16(area.y()), 0, 0, qint16(at.x()), qint16(at.y()),
+                             quint16(area.width()), quint16(area.height()));
+    });
+    grab.reset();
+    return finished(connection, extensions, canvas.drawable(), {0, 0}, now.cursor);
+}
+
+std::optional<Canvas> X11Picture::grabbedWindows(X11Redirection &redirection, const WindowChoice &choice) const
+{
+    const X11Connection &connection = redirection.connection();
+    const RenderFormats formats(connection);
+    std::optional<ServerGrab> grab(connection);
+    Moment now = moment(connection, redirection.extensions());
+    if (!knowsAll(choice, now.windows))
+        return std::nullopt;
+    redirection.processEvents(); // All that happened before the grab has been reported by now.
+    // The window below it chose the pointer's picture.
+    if (choice.leftOut.contains(now.cursor.under))
+        now.cursor = {};
+
+    X11Canvas canvas(connection, formats, m_request);
+    {
+        const X11Scene scene(redirection, formats, now.windows, choice, m_request.backgroundGrey);
+        drawDisplays(canvas, [&](const RenderPicture &picture, const QRect &area, const QPoint &at) {
+            scene.draw(picture, area, at);
+        });
+    }
+    grab.reset();
+    return finished(connection, redirection.extensions(), canvas.drawable(), {0, 0}, now.cursor);
+}
+
+void X11Picture::drawDisplays(X11Canvas &canvas, const PaintDesktop &paint) const
+{
+    for (const DisplayPlacement &placement : m_request.placements)
+        canvas.draw(placement, paint);
+}
+
+Canvas X11Picture::finished(const X11Connection &connection, const X11Extensions &extensions, xcb_drawable_t drawable,
+                            const QPoint &from, const X11Cursor &cursor) const
+{
+    const auto transport = extensions.hasSharedMemory ? PixelTransport::SharedMemory : PixelTransport::Socket;
+    Canvas canvas;
+    canvas.size = m_request.size;
+    canvas.pixels = fetchPixels(connection, drawable, QRect(from, m_request.size), transport);
+    requireSameDisplays(connection);
+    for (const DisplayPlacement &placement : m_request.placements)
+        cursor.blend(canvas, placement);
+    return canvas;
+}
+
+// One display of the canvas's own size in pixels of the canvas's own kind needs no drawing.
+bool X11Picture::isScreenItself(const X11Connection &connection) const
+{
+    if (m_request.placements.size() != 1)
+        return false;
+    const DisplayPlacement &only = m_request.placements.first();
+    return X11Canvas::isUnscaled(only) && only.target.x == 0 && only.target.y == 0 &&
+           X11Canvas::screenArea(only.display).size() == m_request.size &&
+           hasUsualPixels(*xcb_get_setup(connection.xcb()), connection.screen());
+}
+
+void X11Picture::requireSameDisplays(const X11Connection &connection) const
+{
+    const QList<Display> now = readDisplays(connection);
+    requireAlive(connection);
+    const bool areSame =
+        now.size() == m_request.placements.size() &&
+        std::equal(now.cbegin(), now.cend(), m_request.placements.cbegin(),
+                   [](const Display &display, const DisplayPlacement &placement) {
+                       return display.id == placement.display.id && display.bounds == placement.display.bounds;
+                   });
+    if (!areSame)
+        throw Failure("Capture", 2, "The displays changed while the screenshot was taken.");
+}
+
+X11Region X11Picture::displayAreas() const
+{
+    X11Region areas;
+    for (const DisplayPlacement &placement : m_request.placements)
+        areas.add(X11Canvas::screenArea(placement.display));
+    return areas;
+}
+
+} // namespace ardeno

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/ScreenCapture.h"
+#include "platform/linux/common/DesktopEntries.h"
+#include "platform/linux/x11/WindowChoice.h"
+#include "platform/linux/x11/X11Canvas.h"
+#include "platform/linux/x11/X11Cursor.h"
+#include "platform/linux/x11/X11Redirection.h"
+
+#include <optional>
+
+namespace ardeno {
+
+// One still picture. Runs on any thread; what it is given is used by nobody else meanwhile.
+class X11Picture final {
+public:
+    X11Picture(CanvasRequest request, Exclusion exclusion, DesktopEntries &entries);
+
+    // The picture of the screen as it is; absent when a window must be left out, or when windows come and go too fast
+    // to be sure. Throws Failure and std::bad_alloc, like ofWindows.
+    std::optional<Canvas> ofScreen(const X11Connection &connection, const X11Extensions &extensions);
+    // The picture put together from the windows.
+    Canvas ofWindows(X11Redirection &redirection);
+
+private:
+    // What is read while the server is grabbed.
+    struct Moment {
+        QList<TopLevel> windows = {}; // The viewable ones, from the bottom to the top.
+        X11Cursor cursor = {};
+    };
+
+    Moment moment(const X11Connection &connection, const X11Extensions &extensions) const;
+    std::optional<Canvas> grabbedScreen(const X11Connection &connection, const X11Extensions &extensions,
+                                        const WindowChoice &choice) const;
+    std::optional<Canvas> grabbedWindows(X11Redirection &redirection, const WindowChoice &choice) const;
+    void drawDisplays(X11Canvas &canvas, const PaintDesktop &paint) const;
+    Canvas finished(const X11Connection &connection, const X11Extensions &extensions, xcb_drawable_t drawable,
+                    const QPoint &from, const X11Cursor &cursor) const;
+    bool isScreenItself(const X11Connection &connection) const;
+    void requireSameDisplays(const X11Connection &connection) const;
+    X11Region displayAreas() const;
+
+    CanvasRequest m_request;
+    Exclusion m_exclusion;
+    DesktopEntries &m_entries;
+};
+
+} // namespace ardeno

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "capture/WindowLayout.h"
+
+#include "tests/Printing.h"
+
+#include <doctest/doctest.h>
+
+#include <utility>
+
+using namespace ardeno;
+
+namespace {
+
+constexpr qint64 ownProcessID = 77;
+
+class WindowsInMemory final : public WindowServer {
+public:
+    Capability availability() const override { return Capability::available(); }
+
+    QList<Display> displays() override { return allDisplays; }
+
+    QList<WindowInfo> windows() override { return allWindows; }
+
+    QList<Display> allDisplays = {
+        Display{.id = 1, .name = "Left", .bounds = {0, 0, 1000, 800}, .usableFrame = {0, 30, 1000, 770}},
+        Display{.id = 2, .bounds = {1000, 0, 1000, 800}, .usableFrame = {1000, 0, 1000, 800}, .isMain = true},
+    };
+    QList<WindowInfo> allWindows = {};
+};
+
+WindowInfo editorWindow(const WindowRect &frame = {10, 40, 400, 300})
+{
+    return {.windowID = 5,
+            .processID = 42,
+            .applicationID = "org.example.Editor",
+            .applicationName = "Editor",
+            .title = "notes.txt",
+            .frame = frame,
+            .isNormalLayer = true};
+}
+
+const QList<SavedApp> editor = {{"org.example.Editor", "Editor"}};
+
+} // namespace
+
+TEST_CASE("a window is recorded with everything that placing it needs")
+{
+    WindowsInMemory server;
+    server.allWindows = {editorWindow(), editorWindow({1200, 100, 400, 300})};
+    server.allWindows[1].windowID = 6;
+    server.allWindows[1].applicationName = "";
+    server.allWindows[1].title = "";
+
+    const QList<SavedWindow> layout = WindowLayout::capture(editor, server, ownProcessID);
+
+    REQUIRE(layout.size() == 2);
+    SavedWindow expected = layout[0];
+    CHECK_FALSE(expected.id.isNull());
+    CHECK(expected.id != layout[1].id);
+    CHECK(expected.appID == "org.example.Editor");
+    CHECK(expected.appName == "Editor");
+    CHECK(expected.title == "notes.txt");
+    CHECK(expected.frame == WindowRect{10, 40, 400, 300});
+    CHECK(expected.displayID == 1);
+    CHECK(expected.displayFrame == WindowRect{0, 30, 1000, 770});
+    CHECK(expected.displayName == "Left");
+    CHECK(expected.windowID == 5);
+    CHECK(expected.processID == 42);
+    CHECK_FALSE(expected.locationURL.has_value());
+    CHECK_FALSE(expected.documentURL.has_value());
+    CHECK_MESSAGE(layout[1].appName == "org.example.Editor", "the identifier stands in for a missing name");
+    CHECK_FALSE_MESSAGE(layout[1].displayName.has_value(), "a display without a name");
+    CHECK(layout[1].windowID == 6);
+}
+
+TEST_CASE("only windows that belong to a layout are recorded")
+{
+    struct Case {
+        const char *what;
+        WindowInfo window;
+        bool isRecorded;
+    };
+
+    const auto changed = [](auto change) {
+        WindowInfo window = editorWindow();
+        change(window);
+        return window;
+    };
+    const QList<Case> cases = {
+        {"smallest size", editorWindow({0, 0, 100, 60}), true},
+        {"99 points wide", editorWindow({0, 0, 99, 60}), false},
+        {"a fraction too narrow", editorWindow({0, 0, 99.9, 60}), false},
+        {"59 points high", editorWindow({0, 0, 100, 59}), false},
+        {"of this process", changed([](auto &window) { window.processID = ownProcessID; }), false},
+        {"of nobody", changed([](auto &window) { window.processID.reset(); }), false},
+        {"of no application", changed([](auto &window) { window.applicationID.reset(); }), false},
+        {"of another application", changed([](auto &window) { window.applicationID = "org.example.Mail"; }), false},
+        {"identifiers differ in case", changed([](auto &window) { window.applicationID = "org.example.editor"; }),
+         false},
+        {"a panel", changed([](auto &window) { window.isNormalLayer = false; }), false},
+        {"without bounds", changed([](auto &window) { window.frame.reset(); }), false},
+        {"without a number", changed([](auto &window) { window.windowID = 0; }), false},
+    };
+    for (const Case &tried : cases) {
+        CAPTURE(tried.what);
+        WindowsInMemory server;
+        server.allWindows = {tried.window};
+        CHECK(WindowLayout::capture(editor, server, ownProcessID).isEmpty() != tried.isRecorded);
+    }
+}
+
+TEST_CASE("without a display or an application no window is recorded")
+{
+    WindowsInMemory server;
+    server.allWindows = {editorWindow()};
+    CHECK(WindowLayout::capture({}, server, ownProcessID).isEmpty());
+    server.allDisplays.clear();
+    CHECK(WindowLayout::capture(editor, server, ownProcessID).isEmpty());
+}
+
+TEST_CASE("a window belongs to the display that holds the larger part of it")
+{
+    const QList<WindowLayout::DisplayEntry> displays = {
+        {1, {0, 0, 1000, 800}}, {2, {1000, 0, 1000, 800}}, {3, {0, 800, 2000, 800}}};
+
+    struct Case {
+        const char *what;
+        WindowRect frame;
+        qsizetype display;
+    };
+
+    const QList<Case> cases = {
+        {"an even split goes to the earlier one", {900, 10, 200, 100}, 0},
+        {"one point more on the second", {901, 10, 200, 100}, 1},
+        {"an even split of later ones", {1100, 700, 200, 200}, 1},
+        {"mostly on the third", {500, 790, 1000, 500}, 2},
+        {"off every display", {5000, 5000, 200, 100}, 0},
+        {"touching only", {-200, 0, 200, 100}, 0},
+        {"covering all", {0, 0, 2000, 1600}, 2},
+    };
+    for (const Case &tried : cases) {
+        CAPTURE(tried.what);
+        CHECK(WindowLayout::bestDisplay(tried.frame, displays) == tried.display);
+    }
+    CHECK_FALSE(WindowLayout::bestDisplay({0, 0, 100, 100}, {}).has_value());
+}

@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/common/DesktopEntries.h"
+
+#include "platform/linux/common/BrowserIdentities.h"
+#include "platform/linux/common/DesktopFileSummary.h"
+#include "tests/Printing.h"
+
+#include <doctest/doctest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace ardeno;
+
+namespace {
+
+struct InstalledApplications {
+    void install(const QString &file, const QByteArray &lines, const QString &root = "system")
+    {
+        const QString path = folder.filePath(root + '/' + file);
+        QDir().mkpath(path.left(path.lastIndexOf('/')));
+        QFile written(path);
+        REQUIRE(written.open(QIODevice::WriteOnly));
+        written.write("[Desktop Entry]\nType=Application\n" + lines + '\n');
+    }
+
+    QString idOf(std::optional<DesktopEntry> entry) { return entry ? entry->id : "none"; }
+
+    QTemporaryDir folder;
+    DesktopEntries entries{{folder.filePath("user"), folder.filePath("system")}};
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(InstalledApplications, "an application is found by its identifier in any letter case")
+{
+    install("org.example.Editor.desktop", "Name=Editor\nName[de]=Schreiber\nIcon=editor-icon\nExec=true %U");
+    install("kde/player.desktop", "Name=Player\nExec=true");
+
+    const auto editor = entries.find("org.example.editor");
+    REQUIRE(editor.has_value());
+    CHECK(editor->id == "org.example.Editor");
+    CHECK(editor->name == "Editor");
+    CHECK(editor->iconName == "editor-icon");
+    CHECK(idOf(entries.find("kde-player")) == "kde-player");
+    CHECK(idOf(entries.find("org.example.Absent")) == "none");
+    CHECK(idOf(entries.find("")) == "none");
+    CHECK(idOf(entries.find("../system/org.example.Editor")) == "none");
+}
+
+TEST_CASE_FIXTURE(InstalledApplications, "a user's own desktop file hides the system's")
+{
+    install("one.desktop", "Name=System's\nExec=true\nStartupWMClass=One");
+    install("two.desktop", "Name=Two\nExec=true\nStartupWMClass=Two");
+    install("one.desktop", "Name=User's\nExec=true\nStartupWMClass=One", "user");
+    install("two.desktop", "Name=Two\nExec=true\nHidden=true", "user");
+
+    const auto one = entries.findByWindowClass("One");
+    REQUIRE(one.has_value());
+    CHECK(one->name == "User's");
+    CHECK(idOf(entries.find("two")) == "none");
+    CHECK(idOf(entries.findByWindowClass("Two")) == "none");
+}
+
+TEST_CASE_FIXTURE(InstalledApplications, "a window class that two applications claim names neither")
+{
+    install("a.desktop", "Name=A\nExec=true\nStartupWMClass=Shared");
+    install("b.desktop", "Name=B\nExec=true\nStartupWMClass=Shared");
+    install("c.desktop", "Name=C\nExec=true\nStartupWMClass=Own\n[Desktop Action New]\nStartupWMClass=Action");
+
+    CHECK(idOf(entries.findByWindowClass("Shared")) == "none");
+    CHECK(idOf(entries.findByWindowClass("Own")) == "c");
+    CHECK(idOf(entries.findByWindowClass("own")) == "none");
+    CHECK(idOf(entries.findByWindowClass("Action")) == "none");
+    CHECK(idOf(entries.findByWindowClass("")) == "none");
+}
+
+TEST_CASE_FIXTURE(InstalledApplications, "a process is matched to the one application whose command fits best")
+{
+    const QString program = QFileInfo("/bin/sh").canonicalFilePath();
+    install("plain.desktop", "Name=Plain\nExec=/bin/sh %U");
+    install("special.desktop", "Name=Special\nExec=sh --special %F");
+    install("tool.desktop", "Name=Tool\nExec=sh --tool\nNoDisplay=true");
+    CHECK(idOf(entries.findByCommand(program, {"file"})) == "plain");
+    CHECK(idOf(entries.findByCommand(program, {"--special", "file"})) == "special");
+    CHECK(idOf(entries.findByCommand(program, {"--tool"})) == "plain");
+    CHECK(idOf(entries.findByCommand("/bin/other", {})) == "none");
+
+    install("rival.desktop", "Name=Rival\nExec=\"/bin/sh\"");
+    CHECK_MESSAGE(idOf(entries.findByCommand(program, {})) == "none", "two applications fit equally well");
+    CHECK(idOf(entries.findByCommand(program, {"--special"})) == "special");
+}
+
+TEST_CASE_FIXTURE(InstalledApplications, "applications that come and go are noticed")
+{
+    CHECK(entries.shown().isEmpty());
+    install("new.desktop", "Name=New\nExec=true");
+    CHECK(idOf(entries.find("new")) == "new");
+    CHECK(entries.shown().size() == 1);
+    QFile::remove(folder.filePath("system/new.desktop"));
+    CHECK(idOf(entries.find("new")) == "none");
+}
+
+TEST_CASE_FIXTURE(InstalledApplications, "damaged desktop files are left out and harm nothing")
+{
+    install("good.desktop", "Name=Good\nExec=true\nStartupWMClass=Good");
+    install("gone.desktop", "Name=Gone\nExec=/no/such/program\nStartupWMClass=Gone");
+    install("quote.desktop", "Name=Quote\nExec=\"unfinished\nStartupWMClass=Quote");
+    for (const QByteArray &bytes : {QByteArray(), QByteArray("\0\xff\xfe[Desktop", 11), QByteArray("[Desktop Entry]"),
+                                    QByteArray("[Desktop Entry]\nName\n=\n[\n]\nExec=="), QByteArray(200000, '[')}) {
+        QFile damaged(folder.filePath("system/damaged.desktop"));
+        REQUIRE(damaged.open(QIODevice::WriteOnly));
+        damaged.write(bytes);
+        damaged.close();
+        DesktopEntries fresh{{folder.filePath("system")}};
+        CHECK(idOf(fresh.find("damaged")) == "none");
+        CHECK(idOf(fresh.findByWindowClass("Gone")) == "none");
+        CHECK(idOf(fresh.findByWindowClass("Good")) == "good");
+        CHECK(idOf(fresh.findByCommand("/bin/damaged", {})) == "none");
+        CHECK(fresh.shown().size() == 1);
+    }
+}
+
+TEST_CASE_FIXTURE(InstalledApplications, "menus show what is meant for them, a browser under its own identifier")
+{
+    install("shown.desktop", "Name=Shown\nExec=true");
+    install("tool.desktop", "Name=Tool\nExec=true\nNoDisplay=true");
+    install("firefox-esr.desktop", "Name=Firefox ESR\nExec=true");
+
+    QStringList ids;
+    for (const DesktopEntry &entry : entries.shown())
+        ids.append(entry.id);
+    ids.sort();
+    CHECK(ids == QStringList{"org.mozilla.firefox", "shown"});
+    CHECK(idOf(entries.find("org.mozilla.firefox")) == "org.mozilla.firefox");
+    CHECK(entries.find("org.mozilla.firefox")->path.endsWith("firefox-esr.desktop"));
+}
+
+TEST_CASE("every package of a browser leads to the browser's identifier, nothing else does")
+{
+    struct Case {
+        const char *file;
+        const char *id;
+    };
+
+    for (const Case &tried :
+         {Case{"google-chrome", "com.google.Chrome"}, Case{"chromium", "org.chromium.Chromium"},
+          Case{"chromium_chromium", "org.chromium.Chromium"}, Case{"Firefox", "org.mozilla.firefox"},
+          Case{"brave_brave", "com.brave.Browser"}, Case{"chromium-bsu", "chromium-bsu"}}) {
+        CAPTURE(tried.file);
+        CHECK(BrowserIdentities::applicationID(tried.file) == tried.id);
+    }
+    CHECK(BrowserIdentities::desktopFileIDs("org.example.Editor") == QStringList{"org.example.Editor"});
+}
