@@ -69,7 +69,7 @@ std::optional<Canvas> X11Picture::ofScreen(const X11Connection &connection, cons
 std::optional<Canvas> X11Picture::ofScreen(X11Redirection &redirection)
 {
     const IsClean showsThemselves = [&](const WindowChoice &choice, const QList<TopLevel> &windows) {
-        redirection.processEvents();
+        redirection.processAllEvents();
         return std::all_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
             return redirection.untrusted(window.id, choice.allowed).isEmpty();
         });
@@ -154,7 +154,7 @@ std::optional<Canvas> X11Picture::grabbedWindows(X11Redirection &redirection, co
     Moment now = moment(connection, redirection.extensions());
     if (!knowsAll(choice, now.windows))
         return std::nullopt;
-    redirection.processEvents(); // All that happened before the grab has been reported by now.
+    redirection.processAllEvents();
     // The window below it chose the pointer's picture.
     if (choice.leftOut.contains(now.cursor.under))
         now.cursor = {};

@@ -31,6 +31,8 @@ public:
 
     // Takes in what the server has reported so far, without waiting.
     void processEvents();
+    // Takes in everything up to now. Only while the server is grabbed; else it might never end.
+    void processAllEvents();
     // Waits until the server reports something. False when the time came first or the connection is lost.
     bool waitForEvents(Clock::time_point until);
 
