@@ -136,12 +136,14 @@ QCoro::Task<void> AppStore::fill(Checkpoint *checkpoint)
     const QString folder = m_repository.directory(checkpoint->id);
     m_desktop.screenCapture->prepareExclusion(excluded);
     checkpoint->apps = WorkspaceCapture::applications(*m_desktop.workspace, m_desktop.roles, excluded);
-    checkpoint->windows =
-        WindowLayout::capture(checkpoint->apps, *m_desktop.windowServer, QCoreApplication::applicationPid());
+    // What the windows show is found out while the picture is taken.
+    QCoro::Task<QList<SavedWindow>> windows =
+        WindowLayout::capture(checkpoint->apps, m_desktop, QCoreApplication::applicationPid());
     checkpoint->captureNote = u"Open apps captured. Browser capture was off."_qs;
     const QString picture = folder + '/' + MediaFile::screenshot;
     co_await m_capture.screenshot(picture, excluded);
     checkpoint->screenshot = picture;
+    checkpoint->windows = co_await windows;
 }
 
 void AppStore::finishForm()
