@@ -132,8 +132,9 @@ QCoro::Task<void> AppStore::fill(Checkpoint *checkpoint, bool withTabs)
     const QSet<QString> excluded = exclusions().appIDs();
     m_desktop.screenCapture->prepareExclusion(excluded);
     checkpoint->apps = WorkspaceCapture::applications(*m_desktop.workspace, m_desktop.roles, excluded);
-    checkpoint->windows =
-        WindowLayout::capture(checkpoint->apps, *m_desktop.windowServer, QCoreApplication::applicationPid());
+    // What the windows show is found out while the picture is taken.
+    QCoro::Task<QList<SavedWindow>> windows =
+        WindowLayout::capture(checkpoint->apps, m_desktop, QCoreApplication::applicationPid());
     checkpoint->captureNote = u"Open apps captured. Browser capture was off."_qs;
     // The browsers are read while the picture is taken.
     std::optional<QCoro::Task<WorkspaceCapture::OpenTabs>> reading;
@@ -159,6 +160,7 @@ QCoro::Task<void> AppStore::takePicture(Checkpoint *checkpoint)
     const QString picture = m_repository.directory(checkpoint->id) + '/' + MediaFile::screenshot;
     co_await m_capture.screenshot(picture, exclusions().appIDs());
     checkpoint->screenshot = picture;
+    checkpoint->windows = co_await windows;
 }
 
 QCoro::Task<WorkspaceCapture::OpenTabs> AppStore::capturedTabs()
