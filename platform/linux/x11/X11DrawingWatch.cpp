@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include <xcb/xcbext.h>
+
 namespace ardeno {
 
 void X11DrawingWatch::follow(xcb_window_t topLevel)
