@@ -160,7 +160,6 @@ QCoro::Task<void> AppStore::takePicture(Checkpoint *checkpoint)
     const QString picture = m_repository.directory(checkpoint->id) + '/' + MediaFile::screenshot;
     co_await m_capture.screenshot(picture, exclusions().appIDs());
     checkpoint->screenshot = picture;
-    checkpoint->windows = co_await windows;
 }
 
 QCoro::Task<WorkspaceCapture::OpenTabs> AppStore::capturedTabs()
