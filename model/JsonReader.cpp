@@ -29,9 +29,10 @@ void Reader::begin()
 void Reader::end()
 {
     const char *location = nullptr;
-    if (m_state->document.current_location().get(location) == simdjson::SUCCESS)
-        throw Failure("Json", Malformed,
-                      u"The JSON goes on after its end, at byte %1."_qs.arg(location - m_state->text.data()));
+    if (m_state->document.current_location().get(location) != simdjson::SUCCESS)
+        return;
+    const qint64 position = location - m_state->text.data();
+    throw Failure("Json", Malformed, u"The JSON goes on after its end, at byte %1."_qs.arg(position));
 }
 
 bool Reader::isNull()
