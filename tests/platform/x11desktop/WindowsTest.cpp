@@ -103,7 +103,8 @@ TEST_CASE_FIXTURE(SessionFixture, "only ordinary windows are of the normal layer
         window.show();
         const auto info = onScreen(window.id());
         REQUIRE(info.has_value());
-        CHECK(info->isNormalLayer == tried.isNormal);
+        // The manager writes the states anew when it takes the window over.
+        CHECK(eventually([&] { return onScreen(window.id())->isNormalLayer == tried.isNormal; }));
         CHECK(running("org.test.Layer")->isRegular == tried.isRegular);
     }
 }
