@@ -180,12 +180,14 @@ Canvas X11Picture::finished(const X11Connection &connection, const X11Extensions
                             const QPoint &from, const X11Cursor &cursor) const
 {
     const auto transport = extensions.hasSharedMemory ? PixelTransport::SharedMemory : PixelTransport::Socket;
-    Canvas canvas;
-    canvas.size = m_request.size;
-    canvas.pixels = fetchPixels(connection, drawable, QRect(from, m_request.size), transport);
+    const FetchedPixels pixels = fetchPixels(connection, drawable, QRect(from, m_request.size), transport);
     requireSameDisplays(connection);
     for (const DisplayPlacement &placement : m_request.placements)
-        cursor.blend(canvas, placement);
+        cursor.blend(pixels, placement);
+    Canvas canvas;
+    canvas.size = pixels.size;
+    canvas.pixels = QByteArray::fromRawData(pixels.bytes, qsizetype(pixels.size.width()) * pixels.size.height() * 4);
+    canvas.memory = pixels.memory;
     return canvas;
 }
 
