@@ -46,6 +46,9 @@ Desktop makeX11Desktop()
     desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID);
     desktop.screenAccess = std::make_unique<X11ScreenAccess>();
     desktop.tabSource = std::make_unique<SessionTabs>(x11LiveWindows(connection, entries));
+    Desktop none = makeNullDesktop("x11", "This version of Ardeno cannot read what windows show.", {});
+    desktop.fileBrowser = std::move(none.fileBrowser);
+    desktop.documents = std::move(none.documents);
     return desktop;
 }
 

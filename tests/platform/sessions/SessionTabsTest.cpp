@@ -2,7 +2,7 @@
 #include "platform/linux/common/SessionTabs.h"
 
 #include "platform/linux/common/SlowWork.h"
-#include "tests/Finish.h"
+#include "support/Finish.h"
 #include "tests/Printing.h"
 #include "tests/platform/sessions/HistoryBytes.h"
 #include "tests/platform/sessions/SessionBytes.h"
