@@ -4,7 +4,7 @@
 #include "bench/Bench.h"
 #include "capture/BrowserTabs.h"
 #include "platform/linux/common/SessionTabs.h"
-#include "tests/Finish.h"
+#include "support/Finish.h"
 #include "tests/platform/sessions/HistoryBytes.h"
 #include "tests/platform/sessions/SessionBytes.h"
 
