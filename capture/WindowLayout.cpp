@@ -103,8 +103,7 @@ std::optional<QString> WindowLayout::location(const SavedWindow &window, const Q
     return isSure ? std::optional(sameTitle.first().path) : std::nullopt;
 }
 
-QCoro::Task<QList<SavedWindow>> WindowLayout::capture(QList<SavedApp> apps, const Desktop &desktop,
-                                                      qint64 ownProcessID)
+QCoro::Task<QList<SavedWindow>> WindowLayout::capture(QList<SavedApp> apps, const Desktop &desktop, qint64 ownProcessID)
 {
     QList<SavedWindow> layout = windows(apps, *desktop.windowServer, ownProcessID);
     QSet<qint64> owners;

@@ -112,8 +112,7 @@ bool TestWindow::isVisible()
 bool TestWindow::isListed()
 {
     // Without a window manager nobody keeps a list.
-    return windowsOfRoot("_NET_SUPPORTING_WM_CHECK").isEmpty() ||
-           windowsOfRoot("_NET_CLIENT_LIST").contains(m_window);
+    return windowsOfRoot("_NET_SUPPORTING_WM_CHECK").isEmpty() || windowsOfRoot("_NET_CLIENT_LIST").contains(m_window);
 }
 
 QList<xcb_window_t> TestWindow::windowsOfRoot(const char *property)
