@@ -26,8 +26,8 @@ QRect outerRectangle(int x, int y, int width, int height, int border)
 
 } // namespace
 
-X11Redirection::X11Redirection(const QByteArray &displayName)
-    : m_connection(displayName), m_extensions(X11Extensions::of(m_connection)), m_watch(m_connection)
+X11Redirection::X11Redirection(X11Connection connection)
+    : m_connection(std::move(connection)), m_extensions(X11Extensions::of(m_connection)), m_watch(m_connection)
 {
     const QString missing = m_extensions.missingForExclusion();
     if (!missing.isEmpty())

@@ -22,8 +22,8 @@ class X11Redirection final {
 public:
     using Clock = InheritedPixels::Clock;
 
-    // Begins at once, on a connection of its own; ends with the object. Throws notAvailable() and Failure.
-    explicit X11Redirection(const QByteArray &displayName);
+    // Begins at once, on a connection that nobody else uses; ends with the object. Throws notAvailable() and Failure.
+    explicit X11Redirection(X11Connection connection);
 
     const X11Connection &connection() const { return m_connection; }
 

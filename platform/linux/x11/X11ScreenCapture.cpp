@@ -43,12 +43,10 @@ Canvas X11ScreenCapture::Worker::picture(const CanvasRequest &request)
         use.redirection.processEvents(); // What was read meanwhile does not wake the hold's own thread.
         return std::move(*canvas);
     }
-    {
-        const X11Connection connection(displayName);
-        if (auto canvas = picture.ofScreen(connection, X11Extensions::of(connection)))
-            return std::move(*canvas);
-    }
-    X11Redirection redirection(displayName);
+    X11Connection connection(displayName);
+    if (auto canvas = picture.ofScreen(connection, X11Extensions::of(connection)))
+        return std::move(*canvas);
+    X11Redirection redirection(std::move(connection));
     return picture.ofWindows(redirection);
 }
 
