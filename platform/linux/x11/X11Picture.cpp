@@ -22,10 +22,17 @@ bool knowsAll(const WindowChoice &choice, const QList<TopLevel> &windows)
                        [&](const TopLevel &window) { return choice.knows(window.id); });
 }
 
-bool leavesOutAny(const WindowChoice &choice, const QList<TopLevel> &windows)
+// Whether the screen may show something that must be left out. A compositing manager shows windows for a while after
+// they have gone, so there it is enough that there might have been one.
+bool mayShowLeftOut(const X11Connection &connection, const WindowChoice &choice, const QList<TopLevel> &windows,
+                    const Exclusion &exclusion)
 {
-    return std::any_of(windows.cbegin(), windows.cend(),
-                       [&](const TopLevel &window) { return window.isViewable && choice.leftOut.contains(window.id); });
+    const bool lingers = hasCompositingManager(connection);
+    if (lingers && !exclusion.appIDs.isEmpty())
+        return true;
+    return std::any_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
+        return (window.isViewable || lingers) && choice.leftOut.contains(window.id);
+    });
 }
 
 bool hasUsualPixels(const xcb_setup_t &setup, const xcb_screen_t &screen)
@@ -55,13 +62,36 @@ X11Picture::X11Picture(CanvasRequest request, Exclusion exclusion, DesktopEntrie
 
 std::optional<Canvas> X11Picture::ofScreen(const X11Connection &connection, const X11Extensions &extensions)
 {
+    const IsClean always = [](const WindowChoice &, const QList<TopLevel> &) { return true; };
+    return screenIf(always, connection, extensions);
+}
+
+std::optional<Canvas> X11Picture::ofScreen(X11Redirection &redirection)
+{
+    const IsClean showsThemselves = [&](const WindowChoice &choice, const QList<TopLevel> &windows) {
+        redirection.processAllEvents();
+        return std::all_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
+            return redirection.untrusted(window.id, choice.allowed).isEmpty();
+        });
+    };
+    return screenIf(showsThemselves, redirection.connection(), redirection.extensions());
+}
+
+std::optional<Canvas> X11Picture::screenIf(const IsClean &isClean, const X11Connection &connection,
+                                           const X11Extensions &extensions)
+{
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         const QList<TopLevel> windows = topLevels(connection);
         const WindowChoice choice = chooseWindows(connection, m_entries, windows, m_exclusion);
-        if (leavesOutAny(choice, windows))
+        if (mayShowLeftOut(connection, choice, windows, m_exclusion))
             return std::nullopt;
-        if (auto canvas = grabbedScreen(connection, extensions, choice))
-            return canvas;
+        std::optional<ServerGrab> grab(connection);
+        const Moment now = moment(connection, extensions);
+        if (!knowsAll(choice, now.windows))
+            continue;
+        if (!isClean(choice, now.windows))
+            return std::nullopt;
+        return grabbedScreen(connection, extensions, now, grab);
     }
     return std::nullopt;
 }
@@ -95,13 +125,9 @@ X11Picture::Moment X11Picture::moment(const X11Connection &connection, const X11
     return moment;
 }
 
-std::optional<Canvas> X11Picture::grabbedScreen(const X11Connection &connection, const X11Extensions &extensions,
-                                                const WindowChoice &choice) const
+Canvas X11Picture::grabbedScreen(const X11Connection &connection, const X11Extensions &extensions, const Moment &now,
+                                 std::optional<ServerGrab> &grab) const
 {
-    std::optional<ServerGrab> grab(connection);
-    const Moment now = moment(connection, extensions);
-    if (!knowsAll(choice, now.windows))
-        return std::nullopt;
     if (isScreenItself(connection)) {
         const QRect area = X11Canvas::screenArea(m_request.placements.first().display);
         return finished(connection, extensions, connection.root(), area.topLeft(), now.cursor);
@@ -128,7 +154,7 @@ std::optional<Canvas> X11Picture::grabbedWindows(X11Redirection &redirection, co
     Moment now = moment(connection, redirection.extensions());
     if (!knowsAll(choice, now.windows))
         return std::nullopt;
-    redirection.processEvents(); // All that happened before the grab has been reported by now.
+    redirection.processAllEvents();
     // The window below it chose the pointer's picture.
     if (choice.leftOut.contains(now.cursor.under))
         now.cursor = {};
@@ -154,12 +180,14 @@ Canvas X11Picture::finished(const X11Connection &connection, const X11Extensions
                             const QPoint &from, const X11Cursor &cursor) const
 {
     const auto transport = extensions.hasSharedMemory ? PixelTransport::SharedMemory : PixelTransport::Socket;
-    Canvas canvas;
-    canvas.size = m_request.size;
-    canvas.pixels = fetchPixels(connection, drawable, QRect(from, m_request.size), transport);
+    const FetchedPixels pixels = fetchPixels(connection, drawable, QRect(from, m_request.size), transport);
     requireSameDisplays(connection);
     for (const DisplayPlacement &placement : m_request.placements)
-        cursor.blend(canvas, placement);
+        cursor.blend(pixels, placement);
+    Canvas canvas;
+    canvas.size = pixels.size;
+    canvas.pixels = QByteArray::fromRawData(pixels.bytes, qsizetype(pixels.size.width()) * pixels.size.height() * 4);
+    canvas.memory = pixels.memory;
     return canvas;
 }
 

@@ -37,8 +37,11 @@ Canvas X11ScreenCapture::Worker::picture(const CanvasRequest &request)
     }
     if (held && held->isAlive()) {
         const X11RedirectionHold::Use use = held->use();
-        auto canvas = picture.ofScreen(use.redirection.connection(), use.redirection.extensions());
-        return canvas ? std::move(*canvas) : picture.ofWindows(use.redirection);
+        auto canvas = picture.ofScreen(use.redirection);
+        if (!canvas)
+            canvas = picture.ofWindows(use.redirection);
+        use.redirection.processEvents(); // What was read meanwhile does not wake the hold's own thread.
+        return std::move(*canvas);
     }
     {
         const X11Connection connection(displayName);

@@ -4,14 +4,12 @@
 #include "platform/linux/common/SlowWork.h"
 #include "tests/Finish.h"
 #include "tests/Printing.h"
+#include "tests/platform/sessions/HistoryBytes.h"
 #include "tests/platform/sessions/SessionBytes.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTemporaryDir>
-#include <QVariant>
 
 #include <semaphore>
 
@@ -32,7 +30,7 @@ QString lines(QString records)
 struct Machine {
     QTemporaryDir folder;
     std::optional<QList<LiveWindow>> live;
-    SessionTabs tabs{[this] { return live; }, {.processFolder = folder.filePath("proc")}};
+    SessionTabs tabs{[this] { return live; }, {.processFolder = folder.filePath("proc"), .patience = {}}};
 
     QString write(const QString &path, const QByteArray &bytes) const
     {
@@ -113,18 +111,13 @@ TEST_CASE_FIXTURE(Machine, "titles that the session lacks come from the history,
                                                                       .bytes());
     start(50, chromiumProgram, {session});
     {
-        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "history");
-        database.setDatabaseName(folder.filePath("p/Default/History"));
-        REQUIRE(database.open());
-        QSqlQuery query(database);
-        query.exec("CREATE TABLE urls(url LONGVARCHAR, title LONGVARCHAR)");
-        query.exec("INSERT INTO urls VALUES ('http://h/a', 'From\x1fhistory'), ('http://h/b', 'Other')");
-        query.exec("BEGIN EXCLUSIVE"); // As the browser does all the time.
-
+        History history(folder.filePath("p/Default/History"));
+        history.add("http://h/a", "From\x1fhistory");
+        history.add("http://h/b", "Other");
+        history.lock();
         CHECK(records(chromium) ==
               "1 1 http://h/a From history\n1 1 http://h/b Own\n1 1 https://h/unknown?x h/unknown?x\n");
     }
-    QSqlDatabase::removeDatabase("history");
     CHECK(QDir(folder.filePath("p/Default")).entryList(QDir::Files) == QStringList{"History"});
 
     SUBCASE("and a damaged history costs nothing but titles")
@@ -158,6 +151,17 @@ TEST_CASE_FIXTURE(Machine, "a session that cannot be read is not taken for an em
     const TabReport report = finish(tabs.openTabs(chromium, {}));
     CHECK(lines(*report.records) == "1 1 http://h/a A\n");
     CHECK_FALSE(report.isComplete);
+}
+
+TEST_CASE_FIXTURE(Machine, "a browser in the middle of writing is waited for")
+{
+    start(50, chromiumProgram, {write("p/Default/Sessions_Encrypted/Session_1", Snss(4).bytes())});
+    SessionTabs patient([] { return std::nullopt; },
+                        {.processFolder = folder.filePath("proc"), .patience = std::chrono::seconds(4)});
+    auto report = patient.openTabs(chromium, {});
+    const QString plain = write("p/Default/Sessions/Session_1", onePage(1, "http://h/a", "A"));
+    QFile::link(plain, folder.filePath("proc/50/fd/9"));
+    CHECK(lines(finish(std::move(report)).records.value_or("none")) == "1 1 http://h/a A\n");
 }
 
 TEST_CASE_FIXTURE(Machine, "an encrypted copy beside the plain file and private windows alone are no failure")
