@@ -102,7 +102,7 @@ TEST_CASE("only windows that belong to a layout are recorded")
         {"without a number", changed([](auto &window) { window.windowID = 0; }), false},
     };
     for (const Case &tried : cases) {
-        CAPTURE(tried.what);
+        CAPTURE(QString(tried.what));
         WindowsInMemory server;
         server.allWindows = {tried.window};
         CHECK(WindowLayout::windows(editor, server, ownProcessID).isEmpty() != tried.isRecorded);
@@ -139,7 +139,7 @@ TEST_CASE("a window belongs to the display that holds the larger part of it")
         {"covering all", {0, 0, 2000, 1600}, 2},
     };
     for (const Case &tried : cases) {
-        CAPTURE(tried.what);
+        CAPTURE(QString(tried.what));
         CHECK(WindowLayout::bestDisplay(tried.frame, displays) == tried.display);
     }
     CHECK_FALSE(WindowLayout::bestDisplay({0, 0, 100, 100}, {}).has_value());
