@@ -60,23 +60,25 @@ DoctorReport examine(Desktop &desktop)
     const auto missing = [](const QString &what) {
         return Capability::unavailable(u"This version of Ardeno cannot %1."_qs.arg(what));
     };
-    return {
-        .session = desktop.session,
-        .capabilities =
-            {
-                reported("screenshots", desktop.screenCapture->availability()),
-                reported("leaving apps out", desktop.screenCapture->exclusionAvailability()),
-                reported("recording", missing("record work sessions")),
-                reported("application list", desktop.workspace->availability()),
-                reported("window list", desktop.windowServer->availability()),
-                reported("moving windows", missing("move windows")),
-                reported("browser tabs", missing("read browser tabs")),
-                reported("folders", desktop.fileBrowser->availability()),
-                reported("documents", desktop.documents->availability()),
-                reported("hot key", missing("listen to a hot key")),
-                reported("tray", missing("show a tray item")),
-            },
+    DoctorReport report;
+    report.session = desktop.session;
+    report.capabilities = {
+        reported("screenshots", desktop.screenCapture->availability()),
+        reported("leaving apps out", desktop.screenCapture->exclusionAvailability()),
+        reported("recording", missing("record work sessions")),
+        reported("application list", desktop.workspace->availability()),
+        reported("window list", desktop.windowServer->availability()),
+        reported("moving windows", missing("move windows")),
     };
+    for (const Browser &browser : WorkspaceCapture::browsers(*desktop.tabSource))
+        report.capabilities.append(reported("tabs of " + browser.name, desktop.tabSource->availability(browser.id)));
+    report.capabilities += {
+        reported("folders", desktop.fileBrowser->availability()),
+        reported("documents", desktop.documents->availability()),
+        reported("hot key", missing("listen to a hot key")),
+        reported("tray", missing("show a tray item")),
+    };
+    return report;
 }
 
 } // namespace

@@ -55,9 +55,10 @@ SaveResult describe(const AppStore &store, const Checkpoint &checkpoint)
 
 void printText(const SaveResult &result)
 {
-    print(u"%1 “%2” in “%3”: %4, %5.\n"_qs.arg(result.notice, oneLine(result.title), oneLine(result.project),
-                                               Text::counted(result.apps, u"app"_qs, u"apps"_qs),
-                                               Text::counted(result.windows, u"window"_qs, u"windows"_qs)));
+    print(u"%1 “%2” in “%3”: %4, %5, %6.\n"_qs.arg(result.notice, oneLine(result.title), oneLine(result.project),
+                                                   Text::counted(result.apps, u"app"_qs, u"apps"_qs),
+                                                   Text::counted(result.tabs, u"tab"_qs, u"tabs"_qs),
+                                                   Text::counted(result.windows, u"window"_qs, u"windows"_qs)));
     print(u"%1\n%2\n"_qs.arg(result.captureNote, uuidText(result.id)));
     if (result.screenshot)
         print(*result.screenshot + '\n');
@@ -83,15 +84,10 @@ ExitStatus save(const QCommandLineParser &parsed, Desktop &desktop)
 {
     LockedStore locked(desktop, LockedStore::Purpose::Write);
     AppStore &store = locked.store();
-    const bool tabs = wantsTabs(parsed, store);
-    if (tabs) {
-        printError(u"This version of Ardeno cannot read browser tabs. Use --no-tabs."_qs);
-        return ExitStatus::NotAvailable;
-    }
     const std::optional<QUuid> project = store.createProject(parsed.value("project"));
     if (!project)
         return failed(store);
-    const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), tabs};
+    const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), wantsTabs(parsed, store)};
     const std::optional<QUuid> id = finish(store.saveMoment(request));
     const Checkpoint *const saved = id ? store.checkpoint(*id) : nullptr;
     if (!saved)

@@ -3,10 +3,9 @@
 
 #include "capture/ScreenshotLayout.h"
 #include "media/PngWriter.h"
+#include "support/AtomicFile.h"
 #include "support/Failure.h"
 #include "support/InWorker.h"
-
-#include <QSaveFile>
 
 #include <new>
 
@@ -52,10 +51,7 @@ void writeScreenshot(const QString &path, const Canvas &canvas)
     const QByteArray png = PngWriter::encoded(canvas.size, canvas.pixels);
     if (png.isEmpty())
         throw captureFailure(2, "The screenshot could not be encoded.");
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) ||
-        file.write(png) != png.size() || !file.commit())
-        throw Failure("POSIX", 5, file.errorString() + '.');
+    AtomicFile::write(path, png);
 }
 
 } // namespace

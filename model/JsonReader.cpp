@@ -50,13 +50,6 @@ bool isKey(const char *raw, const FieldReader &field)
 
 } // namespace
 
-PaddedBytes::PaddedBytes(qsizetype size)
-    : m_bytes(std::make_unique_for_overwrite<char[]>(static_cast<size_t>(size) + simdjson::SIMDJSON_PADDING)),
-      m_size(size)
-{
-    std::memset(m_bytes.get() + size, 0, simdjson::SIMDJSON_PADDING);
-}
-
 struct Reader::State {
     explicit State(QByteArrayView bytes)
         : text(bytes.startsWith("\xEF\xBB\xBF") ? bytes.sliced(3) : bytes),
@@ -328,20 +321,19 @@ qint64 Reader::readInteger(qint64 least, qint64 most, const char *need)
     return value;
 }
 
-QString Reader::readText()
+void Reader::readText(QString &value)
 {
     const std::string_view bytes = m->readRawText(Need<QString>::text);
-    TextPool::Found found = m->pool.text(bytes);
-    if (found.content == TextPool::Content::Plain)
-        return std::move(found.text);
+    if (m->pool.find(bytes, value) == TextPool::Content::Plain)
+        return;
     const std::optional<QString> text = m->decoder.decode(bytes);
     if (!text)
         m->failMalformed(simdjson::STRING_ERROR);
+    value = *text;
     if (m->decoder.hasReplaced())
         m->isVerbatim = false;
     else
-        m->pool.remember(bytes, *text);
-    return *text;
+        m->pool.remember(bytes, value);
 }
 
 QUuid Reader::readUuid()
@@ -360,9 +352,9 @@ void Reader::readRecord(void *record, std::span<const FieldReader> fields)
     qsizetype expected = 0;
     m->path.append(Step{});
     for (auto result : object) {
-        ondemand::field field;
-        if (const auto error = std::move(result).get(field))
-            m->failMalformed(error);
+        if (result.error())
+            m->failMalformed(result.error());
+        ondemand::field &field = result.value_unsafe();
         const char *key = field.key().raw();
         const qsizetype index = m->fieldOfKey(field, fields, expected);
         if (index < 0) {
@@ -387,10 +379,13 @@ void Reader::readList(void *list, const ListReader &how)
 {
     ondemand::array array;
     m->check(m->current.get_array().get(array), "a list");
-    size_t count = 0;
-    if (const auto error = array.count_elements().get(count))
-        m->failMalformed(error);
-    how.reserve(list, static_cast<qsizetype>(count));
+    // Counting the list that makes up the file would pass through all of it once more.
+    if (m->path.size() > 1) {
+        size_t count = 0;
+        if (const auto error = array.count_elements().get(count))
+            m->failMalformed(error);
+        how.reserve(list, static_cast<qsizetype>(count));
+    }
     m->path.append(Step{.key = {}, .index = 0});
     for (auto result : array) {
         if (const auto error = result.get(m->current))

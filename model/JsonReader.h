@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/Field.h"
+#include "model/PaddedBytes.h"
 #include "support/Date.h"
 
 #include <QByteArrayView>
@@ -18,21 +19,6 @@
 #include <utility>
 
 namespace ardeno::json {
-
-// Bytes to be filled, with the room behind them that the parser may look at.
-class PaddedBytes final {
-public:
-    // Throws std::bad_alloc.
-    explicit PaddedBytes(qsizetype size);
-
-    char *data() { return m_bytes.get(); }
-
-    QByteArrayView view() const { return {m_bytes.get(), m_size}; }
-
-private:
-    std::unique_ptr<char[]> m_bytes;
-    qsizetype m_size;
-};
 
 class Reader;
 
@@ -70,7 +56,7 @@ public:
     bool readBool();
     double readNumber();
     qint64 readInteger(qint64 least, qint64 most, const char *need);
-    QString readText();
+    void readText(QString &value);
     QUuid readUuid();
     void readRecord(void *record, std::span<const FieldReader> fields);
     void readList(void *list, const ListReader &how);
@@ -167,7 +153,7 @@ inline void read(Reader &reader, Date &value)
 
 inline void read(Reader &reader, QString &value)
 {
-    value = reader.readText();
+    reader.readText(value);
 }
 
 inline void read(Reader &reader, QUuid &value)

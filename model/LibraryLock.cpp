@@ -1,91 +1,129 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/LibraryLock.h"
 
+#include "model/LibraryFailure.h"
 #include "support/AtomicFile.h"
 #include "support/Failure.h"
 
-#include <QDeadlineTimer>
 #include <QFile>
-#include <QThread>
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <unistd.h>
 
-#include <array>
+#include <algorithm>
+#include <thread>
 
 namespace ardeno {
 
 namespace {
 
-FileDescriptor open(const QString &root)
+constexpr const char *applicationWord = "application";
+constexpr const char *commandWord = "command";
+
+QByteArray lockPath(const QString &root)
 {
-    const QByteArray path = QFile::encodeName(root + u"/lock"_qs);
-    return FileDescriptor(uninterrupted([&] { return ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600); }));
+    return QFile::encodeName(root + "/lock");
 }
 
-QString nameOf(qint64 process)
+FileDescriptor openLock(const QString &root, int flags)
+{
+    const QByteArray path = lockPath(root);
+    // Close on exec, so that what is started meanwhile does not keep the lock.
+    return FileDescriptor(uninterrupted([&] { return ::open(path.constData(), flags | O_CLOEXEC, 0600); }));
+}
+
+// No descriptor for a reader who needs no lock.
+FileDescriptor openFor(const LibraryLock::Request &request)
+{
+    const bool isWriter = request.access == LibraryLock::Access::Write;
+    if (isWriter)
+        AtomicFile::createFolder(request.root);
+    FileDescriptor file = openLock(request.root, O_RDWR | O_CREAT);
+    if (file || isWriter) {
+        if (!file)
+            throw Failure::system(errno, "lock");
+        return file;
+    }
+    if (errno != ENOENT && errno != EACCES && errno != EROFS && errno != EPERM)
+        throw Failure::system(errno, "lock");
+    // Somebody else may be allowed to write there, and then has made the file.
+    return openLock(request.root, O_RDONLY);
+}
+
+// The name of a running process, empty when there is none of that number.
+QString processName(qint64 process)
 {
     QFile file(u"/proc/%1/comm"_qs.arg(process));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
+    return file.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(file.readAll()).trimmed() : QString();
 }
 
-// What the holder wrote about itself: "1234 command".
-Failure heldByAnother(int descriptor)
+void writeHolder(const FileDescriptor &file, LibraryLock::Kind kind)
 {
-    std::array<char, 64> text{};
-    const auto length = uninterrupted([&] { return ::pread(descriptor, text.data(), text.size(), 0); });
-    const QByteArrayView written(text.data(), std::max<qsizetype>(length, 0));
-    const qint64 process = written.first(std::max<qsizetype>(written.indexOf(' '), 0)).toLongLong();
-    const QString name = nameOf(process);
-    const QString who =
-        name.isEmpty() ? u"another process"_qs : u"%1 (process %2)"_qs.arg(name, QString::number(process));
-    return {"Library", EWOULDBLOCK, u"The library is in use by %1, which does not answer."_qs.arg(who)};
+    const char *word = kind == LibraryLock::Kind::Application ? applicationWord : commandWord;
+    const QByteArray text = QByteArray::number(qint64{::getpid()}) + ' ' + word + '\n';
+    // The lock holds without the name of its holder, too.
+    if (::ftruncate(file.number(), 0) == 0)
+        uninterrupted([&] { return ::pwrite(file.number(), text.constData(), static_cast<size_t>(text.size()), 0); });
 }
 
-// Throws Failure when the library is not given back in time.
-void await(int descriptor, std::chrono::milliseconds patience)
+Failure inUse(const std::optional<LibraryLock::Holder> &holder)
 {
-    constexpr std::chrono::milliseconds pause(2); // A save takes about a tenth of a second.
-    const QDeadlineTimer deadline(patience);
-    while (uninterrupted([&] { return ::flock(descriptor, LOCK_EX | LOCK_NB); }) != 0) {
-        if (errno != EWOULDBLOCK)
-            throw Failure::system(errno);
-        if (deadline.hasExpired())
-            throw heldByAnother(descriptor);
-        QThread::usleep(std::chrono::microseconds(pause).count());
-    }
-}
-
-// Tells others who holds the library; that it could not be written is no reason not to go on.
-void sign(int descriptor, LibraryLock::Holder holder)
-{
-    const QByteArray kind = holder == LibraryLock::Holder::Application ? " application\n" : " command\n";
-    const QByteArray text = QByteArray::number(static_cast<qint64>(::getpid())) + kind;
-    if (::ftruncate(descriptor, 0) == 0)
-        (void)!::pwrite(descriptor, text.constData(), static_cast<size_t>(text.size()), 0);
+    const QString by =
+        holder ? u"%1 (process %2)"_qs.arg(holder->name).arg(holder->process) : QString("another program");
+    return {"Library", static_cast<int>(LibraryFailure::InUse),
+            u"The library is in use by %1, which does not answer."_qs.arg(by)};
 }
 
 } // namespace
 
-LibraryLock LibraryLock::forWriting(const QString &root, Holder holder, std::chrono::milliseconds patience)
+std::optional<LibraryLock> LibraryLock::tryLock(const Request &request)
 {
-    AtomicFile::createFolder(root);
-    FileDescriptor file = open(root);
+    FileDescriptor file = openFor(request);
     if (!file)
-        throw Failure::system(errno, root + u"/lock"_qs);
-    await(file.number(), patience);
-    sign(file.number(), holder);
-    return LibraryLock(std::move(file));
+        return LibraryLock(FileDescriptor());
+    if (uninterrupted([&] { return ::flock(file.number(), LOCK_EX | LOCK_NB); }) == 0) {
+        writeHolder(file, request.kind);
+        return LibraryLock(std::move(file));
+    }
+    if (errno != EWOULDBLOCK)
+        throw Failure::system(errno, "lock");
+    return std::nullopt;
 }
 
-LibraryLock LibraryLock::forReading(const QString &root, std::chrono::milliseconds patience)
+LibraryLock LibraryLock::waitFor(const Request &request, std::chrono::milliseconds atMost)
 {
-    FileDescriptor file = open(root);
-    if (file) {
-        await(file.number(), patience);
-        sign(file.number(), Holder::Command);
+    constexpr std::chrono::milliseconds pause(10);
+    const auto deadline = std::chrono::steady_clock::now() + atMost;
+    while (true) {
+        if (std::optional<LibraryLock> lock = tryLock(request))
+            return std::move(*lock);
+        const auto now = std::chrono::steady_clock::now();
+        if (now >= deadline)
+            throw inUse(holder(request.root));
+        std::this_thread::sleep_for(std::min<std::chrono::nanoseconds>(pause, deadline - now));
     }
-    return LibraryLock(std::move(file));
 }
+
+std::optional<LibraryLock::Holder> LibraryLock::holder(const QString &root)
+{
+    const FileDescriptor file = openLock(root, O_RDONLY);
+    if (!file)
+        return std::nullopt;
+    // Whoever held it last left the name there. The shared lock is given back at once, with the descriptor.
+    if (::flock(file.number(), LOCK_SH | LOCK_NB) == 0)
+        return std::nullopt;
+    char bytes[64];
+    const ssize_t length = uninterrupted([&] { return ::pread(file.number(), bytes, sizeof bytes, 0); });
+    const QList<QByteArray> words = QByteArray(bytes, std::max<ssize_t>(length, 0)).simplified().split(' ');
+    Holder holder{.process = words.first().toLongLong()};
+    holder.name = processName(holder.process);
+    holder.kind = words.last() == applicationWord ? Kind::Application : Kind::Command;
+    if (holder.process <= 0 || holder.name.isEmpty())
+        return std::nullopt;
+    return holder;
+}
+
+LibraryLock::~LibraryLock() = default;
 
 } // namespace ardeno

@@ -6,20 +6,48 @@
 #include <QString>
 
 #include <chrono>
+#include <optional>
 
 namespace ardeno {
 
-// The library of one folder, held by one process at a time; given back at the end of this value or of the process.
-// Programs that this one starts do not inherit it.
+// The right to work with the library, held by one process at a time: the application while it runs, a command while it
+// works. Load the library after the lock is taken. It ends with the object or with the process, however that ends;
+// programs that are started in between do not inherit it.
 class LibraryLock final {
 public:
-    enum class Holder { Command, Application };
+    enum class Kind { Command, Application };
+    // A reader needs no lock where nobody could write: without a folder, or in one that is read-only. Only for a writer
+    // is the folder created.
+    enum class Access { Read, Write };
 
-    // Waits for as long as that while another process holds the library; then, or when the folder cannot be written,
-    // throws Failure, which names the process. Creates the folder.
-    static LibraryLock forWriting(const QString &root, Holder holder, std::chrono::milliseconds patience);
-    // The same for one who only reads: without a folder, or in one that cannot be written, there is nothing to hold.
-    static LibraryLock forReading(const QString &root, std::chrono::milliseconds patience);
+    struct Holder {
+        qint64 process = 0;
+        QString name = {}; // Of the program, as the system knows it.
+        Kind kind = Kind::Command;
+    };
+
+    // What the lock is for.
+    struct Request {
+        QString root; // The library's folder.
+        Kind kind = Kind::Command;
+        Access access = Access::Write;
+    };
+
+    // Absent when another process holds it. Throws Failure when the lock cannot be used at all.
+    static std::optional<LibraryLock> tryLock(const Request &request);
+
+    // Blocks up to that long, then throws Failure that names the process in the way.
+    static LibraryLock waitFor(const Request &request, std::chrono::milliseconds atMost);
+
+    // Who holds the lock now; absent when nobody does or the holder has not said yet.
+    static std::optional<Holder> holder(const QString &root);
+
+    ~LibraryLock();
+    LibraryLock(LibraryLock &&other) noexcept = default;
+    LibraryLock &operator=(LibraryLock &&other) noexcept = default;
+
+    // False for a reader that needs no lock.
+    bool isHeld() const { return static_cast<bool>(m_file); }
 
 private:
     explicit LibraryLock(FileDescriptor file) : m_file(std::move(file)) {}

@@ -105,7 +105,9 @@ void AppStore::readLibrary()
         QSet<QUuid> existing;
         for (const Checkpoint &checkpoint : library.checkpoints)
             existing.insert(checkpoint.id);
-        MediaStaging::resolveLeftovers(m_repository.root(), existing);
+        // Without any checkpoint the file may just be missing for the moment: then nothing is removed.
+        if (!existing.isEmpty())
+            MediaStaging::resolveLeftovers(m_repository.root(), existing);
         const PublishTogether group;
         projects.publish(std::move(library.projects));
         checkpoints.publish(std::move(library.checkpoints));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "capture/BrowserTabs.h"
 #include "capture/CaptureService.h"
 #include "desktop/Desktop.h"
 #include "model/CheckpointRepository.h"
@@ -78,6 +79,8 @@ public:
     void cancelCapture();
     // Saves without the form: its drafts stay as they are. The id of the checkpoint, absent after a failure.
     QCoro::Task<std::optional<QUuid>> saveMoment(CaptureRequest request);
+    // The open tabs that a capture keeps: without excluded browsers and websites.
+    QCoro::Task<WorkspaceCapture::OpenTabs> capturedTabs();
     void refreshScreenAccess();
     void refreshRunningApplications();
 
@@ -110,8 +113,9 @@ private:
     // Capturing.
     std::optional<QUuid> draftProject();
     QCoro::Task<std::optional<QUuid>> capture(CaptureRequest request);
-    QCoro::Task<void> fill(Checkpoint *checkpoint);
-    bool refuseUnsupported(CaptureKind kind, bool tabs);
+    QCoro::Task<void> fill(Checkpoint *checkpoint, bool withTabs);
+    QCoro::Task<void> takePicture(Checkpoint *checkpoint);
+    bool refuseUnsupported(CaptureKind kind);
     void finishForm();
     bool saveExclusions(const CaptureExclusions &changed);
 

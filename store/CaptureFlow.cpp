@@ -7,6 +7,7 @@
 #include <QScopeGuard>
 
 #include <algorithm>
+#include <exception>
 
 namespace ardeno {
 
@@ -49,7 +50,7 @@ QCoro::Task<void> AppStore::captureMoment(QString title, QString next, CaptureKi
                             "in System Settings. Your draft is saved."));
         co_return;
     }
-    if (refuseUnsupported(kind, includeBrowser()))
+    if (refuseUnsupported(kind))
         co_return;
     const std::optional<QUuid> projectID = draftProject();
     if (!projectID)
@@ -65,19 +66,15 @@ QCoro::Task<std::optional<QUuid>> AppStore::saveMoment(CaptureRequest request)
         co_return std::nullopt;
     clearMessages();
     captureIssue.set(std::nullopt);
-    if (refuseUnsupported(CaptureKind::Checkpoint, request.includeBrowser))
-        co_return std::nullopt;
     request.title = request.title.trimmed();
     request.next = request.next.trimmed();
     co_return co_await capture(request);
 }
 
-bool AppStore::refuseUnsupported(CaptureKind kind, bool tabs)
+bool AppStore::refuseUnsupported(CaptureKind kind)
 {
     if (kind == CaptureKind::Session)
         captureIssue.set(tr("This version of Ardeno cannot record work sessions. Save a checkpoint instead."));
-    else if (tabs)
-        captureIssue.set(tr("This version of Ardeno cannot read browser tabs. Turn browser capture off, then save."));
     return captureIssue().has_value();
 }
 
@@ -116,7 +113,7 @@ QCoro::Task<std::optional<QUuid>> AppStore::capture(CaptureRequest request)
         }
     });
     try {
-        co_await fill(&checkpoint);
+        co_await fill(&checkpoint, request.includeBrowser);
     } catch (const Failure &failure) {
         captureIssue.set(tr("Capture could not finish. Your draft is safe. Check Screen Recording settings; if access "
                             "was just enabled, quit and reopen this app, then try again. ") +
@@ -130,20 +127,47 @@ QCoro::Task<std::optional<QUuid>> AppStore::capture(CaptureRequest request)
     co_return id;
 }
 
-QCoro::Task<void> AppStore::fill(Checkpoint *checkpoint)
+QCoro::Task<void> AppStore::fill(Checkpoint *checkpoint, bool withTabs)
 {
     const QSet<QString> excluded = exclusions().appIDs();
-    const QString folder = m_repository.directory(checkpoint->id);
     m_desktop.screenCapture->prepareExclusion(excluded);
     checkpoint->apps = WorkspaceCapture::applications(*m_desktop.workspace, m_desktop.roles, excluded);
-    // What the windows show is found out while the picture is taken.
-    QCoro::Task<QList<SavedWindow>> windows =
-        WindowLayout::capture(checkpoint->apps, m_desktop, QCoreApplication::applicationPid());
     checkpoint->captureNote = u"Open apps captured. Browser capture was off."_qs;
-    const QString picture = folder + '/' + MediaFile::screenshot;
-    co_await m_capture.screenshot(picture, excluded);
-    checkpoint->screenshot = picture;
+    // What windows and browsers show is read while the picture is taken.
+    const QCoro::Task<QList<SavedWindow>> windows =
+        WindowLayout::capture(checkpoint->apps, m_desktop, QCoreApplication::applicationPid());
+    std::optional<QCoro::Task<WorkspaceCapture::OpenTabs>> reading;
+    if (withTabs)
+        reading = capturedTabs();
+    std::exception_ptr failure;
+    try {
+        co_await takePicture(checkpoint);
+    } catch (...) {
+        failure = std::current_exception(); // What is being read is awaited all the same.
+    }
     checkpoint->windows = co_await windows;
+    if (reading) {
+        const WorkspaceCapture::OpenTabs open = co_await *reading;
+        checkpoint->tabs = open.tabs;
+        checkpoint->captureNote = open.warning.value_or(u"Browser tabs and open apps captured."_qs);
+    }
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+QCoro::Task<void> AppStore::takePicture(Checkpoint *checkpoint)
+{
+    const QString picture = m_repository.directory(checkpoint->id) + '/' + MediaFile::screenshot;
+    co_await m_capture.screenshot(picture, exclusions().appIDs());
+    checkpoint->screenshot = picture;
+}
+
+QCoro::Task<WorkspaceCapture::OpenTabs> AppStore::capturedTabs()
+{
+    const CaptureExclusions rules = exclusions();
+    WorkspaceCapture::OpenTabs open = co_await WorkspaceCapture::browserTabs(*m_desktop.tabSource, rules.appIDs());
+    open.tabs.removeIf([&](const SavedTab &tab) { return !rules.allows(tab); });
+    co_return open;
 }
 
 void AppStore::finishForm()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/null/NullDesktop.h"
 
+#include "platform/null/NullTabSource.h"
+
 #include <utility>
 
 namespace ardeno {
@@ -112,6 +114,7 @@ Desktop makeNullDesktop(const QString &session, const QString &reason, const Des
     desktop.windowServer = std::make_unique<NullWindowServer>(reason);
     desktop.screenCapture = makeNullScreenCapture(reason);
     desktop.screenAccess = std::make_unique<NullScreenAccess>();
+    desktop.tabSource = std::make_unique<NullTabSource>(reason);
     desktop.fileBrowser = std::make_unique<NullFileBrowser>(reason);
     desktop.documents = std::make_unique<NullDocuments>(reason);
     return desktop;

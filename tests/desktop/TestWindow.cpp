@@ -3,7 +3,6 @@
 
 #include "tests/desktop/Desktop.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -112,15 +111,21 @@ bool TestWindow::isVisible()
 
 bool TestWindow::isListed()
 {
+    // Without a window manager nobody keeps a list.
+    return windowsOfRoot("_NET_SUPPORTING_WM_CHECK").isEmpty() ||
+           windowsOfRoot("_NET_CLIENT_LIST_STACKING").contains(m_window);
+}
+
+QList<xcb_window_t> TestWindow::windowsOfRoot(const char *property)
+{
     constexpr uint32_t longest = 4096;
-    const auto cookie =
-        xcb_get_property(m_connection, 0, m_root, atom("_NET_CLIENT_LIST_STACKING"), XCB_ATOM_WINDOW, 0, longest);
+    const auto cookie = xcb_get_property(m_connection, 0, m_root, atom(property), XCB_ATOM_WINDOW, 0, longest);
     const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection, cookie, nullptr), std::free);
-    if (!reply || reply->type == XCB_ATOM_NONE)
-        return true; // No window manager keeps a list.
+    if (!reply)
+        return {};
     const auto *windows = static_cast<const xcb_window_t *>(xcb_get_property_value(reply.get()));
     const int count = xcb_get_property_value_length(reply.get()) / static_cast<int>(sizeof(xcb_window_t));
-    return std::find(windows, windows + count, m_window) != windows + count;
+    return {windows, windows + count};
 }
 
 } // namespace ardeno::desktop_test

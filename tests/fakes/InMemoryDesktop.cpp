@@ -137,6 +137,30 @@ private:
     InMemoryDesktop &m_desktop;
 };
 
+class InMemoryTabSource final : public TabSource {
+public:
+    explicit InMemoryTabSource(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    QList<Browser> furtherBrowsers() const override { return {}; }
+
+    Capability availability(const QString &) const override { return Capability::available(); }
+
+    bool isRunning(const QString &browserID) override { return m_desktop.tabRecords.contains(browserID); }
+
+    QCoro::Task<TabReport> openTabs(Browser browser, QString) override
+    {
+        m_desktop.browsersRead.append(browser.id);
+        co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        const QString records = m_desktop.tabRecords.value(browser.id);
+        if (records.isNull())
+            throw notAvailable(browser.name + " cannot be read.");
+        co_return TabReport{.records = records};
+    }
+
+private:
+    InMemoryDesktop &m_desktop;
+};
+
 } // namespace
 
 void InMemoryDesktop::addApplication(const QString &id, const QString &name, const WindowRect &frame,
@@ -170,6 +194,7 @@ Desktop InMemoryDesktop::makeDesktop()
             .windowServer = std::make_unique<InMemoryWindowServer>(*this),
             .screenCapture = std::make_unique<InMemoryScreenCapture>(*this),
             .screenAccess = std::make_unique<InMemoryScreenAccess>(*this),
+            .tabSource = std::make_unique<InMemoryTabSource>(*this),
             .fileBrowser = std::make_unique<InMemoryFileBrowser>(*this),
             .documents = std::make_unique<InMemoryDocuments>(*this)};
 }

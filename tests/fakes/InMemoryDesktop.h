@@ -3,6 +3,8 @@
 
 #include "desktop/Desktop.h"
 
+#include <QHash>
+
 #include <functional>
 
 namespace ardeno::fakes {
@@ -14,6 +16,8 @@ struct InMemoryDesktop {
     QList<InstalledApplication> installed = {};
     QList<Display> displays = {};
     QList<WindowInfo> windows = {};
+    QHash<QString, QString> tabRecords = {}; // Of each running browser; a null text: it cannot be read.
+    QStringList browsersRead = {};
     bool screenAccess = true;
     bool consentOnAsking = false;
     int timesAsked = 0;
@@ -21,9 +25,9 @@ struct InMemoryDesktop {
     std::function<void()> whileComposing = {}; // Called in the middle of a picture.
     QList<QSet<QString>> preparedExclusions = {};
     QList<CanvasRequest> requests = {};
-    QList<WindowLocation> folders = {};            // What windows of file browsers show.
-    QList<WindowLocation> documents = {};          // What windows of other applications show; each has a process.
-    QList<QSet<qint64>> processesAskedAbout = {};  // By each question for documents.
+    QList<WindowLocation> folders = {};           // What windows of file browsers show.
+    QList<WindowLocation> documents = {};         // What windows of other applications show; each has a process.
+    QList<QSet<qint64>> processesAskedAbout = {}; // By each question for documents.
 
     InMemoryDesktop() = default;
     InMemoryDesktop(const InMemoryDesktop &) = delete;

@@ -135,11 +135,35 @@ TEST_CASE_FIXTURE(StoreFixture, "what this version cannot capture is refused and
     store().draftProjectName.set("Thesis");
     finish(store().captureMoment("Title", {}, CaptureKind::Session));
     CHECK(store().captureIssue()->contains("cannot record"));
-    store().includeBrowser.set(true);
-    finish(store().captureMoment("Title", {}, CaptureKind::Checkpoint));
-    CHECK(store().captureIssue()->contains("cannot read browser tabs"));
     CHECK(store().checkpoints().isEmpty());
-    CHECK(reopen().includeBrowser());
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "tabs are kept with the checkpoint, except those of excluded browsers and websites")
+{
+    const auto record = [](const QString &url) { return u"1\u001f7\u001f%1\u001fA page\u001e"_qs.arg(url); };
+    memory.tabRecords.insert("com.google.Chrome",
+                             record("https://bank.example/account") + record("https://a.example/"));
+    memory.tabRecords.insert("com.brave.Browser", record("https://b.example/"));
+    store().excludeDomain("bank.example");
+    store().excludeApp({"com.brave.Browser", "Brave"});
+    store().includeBrowser.set(true);
+    store().draftProjectName.set("Thesis");
+
+    finish(store().captureMoment("Title", {}, CaptureKind::Checkpoint));
+    REQUIRE(store().selected());
+    REQUIRE(store().selected()->tabs.size() == 1);
+    CHECK(store().selected()->tabs.first().url == "https://a.example/");
+    CHECK(store().selected()->captureNote == "Browser tabs and open apps captured.");
+    CHECK(memory.browsersRead == QStringList{"com.google.Chrome"});
+    CHECK_FALSE(fileBytes(libraryPath()).contains("bank.example"));
+
+    memory.tabRecords.insert("com.google.Chrome", QString());
+    finish(store().captureMoment("Again", {}, CaptureKind::Checkpoint));
+    CHECK(store().selected()->tabs.isEmpty());
+    CHECK(store().selected()->captureNote.startsWith("Chrome tabs weren’t available."));
+    memory.tabRecords.clear();
+    finish(store().captureMoment("Third", {}, CaptureKind::Checkpoint));
+    CHECK(store().selected()->captureNote.startsWith("No supported browser was open."));
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "the form offers the last project unless it is archived or gone")

@@ -65,6 +65,10 @@ TEST_CASE_FIXTURE(StoreFixture, "a deletion cut short is resolved at the next st
         "Your saved checkpoints could not be read. Existing files have been left in place. "));
     CHECK(QFile::exists(stranger));
 
+    REQUIRE(QFile::remove(libraryPath()));
+    CHECK_FALSE(reopen().error().has_value());
+    CHECK(QFile::exists(stranger));
+
     writeFile(libraryPath(), library);
     reopen();
     CHECK(fileBytes(*checkpoint.screenshot) == "picture of one");

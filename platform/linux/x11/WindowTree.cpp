@@ -113,10 +113,10 @@ QList<xcb_window_t> WindowTree::clients(const X11Connection &connection)
     if (hasWindowManager(connection)) {
         X11Property stacking(connection, connection.root(), X11Atom::NetClientListStacking);
         X11Property list(connection, connection.root(), X11Atom::NetClientList);
-        const QList<xcb_window_t> stacked = stacking.cardinals();
-        const QList<xcb_window_t> listed = list.cardinals();
-        if (!stacked.isEmpty() || !listed.isEmpty())
-            return stacked.isEmpty() ? listed : stacked;
+        auto stacked = stacking.cardinalsIfSet();
+        auto listed = list.cardinalsIfSet();
+        if (stacked || listed)
+            return stacked ? *stacked : *listed;
     }
     return mappedClients(connection);
 }

@@ -22,10 +22,17 @@ bool knowsAll(const WindowChoice &choice, const QList<TopLevel> &windows)
                        [&](const TopLevel &window) { return choice.knows(window.id); });
 }
 
-bool leavesOutAny(const WindowChoice &choice, const QList<TopLevel> &windows)
+// Whether the screen may show something that must be left out. A compositing manager shows windows for a while after
+// they have gone, so there it is enough that there might have been one.
+bool mayShowLeftOut(const X11Connection &connection, const WindowChoice &choice, const QList<TopLevel> &windows,
+                    const Exclusion &exclusion)
 {
-    return std::any_of(windows.cbegin(), windows.cend(),
-                       [&](const TopLevel &window) { return window.isViewable && choice.leftOut.contains(window.id); });
+    const bool lingers = hasCompositingManager(connection);
+    if (lingers && !exclusion.appIDs.isEmpty())
+        return true;
+    return std::any_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
+        return (window.isViewable || lingers) && choice.leftOut.contains(window.id);
+    });
 }
 
 bool hasUsualPixels(const xcb_setup_t &setup, const xcb_screen_t &screen)
@@ -55,13 +62,36 @@ X11Picture::X11Picture(CanvasRequest request, Exclusion exclusion, DesktopEntrie
 
 std::optional<Canvas> X11Picture::ofScreen(const X11Connection &connection, const X11Extensions &extensions)
 {
+    const IsClean always = [](const WindowChoice &, const QList<TopLevel> &) { return true; };
+    return screenIf(always, connection, extensions);
+}
+
+std::optional<Canvas> X11Picture::ofScreen(X11Redirection &redirection)
+{
+    const IsClean showsThemselves = [&](const WindowChoice &choice, const QList<TopLevel> &windows) {
+        redirection.processEvents();
+        return std::all_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
+            return redirection.untrusted(window.id, choice.allowed).isEmpty();
+        });
+    };
+    return screenIf(showsThemselves, redirection.connection(), redirection.extensions());
+}
+
+std::optional<Canvas> X11Picture::screenIf(const IsClean &isClean, const X11Connection &connection,
+                                           const X11Extensions &extensions)
+{
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         const QList<TopLevel> windows = topLevels(connection);
         const WindowChoice choice = chooseWindows(connection, m_entries, windows, m_exclusion);
-        if (leavesOutAny(choice, windows))
+        if (mayShowLeftOut(connection, choice, windows, m_exclusion))
             return std::nullopt;
-        if (auto canvas = grabbedScreen(connection, extensions, choice))
-            return canvas;
+        std::optional<ServerGrab> grab(connection);
+        const Moment now = moment(connection, extensions);
+        if (!knowsAll(choice, now.windows))
+            continue;
+        if (!isClean(choice, now.windows))
+            return std::nullopt;
+        return grabbedScreen(connection, extensions, now, grab);
     }
     return std::nullopt;
 }
@@ -95,13 +125,9 @@ X11Picture::Moment X11Picture::moment(const X11Connection &connection, const X11
     return moment;
 }
 
-std::optional<Canvas> X11Picture::grabbedScreen(const X11Connection &connection, const X11Extensions &extensions,
-                                                const WindowChoice &choice) const
+Canvas X11Picture::grabbedScreen(const X11Connection &connection, const X11Extensions &extensions, const Moment &now,
+                                 std::optional<ServerGrab> &grab) const
 {
-    std::optional<ServerGrab> grab(connection);
-    const Moment now = moment(connection, extensions);
-    if (!knowsAll(choice, now.windows))
-        return std::nullopt;
     if (isScreenItself(connection)) {
         const QRect area = X11Canvas::screenArea(m_request.placements.first().display);
         return finished(connection, extensions, connection.root(), area.topLeft(), now.cursor);

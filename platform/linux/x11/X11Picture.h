@@ -8,6 +8,7 @@
 #include "platform/linux/x11/X11Cursor.h"
 #include "platform/linux/x11/X11Redirection.h"
 
+#include <functional>
 #include <optional>
 
 namespace ardeno {
@@ -17,9 +18,11 @@ class X11Picture final {
 public:
     X11Picture(CanvasRequest request, Exclusion exclusion, DesktopEntries &entries);
 
-    // The picture of the screen as it is; absent when a window must be left out, or when windows come and go too fast
-    // to be sure. Throws Failure and std::bad_alloc, like ofWindows.
+    // The picture of the screen as it is; absent when it may show what must be left out, also when windows come and go
+    // too fast to be sure. Throws Failure and std::bad_alloc, like all of these.
     std::optional<Canvas> ofScreen(const X11Connection &connection, const X11Extensions &extensions);
+    // The same while windows are redirected; absent also when one of them still shows another.
+    std::optional<Canvas> ofScreen(X11Redirection &redirection);
     // The picture put together from the windows.
     Canvas ofWindows(X11Redirection &redirection);
 
@@ -31,8 +34,13 @@ private:
     };
 
     Moment moment(const X11Connection &connection, const X11Extensions &extensions) const;
-    std::optional<Canvas> grabbedScreen(const X11Connection &connection, const X11Extensions &extensions,
-                                        const WindowChoice &choice) const;
+    using IsClean = std::function<bool(const WindowChoice &, const QList<TopLevel> &)>;
+
+    std::optional<Canvas> screenIf(const IsClean &isClean, const X11Connection &connection,
+                                   const X11Extensions &extensions);
+    // Lets the server go as soon as everything is drawn.
+    Canvas grabbedScreen(const X11Connection &connection, const X11Extensions &extensions, const Moment &now,
+                         std::optional<ServerGrab> &grab) const;
     std::optional<Canvas> grabbedWindows(X11Redirection &redirection, const WindowChoice &choice) const;
     void drawDisplays(X11Canvas &canvas, const PaintDesktop &paint) const;
     Canvas finished(const X11Connection &connection, const X11Extensions &extensions, xcb_drawable_t drawable,

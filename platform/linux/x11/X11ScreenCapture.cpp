@@ -37,7 +37,7 @@ Canvas X11ScreenCapture::Worker::picture(const CanvasRequest &request)
     }
     if (held && held->isAlive()) {
         const X11RedirectionHold::Use use = held->use();
-        auto canvas = picture.ofScreen(use.redirection.connection(), use.redirection.extensions());
+        auto canvas = picture.ofScreen(use.redirection);
         return canvas ? std::move(*canvas) : picture.ofWindows(use.redirection);
     }
     {

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/platform/x11screen/ScreenFixture.h"
+#include "tests/platform/x11screen/painter/PaintedWindow.h"
+
+#include "tests/Printing.h"
+#include "tests/desktop/Desktop.h"
+
+using namespace ardeno;
+using namespace ardeno::screen_test;
+
+// What must hold on every desktop, with and without a window manager and a compositing manager.
+TEST_SUITE("exclusion")
+{
+    TEST_CASE_FIXTURE(ScreenFixture, "an excluded application is in no pixel, with all its kinds of windows")
+    {
+        const Painter open({"class=open", "colour=00c000", "geometry=100,100,600,400"});
+        const Painter window({"class=secret", "colour=ff00ff", "geometry=300,200,200,150"});
+        const Painter popup({"class=anything", "colour=00c000", "geometry=50,600,80,80", "kind=popup"});
+        const Painter shaped({"class=secret", "colour=ff00ff", "geometry=600,300,300,300", "shape=cross"});
+        const Painter menu({"class=secret", "colour=ff00ff", "geometry=320,420,150,150", "kind=popup"});
+        const Painter onTop({"class=open", "colour=00c000", "geometry=400,250,60,60", "kind=popup"});
+
+        CHECK(countOf(picture(), secretColour) > 10000);
+        const QImage without = picture({secretID});
+
+        CHECK(countOf(without, secretColour) == 0);
+        // What was below shows itself, and other applications' popups stay.
+        CHECK(without.pixel(350, 260) == openColour);
+        CHECK(without.pixel(430, 280) == openColour);
+        CHECK(without.pixel(90, 640) == openColour);
+        CHECK(countOf(without, openColour) > 600 * 400 - 100);
+        // Where nothing is below, it is the same background as elsewhere.
+        CHECK(without.pixel(750, 450) == without.pixel(1200, 800));
+    }
+
+    TEST_CASE_FIXTURE(ScreenFixture, "a popup that says nothing about itself belongs to its process")
+    {
+        // Both windows in this process: the one that tells the application is excluded, so is the other.
+        const Painter named({"class=secret", "colour=ff00ff", "geometry=100,100,100,100"});
+        const QImage before = picture({secretID});
+        CHECK(countOf(before, secretColour) == 0);
+    }
+
+    TEST_CASE_FIXTURE(ScreenFixture, "a window that is not drawn again does not show what had covered it")
+    {
+        const Painter lazy(
+            {"class=open", "colour=00c000", "geometry=100,100,600,400", "background=none", "drawing=once"});
+        const Painter window({"class=secret", "colour=ff00ff", "geometry=300,200,200,150"});
+
+        const QImage without = picture({secretID});
+
+        CHECK(countOf(without, secretColour) == 0);
+        CHECK(without.pixel(150, 350) == openColour);
+        const QRgb covered = without.pixel(400, 280);
+        CHECK((covered == grey || covered == openColour)); // A compositing manager has kept what it had drawn.
+    }
+
+    TEST_CASE_FIXTURE(ScreenFixture, "a window mapped over an excluded one does not show it until it is drawn")
+    {
+        screen.prepareExclusion({secretID});
+        const Painter window({"class=secret", "colour=ff00ff", "geometry=100,100,400,300"});
+        Painter glass({"class=open", "colour=00c000", "geometry=200,200,500,400", "background=none", "drawing=never"});
+
+        const QImage without = picture({secretID});
+        CHECK(countOf(without, secretColour) == 0);
+        CHECK(without.pixel(400, 300) == grey);
+
+        glass.drawNow();
+        const QImage drawn = picture({secretID});
+        CHECK(countOf(drawn, secretColour) == 0);
+        CHECK(drawn.pixel(400, 300) == openColour);
+        screen.prepareExclusion({});
+    }
+
+    TEST_CASE_FIXTURE(ScreenFixture, "what an excluded window leaves behind on the screen is not handed on")
+    {
+        screen.prepareExclusion({secretID});
+        auto window = std::make_unique<Painter>(
+            QStringList{"class=secret", "colour=ff00ff", "geometry=100,100,400,300", "kind=popup"});
+        Painter glass({"class=open", "colour=00c000", "geometry=200,200,500,400", "background=none", "drawing=never",
+                       "kind=popup"});
+        window.reset();
+
+        // Nothing of an excluded application is mapped, yet its pixels are still in the other window.
+        CHECK(countOf(picture({secretID}), secretColour) == 0);
+    }
+
+    TEST_CASE_FIXTURE(ScreenFixture, "a preparation in good time leaves nothing grey")
+    {
+        screen.prepareExclusion({secretID});
+        const Painter lazy(
+            {"class=open", "colour=00c000", "geometry=100,100,600,400", "background=none", "drawing=once"});
+        const Painter window({"class=secret", "colour=ff00ff", "geometry=300,200,200,150"});
+
+        const QImage without = picture({secretID});
+
+        CHECK(countOf(without, secretColour) == 0);
+        CHECK(without.pixel(400, 280) == openColour);
+    }
+
+    TEST_CASE_FIXTURE(ScreenFixture, "the program's own windows are in no picture")
+    {
+        const Painter open({"class=open", "colour=00c000", "geometry=100,100,600,400"});
+        PaintedWindow own(Painting{.windowClass = "ardeno", .colour = 0x00ffff, .geometry = {300, 200, 200, 150}});
+        own.waitUntilShown();
+        REQUIRE(countOf(peerPicture(), 0xff00ffff) > 10000);
+
+        const QImage without = picture();
+
+        CHECK(countOf(without, 0xff00ffff) == 0);
+        CHECK(without.pixel(400, 280) == openColour);
+    }
+
+    TEST_CASE_FIXTURE(ScreenFixture, "windows that come and go meanwhile neither break pictures nor get into them")
+    {
+        const Painter open({"class=open", "colour=00c000", "geometry=100,100,600,400"});
+        const Painter secret(
+            {"class=secret", "colour=ff00ff", "geometry=300,200,200,150", "kind=popup", "life=flicker"});
+        const Painter other({"class=open", "colour=00c000", "geometry=350,220,300,250", "kind=popup", "life=flicker"});
+        for (int i = 0; i < 30; ++i) {
+            if (i == 15)
+                screen.prepareExclusion({secretID});
+            const QImage without = picture({secretID});
+            REQUIRE(countOf(without, secretColour) == 0);
+            REQUIRE(without.pixel(150, 350) == openColour);
+        }
+    }
+}
