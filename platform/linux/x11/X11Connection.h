@@ -20,8 +20,6 @@ enum class X11Atom {
     EsetrootPixmap,
     GtkApplicationID,
     GtkFrameExtents,
-    GtkUniqueBusName,
-    GtkWindowObjectPath,
     KdeDesktopFile,
     NetActiveWindow,
     NetClientList,
