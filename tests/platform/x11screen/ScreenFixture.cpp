@@ -106,6 +106,7 @@ void ScreenFixture::removeMonitors()
 
 QImage ScreenFixture::picture(X11ScreenCapture &of, const QSet<QString> &excluded)
 {
+    settle();
     CaptureService service(of);
     const QString path = folder.filePath("picture.png");
     finish(service.screenshot(path, excluded));
@@ -117,6 +118,20 @@ QImage ScreenFixture::peerPicture() const
     const QString path = folder.filePath("peer.png");
     REQUIRE(QProcess::execute("maim", {"--hidecursor", path}) == 0);
     return QImage(path).convertToFormat(QImage::Format_RGB32);
+}
+
+// A compositing manager draws what windows show some time after their owners have.
+void ScreenFixture::settle() const
+{
+    if (qEnvironmentVariableIsEmpty("ARDENO_COMPOSITED"))
+        return;
+    const QDeadlineTimer deadline(3'000);
+    QImage before = peerPicture();
+    for (int equal = 0; equal < 3 && !deadline.hasExpired();) {
+        QImage now = peerPicture();
+        equal = now == before ? equal + 1 : 0;
+        before = std::move(now);
+    }
 }
 
 bool ScreenFixture::shows(QRgb colour) const

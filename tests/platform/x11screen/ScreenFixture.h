@@ -77,6 +77,7 @@ struct ScreenFixture {
     X11ScreenCapture screen = X11ScreenCapture("org.ardeno.Ardeno");
 
 private:
+    void settle() const;
     void removeMonitors();
 
     QStringList m_monitors = {};
