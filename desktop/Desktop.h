@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/Documents.h"
+#include "desktop/FileBrowser.h"
 #include "desktop/ScreenAccess.h"
 #include "desktop/ScreenCapture.h"
+#include "desktop/TabSource.h"
 #include "desktop/WindowServer.h"
 #include "desktop/Workspace.h"
 
@@ -30,6 +33,9 @@ struct Desktop {
     std::unique_ptr<WindowServer> windowServer = {};
     std::unique_ptr<ScreenCapture> screenCapture = {};
     std::unique_ptr<ScreenAccess> screenAccess = {};
+    std::unique_ptr<TabSource> tabSource = {};
+    std::unique_ptr<FileBrowser> fileBrowser = {};
+    std::unique_ptr<Documents> documents = {};
 };
 
 } // namespace ardeno

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/Field.h"
+#include "model/PaddedBytes.h"
 #include "support/Date.h"
 
 #include <QByteArrayView>
@@ -18,21 +19,6 @@
 #include <utility>
 
 namespace ardeno::json {
-
-// Bytes to be filled, with the room behind them that the parser may look at.
-class PaddedBytes final {
-public:
-    // Throws std::bad_alloc.
-    explicit PaddedBytes(qsizetype size);
-
-    char *data() { return m_bytes.get(); }
-
-    QByteArrayView view() const { return {m_bytes.get(), m_size}; }
-
-private:
-    std::unique_ptr<char[]> m_bytes;
-    qsizetype m_size;
-};
 
 class Reader;
 
@@ -70,7 +56,7 @@ public:
     bool readBool();
     double readNumber();
     qint64 readInteger(qint64 least, qint64 most, const char *need);
-    QString readText();
+    void readText(QString &value);
     QUuid readUuid();
     void readRecord(void *record, std::span<const FieldReader> fields);
     void readList(void *list, const ListReader &how);
@@ -83,7 +69,7 @@ public:
 private:
     struct State;
 
-    std::unique_ptr<State> m;
+    std::unique_ptr<State> m_state;
 };
 
 // A record together with the bytes it was read from, for as long as those live; without bytes when it is to be written
@@ -98,10 +84,11 @@ struct Verbatim {
 template <typename T>
 T blank()
 {
-    if constexpr (requires { T{.id = QUuid()}; })
+    if constexpr (requires { T{.id = QUuid()}; }) {
         return T{.id = QUuid()};
-    else
+    } else {
         return T{};
+    }
 }
 
 template <typename T>
@@ -167,7 +154,7 @@ inline void read(Reader &reader, Date &value)
 
 inline void read(Reader &reader, QString &value)
 {
-    value = reader.readText();
+    reader.readText(value);
 }
 
 inline void read(Reader &reader, QUuid &value)
@@ -221,10 +208,11 @@ void read(Reader &reader, R &record)
 template <typename T>
 void read(Reader &reader, std::optional<T> &value)
 {
-    if (reader.isNull())
+    if (reader.isNull()) {
         value.reset();
-    else
+    } else {
         read(reader, value.emplace(blank<T>()));
+    }
 }
 
 template <typename T>

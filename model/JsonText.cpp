@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/JsonText.h"
 
+#include "model/PlainText.h"
+
+#include <algorithm>
 #include <array>
 
 namespace ardeno::json {
@@ -43,20 +46,39 @@ char16_t unescaped(char letter)
 
 std::optional<QString> TextDecoder::decode(std::string_view bytes)
 {
-    m_units.clear();
+    // No text has more code units than bytes.
+    if (m_units.size() < bytes.size())
+        m_units.resize(bytes.size());
+    m_unit = m_units.data();
     m_hasSurrogates = m_hasReplaced = false;
     const char *end = bytes.data() + bytes.size();
     for (const char *byte = bytes.data(); byte != end;) {
-        if (static_cast<quint8>(*byte) >= 0x80)
-            byte = decodeMultiByte(byte);
-        else if (*byte != '\\')
-            m_units.push_back(static_cast<char16_t>(*byte++));
-        else if (byte = decodeEscape(byte + 1, end); !byte)
+        while (static_cast<size_t>(end - byte) >= widenedBlock && widenBlock(byte, m_unit)) {
+            byte += widenedBlock;
+            m_unit += widenedBlock;
+        }
+        byte = decodeSome(byte, std::min(byte + widenedBlock, end), end);
+        if (!byte)
             return std::nullopt;
     }
     if (m_hasSurrogates)
         replaceHalves();
-    return QString(reinterpret_cast<const QChar *>(m_units.data()), static_cast<qsizetype>(m_units.size()));
+    return QString(reinterpret_cast<const QChar *>(m_units.data()), m_unit - m_units.data());
+}
+
+// Decodes character by character until the pause has been reached.
+const char *TextDecoder::decodeSome(const char *byte, const char *pause, const char *end)
+{
+    while (byte && byte < pause) {
+        if (static_cast<quint8>(*byte) >= 0x80) {
+            byte = decodeMultiByte(byte);
+        } else if (*byte != '\\') {
+            *m_unit++ = static_cast<char16_t>(*byte++);
+        } else {
+            byte = decodeEscape(byte + 1, end);
+        }
+    }
+    return byte;
 }
 
 const char *TextDecoder::decodeEscape(const char *byte, const char *end)
@@ -66,7 +88,7 @@ const char *TextDecoder::decodeEscape(const char *byte, const char *end)
     if (*byte == 'u')
         return decodeCodeUnit(byte + 1, end);
     const char16_t unit = unescaped(*byte);
-    m_units.push_back(unit);
+    *m_unit++ = unit;
     return unit ? byte + 1 : nullptr;
 }
 
@@ -78,8 +100,9 @@ const char *TextDecoder::decodeCodeUnit(const char *byte, const char *end)
     const unsigned low = hexByte(byte + 2);
     if (high > 0xFF || low > 0xFF)
         return nullptr;
-    m_units.push_back(static_cast<char16_t>(high << 8 | low));
-    m_hasSurrogates = m_hasSurrogates || QChar::isSurrogate(m_units.back());
+    const auto unit = static_cast<char16_t>(high << 8 | low);
+    m_hasSurrogates = m_hasSurrogates || QChar::isSurrogate(unit);
+    *m_unit++ = unit;
     return byte + 4;
 }
 
@@ -88,28 +111,26 @@ const char *TextDecoder::decodeMultiByte(const char *byte)
     const auto lead = static_cast<quint8>(*byte);
     const auto next = [&](int i) { return static_cast<char32_t>(byte[i] & 0x3F); };
     if (lead < 0xE0) {
-        m_units.push_back(static_cast<char16_t>((lead & 0x1F) << 6 | next(1)));
+        *m_unit++ = static_cast<char16_t>((lead & 0x1F) << 6 | next(1));
         return byte + 2;
     }
     if (lead < 0xF0) {
-        m_units.push_back(static_cast<char16_t>((lead & 0x0F) << 12 | next(1) << 6 | next(2)));
+        *m_unit++ = static_cast<char16_t>((lead & 0x0F) << 12 | next(1) << 6 | next(2));
         return byte + 3;
     }
     const char32_t code = static_cast<char32_t>(lead & 0x07) << 18 | next(1) << 12 | next(2) << 6 | next(3);
-    m_units.push_back(QChar::highSurrogate(code));
-    m_units.push_back(QChar::lowSurrogate(code));
+    *m_unit++ = QChar::highSurrogate(code);
+    *m_unit++ = QChar::lowSurrogate(code);
     return byte + 4;
 }
 
 void TextDecoder::replaceHalves()
 {
-    for (size_t i = 0; i < m_units.size(); ++i) {
-        const bool isPair =
-            QChar::isHighSurrogate(m_units[i]) && i + 1 < m_units.size() && QChar::isLowSurrogate(m_units[i + 1]);
-        if (isPair) {
-            ++i;
-        } else if (QChar::isSurrogate(m_units[i])) {
-            m_units[i] = QChar::ReplacementCharacter;
+    for (char16_t *unit = m_units.data(); unit != m_unit; ++unit) {
+        if (QChar::isHighSurrogate(*unit) && unit + 1 != m_unit && QChar::isLowSurrogate(unit[1])) {
+            ++unit;
+        } else if (QChar::isSurrogate(*unit)) {
+            *unit = QChar::ReplacementCharacter;
             m_hasReplaced = true;
         }
     }

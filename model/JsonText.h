@@ -20,12 +20,14 @@ public:
     bool hasReplaced() const { return m_hasReplaced; }
 
 private:
+    const char *decodeSome(const char *byte, const char *pause, const char *end);
     const char *decodeEscape(const char *byte, const char *end);
     const char *decodeCodeUnit(const char *byte, const char *end);
     const char *decodeMultiByte(const char *byte);
     void replaceHalves();
 
     std::vector<char16_t> m_units; // Kept from text to text for its room.
+    char16_t *m_unit = nullptr;    // Where the next one goes.
     bool m_hasSurrogates = false;
     bool m_hasReplaced = false;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/EncodedCheckpoints.h"
+#include "model/LibraryFailure.h"
 #include "model/WorkspaceRecords.h"
 #include "support/AtomicFile.h"
 
@@ -11,15 +12,6 @@
 #include <optional>
 
 namespace ardeno {
-
-// Reasons of failures of domain "Library".
-enum class LibraryFailure {
-    Damaged = 1,      // The content could not be decoded.
-    TooLarge = 2,     // Larger than is read at all.
-    NotAFile = 3,     // A folder, a pipe or a device stands in its place.
-    Newer = 4,        // Written by a later version of the program.
-    DanglingLink = 5, // A link whose file is not there.
-};
 
 // The library file as it was when it was last read or written; plain data, nothing normalised.
 struct LibraryFile {

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/TextPool.h"
 
+#include "model/PlainText.h"
+
 #include <cstring>
+#include <utility>
 
 namespace ardeno::json {
 
@@ -15,7 +18,7 @@ quint64 wordAt(const char *bytes, size_t length)
 }
 
 // Looks at the length, the first and the last bytes and some in the middle: addresses and titles differ at their ends.
-quint64 hashOf(std::string_view bytes)
+quint32 hashOf(std::string_view bytes)
 {
     constexpr quint64 factor = 0x9E3779B97F4A7C15;
     quint64 hash = bytes.size() * factor;
@@ -29,29 +32,14 @@ quint64 hashOf(std::string_view bytes)
         hash ^= wordAt(bytes.data(), bytes.size());
     }
     hash *= factor;
-    return hash ^ (hash >> 32);
-}
-
-// Fixed lengths and no branches, so that the compiler makes vector instructions of the loops.
-constexpr size_t blockLength = 16;
-
-// Whether the block is plain; widens it in any case.
-bool widenBlock(const char *bytes, char16_t *out)
-{
-    quint8 others = 0;
-    for (size_t i = 0; i < blockLength; ++i) {
-        const auto byte = static_cast<quint8>(bytes[i]);
-        others |= static_cast<quint8>(byte & 0x80) | static_cast<quint8>(byte == '\\');
-        out[i] = byte;
-    }
-    return others == 0;
+    return static_cast<quint32>(hash >> 32);
 }
 
 bool widenAll(std::string_view bytes, char16_t *out)
 {
     const char *from = bytes.data();
     const char *end = from + bytes.size();
-    for (; static_cast<size_t>(end - from) >= blockLength; from += blockLength, out += blockLength) {
+    for (; static_cast<size_t>(end - from) >= widenedBlock; from += widenedBlock, out += widenedBlock) {
         if (!widenBlock(from, out))
             return false;
     }
@@ -66,32 +54,35 @@ bool widenAll(std::string_view bytes, char16_t *out)
 
 } // namespace
 
-TextPool::Place *TextPool::placeOf(std::string_view bytes)
+TextPool::Content TextPool::find(std::string_view bytes, QString &text)
 {
-    if (m_places.empty() || bytes.size() > longest)
-        return nullptr;
-    return &m_places[hashOf(bytes) & (m_places.size() - 1)];
-}
-
-TextPool::Found TextPool::text(std::string_view bytes)
-{
-    if (bytes.empty())
-        return {QString(), Content::Plain};
-    Place *place = placeOf(bytes);
-    if (place && place->bytes == bytes)
-        return {place->text, Content::Plain};
-    QString text(static_cast<qsizetype>(bytes.size()), Qt::Uninitialized);
+    if (bytes.empty()) {
+        text.clear();
+        return Content::Plain;
+    }
+    const bool isLooked = !m_places.empty() && bytes.size() <= longest;
+    m_hash = isLooked ? hashOf(bytes) : 0;
+    const size_t place = m_hash & (m_places.size() - 1);
+    if (isLooked && m_marks[place].held == m_hash && m_places[place].bytes == bytes) {
+        text = m_places[place].text;
+        return Content::Plain;
+    }
+    text = QString(static_cast<qsizetype>(bytes.size()), Qt::Uninitialized);
     if (!widenAll(bytes, reinterpret_cast<char16_t *>(text.data())))
-        return {QString(), Content::Other};
-    if (place)
-        *place = {bytes, text};
-    return {std::move(text), Content::Plain};
+        return Content::Other;
+    remember(bytes, text);
+    return Content::Plain;
 }
 
 void TextPool::remember(std::string_view bytes, const QString &text)
 {
-    if (Place *place = placeOf(bytes))
-        *place = {bytes, text};
+    if (m_places.empty() || bytes.size() > longest)
+        return;
+    const size_t place = m_hash & (m_places.size() - 1);
+    if (std::exchange(m_marks[place].seen, m_hash) != m_hash)
+        return;
+    m_marks[place].held = m_hash;
+    m_places[place] = {bytes, text};
 }
 
 } // namespace ardeno::json

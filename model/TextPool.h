@@ -12,34 +12,36 @@ namespace ardeno::json {
 // of times. The bytes given must stay where they are while the pool lives.
 class TextPool final {
 public:
-    // Plain ASCII without a backslash, or absent.
+    // Whether the bytes are ASCII without a backslash, or known.
     enum class Content { Plain, Other };
-
-    struct Found {
-        QString text;
-        Content content;
-    };
 
     // Texts longer than this are not looked up.
     static constexpr size_t longest = 96;
 
     // Remembers that many texts, a power of two; 0 shares nothing.
-    explicit TextPool(size_t places) : m_places(places) {}
+    explicit TextPool(size_t places) : m_marks(places), m_places(places) {}
 
-    // The bytes as a text when they were met before or are plain; with Content::Other the caller has to decode them.
-    Found text(std::string_view bytes);
-    // Remembers what the caller decoded.
+    // Makes the text when the bytes are plain or were met before; with Content::Other the caller has to decode them.
+    Content find(std::string_view bytes, QString &text);
+    // Remembers what the caller decoded, right after find() left it to him.
     void remember(std::string_view bytes, const QString &text);
 
 private:
+    // Hashes of the text held at a place and of the one met there last. Most texts stand in a library only once: a text
+    // is held from the second time on, and until then nothing but this small table is touched.
+    struct Mark {
+        quint32 held = 0;
+        quint32 seen = 0;
+    };
+
     struct Place {
         std::string_view bytes = {};
         QString text = {};
     };
 
-    Place *placeOf(std::string_view bytes);
-
+    std::vector<Mark> m_marks;
     std::vector<Place> m_places;
+    quint32 m_hash = 0; // Of the last text.
 };
 
 } // namespace ardeno::json

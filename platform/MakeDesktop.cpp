@@ -3,8 +3,11 @@
 
 #include "platform/linux/common/DesktopEntries.h"
 #include "platform/linux/common/LinuxRoles.h"
+#include "platform/linux/common/SessionTabs.h"
 #include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11LiveWindows.h"
 #include "platform/linux/x11/X11ScreenAccess.h"
+#include "platform/linux/x11/X11ScreenCapture.h"
 #include "platform/linux/x11/X11WindowServer.h"
 #include "platform/linux/x11/X11Workspace.h"
 #include "platform/null/NullDesktop.h"
@@ -40,8 +43,12 @@ Desktop makeX11Desktop()
     desktop.roles = linuxRoles();
     desktop.workspace = std::make_unique<X11Workspace>(connection, entries);
     desktop.windowServer = std::make_unique<X11WindowServer>(connection, entries);
-    desktop.screenCapture = makeNullScreenCapture("Pictures of the screen are not part of this build.");
+    desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID);
     desktop.screenAccess = std::make_unique<X11ScreenAccess>();
+    desktop.tabSource = std::make_unique<SessionTabs>(x11LiveWindows(connection, entries));
+    Desktop none = makeNullDesktop("x11", "This version of Ardeno cannot read what windows show.", {});
+    desktop.fileBrowser = std::move(none.fileBrowser);
+    desktop.documents = std::move(none.documents);
     return desktop;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/null/NullDesktop.h"
 
+#include "platform/null/NullTabSource.h"
+
 #include <utility>
 
 namespace ardeno {
@@ -68,6 +70,34 @@ public:
     bool ask() override { return false; }
 };
 
+// No folders.
+class NullFileBrowser final : public FileBrowser {
+public:
+    explicit NullFileBrowser(QString reason) : m_reason(std::move(reason)) {}
+
+    Capability availability() const override { return Capability::unavailable(m_reason); }
+
+    QCoro::Task<QList<WindowLocation>> locations() override { co_return {}; }
+
+private:
+    QString m_reason;
+};
+
+// No documents.
+class NullDocuments final : public Documents {
+public:
+    explicit NullDocuments(QString reason) : m_reason(std::move(reason)) {}
+
+    Capability availability() const override { return Capability::unavailable(m_reason); }
+
+    QCoro::Task<QList<WindowLocation>> locations(QSet<qint64>) override { co_return {}; }
+
+    QCoro::Task<QList<WindowLocation>> locationsOf(QString) override { co_return {}; }
+
+private:
+    QString m_reason;
+};
+
 } // namespace
 
 std::unique_ptr<ScreenCapture> makeNullScreenCapture(const QString &reason)
@@ -84,6 +114,9 @@ Desktop makeNullDesktop(const QString &session, const QString &reason, const Des
     desktop.windowServer = std::make_unique<NullWindowServer>(reason);
     desktop.screenCapture = makeNullScreenCapture(reason);
     desktop.screenAccess = std::make_unique<NullScreenAccess>();
+    desktop.tabSource = std::make_unique<NullTabSource>(reason);
+    desktop.fileBrowser = std::make_unique<NullFileBrowser>(reason);
+    desktop.documents = std::make_unique<NullDocuments>(reason);
     return desktop;
 }
 

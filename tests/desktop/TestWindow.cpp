@@ -3,7 +3,6 @@
 
 #include "tests/desktop/Desktop.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -34,6 +33,11 @@ TestWindow::TestWindow(const QRect &geometry, Kind kind)
 
 TestWindow::~TestWindow()
 {
+    // The next connection may get the same numbers: the window manager must have forgotten this window by then, or it
+    // takes its properties from the next one.
+    xcb_destroy_window(m_connection, m_window);
+    xcb_flush(m_connection);
+    eventually([&] { return !hasManager() || !windows(m_root, "_NET_CLIENT_LIST").contains(m_window); });
     xcb_disconnect(m_connection);
 }
 
@@ -112,15 +116,26 @@ bool TestWindow::isVisible()
 
 bool TestWindow::isListed()
 {
+    // Without a window manager nobody keeps a list.
+    return !hasManager() || windows(m_root, "_NET_CLIENT_LIST").contains(m_window);
+}
+
+bool TestWindow::hasManager()
+{
+    const QList<xcb_window_t> check = windows(m_root, "_NET_SUPPORTING_WM_CHECK");
+    return !check.isEmpty() && windows(check.first(), "_NET_SUPPORTING_WM_CHECK") == check;
+}
+
+QList<xcb_window_t> TestWindow::windows(xcb_window_t window, const char *property)
+{
     constexpr uint32_t longest = 4096;
-    const auto cookie =
-        xcb_get_property(m_connection, 0, m_root, atom("_NET_CLIENT_LIST_STACKING"), XCB_ATOM_WINDOW, 0, longest);
+    const auto cookie = xcb_get_property(m_connection, 0, window, atom(property), XCB_ATOM_WINDOW, 0, longest);
     const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection, cookie, nullptr), std::free);
-    if (!reply || reply->type == XCB_ATOM_NONE)
-        return true; // No window manager keeps a list.
-    const auto *windows = static_cast<const xcb_window_t *>(xcb_get_property_value(reply.get()));
+    if (!reply)
+        return {};
+    const auto *values = static_cast<const xcb_window_t *>(xcb_get_property_value(reply.get()));
     const int count = xcb_get_property_value_length(reply.get()) / static_cast<int>(sizeof(xcb_window_t));
-    return std::find(windows, windows + count, m_window) != windows + count;
+    return {values, values + count};
 }
 
 } // namespace ardeno::desktop_test

@@ -29,7 +29,7 @@ QString modelName(const QByteArray &edid)
         if (edid.mid(at, 4) != QByteArray("\x00\x00\x00\xfc", 4))
             continue;
         const QByteArray text = edid.mid(at + textOffset, descriptorLength - textOffset);
-        return QString::fromLatin1(text.split('\n').first()).trimmed();
+        return QString::fromLatin1(text.split('\n').first().split('\0').first()).trimmed();
     }
     return {};
 }

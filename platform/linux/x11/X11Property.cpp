@@ -20,7 +20,8 @@ QByteArray bytesOf(xcb_get_property_reply_t &reply)
     return QByteArray(static_cast<const char *>(xcb_get_property_value(&reply)), xcb_get_property_value_length(&reply));
 }
 
-QString fromCompoundText(const QByteArray &bytes)
+// Compound text without parts in UTF-8.
+QString fromClassicCompoundText(const QByteArray &bytes)
 {
     UErrorCode status = U_ZERO_ERROR;
     UConverter *converter = ucnv_open("x11-compound-text", &status);
@@ -34,6 +35,27 @@ QString fromCompoundText(const QByteArray &bytes)
     if (U_FAILURE(status))
         return QString::fromLatin1(bytes);
     text.truncate(length);
+    return text;
+}
+
+// The converter does not know the escape sequence that leads to UTF-8 and the one that leads back.
+QString fromCompoundText(const QByteArray &bytes)
+{
+    constexpr QByteArrayView toUtf8 = "\x1b%G";
+    constexpr QByteArrayView back = "\x1b%@";
+    QString text;
+    qsizetype at = 0;
+    while (at < bytes.size()) {
+        qsizetype start = bytes.indexOf(toUtf8, at);
+        if (start < 0)
+            start = bytes.size();
+        text += fromClassicCompoundText(bytes.mid(at, start - at));
+        qsizetype end = bytes.indexOf(back, start);
+        if (end < 0)
+            end = bytes.size();
+        text += QString::fromUtf8(bytes.mid(start + toUtf8.size(), end - start - toUtf8.size()));
+        at = end + back.size();
+    }
     return text;
 }
 
@@ -115,14 +137,19 @@ QList<QString> X11Property::texts()
     return parts;
 }
 
-QList<quint32> X11Property::cardinals()
+std::optional<QList<quint32>> X11Property::cardinalsIfSet()
 {
     const auto reply = take();
     if (!reply || reply->format != 32)
-        return {};
+        return std::nullopt;
     QList<quint32> values(xcb_get_property_value_length(reply.get()) / static_cast<int>(sizeof(quint32)));
     std::memcpy(values.data(), xcb_get_property_value(reply.get()), values.size() * sizeof(quint32));
     return values;
+}
+
+QList<quint32> X11Property::cardinals()
+{
+    return cardinalsIfSet().value_or(QList<quint32>());
 }
 
 std::optional<quint32> X11Property::cardinal()

@@ -32,6 +32,8 @@ public:
     QList<QString> texts();
     // Cardinals, atoms and windows; empty when the property is missing or not of 32 bits.
     QList<quint32> cardinals();
+    // The same, but absent when the property is missing.
+    std::optional<QList<quint32>> cardinalsIfSet();
     // Its first cardinal.
     std::optional<quint32> cardinal();
 

@@ -3,7 +3,7 @@
 #include "tests/platform/x11screen/painter/PaintedWindow.h"
 
 #include "support/Failure.h"
-#include "tests/Finish.h"
+#include "support/Finish.h"
 #include "tests/Printing.h"
 #include "tests/desktop/Desktop.h"
 

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/x11screen/ScreenFixture.h"
 
-#include "tests/Finish.h"
+#include "support/Finish.h"
 #include "tests/desktop/Desktop.h"
 
 #include <doctest/doctest.h>
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 
@@ -105,6 +106,7 @@ void ScreenFixture::removeMonitors()
 
 QImage ScreenFixture::picture(X11ScreenCapture &of, const QSet<QString> &excluded)
 {
+    settle();
     CaptureService service(of);
     const QString path = folder.filePath("picture.png");
     finish(service.screenshot(path, excluded));
@@ -116,6 +118,30 @@ QImage ScreenFixture::peerPicture() const
     const QString path = folder.filePath("peer.png");
     REQUIRE(QProcess::execute("maim", {"--hidecursor", path}) == 0);
     return QImage(path).convertToFormat(QImage::Format_RGB32);
+}
+
+// A compositing manager draws what windows show some time after their owners have.
+void ScreenFixture::settle() const
+{
+    if (qEnvironmentVariableIsEmpty("ARDENO_COMPOSITED"))
+        return;
+    const QDeadlineTimer deadline(3'000);
+    QImage before = peerPicture();
+    for (int equal = 0; equal < 3 && !deadline.hasExpired();) {
+        QImage now = peerPicture();
+        equal = now == before ? equal + 1 : 0;
+        before = std::move(now);
+    }
+}
+
+bool ScreenFixture::shows(QRgb colour) const
+{
+    const QDeadlineTimer deadline(10'000);
+    while (countOf(peerPicture(), colour) == 0) {
+        if (deadline.hasExpired())
+            return false;
+    }
+    return true;
 }
 
 void ScreenFixture::movePointer(int x, int y) const

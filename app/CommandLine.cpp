@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/CommandLine.h"
+
+#include "app/Output.h"
+
+#include <algorithm>
+
+namespace ardeno {
+
+namespace {
+
+QCommandLineOption jsonOption()
+{
+    return {"json", "Print exactly one JSON value."};
+}
+
+QList<Command> makeCommands()
+{
+    const QCommandLineOption project("project", "The project's name.", "NAME");
+    return {
+        {"save",
+         "--project NAME [--title TEXT] [--next TEXT] [--tabs|--no-tabs] [--json]",
+         "Saves a checkpoint of the workspace into a project, which is created when there is none of that name.",
+         {project,
+          {"title", "The checkpoint's title.", "TEXT"},
+          {"next", "The next small step.", "TEXT"},
+          {"tabs", "With the open browser tabs."},
+          {"no-tabs", "Without the browser tabs."},
+          jsonOption()},
+         0,
+         runSave},
+        {"list",
+         "[--project NAME] [--json]",
+         "Lists the projects and their checkpoints, newest first.",
+         {project, jsonOption()},
+         0,
+         runList},
+        {"show",
+         "ID [--json]",
+         "Shows one checkpoint; ID is its identifier or the beginning of it.",
+         {jsonOption()},
+         1,
+         runShow},
+        {"exclude",
+         "app ID | domain TEXT",
+         "Leaves an application or a website out of every capture.",
+         {},
+         2,
+         runExclude},
+        {"allow", "app ID | domain TEXT", "Takes an exclusion back.", {}, 2, runAllow},
+        {"exclusions", "[--json]", "Lists what is left out of captures.", {jsonOption()}, 0, runExclusions},
+        {"doctor",
+         "[--json]",
+         "Tells what this desktop session offers, and why not what it does not.",
+         {jsonOption()},
+         0,
+         runDoctor},
+    };
+}
+
+QString generalHelp()
+{
+    QString text = u"Ardeno saves checkpoints of your workspace, so that you can pick up where you left off.\n\n"
+                   "Usage:\n"_qs;
+    for (const Command &command : commands())
+        text += u"  ardeno %1 %2\n      %3\n"_qs.arg(command.name, command.arguments, command.summary);
+    return text + u"  ardeno --version\n  ardeno --help\n  ardeno COMMAND --help\n"_qs;
+}
+
+ExitStatus wrongUsage(const QString &problem, const QString &command = {})
+{
+    printError(problem);
+    printError(command.isEmpty() ? u"See ardeno --help."_qs : u"See ardeno %1 --help."_qs.arg(command));
+    return ExitStatus::WrongUsage;
+}
+
+// What the whole program will do and this version does not; absent for anything else.
+std::optional<QString> missingHere(const QString &command)
+{
+    if (command == "record")
+        return u"This version of Ardeno cannot record work sessions."_qs;
+    if (command == "resume")
+        return u"This version of Ardeno cannot resume checkpoints."_qs;
+    if (command.isEmpty() || command == "quick-save")
+        return u"This version of Ardeno has no window. See ardeno --help for what it does."_qs;
+    return std::nullopt;
+}
+
+ExitStatus runCommand(const Command &command, const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsOptions);
+    parser.addOptions(command.options);
+    parser.addOption({"help", "Shows this help."});
+    if (!parser.parse(QStringList{command.name} + arguments))
+        return wrongUsage(parser.errorText(), command.name);
+    if (parser.isSet("help")) {
+        print(u"Usage: ardeno %1 %2\n%3\n"_qs.arg(command.name, command.arguments, command.summary));
+        return ExitStatus::Done;
+    }
+    if (parser.positionalArguments().size() != command.positionals) {
+        return wrongUsage(u"ardeno %1 takes %2."_qs.arg(command.name, command.positionals == 0 ? u"options only"_qs
+                                                                                               : command.arguments),
+                          command.name);
+    }
+    return command.run(parser);
+}
+
+} // namespace
+
+const QList<Command> &commands()
+{
+    static const QList<Command> all = makeCommands();
+    return all;
+}
+
+ExitStatus runCommandLine(const QStringList &arguments)
+{
+    const QString name = arguments.value(0);
+    if (name == "--help" || name == "-h" || name == "help") {
+        print(generalHelp());
+        return ExitStatus::Done;
+    }
+    if (name == "--version") {
+        print(u"Ardeno %1\n"_qs.arg(ARDENO_VERSION));
+        return ExitStatus::Done;
+    }
+    const auto found = std::find_if(commands().begin(), commands().end(),
+                                    [&](const Command &command) { return command.name == name; });
+    if (found != commands().end())
+        return runCommand(*found, arguments.mid(1));
+    if (const auto reason = missingHere(name)) {
+        printError(*reason);
+        return ExitStatus::NotAvailable;
+    }
+    return wrongUsage(u"There is no command “%1”."_qs.arg(name));
+}
+
+} // namespace ardeno

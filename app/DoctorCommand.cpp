@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Output.h"
+#include "app/StoreAccess.h"
+#include "platform/MakeDesktop.h"
+
+namespace ardeno {
+
+namespace {
+
+// What "doctor --json" prints.
+struct ReportedCapability {
+    QString name = {};
+    QString state = {}; // "available", "needs-consent", "unavailable".
+    QString reason = {};
+
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            Field{"name", &ReportedCapability::name},
+            Field{"state", &ReportedCapability::state},
+            Field{"reason", &ReportedCapability::reason},
+        };
+    }
+};
+
+struct DoctorReport {
+    QString session = {};
+    QList<ReportedCapability> capabilities = {};
+
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            Field{"session", &DoctorReport::session},
+            Field{"capabilities", &DoctorReport::capabilities},
+        };
+    }
+};
+
+QString stateText(Capability::State state)
+{
+    switch (state) {
+    case Capability::State::Available:
+        return "available";
+    case Capability::State::NeedsConsent:
+        return "needs-consent";
+    case Capability::State::Unavailable:
+        break;
+    }
+    return "unavailable";
+}
+
+ReportedCapability reported(const QString &name, const Capability &capability)
+{
+    return {name, stateText(capability.state), capability.reason};
+}
+
+DoctorReport examine(Desktop &desktop)
+{
+    // What this version does not do is as unavailable as what the session does not offer.
+    const auto missing = [](const QString &what) {
+        return Capability::unavailable(u"This version of Ardeno cannot %1."_qs.arg(what));
+    };
+    DoctorReport report;
+    report.session = desktop.session;
+    report.capabilities = {
+        reported("screenshots", desktop.screenCapture->availability()),
+        reported("leaving apps out", desktop.screenCapture->exclusionAvailability()),
+        reported("recording", missing("record work sessions")),
+        reported("application list", desktop.workspace->availability()),
+        reported("window list", desktop.windowServer->availability()),
+        reported("moving windows", missing("move windows")),
+    };
+    for (const Browser &browser : WorkspaceCapture::browsers(*desktop.tabSource))
+        report.capabilities.append(reported("tabs of " + browser.name, desktop.tabSource->availability(browser.id)));
+    report.capabilities += {
+        reported("folders", desktop.fileBrowser->availability()),
+        reported("documents", desktop.documents->availability()),
+        reported("hot key", missing("listen to a hot key")),
+        reported("tray", missing("show a tray item")),
+    };
+    return report;
+}
+
+} // namespace
+
+ExitStatus runDoctor(const QCommandLineParser &parsed)
+{
+    Desktop desktop = makeDesktop();
+    const DoctorReport result = examine(desktop);
+    if (parsed.isSet("json")) {
+        printJson(result);
+        return ExitStatus::Done;
+    }
+    print(u"Session: %1\n"_qs.arg(result.session));
+    for (const ReportedCapability &capability : result.capabilities) {
+        const QString reason = capability.reason.isEmpty() ? QString() : u" – "_qs + capability.reason;
+        print(u"%1  %2%3\n"_qs.arg(capability.name, -16).arg(capability.state, reason));
+    }
+    return ExitStatus::Done;
+}
+
+} // namespace ardeno

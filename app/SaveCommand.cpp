@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Output.h"
+#include "app/StoreAccess.h"
+#include "platform/MakeDesktop.h"
+#include "support/Finish.h"
+#include "support/Text.h"
+
+namespace ardeno {
+
+namespace {
+
+// What "save --json" prints.
+struct SaveResult {
+    QUuid id = {};
+    QString project = {};
+    QString title = {};
+    qint64 apps = 0;
+    qint64 tabs = 0;
+    qint64 windows = 0;
+    std::optional<QString> screenshot = {};
+    QString captureNote = {};
+    QString notice = {};
+
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            Field{"id", &SaveResult::id},
+            Field{"project", &SaveResult::project},
+            Field{"title", &SaveResult::title},
+            Field{"apps", &SaveResult::apps},
+            Field{"tabs", &SaveResult::tabs},
+            Field{"windows", &SaveResult::windows},
+            Field{"screenshot", &SaveResult::screenshot},
+            Field{"captureNote", &SaveResult::captureNote},
+            Field{"notice", &SaveResult::notice},
+        };
+    }
+};
+
+SaveResult describe(const AppStore &store, const Checkpoint &checkpoint)
+{
+    const Project *const project = store.project(checkpoint.projectID.value_or(QUuid()));
+    return {
+        .id = checkpoint.id,
+        .project = project ? project->name : QString(),
+        .title = checkpoint.title,
+        .apps = checkpoint.apps.size(),
+        .tabs = checkpoint.tabs.size(),
+        .windows = checkpoint.windows ? checkpoint.windows->size() : 0,
+        .screenshot = checkpoint.screenshot,
+        .captureNote = checkpoint.captureNote,
+        .notice = store.notice().value_or(QString()),
+    };
+}
+
+void printText(const SaveResult &result)
+{
+    print(u"%1 “%2” in “%3”: %4, %5, %6.\n"_qs.arg(result.notice, oneLine(result.title), oneLine(result.project),
+                                                   Text::counted(result.apps, u"app"_qs, u"apps"_qs),
+                                                   Text::counted(result.tabs, u"tab"_qs, u"tabs"_qs),
+                                                   Text::counted(result.windows, u"window"_qs, u"windows"_qs)));
+    print(u"%1\n%2\n"_qs.arg(result.captureNote, uuidText(result.id)));
+    if (result.screenshot)
+        print(*result.screenshot + '\n');
+}
+
+bool wantsTabs(const QCommandLineParser &parsed, const AppStore &store)
+{
+    if (parsed.isSet("tabs") || parsed.isSet("no-tabs"))
+        return parsed.isSet("tabs");
+    return store.includeBrowser();
+}
+
+ExitStatus failed(const AppStore &store)
+{
+    for (const auto &sentence : {store.captureIssue(), store.error()}) {
+        if (sentence)
+            printError(*sentence);
+    }
+    return ExitStatus::Failed;
+}
+
+ExitStatus save(const QCommandLineParser &parsed, Desktop &desktop)
+{
+    LockedStore locked(desktop, LockedStore::Purpose::Write);
+    AppStore &store = locked.store();
+    const std::optional<QUuid> project = store.createProject(parsed.value("project"));
+    if (!project)
+        return failed(store);
+    const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), wantsTabs(parsed, store)};
+    const std::optional<QUuid> id = finish(store.saveMoment(request));
+    const Checkpoint *const saved = id ? store.checkpoint(*id) : nullptr;
+    if (!saved)
+        return failed(store);
+    const SaveResult result = describe(store, *saved);
+    if (parsed.isSet("json"))
+        printJson(result);
+    else
+        printText(result);
+    return ExitStatus::Done;
+}
+
+} // namespace
+
+ExitStatus runSave(const QCommandLineParser &parsed)
+{
+    if (parsed.value("project").trimmed().isEmpty()) {
+        printError(u"Name the project: ardeno save --project NAME."_qs);
+        return ExitStatus::WrongUsage;
+    }
+    if (parsed.isSet("tabs") && parsed.isSet("no-tabs")) {
+        printError(u"Use either --tabs or --no-tabs."_qs);
+        return ExitStatus::WrongUsage;
+    }
+    try {
+        Desktop desktop = makeDesktop();
+        const Capability pictures = desktop.screenCapture->availability();
+        if (!pictures.isAvailable())
+            throw notAvailable(pictures.reason);
+        return save(parsed, desktop);
+    } catch (const Failure &failure) {
+        return report(failure);
+    }
+}
+
+} // namespace ardeno

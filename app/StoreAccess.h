@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/Command.h"
+#include "model/LibraryLock.h"
+#include "store/AppStore.h"
+
+#include <optional>
+
+namespace ardeno {
+
+// The store as one command uses it: the library is locked first and loaded second.
+class LockedStore final {
+public:
+    enum class Purpose { Read, Write };
+
+    // Throws Failure when another process holds the library. What else went wrong while the store was read is
+    // printed, and the command goes on.
+    LockedStore(Desktop &desktop, Purpose purpose);
+
+    AppStore &store() { return *m_store; }
+
+private:
+    LibraryLock m_lock;
+    std::unique_ptr<AppStore> m_store;
+};
+
+// A desktop for commands that only work on the library: it has none of the session's services.
+Desktop libraryOnlyDesktop();
+
+// Prints the failure; the exit status that belongs to it.
+ExitStatus report(const Failure &failure);
+
+} // namespace ardeno

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/CommandLine.h"
+
+#include <QCoreApplication>
+
+#include <csignal>
+
+int main(int argc, char **argv)
+{
+    // A closed pipe is an error of writing, not the end of a save.
+    std::signal(SIGPIPE, SIG_IGN);
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName("ardeno");
+    QCoreApplication::setApplicationVersion(ARDENO_VERSION);
+    return static_cast<int>(ardeno::runCommandLine(QCoreApplication::arguments().mid(1)));
+}

@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "capture/BrowserTabs.h"
+
+#include "capture/AppleScripts.h"
+
+#include <QRandomGenerator>
+#include <QStringList>
+#include <QStringView>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <exception>
+#include <utility>
+
+namespace ardeno {
+
+namespace {
+
+using WorkspaceCapture::OpenTabs;
+
+OpenTabs unread(const Browser &browser)
+{
+    OpenTabs answer;
+    answer.warning = u"%1 tabs weren’t available. Allow its Automation access in System Settings, then try Add "
+                     u"current tabs again."_qs.arg(browser.name);
+    answer.unreadBrowserIDs.insert(browser.id);
+    return answer;
+}
+
+// The tabs of one browser.
+QCoro::Task<OpenTabs> tabs(TabSource &source, Browser browser)
+{
+    try {
+        const QString script = AppleScripts::openTabs(browser);
+        const TabReport report = co_await source.openTabs(browser, script);
+        OpenTabs answer = report.isComplete ? OpenTabs() : unread(browser);
+        answer.tabs = WorkspaceCapture::parsedTabs(report.records.value_or(QString()), browser);
+        answer.writtenAt = report.writtenAt;
+        co_return answer;
+    } catch (const std::exception &) {
+        co_return unread(browser);
+    }
+}
+
+QCoro::Task<OpenTabs> tabsByFamily(TabSource &source, const Browser &browser)
+{
+    switch (browser.family) {
+    case BrowserFamily::Safari:
+        return WorkspaceCapture::safariTabs(source, browser.id, browser.name);
+    case BrowserFamily::Firefox:
+        return WorkspaceCapture::firefoxTabs(source, browser.id, browser.name);
+    case BrowserFamily::Chromium:
+        break;
+    }
+    return WorkspaceCapture::chromiumTabs(source, browser.id, browser.name);
+}
+
+std::optional<Date> older(std::optional<Date> a, std::optional<Date> b)
+{
+    return a && b ? std::min(*a, *b) : a ? a : b;
+}
+
+// A decimal integer with or without a sign, and nothing else.
+std::optional<qint64> integer(QStringView text)
+{
+    const bool isSigned = text.startsWith('+') || text.startsWith('-');
+    const QStringView digits = text.sliced(isSigned ? 1 : 0);
+    const auto isDigit = [](QChar character) { return character >= '0' && character <= '9'; };
+    bool fits = false;
+    const qint64 number = text.toLongLong(&fits);
+    if (digits.isEmpty() || !std::all_of(digits.begin(), digits.end(), isDigit) || !fits)
+        return std::nullopt;
+    return number;
+}
+
+// As QUuid::createUuid, which spends half of the time of reading many tabs on asking the hardware for each of them.
+QList<QUuid> freshIDs(qsizetype count)
+{
+    QList<quint64> halves(2 * count);
+    QRandomGenerator::global()->fillRange(halves.data(), halves.size());
+    QList<QUuid> ids;
+    for (qsizetype half = 0; half < halves.size(); half += 2) {
+        std::array<uchar, 16> bytes = {};
+        std::memcpy(bytes.data(), &halves[half], bytes.size());
+        bytes[6] = (bytes[6] & 0x0f) | 0x40; // Version 4: random.
+        bytes[8] = (bytes[8] & 0x3f) | 0x80; // Variant of RFC 4122.
+        ids.append(QUuid::fromRfc4122(QByteArrayView(bytes.data(), bytes.size())));
+    }
+    return ids;
+}
+
+std::optional<SavedTab> parsedTab(QStringView record, const Browser &browser, Date now)
+{
+    const bool hasWindowID = browser.family == BrowserFamily::Chromium;
+    const auto fields = record.split(QChar(TabRecords::fieldSeparator));
+    if (fields.size() != (hasWindowID ? 4 : 3))
+        return std::nullopt;
+    const auto window = integer(fields.first());
+    if (!window)
+        return std::nullopt;
+
+    SavedTab tab = {.id = {}};
+    tab.title = fields.last().toString();
+    tab.url = fields.at(fields.size() - 2).toString();
+    tab.window = *window;
+    tab.browserID = browser.id;
+    tab.browserName = browser.name;
+    if (hasWindowID)
+        tab.browserWindowID = fields.at(1).toString();
+    tab.capturedAt = now;
+    if (!tab.safeURL())
+        return std::nullopt;
+    return tab;
+}
+
+// Host and port of an address, in lower case and without the port that goes without saying.
+QString hostKey(QStringView hostAndPort, const QString &scheme)
+{
+    // The colons of an IPv6 address stand inside brackets.
+    const qsizetype colon = hostAndPort.indexOf(':', std::max<qsizetype>(hostAndPort.lastIndexOf(']'), 0));
+    if (colon < 0)
+        return hostAndPort.toString().toLower();
+    const QString host = hostAndPort.first(colon).toString().toLower();
+    const bool isDefault = hostAndPort.sliced(colon + 1).toInt() == (scheme == "https" ? 443 : 80);
+    return isDefault ? host : host + hostAndPort.sliced(colon).toString();
+}
+
+} // namespace
+
+QList<Browser> WorkspaceCapture::browsers(const TabSource &source)
+{
+    QList<Browser> browsers = {
+        {"com.brave.Browser", "Brave", BrowserFamily::Chromium},
+        {"com.google.Chrome", "Chrome", BrowserFamily::Chromium},
+        {"com.apple.Safari", "Safari", BrowserFamily::Safari},
+        {"org.mozilla.firefox", "Firefox", BrowserFamily::Firefox},
+    };
+    return browsers += source.furtherBrowsers();
+}
+
+QCoro::Task<OpenTabs> WorkspaceCapture::browserTabs(TabSource &source, QSet<QString> excludingAppIDs)
+{
+    OpenTabs all;
+    QStringList warnings;
+    bool isBrowserSeen = false;
+    for (const Browser &browser : browsers(source)) {
+        if (excludingAppIDs.contains(browser.id)) {
+            all.unreadBrowserIDs.insert(browser.id);
+            continue;
+        }
+        if (!source.isRunning(browser.id))
+            continue;
+        isBrowserSeen = true;
+        const OpenTabs one = co_await tabsByFamily(source, browser);
+        all.tabs += one.tabs;
+        all.unreadBrowserIDs += one.unreadBrowserIDs;
+        all.writtenAt = older(all.writtenAt, one.writtenAt);
+        if (one.warning)
+            warnings += *one.warning;
+    }
+    if (!isBrowserSeen)
+        warnings += "No supported browser was open. Open Brave, Chrome, Safari, or Firefox, then choose Add current "
+                    "tabs.";
+    if (!warnings.isEmpty())
+        all.warning = warnings.join(' ');
+    co_return all;
+}
+
+QCoro::Task<OpenTabs> WorkspaceCapture::chromiumTabs(TabSource &source, QString id, QString name)
+{
+    return tabs(source, Browser{std::move(id), std::move(name), BrowserFamily::Chromium});
+}
+
+QCoro::Task<OpenTabs> WorkspaceCapture::safariTabs(TabSource &source, QString id, QString name)
+{
+    return tabs(source, Browser{std::move(id), std::move(name), BrowserFamily::Safari});
+}
+
+QCoro::Task<OpenTabs> WorkspaceCapture::firefoxTabs(TabSource &source, QString id, QString name)
+{
+    return tabs(source, Browser{std::move(id), std::move(name), BrowserFamily::Firefox});
+}
+
+QList<SavedTab> WorkspaceCapture::parsedTabs(const QString &records, const Browser &browser)
+{
+    const Date now = Date::now();
+    QList<SavedTab> tabs;
+    for (const QStringView record : QStringView(records).split(QChar(TabRecords::recordSeparator))) {
+        if (auto tab = parsedTab(record, browser, now))
+            tabs.append(std::move(*tab));
+    }
+    const QList<QUuid> ids = freshIDs(tabs.size());
+    for (qsizetype index = 0; index < tabs.size(); ++index)
+        tabs[index].id = ids[index];
+    return tabs;
+}
+
+std::optional<QString> WorkspaceCapture::tabURLKey(const SavedTab &tab)
+{
+    // The text is edited where it has to be: taking the address apart and putting it together would rewrite the rest.
+    const QStringView text = tab.url;
+    const qsizetype schemeEnd = text.indexOf(u"://");
+    if (!tab.safeURL() || schemeEnd < 0)
+        return std::nullopt;
+    const qsizetype start = schemeEnd + 3;
+    const auto endsAuthority = [](QChar character) { return character == '/' || character == '?' || character == '#'; };
+    const qsizetype end = std::find_if(text.begin() + start, text.end(), endsAuthority) - text.begin();
+    const QStringView authority = text.sliced(start, end - start);
+    const qsizetype host = authority.lastIndexOf('@') + 1;
+    const QString scheme = text.first(schemeEnd).toString().toLower();
+    return scheme + "://" + authority.first(host).toString() + hostKey(authority.sliced(host), scheme) +
+           text.sliced(end).toString();
+}
+
+} // namespace ardeno

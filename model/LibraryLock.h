@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "support/FileDescriptor.h"
+
+#include <QString>
+
+#include <chrono>
+#include <optional>
+
+namespace ardeno {
+
+// The right to work with the library, held by one process at a time: the application while it runs, a command while it
+// works. Load the library after the lock is taken. It ends with the object or with the process, however that ends;
+// programs that are started in between do not inherit it.
+class LibraryLock final {
+public:
+    enum class Kind { Command, Application };
+    // A reader needs no lock where nobody could write: without a folder, or in one that is read-only. Only for a writer
+    // is the folder created.
+    enum class Access { Read, Write };
+
+    struct Holder {
+        qint64 process = 0;
+        QString name = {}; // Of the program, as the system knows it.
+        Kind kind = Kind::Command;
+    };
+
+    // What the lock is for.
+    struct Request {
+        QString root; // The library's folder.
+        Kind kind = Kind::Command;
+        Access access = Access::Write;
+    };
+
+    // Absent when another process holds it. Throws Failure when the lock cannot be used at all.
+    static std::optional<LibraryLock> tryLock(const Request &request);
+
+    // Blocks up to that long, then throws Failure that names the process in the way.
+    static LibraryLock waitFor(const Request &request, std::chrono::milliseconds atMost);
+
+    // Who holds the lock now; absent when nobody does or the holder has not said yet.
+    static std::optional<Holder> holder(const QString &root);
+
+    ~LibraryLock();
+    LibraryLock(LibraryLock &&other) noexcept = default;
+    LibraryLock &operator=(LibraryLock &&other) noexcept = default;
+
+    // False for a reader that needs no lock.
+    bool isHeld() const { return static_cast<bool>(m_file); }
+
+private:
+    explicit LibraryLock(FileDescriptor file) : m_file(std::move(file)) {}
+
+    FileDescriptor m_file;
+};
+
+} // namespace ardeno

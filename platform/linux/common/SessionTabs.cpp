@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/common/SessionTabs.h"
+
+#include "platform/linux/common/ChromiumSession.h"
+#include "platform/linux/common/FirefoxSession.h"
+#include "platform/linux/common/SlowWork.h"
+
+#include <QDeadlineTimer>
+#include <QThread>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace ardeno {
+
+namespace {
+
+constexpr std::array readable = {"com.brave.Browser", "com.google.Chrome", "org.mozilla.firefox",
+                                 "org.chromium.Chromium"};
+
+bool isWindowOf(const LiveWindow &window, const BrowserProcess &process, const QString &browserID)
+{
+    return window.processID ? *window.processID == process.id : window.applicationID == browserID;
+}
+
+// A browser without any window on this desktop belongs to another one, or only serves in the background.
+bool hasWindow(const QList<LiveWindow> &windows, const BrowserProcess &process, const QString &browserID)
+{
+    return std::any_of(windows.begin(), windows.end(),
+                       [&](const LiveWindow &window) { return isWindowOf(window, process, browserID); });
+}
+
+// A field as it may stand in a record: without separators and halves of surrogate pairs.
+QString cleaned(QString text)
+{
+    text.replace(QChar(TabRecords::fieldSeparator), ' ').replace(QChar(TabRecords::recordSeparator), ' ');
+    if (!text.isValidUtf16())
+        text = QString::fromUtf8(text.toUtf8());
+    return text;
+}
+
+void addWindow(QString &records, const SessionWindow &window, qsizetype number, const Browser &browser)
+{
+    const QChar separator(TabRecords::fieldSeparator);
+    QString start = QString::number(number) + separator;
+    if (browser.family == BrowserFamily::Chromium)
+        start += window.id.value_or(QString()) + separator;
+    for (const SessionTab &tab : window.tabs)
+        records += start + cleaned(tab.url) + separator + cleaned(shownTitle(tab)) + QChar(TabRecords::recordSeparator);
+}
+
+// What the work on a thread needs, all of it its own.
+struct Reading {
+    Browser browser;
+    QList<BrowserProcess> processes;
+    std::optional<QList<LiveWindow>> live;
+    std::chrono::milliseconds patience;
+
+    BrowserSession session(BrowserProcess process, QDeadlineTimer end) const;
+    TabReport report() const;
+};
+
+BrowserSession Reading::session(BrowserProcess process, QDeadlineTimer end) const
+{
+    constexpr unsigned long pause = 50; // Milliseconds.
+    const auto read = browser.family == BrowserFamily::Firefox ? FirefoxSession::read : ChromiumSession::read;
+    BrowserSession session = read(process);
+    while (session.unreadProfiles > 0 && !end.hasExpired()) {
+        QThread::msleep(pause);
+        BrowserProcesses::refresh(process);
+        session = read(process);
+    }
+    if (!live)
+        return session;
+    QList<LiveWindow> own = *live;
+    own.removeIf([&](const LiveWindow &window) { return !isWindowOf(window, process, browser.id); });
+    session.windows = withoutGhosts(session.windows, own);
+    return session;
+}
+
+TabReport Reading::report() const
+{
+    const QDeadlineTimer end(patience);
+    TabReport report;
+    QString records;
+    qsizetype number = 0;
+    qsizetype readProfiles = 0;
+    for (const BrowserProcess &process : processes) {
+        const BrowserSession one = session(process, end);
+        readProfiles += one.readProfiles;
+        report.isComplete = report.isComplete && one.unreadProfiles == 0;
+        if (one.writtenAt)
+            report.writtenAt = std::min(report.writtenAt.value_or(*one.writtenAt), *one.writtenAt);
+        for (const SessionWindow &window : one.windows) {
+            ++number;
+            if (window.isOrdinary)
+                addWindow(records, window, number, browser);
+        }
+    }
+    if (!report.isComplete && readProfiles == 0)
+        throw Failure("SessionTabs", 1, u"The session of %1 could not be read."_qs.arg(browser.name));
+    report.records = records;
+    return report;
+}
+
+} // namespace
+
+SessionTabs::SessionTabs(LiveWindowList liveWindows, Options options)
+    : m_liveWindows(std::move(liveWindows)), m_options(std::move(options))
+{
+}
+
+QList<Browser> SessionTabs::furtherBrowsers() const
+{
+    return {{"org.chromium.Chromium", "Chromium", BrowserFamily::Chromium}};
+}
+
+Capability SessionTabs::availability(const QString &browserID) const
+{
+    if (std::find(readable.begin(), readable.end(), browserID) != readable.end())
+        return Capability::available();
+    return Capability::unavailable("This browser does not exist on Linux.");
+}
+
+bool SessionTabs::isRunning(const QString &browserID)
+{
+    const auto live = m_liveWindows ? m_liveWindows() : std::nullopt;
+    return !runningProcesses(browserID, live).isEmpty();
+}
+
+QList<BrowserProcess> SessionTabs::runningProcesses(const QString &browserID,
+                                                    const std::optional<QList<LiveWindow>> &live)
+{
+    if (!availability(browserID).isAvailable())
+        return {};
+    QList<BrowserProcess> processes = BrowserProcesses::running(browserID, m_options.processFolder);
+    if (live)
+        processes.removeIf([&](const BrowserProcess &process) { return !hasWindow(*live, process, browserID); });
+    return processes;
+}
+
+QCoro::Task<TabReport> SessionTabs::openTabs(Browser browser, QString)
+{
+    Reading reading;
+    reading.live = m_liveWindows ? m_liveWindows() : std::nullopt;
+    reading.processes = runningProcesses(browser.id, reading.live);
+    reading.browser = std::move(browser);
+    reading.patience = m_options.patience;
+    return SlowWork::withinDeadline([reading = std::move(reading)] { return reading.report(); }, m_options.deadline);
+}
+
+} // namespace ardeno

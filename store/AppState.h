@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "capture/CaptureExclusions.h"
+#include "model/WorkspaceRecords.h"
+#include "services/AppUpdateManifest.h"
+#include "support/Observable.h"
+
+#include <QSet>
+
+namespace ardeno {
+
+class AppStore;
+
+// Everything the interface shows, one line a property. Main thread only.
+struct AppState {
+    template <typename T>
+    using Published = PublishedBy<T, AppStore>;
+
+    // Library.
+    Published<QList<Project>> projects;
+    Published<QList<Checkpoint>> checkpoints;
+    Published<Checkpoint> sampleCheckpoint;
+    Published<QList<Checkpoint>> sampleHistory;
+
+    // Selection.
+    Published<std::optional<QUuid>> selectedProjectID;
+    Published<std::optional<QUuid>> selection; // The checkpoint shown.
+    Editable<bool> launchOverview;
+    Editable<bool> showArchivedProjects;
+    Editable<QString> search;
+
+    // Project dialogs.
+    Editable<std::optional<Project>> editingBlocker;
+    Editable<std::optional<Project>> deletingProject;
+    Editable<bool> showNewProject;
+    Editable<std::optional<QUuid>> draftProjectID;
+    Editable<QString> draftProjectName;
+
+    // Capture form and progress.
+    Editable<bool> showCapture;
+    Editable<bool> showQuickCapture;
+    Published<bool> busy;
+    Published<bool> recording;
+    Editable<bool> pendingRecording;
+    Editable<bool> includeBrowser;
+    Published<std::optional<Date>> startedAt;
+    Editable<QString> draftTitle;
+    Editable<QString> draftNext;
+    Published<std::optional<QString>> captureIssue;
+
+    // Workspace editing.
+    Published<std::optional<WorkspaceRemoval>> lastRemoval;
+    Published<CaptureExclusions> exclusions;
+    Editable<bool> showExclusions;
+    Published<QSet<QString>> runningApplicationIDs;
+
+    // Restore and settings.
+    Editable<bool> showRestore;
+    Editable<bool> showSettings;
+    Editable<int> shortcutChoice;
+    Editable<std::optional<QString>> shortcutIssue; // Reported by whoever holds the shortcut.
+
+    // Screen access.
+    Published<bool> screenAccessGranted;
+    Published<bool> requestingAccess;
+    Published<bool> permissionRequestSent;
+    Published<bool> restartingApp;
+
+    // Updates and prompts.
+    Published<std::optional<AppUpdateManifest>> availableUpdate;
+    Published<bool> checkingForUpdates;
+    Editable<bool> showNewsletterPrompt;
+
+    // Messages, one sentence each; a view clears them when the user dismisses them.
+    Editable<std::optional<QString>> error;
+    Editable<std::optional<QString>> notice;
+};
+
+} // namespace ardeno

@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/AppStore.h"
+
+#include "model/Json.h"
+#include "store/MediaStaging.h"
+#include "store/PreferenceKeys.h"
+
+namespace ardeno {
+
+namespace {
+
+std::optional<QUuid> toUuid(const std::optional<QString> &text)
+{
+    const QUuid id(text.value_or(QString()));
+    return id.isNull() ? std::nullopt : std::optional(id);
+}
+
+QSet<QString> identifiers(const QList<RunningApplication> &applications)
+{
+    QSet<QString> ids;
+    for (const RunningApplication &application : applications)
+        ids.insert(application.id);
+    ids.remove({});
+    return ids;
+}
+
+} // namespace
+
+AppStore::AppStore(Desktop &desktop, StoreParts parts)
+    : m_desktop(desktop),
+      m_preferences(std::move(parts.preferences)),
+      m_repository(std::move(parts.repository)),
+      m_checkScreenAccess(std::move(parts.checkScreenAccess)),
+      m_askScreenAccess(std::move(parts.askScreenAccess)),
+      m_verifyScreenAccess(std::move(parts.verifyScreenAccess)),
+      m_runningApplicationIDs(std::move(parts.runningApplicationIDs)),
+      m_capture(*desktop.screenCapture)
+{
+    if (!m_checkScreenAccess)
+        m_checkScreenAccess = [this] { return m_desktop.screenAccess->check(); };
+    if (!m_askScreenAccess)
+        m_askScreenAccess = [this] { return m_desktop.screenAccess->ask(); };
+    if (!m_verifyScreenAccess)
+        m_verifyScreenAccess = [this] { return m_capture.verifyAccess(); };
+    if (!m_runningApplicationIDs)
+        m_runningApplicationIDs = [this] { return identifiers(m_desktop.workspace->runningApplications()); };
+    readPreferences();
+    readExclusions();
+    readLibrary();
+    chooseFirstProject();
+}
+
+template <typename T>
+void AppStore::mirror(Editable<T> &property, PreferenceKey<T> key)
+{
+    property.set(m_preferences.value(key).value_or(T()));
+    m_mirrors.push_back(property.addNotifier([this, &property, key] { m_preferences.setValue(key, property()); }));
+}
+
+void AppStore::readPreferences()
+{
+    if (!m_preferences.unreadableNote().isEmpty())
+        reportAtStart(m_preferences.unreadableNote());
+    mirror(includeBrowser, keys::includeBrowser);
+    mirror(shortcutChoice, keys::quickSaveShortcut);
+    mirror(draftProjectName, keys::draftProjectName);
+    mirror(draftTitle, keys::captureDraftTitle);
+    mirror(draftNext, keys::captureDraftNext);
+    mirror(launchOverview, keys::launchOverview);
+    mirrorDraftProject();
+    pendingRecording.set(m_preferences.value(keys::captureDraftRecording).value_or(false));
+    showCapture.set(m_preferences.value(keys::resumeCaptureSetup).value_or(false));
+}
+
+void AppStore::mirrorDraftProject()
+{
+    draftProjectID.set(toUuid(m_preferences.value(keys::draftProjectID)));
+    m_mirrors.push_back(draftProjectID.addNotifier([this] {
+        if (draftProjectID())
+            m_preferences.setValue(keys::draftProjectID, uuidText(*draftProjectID()));
+        else
+            m_preferences.remove(keys::draftProjectID);
+    }));
+}
+
+void AppStore::readExclusions()
+{
+    const std::optional<QByteArray> stored = m_preferences.value(keys::captureExclusions);
+    if (!stored)
+        return;
+    try {
+        exclusions.set(json::decode<CaptureExclusions>(*stored));
+    } catch (const Failure &failure) {
+        m_preferences.setValue(keys::unreadableExclusions, *stored);
+        reportAtStart(tr("Your capture exclusions could not be read, so nothing is left out of captures until you set "
+                         "them again. ") +
+                      failure.description());
+    }
+}
+
+void AppStore::readLibrary()
+{
+    try {
+        WorkspaceLibrary library = m_repository.loadLibrary();
+        QSet<QUuid> existing;
+        for (const Checkpoint &checkpoint : library.checkpoints)
+            existing.insert(checkpoint.id);
+        // Without any checkpoint the file may just be missing for the moment: then nothing is removed.
+        if (!existing.isEmpty())
+            MediaStaging::resolveLeftovers(m_repository.root(), existing);
+        const PublishTogether group;
+        projects.publish(std::move(library.projects));
+        checkpoints.publish(std::move(library.checkpoints));
+        m_isLibraryRead = true;
+    } catch (const Failure &failure) {
+        reportAtStart(tr("Your saved checkpoints could not be read. Existing files have been left in place. ") +
+                      failure.description());
+    }
+}
+
+void AppStore::chooseFirstProject()
+{
+    if (launchOverview())
+        return;
+    const std::optional<QUuid> last = toUuid(m_preferences.value(keys::lastOpenedProjectID));
+    const QList<Project> available = availableProjects();
+    if (last && project(*last))
+        selectProject(*last);
+    else if (!available.isEmpty())
+        selectProject(available.first().id);
+}
+
+void AppStore::reportAtStart(const QString &sentence)
+{
+    // Several things can be wrong at once; none hides another.
+    error.set(error() ? *error() + ' ' + sentence : sentence);
+}
+
+void AppStore::clearMessages()
+{
+    error.set(std::nullopt);
+    notice.set(std::nullopt);
+}
+
+WorkspaceLibrary AppStore::library() const
+{
+    return {WorkspaceLibrary::currentVersion, projects(), checkpoints()};
+}
+
+bool AppStore::commit(WorkspaceLibrary library, const QString &failurePrefix)
+{
+    library.assignMissingProjects(); // What is published is what is written.
+    try {
+        m_repository.saveLibrary(library);
+    } catch (const Failure &failure) {
+        error.set(failurePrefix + failure.description());
+        return false;
+    }
+    const PublishTogether group; // No observer sees half of the change.
+    projects.publish(std::move(library.projects));
+    checkpoints.publish(std::move(library.checkpoints));
+    return true;
+}
+
+void AppStore::refreshScreenAccess()
+{
+    screenAccessGranted.set(m_checkScreenAccess());
+    if (screenAccessGranted())
+        captureIssue.set(std::nullopt);
+}
+
+void AppStore::refreshRunningApplications()
+{
+    runningApplicationIDs.set(m_runningApplicationIDs());
+}
+
+} // namespace ardeno

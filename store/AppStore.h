@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "capture/BrowserTabs.h"
+#include "capture/CaptureService.h"
+#include "desktop/Desktop.h"
+#include "model/CheckpointRepository.h"
+#include "store/AppState.h"
+#include "support/Preferences.h"
+
+#include <QCoreApplication>
+#include <QCoroTask>
+
+#include <functional>
+#include <vector>
+
+namespace ardeno {
+
+// What the store is built from; the functions have the desktop's own as defaults and can be replaced.
+struct StoreParts {
+    Preferences preferences = Preferences(Preferences::defaultFolder());
+    CheckpointRepository repository = CheckpointRepository(CheckpointRepository::defaultRoot());
+    std::function<bool()> checkScreenAccess = {};
+    std::function<bool()> askScreenAccess = {};
+    std::function<QCoro::Task<void>()> verifyScreenAccess = {};
+    std::function<QSet<QString>()> runningApplicationIDs = {};
+    bool seedStarterExample = false;
+};
+
+enum class CaptureKind { Checkpoint, Session };
+enum class CaptureForm { Sheet, QuickPanel };
+
+// One immediate checkpoint to be saved, apart from the form and its drafts.
+struct CaptureRequest {
+    QUuid projectID = {};
+    QString title = {}; // Empty: named after the time.
+    QString next = {};
+    bool includeBrowser = false;
+};
+
+// The application's one state object: its properties are those of AppState, its operations are all a user can do.
+// Every change of the library is written first and published second. Messages go to notice, error and captureIssue.
+class AppStore final : public AppState {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::AppStore)
+
+public:
+    // Reads the settings and the library; a library that cannot be read is left in place and named in error. The
+    // desktop outlives the store.
+    explicit AppStore(Desktop &desktop, StoreParts parts = {});
+
+    // Projects.
+    std::optional<QUuid> createProject(const QString &name);
+    void selectProject(const QUuid &id);
+    void selectCheckpoint(const std::optional<QUuid> &id);
+    // Back to the overview of all projects that are not archived.
+    void showProjects();
+    bool setProjectBlocker(const QUuid &id, const std::optional<QString> &reason);
+    bool setProjectArchived(const QUuid &id, bool archived);
+    void reorderProjects(const QUuid &dragged, const QUuid &target, const QList<QUuid> &visibleIDs);
+    void deleteProject(const QUuid &id);
+    QList<Project> availableProjects() const;
+    QList<Project> filteredProjects() const;
+    const Project *selectedProject() const;
+    const Project *project(const QUuid &id) const;
+
+    // False when the library exists and could not be read at start; the lists are then empty.
+    bool isLibraryRead() const { return m_isLibraryRead; }
+
+    // Checkpoints.
+    QList<Checkpoint> checkpointsFor(const QUuid &projectID) const;
+    const Checkpoint *selected() const; // The checkpoint shown.
+    const Checkpoint *checkpoint(const QUuid &id) const;
+    bool save(Checkpoint checkpoint);
+    void deleteCheckpoint(const QUuid &id);
+
+    // Capturing.
+    void requestCapture(CaptureKind kind, CaptureForm form);
+    QCoro::Task<void> captureMoment(QString title, QString next, CaptureKind kind);
+    void cancelCapture();
+    // Saves without the form: its drafts stay as they are. The id of the checkpoint, absent after a failure.
+    QCoro::Task<std::optional<QUuid>> saveMoment(CaptureRequest request);
+    // The open tabs that a capture keeps: without excluded browsers and websites.
+    QCoro::Task<WorkspaceCapture::OpenTabs> capturedTabs();
+    void refreshScreenAccess();
+    void refreshRunningApplications();
+
+    // Exclusions.
+    bool excludeApp(const SavedApp &app);
+    bool allowApp(const QString &id);
+    bool excludeDomain(const QString &text); // False when the text is no valid domain or address.
+    bool allowDomain(const QString &domain);
+
+private:
+    // Start-up.
+    void readPreferences();
+    void readExclusions();
+    void readLibrary();
+    void chooseFirstProject();
+    template <typename T>
+    void mirror(Editable<T> &property, PreferenceKey<T> key);
+    void mirrorDraftProject();
+    void setSelectedProjectID(const std::optional<QUuid> &id);
+    void reportAtStart(const QString &sentence);
+
+    // The only way to change the library: on disk first, on screen second.
+    bool commit(WorkspaceLibrary library, const QString &failurePrefix);
+    WorkspaceLibrary library() const;
+    bool updateProject(const QUuid &id, const std::function<void(Project &)> &change);
+    void clearMessages();
+    void forgetProject(const QUuid &id);
+    void reportRemainingMedia(const QString &prefix, const QString &folder, const Failure &failure);
+
+    // Capturing.
+    std::optional<QUuid> draftProject();
+    QCoro::Task<std::optional<QUuid>> capture(CaptureRequest request);
+    QCoro::Task<void> fill(Checkpoint *checkpoint, bool withTabs);
+    QCoro::Task<void> takePicture(Checkpoint *checkpoint);
+    bool refuseUnsupported(CaptureKind kind);
+    void finishForm();
+    bool saveExclusions(const CaptureExclusions &changed);
+
+    Desktop &m_desktop;
+    Preferences m_preferences;
+    CheckpointRepository m_repository;
+    std::function<bool()> m_checkScreenAccess;
+    std::function<bool()> m_askScreenAccess;
+    std::function<QCoro::Task<void>()> m_verifyScreenAccess;
+    std::function<QSet<QString>()> m_runningApplicationIDs;
+    CaptureService m_capture;
+    bool m_isLibraryRead = false;
+    std::optional<Checkpoint> m_active; // The checkpoint being recorded.
+    std::vector<QPropertyNotifier> m_mirrors;
+};
+
+} // namespace ardeno

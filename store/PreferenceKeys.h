@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "support/Preferences.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+
+// Every stored setting of the application, with its type.
+namespace ardeno::keys {
+
+inline constexpr PreferenceKey<bool> includeBrowser{"includeBrowser"};
+inline constexpr PreferenceKey<QDateTime> lastUpdateCheck{"lastUpdateCheck"};
+inline constexpr PreferenceKey<QByteArray> captureExclusions{"captureExclusions"}; // JSON of CaptureExclusions.
+// The bytes that were stored under "captureExclusions" and could not be decoded.
+inline constexpr PreferenceKey<QByteArray> unreadableExclusions{"captureExclusionsUnreadable"};
+inline constexpr PreferenceKey<int> quickSaveShortcut{"quickSaveShortcut"};
+inline constexpr PreferenceKey<QString> draftProjectID{"draftProjectID"}; // UUID text.
+inline constexpr PreferenceKey<QString> draftProjectName{"draftProjectName"};
+inline constexpr PreferenceKey<QString> captureDraftTitle{"captureDraftTitle"};
+inline constexpr PreferenceKey<QString> captureDraftNext{"captureDraftNext"};
+inline constexpr PreferenceKey<bool> captureDraftRecording{"captureDraftRecording"};
+inline constexpr PreferenceKey<bool> resumeCaptureSetup{"resumeCaptureSetup"};
+inline constexpr PreferenceKey<bool> starterExampleMigrationV2{"starterExampleMigrationV2"};
+inline constexpr PreferenceKey<bool> launchOverview{"launchOverview"};
+inline constexpr PreferenceKey<QString> lastOpenedProjectID{"lastOpenedProjectID"}; // UUID text.
+inline constexpr PreferenceKey<bool> newsletterPromptDismissed{"newsletterPromptDismissed"};
+
+} // namespace ardeno::keys

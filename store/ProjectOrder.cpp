@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/ProjectOrder.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+namespace ardeno {
+
+namespace {
+
+const Project *find(const QList<Project> &projects, const QUuid &id)
+{
+    const auto found = std::find_if(projects.begin(), projects.end(), [&](const Project &p) { return p.id == id; });
+    return found == projects.end() ? nullptr : &*found;
+}
+
+bool mayMove(const QList<Project> &projects, const QUuid &dragged, const QUuid &target)
+{
+    const Project *const draggedProject = find(projects, dragged);
+    const Project *const targetProject = find(projects, target);
+    return dragged != target && draggedProject && targetProject && !draggedProject->isSample &&
+           draggedProject->archivedAt.has_value() == targetProject->archivedAt.has_value();
+}
+
+} // namespace
+
+std::optional<QList<Project>> ProjectOrder::moved(const QList<Project> &projects, const QUuid &dragged,
+                                                  const QUuid &target, const QList<QUuid> &visibleIDs)
+{
+    if (!mayMove(projects, dragged, target) || !visibleIDs.contains(dragged) || !visibleIDs.contains(target))
+        return std::nullopt;
+    QList<QUuid> order = visibleIDs;
+    order.removeAll(dragged);
+    order.insert(order.indexOf(target), dragged);
+
+    QHash<QUuid, Project> byID;
+    for (const Project &project : projects)
+        byID.insert(project.id, project);
+    // Rows of projects that no longer exist have no slot to fill.
+    order.removeIf([&](const QUuid &id) { return !byID.contains(id); });
+
+    QList<Project> result = projects;
+    auto next = order.cbegin();
+    for (Project &slot : result) {
+        if (order.contains(slot.id))
+            slot = byID.value(*next++);
+    }
+    if (result == projects)
+        return std::nullopt;
+    return result;
+}
+
+QList<Checkpoint> ProjectOrder::newestFirst(const QList<Checkpoint> &checkpoints, const QUuid &projectID)
+{
+    QList<Checkpoint> own;
+    std::copy_if(checkpoints.begin(), checkpoints.end(), std::back_inserter(own),
+                 [&](const Checkpoint &checkpoint) { return checkpoint.projectID == projectID; });
+    std::stable_sort(own.begin(), own.end(),
+                     [](const Checkpoint &a, const Checkpoint &b) { return a.createdAt > b.createdAt; });
+    return own;
+}
+
+std::optional<QUuid> ProjectOrder::neighbour(const QList<Checkpoint> &newestFirst, const QUuid &id)
+{
+    const auto found = std::find_if(newestFirst.begin(), newestFirst.end(),
+                                    [&](const Checkpoint &checkpoint) { return checkpoint.id == id; });
+    if (found == newestFirst.end())
+        return std::nullopt;
+    if (found != newestFirst.begin())
+        return std::prev(found)->id;
+    const auto older = std::next(found);
+    return older == newestFirst.end() ? std::nullopt : std::optional(older->id);
+}
+
+} // namespace ardeno

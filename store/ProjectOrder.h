@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "model/WorkspaceRecords.h"
+
+// The rules of the project and checkpoint lists.
+namespace ardeno::ProjectOrder {
+
+// The list with the dragged project in front of the target; visibleIDs are the rows the user sees, in their order.
+// Projects that are not visible keep their places. Absent when the move is not allowed or changes nothing.
+std::optional<QList<Project>> moved(const QList<Project> &projects, const QUuid &dragged, const QUuid &target,
+                                    const QList<QUuid> &visibleIDs);
+
+// The project's checkpoints, newest first.
+QList<Checkpoint> newestFirst(const QList<Checkpoint> &checkpoints, const QUuid &projectID);
+
+// The checkpoint to show when this one goes: the next newer of its project, else the next older.
+std::optional<QUuid> neighbour(const QList<Checkpoint> &newestFirst, const QUuid &id);
+
+} // namespace ardeno::ProjectOrder

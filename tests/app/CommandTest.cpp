@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/app/Program.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QImage>
+#include <QJsonArray>
+#include <QThread>
+
+#include <csignal>
+#include <sys/file.h>
+
+using namespace ardeno;
+
+namespace {
+
+// A terminal whose window is on screen.
+struct Terminal {
+    QProcess process;
+
+    explicit Terminal(const QString &title)
+    {
+        process.start("xterm", {"-geometry", "60x20+200+150", "-T", title, "-e", "sleep 300"});
+        REQUIRE(process.waitForStarted());
+        const QDeadlineTimer deadline(20'000);
+        while (!isListed(title) && !deadline.hasExpired())
+            QThread::msleep(20);
+        REQUIRE(isListed(title));
+    }
+
+    ~Terminal()
+    {
+        process.kill();
+        process.waitForFinished();
+    }
+
+    static bool isListed(const QString &title)
+    {
+        QProcess list;
+        list.start("wmctrl", {"-l"});
+        list.waitForFinished();
+        return QString::fromUtf8(list.readAllStandardOutput()).contains(title);
+    }
+};
+
+QStringList titles(const QJsonArray &records)
+{
+    QStringList titles;
+    for (const QJsonValue &record : records)
+        titles << record.toObject().value("title").toString();
+    return titles;
+}
+
+} // namespace
+
+TEST_CASE_FIXTURE(ProgramFixture, "a checkpoint is saved, listed and shown as the library stores it")
+{
+    const Terminal terminal("ablation run");
+    const ProgramResult saved =
+        run({"save", "--project", " Thesis ", "--next", "Re-run the ablation", "--no-tabs", "--json"});
+    CAPTURE(saved.error);
+    REQUIRE(saved.status == 0);
+    CHECK(saved.error.isEmpty());
+    const QString id = saved.json().value("id").toString();
+    CHECK(saved.json().value("project") == "Thesis");
+    CHECK(saved.json().value("apps") == 1);
+    CHECK(saved.json().value("windows") == 1);
+    CHECK(saved.json().value("tabs") == 0);
+    CHECK(saved.json().value("notice") == "Checkpoint saved.");
+
+    const QJsonObject listed = run({"list", "--json"}).json();
+    const QJsonObject checkpoint =
+        listed.value("projects").toArray().at(0).toObject().value("checkpoints").toArray().at(0).toObject();
+    CHECK(checkpoint.value("id") == id);
+    CHECK(checkpoint.value("displayName") == "Re-run the ablation");
+    CHECK(QDateTime::fromString(checkpoint.value("createdAt").toString(), Qt::ISODate).isValid());
+
+    const QJsonObject shown = run({"show", id.first(6).toLower(), "--json"}).json();
+    CHECK(shown == library().value("checkpoints").toArray().at(0).toObject());
+    CHECK(shown.value("apps").toArray().at(0).toObject().value("id") == "debian-xterm");
+    CHECK(titles(shown.value("windows").toArray()) == QStringList{"ablation run"});
+    const QImage picture(shown.value("screenshot").toString());
+    CHECK(picture.size() == QSize(1920, 1080));
+    CHECK(run({"show", id}).out.contains("Next step   Re-run the ablation"));
+}
+
+TEST_CASE_FIXTURE(ProgramFixture, "an excluded application is in no list, and allowing it brings it back")
+{
+    const Terminal terminal("secret work");
+    CHECK(run({"exclude", "app", "debian-xterm"}).status == 0);
+    CHECK(run({"exclude", "domain", "HTTPS://Bank.Example/account"}).status == 0);
+    CHECK(run({"exclusions", "--json"}).out ==
+          "{\"apps\":[{\"id\":\"debian-xterm\",\"name\":\"XTerm\"}],\"domains\":[\"bank.example\"]}\n");
+    REQUIRE(run({"save", "--project", "Thesis", "--no-tabs"}).status == 0);
+    QFile file(libraryPath());
+    REQUIRE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    CHECK_FALSE(bytes.contains("secret work"));
+    CHECK_FALSE(bytes.contains("debian-xterm"));
+
+    CHECK(run({"allow", "app", "debian-xterm"}).status == 0);
+    CHECK(run({"allow", "domain", "bank.example"}).status == 0);
+    const ProgramResult again = run({"allow", "domain", "bank.example"});
+    CHECK(again.status == 1);
+    CHECK(again.error == "“bank.example” is not excluded.\n");
+    CHECK(run({"save", "--project", "Thesis", "--no-tabs", "--json"}).json().value("windows") == 1);
+}
+
+TEST_CASE_FIXTURE(ProgramFixture, "each kind of failure has its exit status and names its reason")
+{
+    struct Case {
+        QStringList arguments;
+        int status;
+        QByteArray message;
+    };
+
+    const QList<Case> cases = {
+        {{"save"}, 2, "Name the project"},
+        {{"save", "--project", "  "}, 2, "Name the project"},
+        {{"save", "--project", "A", "--tabs", "--no-tabs"}, 2, "either --tabs or --no-tabs"},
+        {{"save", "--project", "A", "surplus"}, 2, "options only"},
+        {{"save", "--projct", "A"}, 2, "projct"},
+        {{"save", "--project"}, 2, "project"},
+        {{"fly"}, 2, "There is no command “fly”."},
+        {{"show"}, 2, "ID"},
+        {{"exclude", "window", "x"}, 2, "app ID"},
+        {{"exclude", "domain", "*.example.com"}, 1, "Enter a valid website domain or an http/https URL."},
+        {{"show", "ABC"}, 1, "There is no checkpoint “ABC”."},
+        {{"list", "--project", "None"}, 1, "There is no project “None”."},
+        {{"record", "start", "--project", "A"}, 3, "cannot record"},
+        {{"resume", "--latest"}, 3, "cannot resume"},
+    };
+    for (const Case &one : cases) {
+        CAPTURE(one.arguments);
+        const ProgramResult result = run(one.arguments);
+        CHECK(result.status == one.status);
+        CHECK(result.error.contains(one.message));
+        CHECK(result.out.isEmpty());
+    }
+    CHECK_FALSE(QFile::exists(root()));
+}
+
+TEST_CASE_FIXTURE(ProgramFixture, "a session without pictures is refused with its reason, and nothing is written")
+{
+    const auto refuses = [this](const QByteArray &reason) {
+        const ProgramResult result = run({"save", "--project", "A", "--no-tabs"});
+        CHECK(result.status == 3);
+        CHECK(result.error.contains(reason));
+        CHECK_FALSE(QFile::exists(libraryPath()));
+        CHECK(run({"list"}).status == 0);
+        return run({"doctor", "--json"}).json();
+    };
+    const QString display = environment.value("DISPLAY");
+
+    environment.insert("WAYLAND_DISPLAY", "wayland-0");
+    CHECK(refuses("Wayland").value("session") == "wayland");
+    environment.remove("WAYLAND_DISPLAY");
+    environment.insert("DISPLAY", ":99999");
+    CHECK(refuses(":99999").value("session") == "none");
+    environment.remove("DISPLAY");
+    const QJsonArray capabilities = refuses("display").value("capabilities").toArray();
+    CHECK(capabilities.at(0).toObject().value("state") == "unavailable");
+    CHECK_FALSE(capabilities.at(0).toObject().value("reason").toString().isEmpty());
+
+    environment.insert("DISPLAY", display);
+    const QJsonObject report = run({"doctor", "--json"}).json();
+    CHECK(report.value("session") == "x11");
+    CHECK(report.value("capabilities").toArray().at(0).toObject().value("state") == "available");
+}
+
+TEST_CASE_FIXTURE(ProgramFixture, "commands at the same time lose nothing of each other")
+{
+    std::vector<std::unique_ptr<QProcess>> processes;
+    for (int i = 0; i < 4; ++i) {
+        processes.push_back(start({"save", "--project", QString("Project %1").arg(i % 2), "--no-tabs"}));
+        processes.push_back(start({"exclude", "domain", QString("site%1.example").arg(i)}));
+    }
+    for (const auto &process : processes)
+        CHECK(end(*process).status == 0);
+    CHECK(library().value("checkpoints").toArray().size() == 4);
+    CHECK(library().value("projects").toArray().size() == 2);
+    const QJsonObject exclusions = run({"exclusions", "--json"}).json();
+    CHECK(exclusions.value("domains").toArray().size() == 4);
+}
+
+TEST_CASE_FIXTURE(ProgramFixture,
+                  "a library held by a process that does not go on is left alone, and that process named")
+{
+    REQUIRE(run({"save", "--project", "A", "--no-tabs"}).status == 0);
+    QFile lock(root() + "/lock");
+    REQUIRE(lock.open(QIODevice::ReadWrite));
+    REQUIRE(::flock(lock.handle(), LOCK_EX) == 0);
+    lock.resize(0);
+    lock.write(QByteArray::number(QCoreApplication::applicationPid()) + " command\n");
+    lock.flush();
+
+    const ProgramResult result = run({"save", "--project", "B", "--no-tabs"});
+    CHECK(result.status == 1);
+    CHECK(result.error.contains(QByteArray::number(QCoreApplication::applicationPid())));
+    CHECK(library().value("projects").toArray().size() == 1);
+}
+
+TEST_CASE_FIXTURE(ProgramFixture, "a program killed at any moment leaves a library that reads")
+{
+    REQUIRE(run({"save", "--project", "A", "--no-tabs"}).status == 0);
+    for (int delay = 5; delay <= 125; delay += 15) {
+        const auto process = start({"save", "--project", "A", "--no-tabs"});
+        process->waitForFinished(delay);
+        process->kill();
+        process->waitForFinished();
+        REQUIRE_FALSE(library().isEmpty());
+    }
+    const int before = int(library().value("checkpoints").toArray().size());
+    CHECK(run({"save", "--project", "A", "--no-tabs"}).status == 0);
+    CHECK(library().value("checkpoints").toArray().size() == before + 1);
+}
+
+TEST_CASE_FIXTURE(ProgramFixture, "names of any kind come through, and a terminal is never sent control characters")
+{
+    const QString odd = u"🧪 שלום \u202e\u001b[31mred\nline2"_qs + QString(10'000, 'x');
+    const ProgramResult saved = run({"save", "--project", odd, "--title", odd, "--no-tabs", "--json"});
+    REQUIRE(saved.status == 0);
+    CHECK(saved.json().value("title") == odd);
+    CHECK(library().value("projects").toArray().at(0).toObject().value("name") == odd);
+    const QByteArray text = run({"list"}).out + run({"show", saved.json().value("id").toString()}).out;
+    CHECK_FALSE(text.contains('\x1b'));
+    CHECK(text.contains("🧪 שלום"));
+}
+
+TEST_CASE_FIXTURE(ProgramFixture, "a library that cannot be read is reported, kept, and replaced only beside its copy")
+{
+    QDir().mkpath(root());
+    QFile file(libraryPath());
+    REQUIRE(file.open(QIODevice::WriteOnly));
+    file.write("{\"version\":2,\"projects\":[],\"checkpoints\":[{\"id\":7}]}");
+    file.close();
+
+    const ProgramResult listed = run({"list"});
+    CHECK(listed.status == 1);
+    CHECK(listed.error.contains("checkpoints[0].id"));
+    const ProgramResult saved = run({"save", "--project", "A", "--no-tabs"});
+    CHECK(saved.status == 0);
+    CHECK(saved.error.contains("Your saved checkpoints could not be read."));
+    CHECK(QDir(root()).entryList({"checkpoints-unreadable-*.json"}).size() == 1);
+
+    REQUIRE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write("{\"version\":3,\"projects\":[],\"checkpoints\":[]}");
+    file.close();
+    const ProgramResult newer = run({"save", "--project", "A", "--no-tabs"});
+    CHECK(newer.status == 1);
+    CHECK(newer.error.contains("newer"));
+    CHECK(library().value("version") == 3);
+}

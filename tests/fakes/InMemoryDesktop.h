@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/Desktop.h"
+
+#include <QHash>
+
+#include <functional>
+
+namespace ardeno::fakes {
+
+// A desktop in memory: tests set what it holds and read what it was asked. The interfaces refer to this value, which
+// outlives them.
+struct InMemoryDesktop {
+    QList<RunningApplication> running = {};
+    QList<InstalledApplication> installed = {};
+    QList<Display> displays = {};
+    QList<WindowInfo> windows = {};
+    QHash<QString, QString> tabRecords = {}; // Of each running browser; a null text: it cannot be read.
+    QStringList browsersRead = {};
+    bool screenAccess = true;
+    bool consentOnAsking = false;
+    int timesAsked = 0;
+    std::optional<Failure> pictureFailure = {};
+    std::function<void()> whileComposing = {}; // Called in the middle of a picture.
+    QList<QSet<QString>> preparedExclusions = {};
+    QList<CanvasRequest> requests = {};
+    QList<WindowLocation> folders = {};           // What windows of file browsers show.
+    QList<WindowLocation> documents = {};         // What windows of other applications show; each has a process.
+    QList<QSet<qint64>> processesAskedAbout = {}; // By each question for documents.
+
+    InMemoryDesktop() = default;
+    InMemoryDesktop(const InMemoryDesktop &) = delete;
+    InMemoryDesktop &operator=(const InMemoryDesktop &) = delete;
+
+    // Adds an application with one window on the first display.
+    void addApplication(const QString &id, const QString &name, const WindowRect &frame, const QString &title = {});
+    void addDisplay(quint32 id, const WindowRect &bounds);
+
+    Desktop makeDesktop();
+};
+
+} // namespace ardeno::fakes

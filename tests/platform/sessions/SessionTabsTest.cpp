@@ -1,0 +1,237 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/common/SessionTabs.h"
+
+#include "platform/linux/common/SlowWork.h"
+#include "support/Finish.h"
+#include "tests/Printing.h"
+#include "tests/platform/sessions/HistoryBytes.h"
+#include "tests/platform/sessions/SessionBytes.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <semaphore>
+
+using namespace ardeno;
+using namespace ardeno::sessions;
+
+namespace {
+
+const Browser chromium = {"org.chromium.Chromium", "Chromium", BrowserFamily::Chromium};
+const Browser firefox = {"org.mozilla.firefox", "Firefox", BrowserFamily::Firefox};
+
+QString lines(QString records)
+{
+    return records.replace(QChar(31), ' ').replace(QChar(30), '\n');
+}
+
+// A machine in a folder: processes as the kernel shows them, and profiles.
+struct Machine {
+    QTemporaryDir folder;
+    std::optional<QList<LiveWindow>> live;
+    SessionTabs tabs{[this] { return live; }, {.processFolder = folder.filePath("proc"), .patience = {}}};
+
+    QString write(const QString &path, const QByteArray &bytes) const
+    {
+        const QString full = folder.filePath(path);
+        QDir().mkpath(QFileInfo(full).path());
+        QFile file(full);
+        REQUIRE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return full;
+    }
+
+    // A process that was started with the machine, and so long ago.
+    void start(int id, const QString &program, const QStringList &openFiles,
+               const QByteArray &command = "browser") const
+    {
+        const QString process = "proc/" + QString::number(id);
+        write(process + "/cmdline", command);
+        write(process + "/stat", QByteArray::number(id) + " (a ) b) S" + QByteArray(" 0").repeated(18) + " 0 0 0");
+        QFile::link(program, folder.filePath(process + "/exe"));
+        QDir().mkpath(folder.filePath(process + "/fd"));
+        for (const QString &file : openFiles)
+            QFile::link(file, folder.filePath(process + "/fd/" + QString::number(3 + openFiles.indexOf(file))));
+    }
+
+    QString records(const Browser &browser)
+    {
+        return lines(finish(tabs.openTabs(browser, {})).records.value_or("none"));
+    }
+};
+
+constexpr auto chromiumProgram = "/usr/lib/chromium/chromium";
+
+QByteArray onePage(qint32 window, const QByteArray &url, const QString &title = {})
+{
+    return Snss().window(window).tab(window, window + 1, 0, url, title).marker().bytes();
+}
+
+} // namespace
+
+TEST_CASE_FIXTURE(Machine, "the profiles of all processes of a browser are listed, however it was packaged")
+{
+    const QString first = write("home/.config/chromium/Default/Sessions/Session_2", onePage(30, "http://h/late", "L"));
+    const QString second =
+        write("home/.config/chromium/Profile 1/Sessions/Session_1", onePage(20, "http://h/early", "E"));
+    const QString sandboxed =
+        write("proc/70/root/var/app/Default/Sessions/Session_5", onePage(10, "http://h/flatpak", "F"));
+    start(50, chromiumProgram, {first, "/dev/null", second, first, "socket:[1]"});
+    start(60, chromiumProgram, {}, QByteArray("chromium --type=zygote\0", 23));
+    start(70, "/app/chromium/chromium (deleted)", {"/var/app/Default/Sessions/Session_5"});
+    start(80, "/opt/google/chrome/chrome", {first});
+
+    CHECK(records(chromium) == "1 20 http://h/early E\n2 30 http://h/late L\n3 10 http://h/flatpak F\n");
+    CHECK(tabs.isRunning("com.google.Chrome"));
+    CHECK_FALSE(tabs.isRunning("com.brave.Browser"));
+    CHECK_FALSE(tabs.isRunning("com.apple.Safari"));
+}
+
+TEST_CASE_FIXTURE(Machine, "programs are told apart by their place")
+{
+    start(1, "/snap/chromium/9/usr/lib/chromium-browser/chrome", {});
+    start(2, "/opt/brave.com/brave/brave", {});
+    start(3, "/usr/lib/firefox-esr/firefox-esr", {});
+    start(4, "/usr/bin/python3", {});
+    CHECK(tabs.isRunning("org.chromium.Chromium"));
+    CHECK(tabs.isRunning("com.brave.Browser"));
+    CHECK(tabs.isRunning("org.mozilla.firefox"));
+    CHECK_FALSE(tabs.isRunning("com.google.Chrome"));
+}
+
+TEST_CASE_FIXTURE(Machine, "titles that the session lacks come from the history, which is left as it was")
+{
+    const QString session = write("p/Default/Sessions/Session_1", Snss()
+                                                                      .window(1)
+                                                                      .tab(1, 2, 0, "http://h/a")
+                                                                      .tab(1, 3, 1, "http://h/b", "Own")
+                                                                      .tab(1, 4, 2, "https://h/unknown?x")
+                                                                      .marker()
+                                                                      .bytes());
+    start(50, chromiumProgram, {session});
+    {
+        History history(folder.filePath("p/Default/History"));
+        history.add("http://h/a", "From\x1fhistory");
+        history.add("http://h/b", "Other");
+        history.lock();
+        CHECK(records(chromium) ==
+              "1 1 http://h/a From history\n1 1 http://h/b Own\n1 1 https://h/unknown?x h/unknown?x\n");
+    }
+    CHECK(QDir(folder.filePath("p/Default")).entryList(QDir::Files) == QStringList{"History"});
+
+    SUBCASE("and a damaged history costs nothing but titles")
+    {
+        write("p/Default/History", "SQLite format 3" + QByteArray(2000, 7));
+        CHECK(records(chromium).startsWith("1 1 http://h/a h/a\n"));
+    }
+}
+
+TEST_CASE_FIXTURE(Machine, "a session that cannot be read is not taken for an empty one")
+{
+    const QString good = write("p/Default/Sessions/Session_1", onePage(1, "http://h/a", "A"));
+    const QString encrypted = write("p/Profile 1/Sessions_Encrypted/Session_1", Snss(4).bytes());
+    const QString unmarked = write("p/Profile 2/Sessions/Session_1", Snss().window(1).bytes());
+
+    SUBCASE("because it is encrypted")
+    {
+        start(50, chromiumProgram, {encrypted});
+    }
+    SUBCASE("because it is damaged")
+    {
+        start(50, chromiumProgram, {unmarked});
+    }
+    SUBCASE("because it is a pipe or a folder")
+    {
+        start(50, chromiumProgram, {folder.filePath("p/Default/Sessions/Session_9")});
+    }
+    CHECK_THROWS_AS(records(chromium), Failure);
+
+    start(51, chromiumProgram, {good});
+    const TabReport report = finish(tabs.openTabs(chromium, {}));
+    CHECK(lines(*report.records) == "1 1 http://h/a A\n");
+    CHECK_FALSE(report.isComplete);
+}
+
+TEST_CASE_FIXTURE(Machine, "a browser in the middle of writing is waited for")
+{
+    start(50, chromiumProgram, {write("p/Default/Sessions_Encrypted/Session_1", Snss(4).bytes())});
+    SessionTabs patient([] { return std::nullopt; },
+                        {.processFolder = folder.filePath("proc"), .patience = std::chrono::seconds(4)});
+    auto report = patient.openTabs(chromium, {});
+    const QString plain = write("p/Default/Sessions/Session_1", onePage(1, "http://h/a", "A"));
+    QFile::link(plain, folder.filePath("proc/50/fd/9"));
+    CHECK(lines(finish(std::move(report)).records.value_or("none")) == "1 1 http://h/a A\n");
+}
+
+TEST_CASE_FIXTURE(Machine, "an encrypted copy beside the plain file and private windows alone are no failure")
+{
+    const QString plain = write("p/Default/Sessions/Session_1", onePage(1, "http://h/a", "A"));
+    const QString copy = write("p/Default/Sessions_Encrypted/Session_1", Snss(4).bytes());
+    start(50, chromiumProgram, {plain, copy});
+    start(51, chromiumProgram, {});
+    const TabReport report = finish(tabs.openTabs(chromium, {}));
+    CHECK(lines(*report.records) == "1 1 http://h/a A\n");
+    CHECK(report.isComplete);
+    CHECK(report.writtenAt.has_value());
+}
+
+TEST_CASE_FIXTURE(Machine, "while the browser begins a new file the one before it counts, but none of an earlier run")
+{
+    // The machine was started after 2001, the number of the oldest file says 1601.
+    write("p/Default/Sessions/Session_1", onePage(1, "http://h/stale", "S"));
+    const QString begun = write("p/Default/Sessions/Session_99000000000000002", Snss().window(1).bytes());
+    start(50, chromiumProgram, {begun});
+    CHECK_THROWS_AS(records(chromium), Failure);
+    write("p/Default/Sessions/Session_99000000000000001", onePage(1, "http://h/before", "B"));
+    CHECK(records(chromium) == "1 1 http://h/before B\n");
+}
+
+TEST_CASE_FIXTURE(Machine, "Firefox's older copy serves while the newer one is being written")
+{
+    const QByteArray text = R"({"windows":[{"tabs":[{"entries":[{"url":"http://h/a","title":"A"}],"index":1}]}]})";
+    const QString lock = write("ff/.parentlock", {});
+    start(50, "/usr/lib/firefox-esr/firefox-esr", {lock});
+    start(51, "/usr/lib/firefox-esr/firefox-esr", {lock}, QByteArray("firefox\0-contentproc\0", 22));
+    CHECK_THROWS_AS(records(firefox), Failure);
+    write("ff/sessionstore-backups/recovery.baklz4", mozLz4(text));
+    CHECK(records(firefox) == "1 http://h/a A\n");
+    write("ff/sessionstore-backups/recovery.jsonlz4", mozLz4(text).chopped(3));
+    CHECK(records(firefox) == "1 http://h/a A\n");
+    write("ff/sessionstore-backups/recovery.jsonlz4", mozLz4(R"({"windows":[]})"));
+    CHECK(records(firefox).isEmpty());
+}
+
+TEST_CASE_FIXTURE(Machine, "only windows that exist on this desktop count")
+{
+    const QString session = write("p/Default/Sessions/Session_1", Snss()
+                                                                      .window(1)
+                                                                      .window(2, 300)
+                                                                      .tab(1, 5, 0, "http://h/a", "A")
+                                                                      .tab(2, 6, 0, "http://h/b", "B")
+                                                                      .marker()
+                                                                      .bytes());
+    start(50, chromiumProgram, {session});
+    live = QList<LiveWindow>{{.processID = 50, .title = "B - Chromium"}, {.processID = 9, .title = "A - Chromium"}};
+    CHECK(records(chromium) == "1 2 http://h/b B\n");
+    live = QList<LiveWindow>{{.applicationID = chromium.id, .title = "A - Chromium"}};
+    CHECK(records(chromium) == "1 1 http://h/a A\n");
+    live = QList<LiveWindow>();
+    CHECK_FALSE(tabs.isRunning(chromium.id));
+    live.reset();
+    CHECK(tabs.isRunning(chromium.id));
+}
+
+TEST_CASE("work that does not end is given up, what it throws is thrown on")
+{
+    const auto gate = std::make_shared<std::binary_semaphore>(0);
+    const auto stuck = [gate] {
+        gate->acquire();
+        return 1;
+    };
+    CHECK_THROWS_AS(finish(SlowWork::withinDeadline(stuck, std::chrono::milliseconds(1))), Failure);
+    gate->release();
+    CHECK(finish(SlowWork::withinDeadline([] { return 7; }, std::chrono::minutes(1))) == 7);
+    const auto failing = []() -> int { throw Failure("Test", 3, "No."); };
+    CHECK_THROWS_AS(finish(SlowWork::withinDeadline(failing, std::chrono::minutes(1))), Failure);
+}

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Finish.h"
+#include "tests/store/StoreFixture.h"
+
+using namespace ardeno;
+
+namespace {
+
+QStringList mediaFolders(const QString &root)
+{
+    return QDir(root).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+}
+
+} // namespace
+
+TEST_CASE_FIXTURE(StoreFixture, "the form saves a checkpoint of the workspace, clears its drafts and closes")
+{
+    memory.addApplication("org.secret", "Secret", {0, 0, 500, 500}, "hidden");
+    store().excludeApp({"org.secret", "Secret"});
+    store().requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
+    store().draftProjectName.set(" Thesis ");
+
+    finish(store().captureMoment("  First draft ", " Re-run the ablation\n", CaptureKind::Checkpoint));
+
+    REQUIRE_FALSE(store().captureIssue().has_value());
+    CHECK(store().notice() == QString("Checkpoint saved."));
+    CHECK_FALSE(store().showCapture());
+    CHECK_FALSE(store().busy());
+    CHECK(store().draftTitle().isEmpty());
+    const Checkpoint saved = *reopen().selected();
+    CHECK(saved.title == "First draft");
+    CHECK(saved.nextStep == "Re-run the ablation");
+    CHECK(store().selectedProject()->name == "Thesis");
+    CHECK(saved.apps == QList<SavedApp>{{"org.editor", "Editor"}});
+    REQUIRE(saved.windows.has_value());
+    REQUIRE(saved.windows->size() == 1);
+    CHECK(saved.windows->first().frame == WindowRect{100, 100, 800, 600});
+    CHECK(saved.tabs.isEmpty());
+    CHECK(saved.captureNote == "Open apps captured. Browser capture was off.");
+    CHECK(fileBytes(*saved.screenshot).startsWith("\x89PNG"));
+    CHECK(*saved.screenshot == mediaFolder(saved) + "/snapshot.png");
+    CHECK(memory.requests.last().excludedAppIDs == QSet<QString>{"org.secret"});
+    CHECK(memory.preparedExclusions.last() == QSet<QString>{"org.secret"});
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "a checkpoint without a title is named after the time")
+{
+    store().draftProjectName.set("Thesis");
+    finish(store().captureMoment("   ", {}, CaptureKind::Checkpoint));
+    CHECK(store().selected()->title == u"Checkpoint · "_qs + DateText::shortTime(store().selected()->createdAt));
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "the drafts outlive a restart and a refusal, and the form reopens with them")
+{
+    memory.screenAccess = false;
+    finish(store().captureMoment(" Title ", "next", CaptureKind::Checkpoint));
+    CHECK(store().captureIssue()->startsWith("Screen access needs to be set up before saving."));
+    auto stored = preferences();
+    stored.setValue(keys::resumeCaptureSetup, true);
+    REQUIRE(stored.synchronise());
+
+    CHECK(reopen().draftTitle() == "Title");
+    CHECK(store().draftNext() == "next");
+    CHECK(store().showCapture());
+    CHECK(store().projects().isEmpty());
+    store().cancelCapture();
+    CHECK_FALSE(store().showCapture());
+    CHECK(store().draftTitle() == "Title");
+    CHECK_FALSE(reopen().showCapture());
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "without a project nothing is captured")
+{
+    finish(store().captureMoment("Title", {}, CaptureKind::Checkpoint));
+    CHECK(store().error() == QString("Choose a project or enter a new project name before saving."));
+    CHECK(memory.requests.isEmpty());
+    CHECK_FALSE(QFile::exists(libraryPath()));
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "a capture that fails keeps the drafts and leaves no media behind")
+{
+    const QUuid id = *store().createProject("Thesis");
+    store().draftProjectID.set(id);
+    memory.pictureFailure = Failure("Capture", 2, "The screenshot could not be created.");
+
+    finish(store().captureMoment("Title", {}, CaptureKind::Checkpoint));
+    CHECK(store().captureIssue() ==
+          QString("Capture could not finish. Your draft is safe. Check Screen Recording settings; if access was "
+                  "just enabled, quit and reopen this app, then try again. The screenshot could not be created."));
+    CHECK(store().draftTitle() == "Title");
+    CHECK_FALSE(store().busy());
+    CHECK(mediaFolders(root()).isEmpty());
+
+    memory.pictureFailure.reset();
+    memory.displays.clear();
+    finish(store().captureMoment("Title", {}, CaptureKind::Checkpoint));
+    CHECK(store().captureIssue()->endsWith("No display is available to capture."));
+    CHECK(mediaFolders(root()).isEmpty());
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "a library that cannot be written keeps the drafts and leaves no media behind")
+{
+    const QUuid id = *store().createProject("Thesis");
+    store().draftProjectID.set(id);
+    memory.whileComposing = [this] { breakLibrary(); };
+    finish(store().captureMoment("Title", {}, CaptureKind::Checkpoint));
+    CHECK(store().error()->startsWith("Could not save this checkpoint: "));
+    CHECK(store().draftTitle() == "Title");
+    CHECK(mediaFolders(root()) == QStringList{"checkpoints.json"}); // The obstacle, no media.
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "only one capture runs at a time")
+{
+    store().draftProjectName.set("Thesis");
+    auto first = store().captureMoment("first", {}, CaptureKind::Checkpoint);
+    CHECK(store().busy());
+    finish(store().captureMoment("second", {}, CaptureKind::Checkpoint));
+    finish(std::move(first));
+    CHECK(store().checkpoints().size() == 1);
+    CHECK(store().checkpoints().first().title == "first");
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "a save beside the form leaves the form's drafts alone")
+{
+    store().draftTitle.set("half written");
+    const QUuid id = *store().createProject("Thesis");
+    const auto saved = finish(store().saveMoment({id, " T ", {}, false}));
+    REQUIRE(saved.has_value());
+    CHECK(store().checkpoint(*saved)->title == "T");
+    CHECK(store().draftTitle() == "half written");
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "what this version cannot capture is refused and nothing is saved in its place")
+{
+    store().draftProjectName.set("Thesis");
+    finish(store().captureMoment("Title", {}, CaptureKind::Session));
+    CHECK(store().captureIssue()->contains("cannot record"));
+    CHECK(store().checkpoints().isEmpty());
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "tabs are kept with the checkpoint, except those of excluded browsers and websites")
+{
+    const auto record = [](const QString &url) { return u"1\u001f7\u001f%1\u001fA page\u001e"_qs.arg(url); };
+    memory.tabRecords.insert("com.google.Chrome",
+                             record("https://bank.example/account") + record("https://a.example/"));
+    memory.tabRecords.insert("com.brave.Browser", record("https://b.example/"));
+    store().excludeDomain("bank.example");
+    store().excludeApp({"com.brave.Browser", "Brave"});
+    store().includeBrowser.set(true);
+    store().draftProjectName.set("Thesis");
+
+    finish(store().captureMoment("Title", {}, CaptureKind::Checkpoint));
+    REQUIRE(store().selected());
+    REQUIRE(store().selected()->tabs.size() == 1);
+    CHECK(store().selected()->tabs.first().url == "https://a.example/");
+    CHECK(store().selected()->captureNote == "Browser tabs and open apps captured.");
+    CHECK(memory.browsersRead == QStringList{"com.google.Chrome"});
+    CHECK_FALSE(fileBytes(libraryPath()).contains("bank.example"));
+
+    memory.tabRecords.insert("com.google.Chrome", QString());
+    finish(store().captureMoment("Again", {}, CaptureKind::Checkpoint));
+    CHECK(store().selected()->tabs.isEmpty());
+    CHECK(store().selected()->captureNote.startsWith("Chrome tabs weren’t available."));
+    memory.tabRecords.clear();
+    finish(store().captureMoment("Third", {}, CaptureKind::Checkpoint));
+    CHECK(store().selected()->captureNote.startsWith("No supported browser was open."));
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "the form offers the last project unless it is archived or gone")
+{
+    const QUuid id = *store().createProject("Thesis");
+    store().requestCapture(CaptureKind::Checkpoint, CaptureForm::QuickPanel);
+    CHECK(store().draftProjectID() == id);
+    CHECK(store().showQuickCapture());
+    store().setProjectArchived(id, true);
+    store().requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
+    CHECK_FALSE(store().draftProjectID().has_value());
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "exclusions last, and those that cannot be read are kept aside and reported")
+{
+    CHECK(store().excludeApp({"org.a", "A"}));
+    CHECK(store().excludeDomain("HTTPS://Mail.Example.com/inbox"));
+    CHECK_FALSE(store().excludeDomain("not a domain"));
+    CHECK(reopen().exclusions() == CaptureExclusions{{{"org.a", "A"}}, {"mail.example.com"}});
+    CHECK(store().allowDomain("mail.example.com"));
+    CHECK(store().allowApp("org.a"));
+    CHECK(reopen().exclusions() == CaptureExclusions());
+
+    auto stored = preferences();
+    stored.setValue(keys::captureExclusions, QByteArray("{\"apps\":"));
+    REQUIRE(stored.synchronise());
+    CHECK(reopen().error()->contains("nothing is left out of captures until you set them again"));
+    CHECK(store().exclusions() == CaptureExclusions());
+    CHECK(store().excludeApp({"org.b", "B"}));
+    opened.reset();
+    CHECK(preferences().value(keys::unreadableExclusions) == QByteArray("{\"apps\":"));
+}

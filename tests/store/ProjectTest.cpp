@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/ProjectOrder.h"
+#include "tests/store/StoreFixture.h"
+
+using namespace ardeno;
+
+namespace {
+
+QStringList names(const QList<Project> &projects)
+{
+    QStringList names;
+    for (const Project &project : projects)
+        names << project.name;
+    return names;
+}
+
+} // namespace
+
+TEST_CASE_FIXTURE(StoreFixture, "a project is created once, whatever the case and spaces of its name")
+{
+    const auto id = store().createProject("  Thesis \n");
+    REQUIRE(id);
+    CHECK(store().selectedProjectID() == id);
+    CHECK(store().createProject("Other").has_value());
+    CHECK(store().createProject("thesis") == id);
+    CHECK(store().selectedProjectID() == id);
+    CHECK_FALSE(store().createProject(" \t ").has_value());
+    CHECK_FALSE(store().error().has_value());
+    CHECK(names(reopen().projects()) == QStringList{"Thesis", "Other"});
+    CHECK(store().selectedProjectID() == id);
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "a failed write leaves the published lists as they were and names the reason")
+{
+    const QUuid id = *store().createProject("Thesis");
+    breakLibrary();
+
+    CHECK_FALSE(store().createProject("Other").has_value());
+    CHECK(store().error()->startsWith("Could not create the project: "));
+    CHECK_FALSE(store().setProjectBlocker(id, "waiting"));
+    CHECK(store().error()->startsWith("Could not update the project: "));
+    CHECK_FALSE(store().save(Checkpoint{.title = "lost", .projectID = id}));
+    CHECK(store().error()->startsWith("Could not save this checkpoint: "));
+
+    CHECK(names(store().projects()) == QStringList{"Thesis"});
+    CHECK_FALSE(store().projects().first().blockedReason.has_value());
+    CHECK(store().checkpoints().isEmpty());
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "a blocker is trimmed, may be empty and can be cleared")
+{
+    const QUuid id = *store().createProject("Thesis");
+    CHECK(store().setProjectBlocker(id, "  waiting for data "));
+    CHECK(store().project(id)->blockedReason == QString("waiting for data"));
+    CHECK(store().setProjectBlocker(id, "  "));
+    CHECK(reopen().project(id)->blockedReason == QString(""));
+    CHECK(store().project(id)->blockerDescription() == "No reason added yet.");
+    CHECK(store().setProjectBlocker(id, std::nullopt));
+    CHECK_FALSE(store().project(id)->blockedReason.has_value());
+    CHECK_FALSE(store().setProjectBlocker(QUuid::createUuid(), "x"));
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "the search finds projects by name, blocker and checkpoint title, as typed")
+{
+    const QUuid thesis = *store().createProject("Thesis");
+    const QUuid garden = *store().createProject("Garden");
+    const QUuid tax = *store().createProject("Tax");
+    store().setProjectBlocker(garden, "Waiting for RAIN");
+    saveCheckpoint(tax, u"Straße 7"_qs, 10);
+    store().setProjectArchived(thesis, true);
+
+    CHECK(names(store().filteredProjects()) == QStringList{"Garden", "Tax"});
+    store().search.set("rain");
+    CHECK(names(store().filteredProjects()) == QStringList{"Garden"});
+    store().search.set("STRASSE");
+    CHECK(names(store().filteredProjects()) == QStringList{"Tax"});
+    store().search.set(" rain ");
+    CHECK(store().filteredProjects().isEmpty());
+    store().search.set("thesis");
+    store().showArchivedProjects.set(true);
+    CHECK(names(store().filteredProjects()) == QStringList{"Thesis"});
+    CHECK(names(store().availableProjects()) == QStringList{"Garden", "Tax"});
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "selecting a project shows its newest checkpoint, and an archived one in its list")
+{
+    const QUuid id = *store().createProject("Thesis");
+    saveCheckpoint(id, "older", 10);
+    const Checkpoint newer = saveCheckpoint(id, "newer", 20);
+    saveCheckpoint(id, "oldest", 5);
+    store().setProjectArchived(id, true);
+
+    store().selectProject(id);
+    CHECK(store().selection() == newer.id);
+    CHECK(store().selected()->title == "newer");
+    CHECK(store().showArchivedProjects());
+    store().showProjects();
+    CHECK_FALSE(store().selectedProjectID().has_value());
+    CHECK_FALSE(store().selection().has_value());
+    CHECK_FALSE(store().showArchivedProjects());
+}
+
+TEST_CASE_FIXTURE(StoreFixture,
+                  "start-up opens the last project, the first one when that is gone, none with the overview")
+{
+    const QUuid first = *store().createProject("First");
+    const QUuid second = *store().createProject("Second");
+    CHECK(reopen().selectedProjectID() == second);
+
+    auto stored = preferences();
+    stored.setValue(keys::lastOpenedProjectID, QString("not an identifier"));
+    REQUIRE(stored.synchronise());
+    CHECK(reopen().selectedProjectID() == first);
+
+    store().launchOverview.set(true);
+    CHECK_FALSE(reopen().selectedProjectID().has_value());
+}
+
+TEST_CASE("a dragged project lands before its target, and hidden projects keep their places")
+{
+    const Project a{.name = "a"}, b{.name = "b"}, c{.name = "c"}, d{.name = "d"};
+    const Project hidden{.name = "h"}, sample{.name = "s", .isSample = true};
+    const Project archived{.name = "z", .archivedAt = Date{1}};
+    const QList<Project> all = {a, hidden, b, archived, c, sample, d};
+    const QList<QUuid> visible = {a.id, b.id, c.id, sample.id, d.id};
+    const auto order = [&](const Project &dragged, const Project &target, const QList<QUuid> &rows) {
+        const auto moved = ProjectOrder::moved(all, dragged.id, target.id, rows);
+        return moved ? names(*moved).join("") : QString("refused");
+    };
+    CHECK(order(d, a, visible) == "dhazbcs");
+    CHECK(order(a, d, visible) == "bhczsad");
+    CHECK(order(a, c, {a.id, c.id, d.id}) == "refused"); // It stands there already.
+    CHECK(order(d, a, {a.id, c.id, d.id}) == "dhbzasc");
+    CHECK(order(a, a, visible) == "refused");
+    CHECK(order(sample, a, visible) == "refused");
+    CHECK(order(a, archived, visible + QList{archived.id}) == "refused");
+    CHECK(order(hidden, a, visible) == "refused");
+    CHECK(order(a, Project{}, visible) == "refused");
+    CHECK(order(d, a, {a.id, QUuid::createUuid(), d.id}) == "dhbzcsa");
+}

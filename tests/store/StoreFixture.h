@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+#include "store/PreferenceKeys.h"
+#include "tests/Printing.h"
+#include "tests/fakes/InMemoryDesktop.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <memory>
+
+namespace ardeno {
+
+// A store on a real folder and a desktop in memory with one display and one application.
+struct StoreFixture {
+    QTemporaryDir home;
+    fakes::InMemoryDesktop memory;
+    Desktop desktop = memory.makeDesktop();
+    std::unique_ptr<AppStore> opened;
+
+    StoreFixture()
+    {
+        memory.addDisplay(1, {0, 0, 1920, 1080});
+        memory.addApplication("org.editor", "Editor", {100, 100, 800, 600}, "notes.txt");
+    }
+
+    QString root() const { return home.filePath("library"); }
+
+    QString libraryPath() const { return root() + "/checkpoints.json"; }
+
+    Preferences preferences() const { return Preferences(home.filePath("settings")); }
+
+    AppStore &store()
+    {
+        if (!opened)
+            reopen();
+        return *opened;
+    }
+
+    // As a new start of the program finds it.
+    AppStore &reopen()
+    {
+        opened.reset();
+        StoreParts parts{.preferences = preferences(), .repository = CheckpointRepository(root())};
+        opened = std::make_unique<AppStore>(desktop, std::move(parts));
+        return *opened;
+    }
+
+    // Every write of the library fails from now on, as on a disk that broke: a folder stands where the file belongs.
+    void breakLibrary()
+    {
+        QFile::rename(libraryPath(), root() + "/moved");
+        QDir().mkpath(libraryPath() + "/in-the-way");
+    }
+
+    QByteArray fileBytes(const QString &path) const
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void writeFile(const QString &path, const QByteArray &bytes) const
+    {
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        REQUIRE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    // A checkpoint with a picture, saved at this many seconds since 2001.
+    Checkpoint saveCheckpoint(const QUuid &project, const QString &title, double seconds)
+    {
+        Checkpoint checkpoint{.title = title, .projectID = project, .createdAt = {seconds}};
+        checkpoint.screenshot = root() + '/' + uuidText(checkpoint.id) + "/snapshot.png";
+        writeFile(*checkpoint.screenshot, "picture of " + title.toUtf8());
+        REQUIRE(store().save(checkpoint));
+        return checkpoint;
+    }
+
+    QString mediaFolder(const Checkpoint &checkpoint) const { return root() + '/' + uuidText(checkpoint.id); }
+};
+
+} // namespace ardeno
