@@ -14,14 +14,18 @@ QCommandLineOption jsonOption()
     return {"json", "Print exactly one JSON value."};
 }
 
-QList<Command> makeCommands()
+QCommandLineOption projectOption()
 {
-    const QCommandLineOption project("project", "The project's name.", "NAME");
+    return {"project", "The project's name.", "NAME"};
+}
+
+QList<Command> checkpointCommands()
+{
     return {
         {"save",
          "--project NAME [--title TEXT] [--next TEXT] [--tabs|--no-tabs] [--json]",
          "Saves a checkpoint of the workspace into a project, which is created when there is none of that name.",
-         {project,
+         {projectOption(),
           {"title", "The checkpoint's title.", "TEXT"},
           {"next", "The next small step.", "TEXT"},
           {"tabs", "With the open browser tabs."},
@@ -32,7 +36,7 @@ QList<Command> makeCommands()
         {"list",
          "[--project NAME] [--json]",
          "Lists the projects and their checkpoints, newest first.",
-         {project, jsonOption()},
+         {projectOption(), jsonOption()},
          0,
          runList},
         {"show",
@@ -41,6 +45,12 @@ QList<Command> makeCommands()
          {jsonOption()},
          1,
          runShow},
+    };
+}
+
+QList<Command> settingCommands()
+{
+    return {
         {"exclude",
          "app ID | domain TEXT",
          "Leaves an application or a website out of every capture.",
@@ -110,7 +120,7 @@ ExitStatus runCommand(const Command &command, const QStringList &arguments)
 
 const QList<Command> &commands()
 {
-    static const QList<Command> all = makeCommands();
+    static const QList<Command> all = checkpointCommands() + settingCommands();
     return all;
 }
 

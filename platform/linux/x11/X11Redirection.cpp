@@ -169,6 +169,7 @@ void X11Redirection::handleBelowRoot(const xcb_generic_event_t &event)
         m_awaited.remove(id);
         return m_watch.stop(id);
     case XCB_DESTROY_NOTIFY:
+        ++m_departures;
         return forget(id);
     case XCB_CONFIGURE_NOTIFY:
         return handleConfigure(reinterpret_cast<const xcb_configure_notify_event_t &>(event));

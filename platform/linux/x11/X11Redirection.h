@@ -36,6 +36,9 @@ public:
     // Waits until the server reports something. False when the time came first or the connection is lost.
     bool waitForEvents(Clock::time_point until);
 
+    // How many windows are gone by now, as far as has been reported.
+    quint64 departures() const { return m_departures; }
+
     // Whether every window shows only itself, as far as has been reported.
     bool isClean() const;
 
@@ -78,6 +81,7 @@ private:
     InheritedPixels m_pixels = {};
     QHash<xcb_window_t, int> m_borders = {};
     QHash<xcb_window_t, Awaited> m_awaited = {};
+    quint64 m_departures = 0;
     bool m_onlyServerDraws = false;
 };
 
