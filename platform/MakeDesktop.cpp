@@ -4,6 +4,7 @@
 #include "platform/linux/common/DesktopEntries.h"
 #include "platform/linux/common/LinuxRoles.h"
 #include "platform/linux/common/SessionTabs.h"
+#include "platform/linux/common/ShownLocations.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11LiveWindows.h"
 #include "platform/linux/x11/X11ScreenAccess.h"
@@ -45,10 +46,10 @@ Desktop makeX11Desktop()
     desktop.windowServer = std::make_unique<X11WindowServer>(connection, entries);
     desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID);
     desktop.screenAccess = std::make_unique<X11ScreenAccess>();
-    desktop.tabSource = std::make_unique<SessionTabs>(x11LiveWindows(connection, entries));
-    Desktop none = makeNullDesktop("x11", "This version of Ardeno cannot read what windows show.", {});
-    desktop.fileBrowser = std::move(none.fileBrowser);
-    desktop.documents = std::move(none.documents);
+    const LiveWindowList windows = x11LiveWindows(connection, entries);
+    desktop.tabSource = std::make_unique<SessionTabs>(windows);
+    desktop.fileBrowser = std::make_unique<LinuxFileBrowser>(windows, desktop.roles.fileBrowserIDs);
+    desktop.documents = std::make_unique<LinuxDocuments>(windows, desktop.roles.fileBrowserIDs);
     return desktop;
 }
 

@@ -17,6 +17,11 @@ struct LiveWindow {
     QString applicationID = {}; // Empty when it is not known.
     QString title = {};
     WindowRect frame = {}; // With decoration, without client-side shadows.
+    quint32 windowID = 0;
+    QString applicationName = {}; // Localised; empty when it has none.
+    bool isDialog = false;        // It belongs to another window.
+    QString busName = {};         // The application's connection on the session bus; empty when it is not known.
+    QString objectPath = {};      // The window there; empty when it has none.
 
     bool operator==(const LiveWindow &) const = default;
 };

@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/common/ProcessFacts.h"
 
+#include "platform/linux/common/PathText.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QSet>
+
+#include <ctime>
+#include <optional>
+#include <unistd.h>
 
 namespace ardeno {
 
@@ -50,6 +57,46 @@ QStringList ProcessFacts::arguments() const
     if (!words.isEmpty())
         words.removeFirst();
     return words;
+}
+
+QStringList ProcessFacts::pathArguments() const
+{
+    constexpr qsizetype most = 512;
+    const QString current = QFile::symLinkTarget(u"/proc/%1/cwd"_qs.arg(m_processID));
+    const QByteArray first = environmentValue(read("environ"), "PWD");
+    QSet<QByteArray> folders;
+    for (const QByteArray &folder : {current.toUtf8(), first}) {
+        if (folder.startsWith('/'))
+            folders.insert(folder + '/');
+    }
+    QStringList paths;
+    const auto add = [&](const std::optional<QString> &path) {
+        if (path && (PathText::isFile(*path) || PathText::isFolder(*path)) && !paths.contains(*path))
+            paths.append(*path);
+    };
+    for (const QByteArray &word : read("cmdline").split('\0').mid(1, most)) {
+        if (word.isEmpty() || word.startsWith('-'))
+            continue;
+        add(PathText::fromAddress(word));
+        add(PathText::fromBytes(word));
+        for (const QByteArray &folder : folders) {
+            if (!word.startsWith('/'))
+                add(PathText::fromBytes(folder + word));
+        }
+    }
+    return paths;
+}
+
+QDateTime ProcessFacts::startTime() const
+{
+    const QByteArray facts = read("stat");
+    const QList<QByteArray> fields = facts.mid(facts.lastIndexOf(')') + 2).split(' ');
+    constexpr qsizetype startField = 19; // Counted from the state; in ticks since the machine was started.
+    struct timespec sinceBoot = {};
+    if (fields.size() <= startField || ::clock_gettime(CLOCK_BOOTTIME, &sinceBoot) != 0)
+        return {};
+    const qint64 age = sinceBoot.tv_sec - fields[startField].toLongLong() / ::sysconf(_SC_CLK_TCK);
+    return QDateTime::currentDateTimeUtc().addSecs(-age);
 }
 
 QString ProcessFacts::launchedDesktopFileID() const

@@ -19,6 +19,8 @@ constexpr std::array<const char *, static_cast<size_t>(X11Atom::Count)> atomName
     "ESETROOT_PMAP_ID",
     "_GTK_APPLICATION_ID",
     "_GTK_FRAME_EXTENTS",
+    "_GTK_UNIQUE_BUS_NAME",
+    "_GTK_WINDOW_OBJECT_PATH",
     "_KDE_NET_WM_DESKTOP_FILE",
     "_NET_ACTIVE_WINDOW",
     "_NET_CLIENT_LIST",

@@ -20,6 +20,8 @@ enum class X11Atom {
     EsetrootPixmap,
     GtkApplicationID,
     GtkFrameExtents,
+    GtkUniqueBusName,
+    GtkWindowObjectPath,
     KdeDesktopFile,
     NetActiveWindow,
     NetClientList,
