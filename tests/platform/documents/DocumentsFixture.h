@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace ardeno::desktop_test {
 
@@ -30,9 +31,9 @@ public:
 
     QString makeFile(const QString &path, const QByteArray &content = "text\n")
     {
-        QDir().mkpath(home(path) + "/..");
+        QDir().mkpath(QFileInfo(home(path)).path());
         QFile file(home(path));
-        CHECK(file.open(QIODevice::WriteOnly));
+        REQUIRE(file.open(QIODevice::WriteOnly));
         file.write(content);
         return home(path);
     }

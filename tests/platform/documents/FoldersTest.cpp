@@ -17,7 +17,7 @@ struct Manager {
 
 const QList<Manager> managers = {
     {"thunar", "thunar", {}},
-    {"pcmanfm", "pcmanfm", {}},
+    {"pcmanfm", "pcmanfm", {"--new-win"}},
     {"org.gnome.Nautilus", "nautilus", {"--new-window"}},
 };
 
