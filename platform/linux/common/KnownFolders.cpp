@@ -5,6 +5,8 @@
 #include "platform/linux/common/RecentDocuments.h"
 
 #include <QByteArray>
+#include <QByteArrayList>
+#include <QByteArrayView>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
@@ -59,6 +61,8 @@ public:
     Search(const QSet<QString> &names, const KnownFolders::Bounds &bounds)
         : m_names(names), m_left(bounds.folders), m_deadline(bounds.time)
     {
+        for (const QString &name : names)
+            m_encodedNames.insert(name.toUtf8());
     }
 
     // A path and the folders it is in.
@@ -76,9 +80,11 @@ public:
 
     void addContents(const QStringList &roots)
     {
-        QStringList queue = roots;
+        QByteArrayList queue;
+        for (const QString &root : roots)
+            queue.append(root.toUtf8());
         for (qsizetype i = 0; i < queue.size() && m_left > 0 && !m_deadline.hasExpired(); ++i) {
-            const QString folder = queue[i];
+            const QByteArray folder = queue[i];
             if (m_listed.contains(folder))
                 continue;
             m_listed.insert(folder);
@@ -97,30 +103,36 @@ private:
             paths.append(path);
     }
 
-    void list(const QString &folder, QStringList *queue)
+    // Most names are looked at and forgotten: they stay bytes.
+    void list(const QByteArray &folder, QByteArrayList *queue)
     {
-        const std::unique_ptr<DIR, int (*)(DIR *)> opened(::opendir(folder.toUtf8().constData()), ::closedir);
+        const std::unique_ptr<DIR, int (*)(DIR *)> opened(::opendir(folder.constData()), ::closedir);
         for (const dirent *entry = nullptr; opened && (entry = ::readdir(opened.get()));) {
+            const QByteArrayView name(entry->d_name);
             const bool isFolder = entry->d_type == DT_DIR || entry->d_type == DT_UNKNOWN;
-            if (entry->d_name == QByteArrayView(".") || entry->d_name == QByteArrayView("..") ||
-                !(isFolder || entry->d_type == DT_LNK))
+            if (!(isFolder || entry->d_type == DT_LNK) || name == QByteArrayView(".") || name == QByteArrayView(".."))
                 continue;
-            const auto path = PathText::fromBytes(folder.toUtf8() + '/' + entry->d_name);
-            if (!path)
-                continue;
-            if (m_names.contains(PathText::baseName(*path)) && PathText::isFolder(*path))
-                keep(*path);
+            if (m_encodedNames.contains(name.toByteArray()))
+                keepEntry(folder + '/' + name.toByteArray());
             // Links are not followed further, so that none leads round in circles.
-            if (isFolder && entry->d_name[0] != '.')
-                queue->append(*path);
+            if (isFolder && !name.startsWith('.'))
+                queue->append(folder + '/' + name.toByteArray());
         }
     }
 
+    void keepEntry(const QByteArray &bytes)
+    {
+        const auto path = PathText::fromBytes(bytes);
+        if (path && PathText::isFolder(*path))
+            keep(*path);
+    }
+
     const QSet<QString> &m_names;
+    QSet<QByteArray> m_encodedNames;
     int m_left;
     QDeadlineTimer m_deadline;
     QSet<QString> m_seen;
-    QSet<QString> m_listed;
+    QSet<QByteArray> m_listed;
     QHash<QString, QStringList> m_found;
 };
 

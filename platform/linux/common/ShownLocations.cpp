@@ -65,9 +65,10 @@ QCoro::Task<QList<WindowLocation>> findDocuments(QList<LiveWindow> windows)
     for (const LiveWindow &window : windows)
         byProcess[window.processID.value_or(0)].append(window);
     const auto search = std::make_shared<DocumentSearch>(byProcess.values());
+    const auto work = [search] { return search->work(); };
     std::vector<QCoro::Task<bool>> workers;
     for (qsizetype i = 0; i < std::min(byProcess.size(), mostWorkers); ++i)
-        workers.push_back(SlowWork::withinDeadline([search] { return search->work(); }, longest));
+        workers.push_back(SlowWork::withinDeadline(work, longest));
     for (QCoro::Task<bool> &worker : workers) {
         try {
             co_await worker;
@@ -80,8 +81,9 @@ QCoro::Task<QList<WindowLocation>> findDocuments(QList<LiveWindow> windows)
 
 QCoro::Task<QList<WindowLocation>> findFolders(QList<LiveWindow> windows)
 {
+    const auto work = [windows] { return FileManagers::locations(windows); };
     try {
-        co_return co_await SlowWork::withinDeadline([windows] { return FileManagers::locations(windows); }, longest);
+        co_return co_await SlowWork::withinDeadline(work, longest);
     } catch (const Failure &) {
         co_return {};
     }

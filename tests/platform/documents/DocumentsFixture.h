@@ -12,15 +12,18 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
 
 namespace ardeno::desktop_test {
 
-// A desktop and the user's home, which is empty at first.
+// A desktop and a folder of the user for each test. The home itself stays: services that run meanwhile keep files in
+// it.
 class DocumentsFixture {
 public:
-    DocumentsFixture() : desktop(makeDesktop()) { QDir(m_home).removeRecursively(), QDir().mkpath(m_home); }
+    DocumentsFixture() : desktop(makeDesktop()) {}
 
-    QString home(const QString &path = {}) const { return path.isEmpty() ? m_home : m_home + '/' + path; }
+    QString home(const QString &path) const { return m_folder.filePath(path); }
 
     QString makeFolder(const QString &path)
     {
@@ -30,9 +33,9 @@ public:
 
     QString makeFile(const QString &path, const QByteArray &content = "text\n")
     {
-        QDir().mkpath(home(path) + "/..");
+        QDir().mkpath(QFileInfo(home(path)).path());
         QFile file(home(path));
-        CHECK(file.open(QIODevice::WriteOnly));
+        REQUIRE(file.open(QIODevice::WriteOnly));
         file.write(content);
         return home(path);
     }
@@ -75,7 +78,7 @@ public:
     Desktop desktop;
 
 private:
-    QString m_home = QDir::homePath();
+    QTemporaryDir m_folder{QDir::homePath() + "/work-XXXXXX"};
 };
 
 } // namespace ardeno::desktop_test

@@ -53,8 +53,11 @@ TEST_CASE_FIXTURE(DocumentsFixture, "a viewer with two files of one name in its 
 {
     const QString first = makePdf("Papers/paper.pdf");
     const QString second = makePdf("Older/paper.pdf");
-    QDir().mkpath(home(".config"));
-    makeFile(".config/okularpartrc", "[General]\nShellOpenFileInTabs=true\n");
+    QDir().mkpath(QDir::homePath() + "/.config");
+    QFile settings(QDir::homePath() + "/.config/okularpartrc");
+    REQUIRE(settings.open(QIODevice::WriteOnly));
+    settings.write("[General]\nShellOpenFileInTabs=true\n");
+    settings.close();
     Application okular("okular", {first, second});
     REQUIRE(okular.waitForWindow("paper.pdf") != 0);
     REQUIRE(eventually([&] { return outputOf("sh", {"-c", "ls -l /proc/[0-9]*/fd 2>/dev/null"}).contains(second); }));
@@ -68,4 +71,28 @@ TEST_CASE_FIXTURE(DocumentsFixture, "what a terminal runs is not its document")
     Application terminal("xterm", {"-T", text, "-e", "tail", "-f", text});
     REQUIRE(terminal.waitForWindow("notes.txt") != 0);
     CHECK(shown("debian-xterm") == Paths{std::nullopt});
+}
+
+TEST_CASE_FIXTURE(DocumentsFixture, "a title that several windows of a process have belongs to no document")
+{
+    const qint64 own = QCoreApplication::applicationPid();
+    const QString path = makeFile("notes.txt");
+    QFile open(path);
+    REQUIRE(open.open(QIODevice::ReadOnly));
+    std::vector<std::unique_ptr<TestWindow>> windows;
+    const auto addWindow = [&] {
+        windows.push_back(std::make_unique<TestWindow>());
+        windows.back()->setTitle("notes.txt");
+        windows.back()->setCardinals("_NET_WM_PID", {quint32(own)});
+        windows.back()->show();
+    };
+    addWindow();
+    const QList<WindowLocation> one = finish(desktop.documents->locations({own}));
+    REQUIRE(one.size() == 1);
+    CHECK(one[0] == WindowLocation{"notes.txt", path, windows[0]->id(), own});
+
+    constexpr int many = 40;
+    while (windows.size() < many)
+        addWindow();
+    CHECK(finish(desktop.documents->locations({own})).isEmpty());
 }

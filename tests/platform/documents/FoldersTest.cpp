@@ -17,13 +17,14 @@ struct Manager {
 
 const QList<Manager> managers = {
     {"thunar", "thunar", {}},
-    {"pcmanfm", "pcmanfm", {}},
+    {"pcmanfm", "pcmanfm", {"--new-win"}},
     {"org.gnome.Nautilus", "nautilus", {"--new-window"}},
 };
 
 } // namespace
 
-TEST_CASE_FIXTURE(DocumentsFixture, "every file manager's window is kept with its folder, also after a change of folder")
+TEST_CASE_FIXTURE(DocumentsFixture,
+                  "every file manager's window is kept with its folder, also after a change of folder")
 {
     const QString first = makeFolder("Projects/Thesis");
     const QString second = makeFolder("Other/Deep/Odd %20 #1 & more");
@@ -63,7 +64,8 @@ TEST_CASE_FIXTURE(DocumentsFixture, "two windows that cannot be told apart have 
     }
 }
 
-TEST_CASE_FIXTURE(DocumentsFixture, "a folder that was renamed while it is shown is kept under its new name or not at all")
+TEST_CASE_FIXTURE(DocumentsFixture,
+                  "a folder that was renamed while it is shown is kept under its new name or not at all")
 {
     const QString folder = makeFolder("Projects/Thesis");
     Application thunar("thunar", {folder});

@@ -3,6 +3,7 @@
 #include "platform/linux/common/OpenFiles.h"
 #include "platform/linux/common/PathText.h"
 #include "platform/linux/common/RecentDocuments.h"
+#include "platform/linux/common/SessionBus.h"
 #include "platform/linux/common/WindowTitles.h"
 
 #include "tests/Printing.h"
@@ -13,8 +14,12 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <algorithm>
+#include <chrono>
 #include <sys/inotify.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 using namespace ardeno;
@@ -189,6 +194,25 @@ TEST_CASE("the folders whose changes a process follows are known by their number
     ::close(watch);
 
     CHECK(open.watchesFiles);
-    CHECK(open.watched == QSet<quint64>{facts.st_ino});
-    CHECK_FALSE(OpenFiles::of(QCoreApplication::applicationPid()).watchesFiles);
+    CHECK(open.watched.contains(facts.st_ino));
+    CHECK_FALSE(OpenFiles::of(QCoreApplication::applicationPid()).watched.contains(facts.st_ino));
+}
+
+TEST_CASE("a message bus that takes a connection and then says nothing is given up")
+{
+    const QTemporaryDir folder;
+    const QByteArray path = (folder.path() + "/bus").toUtf8();
+    const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    std::copy(path.begin(), path.end(), address.sun_path);
+    REQUIRE(::bind(listener, reinterpret_cast<const sockaddr *>(&address), sizeof(address)) == 0);
+    REQUIRE(::listen(listener, 1) == 0);
+
+    const SessionBus bus = SessionBus::at("unix:path=" + QString::fromUtf8(path), std::chrono::milliseconds(20));
+    ::close(listener);
+
+    CHECK_FALSE(bus.isConnected());
+    const SessionBus::Question question{"org.example.Any", "/", "org.example.Any", "Ask", {}};
+    CHECK_FALSE(bus.ask(question, std::chrono::milliseconds(20)).isValid());
 }
