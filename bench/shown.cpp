@@ -4,7 +4,7 @@
 #include "bench/Bench.h"
 #include "capture/WindowLayout.h"
 #include "platform/MakeDesktop.h"
-#include "tests/Finish.h"
+#include "support/Finish.h"
 
 #include <QCoreApplication>
 

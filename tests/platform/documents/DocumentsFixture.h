@@ -4,7 +4,7 @@
 #include "capture/WindowLayout.h"
 #include "platform/MakeDesktop.h"
 
-#include "tests/Finish.h"
+#include "support/Finish.h"
 #include "tests/desktop/Desktop.h"
 
 #include <doctest/doctest.h>
