@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "capture/BrowserTabs.h"
+#include "platform/linux/common/SessionTabs.h"
+#include "platform/linux/x11/WindowTree.h"
+#include "platform/linux/x11/X11LiveWindows.h"
+#include "platform/linux/x11/X11Windows.h"
+#include "tests/Finish.h"
+#include "tests/Printing.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <vector>
+
+namespace ardeno {
+
+// A browser with a profile of its own on this desktop, and pages served from this machine.
+struct BrowserFixture {
+    QTemporaryDir folder;
+    std::vector<std::unique_ptr<QProcess>> processes; // Those that do not end by themselves.
+    QString server;
+    std::shared_ptr<X11Connection> connection = std::make_shared<X11Connection>();
+    LiveWindowList liveWindows = x11LiveWindows(connection, std::make_shared<DesktopEntries>());
+    SessionTabs source{liveWindows};
+
+    BrowserFixture()
+    {
+        QProcess &python = run("/usr/bin/python3",
+                               {"-u", "-m", "http.server", "--bind", "127.0.0.1", "--directory", folder.path(), "0"});
+        REQUIRE(waitFor([&] { return python.canReadLine(); }));
+        server = QString(python.readLine()).section('(', 1).section("/)", 0, 0);
+    }
+
+    // A browser that lives on would write into a folder that is being removed.
+    ~BrowserFixture()
+    {
+        for (auto process = processes.rbegin(); process != processes.rend(); ++process) {
+            (*process)->terminate();
+            (*process)->waitForFinished(10'000);
+        }
+    }
+
+    // Chromium takes up to ten seconds to write a title down, the machine may be slow as well.
+    template <typename Condition>
+    static bool waitFor(Condition condition)
+    {
+        return QTest::qWaitFor(condition, 60'000);
+    }
+
+    QProcess &run(const QString &program, const QStringList &arguments)
+    {
+        processes.push_back(std::make_unique<QProcess>());
+        QProcess &process = *processes.back();
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(program, arguments);
+        REQUIRE(process.waitForStarted());
+        return process;
+    }
+
+    // Hands the arguments to a browser that is running.
+    static void tell(const QString &program, const QStringList &arguments)
+    {
+        QProcess process;
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(program, arguments);
+        CHECK(waitFor([&] { return process.state() == QProcess::NotRunning; }));
+    }
+
+    // The address of a new page of this title.
+    QString page(const QString &name, const QString &title) const
+    {
+        QFile file(folder.filePath(name));
+        REQUIRE(file.open(QIODevice::WriteOnly));
+        file.write(u"<!doctype html><meta charset=utf-8><title>%1</title>Page"_qs.arg(title.toHtmlEscaped()).toUtf8());
+        return server + '/' + name;
+    }
+
+    WorkspaceCapture::OpenTabs openTabs() { return finish(WorkspaceCapture::browserTabs(source, {})); }
+
+    // "WINDOW ADDRESS TITLE", or the warning.
+    QStringList listed()
+    {
+        const auto open = openTabs();
+        QStringList lines;
+        for (const SavedTab &tab : open.tabs)
+            lines += QString::number(tab.window) + ' ' + tab.url + ' ' + tab.title;
+        return open.warning ? QStringList{*open.warning} : lines;
+    }
+
+    // Waits until exactly these tabs are listed, and reports the difference when that does not come about.
+    void checkListed(const QStringList &expected)
+    {
+        CHECK(waitFor([&] { return listed() == expected; }));
+        CHECK(listed() == expected);
+    }
+
+    bool hasWindow(const QString &titleStart)
+    {
+        const auto windows = liveWindows().value_or(QList<LiveWindow>());
+        return std::any_of(windows.begin(), windows.end(),
+                           [&](const LiveWindow &window) { return window.title.startsWith(titleStart); });
+    }
+
+    // As its user does with the button of the title bar.
+    void close(const QString &titleStart)
+    {
+        constexpr quint32 fromUser = 2;
+        send(titleStart, "_NET_CLOSE_WINDOW", {0, fromUser});
+        CHECK(waitFor([&] { return !hasWindow(titleStart); }));
+    }
+
+    void minimise(const QString &titleStart)
+    {
+        constexpr quint32 iconic = 3;
+        send(titleStart, "WM_CHANGE_STATE", {iconic, 0});
+        CHECK(waitFor([&] {
+            const auto windows = windowsOf(titleStart);
+            return std::none_of(windows.begin(), windows.end(), [](const auto &window) { return window.isOnScreen; });
+        }));
+    }
+
+private:
+    QList<X11WindowFacts> windowsOf(const QString &titleStart) const
+    {
+        auto windows = readWindowFacts(*connection, WindowTree::clients(*connection));
+        windows.removeIf([&](const X11WindowFacts &window) { return !window.title.startsWith(titleStart); });
+        return windows;
+    }
+
+    // Asks the window manager.
+    void send(const QString &titleStart, const QByteArray &message, std::array<quint32, 2> data) const
+    {
+        xcb_connection_t *xcb = connection->xcb();
+        const X11Reply<xcb_intern_atom_reply_t> atom(
+            xcb_intern_atom_reply(xcb, xcb_intern_atom(xcb, 0, message.size(), message.constData()), nullptr));
+        REQUIRE(atom != nullptr);
+        for (const X11WindowFacts &window : windowsOf(titleStart)) {
+            xcb_client_message_event_t event = {};
+            event.response_type = XCB_CLIENT_MESSAGE;
+            event.format = 32;
+            event.window = window.window;
+            event.type = atom->atom;
+            std::copy(data.begin(), data.end(), event.data.data32);
+            xcb_send_event(xcb, 0, connection->root(),
+                           XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                           reinterpret_cast<const char *>(&event));
+        }
+        xcb_flush(xcb);
+    }
+};
+
+} // namespace ardeno

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/platform/browsers/BrowserFixture.h"
+
+#include <QRegularExpression>
+
+using namespace ardeno;
+
+namespace {
+
+struct ChromiumFixture : BrowserFixture {
+    const QStringList flags = {
+        "--no-sandbox",           "--disable-gpu",
+        "--no-first-run",         "--disable-background-networking",
+        "--disable-sync",         "--lang=en-US",
+        "--password-store=basic", "--disable-component-update",
+        "--disable-breakpad",     "--user-data-dir=" + folder.filePath("profile"),
+    };
+};
+
+const QStringList oddTitles = {
+    "First",    u"Zürich – 日本語 🎈"_qs, "<b>\"quoted\" & 'so on'</b>", u"שלום עולם"_qs, "a - b - Chromium",
+    "x%1y%n\\", QString(300, 'l'),
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(ChromiumFixture, "Chromium's tabs are those of its ordinary windows, in order and with their titles")
+{
+    CHECK(listed().value(0).startsWith("No supported browser was open."));
+    QStringList first;
+    QStringList second;
+    QStringList expected;
+    for (int number = 0; number < 12; ++number) {
+        const bool isFirst = number < oddTitles.size();
+        const QString title = isFirst ? oddTitles[number] : QString("Second %1").arg(number);
+        const QString address = page(QString("page%1.html").arg(number), title);
+        (isFirst ? first : second) += address;
+        expected += (isFirst ? "1 " : "2 ") + address + ' ' + title;
+    }
+    run("chromium", flags + first);
+    REQUIRE(waitFor([&] { return hasWindow("First - "); }));
+    tell("chromium", flags + QStringList{"--new-window"} + second);
+    REQUIRE(waitFor([&] { return hasWindow("Second 7 - "); }));
+    tell("chromium", flags + QStringList{"--incognito", page("secret.html", "Secret")});
+    REQUIRE(waitFor([&] { return hasWindow("Secret - "); }));
+    checkListed(expected);
+
+    const auto open = openTabs();
+    CHECK(open.tabs.first().browserID == "org.chromium.Chromium");
+    CHECK(open.tabs.first().browserWindowID != open.tabs.last().browserWindowID);
+    CHECK(open.tabs.first().browserWindowID.value_or(QString()).toLongLong() > 0);
+    CHECK(open.writtenAt.has_value());
+
+    minimise("Second 7 - ");
+    checkListed(expected);
+
+    close("First - ");
+    checkListed(QStringList(expected.mid(first.size())).replaceInStrings(QRegularExpression("^2 "), "1 "));
+
+    // Chromium still writes its last ordinary window as open.
+    close("Second 7 - ");
+    checkListed({});
+    CHECK(hasWindow("Secret - "));
+    SessionTabs files{LiveWindowList()};
+    MESSAGE(finish(files.openTabs({"org.chromium.Chromium", "Chromium"}, {})).records.value_or("none"));
+}
+
+TEST_CASE_FIXTURE(ChromiumFixture, "a Chromium with nothing but a private window has no tabs and no warning")
+{
+    run("chromium", flags + QStringList{"--incognito", page("secret.html", "Secret")});
+    REQUIRE(waitFor([&] { return hasWindow("Secret - "); }));
+    checkListed({});
+    CHECK(source.isRunning("org.chromium.Chromium"));
+}
