@@ -11,10 +11,8 @@ namespace {
 LibraryLock lock(LockedStore::Purpose purpose)
 {
     constexpr std::chrono::seconds patience(10);
-    const QString root = CheckpointRepository::defaultRoot();
-    return purpose == LockedStore::Purpose::Read
-               ? LibraryLock::forReading(root, patience)
-               : LibraryLock::forWriting(root, LibraryLock::Holder::Command, patience);
+    const auto access = purpose == LockedStore::Purpose::Read ? LibraryLock::Access::Read : LibraryLock::Access::Write;
+    return LibraryLock::waitFor({CheckpointRepository::defaultRoot(), LibraryLock::Kind::Command, access}, patience);
 }
 
 } // namespace

@@ -66,20 +66,6 @@ bool isSessionFile(const QString &path)
     return path.endsWith("/.parentlock") || chromium.match(path).hasMatch();
 }
 
-void addOpenFiles(BrowserProcess &process, const QString &folder)
-{
-    // Unlike QDir, this does not look at what the links lead to.
-    std::error_code error;
-    const std::filesystem::directory_iterator descriptors((folder + "/fd").toStdString(), error);
-    process.isVisible = !error;
-    for (const auto &descriptor : descriptors) {
-        const QString path = linkText(QString::fromStdString(descriptor.path().string()));
-        if (isSessionFile(path) && !process.openFiles.contains(path))
-            process.openFiles.append(path);
-    }
-    process.openFiles.sort();
-}
-
 // The kernel counts from the start of the machine.
 Date startOf(const QString &folder)
 {
@@ -110,8 +96,8 @@ QList<BrowserProcess> BrowserProcesses::running(const QString &browserID, const 
         BrowserProcess process;
         process.id = id;
         process.startedAt = startOf(folder);
-        process.rootFolder = folder + "/root";
-        addOpenFiles(process, folder);
+        process.folder = folder;
+        refresh(process);
         processes.append(std::move(process));
     }
     std::sort(processes.begin(), processes.end(), [](const BrowserProcess &a, const BrowserProcess &b) {
@@ -120,9 +106,24 @@ QList<BrowserProcess> BrowserProcesses::running(const QString &browserID, const 
     return processes;
 }
 
+void BrowserProcesses::refresh(BrowserProcess &process)
+{
+    // Unlike QDir, this does not look at what the links lead to.
+    std::error_code error;
+    const std::filesystem::directory_iterator descriptors((process.folder + "/fd").toStdString(), error);
+    process.isVisible = !error;
+    process.openFiles.clear();
+    for (const auto &descriptor : descriptors) {
+        const QString path = linkText(QString::fromStdString(descriptor.path().string()));
+        if (isSessionFile(path) && !process.openFiles.contains(path))
+            process.openFiles.append(path);
+    }
+    process.openFiles.sort();
+}
+
 QString BrowserProcesses::reachablePath(const BrowserProcess &process, const QString &path)
 {
-    return QFile::exists(path) ? path : process.rootFolder + path;
+    return QFile::exists(path) ? path : process.folder + "/root" + path;
 }
 
 } // namespace ardeno

@@ -17,8 +17,7 @@ struct BrowserProcess {
     // or of the lock in its profile (Firefox). What a process holds open cannot be stale, as a lock file in a profile
     // can.
     QStringList openFiles = {};
-    // Where those paths lead when it runs in a sandbox with a view of its own of the files.
-    QString rootFolder = {};
+    QString folder = {};   // The process's own, below /proc.
     bool isVisible = true; // False: the system does not show which files it has open.
 
     bool operator==(const BrowserProcess &) const = default;
@@ -29,7 +28,11 @@ namespace BrowserProcesses {
 // Those of this user, in the order in which they were started. Touches no file outside the process folder.
 QList<BrowserProcess> running(const QString &browserID, const QString &processFolder = "/proc");
 
-// A path of the process's as this program has to name it. May wait for a slow disk.
+// Looks again at the files that it has open.
+void refresh(BrowserProcess &process);
+
+// A path of the process's as this program has to name it: a sandbox gives it a view of its own of the files. May wait
+// for a slow disk.
 QString reachablePath(const BrowserProcess &process, const QString &path);
 
 } // namespace BrowserProcesses

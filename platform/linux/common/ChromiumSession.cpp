@@ -7,7 +7,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QThread>
 
 #include <algorithm>
 
@@ -55,13 +54,8 @@ QStringList earlierFiles(const BrowserProcess &process, const QFileInfo &current
 // A file that the browser has just begun lacks its initial state for a moment; then the one before it holds it.
 std::optional<ReadFile> readProfile(const BrowserProcess &process, const QString &path)
 {
-    constexpr int attempts = 3;
-    constexpr unsigned long pause = 50; // Milliseconds.
-    for (int attempt = 0; attempt < attempts; ++attempt) {
-        if (auto read = readFile(path))
-            return read;
-        QThread::msleep(pause);
-    }
+    if (auto read = readFile(path))
+        return read;
     const QFileInfo current(path);
     for (const QString &name : earlierFiles(process, current)) {
         if (auto read = readFile(current.dir().filePath(name)))

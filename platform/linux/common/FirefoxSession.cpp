@@ -5,9 +5,6 @@
 #include "platform/linux/common/MozLz4.h"
 #include "platform/linux/common/SessionFile.h"
 
-#include <QFileInfo>
-#include <QThread>
-
 #include <simdjson.h>
 
 #include <algorithm>
@@ -146,18 +143,13 @@ SessionWindow readWindow(ondemand::object object)
 // The session of one profile; absent when neither of its files can be read.
 std::optional<std::pair<QList<SessionWindow>, Date>> readProfile(const QString &folder, Date startedAt)
 {
-    constexpr int attempts = 2;
-    constexpr unsigned long pause = 100; // Milliseconds.
-    for (int attempt = 0; attempt < attempts; ++attempt) {
-        for (const char *name : {"recovery.jsonlz4", "recovery.baklz4"}) {
-            const auto file = SessionFile::read(folder + "/sessionstore-backups/" + name);
-            // What lies there from an earlier run is not open now.
-            if (!file || file->writtenAt < startedAt)
-                continue;
-            if (auto windows = FirefoxSession::windows(file->bytes))
-                return std::pair(std::move(*windows), file->writtenAt);
-        }
-        QThread::msleep(pause);
+    for (const char *name : {"recovery.jsonlz4", "recovery.baklz4"}) {
+        const auto file = SessionFile::read(folder + "/sessionstore-backups/" + name);
+        // What lies there from an earlier run is not open now.
+        if (!file || file->writtenAt < startedAt)
+            continue;
+        if (auto windows = FirefoxSession::windows(file->bytes))
+            return std::pair(std::move(*windows), file->writtenAt);
     }
     return std::nullopt;
 }

@@ -5,6 +5,9 @@
 #include "platform/linux/common/FirefoxSession.h"
 #include "platform/linux/common/SlowWork.h"
 
+#include <QDeadlineTimer>
+#include <QThread>
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -52,15 +55,22 @@ struct Reading {
     Browser browser;
     QList<BrowserProcess> processes;
     std::optional<QList<LiveWindow>> live;
+    std::chrono::milliseconds patience;
 
-    BrowserSession session(const BrowserProcess &process) const;
+    BrowserSession session(BrowserProcess process, QDeadlineTimer end) const;
     TabReport report() const;
 };
 
-BrowserSession Reading::session(const BrowserProcess &process) const
+BrowserSession Reading::session(BrowserProcess process, QDeadlineTimer end) const
 {
-    BrowserSession session =
-        browser.family == BrowserFamily::Firefox ? FirefoxSession::read(process) : ChromiumSession::read(process);
+    constexpr unsigned long pause = 50; // Milliseconds.
+    const auto read = browser.family == BrowserFamily::Firefox ? FirefoxSession::read : ChromiumSession::read;
+    BrowserSession session = read(process);
+    while (session.unreadProfiles > 0 && !end.hasExpired()) {
+        QThread::msleep(pause);
+        BrowserProcesses::refresh(process);
+        session = read(process);
+    }
     if (!live)
         return session;
     QList<LiveWindow> own = *live;
@@ -71,12 +81,13 @@ BrowserSession Reading::session(const BrowserProcess &process) const
 
 TabReport Reading::report() const
 {
+    const QDeadlineTimer end(patience);
     TabReport report;
     QString records;
     qsizetype number = 0;
     qsizetype readProfiles = 0;
     for (const BrowserProcess &process : processes) {
-        const BrowserSession one = session(process);
+        const BrowserSession one = session(process, end);
         readProfiles += one.readProfiles;
         report.isComplete = report.isComplete && one.unreadProfiles == 0;
         if (one.writtenAt)
@@ -135,6 +146,7 @@ QCoro::Task<TabReport> SessionTabs::openTabs(Browser browser, QString)
     reading.live = m_liveWindows ? m_liveWindows() : std::nullopt;
     reading.processes = runningProcesses(browser.id, reading.live);
     reading.browser = std::move(browser);
+    reading.patience = m_options.patience;
     return SlowWork::withinDeadline([reading = std::move(reading)] { return reading.report(); }, m_options.deadline);
 }
 

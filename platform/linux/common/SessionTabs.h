@@ -16,6 +16,8 @@ public:
     struct Options {
         QString processFolder = "/proc";
         std::chrono::milliseconds deadline = std::chrono::seconds(5); // For reading one browser.
+        // How long a browser that is in the middle of writing may take until its files count as unreadable.
+        std::chrono::milliseconds patience = std::chrono::seconds(2);
     };
 
     explicit SessionTabs(LiveWindowList liveWindows, Options options);

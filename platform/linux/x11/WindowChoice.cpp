@@ -7,6 +7,8 @@
 #include <QByteArray>
 #include <QHash>
 
+#include <vector>
+
 #include <unistd.h>
 
 #include <xcb/res.h>
@@ -131,7 +133,40 @@ private:
     QSet<qint32> m_processes = {};
 };
 
+// Windows that are mapped but not to be seen: compositing managers keep those of other desktops and minimised ones.
+QSet<xcb_window_t> hiddenWindows(const X11Connection &connection, const QList<TopLevel> &windows)
+{
+    constexpr quint32 everyDesktop = ~0U;
+    const quint32 current =
+        X11Property(connection, connection.root(), X11Atom::NetCurrentDesktop).cardinal().value_or(everyDesktop);
+    const auto clients = WindowTree::clientsInside(connection, numbersOf(windows));
+    std::vector<X11Property> states;
+    std::vector<X11Property> desktops;
+    for (const TopLevel &window : windows) {
+        states.emplace_back(connection, clients.value(window.id).window, X11Atom::NetWmState);
+        desktops.emplace_back(connection, clients.value(window.id).window, X11Atom::NetWmDesktop);
+    }
+    QSet<xcb_window_t> hidden;
+    for (qsizetype i = 0; i < windows.size(); ++i) {
+        const quint32 desktop = desktops[size_t(i)].cardinal().value_or(everyDesktop);
+        const bool isElsewhere = current != everyDesktop && desktop != everyDesktop && desktop != current;
+        const bool isMinimised = states[size_t(i)].cardinals().contains(connection.atom(X11Atom::NetWmStateHidden));
+        if (clients.value(windows[i].id).isManaged && (isElsewhere || isMinimised))
+            hidden.insert(windows[i].id);
+    }
+    return hidden;
+}
+
 } // namespace
+
+bool hasCompositingManager(const X11Connection &connection)
+{
+    xcb_connection_t *xcb = connection.xcb();
+    const xcb_atom_t selection = connection.atom(X11Atom::NetCompositorSelection);
+    const X11Reply<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(xcb, xcb_get_selection_owner(xcb, selection), nullptr));
+    return reply && reply->owner != XCB_NONE;
+}
 
 WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entries, const QList<TopLevel> &windows,
                            const Exclusion &exclusion)
@@ -150,6 +185,8 @@ WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entr
         if (!choice.leftOut.contains(window.id))
             choice.allowed.insert(window.id);
     }
+    if (hasCompositingManager(connection))
+        choice.hidden = hiddenWindows(connection, viewableOf(windows));
     return choice;
 }
 

@@ -26,6 +26,9 @@ struct Exclusion {
     QSet<QString> appIDs = {};
 };
 
+// Whether a compositing manager runs, which gives alpha its meaning.
+bool hasCompositingManager(const X11Connection &connection);
+
 // Judges these windows, mapped or not. The owners are asked for only when an application is excluded.
 WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entries, const QList<TopLevel> &windows,
                            const Exclusion &exclusion);

@@ -22,10 +22,17 @@ bool knowsAll(const WindowChoice &choice, const QList<TopLevel> &windows)
                        [&](const TopLevel &window) { return choice.knows(window.id); });
 }
 
-bool leavesOutAny(const WindowChoice &choice, const QList<TopLevel> &windows)
+// Whether the screen may show something that must be left out. A compositing manager shows windows for a while after
+// they have gone, so there it is enough that there might have been one.
+bool mayShowLeftOut(const X11Connection &connection, const WindowChoice &choice, const QList<TopLevel> &windows,
+                    const Exclusion &exclusion)
 {
-    return std::any_of(windows.cbegin(), windows.cend(),
-                       [&](const TopLevel &window) { return window.isViewable && choice.leftOut.contains(window.id); });
+    const bool lingers = hasCompositingManager(connection);
+    if (lingers && !exclusion.appIDs.isEmpty())
+        return true;
+    return std::any_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
+        return (window.isViewable || lingers) && choice.leftOut.contains(window.id);
+    });
 }
 
 bool hasUsualPixels(const xcb_setup_t &setup, const xcb_screen_t &screen)
@@ -76,7 +83,7 @@ std::optional<Canvas> X11Picture::screenIf(const IsClean &isClean, const X11Conn
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         const QList<TopLevel> windows = topLevels(connection);
         const WindowChoice choice = chooseWindows(connection, m_entries, windows, m_exclusion);
-        if (leavesOutAny(choice, windows))
+        if (mayShowLeftOut(connection, choice, windows, m_exclusion))
             return std::nullopt;
         std::optional<ServerGrab> grab(connection);
         const Moment now = moment(connection, extensions);

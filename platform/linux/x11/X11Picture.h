@@ -18,8 +18,8 @@ class X11Picture final {
 public:
     X11Picture(CanvasRequest request, Exclusion exclusion, DesktopEntries &entries);
 
-    // The picture of the screen as it is; absent when a window must be left out, or when windows come and go too fast
-    // to be sure. Throws Failure and std::bad_alloc, like all of these.
+    // The picture of the screen as it is; absent when it may show what must be left out, also when windows come and go
+    // too fast to be sure. Throws Failure and std::bad_alloc, like all of these.
     std::optional<Canvas> ofScreen(const X11Connection &connection, const X11Extensions &extensions);
     // The same while windows are redirected; absent also when one of them still shows another.
     std::optional<Canvas> ofScreen(X11Redirection &redirection);

@@ -3,7 +3,6 @@
 
 #include "desktop/Capability.h"
 
-#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -18,15 +17,17 @@ namespace {
 // How long an application may take to draw what has been uncovered.
 constexpr auto drawingTime = std::chrono::milliseconds(150);
 
-// How long the place that a window has left may still show it.
-constexpr auto traceTime = std::chrono::seconds(1);
-
 constexpr quint8 withoutSendFlag = 0x7f;
+
+QRect outerRectangle(int x, int y, int width, int height, int border)
+{
+    return {x, y, width + 2 * border, height + 2 * border};
+}
 
 } // namespace
 
 X11Redirection::X11Redirection(const QByteArray &displayName)
-    : m_connection(displayName), m_extensions(X11Extensions::of(m_connection))
+    : m_connection(displayName), m_extensions(X11Extensions::of(m_connection)), m_watch(m_connection)
 {
     const QString missing = m_extensions.missingForExclusion();
     if (!missing.isEmpty())
@@ -42,15 +43,10 @@ void X11Redirection::begin()
     const ServerGrab grab(m_connection);
     const QList<TopLevel> windows = topLevels(m_connection);
     for (const TopLevel &window : windows) {
-        Window known;
-        known.outer = window.outer;
-        known.border = window.border;
-        known.isMapped = window.isViewable;
-        m_windows.insert(window.id, known);
+        m_borders.insert(window.id, window.border);
+        m_pixels.add(window.id, window.outer, window.isViewable);
     }
     inheritCovered(viewableOf(windows));
-    roundTrip();
-    processEvents();
     xcb_composite_redirect_subwindows(xcb, m_connection.root(), XCB_COMPOSITE_REDIRECT_AUTOMATIC);
     roundTrip();
     // During the grab nobody draws but the server: backgrounds, not yet what the owner wants to show there.
@@ -86,102 +82,28 @@ void X11Redirection::inheritCovered(const QList<TopLevel> &windows)
         const xcb_window_t id = windows[below].id;
         if (redirected.contains(id))
             continue;
-        Window &window = m_windows[id];
         for (qsizetype above = below + 1; above < windows.size(); ++above)
-            addInherited(window, windows[above].id, windows[above].outer);
-        for (const Inherited &inherited : std::as_const(window.inherited))
-            window.awaited.add(inherited.region);
-        watchDrawing(id, window);
+            m_pixels.cover(id, windows[above].id);
+        if (!m_pixels.isClean(id))
+            m_awaited[id].region = m_pixels.inheritedBy(id);
+        watchUnlessClean(id);
     }
 }
 
-// A pixmap made now begins with what is on the screen, whoever drew it.
-void X11Redirection::inheritFromScreen(xcb_window_t id, Window &window)
+void X11Redirection::watchUnlessClean(xcb_window_t id)
 {
-    const QRect whole(QPoint(0, 0), window.outer.size());
-    QList<Inherited> before = std::exchange(window.inherited, {});
-    for (Inherited &inherited : before) {
-        inherited.region = whole;
-        window.inherited.append(inherited);
-    }
-    for (const Trace &trace : std::as_const(m_traces))
-        addInherited(window, trace.source, trace.outer);
-    for (auto other = m_windows.cbegin(); other != m_windows.cend(); ++other) {
-        if (other.key() == id || !other->isMapped)
-            continue;
-        addInherited(window, other.key(), other->outer);
-        for (const Inherited &passedOn : other->inherited)
-            addInherited(window, passedOn.source, passedOn.region.translated(other->outer.topLeft()));
-    }
-    watchDrawing(id, window);
-}
-
-void X11Redirection::addInherited(Window &window, xcb_window_t source, const X11Region &area)
-{
-    const X11Region common = area.intersected(window.outer).translated(-window.outer.topLeft());
-    if (common.isEmpty())
+    if (m_pixels.isClean(id))
         return;
-    const auto isSame = [&](const Inherited &inherited) { return inherited.source == source; };
-    const auto present = std::find_if(window.inherited.begin(), window.inherited.end(), isSame);
-    if (present == window.inherited.end())
-        window.inherited.append({source, common});
-    else
-        present->region.add(common);
+    m_awaited[id].since = Clock::now();
+    m_watch.start(id);
 }
 
-void X11Redirection::watchDrawing(xcb_window_t id, Window &window)
-{
-    if (window.inherited.isEmpty())
-        return;
-    window.since = Clock::now();
-    if (window.damage != XCB_NONE)
-        return;
-    xcb_connection_t *xcb = m_connection.xcb();
-    window.damage = xcb_generate_id(xcb);
-    window.creation = xcb_damage_create(xcb, window.damage, id, XCB_DAMAGE_REPORT_LEVEL_RAW_RECTANGLES).sequence;
-    // Events after this request do not bear the number of the one that made the object.
-    xcb_no_operation(xcb);
-    xcb_flush(xcb);
-}
-
-void X11Redirection::stopWatching(Window &window) const
-{
-    if (window.damage != XCB_NONE)
-        xcb_damage_destroy(m_connection.xcb(), std::exchange(window.damage, XCB_NONE));
-}
-
-// A window's number may be given to another one; what was inherited from it stays suspect.
 void X11Redirection::forget(xcb_window_t id)
 {
-    const auto gone = m_windows.find(id);
-    if (gone != m_windows.end()) {
-        handleUnmap(id);
-        m_windows.erase(gone); // Its damage object has gone with it.
-    }
-    const QList<Trace> traces = m_traces;
-    for (const Trace &trace : traces) {
-        if (trace.source == id)
-            leaveTrace(XCB_NONE, trace.outer);
-    }
-    m_traces.removeIf([&](const Trace &trace) { return trace.source == id; });
-    for (Window &window : m_windows) {
-        const auto isGone = [&](const Inherited &inherited) { return inherited.source == id; };
-        const auto inherited = std::find_if(window.inherited.begin(), window.inherited.end(), isGone);
-        if (inherited == window.inherited.end())
-            continue;
-        const X11Region region = std::exchange(inherited->region, {}).translated(window.outer.topLeft());
-        window.inherited.erase(inherited);
-        addInherited(window, XCB_NONE, region);
-    }
-}
-
-void X11Redirection::leaveTrace(xcb_window_t id, const QRect &outer)
-{
-    const Clock::time_point now = Clock::now();
-    m_traces.removeIf([&](const Trace &trace) {
-        return trace.left + traceTime < now || (trace.source == id && trace.outer == outer);
-    });
-    m_traces.append({id, outer, now});
+    m_pixels.remove(id);
+    m_watch.forget(id);
+    m_borders.remove(id);
+    m_awaited.remove(id);
 }
 
 void X11Redirection::processEvents()
@@ -213,21 +135,36 @@ void X11Redirection::handle(const xcb_generic_event_t &event)
     const quint8 type = event.response_type & withoutSendFlag;
     if (type == m_extensions.firstDamageEvent + XCB_DAMAGE_NOTIFY)
         return handleDrawing(reinterpret_cast<const xcb_damage_notify_event_t &>(event), event.full_sequence);
-    switch (type) {
+    if (type < XCB_CREATE_NOTIFY || type > XCB_CIRCULATE_NOTIFY)
+        return; // Errors of windows that have just gone.
+    // All of these begin with the window whose children are followed and the child in question.
+    const auto &any = reinterpret_cast<const xcb_map_notify_event_t &>(event);
+    if (any.event != m_connection.root())
+        return m_watch.distrustBelow(any.event, any.window);
+    handleBelowRoot(event);
+}
+
+void X11Redirection::handleBelowRoot(const xcb_generic_event_t &event)
+{
+    const xcb_window_t id = reinterpret_cast<const xcb_map_notify_event_t &>(event).window;
+    switch (event.response_type & withoutSendFlag) {
     case XCB_CREATE_NOTIFY:
         return handleCreate(reinterpret_cast<const xcb_create_notify_event_t &>(event));
     case XCB_MAP_NOTIFY:
-        return handleMap(reinterpret_cast<const xcb_map_notify_event_t &>(event).window);
+        m_pixels.map(id);
+        return watchUnlessClean(id);
     case XCB_UNMAP_NOTIFY:
-        return handleUnmap(reinterpret_cast<const xcb_unmap_notify_event_t &>(event).window);
+        m_pixels.unmap(id);
+        m_awaited.remove(id);
+        return m_watch.stop(id);
     case XCB_DESTROY_NOTIFY:
-        return forget(reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window);
+        return forget(id);
     case XCB_CONFIGURE_NOTIFY:
         return handleConfigure(reinterpret_cast<const xcb_configure_notify_event_t &>(event));
     case XCB_REPARENT_NOTIFY:
         return handleReparent(reinterpret_cast<const xcb_reparent_notify_event_t &>(event));
     default:
-        return; // Errors of windows that have just gone.
+        return;
     }
 }
 
@@ -236,94 +173,58 @@ void X11Redirection::handleCreate(const xcb_create_notify_event_t &event)
     const xcb_setup_t &setup = *xcb_get_setup(m_connection.xcb());
     if ((event.window & ~setup.resource_id_mask) == setup.resource_id_base)
         return; // Made on this connection for a picture, and never seen.
-    Window window;
-    window.border = event.border_width;
-    window.outer = QRect(event.x, event.y, event.width + 2 * window.border, event.height + 2 * window.border);
-    m_windows.insert(event.window, window);
-}
-
-void X11Redirection::handleMap(xcb_window_t id)
-{
-    const auto window = m_windows.find(id);
-    if (window == m_windows.end() || window->isMapped)
-        return;
-    window->isMapped = true;
-    inheritFromScreen(id, *window);
-}
-
-void X11Redirection::handleUnmap(xcb_window_t id)
-{
-    const auto window = m_windows.find(id);
-    if (window == m_windows.end())
-        return;
-    if (window->isMapped)
-        leaveTrace(id, window->outer);
-    stopWatching(*window);
-    window->isMapped = false;
-    window->inherited.clear();
-    window->awaited = {};
+    m_borders.insert(event.window, event.border_width);
+    m_pixels.add(event.window, outerRectangle(event.x, event.y, event.width, event.height, event.border_width), false);
 }
 
 void X11Redirection::handleConfigure(const xcb_configure_notify_event_t &event)
 {
-    const auto window = m_windows.find(event.window);
-    if (window == m_windows.end())
-        return;
-    const QSize before = window->outer.size();
-    if (window->isMapped)
-        leaveTrace(event.window, window->outer);
-    window->border = event.border_width;
-    window->outer = QRect(event.x, event.y, event.width + 2 * window->border, event.height + 2 * window->border);
-    // A new size is a new pixmap.
-    if (window->isMapped && before != window->outer.size())
-        inheritFromScreen(event.window, *window);
+    m_borders.insert(event.window, event.border_width);
+    m_pixels.place(event.window, outerRectangle(event.x, event.y, event.width, event.height, event.border_width));
+    m_watch.distrustUntilNow(event.window);
+    watchUnlessClean(event.window);
 }
 
 void X11Redirection::handleReparent(const xcb_reparent_notify_event_t &event)
 {
-    handleUnmap(event.window);
-    if (event.parent != m_connection.root()) {
-        m_windows.remove(event.window);
+    m_watch.stop(event.window);
+    forget(event.window);
+    if (event.parent != m_connection.root())
         return;
-    }
     // The event names the place alone. A window that was mapped is mapped again afterwards.
     xcb_connection_t *xcb = m_connection.xcb();
     const X11Reply<xcb_get_geometry_reply_t> geometry(
         xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, event.window), nullptr));
     if (!geometry)
         return;
-    Window window;
-    window.border = geometry->border_width;
-    window.outer = QRect(event.x, event.y, geometry->width + 2 * window.border, geometry->height + 2 * window.border);
-    m_windows.insert(event.window, window);
+    const int border = geometry->border_width;
+    m_borders.insert(event.window, border);
+    m_pixels.add(event.window, outerRectangle(event.x, event.y, geometry->width, geometry->height, border), false);
 }
 
 void X11Redirection::handleDrawing(const xcb_damage_notify_event_t &event, quint32 sequence)
 {
-    const auto window = m_windows.find(event.drawable);
-    // A new object first reports the whole window as drawn.
-    if (window == m_windows.end() || window->damage != event.damage || sequence == window->creation)
+    if (!m_watch.isDrawing(event, sequence))
         return;
-    const QRect drawn(event.area.x + window->border, event.area.y + window->border, event.area.width,
-                      event.area.height);
-    for (Inherited &inherited : window->inherited)
-        inherited.region.subtract(drawn);
-    window->inherited.removeIf([](const Inherited &inherited) { return inherited.region.isEmpty(); });
+    const xcb_window_t id = event.drawable;
+    const int border = m_borders.value(id);
+    const QRect drawn(event.area.x + border, event.area.y + border, event.area.width, event.area.height);
+    m_pixels.draw(id, drawn);
     if (!m_onlyServerDraws)
-        window->awaited.subtract(drawn);
-    if (window->inherited.isEmpty() && window->awaited.isEmpty())
-        stopWatching(*window);
+        m_awaited[id].region.subtract(drawn);
+    if (m_pixels.isClean(id) && awaited(id).isEmpty())
+        m_watch.stop(id);
 }
 
 void X11Redirection::dropExpired()
 {
     const Clock::time_point now = Clock::now();
-    for (Window &window : m_windows) {
-        if (window.awaited.isEmpty() || window.since + drawingTime > now)
+    for (auto awaited = m_awaited.begin(); awaited != m_awaited.end(); ++awaited) {
+        if (awaited->region.isEmpty() || awaited->since + drawingTime > now)
             continue;
-        window.awaited = {};
-        if (window.inherited.isEmpty())
-            stopWatching(window);
+        awaited->region = {};
+        if (m_pixels.isClean(awaited.key()))
+            m_watch.stop(awaited.key());
     }
 }
 
@@ -335,27 +236,9 @@ void X11Redirection::roundTrip() const
     requireAlive(m_connection);
 }
 
-X11Region X11Redirection::untrusted(xcb_window_t window, const QSet<xcb_window_t> &allowed) const
-{
-    X11Region region;
-    const auto found = m_windows.constFind(window);
-    if (found == m_windows.cend())
-        return region;
-    for (const Inherited &inherited : found->inherited) {
-        if (!allowed.contains(inherited.source))
-            region.add(inherited.region);
-    }
-    return region;
-}
-
-X11Region X11Redirection::awaited(xcb_window_t window) const
-{
-    return m_windows.value(window).awaited;
-}
-
 X11Redirection::Clock::time_point X11Redirection::patience(xcb_window_t window) const
 {
-    return m_windows.value(window).since + drawingTime;
+    return m_awaited.value(window).since + drawingTime;
 }
 
 } // namespace ardeno

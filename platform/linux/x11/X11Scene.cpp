@@ -34,7 +34,7 @@ X11Redirection::Clock::time_point lastPatience(const X11Redirection &redirection
     X11Redirection::Clock::time_point last = {};
     for (qsizetype i = windows.size() - 1; i >= 0; --i) {
         const TopLevel &window = windows[i];
-        if (!choice.allowed.contains(window.id))
+        if (!choice.allowed.contains(window.id) || choice.hidden.contains(window.id))
             continue;
         X11Region missing = redirection.untrusted(window.id, choice.allowed);
         missing.add(redirection.awaited(window.id));
@@ -48,15 +48,6 @@ X11Redirection::Clock::time_point lastPatience(const X11Redirection &redirection
 }
 
 } // namespace
-
-bool hasCompositingManager(const X11Connection &connection)
-{
-    xcb_connection_t *xcb = connection.xcb();
-    const xcb_atom_t selection = connection.atom(X11Atom::NetCompositorSelection);
-    const X11Reply<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(xcb, xcb_get_selection_owner(xcb, selection), nullptr));
-    return reply && reply->owner != XCB_NONE;
-}
 
 void waitForDrawing(X11Redirection &redirection, const WindowChoice &choice, const X11Region &displays)
 {

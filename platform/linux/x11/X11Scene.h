@@ -41,9 +41,6 @@ private:
     quint8 m_grey;
 };
 
-// Whether a compositing manager runs, which gives alpha its meaning.
-bool hasCompositingManager(const X11Connection &connection);
-
 // Waits until the owners have drawn what pictures would show and what has just been uncovered, as long as it is worth
 // it. Areas are those of the displays.
 void waitForDrawing(X11Redirection &redirection, const WindowChoice &choice, const X11Region &displays);

@@ -61,8 +61,6 @@ TEST_CASE_FIXTURE(ChromiumFixture, "Chromium's tabs are those of its ordinary wi
     close("Second 7 - ");
     checkListed({});
     CHECK(hasWindow("Secret - "));
-    SessionTabs files{LiveWindowList()};
-    MESSAGE(finish(files.openTabs({"org.chromium.Chromium", "Chromium"}, {})).records.value_or("none"));
 }
 
 TEST_CASE_FIXTURE(ChromiumFixture, "a Chromium with nothing but a private window has no tabs and no warning")

@@ -32,7 +32,7 @@ QString lines(QString records)
 struct Machine {
     QTemporaryDir folder;
     std::optional<QList<LiveWindow>> live;
-    SessionTabs tabs{[this] { return live; }, {.processFolder = folder.filePath("proc")}};
+    SessionTabs tabs{[this] { return live; }, {.processFolder = folder.filePath("proc"), .patience = {}}};
 
     QString write(const QString &path, const QByteArray &bytes) const
     {
@@ -158,6 +158,17 @@ TEST_CASE_FIXTURE(Machine, "a session that cannot be read is not taken for an em
     const TabReport report = finish(tabs.openTabs(chromium, {}));
     CHECK(lines(*report.records) == "1 1 http://h/a A\n");
     CHECK_FALSE(report.isComplete);
+}
+
+TEST_CASE_FIXTURE(Machine, "a browser in the middle of writing is waited for")
+{
+    start(50, chromiumProgram, {write("p/Default/Sessions_Encrypted/Session_1", Snss(4).bytes())});
+    SessionTabs patient([] { return std::nullopt; },
+                        {.processFolder = folder.filePath("proc"), .patience = std::chrono::seconds(4)});
+    auto report = patient.openTabs(chromium, {});
+    const QString plain = write("p/Default/Sessions/Session_1", onePage(1, "http://h/a", "A"));
+    QFile::link(plain, folder.filePath("proc/50/fd/9"));
+    CHECK(lines(finish(std::move(report)).records.value_or("none")) == "1 1 http://h/a A\n");
 }
 
 TEST_CASE_FIXTURE(Machine, "an encrypted copy beside the plain file and private windows alone are no failure")

@@ -9,7 +9,7 @@ using namespace ardeno;
 using namespace ardeno::screen_test;
 
 // On a screen of 3840 by 2160.
-TEST_SUITE("wide" * doctest::skip())
+TEST_SUITE("wide")
 {
     TEST_CASE_FIXTURE(ScreenFixture, "a wide display is halved, and its edges stay sharp")
     {

@@ -30,6 +30,14 @@ void install(const QString &id, const QString &windowClass)
                    .toUtf8());
 }
 
+xcb_atom_t atom(xcb_connection_t *xcb, const QByteArray &name)
+{
+    auto *reply = xcb_intern_atom_reply(xcb, xcb_intern_atom(xcb, 0, quint16(name.size()), name.constData()), nullptr);
+    const xcb_atom_t found = reply->atom;
+    std::free(reply);
+    return found;
+}
+
 } // namespace
 
 Painter::Painter(const QStringList &description)
@@ -79,6 +87,7 @@ ScreenFixture::ScreenFixture()
 {
     install(secretID, "secret");
     install("org.example.Open", "open");
+    setWallpaper(0x305070);
     const QImage whole = peerPicture();
     movePointer(whole.width() - 1, whole.height() - 1);
 }
@@ -114,6 +123,34 @@ void ScreenFixture::movePointer(int x, int y) const
     xcb_connection_t *xcb = xcb_connect(nullptr, nullptr);
     const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(xcb)).data->root;
     xcb_warp_pointer(xcb, XCB_NONE, root, 0, 0, 0, 0, qint16(x), qint16(y));
+    std::free(xcb_get_input_focus_reply(xcb, xcb_get_input_focus(xcb), nullptr));
+    xcb_disconnect(xcb);
+}
+
+void ScreenFixture::setWallpaper(quint32 colour) const
+{
+    xcb_connection_t *xcb = xcb_connect(nullptr, nullptr);
+    const xcb_screen_t *first = xcb_setup_roots_iterator(xcb_get_setup(xcb)).data;
+    xcb_set_close_down_mode(xcb, XCB_CLOSE_DOWN_RETAIN_PERMANENT);
+    const xcb_pixmap_t pixmap = xcb_generate_id(xcb);
+    xcb_create_pixmap(xcb, first->root_depth, pixmap, first->root, 8, 8);
+    const xcb_gcontext_t context = xcb_generate_id(xcb);
+    xcb_create_gc(xcb, context, pixmap, XCB_GC_FOREGROUND, &colour);
+    const xcb_rectangle_t all = {0, 0, 8, 8};
+    xcb_poly_fill_rectangle(xcb, pixmap, context, 1, &all);
+    xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, first->root, atom(xcb, "_XROOTPMAP_ID"), XCB_ATOM_PIXMAP, 32, 1,
+                        &pixmap);
+    xcb_change_window_attributes(xcb, first->root, XCB_CW_BACK_PIXMAP, &pixmap);
+    xcb_clear_area(xcb, 0, first->root, 0, 0, 0, 0);
+    std::free(xcb_get_input_focus_reply(xcb, xcb_get_input_focus(xcb), nullptr));
+    xcb_disconnect(xcb);
+}
+
+void ScreenFixture::removeWallpaper() const
+{
+    xcb_connection_t *xcb = xcb_connect(nullptr, nullptr);
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(xcb)).data->root;
+    xcb_delete_property(xcb, root, atom(xcb, "_XROOTPMAP_ID"));
     std::free(xcb_get_input_focus_reply(xcb, xcb_get_input_focus(xcb), nullptr));
     xcb_disconnect(xcb);
 }

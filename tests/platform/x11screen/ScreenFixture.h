@@ -65,6 +65,9 @@ struct ScreenFixture {
     // The picture as another program takes it, without the pointer.
     QImage peerPicture() const;
     void movePointer(int x, int y) const;
+    // A wallpaper of this colour, left on the root window as programs do; without one only the root's own background.
+    void setWallpaper(quint32 colour) const;
+    void removeWallpaper() const;
     // Replaces the monitors by these: name and geometry as xrandr has it ("800/200x600/150+0+0").
     void setMonitors(const QList<QStringList> &monitors);
 
