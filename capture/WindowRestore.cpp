@@ -54,7 +54,7 @@ struct Pending {
     SavedWindow saved = {};
     qsizetype groupSize = 0;  // How many windows of its application were saved.
     bool isAmbiguous = false; // Another saved window has its title.
-    bool isAwaited = false;   // Its application was started by this resume.
+    bool isAwaited = false;   // This resume caused it to be opened.
 };
 
 // Where a live window was seen, and since when it has been there.
@@ -142,7 +142,7 @@ void Restore::collect()
         m_pending.append({.saved = window,
                           .groupSize = groupSizes.value(window.appID),
                           .isAmbiguous = titles.value({window.appID, window.title}) > 1,
-                          .isAwaited = m_request.startedAppIDs.contains(window.appID)});
+                          .isAwaited = m_request.awaitedIDs.contains(window.id)});
     }
 }
 

@@ -9,6 +9,7 @@
 #include <QList>
 #include <QSet>
 #include <QString>
+#include <QUuid>
 
 #include <chrono>
 
@@ -18,9 +19,9 @@ namespace ardeno::WindowLayout {
 struct RestoreRequest {
     QList<SavedWindow> windows = {};
     QSet<QString> allowedAppIDs = {}; // Windows of other applications are neither touched nor counted.
-    QSet<QString> startedAppIDs = {}; // Applications that this resume started: their windows may come late.
+    QSet<QUuid> awaitedIDs = {};      // Saved windows that this resume caused to be opened: they may come late.
     std::chrono::milliseconds firstWait = std::chrono::milliseconds(650);
-    std::chrono::milliseconds patience = std::chrono::seconds(10); // For windows of started applications.
+    std::chrono::milliseconds patience = std::chrono::seconds(10); // For awaited windows.
 };
 
 // Moves the windows that are certain to be the saved ones back to where they were; what is minimised, full screen,

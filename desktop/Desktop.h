@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/Launcher.h"
 #include "desktop/ScreenAccess.h"
 #include "desktop/ScreenCapture.h"
 #include "desktop/TabSource.h"
+#include "desktop/WindowMover.h"
 #include "desktop/WindowServer.h"
 #include "desktop/Workspace.h"
 
@@ -32,6 +34,8 @@ struct Desktop {
     std::unique_ptr<ScreenCapture> screenCapture = {};
     std::unique_ptr<ScreenAccess> screenAccess = {};
     std::unique_ptr<TabSource> tabSource = {};
+    std::unique_ptr<WindowMover> windowMover = {};
+    std::unique_ptr<Launcher> launcher = {};
 };
 
 } // namespace ardeno

@@ -25,6 +25,15 @@ struct InMemoryDesktop {
     std::function<void()> whileComposing = {}; // Called in the middle of a picture.
     QList<QSet<QString>> preparedExclusions = {};
     QList<CanvasRequest> requests = {};
+    Capability moving = Capability::available();
+    QList<MovableWindow> movable = {};
+    QList<WindowMove> moves = {};                // Carried out, unless the window refuses.
+    QHash<quint32, MoveResult> moveResults = {}; // Of windows that do not simply obey.
+    QStringList opened = {}; // "app ID PATH…", "page ID ADDRESS…", "window ID ADDRESS…", "path PATH", …
+    QHash<QString, QString> openFailures = {}; // Why an application or the default browser ("") cannot be opened.
+    QSet<QString> certainWindowIDs = {};       // The browser windows that can be found again.
+    QStringList endedWithError = {};           // Names of applications.
+    std::function<void(const QString &)> whenOpened = {}; // Called with each entry of opened.
 
     InMemoryDesktop() = default;
     InMemoryDesktop(const InMemoryDesktop &) = delete;

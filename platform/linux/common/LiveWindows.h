@@ -17,6 +17,7 @@ struct LiveWindow {
     QString applicationID = {}; // Empty when it is not known.
     QString title = {};
     WindowRect frame = {}; // With decoration, without client-side shadows.
+    quint32 windowID = 0;  // The window server's number of it.
 
     bool operator==(const LiveWindow &) const = default;
 };
@@ -31,5 +32,9 @@ QString shownTitle(const SessionTab &tab);
 // a window that is not recorded (a private one) stays open; each live window vouches for one window of the session at
 // most, by its title or by its place.
 QList<SessionWindow> withoutGhosts(const QList<SessionWindow> &session, const QList<LiveWindow> &live);
+
+// The live window that a session's window is; absent unless nothing else is possible.
+std::optional<LiveWindow> certainWindow(const SessionWindow &window, const QList<SessionWindow> &session,
+                                        const QList<LiveWindow> &live);
 
 } // namespace ardeno

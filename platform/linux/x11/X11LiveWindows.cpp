@@ -27,6 +27,7 @@ std::optional<QList<LiveWindow>> liveWindows(const X11Connection &connection, De
             .applicationID = owner.applicationID.value_or(QString()),
             .title = facts.title,
             .frame = *facts.frame,
+            .windowID = facts.window,
         });
     }
     return windows;
