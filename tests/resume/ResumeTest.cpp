@@ -6,6 +6,12 @@ using namespace ardeno::desktop_test;
 
 namespace {
 
+// One empty page.
+constexpr auto minimalPdf = "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endobj\n"
+                            "2 0 obj<</Type/Pages/Kids[3 0 R]/Count 1>>endobj\n"
+                            "3 0 obj<</Type/Page/Parent 2 0 R/MediaBox[0 0 300 200]>>endobj\n"
+                            "trailer<</Root 1 0 R>>\n%%EOF\n";
+
 // A workspace of real applications and a browser with pages from this machine.
 struct WorkspaceFixture : ResumeFixture {
     QProcess server;
@@ -95,7 +101,8 @@ void place(const QString &title, const QString &frame)
 
 QString activeTitle()
 {
-    const QString active = outputOf("xprop", {"-root", "_NET_ACTIVE_WINDOW"}).section("# ", 1).trimmed();
+    const QString active =
+        outputOf("xprop", {"-root", "_NET_ACTIVE_WINDOW"}).section("# ", 1).section(',', 0, 0).trimmed();
     return outputOf("xprop", {"-id", active, "_NET_WM_NAME"});
 }
 
@@ -106,13 +113,16 @@ TEST_CASE_FIXTURE(WorkspaceFixture,
 {
     serve();
     const QString notes = write("notes.txt", "Seeds 11 to 20 are still missing.\n");
+    const QString paper = write("paper.pdf", minimalPdf);
     const QString folder = home.filePath("pages");
     Application editor("mousepad", {notes});
+    Application viewer("evince", {paper});
     Application files("thunar", {folder});
     Application terminal("xterm", {"-T", "long run", "-e", "sleep 1000"});
     const QStringList pages = {page("First", true), page("Second", false), page("Third", false)};
     Application browser("chromium", chromiumFlags() + pages);
     place("notes.txt", "120,90,700,500");
+    place("paper.pdf", "820,560,560,480");
     place("pages", "900,80,640,420");
     place("long run", "60,640,600,300");
     REQUIRE(browser.waitForWindow("Chromium") != 0);
@@ -122,9 +132,11 @@ TEST_CASE_FIXTURE(WorkspaceFixture,
         return addresses(saved).size() == 3;
     }));
     setDocument("notes.txt", "documentURL", notes);
+    setDocument("paper.pdf", "documentURL", paper);
     setDocument("pages - Thunar", "locationURL", folder);
 
     editor.end();
+    viewer.end();
     outputOf("thunar", {"-q"});
     place("long run", "400,200,300,200");
     write("pages/close", "");
@@ -138,9 +150,9 @@ TEST_CASE_FIXTURE(WorkspaceFixture,
     CAPTURE(result.out);
     CAPTURE(result.error);
     REQUIRE(result.status == 0);
-    CHECK(outcome(result).value("openedApps") == 2);
+    CHECK(outcome(result).value("openedApps") == 3);
     CHECK(outcome(result).value("openedTabs") == 1);
-    CHECK(outcome(result).value("documents") == 1);
+    CHECK(outcome(result).value("documents") == 2);
     CHECK(outcome(result).value("folders") == 1);
     CHECK(outcome(result).value("failures").toArray().isEmpty());
     CHECK(activeTitle().contains("long run"));
@@ -152,7 +164,7 @@ TEST_CASE_FIXTURE(WorkspaceFixture,
     CHECK(outcome(again).value("openedTabs") == 0);
     CHECK(outcome(again).value("documents") == 0);
     CHECK(outcome(again).value("folders") == 0);
-    CHECK(outcome(again).value("alreadyActive") == 7);
+    CHECK(outcome(again).value("alreadyActive") == 8);
 
     QJsonObject now;
     CHECK(eventually([&] {
@@ -160,7 +172,7 @@ TEST_CASE_FIXTURE(WorkspaceFixture,
         return addresses(now) == addresses(saved);
     }));
     CHECK(addresses(now) == addresses(saved));
-    for (const char *title : {"notes.txt", "pages - Thunar", "long run"}) {
+    for (const char *title : {"notes.txt", "paper.pdf", "pages - Thunar", "long run"}) {
         CAPTURE(title);
         CHECK(distance(window(saved, title), window(now, title)) <= 1);
     }
