@@ -103,7 +103,7 @@ QString activeTitle()
 {
     const QString active =
         outputOf("xprop", {"-root", "_NET_ACTIVE_WINDOW"}).section("# ", 1).section(',', 0, 0).trimmed();
-    return outputOf("xprop", {"-id", active, "_NET_WM_NAME"});
+    return outputOf("xprop", {"-id", active, "WM_NAME"});
 }
 
 } // namespace
