@@ -73,8 +73,8 @@ DoctorReport examine(Desktop &desktop)
     for (const Browser &browser : WorkspaceCapture::browsers(*desktop.tabSource))
         report.capabilities.append(reported("tabs of " + browser.name, desktop.tabSource->availability(browser.id)));
     report.capabilities += {
-        reported("folders", missing("read the folders that windows show")),
-        reported("documents", missing("read the documents that windows show")),
+        reported("folders", desktop.fileBrowser->availability()),
+        reported("documents", desktop.documents->availability()),
         reported("hot key", missing("listen to a hot key")),
         reported("tray", missing("show a tray item")),
     };

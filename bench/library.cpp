@@ -12,8 +12,9 @@
 #include <fcntl.h>
 
 #include <cstdio>
-#include <cstdlib>
+#include <exception>
 #include <optional>
+#include <stdexcept>
 
 using namespace ardeno;
 using namespace ardeno::bench;
@@ -25,10 +26,8 @@ constexpr int rounds = 7;
 
 void require(bool condition, const char *what)
 {
-    if (condition)
-        return;
-    std::fprintf(stderr, "bench_library: %s\n", what);
-    std::exit(2);
+    if (!condition)
+        throw std::runtime_error(what);
 }
 
 QByteArray contentOf(const QString &path)
@@ -44,6 +43,7 @@ void writeAsFastAsPossible(const QString &folder, const QByteArray &bytes)
     const QByteArray path = QFile::encodeName(folder + "/limit.json");
     const QByteArray temporary = path + ".new";
     const FileDescriptor file(::open(temporary.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
+    require(static_cast<bool>(file), "the limit cannot be written");
     const char *rest = bytes.constData();
     const char *end = rest + bytes.size();
     while (rest != end) {
@@ -52,6 +52,7 @@ void writeAsFastAsPossible(const QString &folder, const QByteArray &bytes)
         rest += written;
     }
     const FileDescriptor parent(::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    require(static_cast<bool>(parent), "the folder cannot be opened");
     require(::fdatasync(file.number()) == 0 && ::rename(temporary.constData(), path.constData()) == 0 &&
                 ::fsync(parent.number()) == 0,
             "the limit cannot be finished");
@@ -121,7 +122,7 @@ void measureSaving(Table &table, const CheckpointRepository &repository)
 } // namespace
 
 int main(int argc, char **argv)
-{
+try {
     // On the disk that is to be measured: a folder as argument, or the current one.
     const QTemporaryDir folder(QString(argc > 1 ? argv[1] : ".") + "/bench-library-XXXXXX");
     require(folder.isValid(), "no folder to write to");
@@ -134,4 +135,7 @@ int main(int argc, char **argv)
     measureEncoding(table, repository.loadLibrary());
     measureSaving(table, repository);
     return table.finish();
+} catch (const std::exception &problem) {
+    std::fprintf(stderr, "bench_library: %s\n", problem.what());
+    return 2;
 }

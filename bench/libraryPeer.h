@@ -52,10 +52,11 @@ void fill(const QJsonValue &json, T &value)
 template <typename T>
 T blank()
 {
-    if constexpr (requires { T{.id = QUuid()}; })
+    if constexpr (requires { T{.id = QUuid()}; }) {
         return T{.id = QUuid()};
-    else
+    } else {
         return T{};
+    }
 }
 
 template <JsonRecord R>

@@ -69,7 +69,7 @@ private:
         SavedTab made{.id = uuid(), .title = text(5)};
         made.url = "https://www." + QString(words[number(16)]) + ".example/" + words[number(16)] + '/' +
                    QString::number(m_random(), 36) + "?page=" + QString::number(number(1000));
-        made.window = static_cast<qint64>(1 + number(4));
+        made.window = 1 + static_cast<qint64>(number(4));
         made.browserID = "org.sample.Browser";
         made.browserName = "Browser";
         made.browserWindowID = QString::number(1 + number(4));

@@ -4,17 +4,15 @@
 #include "bench/Bench.h"
 #include "capture/BrowserTabs.h"
 #include "platform/linux/common/SessionTabs.h"
-#include "tests/Finish.h"
+#include "support/Finish.h"
+#include "tests/platform/sessions/HistoryBytes.h"
 #include "tests/platform/sessions/SessionBytes.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTemporaryDir>
-#include <QVariant>
 
 #include <cstdio>
 #include <cstdlib>
@@ -99,21 +97,11 @@ QByteArray chromiumSession()
 
 void writeHistory(const QString &path)
 {
-    QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE");
-    database.setDatabaseName(path);
-    require(database.open(), "the history cannot be written");
-    QSqlQuery query;
-    query.exec("CREATE TABLE urls(id INTEGER PRIMARY KEY, url LONGVARCHAR, title LONGVARCHAR)");
-    query.exec("CREATE INDEX urls_url_index ON urls(url)");
-    database.transaction();
-    query.prepare("INSERT INTO urls(url, title) VALUES(?, ?)");
-    for (int tab = 0; tab < 20 * tabCount; ++tab) {
-        query.bindValue(0, QString(address(tab, entriesOfTab - 1)));
-        query.bindValue(1, QString(title(tab)));
-        query.exec();
-    }
-    database.commit();
-    database.close();
+    History history(path);
+    history.run("BEGIN");
+    for (int tab = 0; tab < 20 * tabCount; ++tab)
+        history.add(address(tab, entriesOfTab - 1), title(tab));
+    history.run("COMMIT");
 }
 
 // A process as the kernel shows it.

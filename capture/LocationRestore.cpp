@@ -14,6 +14,7 @@ namespace {
 
 using WindowLayout::LocationRequest;
 using WindowLayout::LocationResult;
+using WindowLayout::OpenPlaces;
 
 QString savedPath(const SavedWindow &window)
 {
@@ -117,6 +118,61 @@ private:
     QSet<std::pair<QString, QString>> m_seen;
 };
 
+// What the windows of this moment show, as far as it is known.
+class Presence final {
+public:
+    explicit Presence(QList<MovableWindow> live) : m_unknown(std::move(live)) {}
+
+    bool hasWindowOf(const QString &appID) const
+    {
+        return std::any_of(m_unknown.begin(), m_unknown.end(),
+                           [&](const MovableWindow &window) { return window.applicationID == appID; });
+    }
+
+    void addFolders(const QList<WindowLocation> &folders)
+    {
+        for (const WindowLocation &folder : folders) {
+            m_places.folders.insert(QFileInfo(folder.path).canonicalFilePath());
+            forget(folder);
+        }
+    }
+
+    void addDocuments(const QString &appID, const QList<WindowLocation> &documents)
+    {
+        for (const WindowLocation &document : documents) {
+            m_places.documentsByApp[appID].insert(QFileInfo(document.path).canonicalFilePath());
+            forget(document);
+        }
+    }
+
+    // With what the remaining windows name in their titles.
+    OpenPlaces places(const QList<SavedWindow> &windows)
+    {
+        for (const SavedWindow &window : windows) {
+            const QString path = savedPath(window);
+            const auto names = [&](const MovableWindow &candidate) {
+                return candidate.applicationID == window.appID && candidate.title.contains(shortName(path));
+            };
+            if (path.isEmpty() || std::none_of(m_unknown.begin(), m_unknown.end(), names))
+                continue;
+            const QString canonical = QFileInfo(path).canonicalFilePath();
+            (window.locationURL ? m_places.folders : m_places.documentsByApp[window.appID]).insert(canonical);
+        }
+        return m_places;
+    }
+
+private:
+    void forget(const WindowLocation &location)
+    {
+        m_unknown.removeIf([&](const MovableWindow &window) {
+            return location.windowID ? window.windowID == *location.windowID : window.title == location.title;
+        });
+    }
+
+    QList<MovableWindow> m_unknown;
+    OpenPlaces m_places;
+};
+
 } // namespace
 
 QHash<QString, QStringList> WindowLayout::pathsByApp(const QList<SavedWindow> &windows)
@@ -130,24 +186,25 @@ QHash<QString, QStringList> WindowLayout::pathsByApp(const QList<SavedWindow> &w
     return paths;
 }
 
-WindowLayout::OpenPlaces WindowLayout::placesByTitle(const QList<SavedWindow> &windows,
-                                                     const QList<MovableWindow> &live)
+QCoro::Task<WindowLayout::OpenPlaces> WindowLayout::openPlaces(QList<SavedWindow> windows, Desktop &desktop)
 {
-    OpenPlaces places;
-    for (const SavedWindow &window : windows) {
-        const QString path = savedPath(window);
-        const auto shows = [&](const MovableWindow &candidate) {
-            return candidate.applicationID == window.appID && candidate.title.contains(shortName(path));
-        };
-        if (path.isEmpty() || std::none_of(live.begin(), live.end(), shows))
-            continue;
-        const QString canonical = QFileInfo(path).canonicalFilePath();
-        if (window.locationURL)
-            places.folders.insert(canonical);
-        else
-            places.documentsByApp[window.appID].insert(canonical);
+    Presence presence(desktop.windowMover->windows());
+    bool hasFolders = false;
+    QSet<QString> documentApps;
+    for (const SavedWindow &window : std::as_const(windows)) {
+        hasFolders = hasFolders || window.locationURL;
+        if (window.documentURL && presence.hasWindowOf(window.appID))
+            documentApps.insert(window.appID);
     }
-    return places;
+    if (hasFolders) {
+        const QList<WindowLocation> folders = co_await desktop.fileBrowser->locations();
+        presence.addFolders(folders);
+    }
+    for (const QString &appID : std::as_const(documentApps)) {
+        const QList<WindowLocation> documents = co_await desktop.documents->locationsOf(appID);
+        presence.addDocuments(appID, documents);
+    }
+    co_return presence.places(windows);
 }
 
 QCoro::Task<LocationResult> WindowLayout::restoreLocations(LocationRequest request, Desktop &desktop)

@@ -38,9 +38,9 @@ struct LocationResult {
 // The existing folders and documents of each application, each once, in saved order.
 QHash<QString, QStringList> pathsByApp(const QList<SavedWindow> &windows);
 
-// Which of the saved places windows of the same application name in their titles: all that can be told without asking
-// the applications. Rather one place too many than a document opened twice.
-OpenPlaces placesByTitle(const QList<SavedWindow> &windows, const QList<MovableWindow> &live);
+// Which of the saved places are open now. Windows whose contents nobody knows for certain are judged by their titles:
+// rather one place too many than a document opened twice. Never throws.
+QCoro::Task<OpenPlaces> openPlaces(QList<SavedWindow> windows, Desktop &desktop);
 
 // Opens each that exists and is not open: with the application that had it, else with the session's own choice. Never
 // throws.

@@ -70,22 +70,70 @@ std::optional<qsizetype> WindowLayout::bestDisplay(const WindowRect &frame, cons
     return best;
 }
 
-QList<SavedWindow> WindowLayout::capture(const QList<SavedApp> &apps, WindowServer &server, qint64 ownProcessID)
+QList<SavedWindow> WindowLayout::windows(const QList<SavedApp> &apps, WindowServer &server, qint64 ownProcessID)
 {
     QSet<QString> allowedIDs;
     for (const SavedApp &app : apps)
         allowedIDs.insert(app.id);
-    const QList<WindowInfo> windows = server.windows();
+    const QList<WindowInfo> shown = server.windows();
     const QList<Display> displays = server.displays();
     const QList<DisplayEntry> choices = entries(displays);
     QList<SavedWindow> layout;
-    for (const WindowInfo &window : windows) {
+    for (const WindowInfo &window : shown) {
         if (!isRecorded(window, allowedIDs, ownProcessID))
             continue;
         if (const auto best = bestDisplay(*window.frame, choices))
             layout.append(saved(window, displays[*best]));
     }
     return layout;
+}
+
+std::optional<QString> WindowLayout::location(const SavedWindow &window, const QList<WindowLocation> &locations)
+{
+    QList<WindowLocation> sameTitle;
+    for (const WindowLocation &candidate : locations) {
+        if (candidate.processID && *candidate.processID != window.processID)
+            continue;
+        if (candidate.windowID == window.windowID)
+            return candidate.path;
+        if (candidate.title == window.title)
+            sameTitle.append(candidate);
+    }
+    const bool isSure = !window.title.isEmpty() && sameTitle.size() == 1 && !sameTitle.first().windowID;
+    return isSure ? std::optional(sameTitle.first().path) : std::nullopt;
+}
+
+QCoro::Task<QList<SavedWindow>> WindowLayout::capture(QList<SavedApp> apps, const Desktop &desktop, qint64 ownProcessID)
+{
+    QList<SavedWindow> layout = windows(apps, *desktop.windowServer, ownProcessID);
+    QSet<qint64> owners;
+    bool hasFolders = false;
+    for (const SavedWindow &window : layout) {
+        if (desktop.roles.fileBrowserIDs.contains(window.appID))
+            hasFolders = true;
+        else
+            owners.insert(window.processID);
+    }
+    // Both are on their way before the first is waited for.
+    std::optional<QCoro::Task<QList<WindowLocation>>> asksFolders;
+    std::optional<QCoro::Task<QList<WindowLocation>>> asksDocuments;
+    if (hasFolders)
+        asksFolders = desktop.fileBrowser->locations();
+    if (!owners.isEmpty())
+        asksDocuments = desktop.documents->locations(owners);
+    QList<WindowLocation> folders;
+    QList<WindowLocation> documents;
+    if (asksFolders)
+        folders = co_await *asksFolders;
+    if (asksDocuments)
+        documents = co_await *asksDocuments;
+    for (SavedWindow &window : layout) {
+        if (desktop.roles.fileBrowserIDs.contains(window.appID))
+            window.locationURL = location(window, folders);
+        else
+            window.documentURL = location(window, documents);
+    }
+    co_return layout;
 }
 
 } // namespace ardeno

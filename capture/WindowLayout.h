@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "desktop/WindowServer.h"
+#include "desktop/Desktop.h"
 #include "model/WorkspaceRecords.h"
 
+#include <QCoroTask>
 #include <QList>
 
 #include <optional>
@@ -30,7 +31,16 @@ std::optional<qsizetype> bestDisplay(const WindowRect &frame, const QList<Displa
 
 // The windows on screen of these applications, front to back, without those of this process; what each shows is not
 // filled in. Never fails: no windows and no displays give an empty list.
-QList<SavedWindow> capture(const QList<SavedApp> &apps, WindowServer &server, qint64 ownProcessID);
+QList<SavedWindow> windows(const QList<SavedApp> &apps, WindowServer &server, qint64 ownProcessID);
+
+// The path that one of the locations gives for this window: the one of the very window, else the one of its title
+// when no other location has this title. A title that is empty or ambiguous gives none, and of locations with an
+// owner only those of the window's own process count.
+std::optional<QString> location(const SavedWindow &window, const QList<WindowLocation> &locations);
+
+// The same windows as `windows()`, each with the folder or the document it shows where that is certain. The windows are
+// read before the first wait. The parts of the desktop outlive the task. Never throws.
+QCoro::Task<QList<SavedWindow>> capture(QList<SavedApp> apps, const Desktop &desktop, qint64 ownProcessID);
 
 } // namespace WindowLayout
 

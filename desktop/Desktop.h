@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/Documents.h"
+#include "desktop/FileBrowser.h"
 #include "desktop/Launcher.h"
 #include "desktop/ScreenAccess.h"
 #include "desktop/ScreenCapture.h"
@@ -36,6 +38,8 @@ struct Desktop {
     std::unique_ptr<TabSource> tabSource = {};
     std::unique_ptr<WindowMover> windowMover = {};
     std::unique_ptr<Launcher> launcher = {};
+    std::unique_ptr<FileBrowser> fileBrowser = {};
+    std::unique_ptr<Documents> documents = {};
 };
 
 } // namespace ardeno

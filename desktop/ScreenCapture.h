@@ -10,6 +10,8 @@
 #include <QSet>
 #include <QSize>
 
+#include <memory>
+
 namespace ardeno {
 
 // A display that can be captured. Bounds in global coordinates, origin top left, in points.
@@ -40,6 +42,7 @@ struct CanvasRequest {
 struct Canvas {
     QSize size = {};
     QByteArray pixels = {};
+    std::shared_ptr<const void> memory = {}; // Keeps the pixels where they are when they are not the array's own.
 };
 
 // Still pictures of the displays. The program's own windows are in no picture.

@@ -61,12 +61,13 @@ QString CheckpointRepository::defaultRoot()
 
 WorkspaceLibrary CheckpointRepository::loadLibrary() const
 {
-    m_memory->file.reset(); // Also when the file cannot be read now.
-    m_memory->file = LibraryFile::read(pathOf(libraryName));
+    std::optional<LibraryFile> &file = m_memory->file;
+    file.reset(); // Also when the file cannot be read now.
+    file = LibraryFile::read(pathOf(libraryName));
     WorkspaceLibrary library;
-    if (m_memory->file) {
-        library.projects = m_memory->file->projects;
-        library.checkpoints = m_memory->file->checkpoints.records();
+    if (file) {
+        library.projects = file->projects;
+        library.checkpoints = file->checkpoints.records();
         library.assignMissingProjects();
     }
     return library;
@@ -80,10 +81,9 @@ void CheckpointRepository::saveLibrary(WorkspaceLibrary library) const
 
     LibraryFile next;
     next.projects = std::move(library.projects);
-    if (m_memory->file)
-        next.checkpoints = m_memory->file->checkpoints.updated(library.checkpoints);
-    else
-        next.checkpoints = EncodedCheckpoints().updated(library.checkpoints);
+    const std::optional<LibraryFile> &known = m_memory->file;
+    next.checkpoints =
+        known ? known->checkpoints.updated(library.checkpoints) : EncodedCheckpoints().updated(library.checkpoints);
     next.write(pathOf(libraryName));
     m_memory->file = std::move(next);
 }
@@ -94,19 +94,20 @@ void CheckpointRepository::learnExisting() const
 {
     const QString path = pathOf(libraryName);
     const std::optional<FileStamp> stamp = FileStamp::ofFile(path);
-    if (!m_memory->file || stamp != m_memory->file->stamp) {
-        m_memory->file.reset();
+    std::optional<LibraryFile> &file = m_memory->file;
+    if (!file || stamp != file->stamp) {
+        file.reset();
         try {
-            m_memory->file = LibraryFile::read(path);
+            file = LibraryFile::read(path);
         } catch (const Failure &failure) {
             if (isReasonToRefuse(failure))
                 throw;
             keepUnreadable(failure.description());
         }
     }
-    if (m_memory->file ? m_memory->file->isLegacy : LibraryFile::startsAsLegacy(path))
+    if (file ? file->isLegacy : LibraryFile::startsAsLegacy(path))
         keepBackup("checkpoints-before-projects.json");
-    if (m_memory->file && m_memory->file->hasDecision)
+    if (file && file->hasDecision)
         keepBackup("checkpoints-before-context-merge.json");
 }
 

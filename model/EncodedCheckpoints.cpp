@@ -9,7 +9,7 @@
 
 namespace ardeno {
 
-EncodedCheckpoints::EncodedCheckpoints(ReadCheckpoints read, std::shared_ptr<const json::PaddedBytes> bytes)
+EncodedCheckpoints::EncodedCheckpoints(ReadCheckpoints read, const std::shared_ptr<const json::PaddedBytes> &bytes)
 {
     m_records.reserve(read.size());
     m_pieces.reserve(static_cast<size_t>(read.size()));

@@ -20,7 +20,7 @@ public:
 
     EncodedCheckpoints() = default;
     // Takes over what was read from the bytes.
-    EncodedCheckpoints(ReadCheckpoints read, std::shared_ptr<const json::PaddedBytes> bytes);
+    EncodedCheckpoints(ReadCheckpoints read, const std::shared_ptr<const json::PaddedBytes> &bytes);
 
     const QList<Checkpoint> &records() const { return m_records; }
 

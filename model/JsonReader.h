@@ -69,7 +69,7 @@ public:
 private:
     struct State;
 
-    std::unique_ptr<State> m;
+    std::unique_ptr<State> m_state;
 };
 
 // A record together with the bytes it was read from, for as long as those live; without bytes when it is to be written
@@ -84,10 +84,11 @@ struct Verbatim {
 template <typename T>
 T blank()
 {
-    if constexpr (requires { T{.id = QUuid()}; })
+    if constexpr (requires { T{.id = QUuid()}; }) {
         return T{.id = QUuid()};
-    else
+    } else {
         return T{};
+    }
 }
 
 template <typename T>
@@ -207,10 +208,11 @@ void read(Reader &reader, R &record)
 template <typename T>
 void read(Reader &reader, std::optional<T> &value)
 {
-    if (reader.isNull())
+    if (reader.isNull()) {
         value.reset();
-    else
+    } else {
         read(reader, value.emplace(blank<T>()));
+    }
 }
 
 template <typename T>

@@ -70,12 +70,13 @@ std::optional<QString> TextDecoder::decode(std::string_view bytes)
 const char *TextDecoder::decodeSome(const char *byte, const char *pause, const char *end)
 {
     while (byte && byte < pause) {
-        if (static_cast<quint8>(*byte) >= 0x80)
+        if (static_cast<quint8>(*byte) >= 0x80) {
             byte = decodeMultiByte(byte);
-        else if (*byte != '\\')
+        } else if (*byte != '\\') {
             *m_unit++ = static_cast<char16_t>(*byte++);
-        else
+        } else {
             byte = decodeEscape(byte + 1, end);
+        }
     }
     return byte;
 }

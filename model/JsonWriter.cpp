@@ -36,6 +36,18 @@ bool isPlainBlock(const char16_t *units)
     return others == 0;
 }
 
+// Copies as many plain blocks as follow and moves unit behind them.
+char *putPlainBlocks(char *out, const char16_t *&unit, const char16_t *end)
+{
+    while (end - unit >= blockLength && isPlainBlock(unit)) {
+        for (qsizetype i = 0; i < blockLength; ++i)
+            out[i] = static_cast<char>(unit[i]);
+        out += blockLength;
+        unit += blockLength;
+    }
+    return out;
+}
+
 char *putEscaped(char *out, char16_t unit)
 {
     constexpr std::string_view controls = "\b\t\n\f\r\"\\";
@@ -46,8 +58,8 @@ char *putEscaped(char *out, char16_t unit)
         *out++ = letters[known];
         return out;
     }
-    std::memcpy(out, "u00", 3);
-    return putHex(out + 3, static_cast<quint8>(unit));
+    *out++ = 'u';
+    return putHex(putHex(out, 0), static_cast<quint8>(unit));
 }
 
 char *putThreeBytes(char *out, char32_t code)
@@ -62,9 +74,12 @@ char *putThreeBytes(char *out, char32_t code)
 char *putCharacter(char *out, const char16_t *&unit, const char16_t *end)
 {
     const char32_t code = *unit++;
+    if (isPlain(static_cast<char16_t>(code))) {
+        *out++ = static_cast<char>(code);
+        return out;
+    }
     if (code < 0x80)
-        return isPlain(static_cast<char16_t>(code)) ? (*out = static_cast<char>(code), out + 1)
-                                                    : putEscaped(out, static_cast<char16_t>(code));
+        return putEscaped(out, static_cast<char16_t>(code));
     if (code < 0x800) {
         *out++ = static_cast<char>(0xC0 | (code >> 6));
         *out++ = static_cast<char>(0x80 | (code & 0x3F));
@@ -100,20 +115,11 @@ void write(Writer &writer, const QString &text)
     const char16_t *end = unit + text.size();
     *out++ = '"';
     while (unit != end) {
-        while (end - unit >= blockLength && isPlainBlock(unit)) {
-            for (qsizetype i = 0; i < blockLength; ++i)
-                out[i] = static_cast<char>(unit[i]);
-            out += blockLength;
-            unit += blockLength;
-        }
+        out = putPlainBlocks(out, unit, end);
         // Up to a block one by one: the next may be plain again.
         const char16_t *pause = unit + std::min<qsizetype>(blockLength, end - unit);
-        while (unit < pause) {
-            if (isPlain(*unit))
-                *out++ = static_cast<char>(*unit++);
-            else
-                out = putCharacter(out, unit, end);
-        }
+        while (unit < pause)
+            out = putCharacter(out, unit, end);
     }
     *out++ = '"';
     writer.advanceTo(out);

@@ -139,10 +139,11 @@ void write(Writer &writer, const R &record)
     };
     writeAll(std::make_index_sequence<std::tuple_size_v<decltype(fields)>>());
     // Every field came with a comma before it, whichever was the first.
-    if (writer.position() == start)
+    if (writer.position() == start) {
         writer.put('{');
-    else
+    } else {
         writer.change(start, '{');
+    }
     writer.put('}');
 }
 
@@ -154,10 +155,11 @@ void write(Writer &writer, const QList<T> &list)
         writer.put(',');
         write(writer, element);
     }
-    if (list.isEmpty())
+    if (list.isEmpty()) {
         writer.put('[');
-    else
+    } else {
         writer.change(start, '[');
+    }
     writer.put(']');
 }
 

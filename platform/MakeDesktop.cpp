@@ -58,6 +58,9 @@ Desktop makeX11Desktop()
     desktop.tabSource = std::make_unique<SessionTabs>(x11LiveWindows(connection, entries));
     desktop.windowMover = std::make_unique<X11WindowMover>(connection, entries);
     desktop.launcher = std::make_unique<ApplicationLauncher>(entries, x11Focus(connection, entries));
+    Desktop none = makeNullDesktop("x11", "This version of Ardeno cannot read what windows show.", {});
+    desktop.fileBrowser = std::move(none.fileBrowser);
+    desktop.documents = std::move(none.documents);
     return desktop;
 }
 

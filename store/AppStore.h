@@ -3,6 +3,7 @@
 
 #include "capture/BrowserTabs.h"
 #include "capture/CaptureService.h"
+#include "capture/LocationRestore.h"
 #include "capture/OpenedPages.h"
 #include "capture/RestoreSummary.h"
 #include "desktop/Desktop.h"
@@ -131,8 +132,7 @@ private:
     bool saveExclusions(const CaptureExclusions &changed);
 
     // Resuming.
-    QCoro::Task<void> restorePlaces(QList<SavedWindow> windows, QSet<QString> allowedAppIDs,
-                                    QSet<QString> startedAppIDs, RestoreReport *report);
+    QCoro::Task<void> restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report);
 
     Desktop &m_desktop;
     Preferences m_preferences;

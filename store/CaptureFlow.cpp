@@ -132,10 +132,10 @@ QCoro::Task<void> AppStore::fill(Checkpoint *checkpoint, bool withTabs)
     const QSet<QString> excluded = exclusions().appIDs();
     m_desktop.screenCapture->prepareExclusion(excluded);
     checkpoint->apps = WorkspaceCapture::applications(*m_desktop.workspace, m_desktop.roles, excluded);
-    checkpoint->windows =
-        WindowLayout::capture(checkpoint->apps, *m_desktop.windowServer, QCoreApplication::applicationPid());
     checkpoint->captureNote = u"Open apps captured. Browser capture was off."_qs;
-    // The browsers are read while the picture is taken.
+    // What windows and browsers show is read while the picture is taken.
+    const QCoro::Task<QList<SavedWindow>> windows =
+        WindowLayout::capture(checkpoint->apps, m_desktop, QCoreApplication::applicationPid());
     std::optional<QCoro::Task<WorkspaceCapture::OpenTabs>> reading;
     if (withTabs)
         reading = capturedTabs();
@@ -145,6 +145,7 @@ QCoro::Task<void> AppStore::fill(Checkpoint *checkpoint, bool withTabs)
     } catch (...) {
         failure = std::current_exception(); // What is being read is awaited all the same.
     }
+    checkpoint->windows = co_await windows;
     if (reading) {
         const WorkspaceCapture::OpenTabs open = co_await *reading;
         checkpoint->tabs = open.tabs;

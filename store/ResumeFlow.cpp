@@ -6,6 +6,8 @@
 
 #include <QScopeGuard>
 
+#include <utility>
+
 namespace ardeno {
 
 namespace {
@@ -36,8 +38,12 @@ QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> sel
     busy.set(true);
     const auto idle = qScopeGuard([this] { busy.set(false); });
     WorkspaceCapture::ReopenRequest request{.plan = plan, .appIDs = selectedAppIDs, .tabIDs = selectedTabIDs};
-    if (restoreLayout)
+    // What is open is found out while applications start.
+    std::optional<QCoro::Task<WindowLayout::OpenPlaces>> looking;
+    if (restoreLayout) {
         request.pathsByApp = WindowLayout::pathsByApp(windows);
+        looking = WindowLayout::openPlaces(windows, m_desktop);
+    }
     const WorkspaceCapture::ReopeningTools tools{m_desktop, m_openedPages, exclusions().appIDs()};
     const WorkspaceCapture::Reopened reopened = co_await WorkspaceCapture::reopen(request, tools);
     report.outcome = reopened.outcome;
@@ -45,7 +51,10 @@ QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> sel
     QCoro::Task<QStringList> settling = m_desktop.launcher->settle();
     if (restoreLayout) {
         const QSet<QString> allowed = selectedAppIDs + identifiers(plan.activeApps);
-        co_await restorePlaces(windows, allowed, reopened.startedAppIDs, &report);
+        WindowLayout::LocationRequest places{.windows = windows, .allowedAppIDs = allowed};
+        places.open = co_await *looking;
+        places.launchedAppIDs = reopened.startedAppIDs;
+        co_await restorePlaces(places, &report);
     }
     const QStringList ended = co_await settling;
     for (const QString &name : ended)
@@ -56,21 +65,17 @@ QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> sel
     co_return report;
 }
 
-QCoro::Task<void> AppStore::restorePlaces(QList<SavedWindow> windows, QSet<QString> allowedAppIDs,
-                                          QSet<QString> startedAppIDs, RestoreReport *report)
+QCoro::Task<void> AppStore::restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report)
 {
-    WindowLayout::LocationRequest places{.windows = windows, .allowedAppIDs = allowedAppIDs};
-    places.open = WindowLayout::placesByTitle(windows, m_desktop.windowMover->windows());
-    places.launchedAppIDs = startedAppIDs;
     // Before the windows are moved, so that those that show them are there.
     const WindowLayout::LocationResult opened = co_await WindowLayout::restoreLocations(places, m_desktop);
     report->folders = opened.folders;
     report->viewerDocuments = opened.viewerDocuments;
     report->documents = opened.documents;
     report->outcome.failures += opened.failures;
-    WindowLayout::RestoreRequest request{.windows = windows, .allowedAppIDs = allowedAppIDs};
-    for (const SavedWindow &window : windows) {
-        const bool isStarting = startedAppIDs.contains(window.appID) && !opened.failedIDs.contains(window.id);
+    WindowLayout::RestoreRequest request{.windows = places.windows, .allowedAppIDs = places.allowedAppIDs};
+    for (const SavedWindow &window : std::as_const(places.windows)) {
+        const bool isStarting = places.launchedAppIDs.contains(window.appID) && !opened.failedIDs.contains(window.id);
         if (isStarting || opened.openedIDs.contains(window.id))
             request.awaitedIDs.insert(window.id);
     }

@@ -140,9 +140,11 @@ private:
     void open(const QString &name)
     {
         m_path = QFile::encodeName(name);
+        errno = 0;
         m_file = createExclusively(m_path);
         if (!m_file && errno == EEXIST) {
             removeLeftover(m_path);
+            errno = 0;
             m_file = createExclusively(m_path);
         }
         if (!m_file && errno != EEXIST)
@@ -222,7 +224,7 @@ FileDescriptor openRegularFile(const QString &path)
 
 void copyRange(int source, int target, off_t begin, off_t end)
 {
-    std::vector<char> buffer(1024 * 1024);
+    std::vector<char> buffer(size_t{1} << 20);
     while (begin < end) {
         const auto wanted = static_cast<size_t>(std::min<off_t>(end - begin, static_cast<off_t>(buffer.size())));
         const ssize_t got = uninterrupted([&] { return ::pread(source, buffer.data(), wanted, begin); });

@@ -72,6 +72,34 @@ public:
     bool ask() override { return false; }
 };
 
+// No folders.
+class NullFileBrowser final : public FileBrowser {
+public:
+    explicit NullFileBrowser(QString reason) : m_reason(std::move(reason)) {}
+
+    Capability availability() const override { return Capability::unavailable(m_reason); }
+
+    QCoro::Task<QList<WindowLocation>> locations() override { co_return {}; }
+
+private:
+    QString m_reason;
+};
+
+// No documents.
+class NullDocuments final : public Documents {
+public:
+    explicit NullDocuments(QString reason) : m_reason(std::move(reason)) {}
+
+    Capability availability() const override { return Capability::unavailable(m_reason); }
+
+    QCoro::Task<QList<WindowLocation>> locations(QSet<qint64>) override { co_return {}; }
+
+    QCoro::Task<QList<WindowLocation>> locationsOf(QString) override { co_return {}; }
+
+private:
+    QString m_reason;
+};
+
 } // namespace
 
 std::unique_ptr<ScreenCapture> makeNullScreenCapture(const QString &reason)
@@ -91,6 +119,8 @@ Desktop makeNullDesktop(const QString &session, const QString &reason, const Des
     desktop.tabSource = std::make_unique<NullTabSource>(reason);
     desktop.windowMover = std::make_unique<NullWindowMover>(reason);
     desktop.launcher = std::make_unique<NullLauncher>(reason);
+    desktop.fileBrowser = std::make_unique<NullFileBrowser>(reason);
+    desktop.documents = std::make_unique<NullDocuments>(reason);
     return desktop;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/BrowserTabs.h"
 
-#include "tests/Finish.h"
+#include "support/Finish.h"
 #include "tests/Printing.h"
 
 #include <QHash>
@@ -17,10 +17,10 @@ struct Answers final : TabSource {
     QStringList asked;
     QString lastScript;
 
-    void add(const QString &id, TabReport report)
+    void add(const QString &id, const TabReport &report)
     {
         running.insert(id);
-        reports.insert(id, std::move(report));
+        reports.insert(id, report);
     }
 
     QList<Browser> furtherBrowsers() const override { return {{"org.example.Browser", "Example"}}; }
@@ -87,6 +87,9 @@ TEST_CASE("tabs carry what their browser told, browser after browser")
     CHECK(chrome.browserName == "Chrome");
     CHECK(chrome.browserWindowID == "77");
     CHECK(chrome.capturedAt.has_value());
+    CHECK(chrome.id.version() == QUuid::Random);
+    CHECK(chrome.id.variant() == QUuid::DCE);
+    CHECK(chrome.id != open.tabs[1].id);
     CHECK_FALSE(open.tabs[1].browserWindowID.has_value());
     CHECK_FALSE(open.warning.has_value());
     CHECK(open.unreadBrowserIDs.isEmpty());

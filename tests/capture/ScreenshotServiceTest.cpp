@@ -2,7 +2,7 @@
 #include "capture/CaptureService.h"
 
 #include "support/Failure.h"
-#include "tests/Finish.h"
+#include "support/Finish.h"
 #include "tests/Printing.h"
 
 #include <QDir>

@@ -51,7 +51,7 @@ TEST_CASE("a window is recorded with everything that placing it needs")
     server.allWindows[1].applicationName = "";
     server.allWindows[1].title = "";
 
-    const QList<SavedWindow> layout = WindowLayout::capture(editor, server, ownProcessID);
+    const QList<SavedWindow> layout = WindowLayout::windows(editor, server, ownProcessID);
 
     REQUIRE(layout.size() == 2);
     SavedWindow expected = layout[0];
@@ -102,10 +102,10 @@ TEST_CASE("only windows that belong to a layout are recorded")
         {"without a number", changed([](auto &window) { window.windowID = 0; }), false},
     };
     for (const Case &tried : cases) {
-        CAPTURE(tried.what);
+        CAPTURE(QString(tried.what));
         WindowsInMemory server;
         server.allWindows = {tried.window};
-        CHECK(WindowLayout::capture(editor, server, ownProcessID).isEmpty() != tried.isRecorded);
+        CHECK(WindowLayout::windows(editor, server, ownProcessID).isEmpty() != tried.isRecorded);
     }
 }
 
@@ -113,9 +113,9 @@ TEST_CASE("without a display or an application no window is recorded")
 {
     WindowsInMemory server;
     server.allWindows = {editorWindow()};
-    CHECK(WindowLayout::capture({}, server, ownProcessID).isEmpty());
+    CHECK(WindowLayout::windows({}, server, ownProcessID).isEmpty());
     server.allDisplays.clear();
-    CHECK(WindowLayout::capture(editor, server, ownProcessID).isEmpty());
+    CHECK(WindowLayout::windows(editor, server, ownProcessID).isEmpty());
 }
 
 TEST_CASE("a window belongs to the display that holds the larger part of it")
@@ -139,7 +139,7 @@ TEST_CASE("a window belongs to the display that holds the larger part of it")
         {"covering all", {0, 0, 2000, 1600}, 2},
     };
     for (const Case &tried : cases) {
-        CAPTURE(tried.what);
+        CAPTURE(QString(tried.what));
         CHECK(WindowLayout::bestDisplay(tried.frame, displays) == tried.display);
     }
     CHECK_FALSE(WindowLayout::bestDisplay({0, 0, 100, 100}, {}).has_value());

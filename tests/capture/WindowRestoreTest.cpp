@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/WindowRestore.h"
 
-#include "tests/Finish.h"
+#include "support/Finish.h"
 #include "tests/Printing.h"
 #include "tests/fakes/InMemoryDesktop.h"
 

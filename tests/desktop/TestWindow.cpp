@@ -33,6 +33,11 @@ TestWindow::TestWindow(const QRect &geometry, Kind kind)
 
 TestWindow::~TestWindow()
 {
+    // The next connection may get the same numbers: the window manager must have forgotten this window by then, or it
+    // takes its properties from the next one.
+    xcb_destroy_window(m_connection, m_window);
+    xcb_flush(m_connection);
+    eventually([&] { return !hasManager() || !windows(m_root, "_NET_CLIENT_LIST").contains(m_window); });
     xcb_disconnect(m_connection);
 }
 
@@ -112,20 +117,25 @@ bool TestWindow::isVisible()
 bool TestWindow::isListed()
 {
     // Without a window manager nobody keeps a list.
-    return windowsOfRoot("_NET_SUPPORTING_WM_CHECK").isEmpty() ||
-           windowsOfRoot("_NET_CLIENT_LIST_STACKING").contains(m_window);
+    return !hasManager() || windows(m_root, "_NET_CLIENT_LIST").contains(m_window);
 }
 
-QList<xcb_window_t> TestWindow::windowsOfRoot(const char *property)
+bool TestWindow::hasManager()
+{
+    const QList<xcb_window_t> check = windows(m_root, "_NET_SUPPORTING_WM_CHECK");
+    return !check.isEmpty() && windows(check.first(), "_NET_SUPPORTING_WM_CHECK") == check;
+}
+
+QList<xcb_window_t> TestWindow::windows(xcb_window_t window, const char *property)
 {
     constexpr uint32_t longest = 4096;
-    const auto cookie = xcb_get_property(m_connection, 0, m_root, atom(property), XCB_ATOM_WINDOW, 0, longest);
+    const auto cookie = xcb_get_property(m_connection, 0, window, atom(property), XCB_ATOM_WINDOW, 0, longest);
     const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection, cookie, nullptr), std::free);
     if (!reply)
         return {};
-    const auto *windows = static_cast<const xcb_window_t *>(xcb_get_property_value(reply.get()));
+    const auto *values = static_cast<const xcb_window_t *>(xcb_get_property_value(reply.get()));
     const int count = xcb_get_property_value_length(reply.get()) / static_cast<int>(sizeof(xcb_window_t));
-    return {windows, windows + count};
+    return {values, values + count};
 }
 
 } // namespace ardeno::desktop_test

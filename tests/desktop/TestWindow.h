@@ -37,7 +37,8 @@ private:
     void change(const char *property, xcb_atom_t type, uint8_t format, const void *data, uint32_t count);
     bool isVisible();
     bool isListed();
-    QList<xcb_window_t> windowsOfRoot(const char *property);
+    bool hasManager();
+    QList<xcb_window_t> windows(xcb_window_t window, const char *property);
 
     xcb_connection_t *m_connection;
     xcb_window_t m_root;

@@ -204,6 +204,54 @@ private:
     InMemoryDesktop &m_desktop;
 };
 
+class InMemoryFileBrowser final : public FileBrowser {
+public:
+    explicit InMemoryFileBrowser(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    Capability availability() const override { return Capability::available(); }
+
+    QCoro::Task<QList<WindowLocation>> locations() override
+    {
+        co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        co_return m_desktop.folders;
+    }
+
+private:
+    InMemoryDesktop &m_desktop;
+};
+
+class InMemoryDocuments final : public Documents {
+public:
+    explicit InMemoryDocuments(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    Capability availability() const override { return Capability::available(); }
+
+    QCoro::Task<QList<WindowLocation>> locations(QSet<qint64> processIDs) override
+    {
+        m_desktop.processesAskedAbout.append(processIDs);
+        co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        QList<WindowLocation> found;
+        for (const WindowLocation &location : m_desktop.documents) {
+            if (location.processID && processIDs.contains(*location.processID))
+                found.append(location);
+        }
+        co_return found;
+    }
+
+    QCoro::Task<QList<WindowLocation>> locationsOf(QString applicationID) override
+    {
+        QSet<qint64> processIDs;
+        for (const WindowInfo &window : m_desktop.windows) {
+            if (window.applicationID == applicationID && window.processID)
+                processIDs.insert(*window.processID);
+        }
+        co_return co_await locations(processIDs);
+    }
+
+private:
+    InMemoryDesktop &m_desktop;
+};
+
 } // namespace
 
 void InMemoryDesktop::addApplication(const QString &id, const QString &name, const WindowRect &frame,
@@ -239,7 +287,9 @@ Desktop InMemoryDesktop::makeDesktop()
             .screenAccess = std::make_unique<InMemoryScreenAccess>(*this),
             .tabSource = std::make_unique<InMemoryTabSource>(*this),
             .windowMover = std::make_unique<InMemoryWindowMover>(*this),
-            .launcher = std::make_unique<InMemoryLauncher>(*this)};
+            .launcher = std::make_unique<InMemoryLauncher>(*this),
+            .fileBrowser = std::make_unique<InMemoryFileBrowser>(*this),
+            .documents = std::make_unique<InMemoryDocuments>(*this)};
 }
 
 } // namespace ardeno::fakes

@@ -34,6 +34,9 @@ struct InMemoryDesktop {
     QSet<QString> certainWindowIDs = {};       // The browser windows that can be found again.
     QStringList endedWithError = {};           // Names of applications.
     std::function<void(const QString &)> whenOpened = {}; // Called with each entry of opened.
+    QList<WindowLocation> folders = {};                   // What windows of file browsers show.
+    QList<WindowLocation> documents = {};         // What windows of other applications show; each has a process.
+    QList<QSet<qint64>> processesAskedAbout = {}; // By each question for documents.
 
     InMemoryDesktop() = default;
     InMemoryDesktop(const InMemoryDesktop &) = delete;

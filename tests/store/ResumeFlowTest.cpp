@@ -155,6 +155,9 @@ TEST_CASE_FIXTURE(ResumeFixture, "folders, documents and window places follow th
     checkpoint.apps.append(SavedApp{"files", "Files"});
     memory.movable = {{.windowID = 1, .applicationID = "org.editor", .title = "*open.txt - Editor"}};
     memory.running.append({"files", "Files", true});
+    // Known for certain, whatever its title says; the title of the other one decides nothing then.
+    memory.movable.append({.windowID = 9, .applicationID = "org.editor", .title = "notes.txt of another folder"});
+    memory.documents = {{.path = home.filePath("other/notes.txt"), .windowID = 9, .processID = 1001}};
 
     resume(false);
     CHECK(memory.opened == QStringList{"app viewer"});

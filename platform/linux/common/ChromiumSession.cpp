@@ -102,7 +102,7 @@ BrowserSession ChromiumSession::read(const BrowserProcess &process)
     if (!process.isVisible || isStarting)
         ++session.unreadProfiles;
     // The identifiers count through all profiles of a process.
-    std::stable_sort(session.windows.begin(), session.windows.end(), [](const auto &a, const auto &b) {
+    std::sort(session.windows.begin(), session.windows.end(), [](const auto &a, const auto &b) {
         return a.id.value_or(QString()).toLongLong() < b.id.value_or(QString()).toLongLong();
     });
     return session;

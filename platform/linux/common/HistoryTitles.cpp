@@ -2,17 +2,25 @@
 #include "platform/linux/common/HistoryTitles.h"
 
 #include <QFileInfo>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QUrl>
-#include <QUuid>
-#include <QVariant>
+
+#include <sqlite3.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace ardeno {
 
 namespace {
+
+struct Close {
+    void operator()(sqlite3 *database) const { sqlite3_close(database); }
+
+    void operator()(sqlite3_stmt *statement) const { sqlite3_finalize(statement); }
+};
+
+using Database = std::unique_ptr<sqlite3, Close>;
+using Statement = std::unique_ptr<sqlite3_stmt, Close>;
 
 bool hasTitle(const SessionTab &tab)
 {
@@ -26,21 +34,28 @@ bool isComplete(const QList<SessionWindow> &windows)
     });
 }
 
-void fill(QList<SessionWindow> &windows, const QSqlDatabase &database)
+// Immutable: no lock is taken, no journal looked at, nothing ever written.
+Database open(const QString &path)
 {
-    QSqlQuery query(database);
-    query.setForwardOnly(true);
-    if (!query.prepare("SELECT title FROM urls WHERE url = ? AND title <> '' LIMIT 1"))
-        return;
-    for (SessionWindow &window : windows) {
-        for (SessionTab &tab : window.tabs) {
-            if (hasTitle(tab))
-                continue;
-            query.bindValue(0, tab.url);
-            if (query.exec() && query.next())
-                tab.title = query.value(0).toString();
-        }
+    const QByteArray name = "file:" + QUrl::toPercentEncoding(QFileInfo(path).absoluteFilePath(), "/") + "?immutable=1";
+    sqlite3 *database = nullptr;
+    const int result = sqlite3_open_v2(name.constData(), &database,
+                                       SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX, nullptr);
+    Database opened(database); // There is one to be closed even when it could not be opened.
+    return result == SQLITE_OK ? std::move(opened) : nullptr;
+}
+
+QString titleOf(const QString &url, sqlite3_stmt *statement)
+{
+    const QByteArray key = url.toUtf8();
+    QString title;
+    sqlite3_bind_text(statement, 1, key.constData(), static_cast<int>(key.size()), SQLITE_STATIC);
+    if (sqlite3_step(statement) == SQLITE_ROW) {
+        const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(statement, 0));
+        title = QString::fromUtf8(text, text ? sqlite3_column_bytes(statement, 0) : 0);
     }
+    sqlite3_reset(statement);
+    return title;
 }
 
 } // namespace
@@ -49,17 +64,18 @@ void fillTitles(QList<SessionWindow> &windows, const QString &databasePath)
 {
     if (isComplete(windows) || !QFileInfo(databasePath).isFile())
         return;
-    // Immutable: no lock is taken, no journal looked at, nothing ever written.
-    const QByteArray path = QUrl::toPercentEncoding(QFileInfo(databasePath).absoluteFilePath(), "/");
-    const QString connection = QUuid::createUuid().toString();
-    {
-        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", connection);
-        database.setConnectOptions("QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI");
-        database.setDatabaseName(QString::fromLatin1("file:" + path + "?immutable=1"));
-        if (database.open())
-            fill(windows, database);
+    const Database database = open(databasePath);
+    sqlite3_stmt *prepared = nullptr;
+    if (!database ||
+        sqlite3_prepare_v2(database.get(), "SELECT title FROM urls WHERE url = ?", -1, &prepared, nullptr) != SQLITE_OK)
+        return;
+    const Statement statement(prepared);
+    for (SessionWindow &window : windows) {
+        for (SessionTab &tab : window.tabs) {
+            if (!hasTitle(tab))
+                tab.title = titleOf(tab.url, statement.get());
+        }
     }
-    QSqlDatabase::removeDatabase(connection);
 }
 
 } // namespace ardeno

@@ -32,8 +32,8 @@ public:
         const auto race = std::make_shared<Race<Result>>();
         const QFuture<void> end = race->ended.future();
         race->ended.start();
-        if (s_unfinished < mostUnfinished)
-            std::thread([race, work = std::move(work)]() mutable { run(race, std::move(work)); }).detach();
+        if (unfinished < mostUnfinished)
+            std::thread([race, work = std::move(work)] { run(race, work); }).detach();
         else
             deadline = {};
         QTimer::singleShot(deadline, [race] { race->end([] {}); });
@@ -47,7 +47,7 @@ public:
 
 private:
     static constexpr int mostUnfinished = 16;
-    inline static std::atomic<int> s_unfinished = 0;
+    inline static std::atomic<int> unfinished = 0;
 
     // Between the work and the deadline; the first one to end decides.
     template <typename Result>
@@ -68,16 +68,16 @@ private:
     };
 
     template <typename Result, typename Work>
-    static void run(const std::shared_ptr<Race<Result>> &race, Work work)
+    static void run(const std::shared_ptr<Race<Result>> &race, const Work &work)
     {
-        ++s_unfinished;
+        ++unfinished;
         try {
             Result result = work();
             race->end([&] { race->result = std::move(result); });
         } catch (...) {
             race->end([&] { race->thrown = std::current_exception(); });
         }
-        --s_unfinished;
+        --unfinished;
     }
 };
 

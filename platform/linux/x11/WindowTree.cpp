@@ -3,6 +3,7 @@
 
 #include "platform/linux/x11/X11Property.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -89,6 +90,25 @@ QList<xcb_window_t> mappedClients(const X11Connection &connection)
     return found;
 }
 
+bool holdsAll(const QList<xcb_window_t> &windows, const QList<xcb_window_t> &wanted)
+{
+    return std::all_of(wanted.begin(), wanted.end(), [&](xcb_window_t window) { return windows.contains(window); });
+}
+
+// The manager's windows in the order of their frames. Some managers write the order only when it changes.
+QList<xcb_window_t> inTreeOrder(const X11Connection &connection, QList<xcb_window_t> listed)
+{
+    const QList<xcb_window_t> all = WindowTree::topLevels(connection);
+    const QHash<xcb_window_t, WindowTree::Client> inside = WindowTree::clientsInside(connection, all);
+    QList<xcb_window_t> ordered;
+    for (const xcb_window_t topLevel : all) {
+        const xcb_window_t client = inside.value(topLevel).window;
+        if (listed.removeOne(client))
+            ordered.append(client);
+    }
+    return listed + ordered;
+}
+
 } // namespace
 
 // A window manager that has ended leaves its lists on the root window; only a living one owns the window it names.
@@ -113,10 +133,12 @@ QList<xcb_window_t> WindowTree::clients(const X11Connection &connection)
     if (hasManager(connection)) {
         X11Property stacking(connection, connection.root(), X11Atom::NetClientListStacking);
         X11Property list(connection, connection.root(), X11Atom::NetClientList);
-        auto stacked = stacking.cardinalsIfSet();
-        auto listed = list.cardinalsIfSet();
-        if (stacked || listed)
-            return stacked ? *stacked : *listed;
+        const auto stacked = stacking.cardinalsIfSet();
+        const auto listed = list.cardinalsIfSet();
+        if (stacked && holdsAll(*stacked, listed.value_or(QList<xcb_window_t>())))
+            return *stacked;
+        if (listed)
+            return inTreeOrder(connection, *listed);
     }
     return mappedClients(connection);
 }

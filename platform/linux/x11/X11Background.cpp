@@ -3,6 +3,8 @@
 
 #include "platform/linux/x11/X11Property.h"
 
+#include <QSize>
+
 #include <array>
 
 #include <xcb/composite.h>
@@ -29,6 +31,15 @@ xcb_pixmap_t wallpaper(const X11Connection &connection)
     return XCB_NONE;
 }
 
+// Now: what the connection knows of the screen is of the moment when it was made.
+QSize sizeOf(const X11Connection &connection, xcb_drawable_t drawable)
+{
+    xcb_connection_t *xcb = connection.xcb();
+    const X11Reply<xcb_get_geometry_reply_t> geometry(
+        xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, drawable), nullptr));
+    return geometry ? QSize(geometry->width, geometry->height) : QSize(0, 0);
+}
+
 } // namespace
 
 X11Background::X11Background(const X11Connection &connection, const RenderFormats &formats, CompositingManager manager)
@@ -52,6 +63,10 @@ void X11Background::useWallpaper(const RenderFormats &formats, xcb_pixmap_t pixm
 {
     m_picture.emplace(m_connection, pixmap, formats.ofVisual(m_connection.screen().root_visual),
                       RenderPicture::Owns::Nothing);
+    const QSize size = sizeOf(m_connection, pixmap);
+    const QSize root = sizeOf(m_connection, m_connection.root());
+    if (size.width() >= root.width() && size.height() >= root.height())
+        return; // The server copies faster than it tiles.
     const quint32 tiled = XCB_RENDER_REPEAT_NORMAL;
     xcb_render_change_picture(m_connection.xcb(), m_picture->id(), XCB_RENDER_CP_REPEAT, &tiled);
 }
@@ -63,9 +78,10 @@ void X11Background::usePaintedWindow(const RenderFormats &formats)
     xcb_connection_t *xcb = m_connection.xcb();
     const xcb_screen_t &screen = m_connection.screen();
     m_window = xcb_generate_id(xcb);
+    const QSize size = sizeOf(m_connection, screen.root);
     const std::array<quint32, 2> values = {XCB_BACK_PIXMAP_PARENT_RELATIVE, 1};
-    xcb_create_window(xcb, XCB_COPY_FROM_PARENT, m_window, screen.root, 0, 0, screen.width_in_pixels,
-                      screen.height_in_pixels, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+    xcb_create_window(xcb, XCB_COPY_FROM_PARENT, m_window, screen.root, 0, 0, quint16(size.width()),
+                      quint16(size.height()), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
                       XCB_CW_BACK_PIXMAP | XCB_CW_OVERRIDE_REDIRECT, values.data());
     const xcb_xfixes_region_t nothing = xcb_generate_id(xcb);
     xcb_xfixes_create_region(xcb, nothing, 0, nullptr);

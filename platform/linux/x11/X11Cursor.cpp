@@ -63,7 +63,7 @@ X11Cursor X11Cursor::read(const X11Connection &connection)
     return cursor;
 }
 
-void X11Cursor::blend(Canvas &canvas, const DisplayPlacement &placement) const
+void X11Cursor::blend(const FetchedPixels &canvas, const DisplayPlacement &placement) const
 {
     const WindowRect &target = placement.target;
     const WindowRect &bounds = placement.display.bounds;
@@ -75,7 +75,7 @@ void X11Cursor::blend(Canvas &canvas, const DisplayPlacement &placement) const
     const QRect touched =
         QRect(from, QSize(to.x() - from.x(), to.y() - from.y())).intersected(X11Canvas::pixelArea(target, canvas.size));
     for (int y = touched.y(); y < touched.y() + touched.height(); ++y) {
-        char *pixel = canvas.pixels.data() + (qsizetype(y) * canvas.size.width() + touched.x()) * 4;
+        char *pixel = canvas.bytes + (qsizetype(y) * canvas.size.width() + touched.x()) * 4;
         for (int x = touched.x(); x < touched.x() + touched.width(); ++x, pixel += 4) {
             blendPixel(pixel, mean(*this, (x - target.x) * step + bounds.x - area.x(),
                                    (y - target.y) * step + bounds.y - area.y(), step));

@@ -3,6 +3,7 @@
 
 #include "desktop/ScreenCapture.h"
 #include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11PixelFetch.h"
 
 #include <QList>
 #include <QRect>
@@ -19,7 +20,7 @@ struct X11Cursor {
     static X11Cursor read(const X11Connection &connection);
 
     // Draws it where it stands on this display, scaled with it.
-    void blend(Canvas &canvas, const DisplayPlacement &placement) const;
+    void blend(const FetchedPixels &canvas, const DisplayPlacement &placement) const;
 };
 
 } // namespace ardeno

@@ -69,7 +69,7 @@ std::optional<Canvas> X11Picture::ofScreen(const X11Connection &connection, cons
 std::optional<Canvas> X11Picture::ofScreen(X11Redirection &redirection)
 {
     const IsClean showsThemselves = [&](const WindowChoice &choice, const QList<TopLevel> &windows) {
-        redirection.processEvents();
+        redirection.processAllEvents();
         return std::all_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
             return redirection.untrusted(window.id, choice.allowed).isEmpty();
         });
@@ -82,7 +82,7 @@ std::optional<Canvas> X11Picture::screenIf(const IsClean &isClean, const X11Conn
 {
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         const QList<TopLevel> windows = topLevels(connection);
-        const WindowChoice choice = chooseWindows(connection, m_entries, windows, m_exclusion);
+        const WindowChoice &choice = m_choice.emplace(chooseWindows(connection, m_entries, windows, m_exclusion));
         if (mayShowLeftOut(connection, choice, windows, m_exclusion))
             return std::nullopt;
         std::optional<ServerGrab> grab(connection);
@@ -99,20 +99,18 @@ std::optional<Canvas> X11Picture::screenIf(const IsClean &isClean, const X11Conn
 Canvas X11Picture::ofWindows(X11Redirection &redirection)
 {
     const X11Connection &connection = redirection.connection();
-    WindowChoice choice;
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
-        choice = chooseWindows(connection, m_entries, topLevels(connection), m_exclusion);
-        waitForDrawing(redirection, choice, displayAreas());
-        if (auto canvas = grabbedWindows(redirection, choice))
+        if (!m_choice)
+            m_choice = chooseWindows(connection, m_entries, topLevels(connection), m_exclusion);
+        waitForDrawing(redirection, *m_choice, displayAreas());
+        if (auto canvas = grabbedWindows(redirection, *m_choice))
             return std::move(*canvas);
+        m_choice.reset();
     }
-    // Windows come and go faster than they can be judged; those that nobody knows are left out.
+    // Windows come and go faster than they can be judged, so the server must stand still for that, too.
     const ServerGrab grab(connection);
-    for (const TopLevel &window : topLevels(connection)) {
-        if (!choice.knows(window.id))
-            choice.leftOut.insert(window.id);
-    }
-    return grabbedWindows(redirection, choice).value_or(Canvas());
+    m_choice = chooseWindows(connection, m_entries, topLevels(connection), m_exclusion);
+    return grabbedWindows(redirection, *m_choice).value_or(Canvas());
 }
 
 X11Picture::Moment X11Picture::moment(const X11Connection &connection, const X11Extensions &extensions) const
@@ -154,7 +152,7 @@ std::optional<Canvas> X11Picture::grabbedWindows(X11Redirection &redirection, co
     Moment now = moment(connection, redirection.extensions());
     if (!knowsAll(choice, now.windows))
         return std::nullopt;
-    redirection.processEvents(); // All that happened before the grab has been reported by now.
+    redirection.processAllEvents();
     // The window below it chose the pointer's picture.
     if (choice.leftOut.contains(now.cursor.under))
         now.cursor = {};
@@ -180,12 +178,14 @@ Canvas X11Picture::finished(const X11Connection &connection, const X11Extensions
                             const QPoint &from, const X11Cursor &cursor) const
 {
     const auto transport = extensions.hasSharedMemory ? PixelTransport::SharedMemory : PixelTransport::Socket;
-    Canvas canvas;
-    canvas.size = m_request.size;
-    canvas.pixels = fetchPixels(connection, drawable, QRect(from, m_request.size), transport);
+    const FetchedPixels pixels = fetchPixels(connection, drawable, QRect(from, m_request.size), transport);
     requireSameDisplays(connection);
     for (const DisplayPlacement &placement : m_request.placements)
-        cursor.blend(canvas, placement);
+        cursor.blend(pixels, placement);
+    Canvas canvas;
+    canvas.size = pixels.size;
+    canvas.pixels = QByteArray::fromRawData(pixels.bytes, qsizetype(pixels.size.width()) * pixels.size.height() * 4);
+    canvas.memory = pixels.memory;
     return canvas;
 }
 

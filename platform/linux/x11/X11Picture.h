@@ -51,6 +51,7 @@ private:
 
     CanvasRequest m_request;
     Exclusion m_exclusion;
+    std::optional<WindowChoice> m_choice = {}; // Of the last attempt; new windows are not in it.
     DesktopEntries &m_entries;
 };
 

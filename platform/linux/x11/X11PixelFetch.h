@@ -3,17 +3,25 @@
 
 #include "platform/linux/x11/X11Connection.h"
 
-#include <QByteArray>
 #include <QRect>
+#include <QSize>
+
+#include <memory>
 
 namespace ardeno {
 
 enum class PixelTransport { SharedMemory, Socket };
 
-// The pixels of a drawable of 32 bits a pixel in memory order blue, green, red, unused. Falls back to the socket when
-// the server cannot share memory with this process. Throws std::bad_alloc, and Failure when the server has gone or
-// refuses (the rectangle does not fit).
-QByteArray fetchPixels(const X11Connection &connection, xcb_drawable_t drawable, const QRect &area,
-                       PixelTransport transport);
+// Pixels of 32 bits in memory order blue, green, red, unused, in rows without gaps, where the server has put them.
+struct FetchedPixels {
+    char *bytes = nullptr;
+    QSize size = {};
+    std::shared_ptr<const void> memory = {}; // What the bytes lie in.
+};
+
+// The pixels of a drawable of 32 bits a pixel. Falls back to the socket when the server cannot share memory with this
+// process. Throws Failure when the server has gone or refuses (the rectangle does not fit).
+FetchedPixels fetchPixels(const X11Connection &connection, xcb_drawable_t drawable, const QRect &area,
+                          PixelTransport transport);
 
 } // namespace ardeno

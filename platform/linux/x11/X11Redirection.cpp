@@ -26,8 +26,8 @@ QRect outerRectangle(int x, int y, int width, int height, int border)
 
 } // namespace
 
-X11Redirection::X11Redirection(const QByteArray &displayName)
-    : m_connection(displayName), m_extensions(X11Extensions::of(m_connection)), m_watch(m_connection)
+X11Redirection::X11Redirection(X11Connection connection)
+    : m_connection(std::move(connection)), m_extensions(X11Extensions::of(m_connection)), m_watch(m_connection)
 {
     const QString missing = m_extensions.missingForExclusion();
     if (!missing.isEmpty())
@@ -47,11 +47,11 @@ void X11Redirection::begin()
         m_pixels.add(window.id, window.outer, window.isViewable);
     }
     inheritCovered(viewableOf(windows));
+    processAllEvents();
     xcb_composite_redirect_subwindows(xcb, m_connection.root(), XCB_COMPOSITE_REDIRECT_AUTOMATIC);
-    roundTrip();
     // During the grab nobody draws but the server: backgrounds, not yet what the owner wants to show there.
     m_onlyServerDraws = true;
-    processEvents();
+    processAllEvents();
     m_onlyServerDraws = false;
 }
 
@@ -113,8 +113,17 @@ void X11Redirection::processEvents()
     for (X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(xcb)); event;
          event.reset(xcb_poll_for_queued_event(xcb)))
         handle(*event);
+    m_watch.readAnswers();
     dropExpired();
-    xcb_flush(m_connection.xcb());
+    xcb_flush(xcb);
+}
+
+void X11Redirection::processAllEvents()
+{
+    do {
+        roundTrip();
+        processEvents();
+    } while (m_watch.hasQuestions());
 }
 
 bool X11Redirection::waitForEvents(Clock::time_point until)
@@ -175,6 +184,7 @@ void X11Redirection::handleCreate(const xcb_create_notify_event_t &event)
         return; // Made on this connection for a picture, and never seen.
     m_borders.insert(event.window, event.border_width);
     m_pixels.add(event.window, outerRectangle(event.x, event.y, event.width, event.height, event.border_width), false);
+    m_watch.follow(event.window);
 }
 
 void X11Redirection::handleConfigure(const xcb_configure_notify_event_t &event)
@@ -187,7 +197,6 @@ void X11Redirection::handleConfigure(const xcb_configure_notify_event_t &event)
 
 void X11Redirection::handleReparent(const xcb_reparent_notify_event_t &event)
 {
-    m_watch.stop(event.window);
     forget(event.window);
     if (event.parent != m_connection.root())
         return;
@@ -200,6 +209,7 @@ void X11Redirection::handleReparent(const xcb_reparent_notify_event_t &event)
     const int border = geometry->border_width;
     m_borders.insert(event.window, border);
     m_pixels.add(event.window, outerRectangle(event.x, event.y, geometry->width, geometry->height, border), false);
+    m_watch.follow(event.window);
 }
 
 void X11Redirection::handleDrawing(const xcb_damage_notify_event_t &event, quint32 sequence)

@@ -22,8 +22,8 @@ class X11Redirection final {
 public:
     using Clock = InheritedPixels::Clock;
 
-    // Begins at once, on a connection of its own; ends with the object. Throws notAvailable() and Failure.
-    explicit X11Redirection(const QByteArray &displayName);
+    // Begins at once, on a connection that nobody else uses; ends with the object. Throws notAvailable() and Failure.
+    explicit X11Redirection(X11Connection connection);
 
     const X11Connection &connection() const { return m_connection; }
 
@@ -31,6 +31,8 @@ public:
 
     // Takes in what the server has reported so far, without waiting.
     void processEvents();
+    // Takes in everything up to now. Only while the server is grabbed; else it might never end.
+    void processAllEvents();
     // Waits until the server reports something. False when the time came first or the connection is lost.
     bool waitForEvents(Clock::time_point until);
 

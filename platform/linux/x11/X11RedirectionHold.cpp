@@ -10,7 +10,7 @@
 namespace ardeno {
 
 X11RedirectionHold::X11RedirectionHold(const QByteArray &displayName)
-    : m_redirection(displayName), m_wake(eventfd(0, EFD_CLOEXEC)), m_thread([this] { follow(); })
+    : m_redirection(X11Connection(displayName)), m_wake(eventfd(0, EFD_CLOEXEC)), m_thread([this] { follow(); })
 {
 }
 

@@ -38,14 +38,15 @@ Canvas X11ScreenCapture::Worker::picture(const CanvasRequest &request)
     if (held && held->isAlive()) {
         const X11RedirectionHold::Use use = held->use();
         auto canvas = picture.ofScreen(use.redirection);
-        return canvas ? std::move(*canvas) : picture.ofWindows(use.redirection);
+        if (!canvas)
+            canvas = picture.ofWindows(use.redirection);
+        use.redirection.processEvents(); // What was read meanwhile does not wake the hold's own thread.
+        return std::move(*canvas);
     }
-    {
-        const X11Connection connection(displayName);
-        if (auto canvas = picture.ofScreen(connection, X11Extensions::of(connection)))
-            return std::move(*canvas);
-    }
-    X11Redirection redirection(displayName);
+    X11Connection connection(displayName);
+    if (auto canvas = picture.ofScreen(connection, X11Extensions::of(connection)))
+        return std::move(*canvas);
+    X11Redirection redirection(std::move(connection));
     return picture.ofWindows(redirection);
 }
 

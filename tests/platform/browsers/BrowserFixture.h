@@ -6,7 +6,7 @@
 #include "platform/linux/x11/WindowTree.h"
 #include "platform/linux/x11/X11LiveWindows.h"
 #include "platform/linux/x11/X11Windows.h"
-#include "tests/Finish.h"
+#include "support/Finish.h"
 #include "tests/Printing.h"
 
 #include <QFile>

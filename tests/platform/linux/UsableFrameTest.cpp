@@ -31,7 +31,7 @@ TEST_CASE("a panel takes its strip from the monitor that it stands on and from n
         {"of no length", {Edge::Top, {500, 0, 0, 30}}, {0, 30, 1000, 770}, right},
     };
     for (const Case &tried : cases) {
-        CAPTURE(tried.what);
+        CAPTURE(QString(tried.what));
         CHECK(usableFrame(left, {tried.strut}) == tried.left);
         CHECK(usableFrame(right, {tried.strut}) == tried.right);
     }

@@ -28,7 +28,7 @@ inline QByteArray numbers(std::initializer_list<qint32> values)
     return bytes;
 }
 
-inline QByteArray padded(QByteArray bytes)
+inline QByteArray padded(const QByteArray &bytes)
 {
     return bytes + QByteArray((4 - bytes.size() % 4) % 4, 0);
 }

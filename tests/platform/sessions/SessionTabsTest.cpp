@@ -2,16 +2,14 @@
 #include "platform/linux/common/SessionTabs.h"
 
 #include "platform/linux/common/SlowWork.h"
-#include "tests/Finish.h"
+#include "support/Finish.h"
 #include "tests/Printing.h"
+#include "tests/platform/sessions/HistoryBytes.h"
 #include "tests/platform/sessions/SessionBytes.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTemporaryDir>
-#include <QVariant>
 
 #include <semaphore>
 
@@ -113,18 +111,13 @@ TEST_CASE_FIXTURE(Machine, "titles that the session lacks come from the history,
                                                                       .bytes());
     start(50, chromiumProgram, {session});
     {
-        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "history");
-        database.setDatabaseName(folder.filePath("p/Default/History"));
-        REQUIRE(database.open());
-        QSqlQuery query(database);
-        query.exec("CREATE TABLE urls(url LONGVARCHAR, title LONGVARCHAR)");
-        query.exec("INSERT INTO urls VALUES ('http://h/a', 'From\x1fhistory'), ('http://h/b', 'Other')");
-        query.exec("BEGIN EXCLUSIVE"); // As the browser does all the time.
-
+        History history(folder.filePath("p/Default/History"));
+        history.add("http://h/a", "From\x1fhistory");
+        history.add("http://h/b", "Other");
+        history.lock();
         CHECK(records(chromium) ==
               "1 1 http://h/a From history\n1 1 http://h/b Own\n1 1 https://h/unknown?x h/unknown?x\n");
     }
-    QSqlDatabase::removeDatabase("history");
     CHECK(QDir(folder.filePath("p/Default")).entryList(QDir::Files) == QStringList{"History"});
 
     SUBCASE("and a damaged history costs nothing but titles")

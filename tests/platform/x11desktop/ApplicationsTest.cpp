@@ -81,7 +81,7 @@ TEST_CASE_FIXTURE(SessionFixture,
              Case{"a path is no name", "../applications/org.test.Gtk", "", "/testfile", "", "none"},
              Case{"nothing known", "", "", "unknown", "Unknown", "none"},
          }) {
-        CAPTURE(tried.what);
+        CAPTURE(QString(tried.what));
         desktop_test::TestWindow window;
         window.setClass(tried.instance, tried.windowClass);
         window.setText("_GTK_APPLICATION_ID", tried.gtk);

@@ -93,7 +93,7 @@ TEST_CASE_FIXTURE(SessionFixture, "only ordinary windows are of the normal layer
         {"a splash", {"_NET_WM_WINDOW_TYPE_SPLASH"}, {}, false, false},
     };
     for (const Case &tried : cases) {
-        CAPTURE(tried.what);
+        CAPTURE(QString(tried.what));
         TestWindow window;
         window.setText("_GTK_APPLICATION_ID", "org.test.Layer");
         if (!tried.types.isEmpty())
@@ -157,7 +157,7 @@ TEST_CASE_FIXTURE(SessionFixture, "titles of every kind are read as text")
         {"a type that is no text", "xxxx", "CARDINAL", "WM_NAME", ""},
     };
     for (const Case &tried : cases) {
-        CAPTURE(tried.what);
+        CAPTURE(QString(tried.what));
         TestWindow window;
         window.setTitle(tried.bytes, tried.type, tried.property);
         window.show();

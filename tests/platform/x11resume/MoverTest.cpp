@@ -2,7 +2,7 @@
 #include "platform/linux/x11/X11WindowMover.h"
 
 #include "platform/linux/x11/X11Placement.h"
-#include "tests/Finish.h"
+#include "support/Finish.h"
 #include "tests/Printing.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/desktop/TestWindow.h"

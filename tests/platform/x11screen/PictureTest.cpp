@@ -3,7 +3,7 @@
 #include "tests/platform/x11screen/painter/PaintedWindow.h"
 
 #include "support/Failure.h"
-#include "tests/Finish.h"
+#include "support/Finish.h"
 #include "tests/Printing.h"
 #include "tests/desktop/Desktop.h"
 
@@ -89,6 +89,7 @@ TEST_CASE_FIXTURE(ScreenFixture, "displays stand in the picture as on the desk, 
     setMonitors({{"DOWN", "1200/300x600/150+0+480"}, {"UP", "800/200x480/120+300+0"}});
     const Painter open({"class=open", "colour=00c000", "geometry=250,430,600,100", "kind=popup"});
     const Painter secret({"class=secret", "colour=ff00ff", "geometry=1050,500,200,200", "kind=popup"});
+    REQUIRE(shows(secretColour));
 
     for (const QSet<QString> &excluded : {QSet<QString>(), QSet<QString>{secretID}}) {
         const QImage image = picture(excluded);

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/x11screen/ScreenFixture.h"
 
-#include "tests/Finish.h"
+#include "support/Finish.h"
 #include "tests/desktop/Desktop.h"
 
 #include <doctest/doctest.h>
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 
@@ -116,6 +117,16 @@ QImage ScreenFixture::peerPicture() const
     const QString path = folder.filePath("peer.png");
     REQUIRE(QProcess::execute("maim", {"--hidecursor", path}) == 0);
     return QImage(path).convertToFormat(QImage::Format_RGB32);
+}
+
+bool ScreenFixture::shows(QRgb colour) const
+{
+    const QDeadlineTimer deadline(10'000);
+    while (countOf(peerPicture(), colour) == 0) {
+        if (deadline.hasExpired())
+            return false;
+    }
+    return true;
 }
 
 void ScreenFixture::movePointer(int x, int y) const

@@ -64,6 +64,8 @@ struct ScreenFixture {
     QImage picture(X11ScreenCapture &of, const QSet<QString> &excluded);
     // The picture as another program takes it, without the pointer.
     QImage peerPicture() const;
+    // Waits until the screen shows the colour: a compositing manager draws a window some time after its owner has.
+    bool shows(QRgb colour) const;
     void movePointer(int x, int y) const;
     // A wallpaper of this colour, left on the root window as programs do; without one only the root's own background.
     void setWallpaper(quint32 colour) const;
