@@ -50,6 +50,27 @@ QSet<QString> runningIDs(Workspace &workspace)
     return ids;
 }
 
+QSet<QString> pageKeys(const QList<SavedTab> &tabs)
+{
+    QSet<QString> keys;
+    for (const SavedTab &tab : tabs) {
+        if (const auto key = tabURLKey(tab))
+            keys.insert(*key);
+    }
+    return keys;
+}
+
+// Browsers that are here and whose pages nobody can read.
+QSet<QString> neverReadable(Desktop &desktop)
+{
+    QSet<QString> ids;
+    for (const Browser &browser : browsers(*desktop.tabSource)) {
+        if (!desktop.tabSource->availability(browser.id).isAvailable() && desktop.launcher->isInstalled(browser.id))
+            ids.insert(browser.id);
+    }
+    return ids;
+}
+
 // Tabs that go to the same place in one command.
 struct TabGroup {
     QString browserID = {};
@@ -246,17 +267,8 @@ QCoro::Task<RestorePlan> WorkspaceCapture::presentPlan(QList<SavedApp> apps, QLi
     if (!tabs.isEmpty()) {
         const OpenTabs open = co_await browserTabs(*desktop.tabSource, tools.excludedAppIDs);
         warning = open.warning;
-        present.unreadBrowserIDs = open.unreadBrowserIDs;
-        for (const SavedTab &tab : open.tabs) {
-            if (const auto key = tabURLKey(tab))
-                present.openPageKeys.insert(*key);
-        }
-        present.openPageKeys += tools.openedPages.pendingKeys(tabs, open);
-        // A browser that is here and can never be read.
-        for (const Browser &browser : browsers(*desktop.tabSource)) {
-            if (!desktop.tabSource->availability(browser.id).isAvailable() && desktop.launcher->isInstalled(browser.id))
-                present.unreadBrowserIDs.insert(browser.id);
-        }
+        present.unreadBrowserIDs = open.unreadBrowserIDs + neverReadable(desktop);
+        present.openPageKeys = pageKeys(open.tabs) + tools.openedPages.pendingKeys(tabs, open);
     }
     RestorePlan plan = restorePlan(apps, tabs, present);
     plan.tabCheckWarning = warning;

@@ -56,7 +56,8 @@ QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> sel
         places.launchedAppIDs = reopened.startedAppIDs;
         co_await restorePlaces(places, &report);
     }
-    const QStringList ended = co_await settling;
+    QStringList ended = co_await settling;
+    ended += co_await m_desktop.launcher->settle(); // Of what was opened with documents.
     for (const QString &name : ended)
         report.outcome.failures += tr("%1 (it ended with an error)").arg(name);
     notice.set(RestoreSummary::text(report));

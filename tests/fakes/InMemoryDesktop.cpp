@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace ardeno::fakes {
 
@@ -183,7 +184,7 @@ public:
         co_return true;
     }
 
-    QCoro::Task<QStringList> settle() override { co_return m_desktop.endedWithError; }
+    QCoro::Task<QStringList> settle() override { co_return std::exchange(m_desktop.endedWithError, {}); }
 
 private:
     QCoro::Task<void> open(QString appID, QStringList words)
