@@ -96,7 +96,7 @@ QList<SavedWindow> savedWindows(Desktop &desktop)
     QList<SavedApp> apps;
     for (const RunningApplication &application : desktop.workspace->runningApplications())
         apps.append({application.id, application.name});
-    return WindowLayout::capture(apps, *desktop.windowServer, QCoreApplication::applicationPid());
+    return WindowLayout::windows(apps, *desktop.windowServer, QCoreApplication::applicationPid());
 }
 
 struct Accuracy {
@@ -106,6 +106,49 @@ struct Accuracy {
     double largest = 0; // Pixels.
 };
 
+std::optional<MovableWindow> withID(const QList<MovableWindow> &windows, quint32 id)
+{
+    const auto found = std::find_if(windows.begin(), windows.end(),
+                                    [&](const MovableWindow &window) { return window.windowID == id; });
+    return found == windows.end() ? std::nullopt : std::optional(*found);
+}
+
+void place(Desktop &desktop, quint32 window, const WindowRect &frame)
+{
+    const QList<WindowMove> moves = {{window, frame}};
+    finish(desktop.windowMover->move(moves));
+}
+
+int othersMoved(const QList<MovableWindow> &before, const QList<MovableWindow> &after, quint32 exceptID)
+{
+    return int(std::count_if(after.begin(), after.end(), [&](const MovableWindow &window) {
+        const auto old = withID(before, window.windowID);
+        return window.windowID != exceptID && old && old->frame != window.frame;
+    }));
+}
+
+// Saves the window at one place, moves it to another one and restores it.
+void measure(Desktop &desktop, const MovableWindow &window, const WindowRect &from, const WindowRect &to,
+             Accuracy &accuracy)
+{
+    place(desktop, window.windowID, from);
+    QList<SavedWindow> saved = savedWindows(desktop);
+    saved.removeIf([&](const SavedWindow &candidate) { return candidate.windowID != window.windowID; });
+    const auto there = withID(desktop.windowMover->windows(), window.windowID);
+    place(desktop, window.windowID, to);
+    const QList<MovableWindow> before = desktop.windowMover->windows();
+    WindowLayout::RestoreRequest request{.windows = saved, .allowedAppIDs = {window.applicationID}};
+    request.firstWait = 10ms;
+    const RestoreResult result = finish(WindowLayout::restore(request, *desktop.windowMover, *desktop.windowServer));
+    const QList<MovableWindow> after = desktop.windowMover->windows();
+    const auto back = withID(after, window.windowID);
+    accuracy.placed += int(result.restoredCount);
+    accuracy.skipped += int(result.skippedCount);
+    accuracy.wrong += othersMoved(before, after, window.windowID);
+    if (result.restoredCount == 1 && there && back)
+        accuracy.largest = std::max(accuracy.largest, error(back->frame, there->frame));
+}
+
 // Moves the window away and back several times.
 Accuracy measured(Desktop &desktop, const QString &titlePart)
 {
@@ -113,42 +156,18 @@ Accuracy measured(Desktop &desktop, const QString &titlePart)
     const QList<WindowRect> places = {
         {100, 100, 640, 480}, {700, 300, 900, 600}, {0, 0, 800, 700}, {333, 77, 555, 444}};
     for (qsizetype i = 0; i < places.size(); ++i) {
-        const auto window = withTitle(desktop, titlePart);
-        if (!window)
-            continue;
-        const QList<WindowMove> there = {{window->windowID, places[i]}};
-        finish(desktop.windowMover->move(there));
-        const auto placed = withTitle(desktop, titlePart);
-        QList<SavedWindow> saved = savedWindows(desktop);
-        saved.removeIf([&](const SavedWindow &candidate) { return candidate.windowID != window->windowID; });
-        const QList<WindowMove> elsewhere = {{window->windowID, places[(i + 1) % places.size()]}};
-        finish(desktop.windowMover->move(elsewhere));
-        const QList<MovableWindow> before = desktop.windowMover->windows();
-        WindowLayout::RestoreRequest request{.windows = saved, .allowedAppIDs = {window->applicationID}};
-        request.firstWait = 10ms;
-        const RestoreResult result =
-            finish(WindowLayout::restore(request, *desktop.windowMover, *desktop.windowServer));
-        accuracy.placed += int(result.restoredCount);
-        accuracy.skipped += int(result.skippedCount);
-        for (const MovableWindow &other : desktop.windowMover->windows()) {
-            if (other.windowID == window->windowID && result.restoredCount == 1 && placed)
-                accuracy.largest = std::max(accuracy.largest, error(other.frame, placed->frame));
-            const auto old = std::find_if(before.begin(), before.end(), [&](const MovableWindow &candidate) {
-                return candidate.windowID == other.windowID;
-            });
-            if (other.windowID != window->windowID && old != before.end() && old->frame != other.frame)
-                ++accuracy.wrong;
-        }
+        if (const auto window = withTitle(desktop, titlePart))
+            measure(desktop, *window, places[i], places[(i + 1) % places.size()], accuracy);
     }
     return accuracy;
 }
 
-void addAccuracy(Desktop &desktop, const QList<QString> &names, const std::vector<Running> &applications,
+void addAccuracy(Desktop &desktop, const QString &manager, const std::vector<Running> &applications,
                  bench::Table &table)
 {
     for (const Running &application : applications) {
         const Accuracy accuracy = measured(desktop, application.titlePart);
-        const QString what = names.first() + ", " + application.name;
+        const QString what = manager + ", " + application.name;
         table.add(
             what + ": largest error",
             QString("%1 px, %2 placed, %3 skipped").arg(accuracy.largest).arg(accuracy.placed).arg(accuracy.skipped),
@@ -222,7 +241,7 @@ int main(int argc, char **argv)
     bench::Table table;
     addPlan(table);
     start(desktop, applications);
-    addAccuracy(desktop, {arguments[2]}, applications, table);
+    addAccuracy(desktop, arguments[2], applications, table);
     addEverythingOpen(arguments[1], table);
     for (Running &running : applications) {
         running.process->terminate();
