@@ -45,6 +45,18 @@ QList<Command> checkpointCommands()
          {jsonOption()},
          1,
          runShow},
+        {"resume",
+         "ID|--latest [--project NAME] [--dry-run] [--layout|--no-layout] [--json]",
+         "Opens what a checkpoint had open and is missing now, and puts its windows back in their places.",
+         {{"latest", "The newest checkpoint, of all projects or of one."},
+          projectOption(),
+          {"dry-run", "Only tell what would be opened."},
+          {"layout", "With folders, documents and the places of windows; so it is without either option."},
+          {"no-layout", "Only applications and pages."},
+          jsonOption()},
+         1,
+         runResume,
+         true},
     };
 }
 
@@ -89,8 +101,6 @@ std::optional<QString> missingHere(const QString &command)
 {
     if (command == "record")
         return u"This version of Ardeno cannot record work sessions."_qs;
-    if (command == "resume")
-        return u"This version of Ardeno cannot resume checkpoints."_qs;
     if (command.isEmpty() || command == "quick-save")
         return u"This version of Ardeno has no window. See ardeno --help for what it does."_qs;
     return std::nullopt;
@@ -108,7 +118,8 @@ ExitStatus runCommand(const Command &command, const QStringList &arguments)
         print(u"Usage: ardeno %1 %2\n%3\n"_qs.arg(command.name, command.arguments, command.summary));
         return ExitStatus::Done;
     }
-    if (parser.positionalArguments().size() != command.positionals) {
+    const qsizetype given = parser.positionalArguments().size();
+    if (given != command.positionals && !(given == 0 && command.positionalsAreOptional)) {
         return wrongUsage(u"ardeno %1 takes %2."_qs.arg(command.name, command.positionals == 0 ? u"options only"_qs
                                                                                                : command.arguments),
                           command.name);

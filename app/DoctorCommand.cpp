@@ -68,7 +68,7 @@ DoctorReport examine(Desktop &desktop)
         reported("recording", missing("record work sessions")),
         reported("application list", desktop.workspace->availability()),
         reported("window list", desktop.windowServer->availability()),
-        reported("moving windows", missing("move windows")),
+        reported("moving windows", desktop.windowMover->availability()),
     };
     for (const Browser &browser : WorkspaceCapture::browsers(*desktop.tabSource))
         report.capabilities.append(reported("tabs of " + browser.name, desktop.tabSource->availability(browser.id)));

@@ -24,6 +24,22 @@ LockedStore::LockedStore(Desktop &desktop, Purpose purpose) : m_lock(lock(purpos
         printError(*m_store->error());
 }
 
+Checkpoint findCheckpoint(const AppStore &store, const QString &prefix)
+{
+    const QString wanted = prefix.trimmed().toUpper();
+    QList<Checkpoint> found;
+    for (const Checkpoint &checkpoint : store.checkpoints()) {
+        if (!wanted.isEmpty() && uuidText(checkpoint.id).startsWith(wanted))
+            found.append(checkpoint);
+    }
+    if (found.isEmpty())
+        throw Failure("Command", 1, u"There is no checkpoint “%1”."_qs.arg(prefix));
+    if (found.size() > 1)
+        throw Failure("Command", 2,
+                      u"“%1” is the beginning of %2 checkpoints. Give more of it."_qs.arg(prefix).arg(found.size()));
+    return found.first();
+}
+
 Desktop libraryOnlyDesktop()
 {
     return makeNullDesktop("none", u"This command works on the library alone."_qs, {});

@@ -20,10 +20,16 @@ public:
 
     AppStore &store() { return *m_store; }
 
+    // Lets others use the library: for a command that has read what it needs and goes on for a while.
+    void release() { m_lock.reset(); }
+
 private:
-    LibraryLock m_lock;
+    std::optional<LibraryLock> m_lock;
     std::unique_ptr<AppStore> m_store;
 };
+
+// The one checkpoint whose identifier begins so; throws Failure when there is none or more than one.
+Checkpoint findCheckpoint(const AppStore &store, const QString &prefix);
 
 // A desktop for commands that only work on the library: it has none of the session's services.
 Desktop libraryOnlyDesktop();

@@ -3,9 +3,11 @@
 
 #include "desktop/Documents.h"
 #include "desktop/FileBrowser.h"
+#include "desktop/Launcher.h"
 #include "desktop/ScreenAccess.h"
 #include "desktop/ScreenCapture.h"
 #include "desktop/TabSource.h"
+#include "desktop/WindowMover.h"
 #include "desktop/WindowServer.h"
 #include "desktop/Workspace.h"
 
@@ -34,6 +36,8 @@ struct Desktop {
     std::unique_ptr<ScreenCapture> screenCapture = {};
     std::unique_ptr<ScreenAccess> screenAccess = {};
     std::unique_ptr<TabSource> tabSource = {};
+    std::unique_ptr<WindowMover> windowMover = {};
+    std::unique_ptr<Launcher> launcher = {};
     std::unique_ptr<FileBrowser> fileBrowser = {};
     std::unique_ptr<Documents> documents = {};
 };

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/MakeDesktop.h"
 
+#include "platform/linux/common/ApplicationLauncher.h"
 #include "platform/linux/common/DesktopEntries.h"
 #include "platform/linux/common/LinuxRoles.h"
 #include "platform/linux/common/SessionTabs.h"
 #include "platform/linux/common/ShownLocations.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11LiveWindows.h"
+#include "platform/linux/x11/X11Messages.h"
 #include "platform/linux/x11/X11ScreenAccess.h"
 #include "platform/linux/x11/X11ScreenCapture.h"
+#include "platform/linux/x11/X11WindowMover.h"
 #include "platform/linux/x11/X11WindowServer.h"
 #include "platform/linux/x11/X11Workspace.h"
 #include "platform/null/NullDesktop.h"
@@ -33,6 +36,13 @@ bool isWaylandSession()
     return qgetenv("XDG_SESSION_TYPE").toLower() == "wayland" || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
+SessionFocus x11Focus(const std::shared_ptr<X11Connection> &connection, const std::shared_ptr<DesktopEntries> &entries)
+{
+    return {.liveWindows = x11LiveWindows(connection, entries),
+            .activeWindow = [connection] { return X11Messages::activeWindow(*connection); },
+            .activate = [connection](quint32 window) { X11Messages::activate(*connection, window); }};
+}
+
 Desktop makeX11Desktop()
 {
     const auto connection = std::make_shared<X11Connection>();
@@ -50,6 +60,8 @@ Desktop makeX11Desktop()
     desktop.tabSource = std::make_unique<SessionTabs>(windows);
     desktop.fileBrowser = std::make_unique<LinuxFileBrowser>(windows, desktop.roles.fileBrowserIDs);
     desktop.documents = std::make_unique<LinuxDocuments>(windows, desktop.roles.fileBrowserIDs);
+    desktop.windowMover = std::make_unique<X11WindowMover>(connection, entries);
+    desktop.launcher = std::make_unique<ApplicationLauncher>(entries, x11Focus(connection, entries));
     return desktop;
 }
 

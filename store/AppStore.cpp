@@ -34,7 +34,8 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
       m_askScreenAccess(std::move(parts.askScreenAccess)),
       m_verifyScreenAccess(std::move(parts.verifyScreenAccess)),
       m_runningApplicationIDs(std::move(parts.runningApplicationIDs)),
-      m_capture(*desktop.screenCapture)
+      m_capture(*desktop.screenCapture),
+      m_openedPages(std::move(parts.openedPages))
 {
     if (!m_checkScreenAccess)
         m_checkScreenAccess = [this] { return m_desktop.screenAccess->check(); };

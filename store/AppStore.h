@@ -3,6 +3,9 @@
 
 #include "capture/BrowserTabs.h"
 #include "capture/CaptureService.h"
+#include "capture/LocationRestore.h"
+#include "capture/OpenedPages.h"
+#include "capture/RestoreSummary.h"
 #include "desktop/Desktop.h"
 #include "model/CheckpointRepository.h"
 #include "store/AppState.h"
@@ -24,6 +27,7 @@ struct StoreParts {
     std::function<bool()> askScreenAccess = {};
     std::function<QCoro::Task<void>()> verifyScreenAccess = {};
     std::function<QSet<QString>()> runningApplicationIDs = {};
+    OpenedPages openedPages = OpenedPages(OpenedPages::defaultPath());
     bool seedStarterExample = false;
 };
 
@@ -84,6 +88,14 @@ public:
     void refreshScreenAccess();
     void refreshRunningApplications();
 
+    // Resuming.
+    // What resuming would do now. Never throws; what could not be checked is the plan's warning.
+    QCoro::Task<RestorePlan> restorePlan(Checkpoint checkpoint);
+    // Opens what was chosen of a plan made before and, with the layout, the folders and documents of the chosen and the
+    // active applications and their windows' places. The sentence goes to notice, what failed to error.
+    QCoro::Task<RestoreReport> restore(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
+                                       QList<SavedWindow> windows, bool restoreLayout);
+
     // Exclusions.
     bool excludeApp(const SavedApp &app);
     bool allowApp(const QString &id);
@@ -119,6 +131,9 @@ private:
     void finishForm();
     bool saveExclusions(const CaptureExclusions &changed);
 
+    // Resuming.
+    QCoro::Task<void> restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report);
+
     Desktop &m_desktop;
     Preferences m_preferences;
     CheckpointRepository m_repository;
@@ -127,6 +142,7 @@ private:
     std::function<QCoro::Task<void>()> m_verifyScreenAccess;
     std::function<QSet<QString>()> m_runningApplicationIDs;
     CaptureService m_capture;
+    OpenedPages m_openedPages;
     bool m_isLibraryRead = false;
     std::optional<Checkpoint> m_active; // The checkpoint being recorded.
     std::vector<QPropertyNotifier> m_mirrors;

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/null/NullDesktop.h"
 
+#include "platform/null/NullLauncher.h"
 #include "platform/null/NullTabSource.h"
+#include "platform/null/NullWindowMover.h"
 
 #include <utility>
 
@@ -115,6 +117,8 @@ Desktop makeNullDesktop(const QString &session, const QString &reason, const Des
     desktop.screenCapture = makeNullScreenCapture(reason);
     desktop.screenAccess = std::make_unique<NullScreenAccess>();
     desktop.tabSource = std::make_unique<NullTabSource>(reason);
+    desktop.windowMover = std::make_unique<NullWindowMover>(reason);
+    desktop.launcher = std::make_unique<NullLauncher>(reason);
     desktop.fileBrowser = std::make_unique<NullFileBrowser>(reason);
     desktop.documents = std::make_unique<NullDocuments>(reason);
     return desktop;

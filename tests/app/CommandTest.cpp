@@ -128,7 +128,12 @@ TEST_CASE_FIXTURE(ProgramFixture, "each kind of failure has its exit status and 
         {{"show", "ABC"}, 1, "There is no checkpoint “ABC”."},
         {{"list", "--project", "None"}, 1, "There is no project “None”."},
         {{"record", "start", "--project", "A"}, 3, "cannot record"},
-        {{"resume", "--latest"}, 3, "cannot resume"},
+        {{"resume"}, 2, "Name one checkpoint"},
+        {{"resume", "ABC", "--latest"}, 2, "Name one checkpoint"},
+        {{"resume", "ABC", "--project", "A"}, 2, "together with --latest"},
+        {{"resume", "--latest", "--layout", "--no-layout"}, 2, "either --layout or --no-layout"},
+        {{"resume", "ABC"}, 1, "There is no checkpoint “ABC”."},
+        {{"resume", "--latest"}, 1, "There is no checkpoint yet."},
     };
     for (const Case &one : cases) {
         CAPTURE(one.arguments);

@@ -3,7 +3,9 @@
 
 #include <QCoroTimer>
 
+#include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace ardeno::fakes {
 
@@ -113,6 +115,96 @@ private:
     InMemoryDesktop &m_desktop;
 };
 
+class InMemoryWindowMover final : public WindowMover {
+public:
+    explicit InMemoryWindowMover(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    Capability availability() const override { return m_desktop.moving; }
+
+    QList<MovableWindow> windows() override { return m_desktop.movable; }
+
+    QCoro::Task<QList<MoveResult>> move(QList<WindowMove> moves) override
+    {
+        QList<MoveResult> results;
+        for (const WindowMove &move : moves)
+            results.append(moved(move));
+        co_return results;
+    }
+
+private:
+    MoveResult moved(const WindowMove &move)
+    {
+        const MoveResult result = m_desktop.moveResults.value(move.windowID, MoveResult::Placed);
+        m_desktop.moves.append(move);
+        for (MovableWindow &window : m_desktop.movable) {
+            if (window.windowID == move.windowID && result == MoveResult::Placed)
+                window.frame = move.frame;
+        }
+        return result;
+    }
+
+    InMemoryDesktop &m_desktop;
+};
+
+class InMemoryLauncher final : public Launcher {
+public:
+    explicit InMemoryLauncher(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    Capability availability() const override { return Capability::available(); }
+
+    bool isInstalled(const QString &appID) override
+    {
+        return std::any_of(m_desktop.installed.begin(), m_desktop.installed.end(),
+                           [&](const InstalledApplication &application) { return application.id == appID; });
+    }
+
+    QCoro::Task<void> openApplication(QString appID, QStringList paths) override
+    {
+        return open(appID, QStringList{"app", appID} + paths);
+    }
+
+    QCoro::Task<void> openPath(QString path) override { return open({}, QStringList{"path", path}); }
+
+    QCoro::Task<void> reveal(QString path) override { return open({}, QStringList{"reveal", path}); }
+
+    QCoro::Task<void> openPages(QString appID, QStringList addresses) override
+    {
+        return open(appID, QStringList{"page", appID} + addresses);
+    }
+
+    QCoro::Task<bool> openInSavedWindow(QList<TabToReopen> tabs) override
+    {
+        const QString window = tabs.first().tab.browserWindowID.value_or(QString());
+        if (!m_desktop.certainWindowIDs.contains(window))
+            co_return false;
+        QStringList words{"window", window};
+        for (const TabToReopen &tab : tabs)
+            words += tab.address;
+        note(words);
+        co_return true;
+    }
+
+    QCoro::Task<QStringList> settle() override { co_return std::exchange(m_desktop.endedWithError, {}); }
+
+private:
+    QCoro::Task<void> open(QString appID, QStringList words)
+    {
+        if (m_desktop.openFailures.contains(appID))
+            throw Failure("Launch", 1, m_desktop.openFailures.value(appID));
+        note(words);
+        co_return;
+    }
+
+    void note(const QStringList &words)
+    {
+        m_desktop.opened.append(words.join(' '));
+        if (m_desktop.whenOpened)
+            m_desktop.whenOpened(m_desktop.opened.last());
+    }
+
+    InMemoryDesktop &m_desktop;
+};
+
 class InMemoryFileBrowser final : public FileBrowser {
 public:
     explicit InMemoryFileBrowser(InMemoryDesktop &desktop) : m_desktop(desktop) {}
@@ -195,6 +287,8 @@ Desktop InMemoryDesktop::makeDesktop()
             .screenCapture = std::make_unique<InMemoryScreenCapture>(*this),
             .screenAccess = std::make_unique<InMemoryScreenAccess>(*this),
             .tabSource = std::make_unique<InMemoryTabSource>(*this),
+            .windowMover = std::make_unique<InMemoryWindowMover>(*this),
+            .launcher = std::make_unique<InMemoryLauncher>(*this),
             .fileBrowser = std::make_unique<InMemoryFileBrowser>(*this),
             .documents = std::make_unique<InMemoryDocuments>(*this)};
 }

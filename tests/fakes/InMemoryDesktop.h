@@ -25,7 +25,16 @@ struct InMemoryDesktop {
     std::function<void()> whileComposing = {}; // Called in the middle of a picture.
     QList<QSet<QString>> preparedExclusions = {};
     QList<CanvasRequest> requests = {};
-    QList<WindowLocation> folders = {};           // What windows of file browsers show.
+    Capability moving = Capability::available();
+    QList<MovableWindow> movable = {};
+    QList<WindowMove> moves = {};                // Carried out, unless the window refuses.
+    QHash<quint32, MoveResult> moveResults = {}; // Of windows that do not simply obey.
+    QStringList opened = {}; // "app ID PATH…", "page ID ADDRESS…", "window ID ADDRESS…", "path PATH", …
+    QHash<QString, QString> openFailures = {}; // Why an application or the default browser ("") cannot be opened.
+    QSet<QString> certainWindowIDs = {};       // The browser windows that can be found again.
+    QStringList endedWithError = {};           // Names of applications.
+    std::function<void(const QString &)> whenOpened = {}; // Called with each entry of opened.
+    QList<WindowLocation> folders = {};                   // What windows of file browsers show.
     QList<WindowLocation> documents = {};         // What windows of other applications show; each has a process.
     QList<QSet<qint64>> processesAskedAbout = {}; // By each question for documents.
 

@@ -44,7 +44,9 @@ struct StoreFixture {
     AppStore &reopen()
     {
         opened.reset();
-        StoreParts parts{.preferences = preferences(), .repository = CheckpointRepository(root())};
+        StoreParts parts{.preferences = preferences(),
+                         .repository = CheckpointRepository(root()),
+                         .openedPages = OpenedPages(home.filePath("opened-pages"))};
         opened = std::make_unique<AppStore>(desktop, std::move(parts));
         return *opened;
     }

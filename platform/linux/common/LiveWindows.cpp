@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -122,6 +123,24 @@ QList<SessionWindow> withoutGhosts(const QList<SessionWindow> &session, const QL
     // that it may be: a page too many is better than a lost one.
     pairing.pair([](const LiveWindow &, const SessionWindow &b) { return !b.isAtFrame || !b.frame; });
     return pairing.kept();
+}
+
+std::optional<LiveWindow> certainWindow(const SessionWindow &window, const QList<SessionWindow> &session,
+                                        const QList<LiveWindow> &live)
+{
+    // By title and place, else by the title alone; no other window of the session may fit as well.
+    const auto inPlace = [](const LiveWindow &a, const SessionWindow &b) { return isInPlace(a, b) && showsPage(a, b); };
+    for (const auto &fits : {std::function<bool(const LiveWindow &, const SessionWindow &)>(inPlace),
+                             std::function<bool(const LiveWindow &, const SessionWindow &)>(showsPage)}) {
+        QList<LiveWindow> found = live;
+        found.removeIf([&](const LiveWindow &candidate) { return !fits(candidate, window); });
+        if (found.isEmpty())
+            continue;
+        const auto rivals = std::count_if(session.begin(), session.end(),
+                                          [&](const SessionWindow &other) { return fits(found.first(), other); });
+        return found.size() == 1 && rivals == 1 ? std::optional(found.first()) : std::nullopt;
+    }
+    return std::nullopt;
 }
 
 } // namespace ardeno

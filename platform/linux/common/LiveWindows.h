@@ -37,4 +37,8 @@ QString shownTitle(const SessionTab &tab);
 // most, by its title or by its place.
 QList<SessionWindow> withoutGhosts(const QList<SessionWindow> &session, const QList<LiveWindow> &live);
 
+// The live window that a session's window is; absent unless nothing else is possible.
+std::optional<LiveWindow> certainWindow(const SessionWindow &window, const QList<SessionWindow> &session,
+                                        const QList<LiveWindow> &live);
+
 } // namespace ardeno

@@ -30,10 +30,15 @@ constexpr std::array<const char *, static_cast<size_t>(X11Atom::Count)> atomName
     "_NET_FRAME_EXTENTS",
     "_NET_MOVERESIZE_WINDOW",
     "_NET_SHOWING_DESKTOP",
+    "_NET_SUPPORTED",
     "_NET_SUPPORTING_WM_CHECK",
+    "_NET_WM_ACTION_MOVE",
+    "_NET_WM_ACTION_RESIZE",
+    "_NET_WM_ALLOWED_ACTIONS",
     "_NET_WM_DESKTOP",
     "_NET_WM_NAME",
     "_NET_WM_PID",
+    "_NET_WM_PING",
     "_NET_WM_STATE",
     "_NET_WM_STATE_ABOVE",
     "_NET_WM_STATE_FULLSCREEN",
@@ -55,6 +60,7 @@ constexpr std::array<const char *, static_cast<size_t>(X11Atom::Count)> atomName
     "_NET_WM_WINDOW_TYPE_UTILITY",
     "_XROOTPMAP_ID",
     "UTF8_STRING",
+    "WM_PROTOCOLS",
     "WM_STATE",
 };
 

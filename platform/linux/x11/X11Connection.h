@@ -31,10 +31,15 @@ enum class X11Atom {
     NetFrameExtents,
     NetMoveResizeWindow,
     NetShowingDesktop,
+    NetSupported,
     NetSupportingWmCheck,
+    NetWmActionMove,
+    NetWmActionResize,
+    NetWmAllowedActions,
     NetWmDesktop,
     NetWmName,
     NetWmPid,
+    NetWmPing,
     NetWmState,
     NetWmStateAbove,
     NetWmStateFullscreen,
@@ -56,6 +61,7 @@ enum class X11Atom {
     NetWmWindowTypeUtility,
     RootPixmap,
     Utf8String,
+    WmProtocols,
     WmState,
     Count
 };
