@@ -11,8 +11,8 @@ namespace {
 using WindowLayout::DisplayEntry;
 
 // In points: no window is made smaller than this, unless the display is.
-constexpr double smallestWidth = 120;
-constexpr double smallestHeight = 80;
+constexpr double narrowest = 120;
+constexpr double lowest = 80;
 
 bool isRectangle(const WindowRect &frame)
 {
@@ -68,8 +68,8 @@ std::optional<WindowRect> WindowPlacement::fit(const SavedWindow &saved, const Q
         frame.x = mapped(frame.x, from.x, from.width, to.x, to.width);
         frame.y = mapped(frame.y, from.y, from.height, to.y, to.height);
     }
-    frame.width = std::min(std::max(frame.width, smallestWidth), to.width);
-    frame.height = std::min(std::max(frame.height, smallestHeight), to.height);
+    frame.width = std::min(std::max(frame.width, narrowest), to.width);
+    frame.height = std::min(std::max(frame.height, lowest), to.height);
     // In this order a place that is no number becomes the top left.
     frame.x = std::min(std::max(to.x, frame.x), to.maxX() - frame.width);
     frame.y = std::min(std::max(to.y, frame.y), to.maxY() - frame.height);

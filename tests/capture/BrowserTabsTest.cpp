@@ -3,6 +3,7 @@
 
 #include "support/Finish.h"
 #include "tests/Printing.h"
+#include "tests/support/Tabs.h"
 
 #include <QHash>
 
@@ -42,14 +43,6 @@ struct Answers final : TabSource {
 QString record(const QStringList &fields)
 {
     return fields.join(QChar(31)) + QChar(30);
-}
-
-QStringList addresses(const QList<SavedTab> &tabs)
-{
-    QStringList list;
-    for (const SavedTab &tab : tabs)
-        list += tab.url;
-    return list;
 }
 
 QString key(const QString &url)

@@ -10,7 +10,7 @@ using namespace ardeno;
 
 namespace {
 
-SavedTab tab(const QString &url)
+SavedTab page(const QString &url)
 {
     SavedTab tab;
     tab.url = url;
@@ -30,8 +30,8 @@ TEST_CASE("a page counts as open until its browser has written down what came af
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath("runtime/opened-pages");
-    const QList<SavedTab> saved = {tab("https://a.example/"), tab("https://b.example/"), tab("file:///x")};
-    OpenedPages(path).remember({tab("HTTPS://A.example:443/"), tab("about:blank")}, Date{1000});
+    const QList<SavedTab> saved = {page("https://a.example/"), page("https://b.example/"), page("file:///x")};
+    OpenedPages(path).remember({page("HTTPS://A.example:443/"), page("about:blank")}, Date{1000});
 
     const OpenedPages pages(path); // As the next command finds it.
     const QSet<QString> pending = {"https://a.example/"};
@@ -42,7 +42,7 @@ TEST_CASE("a page counts as open until its browser has written down what came af
     CHECK(pages.pendingKeys(saved, writtenAt(900), Date{1061}).isEmpty());
     CHECK(pages.pendingKeys(saved, writtenAt(900), Date{500}).isEmpty()); // The clock was set back.
 
-    OpenedPages(path).remember({tab("https://b.example/")}, Date{1030});
+    OpenedPages(path).remember({page("https://b.example/")}, Date{1030});
     CHECK(pages.pendingKeys(saved, writtenAt(900), Date{1059}).size() == 2);
     CHECK(pages.pendingKeys(saved, writtenAt(900), Date{1070}) == QSet<QString>{"https://b.example/"});
 }
@@ -51,7 +51,7 @@ TEST_CASE("the file of opened pages is private, holds no address, and may be dam
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath("runtime/opened-pages");
-    const QList<SavedTab> saved = {tab("https://secret.example/")};
+    const QList<SavedTab> saved = {page("https://secret.example/")};
     OpenedPages pages(path);
     CHECK(pages.pendingKeys(saved, {}, Date{1}).isEmpty());
     pages.remember(saved, Date{1});

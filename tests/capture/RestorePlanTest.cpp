@@ -3,6 +3,7 @@
 
 #include "capture/RestoreSummary.h"
 #include "tests/Printing.h"
+#include "tests/support/Tabs.h"
 
 using namespace ardeno;
 
@@ -15,14 +16,6 @@ SavedTab tab(const QString &url, const std::optional<QString> &browser = "org.mo
     tab.url = url;
     tab.browserID = browser;
     return tab;
-}
-
-QStringList addresses(const QList<SavedTab> &tabs)
-{
-    QStringList list;
-    for (const SavedTab &each : tabs)
-        list += each.url;
-    return list;
 }
 
 } // namespace

@@ -20,12 +20,12 @@ namespace ardeno {
 
 namespace {
 
-struct Unreference {
+struct UnreferenceObject {
     void operator()(void *object) const { g_object_unref(object); }
 };
 
 template <typename T>
-using Object = std::unique_ptr<T, Unreference>;
+using Object = std::unique_ptr<T, UnreferenceObject>;
 
 constexpr auto spawnFlags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD |
                                                      G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL);

@@ -18,7 +18,7 @@ namespace ardeno {
 
 namespace {
 
-constexpr std::chrono::milliseconds patience(200);
+constexpr std::chrono::milliseconds locatorPatience(200);
 
 std::optional<QString> onlyOne(const QStringList &paths)
 {
@@ -151,7 +151,7 @@ private:
     std::optional<QStringList> m_recentlyUsed = {};
 };
 
-DocumentLocator::DocumentLocator() : m_session(patience), m_accessible(m_session) {}
+DocumentLocator::DocumentLocator() : m_session(locatorPatience), m_accessible(m_session) {}
 
 const QList<RecentDocument> &DocumentLocator::recentDocuments() const
 {

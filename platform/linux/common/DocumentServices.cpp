@@ -14,7 +14,7 @@ namespace ardeno {
 
 namespace {
 
-constexpr std::chrono::milliseconds patience(200);
+constexpr std::chrono::milliseconds servicePatience(200);
 constexpr auto okular = "org.kde.okular";
 
 // A viewer that keeps a register of who shows which file.
@@ -44,11 +44,11 @@ QStringList askOkular(const SessionBus &bus, qint64 processID)
     static const QRegularExpression node(R"re(<node name="(okular\d*)"/>)re");
     const QString service = u"org.kde.okular-%1"_qs.arg(processID);
     const SessionBus::Question objects{service, "/", "org.freedesktop.DBus.Introspectable", "Introspect", {}};
-    const QString description = bus.ask(objects, patience).at(0).text();
+    const QString description = bus.ask(objects, servicePatience).at(0).text();
     QStringList found;
     for (auto match = node.globalMatch(description); match.hasNext();) {
         const SessionBus::Question shown{service, '/' + match.next().captured(1), okular, "currentDocument", {}};
-        const QString path = bus.ask(shown, patience).at(0).text();
+        const QString path = bus.ask(shown, servicePatience).at(0).text();
         if (path.startsWith('/') && !found.contains(path))
             found.append(path);
     }
@@ -66,8 +66,8 @@ QStringList askRegister(const SessionBus &bus, const Register &viewer, qint64 pr
     for (const QString &path : candidates) {
         const SessionBus::Question question{
             viewer.service, viewer.path, viewer.service, "FindDocument", {fileAddress(path), false}};
-        const QString owner = bus.ask(question, patience).at(0).text();
-        if (!owner.isEmpty() && bus.processOf(owner, patience) == processID)
+        const QString owner = bus.ask(question, servicePatience).at(0).text();
+        if (!owner.isEmpty() && bus.processOf(owner, servicePatience) == processID)
             found.append(path);
     }
     return found;

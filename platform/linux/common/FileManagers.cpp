@@ -18,7 +18,7 @@ namespace ardeno {
 
 namespace {
 
-constexpr std::chrono::milliseconds patience(250);
+constexpr std::chrono::milliseconds managerPatience(250);
 
 quint64 inode(const QString &path)
 {
@@ -107,7 +107,7 @@ FileManagers::TabFolders FileManagers::askForTabs(const SessionBus &bus, const Q
 {
     TabFolders found;
     const BusValue windows = bus.property(busName, "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1",
-                                          "OpenWindowsWithLocations", patience);
+                                          "OpenWindowsWithLocations", managerPatience);
     for (qsizetype i = 0; i < windows.size(); ++i) {
         QStringList &tabs = found[windows.at(i).at(0).text()];
         const BusValue addresses = windows.at(i).at(1);
@@ -121,7 +121,7 @@ FileManagers::TabFolders FileManagers::askForTabs(const SessionBus &bus, const Q
 
 QList<WindowLocation> FileManagers::askAbout(QList<LiveWindow> *windows)
 {
-    const LazySessionBus session(patience);
+    const LazySessionBus session(managerPatience);
     QHash<QString, TabFolders> answers;
     QList<WindowLocation> found;
     windows->removeIf([&](const LiveWindow &window) {

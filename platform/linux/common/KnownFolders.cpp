@@ -55,10 +55,17 @@ QStringList userFolders()
     return found;
 }
 
+// Empty for the root.
+QString parent(const QString &path)
+{
+    const qsizetype slash = path.lastIndexOf('/');
+    return slash > 0 ? path.left(slash) : QString(path.size() > 1 ? "/" : "");
+}
+
 // Collects the folders of the names asked for, each once.
-class Search final {
+class FolderSearch final {
 public:
-    Search(const QSet<QString> &names, const KnownFolders::Bounds &bounds)
+    FolderSearch(const QSet<QString> &names, const KnownFolders::Bounds &bounds)
         : m_names(names), m_left(bounds.folders), m_deadline(bounds.time)
     {
         for (const QString &name : names)
@@ -68,13 +75,10 @@ public:
     // A path and the folders it is in.
     void addWithParents(QString path)
     {
-        while (!path.isEmpty() && !m_seen.contains(path)) {
+        for (; !path.isEmpty() && !m_seen.contains(path); path = parent(path)) {
             m_seen.insert(path);
             if (m_names.contains(PathText::baseName(path)) && PathText::isFolder(path))
                 keep(path);
-            path = path == "/" ? QString() : path.left(qMax(path.lastIndexOf('/'), path.size() > 1 ? 1 : 0));
-            if (path.size() > 1 && path.endsWith('/'))
-                path.chop(1);
         }
     }
 
@@ -150,7 +154,7 @@ QStringList KnownFolders::places()
 QHash<QString, QStringList> KnownFolders::named(const QSet<QString> &names, const QStringList &furtherPaths,
                                                 const Bounds &bounds)
 {
-    Search search(names, bounds);
+    FolderSearch search(names, bounds);
     for (const QString &path : furtherPaths + places())
         search.addWithParents(path);
     search.addContents(userFolders() + bookmarks() + mountPoints());

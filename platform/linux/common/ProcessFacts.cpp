@@ -59,16 +59,22 @@ QStringList ProcessFacts::arguments() const
     return words;
 }
 
-QStringList ProcessFacts::pathArguments() const
+// Where the process is and where it was started; each ends in a slash.
+QSet<QByteArray> ProcessFacts::workingFolders() const
 {
-    constexpr qsizetype most = 512;
     const QString current = QFile::symLinkTarget(u"/proc/%1/cwd"_qs.arg(m_processID));
-    const QByteArray first = environmentValue(read("environ"), "PWD");
     QSet<QByteArray> folders;
-    for (const QByteArray &folder : {current.toUtf8(), first}) {
+    for (const QByteArray &folder : {current.toUtf8(), environmentValue(read("environ"), "PWD")}) {
         if (folder.startsWith('/'))
             folders.insert(folder + '/');
     }
+    return folders;
+}
+
+QStringList ProcessFacts::pathArguments() const
+{
+    constexpr qsizetype most = 512;
+    const QSet<QByteArray> folders = workingFolders();
     QStringList paths;
     const auto add = [&](const std::optional<QString> &path) {
         if (path && (PathText::isFile(*path) || PathText::isFolder(*path)) && !paths.contains(*path))
@@ -78,11 +84,9 @@ QStringList ProcessFacts::pathArguments() const
         if (word.isEmpty() || word.startsWith('-'))
             continue;
         add(PathText::fromAddress(word));
-        add(PathText::fromBytes(word));
-        for (const QByteArray &folder : folders) {
-            if (!word.startsWith('/'))
-                add(PathText::fromBytes(folder + word));
-        }
+        add(PathText::fromBytes(word)); // Relative ones are none.
+        for (const QByteArray &folder : word.startsWith('/') ? QSet<QByteArray>() : folders)
+            add(PathText::fromBytes(folder + word));
     }
     return paths;
 }

@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -32,6 +33,7 @@ public:
 
 private:
     QByteArray read(const char *file) const;
+    QSet<QByteArray> workingFolders() const;
 
     qint32 m_processID;
 };

@@ -14,7 +14,7 @@ namespace ardeno {
 namespace {
 
 // What the work on a thread needs, all of it its own.
-struct Search {
+struct TabSearch {
     SavedTab tab;
     QList<LiveWindow> live;
 
@@ -22,7 +22,7 @@ struct Search {
     std::optional<quint32> searched(const BrowserProcess &process) const;
 };
 
-std::optional<quint32> Search::searched(const BrowserProcess &process) const
+std::optional<quint32> TabSearch::searched(const BrowserProcess &process) const
 {
     QList<LiveWindow> own = live;
     own.removeIf([&](const LiveWindow &window) { return window.processID != process.id; });
@@ -36,7 +36,7 @@ std::optional<quint32> Search::searched(const BrowserProcess &process) const
     return std::nullopt;
 }
 
-std::optional<quint32> Search::run() const
+std::optional<quint32> TabSearch::run() const
 {
     QList<BrowserProcess> processes = BrowserProcesses::running(tab.browserID.value_or(QString()));
     processes.removeIf([&](const BrowserProcess &process) {
@@ -54,7 +54,7 @@ QCoro::Task<std::optional<quint32>> SavedWindowFinder::find(SavedTab tab)
     auto live = m_liveWindows ? m_liveWindows() : std::nullopt;
     if (!live)
         co_return std::nullopt;
-    const Search search{std::move(tab), std::move(*live)};
+    const TabSearch search{std::move(tab), std::move(*live)};
     try {
         co_return co_await SlowWork::withinDeadline([search] { return search.run(); }, deadline);
     } catch (const std::exception &) {

@@ -14,8 +14,8 @@ namespace ardeno {
 namespace {
 
 // What a window says of itself beside what all windows say.
-struct Hints {
-    Hints(const X11Connection &connection, xcb_window_t window)
+struct LiveHints {
+    LiveHints(const X11Connection &connection, xcb_window_t window)
         : leader(connection, window, xcb_atom_t(XCB_ATOM_WM_TRANSIENT_FOR)),
           busName(connection, window, X11Atom::GtkUniqueBusName),
           objectPath(connection, window, X11Atom::GtkWindowObjectPath)
@@ -33,14 +33,14 @@ std::optional<QList<LiveWindow>> liveWindows(const X11Connection &connection, De
         return std::nullopt;
     const QList<xcb_window_t> clients = WindowTree::clients(connection);
     const QHash<xcb_window_t, WindowOwner> owners = WindowOwners(connection, entries).owners(clients);
-    std::vector<Hints> hints;
+    std::vector<LiveHints> hints;
     hints.reserve(clients.size());
     for (const xcb_window_t client : clients)
         hints.emplace_back(connection, client);
     QList<LiveWindow> windows;
     qsizetype index = 0;
     for (const X11WindowFacts &facts : readWindowFacts(connection, clients)) {
-        Hints &own = hints[index++];
+        LiveHints &own = hints[index++];
         if (!facts.frame)
             continue;
         const WindowOwner owner = owners.value(facts.window);

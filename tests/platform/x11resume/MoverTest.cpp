@@ -52,11 +52,6 @@ struct MoverFixture {
     }
 };
 
-void tellManager(const QString &title, const QStringList &arguments)
-{
-    outputOf("wmctrl", QStringList{"-F", "-r", title} + arguments);
-}
-
 } // namespace
 
 TEST_CASE_FIXTURE(MoverFixture, "applications stand within a pixel of where they are sent, again and again")
@@ -64,7 +59,7 @@ TEST_CASE_FIXTURE(MoverFixture, "applications stand within a pixel of where they
     CHECK(mover.availability().isAvailable());
     const QString folder = QDir::tempPath() + "/sent";
     QDir().mkpath(folder);
-    QFile notes(folder + "/notes.txt");
+    QFile notes(QDir::tempPath() + "/notes.txt"); // No title shall contain another.
     REQUIRE(notes.open(QIODevice::WriteOnly));
     notes.close();
     Application editor("mousepad", {notes.fileName()});
@@ -77,7 +72,7 @@ TEST_CASE_FIXTURE(MoverFixture, "applications stand within a pixel of where they
 
     for (const WindowRect &frame : {WindowRect{300, 200, 700, 500}, WindowRect{0, 0, 640, 480},
                                     WindowRect{1100, 520, 820, 560}, WindowRect{37.4, 41.6, 903.2, 655.5}}) {
-        for (const char *title : {"notes.txt", "sent", "plain window"}) {
+        for (const QString title : {"notes.txt", "sent", "plain window"}) {
             CAPTURE(title);
             CHECK(move(title, frame) == MoveResult::Placed);
             CHECK(error(title, frame) <= 1);
@@ -102,24 +97,27 @@ TEST_CASE_FIXTURE(MoverFixture, "what must not be moved is told apart")
 {
     struct Case {
         const char *title;
-        const char *state;
+        QStringList how; // A command; the number of the window is added.
         bool MovableWindow::*flag;
     };
 
     const std::array cases = {
-        Case{"a maximised one", "maximized_vert,maximized_horz", &MovableWindow::isMaximised},
-        Case{"a half maximised one", "maximized_vert", &MovableWindow::isMaximised},
-        Case{"a full one", "fullscreen", &MovableWindow::isFullScreen},
-        Case{"a hidden one", "hidden", &MovableWindow::isMinimised},
+        Case{"a maximised one",
+             {"wmctrl", "-b", "add,maximized_vert,maximized_horz", "-ir"},
+             &MovableWindow::isMaximised},
+        Case{"a half maximised one", {"wmctrl", "-b", "add,maximized_vert", "-ir"}, &MovableWindow::isMaximised},
+        Case{"a full one", {"wmctrl", "-b", "add,fullscreen", "-ir"}, &MovableWindow::isFullScreen},
+        Case{"a hidden one", {"xdotool", "windowminimize"}, &MovableWindow::isMinimised},
     };
     for (const Case &each : cases) {
-        CAPTURE(each.title);
+        const QString title = each.title;
+        CAPTURE(title);
         TestWindow test;
         test.setTitle(each.title);
         test.show();
-        CHECK_FALSE((*window(each.title)).*each.flag);
-        tellManager(each.title, {"-b", QString("add,") + each.state});
-        CHECK(eventually([&] { return (*window(each.title)).*each.flag; }));
+        CHECK_FALSE((*window(title)).*each.flag);
+        outputOf(each.how.first(), each.how.mid(1) + QStringList{QString::number(window(title)->windowID)});
+        CHECK(eventually([&] { return (*window(title)).*each.flag; }));
     }
 }
 
