@@ -180,7 +180,7 @@ TEST_CASE_FIXTURE(ThumbnailsFixture, "the newest request is answered first, and 
 
 TEST_CASE_FIXTURE(ThumbnailsFixture, "too many requests drop the oldest, which is told")
 {
-    const QString path = screenshot("one.png", {4000, 3000}, 200, 10);
+    const QString path = screenshot("one.png", {2000, 1500}, 200, 10);
     const qsizetype more = 10;
     QEventLoop loop;
     qsizetype dropped = 0;
