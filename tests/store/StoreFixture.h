@@ -20,6 +20,7 @@ struct StoreFixture {
     fakes::InMemoryDesktop memory;
     Desktop desktop = memory.makeDesktop();
     std::unique_ptr<AppStore> opened;
+    bool seedStarterExample = false;
 
     StoreFixture()
     {
@@ -47,6 +48,8 @@ struct StoreFixture {
         StoreParts parts{.preferences = preferences(),
                          .repository = CheckpointRepository(root()),
                          .openedPages = OpenedPages(home.filePath("opened-pages"))};
+        parts.thumbnailFolder = home.filePath("thumbnails");
+        parts.seedStarterExample = seedStarterExample;
         opened = std::make_unique<AppStore>(desktop, std::move(parts));
         return *opened;
     }
