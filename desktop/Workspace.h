@@ -6,6 +6,8 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
+
 namespace ardeno {
 
 // An application with at least one process. Its identifier is the desktop's stable one (a desktop-file id).
@@ -26,7 +28,7 @@ struct InstalledApplication {
     bool operator==(const InstalledApplication &) const = default;
 };
 
-// The applications of the user's session. All functions answer at once, on the main thread.
+// The applications of the user's session. Used on the main thread; all functions answer at once.
 class Workspace {
 public:
     virtual ~Workspace() = default;
@@ -36,6 +38,9 @@ public:
     virtual QList<RunningApplication> runningApplications() = 0;
     // Those that menus show, in no particular order.
     virtual QList<InstalledApplication> installedApplications() = 0;
+    // From now on calls the handler some time after applications may have started or ended; an empty handler ends it.
+    // Nothing is done meanwhile.
+    virtual void setChangeHandler(std::function<void()> handler) = 0;
 };
 
 } // namespace ardeno

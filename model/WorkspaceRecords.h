@@ -28,6 +28,9 @@ struct Project {
     // The reason, or "No reason added yet." when there is none to show.
     QString blockerDescription() const;
 
+    // The project that shows newcomers what a saved one looks like. Its identifiers never change.
+    static Project sample();
+
     bool operator==(const Project &) const = default;
 
     static constexpr auto fields()
@@ -171,6 +174,10 @@ struct Checkpoint {
     QString displayName() const;
     // Moves a non-empty decision to the end of the objective.
     void mergeLegacyDecision();
+
+    // The checkpoints of the sample project, whose dates count from now; the newest, and all of them with it first.
+    static Checkpoint sample();
+    static QList<Checkpoint> sampleHistory();
 
     bool operator==(const Checkpoint &) const = default;
 

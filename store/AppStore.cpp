@@ -34,7 +34,9 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
       m_askScreenAccess(std::move(parts.askScreenAccess)),
       m_verifyScreenAccess(std::move(parts.verifyScreenAccess)),
       m_runningApplicationIDs(std::move(parts.runningApplicationIDs)),
-      m_capture(*desktop.screenCapture)
+      m_capture(*desktop.screenCapture),
+      m_thumbnailFolder(std::move(parts.thumbnailFolder)),
+      m_seedStarterExample(parts.seedStarterExample)
 {
     if (!m_checkScreenAccess)
         m_checkScreenAccess = [this] { return m_desktop.screenAccess->check(); };
@@ -47,7 +49,14 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
     readPreferences();
     readExclusions();
     readLibrary();
+    prepareSamples();
     chooseFirstProject();
+}
+
+AppStore::~AppStore()
+{
+    if (m_isWatchingApplications)
+        m_desktop.workspace->setChangeHandler({});
 }
 
 template <typename T>
@@ -118,14 +127,34 @@ void AppStore::readLibrary()
     }
 }
 
+void AppStore::prepareSamples()
+{
+    // Where the library could not be read there may be projects; samples would hide that.
+    if (!m_seedStarterExample || !m_isLibraryRead)
+        return;
+    m_sampleProject = Project::sample();
+    sampleHistory.set(Checkpoint::sampleHistory());
+    sampleCheckpoint.set(sampleHistory().first());
+}
+
+bool AppStore::isShowingSamples() const
+{
+    return projects().isEmpty() && !sampleHistory().isEmpty();
+}
+
 void AppStore::chooseFirstProject()
 {
+    const bool isSeeded = m_preferences.value(keys::starterExampleMigrationV2).value_or(false);
+    if (m_seedStarterExample && m_isLibraryRead && !isSeeded)
+        m_preferences.setValue(keys::starterExampleMigrationV2, true);
     if (launchOverview())
         return;
     const std::optional<QUuid> last = toUuid(m_preferences.value(keys::lastOpenedProjectID));
     const QList<Project> available = availableProjects();
     if (last && project(*last))
         selectProject(*last);
+    else if (isShowingSamples() && (!isSeeded || last == m_sampleProject.id))
+        selectProject(m_sampleProject.id);
     else if (!available.isEmpty())
         selectProject(available.first().id);
 }
@@ -172,6 +201,18 @@ void AppStore::refreshScreenAccess()
 void AppStore::refreshRunningApplications()
 {
     runningApplicationIDs.set(m_runningApplicationIDs());
+}
+
+void AppStore::watchRunningApplications()
+{
+    m_isWatchingApplications = true;
+    m_desktop.workspace->setChangeHandler([this] { refreshRunningApplications(); });
+    refreshRunningApplications(); // After the watch has begun, so that nothing falls in between.
+}
+
+void AppStore::dismissUpdate()
+{
+    availableUpdate.set(std::nullopt);
 }
 
 } // namespace ardeno

@@ -4,6 +4,7 @@
 #include "capture/BrowserTabs.h"
 #include "capture/CaptureService.h"
 #include "desktop/Desktop.h"
+#include "media/Thumbnails.h"
 #include "model/CheckpointRepository.h"
 #include "store/AppState.h"
 #include "support/Preferences.h"
@@ -12,6 +13,7 @@
 #include <QCoroTask>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace ardeno {
@@ -24,6 +26,8 @@ struct StoreParts {
     std::function<bool()> askScreenAccess = {};
     std::function<QCoro::Task<void>()> verifyScreenAccess = {};
     std::function<QSet<QString>()> runningApplicationIDs = {};
+    QString thumbnailFolder = Thumbnails::defaultFolder();
+    // Shows the sample project while there is no other, and opens it at the very first start.
     bool seedStarterExample = false;
 };
 
@@ -47,8 +51,12 @@ public:
     // Reads the settings and the library; a library that cannot be read is left in place and named in error. The
     // desktop outlives the store.
     explicit AppStore(Desktop &desktop, StoreParts parts = {});
+    ~AppStore();
+    AppStore(const AppStore &) = delete;
+    AppStore &operator=(const AppStore &) = delete;
 
-    // Projects.
+    // Projects. While the library has none, the sample project is the one in filteredProjects(), selectedProject(),
+    // checkpointsFor() and selected(), and nowhere else: no operation changes or writes it.
     std::optional<QUuid> createProject(const QString &name);
     void selectProject(const QUuid &id);
     void selectCheckpoint(const std::optional<QUuid> &id);
@@ -72,6 +80,24 @@ public:
     const Checkpoint *checkpoint(const QUuid &id) const;
     bool save(Checkpoint checkpoint);
     void deleteCheckpoint(const QUuid &id);
+    // Whether all of its applications run; false for one without any. Follows runningApplicationIDs.
+    bool isWorkspaceActive(const Checkpoint &checkpoint) const;
+    // Small pictures of screenshots; made at the first call.
+    Thumbnails &thumbnails();
+
+    // Changing a saved checkpoint. A write that fails leaves it as it was and puts a sentence into error; samples and
+    // checkpoints that are not in the library stay untouched, without a message.
+    // The field is title, objective, decision or nextStep; the text is kept as it is. False when it was not saved.
+    bool updateNote(QString Checkpoint::*field, const QString &text, const QUuid &checkpointID);
+    // Makes a copy of the picture in this file the screenshot.
+    QCoro::Task<void> importScreenshot(QString file, QUuid checkpointID);
+    void removeScreenshot(const QUuid &checkpointID);
+    QCoro::Task<void> addCurrentBrowserTabs(QUuid checkpointID);
+    QCoro::Task<void> addCurrentWindowLayout(QUuid checkpointID);
+    // False when it was not removed; lastRemoval says what an undo brings back.
+    bool removeApp(const SavedApp &app, const QUuid &checkpointID);
+    bool removeTab(const SavedTab &tab, const QUuid &checkpointID);
+    void undoWorkspaceRemoval();
 
     // Capturing.
     void requestCapture(CaptureKind kind, CaptureForm form);
@@ -83,6 +109,8 @@ public:
     QCoro::Task<WorkspaceCapture::OpenTabs> capturedTabs();
     void refreshScreenAccess();
     void refreshRunningApplications();
+    // Keeps runningApplicationIDs current from now on, without asking again and again.
+    void watchRunningApplications();
 
     // Exclusions.
     bool excludeApp(const SavedApp &app);
@@ -90,11 +118,15 @@ public:
     bool excludeDomain(const QString &text); // False when the text is no valid domain or address.
     bool allowDomain(const QString &domain);
 
+    // Takes back the offer of a newer version.
+    void dismissUpdate();
+
 private:
     // Start-up.
     void readPreferences();
     void readExclusions();
     void readLibrary();
+    void prepareSamples();
     void chooseFirstProject();
     template <typename T>
     void mirror(Editable<T> &property, PreferenceKey<T> key);
@@ -106,9 +138,19 @@ private:
     bool commit(WorkspaceLibrary library, const QString &failurePrefix);
     WorkspaceLibrary library() const;
     bool updateProject(const QUuid &id, const std::function<void(Project &)> &change);
+    bool write(Checkpoint checkpoint, const QString &failurePrefix);
+    bool writeEdit(Checkpoint checkpoint);
+    bool isShowingSamples() const;
     void clearMessages();
     void forgetProject(const QUuid &id);
     void reportRemainingMedia(const QString &prefix, const QString &folder, const Failure &failure);
+
+    // Changing a saved checkpoint.
+    std::optional<Checkpoint> editable(const QUuid &id) const;
+    template <typename Item>
+    bool removeItem(const QUuid &checkpointID, QList<Item> Checkpoint::*list, const Item &item);
+    void adoptScreenshot(const QUuid &checkpointID, const QString &path);
+    void forgetPictures(const QList<Checkpoint> &gone);
 
     // Capturing.
     std::optional<QUuid> draftProject();
@@ -127,6 +169,11 @@ private:
     std::function<QCoro::Task<void>()> m_verifyScreenAccess;
     std::function<QSet<QString>()> m_runningApplicationIDs;
     CaptureService m_capture;
+    QString m_thumbnailFolder;
+    bool m_seedStarterExample;
+    bool m_isWatchingApplications = false;
+    std::unique_ptr<Thumbnails> m_thumbnails = {};
+    Project m_sampleProject = {};
     bool m_isLibraryRead = false;
     std::optional<Checkpoint> m_active; // The checkpoint being recorded.
     std::vector<QPropertyNotifier> m_mirrors;

@@ -186,6 +186,20 @@ void AppStore::finishForm()
 bool AppStore::save(Checkpoint checkpoint)
 {
     clearMessages();
+    if (checkpoint.isSample)
+        return false;
+    const QUuid id = checkpoint.id;
+    if (!write(std::move(checkpoint), tr("Could not save this checkpoint: ")))
+        return false;
+    const PublishTogether group;
+    setSelectedProjectID(this->checkpoint(id)->projectID);
+    selection.set(id);
+    return true;
+}
+
+// In the place of the one with its identifier, or as a new one.
+bool AppStore::write(Checkpoint checkpoint, const QString &failurePrefix)
+{
     const QUuid id = checkpoint.id;
     WorkspaceLibrary changed = library();
     const auto same = std::find_if(changed.checkpoints.begin(), changed.checkpoints.end(),
@@ -194,12 +208,7 @@ bool AppStore::save(Checkpoint checkpoint)
         changed.checkpoints.prepend(std::move(checkpoint));
     else
         *same = std::move(checkpoint);
-    if (!commit(std::move(changed), tr("Could not save this checkpoint: ")))
-        return false;
-    const PublishTogether group;
-    setSelectedProjectID(this->checkpoint(id)->projectID);
-    selection.set(id);
-    return true;
+    return commit(std::move(changed), failurePrefix);
 }
 
 } // namespace ardeno

@@ -6,6 +6,18 @@
 
 namespace ardeno {
 
+namespace {
+
+QList<QUuid> identifiers(const QList<Checkpoint> &checkpoints)
+{
+    QList<QUuid> ids;
+    for (const Checkpoint &checkpoint : checkpoints)
+        ids.append(checkpoint.id);
+    return ids;
+}
+
+} // namespace
+
 void AppStore::reportRemainingMedia(const QString &prefix, const QString &folder, const Failure &failure)
 {
     error.set(prefix + folder + ": " + failure.description());
@@ -20,19 +32,19 @@ void AppStore::deleteProject(const QUuid &id)
         error.set(tr("Finish the recording before deleting its project."));
         return;
     }
-    QList<QUuid> checkpointIDs;
+    QList<Checkpoint> gone;
     WorkspaceLibrary changed = library();
     changed.projects.removeIf([&](const Project &project) { return project.id == id; });
     changed.checkpoints.removeIf([&](const Checkpoint &checkpoint) {
         if (checkpoint.projectID != id)
             return false;
-        checkpointIDs.append(checkpoint.id);
+        gone.append(checkpoint);
         return true;
     });
     const QString failed = tr("Could not delete the project: ");
     std::optional<MediaStaging> staging;
     try {
-        staging.emplace(m_repository.root(), checkpointIDs);
+        staging.emplace(m_repository.root(), identifiers(gone));
     } catch (const Failure &failure) {
         error.set(failed + failure.description());
         return;
@@ -43,6 +55,7 @@ void AppStore::deleteProject(const QUuid &id)
         return;
     }
     forgetProject(id);
+    forgetPictures(gone);
     if (const auto failure = staging->remove())
         reportRemainingMedia(tr("Project deleted, but some local media could not be removed from "), staging->folder(),
                              *failure);
@@ -77,6 +90,7 @@ void AppStore::deleteCheckpoint(const QUuid &id)
     const Checkpoint *const found = checkpoint(id);
     if (!found)
         return;
+    const Checkpoint gone = *found;
     const QList<Checkpoint> timeline = checkpointsFor(found->projectID.value_or(QUuid()));
     WorkspaceLibrary changed = library();
     changed.checkpoints.removeIf([&](const Checkpoint &candidate) { return candidate.id == id; });
@@ -86,6 +100,7 @@ void AppStore::deleteCheckpoint(const QUuid &id)
         selection.set(ProjectOrder::neighbour(timeline, id));
     if (lastRemoval() && lastRemoval()->checkpointID == id)
         lastRemoval.set(std::nullopt);
+    forgetPictures({gone});
     try {
         m_repository.removeFiles(id);
     } catch (const Failure &failure) {

@@ -8,6 +8,18 @@
 
 namespace ardeno {
 
+namespace {
+
+template <typename Record>
+const Record *find(const QList<Record> &records, const QUuid &id)
+{
+    const auto found =
+        std::find_if(records.begin(), records.end(), [&](const Record &record) { return record.id == id; });
+    return found == records.end() ? nullptr : &*found;
+}
+
+} // namespace
+
 std::optional<QUuid> AppStore::createProject(const QString &name)
 {
     clearMessages();
@@ -107,9 +119,10 @@ QList<Project> AppStore::availableProjects() const
 QList<Project> AppStore::filteredProjects() const
 {
     const QString &sought = search();
+    const bool isSample = isShowingSamples();
     QSet<QUuid> withMatchingCheckpoint;
     if (!sought.isEmpty()) {
-        for (const Checkpoint &checkpoint : checkpoints()) {
+        for (const Checkpoint &checkpoint : isSample ? sampleHistory() : checkpoints()) {
             if (checkpoint.projectID && Text::containsName(checkpoint.title, sought))
                 withMatchingCheckpoint.insert(*checkpoint.projectID);
         }
@@ -119,7 +132,7 @@ QList<Project> AppStore::filteredProjects() const
                (project.blockedReason && Text::containsName(*project.blockedReason, sought)) ||
                withMatchingCheckpoint.contains(project.id);
     };
-    QList<Project> filtered = projects();
+    QList<Project> filtered = isSample ? QList<Project>{m_sampleProject} : projects();
     filtered.removeIf([&](const Project &project) {
         return project.archivedAt.has_value() != showArchivedProjects() || !matches(project);
     });
@@ -128,32 +141,38 @@ QList<Project> AppStore::filteredProjects() const
 
 const Project *AppStore::project(const QUuid &id) const
 {
-    const QList<Project> &all = projects();
-    const auto found = std::find_if(all.begin(), all.end(), [&](const Project &project) { return project.id == id; });
-    return found == all.end() ? nullptr : &*found;
+    return find(projects(), id);
 }
 
 const Project *AppStore::selectedProject() const
 {
+    if (isShowingSamples() && selectedProjectID() == m_sampleProject.id)
+        return &m_sampleProject;
     return selectedProjectID() ? project(*selectedProjectID()) : nullptr;
 }
 
 QList<Checkpoint> AppStore::checkpointsFor(const QUuid &projectID) const
 {
-    return ProjectOrder::newestFirst(checkpoints(), projectID);
+    return ProjectOrder::newestFirst(isShowingSamples() ? sampleHistory() : checkpoints(), projectID);
 }
 
 const Checkpoint *AppStore::checkpoint(const QUuid &id) const
 {
-    const QList<Checkpoint> &all = checkpoints();
-    const auto found =
-        std::find_if(all.begin(), all.end(), [&](const Checkpoint &checkpoint) { return checkpoint.id == id; });
-    return found == all.end() ? nullptr : &*found;
+    return find(checkpoints(), id);
 }
 
 const Checkpoint *AppStore::selected() const
 {
-    return selection() ? checkpoint(*selection()) : nullptr;
+    if (!selection())
+        return nullptr;
+    return isShowingSamples() ? find(sampleHistory(), *selection()) : checkpoint(*selection());
+}
+
+bool AppStore::isWorkspaceActive(const Checkpoint &checkpoint) const
+{
+    const QSet<QString> &running = runningApplicationIDs();
+    return !checkpoint.apps.isEmpty() && std::all_of(checkpoint.apps.begin(), checkpoint.apps.end(),
+                                                     [&](const SavedApp &app) { return running.contains(app.id); });
 }
 
 } // namespace ardeno

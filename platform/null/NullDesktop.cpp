@@ -20,6 +20,8 @@ public:
 
     QList<InstalledApplication> installedApplications() override { return {}; }
 
+    void setChangeHandler(std::function<void()>) override {}
+
 private:
     QString m_reason;
 };

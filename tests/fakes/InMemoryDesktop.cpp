@@ -4,6 +4,7 @@
 #include <QCoroTimer>
 
 #include <chrono>
+#include <utility>
 
 namespace ardeno::fakes {
 
@@ -11,7 +12,7 @@ namespace {
 
 class InMemoryWorkspace final : public Workspace {
 public:
-    explicit InMemoryWorkspace(const InMemoryDesktop &desktop) : m_desktop(desktop) {}
+    explicit InMemoryWorkspace(InMemoryDesktop &desktop) : m_desktop(desktop) {}
 
     Capability availability() const override { return Capability::available(); }
 
@@ -19,8 +20,13 @@ public:
 
     QList<InstalledApplication> installedApplications() override { return m_desktop.installed; }
 
+    void setChangeHandler(std::function<void()> handler) override
+    {
+        m_desktop.applicationsChanged = std::move(handler);
+    }
+
 private:
-    const InMemoryDesktop &m_desktop;
+    InMemoryDesktop &m_desktop;
 };
 
 class InMemoryWindowServer final : public WindowServer {

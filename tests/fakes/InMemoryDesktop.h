@@ -14,6 +14,7 @@ namespace ardeno::fakes {
 struct InMemoryDesktop {
     QList<RunningApplication> running = {};
     QList<InstalledApplication> installed = {};
+    std::function<void()> applicationsChanged = {}; // To be called by the test; empty: nobody wants to know.
     QList<Display> displays = {};
     QList<WindowInfo> windows = {};
     QHash<QString, QString> tabRecords = {}; // Of each running browser; a null text: it cannot be read.

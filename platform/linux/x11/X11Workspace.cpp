@@ -55,4 +55,16 @@ QList<InstalledApplication> X11Workspace::installedApplications()
     return applications;
 }
 
+void X11Workspace::setChangeHandler(std::function<void()> handler)
+{
+    m_watch.reset();
+    if (!handler)
+        return;
+    try {
+        m_watch = std::make_unique<X11ClientWatch>(std::move(handler));
+    } catch (const Failure &) {
+        // A display that has gone changes no more.
+    }
+}
+
 } // namespace ardeno

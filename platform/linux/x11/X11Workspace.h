@@ -3,6 +3,7 @@
 
 #include "desktop/Workspace.h"
 #include "platform/linux/common/DesktopEntries.h"
+#include "platform/linux/x11/X11ClientWatch.h"
 #include "platform/linux/x11/X11Connection.h"
 
 #include <memory>
@@ -17,10 +18,12 @@ public:
     Capability availability() const override;
     QList<RunningApplication> runningApplications() override;
     QList<InstalledApplication> installedApplications() override;
+    void setChangeHandler(std::function<void()> handler) override;
 
 private:
     std::shared_ptr<X11Connection> m_connection;
     std::shared_ptr<DesktopEntries> m_entries;
+    std::unique_ptr<X11ClientWatch> m_watch = {};
 };
 
 } // namespace ardeno

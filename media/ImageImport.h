@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "media/Picture.h"
+
+#include <QString>
+
+#include <functional>
+
+namespace ardeno {
+
+// Reads pictures of many formats (PNG, JPEG, HEIC, AVIF, WebP, TIFF and GIF), upright, in the colours of sRGB and over
+// white. Memory grows with the result, not with the picture. Any thread; all functions wait.
+namespace ImageImport {
+
+// The domain of the failure of a file that is no picture of a known format; what else goes wrong has another one.
+inline constexpr auto notAnImageDomain = "NotAnImage";
+
+inline constexpr int longestSide = 8192;
+
+// Writes the picture as a new PNG file of at most longestSide pixels on the longer side. Throws Failure and leaves no
+// file behind then; a picture that is damaged or cut short, or too large to be read, is refused.
+void writePng(const QString &source, const QString &target);
+
+// The picture made small, never enlarged; ends early with Failure when isWanted turns false. Throws Failure.
+Picture thumbnail(const QString &source, int longestSide, const std::function<bool()> &isWanted);
+
+} // namespace ImageImport
+
+} // namespace ardeno
