@@ -22,6 +22,8 @@ namespace ardeno {
 struct StoreParts {
     Preferences preferences = Preferences(Preferences::defaultFolder());
     CheckpointRepository repository = CheckpointRepository(CheckpointRepository::defaultRoot());
+    // Gives the library once, or throws Failure, where it was read before; else the repository is read.
+    std::function<WorkspaceLibrary()> loadLibrary = {};
     std::function<bool()> checkScreenAccess = {};
     std::function<bool()> askScreenAccess = {};
     std::function<QCoro::Task<void>()> verifyScreenAccess = {};
@@ -120,12 +122,14 @@ public:
 
     // Takes back the offer of a newer version.
     void dismissUpdate();
+    // Never asks about the newsletter again.
+    void dismissNewsletterPrompt();
 
 private:
     // Start-up.
     void readPreferences();
     void readExclusions();
-    void readLibrary();
+    void readLibrary(const std::function<WorkspaceLibrary()> &load);
     void prepareSamples();
     void chooseFirstProject();
     template <typename T>

@@ -12,6 +12,7 @@
 #include "ui/projects/TimelineDelegate.h"
 
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include <algorithm>
 

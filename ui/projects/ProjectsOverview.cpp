@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/projects/ProjectsOverview.h"
 
+#include "ui/controls/Button.h"
 #include "ui/controls/Fields.h"
 #include "ui/controls/Label.h"
 #include "ui/projects/CardGrid.h"
