@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <future>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include <isa-l/crc.h>
@@ -28,10 +29,12 @@ struct Piece {
 };
 
 struct Rows {
-    const uchar *pixels = nullptr; // Of the whole picture.
+    const uchar *pixels = nullptr; // Of these and their neighbours.
+    const uchar *above = nullptr;  // The row above the first of pixels; null at the top of the picture.
     int width = 0;
     int from = 0;
     int to = 0;
+    bool isFirst = false; // Of the picture, as is the next.
     bool isLast = false;
 };
 
@@ -76,7 +79,7 @@ public:
     Piece written()
     {
         m_piece.chunk = openChunk("IDAT");
-        if (m_rows.from == 0)
+        if (m_rows.isFirst)
             m_piece.chunk.append("\x78\x01", 2); // Of the zlib format, of which the pieces are one stream.
         m_used = m_piece.chunk.size();
         const qsizetype expected = m_rowBytes * (m_rows.to - m_rows.from);
@@ -97,7 +100,7 @@ private:
         uchar *out = m_filtered.data();
         for (int row = from; row < to; ++row, out += m_rowBytes) {
             const uchar *pixels = m_rows.pixels + row * stride;
-            filterPngRow(pixels, row > 0 ? pixels - stride : nullptr, m_rows.width, out);
+            filterPngRow(pixels, row > 0 ? pixels - stride : m_rows.above, m_rows.width, out);
         }
         const qsizetype length = out - m_filtered.data();
         m_piece.adler = isal_adler32(m_piece.adler, m_filtered.data(), quint64(length));
@@ -149,21 +152,24 @@ Piece writtenPiece(const Rows &rows)
     return PieceWriter(rows).written();
 }
 
-std::vector<Piece> writtenPieces(QSize size, const uchar *pixels)
+// Several at once.
+std::vector<Piece> writtenPieces(Rows rows)
 {
     constexpr qint64 worthAThread = 200'000; // Pixels; fewer are written before another thread has started.
-    const qint64 wanted = qint64(size.width()) * size.height() / worthAThread;
-    const int count = int(std::clamp<qint64>(std::min<qint64>(wanted, std::thread::hardware_concurrency()), 1,
-                                             std::min(4, size.height())));
+    const int height = rows.to;
+    const qint64 wanted = qint64(rows.width) * height / worthAThread;
+    const int count =
+        int(std::clamp<qint64>(std::min<qint64>(wanted, std::thread::hardware_concurrency()), 1, std::min(4, height)));
+    const bool endsPicture = std::exchange(rows.isLast, false);
     std::vector<std::future<Piece>> others;
-    Rows rows = {pixels, size.width(), 0, 0, false};
     for (int i = 1; i < count; ++i) {
-        rows.to = int(qint64(size.height()) * i / count);
+        rows.to = int(qint64(height) * i / count);
         others.push_back(std::async(std::launch::async, writtenPiece, rows));
         rows.from = rows.to;
+        rows.isFirst = false;
     }
-    rows.to = size.height();
-    rows.isLast = true;
+    rows.to = height;
+    rows.isLast = endsPicture;
     Piece last = writtenPiece(rows);
 
     std::vector<Piece> pieces;
@@ -186,25 +192,43 @@ QByteArray header(QSize size)
 
 } // namespace
 
+PngStream::PngStream(QSize size, Sink sink) : m_size(size), m_sink(std::move(sink))
+{
+    m_sink(header(size));
+}
+
+void PngStream::add(const uchar *pixels, int rows)
+{
+    const qsizetype stride = qsizetype(m_size.width()) * bytesPerPixel;
+    const bool isLast = m_written + rows == m_size.height();
+    const auto *const above = m_last.isEmpty() ? nullptr : reinterpret_cast<const uchar *>(m_last.constData());
+    std::vector<Piece> pieces = writtenPieces({pixels, above, m_size.width(), 0, rows, m_written == 0, isLast});
+    for (const Piece &piece : pieces)
+        m_adler = combinedAdler(m_adler, piece.adler, piece.length);
+    if (isLast)
+        appendNumber(pieces.back().chunk, m_adler);
+    for (Piece &piece : pieces) {
+        closeChunk(piece.chunk);
+        m_sink(piece.chunk);
+    }
+    m_written += rows;
+    if (!isLast) {
+        m_last = QByteArray(reinterpret_cast<const char *>(pixels) + (rows - 1) * stride, stride);
+        return;
+    }
+    QByteArray end = openChunk("IEND");
+    closeChunk(end);
+    m_sink(end);
+}
+
 QByteArray PngWriter::encoded(QSize size, const QByteArray &pixels)
 {
     if (size.isEmpty() || pixels.size() != qsizetype(size.width()) * size.height() * bytesPerPixel)
         return {};
-    std::vector<Piece> pieces = writtenPieces(size, reinterpret_cast<const uchar *>(pixels.constData()));
-
-    quint32 adler = 1;
-    for (const Piece &piece : pieces)
-        adler = combinedAdler(adler, piece.adler, piece.length);
-    appendNumber(pieces.back().chunk, adler);
-
-    QByteArray file = header(size);
-    for (Piece &piece : pieces) {
-        closeChunk(piece.chunk);
-        file += piece.chunk;
-    }
-    QByteArray end = openChunk("IEND");
-    closeChunk(end);
-    return file + end;
+    QByteArray file;
+    PngStream stream(size, [&](const QByteArray &bytes) { file += bytes; });
+    stream.add(reinterpret_cast<const uchar *>(pixels.constData()), size.height());
+    return file;
 }
 
 } // namespace ardeno

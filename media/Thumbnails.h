@@ -59,13 +59,15 @@ public:
     // Answers from the event loop, never within the call.
     [[nodiscard]] Request request(const QString &path, Answer answer);
 
-    // Removes what is kept of these pictures: what the user deletes must not live on here. Ends requests of them.
+    // Removes what is kept of these pictures: what the user deletes must not live on here.
     void forget(const QSet<QString> &paths);
     // The same for all pictures but these, on the worker.
     void keepOnly(const QSet<QString> &paths);
 
 private:
-    std::shared_ptr<Queue> m_queue;
+    void wake();
+
+    std::unique_ptr<Queue> m_queue;
 };
 
 } // namespace ardeno

@@ -293,6 +293,14 @@ FileStamp AtomicFile::write(const QString &path, QByteArrayView bytes)
     return write(path, std::span(&bytes, 1));
 }
 
+void AtomicFile::writeNew(const QString &path,
+                          const std::function<void(const std::function<void(QByteArrayView)> &)> &fill)
+{
+    TemporaryFile file(path);
+    fill([&](QByteArrayView bytes) { writePieces(file.descriptor(), std::span(&bytes, 1)); });
+    file.becomeNewTarget();
+}
+
 void AtomicFile::copyToNew(const QString &source, const QString &target)
 {
     const FileDescriptor original = openRegularFile(source);

@@ -4,6 +4,7 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <functional>
 #include <optional>
 #include <span>
 
@@ -33,6 +34,10 @@ namespace AtomicFile {
 // returns. A link stays a link: the file that it names is replaced.
 FileStamp write(const QString &path, std::span<const QByteArrayView> pieces);
 FileStamp write(const QString &path, QByteArrayView bytes);
+
+// Creates a file of pieces that are given one after the other to the function that fill gets; the same promises, also
+// for what fill throws. Fails with EEXIST when something is there already.
+void writeNew(const QString &path, const std::function<void(const std::function<void(QByteArrayView)> &)> &fill);
 
 // Copies a regular file; holes stay holes. Fails with EEXIST when something is there already.
 void copyToNew(const QString &source, const QString &target);
