@@ -20,6 +20,7 @@ struct StoreFixture {
     fakes::InMemoryDesktop memory;
     Desktop desktop = memory.makeDesktop();
     std::unique_ptr<AppStore> opened;
+    bool seedSample = false;
 
     StoreFixture()
     {
@@ -45,6 +46,8 @@ struct StoreFixture {
     {
         opened.reset();
         StoreParts parts{.preferences = preferences(), .repository = CheckpointRepository(root())};
+        parts.thumbnailFolder = home.filePath("thumbnails");
+        parts.seedStarterExample = seedSample;
         opened = std::make_unique<AppStore>(desktop, std::move(parts));
         return *opened;
     }

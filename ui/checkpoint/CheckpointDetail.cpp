@@ -24,11 +24,12 @@ CheckpointDetail::CheckpointDetail(AppStore &store, const Screens &screens, cons
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // Drawn only when needed; the page keeps its width.
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName(tr("Checkpoint"));
     auto *page = new QWidget;
     auto *column = makeColumn(0, page);
-    column->setContentsMargins(28, 22, 28, 28);
+    column->setContentsMargins(28, 22, 18, 28);
     column->addWidget(makeEyebrow(checkpoint));
     column->addSpacing(5);
     column->addWidget(m_title);
@@ -71,6 +72,7 @@ QWidget *CheckpointDetail::makeEyebrow(const Checkpoint &checkpoint)
     if (checkpoint.isSample) {
         auto *badge = new Chip;
         badge->show(tr("SAMPLE"), {}, Role::AccentText, Role::AccentSoft);
+        badge->setSmall();
         row->addWidget(badge);
     }
     row->addStretch();

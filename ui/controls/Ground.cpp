@@ -57,18 +57,26 @@ void Chip::show(const QString &text, const QString &symbol, Role ink, Role groun
     update();
 }
 
+void Chip::setSmall()
+{
+    m_isSmall = true;
+    setFont(AppTheme::instance().font(9, QFont::DemiBold));
+    updateGeometry();
+}
+
 QSize Chip::sizeHint() const
 {
     const QFontMetricsF metrics(font());
-    return {static_cast<int>(std::ceil(metrics.horizontalAdvance(m_text))) + (m_symbol.isEmpty() ? 22 : 46),
-            static_cast<int>(std::ceil(metrics.height())) + 9};
+    const int symbol = m_symbol.isEmpty() ? 0 : 24;
+    return {static_cast<int>(std::ceil(metrics.horizontalAdvance(m_text))) + 2 * padding() + symbol,
+            static_cast<int>(std::ceil(metrics.height())) + (m_isSmall ? 4 : 9)};
 }
 
 void Chip::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     Drawing::panel(painter, rect(), height() / 2.0, themeColor(m_ground), Qt::transparent);
-    qreal left = 11;
+    qreal left = padding();
     if (!m_symbol.isEmpty()) {
         Symbols::draw(painter, m_symbol, {left, (height() - 16) / 2.0, 16, 16}, themeColor(m_ink));
         left += 22;

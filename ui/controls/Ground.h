@@ -44,12 +44,17 @@ public:
 
     void show(const QString &text, const QString &symbol, Role ink, Role ground);
 
+    void setSmall();
+
     QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    int padding() const { return m_isSmall ? 7 : 11; }
+
+    bool m_isSmall = false;
     QString m_text;
     QString m_symbol;
     Role m_ink = Role::Text;

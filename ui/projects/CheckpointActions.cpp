@@ -39,6 +39,8 @@ void CheckpointActions::fill(QMenu *menu, AppStore &store, const Checkpoint &che
                     if (opened)
                         opened();
                 });
+    if (checkpoint.isSample)
+        return;
     menu->addSeparator();
     addMenuItem(menu, tr("Delete checkpoint…"), "trash",
                 [&store, checkpoint, owner] { confirmDelete(owner, store, checkpoint); });
@@ -70,7 +72,13 @@ void CheckpointActions::requestSave(AppStore &store, bool hasForm)
         store.requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
         return;
     }
-    store.draftProjectID.set(store.selectedProjectID());
+    // The sample takes no checkpoints: what comes first is a project of one's own.
+    const Project *const selected = store.selectedProject();
+    if (!selected || selected->isSample) {
+        store.showNewProject.set(true);
+        return;
+    }
+    store.draftProjectID.set(selected->id);
     saveAtOnce(store);
 }
 

@@ -53,6 +53,7 @@ void ProjectCard::show(const Project &project, const Checkpoint *latest)
                                            : "folder",
                         isBlocked ? Role::Amber : Role::AccentText);
     m_name->setText(project.name);
+    m_actions->setVisible(!project.isSample); // Nothing changes the sample.
     m_actions->setHint(tr("Actions for %1").arg(project.name));
     m_saved->setText(latest ? tr("Saved %1").arg(ProjectText::momentInSentence(latest->createdAt))
                             : tr("No checkpoints yet"));

@@ -59,7 +59,7 @@ void ProjectStatusView::showProject()
         m_state->show(tr("Active"), "checkmark.circle", Role::SageText, Role::SageSoft);
     m_waitingFor->setVisible(isBlocked);
     m_reason->setText(isBlocked ? project->blockerDescription() : QString());
-    m_block->setVisible(!isBlocked);
+    m_block->setVisible(!isBlocked && !project->isSample);
     m_editReason->setVisible(isBlocked);
     m_activate->setVisible(isBlocked);
     m_unarchive->setVisible(isArchived);

@@ -20,6 +20,8 @@ namespace ardeno {
 
 namespace {
 
+constexpr int scrollBarRoom = 12;
+
 // A strip that the wheel moves sideways.
 class Strip final : public PlainList {
 public:
@@ -48,7 +50,7 @@ ProjectTimeline::ProjectTimeline(AppStore &store, const Screens &screens, QWidge
       m_strip(makeStrip())
 {
     auto *column = makeColumn(9, this);
-    column->setContentsMargins(28, 12, 28, 6);
+    column->setContentsMargins(28, 12, 28, 3);
     column->addWidget(makeHeader());
     column->addWidget(m_strip);
     m_observations.watch([this] { showCheckpoints(); }, store.checkpoints, store.projects, store.selectedProjectID);
@@ -89,7 +91,7 @@ PlainList *ProjectTimeline::makeStrip()
     strip->setUniformItemSizes(true);
     strip->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     strip->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    strip->setFixedHeight(TimelineDelegate::cardSize.height() + 14);
+    strip->setFixedHeight(TimelineDelegate::cardSize.height() + scrollBarRoom);
     strip->setOnActivate([this](const QModelIndex &index) {
         m_store.selectCheckpoint(m_model.rows().at(index.row()).id);
     });
@@ -106,6 +108,7 @@ void ProjectTimeline::showCheckpoints()
     const Project *const project = m_store.selectedProject();
     if (!project)
         return;
+    m_manage->setVisible(!project->isSample); // The sample stays as it is.
     m_model.setProjectName(project->name);
     m_model.setRows(m_store.checkpointsFor(project->id));
     m_count->setText(tr("%1 saved").arg(m_model.rowCount()));
