@@ -7,6 +7,7 @@
 #include "media/Thumbnails.h"
 #include "model/CheckpointRepository.h"
 #include "store/AppState.h"
+#include "store/ProjectSearch.h"
 #include "support/Preferences.h"
 
 #include <QCoreApplication>
@@ -176,6 +177,7 @@ private:
     QString m_thumbnailFolder;
     bool m_seedStarterExample;
     bool m_isWatchingApplications = false;
+    mutable ProjectSearch m_projectSearch = {}; // It remembers what it was asked last.
     std::unique_ptr<Thumbnails> m_thumbnails = {};
     Project m_sampleProject = {};
     bool m_isLibraryRead = false;

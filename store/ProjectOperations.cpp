@@ -121,12 +121,8 @@ QList<Project> AppStore::filteredProjects() const
     const QString &sought = search();
     const bool isSample = isShowingSamples();
     QSet<QUuid> withMatchingCheckpoint;
-    if (!sought.isEmpty()) {
-        for (const Checkpoint &checkpoint : isSample ? sampleHistory() : checkpoints()) {
-            if (checkpoint.projectID && Text::containsName(checkpoint.title, sought))
-                withMatchingCheckpoint.insert(*checkpoint.projectID);
-        }
-    }
+    if (!sought.isEmpty())
+        withMatchingCheckpoint = m_projectSearch.withTitle(sought, isSample ? sampleHistory() : checkpoints());
     const auto matches = [&](const Project &project) {
         return sought.isEmpty() || Text::containsName(project.name, sought) ||
                (project.blockedReason && Text::containsName(*project.blockedReason, sought)) ||

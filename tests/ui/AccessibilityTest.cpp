@@ -75,7 +75,8 @@ QStringList tabOrder(const WindowFixture &fixture)
             break;
         seen.insert(focused);
         const auto *const button = qobject_cast<const QAbstractButton *>(focused);
-        names << (focused->accessibleName().isEmpty() && button ? button->text() : focused->accessibleName());
+        const QString name = focused->accessibleName().isEmpty() && button ? button->text() : focused->accessibleName();
+        names << (name.isEmpty() ? focused->metaObject()->className() : name);
     }
     return names;
 }
@@ -170,7 +171,8 @@ TEST_CASE_FIXTURE(WindowFixture, "the keyboard alone reaches everything")
     store().notice.set("Checkpoint saved.");
     settle();
     const QStringList reached = tabOrder(*this);
-    for (const char *name : {"Find a project", "All projects", "Projects", "New project", "More actions",
+    CAPTURE(reached);
+    for (const QString name : {"Find a project", "All projects", "Projects", "New project", "More actions",
                              "Mark blocked…", "Manage checkpoints", "Save checkpoint", "Checkpoint history",
                              "Replace image…", "Remove", "Where you left off", "Your next small step",
                              "Dismiss the message"}) {

@@ -216,23 +216,24 @@ TEST_CASE_FIXTURE(WindowFixture, "projects are dragged into another order, one w
     const auto center = [&](int row) {
         return projects->viewport()->mapToGlobal(projects->visualRect(projects->model()->index(row, 0)).center());
     };
-    // A pointer of the X server, as the drag and drop of the desktop wants it.
-    const auto point = [](const QPoint &place, const QStringList &then) {
-        QProcess pointer;
-        pointer.start("xdotool", QStringList{"mousemove", QString::number(place.x()), QString::number(place.y())} + then);
-        while (!pointer.waitForFinished(5))
-            settle();
-        settle();
-    };
+    // The X server's own pointer, since a drag takes no other. It moves by itself while the drag runs its own loop.
     const QPoint bottom = center(3);
     const QPoint top = center(0);
-    point(bottom, {"mousedown", "1"});
+    const auto at = [](const QPoint &place) {
+        return QStringList{"mousemove", QString::number(place.x()), QString::number(place.y()), "sleep", "0.03"};
+    };
+    QStringList way = at(bottom) + QStringList{"mousedown", "1"};
     for (int y = bottom.y(); y > top.y(); y -= 6)
-        point({bottom.x(), y}, {});
-    point(top, {});
-    picture("dragging");
-    point(top, {"mouseup", "1"});
+        way += at({bottom.x(), y});
+    way += at(top) + at(top) + QStringList{"mouseup", "1"};
+    int writes = 0;
+    const auto counting = store().projects.addNotifier([&writes] { ++writes; });
+    QProcess pointer;
+    pointer.start("xdotool", way);
+    REQUIRE(eventually([&] { return pointer.state() == QProcess::NotRunning; }));
     CHECK(eventually([this] { return names(store().projects()) == QStringList{"D", "A", "B", "C"}; }));
+    CHECK(writes == 3);
+    picture("dragged");
 
     // The keyboard does the same.
     projects->setFocus();

@@ -137,10 +137,20 @@ InlineNote *CheckpointDetail::makeNote(QString Checkpoint::*field)
         .isSample = m_sample.isSample,
     };
     auto *note = new InlineNote(text);
+    note->installEventFilter(this);
     if (!m_sample.isSample)
         note->setOnCommit(
             [&store = m_store, id = m_id, field](const QString &typed) { return store.updateNote(field, typed, id); });
     return note;
+}
+
+bool CheckpointDetail::eventFilter(QObject *watched, QEvent *event)
+{
+    // A note that grows while it is written stays in view.
+    auto *const note = qobject_cast<QWidget *>(watched);
+    if (event->type() == QEvent::Resize && note && note->isAncestorOf(window()->focusWidget()))
+        QMetaObject::invokeMethod(note, [this, note] { ensureWidgetVisible(note, 0, 16); }, Qt::QueuedConnection);
+    return QScrollArea::eventFilter(watched, event);
 }
 
 void CheckpointDetail::commitNotes()

@@ -22,6 +22,9 @@ public:
     // Keeps what was typed into the notes.
     void commitNotes();
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     QWidget *makeEyebrow(const Checkpoint &checkpoint);
     QWidget *makeResumeRow();

@@ -7,6 +7,7 @@
 
 #include <QFocusEvent>
 #include <QFontMetricsF>
+#include <QFutureWatcher>
 #include <QImageReader>
 #include <QPainter>
 #include <QPainterPath>
@@ -29,7 +30,7 @@ QImage readScaled(const QString &path, int width)
 } // namespace
 
 ScreenshotImage::ScreenshotImage(const QString &path, Enlarging enlarging, QWidget *parent)
-    : QAbstractButton(parent), m_path(path), m_isAlive(std::make_shared<bool>(true))
+    : QAbstractButton(parent), m_path(path)
 {
     QImageReader::setAllocationLimit(mostMegabytes);
     m_fullSize = QImageReader(path).size();
@@ -48,11 +49,6 @@ ScreenshotImage::ScreenshotImage(const QString &path, Enlarging enlarging, QWidg
         setFocusPolicy(Qt::NoFocus);
         setAccessibleName(m_isUnavailable ? tr("Screenshot unavailable") : tr("Saved screenshot"));
     }
-}
-
-ScreenshotImage::~ScreenshotImage()
-{
-    *m_isAlive = false;
 }
 
 QSize ScreenshotImage::sizeHint() const
@@ -80,11 +76,13 @@ void ScreenshotImage::read()
     if (m_isUnavailable || wanted <= 0 || wanted == m_askedWidth)
         return;
     m_askedWidth = wanted;
-    QtConcurrent::run(readScaled, m_path, wanted)
-        .then(this, [this, isAlive = m_isAlive, wanted](const QImage &image) {
-            if (*isAlive && wanted == m_askedWidth)
-                take(image);
-        });
+    auto *reading = new QFutureWatcher<QImage>(this);
+    connect(reading, &QFutureWatcherBase::finished, this, [this, reading, wanted] {
+        reading->deleteLater();
+        if (wanted == m_askedWidth)
+            take(reading->result());
+    });
+    reading->setFuture(QtConcurrent::run(readScaled, m_path, wanted));
 }
 
 void ScreenshotImage::take(const QImage &image)

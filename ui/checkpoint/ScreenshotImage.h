@@ -4,8 +4,6 @@
 #include <QAbstractButton>
 #include <QImage>
 
-#include <memory>
-
 namespace ardeno {
 
 // A picture scaled to the width it gets, read away from the main thread. Where it can be enlarged it is a button with a
@@ -16,9 +14,6 @@ public:
 
     // Where the file is missing or cannot be read it says so.
     ScreenshotImage(const QString &path, Enlarging enlarging, QWidget *parent = nullptr);
-    ~ScreenshotImage() override;
-    ScreenshotImage(const ScreenshotImage &) = delete;
-    ScreenshotImage &operator=(const ScreenshotImage &) = delete;
 
     bool isUnavailable() const { return m_isUnavailable; }
 
@@ -45,7 +40,6 @@ private:
     int m_askedWidth = 0;
     bool m_isUnavailable = false;
     bool m_showsFocus = false;
-    std::shared_ptr<bool> m_isAlive;
 };
 
 } // namespace ardeno

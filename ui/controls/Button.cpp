@@ -81,7 +81,7 @@ void Button::setLarge()
 void Button::setHint(const QString &hint, const QString &shortcut)
 {
     setToolTip(shortcut.isEmpty() ? hint : QString("%1 (%2)").arg(hint, shortcut));
-    if (isSymbolAlone())
+    if (m_extent > 0)
         setAccessibleName(hint);
 }
 

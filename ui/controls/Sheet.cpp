@@ -15,7 +15,7 @@ namespace ardeno {
 
 namespace {
 
-constexpr int shadowExtent = 28;
+constexpr int shadowExtent = 40;
 
 // A soft shadow below the panel: rings that grow fainter.
 void drawShadow(QPainter &painter, const QRectF &panel)
@@ -23,9 +23,9 @@ void drawShadow(QPainter &painter, const QRectF &panel)
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, 5));
-    for (int extent = shadowExtent; extent > 0; extent -= 3)
-        painter.drawRoundedRect(panel.adjusted(-extent, -extent + 8, extent, extent + 8), 14 + extent, 14 + extent);
+    painter.setBrush(QColor(0, 0, 0, 3));
+    for (int extent = shadowExtent; extent > 0; extent -= extent > 16 ? 4 : 2)
+        painter.drawRoundedRect(panel.adjusted(-extent, -extent + 14, extent, extent + 14), 14 + extent, 14 + extent);
     painter.restore();
 }
 

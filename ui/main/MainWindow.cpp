@@ -83,8 +83,11 @@ QWidget *MainWindow::makeDetailColumn()
     column->addWidget(m_projectHead);
     m_contentColumn = makeColumn(0);
     column->addLayout(m_contentColumn, 1);
-    column->addWidget(new NewsletterPrompt(*m_store, m_screens));
-    column->addWidget(new NoticeStrip(*m_store));
+    m_foot = new QWidget;
+    auto *foot = makeColumn(0, m_foot);
+    foot->addWidget(new NewsletterPrompt(*m_store, m_screens));
+    foot->addWidget(new NoticeStrip(*m_store));
+    column->addWidget(m_foot);
     return detail;
 }
 
@@ -95,10 +98,10 @@ QWidget *MainWindow::makeProjectHead()
     auto *status = new Ground(Role::Paper, Qt::BottomEdge);
     makeColumn(0, status)->addWidget(new ProjectStatusView(*m_store));
     column->addWidget(status);
-    auto *timeline = new Ground(Role::Paper, Qt::BottomEdge);
+    m_timelineGround = new Ground(Role::Paper, Qt::BottomEdge);
     m_timeline = new ProjectTimeline(*m_store, m_screens);
-    makeColumn(0, timeline)->addWidget(m_timeline);
-    column->addWidget(timeline);
+    makeColumn(0, m_timelineGround)->addWidget(m_timeline);
+    column->addWidget(m_timelineGround);
     return head;
 }
 
@@ -116,7 +119,11 @@ QWidget *MainWindow::makeEmptyProject()
         Role::Dim);
     text->setAlignment(Qt::AlignHCenter);
     text->setFixedWidth(340);
-    column->addWidget(text, 0, Qt::AlignHCenter);
+    auto *middle = makeRow(0); // Aligned by stretches, as only they let a text have several lines.
+    middle->addStretch();
+    middle->addWidget(text);
+    middle->addStretch();
+    column->addLayout(middle);
     column->addSpacing(12);
     auto *save = new Button(tr("Save first checkpoint"), Button::Kind::Prominent);
     save->setLarge();
@@ -147,6 +154,7 @@ void MainWindow::showContent()
                                   checkpoint ? std::optional(checkpoint->id) : std::nullopt);
     enableActions();
     m_projectHead->setVisible(project);
+    m_timelineGround->setVisible(checkpoint);
     if (m_shown == wanted)
         return;
     m_shown = wanted;
@@ -155,6 +163,9 @@ void MainWindow::showContent()
     m_view = makeContent();
     m_contentColumn->addWidget(m_view);
     delete before;
+    // The tab key goes from top to bottom, though the content is younger than what stands below it.
+    for (QAbstractButton *const control : m_foot->findChildren<QAbstractButton *>())
+        QWidget::setTabOrder(previousInFocusChain(), control);
     if (hadFocus && !sheets().isCovering())
         m_view->setFocus(Qt::OtherFocusReason);
 }

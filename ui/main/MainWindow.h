@@ -58,8 +58,10 @@ private:
     QPointer<QWidget> m_brand;
     Sidebar *m_sidebar = nullptr;
     QWidget *m_projectHead = nullptr;
+    QWidget *m_timelineGround = nullptr;
     ProjectTimeline *m_timeline = nullptr;
     QVBoxLayout *m_contentColumn = nullptr;
+    QWidget *m_foot = nullptr;
     QPointer<QWidget> m_view;
     QPointer<CheckpointDetail> m_detail;
     std::optional<std::pair<std::optional<QUuid>, std::optional<QUuid>>> m_shown; // Project and checkpoint.

@@ -37,16 +37,20 @@ ProjectListView::ProjectListView(AppStore &store, QWidget *parent)
         else
             menu->popup(place);
     });
-    m_observations.watch([this] { showProjects(); }, store.projects, store.checkpoints, store.search,
-                         store.showArchivedProjects, store.sampleHistory);
+    m_observations.watch(
+        [this] {
+            m_counts = ProjectListModel::count(m_store.projects().isEmpty() ? m_store.sampleHistory()
+                                                                            : m_store.checkpoints());
+            showProjects();
+        },
+        store.projects, store.checkpoints, store.sampleHistory);
+    m_observations.watch([this] { showProjects(); }, store.search, store.showArchivedProjects);
     m_observations.watch([this] { showSelection(); }, store.selectedProjectID);
 }
 
 void ProjectListView::showProjects()
 {
-    QList<Checkpoint> samples = m_store.sampleHistory();
-    const QList<Checkpoint> &counted = m_store.projects().isEmpty() ? samples : m_store.checkpoints();
-    m_model.setRows(ProjectListModel::makeRows(m_store.filteredProjects(), counted));
+    m_model.setRows(ProjectListModel::makeRows(m_store.filteredProjects(), m_counts));
     showSelection();
 }
 

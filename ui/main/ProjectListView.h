@@ -28,6 +28,7 @@ private:
 
     AppStore &m_store;
     ProjectListModel m_model;
+    ProjectListModel::Counts m_counts;
     SidebarProjectDrop m_drop;
     Observations m_observations;
 };

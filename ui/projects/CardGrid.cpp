@@ -107,12 +107,13 @@ void CardGrid::showCards()
             card->setGeometry(cardRect(index));
         card->setVisible(isThere);
     }
-    QWidget *before = m_header;
+    QWidget *before = nullptr;
     for (int index = first; pool > 0 && index < std::min(m_count, first + pool); ++index) {
-        QWidget *const card = m_widgets.at(index % pool);
-        if (before)
-            QWidget::setTabOrder(before, card);
-        before = card;
+        for (QWidget *const control : m_cards.controls(m_widgets.at(index % pool))) {
+            if (before)
+                QWidget::setTabOrder(before, control);
+            before = control;
+        }
     }
     if (m_header)
         m_header->setGeometry(margin, topMargin - verticalScrollBar()->value(), viewport()->width() - 2 * margin,

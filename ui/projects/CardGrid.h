@@ -14,6 +14,7 @@ public:
     struct Cards {
         std::function<QWidget *()> make = {};
         std::function<void(QWidget *, int)> show = {}; // Gives a widget the card of that place.
+        std::function<QList<QWidget *>(QWidget *)> controls = {}; // In the order of the tab key.
         int height = 0;
     };
 

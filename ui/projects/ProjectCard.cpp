@@ -34,6 +34,11 @@ ProjectCard::ProjectCard(AppStore &store)
     setMenu(m_actions, [this](QMenu *menu) { ProjectActions::fill(menu, m_store, m_projectID); });
 }
 
+QList<QWidget *> ProjectCard::controls() const
+{
+    return {m_actions, m_open};
+}
+
 QWidget *ProjectCard::makeHeader()
 {
     auto *header = new QWidget;

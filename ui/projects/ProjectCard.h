@@ -20,6 +20,9 @@ public:
     // The latest checkpoint, null when there is none.
     void show(const Project &project, const Checkpoint *latest);
 
+    // In the order of the tab key.
+    QList<QWidget *> controls() const;
+
     static constexpr int cardHeight = 178;
 
 private:

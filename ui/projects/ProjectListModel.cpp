@@ -4,7 +4,6 @@
 #include "ui/projects/ProjectText.h"
 
 #include <QCoreApplication>
-#include <QHash>
 
 namespace ardeno {
 
@@ -36,11 +35,16 @@ Qt::ItemFlags ProjectListModel::flags(const QModelIndex &index) const
     return rows().at(index.row()).isSample ? flags : flags | Qt::ItemIsDragEnabled;
 }
 
-QList<ProjectRow> ProjectListModel::makeRows(const QList<Project> &projects, const QList<Checkpoint> &checkpoints)
+ProjectListModel::Counts ProjectListModel::count(const QList<Checkpoint> &checkpoints)
 {
-    QHash<QUuid, qsizetype> counts;
+    Counts counts;
     for (const Checkpoint &checkpoint : checkpoints)
         ++counts[checkpoint.projectID.value_or(QUuid())];
+    return counts;
+}
+
+QList<ProjectRow> ProjectListModel::makeRows(const QList<Project> &projects, const Counts &counts)
+{
     QList<ProjectRow> rows;
     rows.reserve(projects.size());
     for (const Project &project : projects) {

@@ -4,6 +4,8 @@
 #include "model/WorkspaceRecords.h"
 #include "ui/controls/KeyedListModel.h"
 
+#include <QHash>
+
 namespace ardeno {
 
 // One project as lists show it.
@@ -24,7 +26,11 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
-    static QList<ProjectRow> makeRows(const QList<Project> &projects, const QList<Checkpoint> &checkpoints);
+    // How many checkpoints each project has.
+    using Counts = QHash<QUuid, qsizetype>;
+    static Counts count(const QList<Checkpoint> &checkpoints);
+
+    static QList<ProjectRow> makeRows(const QList<Project> &projects, const Counts &counts);
 };
 
 } // namespace ardeno

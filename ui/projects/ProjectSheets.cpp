@@ -34,8 +34,11 @@ Sheet *makeNewProjectSheet(AppStore &store)
     auto *sheet = new Sheet(title, 500);
     QVBoxLayout *const column = sheet->column();
     column->addWidget(new SymbolView("folder.badge.plus", Role::AccentText, 28));
-    column->addWidget(makeParagraph(title, TextStyle::SheetTitle));
-    column->addWidget(makeParagraph(tr("Keep several checkpoints in one project. Each one remembers where you left off "
+    auto *head = new QVBoxLayout;
+    head->setSpacing(4);
+    column->addLayout(head);
+    head->addWidget(makeParagraph(title, TextStyle::SheetTitle));
+    head->addWidget(makeParagraph(tr("Keep several checkpoints in one project. Each one remembers where you left off "
                                        "at a different point in time."),
                                     TextStyle::Body, Role::Dim));
     TextField *const name = addField(column, tr("Project name"), {});

@@ -44,11 +44,20 @@ ProjectsOverview::ProjectsOverview(AppStore &store, QWidget *parent)
                                                    static_cast<ProjectCard *>(card)->show(
                                                        project, latest == m_latest.cend() ? nullptr : &*latest);
                                                },
+                                           .controls =
+                                               [](QWidget *card) {
+                                                   return static_cast<ProjectCard *>(card)->controls();
+                                               },
                                            .height = ProjectCard::cardHeight});
     m_grid->setHeader(makeHeader());
     makeColumn(0, this)->addWidget(m_grid);
-    m_observations.watch([this] { showProjects(); }, store.projects, store.checkpoints, store.search,
-                         store.showArchivedProjects);
+    m_observations.watch(
+        [this] {
+            m_latest = latestByProject(m_store.projects().isEmpty() ? m_store.sampleHistory() : m_store.checkpoints());
+            showProjects();
+        },
+        store.projects, store.checkpoints, store.sampleHistory);
+    m_observations.watch([this] { showProjects(); }, store.search, store.showArchivedProjects);
 }
 
 QWidget *ProjectsOverview::makeHeader()
@@ -87,7 +96,6 @@ void ProjectsOverview::showProjects()
     m_subtitle->setText(ProjectText::overview(m_store.availableProjects()));
     m_archived->setChecked(m_store.showArchivedProjects());
     m_projects = m_store.filteredProjects();
-    m_latest = latestByProject(m_store.checkpoints());
     m_empty->setText(emptyText());
     m_empty->setVisible(m_projects.isEmpty());
     m_grid->setCount(static_cast<int>(m_projects.size()));
