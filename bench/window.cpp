@@ -14,7 +14,8 @@
 #include <algorithm>
 
 // Usage: window ARDENO TRIVIAL, on a desktop of its own:
-//   tests/desktop/headless-desktop -- build/release/bench/bench_window build/release/ardeno build/release/bench/bench_trivial
+//   tests/desktop/headless-desktop -- build/release/bench/bench_window build/release/ardeno
+//   build/release/bench/bench_trivial
 
 namespace {
 
@@ -116,17 +117,17 @@ void measureSearch(Table &table)
     qsizetype hits = 0;
     int at = 0;
     int theirs = 0;
-    const auto medians = interleavedMedians(
-        30, {[&] {
-                 opened.store->search.set(words.at(at++ % words.size()));
-                 Opened::settle();
-             },
-             [&] {
-                 const QString &word = words.at(theirs++ % words.size());
-                 hits += std::count_if(titles.begin(), titles.end(), [&](const QString &title) {
-                     return title.contains(word, Qt::CaseInsensitive);
-                 });
-             }});
+    const auto medians =
+        interleavedMedians(30, {[&] {
+                                    opened.store->search.set(words.at(at++ % words.size()));
+                                    Opened::settle();
+                                },
+                                [&] {
+                                    const QString &word = words.at(theirs++ % words.size());
+                                    hits += std::count_if(titles.begin(), titles.end(), [&](const QString &title) {
+                                        return title.contains(word, Qt::CaseInsensitive);
+                                    });
+                                }});
     table.add("a key of a search in 100,000 titles, shown / QString::contains", milliseconds(medians.at(0)),
               milliseconds(medians.at(1)), medians.at(0) / medians.at(1), hits >= 0 ? 0.5 : 0);
 }
@@ -144,8 +145,7 @@ void measureOpening(Table &table)
         opened.store->selectProject(project);
         Opened::settle();
     };
-    const auto medians = interleavedMedians(
-        30, {[&] { open(large); }, [&] { open(small); }}, [&] { open(other); });
+    const auto medians = interleavedMedians(30, {[&] { open(large); }, [&] { open(small); }}, [&] { open(other); });
     table.add("opening a project of 10,000 checkpoints / of 20", milliseconds(medians.at(0)),
               milliseconds(medians.at(1)), medians.at(0) / medians.at(1), 1.5);
 }

@@ -30,9 +30,11 @@ EndSignals::EndSignals(std::function<void()> end)
     wakeUp = ends[1];
     m_notifier = std::make_unique<QSocketNotifier>(ends[0], QSocketNotifier::Read);
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
-                     [this, end = std::move(end)] {
-                         m_notifier->setEnabled(false);
-                         end();
+                     [number = ends[0], end = std::move(end)] {
+                         char byte = 0;
+                         while (::read(number, &byte, 1) > 0) {
+                         }
+                         end(); // It may be refused; another signal asks again.
                      });
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         std::signal(signal, handle);

@@ -23,7 +23,8 @@ public:
     void setOnActivate(std::function<void()> activated) { m_activated = std::move(activated); }
 
 public Q_SLOTS:
-    void Activate(const QVariantMap &platformData); // Named as the interface says.
+    // Named as the interface of the bus says.
+    void Activate(const QVariantMap &platformData); // NOLINT(readability-identifier-naming)
 
 private:
     std::function<void()> m_activated;

@@ -40,7 +40,8 @@ WindowApplication::Opened WindowApplication::openLibrary()
     constexpr std::chrono::seconds patience(10);
     const QString root = CheckpointRepository::defaultRoot();
     const LibraryLock::Request request{root, LibraryLock::Kind::Application, LibraryLock::Access::Write};
-    Opened opened{.lock = LibraryLock::waitFor(request, patience), .repository = CheckpointRepository(root), .load = {}};
+    Opened opened{
+        .lock = LibraryLock::waitFor(request, patience), .repository = CheckpointRepository(root), .load = {}};
     try {
         const auto library = std::make_shared<WorkspaceLibrary>(opened.repository.loadLibrary());
         opened.load = [library] { return std::move(*library); };

@@ -34,8 +34,9 @@ bool needsName(const QAccessibleInterface &interface)
 QString describe(const QAccessibleInterface &interface)
 {
     const QObject *const object = interface.object();
-    return QString("%1 in %2").arg(static_cast<int>(interface.role())).arg(object ? object->metaObject()->className()
-                                                                                  : "a view");
+    return QString("%1 in %2")
+        .arg(static_cast<int>(interface.role()))
+        .arg(object ? object->metaObject()->className() : "a view");
 }
 
 // Everything below that a screen reader would stop at without being able to say what it is.
@@ -172,10 +173,10 @@ TEST_CASE_FIXTURE(WindowFixture, "the keyboard alone reaches everything")
     settle();
     const QStringList reached = tabOrder(*this);
     CAPTURE(reached);
-    for (const QString name : {"Find a project", "All projects", "Projects", "New project", "More actions",
-                             "Mark blocked…", "Manage checkpoints", "Save checkpoint", "Checkpoint history",
-                             "Replace image…", "Remove", "Where you left off", "Your next small step",
-                             "Dismiss the message"}) {
+    for (const QString name :
+         {"Find a project", "All projects", "Projects", "New project", "More actions", "Mark blocked…",
+          "Manage checkpoints", "Save checkpoint", "Checkpoint history", "Replace image…", "Remove",
+          "Where you left off", "Your next small step", "Dismiss the message"}) {
         CAPTURE(name);
         CHECK(reached.contains(name));
     }

@@ -53,17 +53,17 @@ TEST_CASE("return continues a list, and ends it on an empty bullet")
         {"\t* a|", "\t* a\n\t* |"},
         {u"• one|"_qs, u"• one\n• |"_qs},
         {u"• o|ne"_qs, u"• o\n• |ne"_qs},
-        {"- \n|", "- \n\n|"},                     // The caret's line is the empty one below.
-        {"1. text|", "1. text\n|"},              // Numbers are not continued.
-        {"-milk|", "-milk\n|"},                  // No space, no bullet.
+        {"- \n|", "- \n\n|"},       // The caret's line is the empty one below.
+        {"1. text|", "1. text\n|"}, // Numbers are not continued.
+        {"-milk|", "-milk\n|"},     // No space, no bullet.
         {"plain|", "plain\n|"},
-        {"|- milk", "\n|- milk"},                // The marker is behind the caret.
+        {"|- milk", "\n|- milk"}, // The marker is behind the caret.
         {"-| milk", "-\n| milk"},
         {"|", "\n|"},
-        {"- |x|", "- \n- |"},                    // A selection is replaced,
-        {"- | |", "- \n- |"},                    // also on an empty bullet.
-        {"-  |", "|"},                           // More white space is still an empty bullet.
-        {u"• 😀|😀"_qs, u"• 😀\n• |😀"_qs},      // Two units a character.
+        {"- |x|", "- \n- |"},                       // A selection is replaced,
+        {"- | |", "- \n- |"},                       // also on an empty bullet.
+        {"-  |", "|"},                              // More white space is still an empty bullet.
+        {u"• 😀|😀"_qs, u"• 😀\n• |😀"_qs},         // Two units a character.
         {u"- a\u2028b|"_qs, u"- a\u2028b\n- |"_qs}, // Only a line feed ends a line.
         {"first\n\n  - x|\nlast", "first\n\n  - x\n  - |\nlast"},
     };

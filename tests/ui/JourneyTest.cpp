@@ -204,6 +204,8 @@ TEST_CASE_FIXTURE(WindowFixture, "search narrows the list and the overview to wh
     type("xyz");
     CHECK(seesText("No projects match your search."));
     picture("search-nothing");
+    press(Qt::Key_Escape);
+    CHECK(list("Projects")->model()->rowCount() == 3);
 }
 
 TEST_CASE_FIXTURE(WindowFixture, "projects are dragged into another order, one write for each place passed")

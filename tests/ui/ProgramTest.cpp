@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/LibraryLock.h"
 #include "tests/app/Program.h"
+#include "model/LibraryLock.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -32,11 +32,14 @@ struct RunningWindow : ProgramFixture {
     void open()
     {
         program = start({});
-        REQUIRE(eventually([this] {
+        const bool isThere = eventually([this] {
             window = outputOf("xdotool", {"search", "--onlyvisible", "--pid", QString::number(program->processId())})
                          .section('\n', 0, 0);
             return !window.isEmpty() && outputOf("wmctrl", {"-l"}).contains("Ardeno");
-        }));
+        });
+        const QByteArray said = program->readAllStandardError();
+        CAPTURE(said);
+        REQUIRE(isThere);
     }
 
     ~RunningWindow()
@@ -90,11 +93,12 @@ TEST_CASE_FIXTURE(RunningWindow, "the program makes a project, saves a checkpoin
     REQUIRE(keyUntil("ctrl+s", [this] { return !stored("checkpoints").isEmpty(); }));
     const QJsonObject checkpoint = stored("checkpoints").at(0).toObject();
     CHECK(QFile::exists(checkpoint.value("screenshot").toString()));
-    picture("program");
 
     const ProgramResult second = run({});
     CHECK(second.status == 0);
     CHECK(outputOf("wmctrl", {"-l"}).count("Ardeno") == 1);
+
+    picture("program");
 
     program->terminate();
     const ProgramResult ended = end(*program);

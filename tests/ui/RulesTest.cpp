@@ -127,8 +127,10 @@ TEST_CASE("a list takes over any new rows in correct steps")
                 next.move(random.bounded(next.size()), random.bounded(next.size()));
             else if (kind == 2 && !next.isEmpty())
                 next[random.bounded(next.size())].checkpoints += 1;
-            else if (const ProjectRow &row = all.at(random.bounded(all.size())); model.rowOf(row.id) < 0 &&
-                     std::none_of(next.begin(), next.end(), [&](const ProjectRow &other) { return other.id == row.id; }))
+            else if (const ProjectRow &row = all.at(random.bounded(all.size()));
+                     model.rowOf(row.id) < 0 && std::none_of(next.begin(), next.end(), [&](const ProjectRow &other) {
+                         return other.id == row.id;
+                     }))
                 next.insert(random.bounded(next.size() + 1), row);
         }
         model.setRows(next);

@@ -58,7 +58,9 @@ const Pair pairs[] = {
     {Role::AccentText, Role::Paper, Role::AccentSoft},
     {Role::DimOnSoft, Role::Sidebar, Role::AccentSoft},
     {Role::DimOnSoft, Role::Paper, Role::AccentSoft},
-    {Role::DimOnSoft, Role::Sidebar, Role::Line},
+    {Role::DimOnSoft, Role::Sidebar, Role::Hover},
+    {Role::Text, Role::Paper, Role::Hover},
+    {Role::Dim, Role::Card, Role::Hover},
     {Role::AmberText, Role::Paper, Role::AmberSoft},
     {Role::AmberText, Role::Sidebar},
     {Role::AmberText, Role::Card},
@@ -78,14 +80,13 @@ TEST_CASE("every text reaches a contrast of 4.5 to 1, and 7 to 1 where high cont
         for (const Contrast wanted : {Contrast::Normal, Contrast::High}) {
             theme.setAppearance({scheme, wanted, Motion::Normal});
             for (const Pair &pair : pairs) {
-                const QColor ground = pair.soft ? over(theme.color(*pair.soft), theme.color(pair.ground))
-                                                : theme.color(pair.ground);
+                const QColor ground =
+                    pair.soft ? over(theme.color(*pair.soft), theme.color(pair.ground)) : theme.color(pair.ground);
                 CAPTURE(static_cast<int>(pair.text));
                 CAPTURE(static_cast<int>(pair.ground));
                 CAPTURE(static_cast<int>(scheme));
                 const bool isOnFill = pair.text == Role::OnAccent; // The fills keep their exact values.
-                CHECK(contrast(theme.color(pair.text), ground) >=
-                      (wanted == Contrast::High && !isOnFill ? 7.0 : 4.5));
+                CHECK(contrast(theme.color(pair.text), ground) >= (wanted == Contrast::High && !isOnFill ? 7.0 : 4.5));
             }
         }
     }

@@ -91,8 +91,8 @@ void WindowFixture::choose(const QString &entry)
     auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     REQUIRE(menu);
     const QList<QAction *> actions = menu->actions();
-    const auto found = std::find_if(actions.begin(), actions.end(),
-                                    [&](const QAction *action) { return action->text() == entry; });
+    const auto found =
+        std::find_if(actions.begin(), actions.end(), [&](const QAction *action) { return action->text() == entry; });
     CAPTURE(entry);
     REQUIRE(found != actions.end());
     REQUIRE((*found)->isEnabled());

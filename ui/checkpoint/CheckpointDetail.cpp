@@ -27,6 +27,14 @@ CheckpointDetail::CheckpointDetail(AppStore &store, const Screens &screens, cons
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // Drawn only when needed; the page keeps its width.
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName(tr("Checkpoint"));
+    setWidget(makePage(checkpoint));
+    viewport()->setAutoFillBackground(false);
+    widget()->setAutoFillBackground(false);
+    m_observations.watch([this] { showCheckpoint(); }, store.checkpoints, store.projects, store.runningApplicationIDs);
+}
+
+QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
+{
     auto *page = new QWidget;
     auto *column = makeColumn(0, page);
     column->setContentsMargins(28, 22, 18, 28);
@@ -34,27 +42,23 @@ CheckpointDetail::CheckpointDetail(AppStore &store, const Screens &screens, cons
     column->addSpacing(5);
     column->addWidget(m_title);
     column->addSpacing(3);
-    column->addWidget(makeParagraph(checkpoint.isSample
-                                        ? tr("A sample checkpoint. Explore the saved workspace below.")
-                                        : tr("A screenshot, your workspace and a place to continue."),
+    column->addWidget(makeParagraph(checkpoint.isSample ? tr("A sample checkpoint. Explore the saved workspace below.")
+                                                        : tr("A screenshot, your workspace and a place to continue."),
                                     TextStyle::Body, Role::Dim));
     column->addSpacing(16);
     column->addWidget(makeResumeRow());
     column->addSpacing(16);
-    column->addWidget(new ScreenshotCard(store, screens, checkpoint));
+    column->addWidget(new ScreenshotCard(m_store, m_screens, checkpoint));
     column->addSpacing(8);
     column->addWidget(makeFooter(checkpoint));
     column->addSpacing(16);
     column->addWidget(m_objective);
     column->addSpacing(10);
     column->addWidget(m_nextStep);
-    if (screens.workspaceItems)
-        column->addWidget(screens.workspaceItems(store, m_id));
+    if (m_screens.workspaceItems)
+        column->addWidget(m_screens.workspaceItems(m_store, m_id));
     column->addStretch();
-    setWidget(page);
-    viewport()->setAutoFillBackground(false);
-    page->setAutoFillBackground(false);
-    m_observations.watch([this] { showCheckpoint(); }, store.checkpoints, store.projects, store.runningApplicationIDs);
+    return page;
 }
 
 const Checkpoint *CheckpointDetail::current() const
@@ -67,8 +71,8 @@ QWidget *CheckpointDetail::makeEyebrow(const Checkpoint &checkpoint)
     auto *line = new QWidget;
     auto *row = makeRow(8, line);
     const QString saved = tr("SAVED %1").arg(DateText::mediumDateShortTime(checkpoint.createdAt)).toUpper();
-    row->addWidget(makeLabel(checkpoint.isSample ? tr("A GLIMPSE OF YOUR NEXT RETURN") : saved, TextStyle::Eyebrow,
-                             Role::Dim));
+    row->addWidget(
+        makeLabel(checkpoint.isSample ? tr("A GLIMPSE OF YOUR NEXT RETURN") : saved, TextStyle::Eyebrow, Role::Dim));
     if (checkpoint.isSample) {
         auto *badge = new Chip;
         badge->show(tr("SAMPLE"), {}, Role::AccentText, Role::AccentSoft);
@@ -131,8 +135,8 @@ InlineNote *CheckpointDetail::makeNote(QString Checkpoint::*field)
     const InlineNote::Text text{
         .title = isNext ? tr("Your next small step") : tr("Where you left off"),
         .symbol = isNext ? "arrow.turn.down.right" : "arrow.uturn.backward",
-        .placeholder = isNext ? tr("Click to add your next step…")
-                              : tr("Add progress, context or decisions for your next visit…"),
+        .placeholder =
+            isNext ? tr("Click to add your next step…") : tr("Add progress, context or decisions for your next visit…"),
         .size = isNext ? InlineNote::Size::Prominent : InlineNote::Size::Normal,
         .isSample = m_sample.isSample,
     };

@@ -26,6 +26,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    QWidget *makePage(const Checkpoint &checkpoint);
     QWidget *makeEyebrow(const Checkpoint &checkpoint);
     QWidget *makeResumeRow();
     QWidget *makeFooter(const Checkpoint &checkpoint);

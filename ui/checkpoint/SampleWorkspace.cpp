@@ -32,8 +32,9 @@ void drawFrame(QPainter &painter)
     const QRgb dots[] = {0xffd98c7f, 0xffdcb96b, 0xff93b48b};
     for (int i = 0; i < 3; ++i)
         Drawing::panel(painter, {48.0 + 14 * i, 41, 8, 8}, 4, QColor(dots[i]), Qt::transparent);
-    write(painter, {210, 37, 220, 20}, QCoreApplication::translate("ardeno::SampleWorkspace", "portfolio / selected work"), 10,
-          QFont::Normal, QColor(0xff8a8578));
+    write(painter, {210, 37, 220, 20},
+          QCoreApplication::translate("ardeno::SampleWorkspace", "portfolio / selected work"), 10, QFont::Normal,
+          QColor(0xff8a8578));
 }
 
 void drawPage(QPainter &painter)

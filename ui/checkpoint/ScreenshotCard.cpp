@@ -63,8 +63,7 @@ QWidget *ScreenshotCard::makePicture(const Checkpoint &checkpoint)
 {
     if (!checkpoint.screenshot)
         return makePlaceholder();
-    const auto enlarging =
-        m_screens.viewScreenshot ? ScreenshotImage::Enlarging::Yes : ScreenshotImage::Enlarging::No;
+    const auto enlarging = m_screens.viewScreenshot ? ScreenshotImage::Enlarging::Yes : ScreenshotImage::Enlarging::No;
     auto *image = new ScreenshotImage(*checkpoint.screenshot, enlarging);
     connect(image, &QAbstractButton::clicked, this, [this] { expand(); });
     return image;
@@ -73,7 +72,7 @@ QWidget *ScreenshotCard::makePicture(const Checkpoint &checkpoint)
 void ScreenshotCard::showCheckpoint()
 {
     const Checkpoint *const checkpoint = m_store.checkpoint(m_id);
-    if (!checkpoint || m_shownPath == checkpoint->screenshot)
+    if (!checkpoint || (m_shownPath && *m_shownPath == checkpoint->screenshot))
         return;
     m_shownPath = checkpoint->screenshot;
     QWidget *const before = std::exchange(m_picture, makePicture(*checkpoint));
@@ -92,8 +91,9 @@ void ScreenshotCard::chooseImage()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     // Filters by name, so that formats are offered which only the importer reads.
-    dialog->setNameFilters({tr("Images (%1)").arg("*.png *.jpg *.jpeg *.heic *.heif *.avif *.webp *.tif *.tiff *.gif "
-                                                  "*.bmp *.PNG *.JPG *.JPEG *.HEIC"),
+    dialog->setNameFilters({tr("Images (%1)")
+                                .arg("*.png *.jpg *.jpeg *.heic *.heif *.avif *.webp *.tif *.tiff *.gif "
+                                     "*.bmp *.PNG *.JPG *.JPEG *.HEIC"),
                             tr("All files (*)")});
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
         m_store.importScreenshot(path, m_id); // It reports by itself.

@@ -20,7 +20,9 @@ public:
     bool isShown() const { return !m_image.isNull(); }
 
     QSize sizeHint() const override;
+
     bool hasHeightForWidth() const override { return true; }
+
     int heightForWidth(int width) const override;
 
 protected:

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace ardeno {
 
@@ -145,12 +146,12 @@ Button::Look Button::look() const
         break;
     }
     if (m_isRow) {
-        const QColor hover = isHovered ? themeColor(Role::Line) : QColor(Qt::transparent);
+        const QColor hover = isHovered ? themeColor(Role::Hover) : QColor(Qt::transparent);
         return {m_isCurrent ? themeColor(Role::AccentSoft) : hover, Qt::transparent,
                 m_isCurrent ? themeColor(Role::AccentText) : ink};
     }
     const Role dim = isHovered ? Role::Text : Role::Dim;
-    return {isHovered ? themeColor(Role::Line) : QColor(Qt::transparent), Qt::transparent,
+    return {isHovered ? themeColor(Role::Hover) : QColor(Qt::transparent), Qt::transparent,
             themeColor(isEnabled() ? dim : Role::Faint)};
 }
 
@@ -199,13 +200,16 @@ void Button::keyPressEvent(QKeyEvent *event)
 
 void Button::focusInEvent(QFocusEvent *event)
 {
-    m_showsFocus = event->reason() != Qt::MouseFocusReason && event->reason() != Qt::ActiveWindowFocusReason;
+    const Qt::FocusReason reason = event->reason();
+    const bool isReturning =
+        reason == Qt::OtherFocusReason || reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+    m_showsFocus = isReturning ? m_showedFocus : reason != Qt::MouseFocusReason;
     QAbstractButton::focusInEvent(event);
 }
 
 void Button::focusOutEvent(QFocusEvent *event)
 {
-    m_showsFocus = false;
+    m_showedFocus = std::exchange(m_showsFocus, false);
     QAbstractButton::focusOutEvent(event);
 }
 

@@ -30,6 +30,7 @@ public:
     void setHint(const QString &hint, const QString &shortcut = {});
 
     QSize sizeHint() const override;
+
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
@@ -49,8 +50,11 @@ private:
     Look filledLook(Role role) const;
     void drawLabel(QPainter &painter, const QColor &ink) const;
     QFont labelFont() const;
+
     qreal radius() const { return m_isLarge ? 9 : m_isRow ? 8 : 7; }
+
     int padding() const;
+
     bool isSymbolAlone() const { return text().isEmpty(); }
 
     Kind m_kind;
@@ -61,6 +65,7 @@ private:
     bool m_isRow = false;
     bool m_isCurrent = false;
     bool m_showsFocus = false;
+    bool m_showedFocus = false; // Before the focus went elsewhere.
 };
 
 } // namespace ardeno

@@ -4,8 +4,8 @@
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
 
-#include <QEvent>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -29,23 +29,18 @@ TextField::TextField(const QString &name, const QString &placeholder, const QStr
     setFont(AppTheme::instance().font(TextStyle::Body));
     setTextMargins(symbol.isEmpty() ? 8 : 31, 0, 8, 0);
     setMinimumHeight(std::max(32, static_cast<int>(std::ceil(QFontMetricsF(font()).height())) + 12));
-    clearGround();
-}
-
-void TextField::clearGround()
-{
-    // The field draws its own rounded ground.
-    QPalette own = palette();
+    QPalette own; // It draws its own rounded ground; the rest follows the window.
     own.setColor(QPalette::Base, Qt::transparent);
-    if (palette().color(QPalette::Base).alpha() != 0)
-        setPalette(own);
+    setPalette(own);
 }
 
-void TextField::changeEvent(QEvent *event)
+void TextField::keyPressEvent(QKeyEvent *event)
 {
-    QLineEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        clearGround();
+    // A search is ended by Escape.
+    if (event->key() == Qt::Key_Escape && !m_symbol.isEmpty() && !text().isEmpty())
+        clear();
+    else
+        QLineEdit::keyPressEvent(event);
 }
 
 void TextField::paintEvent(QPaintEvent *event)

@@ -14,11 +14,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void changeEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void clearGround();
-
     QString m_symbol;
 };
 

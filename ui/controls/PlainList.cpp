@@ -21,23 +21,9 @@ PlainList::PlainList(const QString &name, QWidget *parent) : QListView(parent)
     viewport()->setAttribute(Qt::WA_Hover);
     viewport()->setAutoFillBackground(false);
     setTabKeyNavigation(false);
-    clearGround();
-}
-
-void PlainList::clearGround()
-{
-    if (palette().color(QPalette::Base).alpha() == 0)
-        return;
-    QPalette own = palette();
+    QPalette own; // Only its ground is its own, the rest follows the window.
     own.setColor(QPalette::Base, Qt::transparent);
     setPalette(own);
-}
-
-void PlainList::changeEvent(QEvent *event)
-{
-    QListView::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        clearGround();
 }
 
 void PlainList::showCurrent(int row)
@@ -57,7 +43,8 @@ void PlainList::showCurrent(int row)
 void PlainList::keyPressEvent(QKeyEvent *event)
 {
     m_showsFocus = true;
-    const bool isPress = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    const bool isPress =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
     if (isPress && currentIndex().isValid() && m_activated)
         m_activated(currentIndex());
     else

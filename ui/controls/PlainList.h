@@ -29,11 +29,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
-    void changeEvent(QEvent *event) override;
 
 private:
-    void clearGround();
-
     std::function<void(const QModelIndex &)> m_activated;
     std::function<void(const QModelIndex &, const QPoint &)> m_menu;
     bool m_showsFocus = false;

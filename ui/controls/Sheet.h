@@ -27,7 +27,9 @@ public:
 
     // A row of buttons at the right end; the default one is the last.
     Button *addButton(const QString &text, Button::Kind kind, std::function<void()> pressed);
+
     void setDefaultButton(Button *button) { m_default = button; }
+
     // What has the focus at first; otherwise the first control.
     void setFirstFocus(QWidget *widget) { m_firstFocus = widget; }
 
@@ -64,6 +66,7 @@ public:
     void present(Sheet *sheet);
 
     Sheet *topSheet() const;
+
     bool isCovering() const { return topSheet() != nullptr; }
 
     // Called whenever the first sheet comes and the last one goes.

@@ -2,6 +2,7 @@
 #include "ui/main/MainWindow.h"
 
 #include "ui/checkpoint/CheckpointDetail.h"
+#include "ui/controls/Alert.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
@@ -114,9 +115,9 @@ QWidget *MainWindow::makeEmptyProject()
     column->addSpacing(14);
     column->addWidget(makeLabel(tr("Your project is ready"), TextStyle::Heading), 0, Qt::AlignHCenter);
     column->addSpacing(10);
-    QLabel *const text = makeParagraph(
-        tr("Save your first checkpoint to keep the screenshot, workspace and next step together."), TextStyle::Body,
-        Role::Dim);
+    QLabel *const text =
+        makeParagraph(tr("Save your first checkpoint to keep the screenshot, workspace and next step together."),
+                      TextStyle::Body, Role::Dim);
     text->setAlignment(Qt::AlignHCenter);
     text->setFixedWidth(340);
     auto *middle = makeRow(0); // Aligned by stretches, as only they let a text have several lines.
@@ -182,19 +183,18 @@ void MainWindow::makeActions()
         return action;
     };
     m_actions = std::make_unique<Actions>();
-    m_actions->newProject = add(tr("New project"), Qt::CTRL | Qt::Key_N, "plus",
-                                [this] { m_store->showNewProject.set(true); });
-    m_actions->save = add(tr("Save checkpoint"), Qt::CTRL | Qt::Key_S, "plus.circle.fill", [this] {
-        CheckpointActions::requestSave(*m_store, static_cast<bool>(m_screens.capture));
-    });
-    m_actions->search = add(tr("Find a project"), Qt::CTRL | Qt::Key_F, "magnifyingglass",
-                            [this] { m_sidebar->focusSearch(); });
+    m_actions->newProject =
+        add(tr("New project"), Qt::CTRL | Qt::Key_N, "plus", [this] { m_store->showNewProject.set(true); });
+    m_actions->save = add(tr("Save checkpoint"), Qt::CTRL | Qt::Key_S, "plus.circle.fill",
+                          [this] { CheckpointActions::requestSave(*m_store, static_cast<bool>(m_screens.capture)); });
+    m_actions->search =
+        add(tr("Find a project"), Qt::CTRL | Qt::Key_F, "magnifyingglass", [this] { m_sidebar->focusSearch(); });
     m_actions->next = add(tr("Next checkpoint"), Qt::CTRL | Qt::Key_PageDown, "arrow.right",
                           [this] { m_timeline->selectNeighbour(1); });
     m_actions->previous = add(tr("Previous checkpoint"), Qt::CTRL | Qt::Key_PageUp, "arrow.left",
                               [this] { m_timeline->selectNeighbour(-1); });
-    m_actions->remove = add(tr("Delete checkpoint…"), Qt::CTRL | Qt::Key_Delete, "trash",
-                            [this] { m_presentations->confirmDelete(); });
+    m_actions->remove =
+        add(tr("Delete checkpoint…"), Qt::CTRL | Qt::Key_Delete, "trash", [this] { m_presentations->confirmDelete(); });
 }
 
 void MainWindow::enableActions()
@@ -236,9 +236,15 @@ void MainWindow::closeEvent(QCloseEvent *event)
 {
     if (m_detail)
         m_detail->commitNotes();
-    event->accept();
-    if (m_closed)
-        m_closed();
+    // What is being saved or recorded would be lost.
+    const bool isAtWork = m_store && (m_store->busy() || m_store->recording());
+    event->setAccepted(!isAtWork);
+    if (isAtWork && m_store->recording() && !sheets().isCovering()) {
+        const AlertText text{.title = tr("Finish saving before quitting"),
+                             .message = tr("Use Stop & save checkpoint to finish your recording, then quit."),
+                             .confirm = tr("Keep open")};
+        presentAlert(sheets(), text, [](bool) {});
+    }
 }
 
 } // namespace ardeno

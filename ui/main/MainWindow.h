@@ -32,13 +32,12 @@ public:
 
     // Composes the views; the store outlives the window.
     void open(AppStore &store);
-    bool isOpen() const { return m_store != nullptr; }
 
-    // Called when the window was closed by the user.
-    void setOnClose(std::function<void()> closed) { m_closed = std::move(closed); }
+    bool isOpen() const { return m_store != nullptr; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    // Stays open while something is being saved or recorded.
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -67,7 +66,6 @@ private:
     std::optional<std::pair<std::optional<QUuid>, std::optional<QUuid>>> m_shown; // Project and checkpoint.
     std::unique_ptr<Actions> m_actions;
     std::unique_ptr<Presentations> m_presentations;
-    std::function<void()> m_closed;
     std::unique_ptr<Observations> m_observations;
 };
 

@@ -39,8 +39,8 @@ ProjectListView::ProjectListView(AppStore &store, QWidget *parent)
     });
     m_observations.watch(
         [this] {
-            m_counts = ProjectListModel::count(m_store.projects().isEmpty() ? m_store.sampleHistory()
-                                                                            : m_store.checkpoints());
+            m_counts =
+                ProjectListModel::count(m_store.projects().isEmpty() ? m_store.sampleHistory() : m_store.checkpoints());
             showProjects();
         },
         store.projects, store.checkpoints, store.sampleHistory);

@@ -41,7 +41,7 @@ void drawGround(QPainter &painter, const QRectF &area, const RowState &state)
     if (state.isSelected)
         Drawing::panel(painter, area, 8, themeColor(Role::AccentSoft), Qt::transparent);
     else if (state.isHovered)
-        Drawing::panel(painter, area, 8, themeColor(Role::Line), Qt::transparent);
+        Drawing::panel(painter, area, 8, themeColor(Role::Hover), Qt::transparent);
     if (state.showsFocus)
         Drawing::focusRing(painter, area, 8);
 }
@@ -79,8 +79,7 @@ void ProjectRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
 
 QSize ProjectRowDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &index) const
 {
-    const qreal lines =
-        lineHeight(TextStyle::Medium) + lineHeight(TextStyle::Small) * (rowAt(index).blocker ? 2 : 1);
+    const qreal lines = lineHeight(TextStyle::Medium) + lineHeight(TextStyle::Small) * (rowAt(index).blocker ? 2 : 1);
     return {100, static_cast<int>(lines) + 2 * verticalPadding + rowGap};
 }
 

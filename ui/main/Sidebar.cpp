@@ -71,7 +71,7 @@ TextField *Sidebar::makeSearch()
     auto *field = new TextField(tr("Find a project"), tr("Find a project"), "magnifyingglass");
     field->setClearButtonEnabled(false);
     field->setToolTip(tr("Find a project (%1)").arg("Ctrl+F"));
-    connect(field, &QLineEdit::textEdited, this, [this](const QString &text) { m_store.search.set(text); });
+    connect(field, &QLineEdit::textChanged, this, [this](const QString &text) { m_store.search.set(text); });
     return field;
 }
 

@@ -93,8 +93,7 @@ Sheet *makeUpdateDetailsSheet(AppStore &store, const Screens &screens, const App
     return sheet;
 }
 
-NoticeStrip::NoticeStrip(AppStore &store, QWidget *parent)
-    : QWidget(parent), m_store(store), m_text(makeParagraph({}))
+NoticeStrip::NoticeStrip(AppStore &store, QWidget *parent) : QWidget(parent), m_store(store), m_text(makeParagraph({}))
 {
     auto *row = makeStripRow(this);
     row->addWidget(new SymbolView("checkmark.circle", Role::SageText));

@@ -48,7 +48,9 @@ QuickListEditor::QuickListEditor(const QString &title, double fontPixels, QWidge
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setViewportMargins(0, topInset, 0, topInset);
     document()->setDocumentMargin(0);
-    clearGround();
+    QPalette own; // Only its ground is its own, the rest follows the window.
+    own.setColor(QPalette::Base, Qt::transparent);
+    setPalette(own);
     connect(document(), &QTextDocument::contentsChanged, this, [this] {
         fit();
         if (m_textChanged)
@@ -190,22 +192,6 @@ void QuickListEditor::resizeEvent(QResizeEvent *event)
 {
     QTextEdit::resizeEvent(event);
     fit();
-}
-
-void QuickListEditor::changeEvent(QEvent *event)
-{
-    QTextEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        clearGround();
-}
-
-void QuickListEditor::clearGround()
-{
-    if (palette().color(QPalette::Base).alpha() == 0)
-        return;
-    QPalette own = palette();
-    own.setColor(QPalette::Base, Qt::transparent);
-    setPalette(own);
 }
 
 } // namespace ardeno

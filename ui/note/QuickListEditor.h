@@ -32,7 +32,6 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
-    void changeEvent(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -41,7 +40,6 @@ private:
     bool continueList();
     void replace(qsizetype location, qsizetype length, const QString &text);
     void fit();
-    void clearGround();
 
     std::function<void()> m_textChanged;
     std::function<void(bool)> m_focusChanged;

@@ -13,7 +13,7 @@ class CardGrid final : public QAbstractScrollArea {
 public:
     struct Cards {
         std::function<QWidget *()> make = {};
-        std::function<void(QWidget *, int)> show = {}; // Gives a widget the card of that place.
+        std::function<void(QWidget *, int)> show = {};            // Gives a widget the card of that place.
         std::function<QList<QWidget *>(QWidget *)> controls = {}; // In the order of the tab key.
         int height = 0;
     };

@@ -33,12 +33,11 @@ QCoro::Task<void> saveAtOnce(AppStore &store)
 void CheckpointActions::fill(QMenu *menu, AppStore &store, const Checkpoint &checkpoint, QWidget *owner,
                              std::function<void()> opened)
 {
-    addMenuItem(menu, tr("Open checkpoint"), "arrow.right",
-                [&store, id = checkpoint.id, opened = std::move(opened)] {
-                    store.selectCheckpoint(id);
-                    if (opened)
-                        opened();
-                });
+    addMenuItem(menu, tr("Open checkpoint"), "arrow.right", [&store, id = checkpoint.id, opened = std::move(opened)] {
+        store.selectCheckpoint(id);
+        if (opened)
+            opened();
+    });
     if (checkpoint.isSample)
         return;
     menu->addSeparator();

@@ -16,6 +16,7 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
 
     QString title(int row) const;
+
     static bool isLatest(const QModelIndex &index) { return index.row() == 0; }
 
 private:

@@ -70,8 +70,7 @@ void CheckpointManagerSheet::placeRowMenu(const QModelIndex &index)
     auto *row = makeRow(0, holder);
     row->setContentsMargins(0, 0, 12, 0);
     row->addStretch();
-    Button *const actions =
-        Button::makeIcon("ellipsis.circle", tr("Actions for %1").arg(m_model.title(index.row())));
+    Button *const actions = Button::makeIcon("ellipsis.circle", tr("Actions for %1").arg(m_model.title(index.row())));
     holder->setAttribute(Qt::WA_TransparentForMouseEvents, false);
     row->addWidget(actions);
     setMenu(actions, [this, id](QMenu *menu) {

@@ -50,8 +50,7 @@ QList<ProjectRow> ProjectListModel::makeRows(const QList<Project> &projects, con
     for (const Project &project : projects) {
         const bool isBlocked = project.blockedReason.has_value();
         rows.append({project.id, project.name, project.isSample,
-                     isBlocked ? std::optional(project.blockerDescription()) : std::nullopt,
-                     counts.value(project.id)});
+                     isBlocked ? std::optional(project.blockerDescription()) : std::nullopt, counts.value(project.id)});
     }
     return rows;
 }

@@ -39,8 +39,8 @@ Sheet *makeNewProjectSheet(AppStore &store)
     column->addLayout(head);
     head->addWidget(makeParagraph(title, TextStyle::SheetTitle));
     head->addWidget(makeParagraph(tr("Keep several checkpoints in one project. Each one remembers where you left off "
-                                       "at a different point in time."),
-                                    TextStyle::Body, Role::Dim));
+                                     "at a different point in time."),
+                                  TextStyle::Body, Role::Dim));
     TextField *const name = addField(column, tr("Project name"), {});
     column->addSpacing(4);
     sheet->addButton(tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
@@ -64,12 +64,10 @@ Sheet *makeProjectBlockerSheet(AppStore &store, const Project &project)
     auto *sheet = new Sheet(title, 460);
     QVBoxLayout *const column = sheet->column();
     column->addWidget(makeParagraph(title, TextStyle::SheetTitle));
-    TextField *const reason =
-        addField(column, tr("Waiting for…"), tr("e.g. Maya to approve the revised design"));
+    TextField *const reason = addField(column, tr("Waiting for…"), tr("e.g. Maya to approve the revised design"));
     reason->setText(project.blockedReason.value_or(QString()));
-    column->addWidget(
-        makeParagraph(tr("Optional. You can still save checkpoints and reopen this project’s workspace."),
-                      TextStyle::Small, Role::Dim));
+    column->addWidget(makeParagraph(tr("Optional. You can still save checkpoints and reopen this project’s workspace."),
+                                    TextStyle::Small, Role::Dim));
     column->addSpacing(4);
     sheet->addButton(tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
     sheet->addButton(isBlocked ? tr("Save reason") : tr("Mark blocked"), Button::Kind::Prominent,

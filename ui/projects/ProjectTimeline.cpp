@@ -92,9 +92,8 @@ PlainList *ProjectTimeline::makeStrip()
     strip->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     strip->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     strip->setFixedHeight(TimelineDelegate::cardSize.height() + scrollBarRoom);
-    strip->setOnActivate([this](const QModelIndex &index) {
-        m_store.selectCheckpoint(m_model.rows().at(index.row()).id);
-    });
+    strip->setOnActivate(
+        [this](const QModelIndex &index) { m_store.selectCheckpoint(m_model.rows().at(index.row()).id); });
     strip->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
         QMenu *const menu = makeMenu(this);
         CheckpointActions::fill(menu, m_store, m_model.rows().at(index.row()), this, {});

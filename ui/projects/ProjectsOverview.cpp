@@ -36,19 +36,17 @@ ProjectsOverview::ProjectsOverview(AppStore &store, QWidget *parent)
       m_archived(new Switch(tr("Show archived"))),
       m_empty(makeParagraph({}, TextStyle::Body, Role::Dim))
 {
-    m_grid = new CardGrid(tr("Projects"), {.make = [this] { return new ProjectCard(m_store); },
-                                           .show =
-                                               [this](QWidget *card, int index) {
-                                                   const Project &project = m_projects.at(index);
-                                                   const auto latest = m_latest.constFind(project.id);
-                                                   static_cast<ProjectCard *>(card)->show(
-                                                       project, latest == m_latest.cend() ? nullptr : &*latest);
-                                               },
-                                           .controls =
-                                               [](QWidget *card) {
-                                                   return static_cast<ProjectCard *>(card)->controls();
-                                               },
-                                           .height = ProjectCard::cardHeight});
+    m_grid = new CardGrid(tr("Projects"),
+                          {.make = [this] { return new ProjectCard(m_store); },
+                           .show =
+                               [this](QWidget *card, int index) {
+                                   const Project &project = m_projects.at(index);
+                                   const auto latest = m_latest.constFind(project.id);
+                                   static_cast<ProjectCard *>(card)->show(
+                                       project, latest == m_latest.cend() ? nullptr : &*latest);
+                               },
+                           .controls = [](QWidget *card) { return static_cast<ProjectCard *>(card)->controls(); },
+                           .height = ProjectCard::cardHeight});
     m_grid->setHeader(makeHeader());
     makeColumn(0, this)->addWidget(m_grid);
     m_observations.watch(
@@ -68,8 +66,7 @@ QWidget *ProjectsOverview::makeHeader()
     auto *create = new Button(tr("New project"), Button::Kind::Prominent, "plus");
     create->setHint(tr("New project"), "Ctrl+N");
     connect(create, &QAbstractButton::clicked, this, [this] { m_store.showNewProject.set(true); });
-    connect(m_archived, &QAbstractButton::toggled, this,
-            [this](bool isOn) { m_store.showArchivedProjects.set(isOn); });
+    connect(m_archived, &QAbstractButton::toggled, this, [this](bool isOn) { m_store.showArchivedProjects.set(isOn); });
 
     auto *header = new QWidget;
     auto *column = makeColumn(24, header);

@@ -50,8 +50,8 @@ QRect AppStyle::subControlRect(ComplexControl control, const QStyleOptionComplex
     const qint64 page = bar->pageStep;
     const int least = pixelMetric(PM_ScrollBarSliderMin, option, widget);
     const int slider = range > 0 ? qMax(least, static_cast<int>(length * page / (range + page))) : length;
-    const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition, length - slider,
-                                              bar->upsideDown);
+    const int start =
+        sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition, length - slider, bar->upsideDown);
     const auto along = [&](int from, int extent) {
         return isUpright ? QRect(bar->rect.x(), bar->rect.y() + from, bar->rect.width(), extent)
                          : QRect(bar->rect.x() + from, bar->rect.y(), extent, bar->rect.height());

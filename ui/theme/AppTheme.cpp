@@ -26,10 +26,10 @@ struct RoleColors {
     QRgb strongDark;
 };
 
-constexpr QRgb accent = qRgb(82, 99, 158);     // 0.32, 0.39, 0.62
-constexpr QRgb sage = qRgb(87, 133, 105);      // 0.34, 0.52, 0.41
-constexpr QRgb amber = qRgb(171, 120, 51);     // 0.67, 0.47, 0.2
-constexpr QRgb recording = qRgb(179, 71, 71);  // 0.7, 0.28, 0.28
+constexpr QRgb accent = qRgb(82, 99, 158);    // 0.32, 0.39, 0.62
+constexpr QRgb sage = qRgb(87, 133, 105);     // 0.34, 0.52, 0.41
+constexpr QRgb amber = qRgb(171, 120, 51);    // 0.67, 0.47, 0.2
+constexpr QRgb recording = qRgb(179, 71, 71); // 0.7, 0.28, 0.28
 
 constexpr RoleColors roleColors[] = {
     {Role::Accent, accent, accent, accent, accent},
@@ -49,6 +49,7 @@ constexpr RoleColors roleColors[] = {
     {Role::Card, 0xfffafafb, 0xff222327, 0xffffffff, 0xff000000},
     {Role::Field, 0xffffffff, 0xff17181b, 0xffffffff, 0xff000000},
     {Role::Line, 0xffe3e3e8, 0xff35373e, 0xff5f616c, 0xffa2a4ae},
+    {Role::Hover, 0x121f2026, 0x16ffffff, 0x181f2026, 0x30ffffff},
     {Role::Text, 0xff1f2026, 0xffecedf1, 0xff000000, 0xffffffff},
     {Role::Dim, 0xff6b6d78, 0xffa2a4ae, 0xff35363d, 0xffd8d9df},
     {Role::DimOnSoft, 0xff5d5f6a, 0xffadafb9, 0xff2b2c32, 0xffe2e3e8},
@@ -139,8 +140,8 @@ void AppTheme::compute()
     m_palette.setColor(QPalette::HighlightedText, color(Role::OnAccent));
     m_palette.setColor(QPalette::ToolTipBase, color(Role::Card));
     m_palette.setColor(QPalette::ToolTipText, color(Role::Text));
-    for (const Role role : {Role::Dim, Role::AccentText, Role::SageText, Role::AmberText, Role::RecordingText,
-                            Role::Placeholder})
+    for (const Role role :
+         {Role::Dim, Role::AccentText, Role::SageText, Role::AmberText, Role::RecordingText, Role::Placeholder})
         m_palette.setColor(paletteRole(role), color(role));
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         m_palette.setColor(QPalette::Disabled, role, color(Role::Faint));

@@ -31,6 +31,7 @@ enum class Role {
     Card,
     Field,
     Line,
+    Hover, // Over any ground, below the pointer.
     Text,
     Dim,
     DimOnSoft, // Dim text on one of the …Soft grounds.
