@@ -14,12 +14,10 @@ namespace ardeno {
 
 namespace {
 
-// Beside this program where it was built, in the folder of the package's own programs where it was installed.
+// It stands beside this program.
 QString windowProgram()
 {
-    const QString folder = QFileInfo(QFile::symLinkTarget("/proc/self/exe")).path();
-    const QString installed = folder + "/../libexec/ardeno/ardeno-window";
-    return QFileInfo::exists(installed) ? installed : folder + "/ardeno-window";
+    return QFileInfo(QFile::symLinkTarget("/proc/self/exe")).path() + "/ardeno-window";
 }
 
 } // namespace

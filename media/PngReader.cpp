@@ -145,15 +145,26 @@ struct PngReader::State {
         chunkLeft -= count;
     }
 
+    // The decompressor may hold back rows after it has taken all of its input.
+    void inflateSome()
+    {
+        const quint32 inputLeft = stream.avail_in;
+        const quint32 roomLeft = stream.avail_out;
+        const int result = isal_inflate(&stream);
+        const bool isStuck = stream.avail_in == inputLeft && stream.avail_out == roomLeft;
+        if ((result != ISAL_DECOMP_OK && result != ISAL_END_INPUT) || (isStuck && inputLeft > 0))
+            throw damaged();
+        if (isStuck && stream.block_state != ISAL_BLOCK_FINISH)
+            feed();
+    }
+
     void inflateRow()
     {
         stream.next_out = row.data();
         stream.avail_out = quint32(row.size());
         while (stream.avail_out > 0) {
-            if (stream.avail_in == 0)
-                feed();
-            if (isal_inflate(&stream) != ISAL_DECOMP_OK ||
-                (stream.block_state == ISAL_BLOCK_FINISH && stream.avail_out > 0))
+            inflateSome();
+            if (stream.block_state == ISAL_BLOCK_FINISH && stream.avail_out > 0)
                 throw damaged();
         }
     }
@@ -163,11 +174,10 @@ struct PngReader::State {
     {
         uchar rest = 0;
         while (stream.block_state != ISAL_BLOCK_FINISH) {
-            if (stream.avail_in == 0)
-                feed();
             stream.next_out = &rest;
             stream.avail_out = 1;
-            if (isal_inflate(&stream) != ISAL_DECOMP_OK || stream.avail_out == 0)
+            inflateSome();
+            if (stream.avail_out == 0)
                 throw damaged();
         }
     }

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <utility>
 
@@ -44,6 +45,8 @@ QCoro::Task<void> AppStore::importScreenshot(QString file, QUuid checkpointID)
         co_return;
     }
     QDir().rmdir(m_repository.root() + '/' + uuidText(checkpointID)); // Nothing happens when it holds anything.
+    if (!editable(checkpointID)) // It was deleted meanwhile, and its folder with it.
+        co_return;
     if (failure->domain() == ImageImport::notAnImageDomain)
         error.set(tr("This file could not be opened as an image. Choose a PNG, JPEG, HEIC or another supported "
                      "image."));
@@ -55,8 +58,9 @@ QCoro::Task<void> AppStore::importScreenshot(QString file, QUuid checkpointID)
 void AppStore::adoptScreenshot(const QUuid &checkpointID, const QString &path)
 {
     std::optional<Checkpoint> changed = editable(checkpointID);
-    if (!changed) { // The checkpoint was deleted meanwhile.
+    if (!changed) { // The checkpoint was deleted meanwhile; what it had by then went with it.
         QFile::remove(path);
+        QDir().rmdir(QFileInfo(path).path());
         return;
     }
     const Checkpoint before = *changed;

@@ -53,16 +53,24 @@ int writeRows(VipsRegion *region, VipsRect *area, void *context)
     return output.isEnded ? -1 : 0;
 }
 
-ImageOutcome checkHeader(VipsSource *source)
+// What is known before the picture is read.
+struct Header {
+    ImageOutcome outcome = ImageOutcome::NotAnImage;
+    bool hasProfile = false; // The colours are those of some device.
+};
+
+Header readHeader(VipsSource *source)
 {
     const char *const loader = vips_foreign_find_load_source(source);
     if (!loader || !ImageFormats::isWanted(loader))
-        return ImageOutcome::NotAnImage;
+        return {};
     const VipsImagePointer header(vips_image_new_from_source(source, "", "access", VIPS_ACCESS_SEQUENTIAL, nullptr));
     if (!header)
-        return ImageOutcome::NotAnImage;
+        return {};
     const gint64 pixels = gint64{vips_image_get_width(header.get())} * vips_image_get_height(header.get());
-    return pixels > ImageFormats::mostPixels(loader, header.get()) ? ImageOutcome::TooLarge : ImageOutcome::Done;
+    const bool isTooLarge = pixels > ImageFormats::mostPixels(loader, header.get());
+    return {isTooLarge ? ImageOutcome::TooLarge : ImageOutcome::Done,
+            vips_image_get_typeof(header.get(), VIPS_META_ICC_NAME) != 0};
 }
 
 using Step = int (*)(VipsImage *in, VipsImage **out);
@@ -101,11 +109,16 @@ bool makePlain(VipsImagePointer &image)
     return vips_image_get_bands(image.get()) == 3;
 }
 
-ImageOutcome readRows(VipsSource *source, const ImageJob &job)
+// Pictures that are cut short are refused, mere warnings are not. The property of that name is lost on its way here.
+constexpr auto loaderOptions = "[fail_on=error]";
+
+ImageOutcome readRows(VipsSource *source, bool hasProfile, const ImageJob &job)
 {
+    // Colours without a profile are those of sRGB; the library would bend them on a way through other spaces.
+    const char *const profile = hasProfile ? "srgb" : nullptr;
     VipsImage *small = nullptr;
     if (vips_thumbnail_source(source, &small, job.longestSide, "height", job.longestSide, "size", VIPS_SIZE_DOWN,
-                              "export_profile", "srgb", "fail_on", VIPS_FAIL_ON_ERROR, nullptr) != 0)
+                              "export_profile", profile, "option_string", loaderOptions, nullptr) != 0)
         return ImageOutcome::Damaged;
     VipsImagePointer image(small);
     if (!makePlain(image))
@@ -124,8 +137,9 @@ ImageOutcome readImage(const ImageJob &job)
     if (!isStarted)
         return ImageOutcome::NoLibrary;
     const ImageFile file(job.descriptor);
-    const ImageOutcome header = checkHeader(file.source());
-    const ImageOutcome outcome = header == ImageOutcome::Done ? readRows(file.source(), job) : header;
+    const Header header = readHeader(file.source());
+    const ImageOutcome outcome =
+        header.outcome == ImageOutcome::Done ? readRows(file.source(), header.hasProfile, job) : header.outcome;
     vips_error_clear();
     vips_thread_shutdown(); // What the library keeps for this thread.
     return outcome;

@@ -20,7 +20,7 @@ struct StoreFixture {
     fakes::InMemoryDesktop memory;
     Desktop desktop = memory.makeDesktop();
     std::unique_ptr<AppStore> opened;
-    bool seedSample = false;
+    bool seedStarterExample = false;
 
     StoreFixture()
     {
@@ -47,7 +47,7 @@ struct StoreFixture {
         opened.reset();
         StoreParts parts{.preferences = preferences(), .repository = CheckpointRepository(root())};
         parts.thumbnailFolder = home.filePath("thumbnails");
-        parts.seedStarterExample = seedSample;
+        parts.seedStarterExample = seedStarterExample;
         opened = std::make_unique<AppStore>(desktop, std::move(parts));
         return *opened;
     }

@@ -93,7 +93,7 @@ TEST_CASE_FIXTURE(WindowFixture, "every control of every screen has a name")
         CHECK(shown.unnamed == QStringList());
         CHECK(shown.names.size() > 3);
     };
-    seedSample = true;
+    seedStarterExample = true;
     openWindow();
     check("sample");
     store().createProject("Thesis");

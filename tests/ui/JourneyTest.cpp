@@ -43,7 +43,7 @@ QuickListEditor *note(const WindowFixture &fixture, const QString &title)
 
 TEST_CASE_FIXTURE(WindowFixture, "a fresh home shows the sample, which nothing changes")
 {
-    seedSample = true;
+    seedStarterExample = true;
     openWindow();
     CHECK(seesText("A GLIMPSE OF YOUR NEXT RETURN"));
     CHECK(seesText("Mobile navigation"));

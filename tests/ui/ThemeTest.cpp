@@ -60,7 +60,6 @@ const Pair pairs[] = {
     {Role::DimOnSoft, Role::Paper, Role::AccentSoft},
     {Role::DimOnSoft, Role::Sidebar, Role::Hover},
     {Role::Text, Role::Paper, Role::Hover},
-    {Role::Dim, Role::Card, Role::Hover},
     {Role::AmberText, Role::Paper, Role::AmberSoft},
     {Role::AmberText, Role::Sidebar},
     {Role::AmberText, Role::Card},

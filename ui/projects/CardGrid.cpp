@@ -14,7 +14,7 @@ namespace {
 constexpr int margin = 28;
 constexpr int topMargin = 22;
 constexpr int gap = 16;
-constexpr int leastWidth = 330;
+constexpr int leastWidth = 310;
 
 } // namespace
 

@@ -32,6 +32,13 @@ Scheme desktopScheme()
     return QGuiApplication::palette().color(QPalette::Base).lightness() < 128 ? Scheme::Dark : Scheme::Light;
 }
 
+Appearance readAll(Appearance appearance, const SettingGroups &groups)
+{
+    for (auto group = groups.begin(); group != groups.end(); ++group)
+        appearance = AppearanceSettings::read(appearance, group.key(), group.value());
+    return appearance;
+}
+
 QDBusMessage question()
 {
     QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, "ReadAll");
@@ -64,19 +71,14 @@ void AppearanceSettings::ask()
         done->deleteLater();
         if (reply.isError())
             return;
-        Appearance appearance = m_appearance;
-        const SettingGroups groups = reply.value();
-        for (auto group = groups.begin(); group != groups.end(); ++group)
-            appearance = read(appearance, group.key(), group.value());
-        apply(appearance);
+        apply(readAll(m_appearance, reply.value()));
     });
     const QDBusMessage known = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
                                                               "org.freedesktop.DBus", "NameHasOwner")
                                << QString(service);
     if (bus.call(known, QDBus::Block, patience).arguments().value(0).toBool()) {
         const QDBusReply<SettingGroups> now = bus.call(question(), QDBus::Block, patience);
-        for (auto group = now.value().begin(); now.isValid() && group != now.value().end(); ++group)
-            m_appearance = read(m_appearance, group.key(), group.value());
+        m_appearance = readAll(m_appearance, now.isValid() ? now.value() : SettingGroups());
     }
 }
 

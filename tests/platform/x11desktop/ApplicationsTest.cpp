@@ -161,3 +161,17 @@ TEST_CASE_FIXTURE(SessionFixture, "a popup that says nothing is attributed by th
     CHECK_FALSE(nobody.processID.has_value());
     CHECK_FALSE(nobody.applicationID.has_value());
 }
+
+TEST_CASE_FIXTURE(SessionFixture, "the workspace tells when applications come and go, until nobody asks")
+{
+    int changes = 0;
+    workspace.setChangeHandler([&] { ++changes; });
+    desktop_test::TestWindow window;
+    window.show();
+    CHECK(eventually([&] { return changes > 0; }));
+    changes = 0;
+    window.hide();
+    CHECK(eventually([&] { return changes > 0; }));
+    CHECK_MESSAGE(changes < 3, "changes in quick succession are told together");
+    workspace.setChangeHandler({});
+}

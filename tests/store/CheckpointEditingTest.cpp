@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Finish.h"
+#include "tests/store/StoreFixture.h"
+
+using namespace ardeno;
+
+namespace {
+
+struct EditingFixture : StoreFixture {
+    QUuid project = *store().createProject("Thesis");
+    Checkpoint saved = saveCheckpoint(project, "one", 1);
+
+    const Checkpoint &now() { return *store().checkpoint(saved.id); }
+
+    SavedTab tab(const QString &url) const { return {.title = url, .url = url, .browserID = "com.google.Chrome"}; }
+
+    // What Chrome has open.
+    void openTabs(const QStringList &urls)
+    {
+        QString records;
+        for (const QString &url : urls)
+            records += QStringList{"1", "window", url, "Page"}.join(QChar(31)) + QChar(30);
+        memory.tabRecords["com.google.Chrome"] = records;
+    }
+
+    void giveItems(const QList<SavedApp> &apps, const QList<SavedTab> &tabs)
+    {
+        saved.apps = apps;
+        saved.tabs = tabs;
+        REQUIRE(store().save(saved));
+    }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(EditingFixture, "a note is saved as typed, and what the user looks at by then stays")
+{
+    const Checkpoint other = saveCheckpoint(*store().createProject("Other"), "two", 2);
+    CHECK(store().updateNote(&Checkpoint::nextStep, " • first\n", saved.id));
+    CHECK(store().updateNote(&Checkpoint::title, "renamed", saved.id));
+    CHECK(store().selection() == other.id);
+    CHECK(store().selectedProjectID() == other.projectID);
+    reopen();
+    CHECK(now().nextStep == " • first\n");
+    CHECK(now().title == "renamed");
+
+    breakLibrary();
+    CHECK_FALSE(store().updateNote(&Checkpoint::objective, "lost", saved.id));
+    CHECK(store().error()->startsWith("Could not save this checkpoint: "));
+    CHECK(now().objective.isEmpty());
+    CHECK_MESSAGE(store().updateNote(&Checkpoint::title, "renamed", saved.id), "the same text needs no write");
+    CHECK_FALSE(store().updateNote(&Checkpoint::title, "x", QUuid::createUuid()));
+}
+
+TEST_CASE_FIXTURE(EditingFixture, "current tabs are added when their address is new, without excluded ones")
+{
+    giveItems({}, {tab("https://a.org/")});
+    store().excludeDomain("secret.org");
+    openTabs({"https://a.org/", "https://b.org/", "https://www.secret.org/"});
+    finish(store().addCurrentBrowserTabs(saved.id));
+    CHECK(store().notice() == "Added 1 current browser tab. Your screenshot is unchanged.");
+    REQUIRE(now().tabs.size() == 2);
+    CHECK(now().tabs[0] == saved.tabs[0]);
+    CHECK(now().tabs[1].url == "https://b.org/");
+
+    const QByteArray library = fileBytes(libraryPath());
+    finish(store().addCurrentBrowserTabs(saved.id));
+    CHECK(store().notice() == "No new browser tabs to add.");
+    CHECK_FALSE(store().error().has_value());
+    CHECK(fileBytes(libraryPath()) == library);
+
+    openTabs({"https://c.org/", "https://d.org/"});
+    memory.tabRecords["org.mozilla.firefox"] = QString();
+    finish(store().addCurrentBrowserTabs(saved.id));
+    CHECK_MESSAGE(now().tabs.size() == 4, "a browser that cannot be read keeps nobody else's tabs away");
+    CHECK(store().notice() == "Added 2 current browser tabs. Your screenshot is unchanged.");
+    CHECK(store().error().has_value());
+
+    memory.tabRecords.clear();
+    finish(store().addCurrentBrowserTabs(saved.id));
+    CHECK(store().error()->startsWith("No supported browser was open."));
+    CHECK_FALSE(store().notice().has_value());
+
+    openTabs({"https://e.org/"});
+    breakLibrary();
+    finish(store().addCurrentBrowserTabs(saved.id));
+    CHECK(store().error()->startsWith("Could not save this checkpoint: "));
+    CHECK(now().tabs.size() == 4);
+}
+
+TEST_CASE_FIXTURE(EditingFixture, "tabs that arrive after a checkpoint was changed or deleted undo neither")
+{
+    openTabs({"https://a.org/"});
+    QCoro::Task<void> adding = store().addCurrentBrowserTabs(saved.id);
+    store().updateNote(&Checkpoint::title, "renamed meanwhile", saved.id);
+    finish(std::move(adding));
+    CHECK(now().title == "renamed meanwhile");
+    CHECK(now().tabs.size() == 1);
+
+    openTabs({"https://b.org/"});
+    adding = store().addCurrentBrowserTabs(saved.id);
+    store().deleteCheckpoint(saved.id);
+    finish(std::move(adding));
+    CHECK(store().checkpoints().isEmpty());
+}
+
+TEST_CASE_FIXTURE(EditingFixture, "current window positions replace the saved ones, of saved applications alone")
+{
+    memory.addApplication("org.other", "Other", {0, 0, 10, 10});
+    memory.addApplication("org.secret", "Secret", {0, 0, 10, 10}, "private");
+    finish(store().addCurrentWindowLayout(saved.id));
+    CHECK(store().notice() == "No visible windows matched this checkpoint’s saved apps.");
+    CHECK_FALSE(now().windows.has_value());
+
+    giveItems({{"org.editor", "Editor"}, {"org.secret", "Secret"}}, {});
+    store().excludeApp({"org.secret", "Secret"});
+    finish(store().addCurrentWindowLayout(saved.id));
+    CHECK(store().notice() == "Saved current positions for 1 window. The screenshot is unchanged.");
+    REQUIRE(now().windows->size() == 1);
+    CHECK(now().windows->first().frame == WindowRect{100, 100, 800, 600});
+    CHECK(now().screenshot == saved.screenshot);
+}
+
+TEST_CASE_FIXTURE(EditingFixture, "what was removed comes back to its place, once")
+{
+    const QList<SavedTab> tabs = {tab("https://a.org/"), tab("https://b.org/"), tab("https://c.org/")};
+    giveItems({{"org.editor", "Editor"}, {"org.viewer", "Viewer"}}, tabs);
+    CHECK(store().removeTab(tabs[1], saved.id));
+    CHECK(now().tabs == QList{tabs[0], tabs[2]});
+    CHECK(store().lastRemoval() == WorkspaceRemoval{saved.id, {tabs[1], 1}});
+    store().undoWorkspaceRemoval();
+    CHECK(now().tabs == tabs);
+    CHECK_FALSE(store().lastRemoval().has_value());
+    store().undoWorkspaceRemoval();
+    CHECK(now().tabs == tabs);
+
+    // Only the last removal is remembered; its place may have gone.
+    CHECK(store().removeApp(saved.apps[1], saved.id));
+    Checkpoint fewer = now();
+    fewer.apps.clear();
+    REQUIRE(store().save(fewer));
+    store().undoWorkspaceRemoval();
+    CHECK(now().apps == QList{saved.apps[1]});
+
+    CHECK_FALSE(store().removeApp(saved.apps[0], saved.id));
+    breakLibrary();
+    CHECK_FALSE(store().removeTab(tabs[0], saved.id));
+    CHECK(now().tabs == tabs);
+    CHECK_FALSE(store().lastRemoval().has_value());
+}
+
+TEST_CASE_FIXTURE(EditingFixture, "a workspace is active while all of its applications run")
+{
+    giveItems({{"org.editor", "Editor"}, {"org.viewer", "Viewer"}}, {});
+    store().watchRunningApplications();
+    CHECK_FALSE(store().isWorkspaceActive(now()));
+    memory.addApplication("org.viewer", "Viewer", {0, 0, 10, 10});
+    memory.applicationsChanged();
+    CHECK(store().isWorkspaceActive(now()));
+    memory.running.removeFirst();
+    memory.applicationsChanged();
+    CHECK_FALSE(store().isWorkspaceActive(now()));
+    CHECK_FALSE(store().isWorkspaceActive(Checkpoint()));
+
+    opened.reset();
+    CHECK_MESSAGE(!memory.applicationsChanged, "nothing calls a store that has gone");
+}

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "media/PngWriter.h"
+#include "media/ThumbnailCache.h"
+#include "support/Finish.h"
+#include "tests/store/StoreFixture.h"
+
+using namespace ardeno;
+
+namespace {
+
+struct ScreenshotFixture : StoreFixture {
+    QUuid project = *store().createProject("Thesis");
+    Checkpoint saved = saveCheckpoint(project, "one", 1);
+    QString image = home.filePath("image.png");
+
+    ScreenshotFixture() { writeFile(image, PngWriter::encoded({2, 2}, QByteArray(16, '\x40'))); }
+
+    const Checkpoint &now() { return *store().checkpoint(saved.id); }
+
+    QStringList media() const { return QDir(mediaFolder(saved)).entryList(QDir::Files | QDir::Hidden); }
+
+    void pointTo(const QString &path)
+    {
+        saved.screenshot = path;
+        REQUIRE(store().save(saved));
+    }
+};
+
+const QString outside = "Could not remove a screenshot outside this checkpoint’s storage folder.";
+
+} // namespace
+
+TEST_CASE_FIXTURE(ScreenshotFixture, "an imported image takes the place of the screenshot")
+{
+    finish(store().importScreenshot(image, saved.id));
+    CHECK(store().notice() == "Image added. A copy is saved with this checkpoint.");
+    CHECK_FALSE(store().error().has_value());
+    REQUIRE(now().screenshot.has_value());
+    CHECK(now().screenshot->startsWith(mediaFolder(saved) + "/image-"));
+    CHECK(media() == QStringList{QFileInfo(*now().screenshot).fileName()});
+    CHECK(QFile::exists(image));
+    reopen();
+    CHECK(fileBytes(*now().screenshot).startsWith("\x89PNG"));
+}
+
+TEST_CASE_FIXTURE(ScreenshotFixture, "an image that cannot be imported changes nothing, and says why")
+{
+    writeFile(image, "words");
+    finish(store().importScreenshot(image, saved.id));
+    CHECK(store().error() ==
+          "This file could not be opened as an image. Choose a PNG, JPEG, HEIC or another supported image.");
+    finish(store().importScreenshot(home.filePath("missing.png"), saved.id));
+    CHECK(store().error() == "Could not add the image: No such file or directory.");
+    CHECK(now() == saved);
+    CHECK(media() == QStringList{"snapshot.png"});
+}
+
+TEST_CASE_FIXTURE(ScreenshotFixture,
+                  "an image whose checkpoint cannot be written, or was deleted meanwhile, goes again")
+{
+    QCoro::Task<void> importing = store().importScreenshot(image, saved.id);
+    store().deleteCheckpoint(saved.id);
+    finish(std::move(importing));
+    CHECK_FALSE(QFile::exists(mediaFolder(saved)));
+    CHECK(store().checkpoints().isEmpty());
+
+    saved = saveCheckpoint(project, "two", 2);
+    breakLibrary();
+    finish(store().importScreenshot(image, saved.id));
+    CHECK(store().error()->startsWith("Could not save this checkpoint: "));
+    CHECK(media() == QStringList{"snapshot.png"});
+    CHECK(now() == saved);
+}
+
+TEST_CASE_FIXTURE(ScreenshotFixture, "a previous image outside the folder is left alone by an import")
+{
+    const QString elsewhere = home.filePath("elsewhere.png");
+    writeFile(elsewhere, "mine");
+    pointTo(elsewhere);
+    finish(store().importScreenshot(image, saved.id));
+    CHECK(store().notice() == "Image added. A copy is saved with this checkpoint.");
+    CHECK(fileBytes(elsewhere) == "mine");
+}
+
+TEST_CASE_FIXTURE(ScreenshotFixture, "a removed screenshot leaves the library and the disk")
+{
+    const ThumbnailCache cache(home.filePath("thumbnails"));
+    const FileStamp stamp = *FileStamp::ofFile(*saved.screenshot);
+    cache.keep(*saved.screenshot, stamp, {{1, 1}, QByteArray(4, 'x')});
+    REQUIRE(cache.find(*saved.screenshot, stamp).has_value());
+
+    store().removeScreenshot(saved.id);
+    CHECK(store().notice() == "Screenshot removed. Your notes and workspace are saved.");
+    CHECK_FALSE(now().screenshot.has_value());
+    CHECK(media().isEmpty());
+    CHECK_MESSAGE(!cache.find(*saved.screenshot, stamp), "no small copy of it lives on");
+
+    pointTo(mediaFolder(saved) + "/gone.png");
+    store().removeScreenshot(saved.id);
+    CHECK_FALSE(now().screenshot.has_value());
+    CHECK_FALSE(store().error().has_value());
+}
+
+TEST_CASE_FIXTURE(ScreenshotFixture, "a screenshot whose removal cannot be written is back as it was")
+{
+    breakLibrary();
+    store().removeScreenshot(saved.id);
+    CHECK(store().error()->startsWith("Could not remove the screenshot: "));
+    CHECK(fileBytes(*saved.screenshot) == "picture of one");
+    CHECK(media() == QStringList{"snapshot.png"});
+    CHECK(now() == saved);
+}
+
+TEST_CASE_FIXTURE(ScreenshotFixture, "a file outside the checkpoint's folder, or behind a link, is never deleted")
+{
+    const QString precious = home.filePath("precious.png");
+    writeFile(precious, "precious");
+    const Checkpoint other = saveCheckpoint(project, "other", 2);
+    const QString inner = mediaFolder(saved) + "/inner/precious.png";
+    writeFile(inner, "precious");
+    QFile::link(precious, mediaFolder(saved) + "/link.png");
+    QFile::link(*saved.screenshot, mediaFolder(saved) + "/own.png");
+    QFile::link(home.path(), mediaFolder(saved) + "/folder");
+    const QString name = mediaFolder(saved);
+    for (const QString &path :
+         {precious, *other.screenshot, inner, name + "/link.png", name + "/own.png", name + "/folder/precious.png",
+          name + "/../../precious.png", name + "/inner", QString("precious.png"), QString()}) {
+        CAPTURE(path);
+        pointTo(path);
+        store().removeScreenshot(saved.id);
+        CHECK(store().error() == outside);
+        CHECK(now().screenshot == path);
+    }
+    CHECK(fileBytes(precious) == "precious");
+    CHECK(fileBytes(inner) == "precious");
+    CHECK(media() == QStringList{"link.png", "own.png", "snapshot.png"});
+    CHECK(QFile::exists(*other.screenshot));
+
+    // The media folder itself leads elsewhere.
+    const QString moved = home.filePath("moved");
+    REQUIRE(QFile::rename(mediaFolder(saved), moved));
+    QFile::link(moved, mediaFolder(saved));
+    pointTo(mediaFolder(saved) + "/snapshot.png");
+    store().removeScreenshot(saved.id);
+    CHECK(store().error() == outside);
+    CHECK(QFile::exists(moved + "/snapshot.png"));
+}
