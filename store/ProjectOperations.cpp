@@ -56,8 +56,7 @@ void AppStore::selectProject(const QUuid &id)
     const Project *const chosen = project(id);
     showArchivedProjects.set(chosen && chosen->archivedAt);
     setSelectedProjectID(id);
-    const QList<Checkpoint> own = checkpointsFor(id);
-    selection.set(own.isEmpty() ? std::nullopt : std::optional(own.first().id));
+    selection.set(ProjectOrder::newest(isShowingSamples() ? sampleHistory() : checkpoints(), id));
 }
 
 void AppStore::selectCheckpoint(const std::optional<QUuid> &id)

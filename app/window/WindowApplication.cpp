@@ -6,7 +6,6 @@
 #include "ui/controls/Alert.h"
 
 #include <QApplication>
-#include <QTimer>
 
 #include <chrono>
 #include <exception>
@@ -29,9 +28,9 @@ WindowApplication::WindowApplication(SingleInstance &instance) : m_window(makeSc
 
 void WindowApplication::start()
 {
+    // The first picture of the window comes before everything else, and nothing else takes time from it.
+    m_window.setOnFirstPaint([this] { openStore(); });
     m_window.show();
-    // The first picture of the window comes before everything else.
-    QTimer::singleShot(0, &m_window, [this] { openStore(); });
 }
 
 WindowApplication::Opened WindowApplication::openLibrary()

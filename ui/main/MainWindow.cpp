@@ -20,6 +20,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QPainter>
+#include <QTimer>
 
 namespace ardeno {
 
@@ -230,6 +231,8 @@ void MainWindow::paintEvent(QPaintEvent *)
     const QRectF side(0, 0, Sidebar::fixedWidth, height());
     painter.fillRect(side, themeColor(Role::Sidebar));
     Drawing::edge(painter, side, Qt::RightEdge, themeColor(Role::Line));
+    if (const auto painted = std::exchange(m_firstPaint, nullptr))
+        QTimer::singleShot(0, this, painted);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

@@ -33,6 +33,9 @@ public:
     // Composes the views; the store outlives the window.
     void open(AppStore &store);
 
+    // Called once, from the event loop, after the first picture of the window.
+    void setOnFirstPaint(std::function<void()> painted) { m_firstPaint = std::move(painted); }
+
     bool isOpen() const { return m_store != nullptr; }
 
 protected:
@@ -66,6 +69,7 @@ private:
     std::optional<std::pair<std::optional<QUuid>, std::optional<QUuid>>> m_shown; // Project and checkpoint.
     std::unique_ptr<Actions> m_actions;
     std::unique_ptr<Presentations> m_presentations;
+    std::function<void()> m_firstPaint;
     std::unique_ptr<Observations> m_observations;
 };
 

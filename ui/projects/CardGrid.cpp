@@ -98,26 +98,33 @@ void CardGrid::showCards()
     for (int place = 0; place < pool; ++place) {
         // Of the cards that fall to this widget, the one within the window of those near.
         const int index = first + ((place - first) % pool + pool) % pool;
-        QWidget *const card = m_widgets.at(place);
-        const bool isThere = index < std::min(m_count, first + seen);
-        if (isThere && m_shown.at(place) != index)
-            m_cards.show(card, index);
-        m_shown[place] = isThere ? index : -1;
-        if (isThere)
-            card->setGeometry(cardRect(index));
-        card->setVisible(isThere);
+        showCard(place, index < std::min(m_count, first + seen) ? index : -1);
     }
-    QWidget *before = nullptr;
-    for (int index = first; pool > 0 && index < std::min(m_count, first + pool); ++index) {
-        for (QWidget *const control : m_cards.controls(m_widgets.at(index % pool))) {
-            if (before)
-                QWidget::setTabOrder(before, control);
-            before = control;
-        }
-    }
+    orderTabs(first);
     if (m_header)
         m_header->setGeometry(margin, topMargin - verticalScrollBar()->value(), viewport()->width() - 2 * margin,
                               m_header->sizeHint().height());
+}
+
+void CardGrid::showCard(int place, int index)
+{
+    QWidget *const card = m_widgets.at(place);
+    card->setVisible(index >= 0);
+    if (index >= 0 && m_shown.at(place) != index)
+        m_cards.show(card, index);
+    m_shown[place] = index;
+    if (index >= 0)
+        card->setGeometry(cardRect(index));
+}
+
+void CardGrid::orderTabs(int first)
+{
+    const int pool = static_cast<int>(m_widgets.size());
+    QList<QWidget *> controls;
+    for (int index = first; index < std::min(m_count, first + pool); ++index)
+        controls += m_cards.controls(m_widgets.at(index % pool));
+    for (qsizetype i = 1; i < controls.size(); ++i)
+        QWidget::setTabOrder(controls.at(i - 1), controls.at(i));
 }
 
 void CardGrid::resizeEvent(QResizeEvent *)

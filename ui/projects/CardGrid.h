@@ -38,6 +38,9 @@ private:
     QRect cardRect(int index) const;
     void arrange();
     void showCards();
+    // The widget of that place shows this card; -1: none.
+    void showCard(int place, int index);
+    void orderTabs(int first);
     void reveal(const QWidget *focused);
 
     Cards m_cards;

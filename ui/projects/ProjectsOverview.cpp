@@ -8,6 +8,8 @@
 #include "ui/projects/ProjectCard.h"
 #include "ui/projects/ProjectText.h"
 
+#include <utility>
+
 namespace ardeno {
 
 namespace {
@@ -52,10 +54,10 @@ ProjectsOverview::ProjectsOverview(AppStore &store, QWidget *parent)
     m_observations.watch(
         [this] {
             m_latest = latestByProject(m_store.projects().isEmpty() ? m_store.sampleHistory() : m_store.checkpoints());
-            showProjects();
+            showProjects(true);
         },
         store.projects, store.checkpoints, store.sampleHistory);
-    m_observations.watch([this] { showProjects(); }, store.search, store.showArchivedProjects);
+    m_observations.watch([this] { showProjects(false); }, store.search, store.showArchivedProjects);
 }
 
 QWidget *ProjectsOverview::makeHeader()
@@ -87,15 +89,16 @@ QString ProjectsOverview::emptyText() const
                                           : tr("Create a project to save your first checkpoint.");
 }
 
-void ProjectsOverview::showProjects()
+void ProjectsOverview::showProjects(bool isStale)
 {
     m_title->setText(m_store.showArchivedProjects() ? tr("Archived projects") : tr("Projects"));
     m_subtitle->setText(ProjectText::overview(m_store.availableProjects()));
     m_archived->setChecked(m_store.showArchivedProjects());
-    m_projects = m_store.filteredProjects();
+    const QList<Project> before = std::exchange(m_projects, m_store.filteredProjects());
     m_empty->setText(emptyText());
     m_empty->setVisible(m_projects.isEmpty());
-    m_grid->setCount(static_cast<int>(m_projects.size()));
+    if (isStale || m_projects != before)
+        m_grid->setCount(static_cast<int>(m_projects.size()));
 }
 
 } // namespace ardeno

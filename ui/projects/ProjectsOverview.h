@@ -21,7 +21,8 @@ public:
 
 private:
     QWidget *makeHeader();
-    void showProjects();
+    // Stale: the cards show what has changed since, even if the projects are the same.
+    void showProjects(bool isStale);
     QString emptyText() const;
 
     AppStore &m_store;
