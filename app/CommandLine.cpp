@@ -83,7 +83,7 @@ QList<Command> settingCommands()
 QString generalHelp()
 {
     QString text = u"Ardeno saves checkpoints of your workspace, so that you can pick up where you left off.\n\n"
-                   "Usage:\n"_qs;
+                   "Usage:\n  ardeno\n      Opens the window.\n"_qs;
     for (const Command &command : commands())
         text += u"  ardeno %1 %2\n      %3\n"_qs.arg(command.name, command.arguments, command.summary);
     return text + u"  ardeno --version\n  ardeno --help\n  ardeno COMMAND --help\n"_qs;
@@ -101,8 +101,8 @@ std::optional<QString> missingHere(const QString &command)
 {
     if (command == "record")
         return u"This version of Ardeno cannot record work sessions."_qs;
-    if (command.isEmpty() || command == "quick-save")
-        return u"This version of Ardeno has no window. See ardeno --help for what it does."_qs;
+    if (command == "quick-save")
+        return u"This version of Ardeno has no quick-save panel."_qs;
     return std::nullopt;
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/CommandLine.h"
+#include "app/OpenWindow.h"
 
 #include <QCoreApplication>
 
@@ -9,6 +10,9 @@ int main(int argc, char **argv)
 {
     // A closed pipe is an error of writing, not the end of a save.
     std::signal(SIGPIPE, SIG_IGN);
+    // Before anything else is made, since the window's program starts anew.
+    if (argc == 1)
+        return static_cast<int>(ardeno::openWindow());
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName("ardeno");
     QCoreApplication::setApplicationVersion(ARDENO_VERSION);

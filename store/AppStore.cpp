@@ -49,7 +49,7 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
         m_runningApplicationIDs = [this] { return identifiers(m_desktop.workspace->runningApplications()); };
     readPreferences();
     readExclusions();
-    readLibrary();
+    readLibrary(parts.loadLibrary);
     prepareSamples();
     chooseFirstProject();
 }
@@ -108,10 +108,10 @@ void AppStore::readExclusions()
     }
 }
 
-void AppStore::readLibrary()
+void AppStore::readLibrary(const std::function<WorkspaceLibrary()> &load)
 {
     try {
-        WorkspaceLibrary library = m_repository.loadLibrary();
+        WorkspaceLibrary library = load ? load() : m_repository.loadLibrary();
         QSet<QUuid> existing;
         for (const Checkpoint &checkpoint : library.checkpoints)
             existing.insert(checkpoint.id);
@@ -209,6 +209,12 @@ void AppStore::watchRunningApplications()
     m_isWatchingApplications = true;
     m_desktop.workspace->setChangeHandler([this] { refreshRunningApplications(); });
     refreshRunningApplications(); // After the watch has begun, so that nothing falls in between.
+}
+
+void AppStore::dismissNewsletterPrompt()
+{
+    m_preferences.setValue(keys::newsletterPromptDismissed, true);
+    showNewsletterPrompt.set(false);
 }
 
 void AppStore::dismissUpdate()

@@ -10,6 +10,7 @@
 #include "media/Thumbnails.h"
 #include "model/CheckpointRepository.h"
 #include "store/AppState.h"
+#include "store/ProjectSearch.h"
 #include "support/Preferences.h"
 
 #include <QCoreApplication>
@@ -25,6 +26,8 @@ namespace ardeno {
 struct StoreParts {
     Preferences preferences = Preferences(Preferences::defaultFolder());
     CheckpointRepository repository = CheckpointRepository(CheckpointRepository::defaultRoot());
+    // Gives the library once, or throws Failure, where it was read before; else the repository is read.
+    std::function<WorkspaceLibrary()> loadLibrary = {};
     std::function<bool()> checkScreenAccess = {};
     std::function<bool()> askScreenAccess = {};
     std::function<QCoro::Task<void>()> verifyScreenAccess = {};
@@ -132,12 +135,14 @@ public:
 
     // Takes back the offer of a newer version.
     void dismissUpdate();
+    // Never asks about the newsletter again.
+    void dismissNewsletterPrompt();
 
 private:
     // Start-up.
     void readPreferences();
     void readExclusions();
-    void readLibrary();
+    void readLibrary(const std::function<WorkspaceLibrary()> &load);
     void prepareSamples();
     void chooseFirstProject();
     template <typename T>
@@ -188,6 +193,7 @@ private:
     QString m_thumbnailFolder;
     bool m_seedStarterExample;
     bool m_isWatchingApplications = false;
+    mutable ProjectSearch m_projectSearch = {}; // It remembers what it was asked last.
     std::unique_ptr<Thumbnails> m_thumbnails = {};
     Project m_sampleProject = {};
     bool m_isLibraryRead = false;

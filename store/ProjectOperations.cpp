@@ -56,8 +56,7 @@ void AppStore::selectProject(const QUuid &id)
     const Project *const chosen = project(id);
     showArchivedProjects.set(chosen && chosen->archivedAt);
     setSelectedProjectID(id);
-    const QList<Checkpoint> own = checkpointsFor(id);
-    selection.set(own.isEmpty() ? std::nullopt : std::optional(own.first().id));
+    selection.set(ProjectOrder::newest(isShowingSamples() ? sampleHistory() : checkpoints(), id));
 }
 
 void AppStore::selectCheckpoint(const std::optional<QUuid> &id)
@@ -121,12 +120,8 @@ QList<Project> AppStore::filteredProjects() const
     const QString &sought = search();
     const bool isSample = isShowingSamples();
     QSet<QUuid> withMatchingCheckpoint;
-    if (!sought.isEmpty()) {
-        for (const Checkpoint &checkpoint : isSample ? sampleHistory() : checkpoints()) {
-            if (checkpoint.projectID && Text::containsName(checkpoint.title, sought))
-                withMatchingCheckpoint.insert(*checkpoint.projectID);
-        }
-    }
+    if (!sought.isEmpty())
+        withMatchingCheckpoint = m_projectSearch.withTitle(sought, isSample ? sampleHistory() : checkpoints());
     const auto matches = [&](const Project &project) {
         return sought.isEmpty() || Text::containsName(project.name, sought) ||
                (project.blockedReason && Text::containsName(*project.blockedReason, sought)) ||

@@ -4,6 +4,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <vector>
 
 namespace ardeno {
 
@@ -53,12 +54,29 @@ std::optional<QList<Project>> ProjectOrder::moved(const QList<Project> &projects
 
 QList<Checkpoint> ProjectOrder::newestFirst(const QList<Checkpoint> &checkpoints, const QUuid &projectID)
 {
+    // Records are large: what is sorted is where they are.
+    std::vector<const Checkpoint *> order;
+    for (const Checkpoint &checkpoint : checkpoints) {
+        if (checkpoint.projectID == projectID)
+            order.push_back(&checkpoint);
+    }
+    std::stable_sort(order.begin(), order.end(),
+                     [](const Checkpoint *a, const Checkpoint *b) { return a->createdAt > b->createdAt; });
     QList<Checkpoint> own;
-    std::copy_if(checkpoints.begin(), checkpoints.end(), std::back_inserter(own),
-                 [&](const Checkpoint &checkpoint) { return checkpoint.projectID == projectID; });
-    std::stable_sort(own.begin(), own.end(),
-                     [](const Checkpoint &a, const Checkpoint &b) { return a.createdAt > b.createdAt; });
+    own.reserve(static_cast<qsizetype>(order.size()));
+    for (const Checkpoint *const checkpoint : order)
+        own.append(*checkpoint);
     return own;
+}
+
+std::optional<QUuid> ProjectOrder::newest(const QList<Checkpoint> &checkpoints, const QUuid &projectID)
+{
+    const Checkpoint *best = nullptr;
+    for (const Checkpoint &checkpoint : checkpoints) {
+        if (checkpoint.projectID == projectID && (!best || checkpoint.createdAt > best->createdAt))
+            best = &checkpoint;
+    }
+    return best ? std::optional(best->id) : std::nullopt;
 }
 
 std::optional<QUuid> ProjectOrder::neighbour(const QList<Checkpoint> &newestFirst, const QUuid &id)

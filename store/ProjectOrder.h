@@ -14,6 +14,9 @@ std::optional<QList<Project>> moved(const QList<Project> &projects, const QUuid 
 // The project's checkpoints, newest first.
 QList<Checkpoint> newestFirst(const QList<Checkpoint> &checkpoints, const QUuid &projectID);
 
+// The first of newestFirst; absent when the project has none.
+std::optional<QUuid> newest(const QList<Checkpoint> &checkpoints, const QUuid &projectID);
+
 // The checkpoint to show when this one goes: the next newer of its project, else the next older.
 std::optional<QUuid> neighbour(const QList<Checkpoint> &newestFirst, const QUuid &id);
 

@@ -138,3 +138,27 @@ TEST_CASE("a dragged project lands before its target, and hidden projects keep t
     CHECK(order(a, Project{}, visible) == "refused");
     CHECK(order(d, a, {a.id, QUuid::createUuid(), d.id}) == "dhbzcsa");
 }
+
+TEST_CASE_FIXTURE(StoreFixture, "search finds titles as people compare them, and what changed since")
+{
+    const QUuid thesis = *store().createProject("Thesis");
+    const QUuid garden = *store().createProject("Garden");
+    saveCheckpoint(thesis, u"Straße und Café"_qs, 10);
+    Checkpoint tomatoes = saveCheckpoint(garden, "Tomatoes", 20);
+    const auto found = [this](const QString &text) {
+        store().search.set(text);
+        QStringList names;
+        for (const Project &project : store().filteredProjects())
+            names << project.name;
+        return names;
+    };
+    CHECK(found("TOMA") == QStringList{"Garden"});
+    CHECK(found("STRASSE") == QStringList{"Thesis"});
+    CHECK(found(u"cafe\u0301"_qs) == QStringList{"Thesis"}); // The accent composed in another way.
+    CHECK(found("s t") == QStringList()); // No match reaches from one title into the next.
+    CHECK(found(QString(QChar(0xFFFF))).isEmpty());
+    tomatoes.title = "Beans";
+    REQUIRE(store().save(tomatoes));
+    CHECK(found("toma") == QStringList());
+    CHECK(found("beans") == QStringList{"Garden"});
+}

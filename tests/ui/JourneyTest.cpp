@@ -1,0 +1,413 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/ui/WindowFixture.h"
+
+#include "ui/checkpoint/ScreenshotImage.h"
+#include "ui/note/QuickListEditor.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QImage>
+#include <QLineEdit>
+#include <QTest>
+
+using namespace ardeno;
+
+namespace {
+
+QStringList names(const QList<Project> &projects)
+{
+    QStringList names;
+    for (const Project &project : projects)
+        names << project.name;
+    return names;
+}
+
+ScreenshotImage *shownPicture(const WindowFixture &fixture)
+{
+    const auto images = fixture.window->content()->findChildren<QAbstractButton *>();
+    for (QAbstractButton *const image : images) {
+        if (auto *const picture = dynamic_cast<ScreenshotImage *>(image); picture && picture->isVisible())
+            return picture;
+    }
+    return nullptr;
+}
+
+QuickListEditor *note(const WindowFixture &fixture, const QString &title)
+{
+    auto *const found = dynamic_cast<QuickListEditor *>(fixture.widget(title));
+    REQUIRE(found);
+    return found;
+}
+
+} // namespace
+
+TEST_CASE_FIXTURE(WindowFixture, "a fresh home shows the sample, which nothing changes")
+{
+    seedStarterExample = true;
+    openWindow();
+    CHECK(seesText("A GLIMPSE OF YOUR NEXT RETURN"));
+    CHECK(seesText("Mobile navigation"));
+    CHECK(seesText("3 saved"));
+    CHECK(seesText("Illustrative portfolio design beside a note to check mobile navigation"));
+    CHECK(list("Checkpoint history")->model()->rowCount() == 3);
+    CHECK_FALSE(findButton("Add image…"));
+    picture("sample");
+
+    QTest::mouseClick(note(*this, "Where you left off")->viewport(), Qt::LeftButton);
+    type("x");
+    press(Qt::Key_Escape);
+    clickRow(list("Checkpoint history"), 1);
+    CHECK(seesText("Choosing the layout"));
+    clickRow(list("Checkpoint history"), 0);
+    CHECK_FALSE(note(*this, "Where you left off")->text().contains('x'));
+    CHECK_FALSE(QFile::exists(libraryPath()));
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "a project is made, a checkpoint saved, and all is there after a restart")
+{
+    openWindow();
+    CHECK(seesText("Create a project to save your first checkpoint."));
+    picture("no-projects");
+    press(Qt::Key_N, Qt::ControlModifier);
+    CHECK(seesText("A home for your work."));
+    CHECK_FALSE(findButton("Create project")); // Without a name there is nothing to create.
+    type("  Thesis ");
+    picture("new-project");
+    press(Qt::Key_Return);
+    CHECK(seesText("Your project is ready"));
+    picture("empty-project");
+
+    click("Save first checkpoint");
+    REQUIRE(eventually([this] { return seesText("Checkpoint saved."); }));
+    REQUIRE(store().checkpoints().size() == 1);
+    CHECK(list("Checkpoint history")->model()->rowCount() == 1);
+    CHECK(seesText("1 saved"));
+    CHECK(seesText(u"1 apps · 0 pages · Choose what to reopen"_qs));
+    REQUIRE(shownPicture(*this));
+    CHECK(eventually([this] { return shownPicture(*this)->isShown(); }));
+    picture("saved");
+    click("Dismiss the message");
+    CHECK_FALSE(seesText("Checkpoint saved."));
+
+    press(Qt::Key_S, Qt::ControlModifier);
+    REQUIRE(eventually([this] { return store().checkpoints().size() == 2; }));
+    restart();
+    CHECK(seesText("2 saved"));
+    CHECK(list("Projects")->model()->rowCount() == 1);
+    CHECK(shownPicture(*this));
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "a quick list is written into a note, kept, and taken back by undo")
+{
+    openWindow();
+    store().createProject("Thesis");
+    const Checkpoint checkpoint = saveCheckpoint(store().projects().first().id, "Chapter", 10);
+    settle();
+    QuickListEditor *const editor = note(*this, "Your next small step");
+    QTest::mouseClick(editor->viewport(), Qt::LeftButton);
+    CHECK(seesText(u"Enter for next item · Click away to finish"_qs));
+    type("milk");
+    press(Qt::Key_Return);
+    type("eggs");
+    press(Qt::Key_Return);
+    CHECK(editor->text() == u"• milk\n• eggs\n• "_qs);
+    press(Qt::Key_Return);
+    CHECK(editor->text() == u"• milk\n• eggs\n"_qs);
+    editor->undo();
+    CHECK(editor->text() == u"• milk\n• eggs\n• "_qs);
+    picture("quick-list");
+    // A click elsewhere ends the editing, and what was typed is on disk.
+    QTest::mouseClick(window->content(), Qt::LeftButton, Qt::NoModifier, QPoint(2, 500));
+    settle();
+    CHECK_FALSE(editor->hasFocus());
+    CHECK(CheckpointRepository(root()).loadLibrary().checkpoints.first().nextStep == u"• milk\n• eggs\n• "_qs);
+    // The list and the timeline show the first line.
+    CHECK(list("Checkpoint history")->model()->index(0, 0).data().toString() == "milk");
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "a note is kept when another checkpoint is chosen, and when the window closes")
+{
+    openWindow();
+    store().createProject("Thesis");
+    const QUuid project = store().projects().first().id;
+    const Checkpoint older = saveCheckpoint(project, "Older", 10);
+    const Checkpoint newer = saveCheckpoint(project, "Newer", 20);
+    settle();
+    QTest::mouseClick(note(*this, "Where you left off")->viewport(), Qt::LeftButton);
+    type("one");
+    press(Qt::Key_PageDown, Qt::ControlModifier); // The next checkpoint.
+    CHECK(seesText("Older"));
+    CHECK(store().checkpoint(newer.id)->objective == u"• one"_qs);
+    CHECK(store().checkpoint(older.id)->objective.isEmpty());
+    CHECK(store().selection() == older.id); // A late write does not pull the old one back.
+    QTest::mouseClick(note(*this, "Where you left off")->viewport(), Qt::LeftButton);
+    type("two");
+    window->close();
+    CHECK(store().checkpoint(older.id)->objective == u"• two"_qs);
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "a note that cannot be written stays on screen and says so")
+{
+    openWindow();
+    store().createProject("Thesis");
+    saveCheckpoint(store().projects().first().id, "Chapter", 10);
+    settle();
+    breakLibrary();
+    QuickListEditor *const editor = note(*this, "Where you left off");
+    QTest::mouseClick(editor->viewport(), Qt::LeftButton);
+    type("x");
+    press(Qt::Key_Escape);
+    CHECK(seesText("Something needs attention"));
+    picture("error");
+    press(Qt::Key_Return);
+    CHECK_FALSE(seesText("Something needs attention"));
+    CHECK_FALSE(store().error());
+    CHECK(editor->text() == u"• x"_qs);
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "text composed with an input method is taken as it is composed")
+{
+    openWindow();
+    store().createProject("Thesis");
+    saveCheckpoint(store().projects().first().id, "Chapter", 10);
+    settle();
+    QuickListEditor *const editor = note(*this, "Where you left off");
+    editor->setFocus();
+    const auto compose = [editor](const QString &preedit, const QString &commit) {
+        QInputMethodEvent event(preedit, {});
+        event.setCommitString(commit);
+        QApplication::sendEvent(editor, &event);
+    };
+    compose(u"か"_qs, {});
+    compose(u"かん"_qs, {});
+    compose({}, u"漢"_qs);
+    CHECK(editor->text() == u"漢"_qs);
+    editor->selectAll();
+    press(Qt::Key_Delete);
+    compose({}, u"字"_qs); // Committed without composing, as typing is.
+    CHECK(editor->text() == u"• 字"_qs);
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "search narrows the list and the overview to what matches")
+{
+    openWindow();
+    for (const char *name : {"Thesis", "Garden", "Release"})
+        store().createProject(name);
+    saveCheckpoint(store().projects().at(1).id, "Tomatoes and Thes", 10);
+    click("All projects");
+    press(Qt::Key_F, Qt::ControlModifier);
+    type("thes");
+    CHECK(list("Projects")->model()->rowCount() == 2); // One by name, one by the title of a checkpoint.
+    CHECK(findButton("Actions for Garden"));
+    CHECK_FALSE(findButton("Actions for Release"));
+    picture("search");
+    type("xyz");
+    CHECK(seesText("No projects match your search."));
+    picture("search-nothing");
+    press(Qt::Key_Escape);
+    CHECK(list("Projects")->model()->rowCount() == 3);
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "projects are dragged into another order, one write for each place passed")
+{
+    openWindow();
+    for (const char *name : {"A", "B", "C", "D"})
+        store().createProject(name);
+    settle();
+    QListView *const projects = list("Projects");
+    const auto center = [&](int row) {
+        return projects->viewport()->mapToGlobal(projects->visualRect(projects->model()->index(row, 0)).center());
+    };
+    // The X server's own pointer, since a drag takes no other. It moves by itself while the drag runs its own loop.
+    const QPoint bottom = center(3);
+    const QPoint top = center(0);
+    const auto at = [](const QPoint &place) {
+        return QStringList{"mousemove", QString::number(place.x()), QString::number(place.y()), "sleep", "0.03"};
+    };
+    QStringList way = at(bottom) + QStringList{"mousedown", "1"};
+    for (int y = bottom.y(); y > top.y(); y -= 6)
+        way += at({bottom.x(), y});
+    way += at(top) + at(top) + QStringList{"mouseup", "1"};
+    int writes = 0;
+    const auto counting = store().projects.addNotifier([&writes] { ++writes; });
+    QProcess pointer;
+    pointer.start("xdotool", way);
+    REQUIRE(eventually([&] { return pointer.state() == QProcess::NotRunning; }));
+    CHECK(eventually([this] { return names(store().projects()) == QStringList{"D", "A", "B", "C"}; }));
+    CHECK(writes == 3);
+    picture("dragged");
+
+    // The keyboard does the same.
+    projects->setFocus();
+    press(Qt::Key_Down, Qt::AltModifier);
+    CHECK(names(store().projects()) == QStringList{"A", "D", "B", "C"});
+    restart();
+    CHECK(names(store().projects()) == QStringList{"A", "D", "B", "C"});
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "a project is blocked with a reason, its reason edited, and marked active again")
+{
+    openWindow();
+    store().createProject("Thesis");
+    settle();
+    click("Mark blocked…");
+    CHECK(seesText("Mark project blocked"));
+    press(Qt::Key_Return); // A reason is optional.
+    CHECK(seesText("No reason added yet."));
+    click("Edit reason");
+    CHECK(seesText("Edit blocker"));
+    type(" Approval of the outline ");
+    click("Save reason");
+    CHECK(seesText("Approval of the outline"));
+    picture("blocked");
+    click("All projects");
+    CHECK(seesText("WAITING FOR"));
+    CHECK(seesText(u"0 active · 1 blocked"_qs));
+    picture("overview-blocked");
+    click("Actions for Thesis");
+    choose("Mark active");
+    CHECK(seesText(u"1 active · 0 blocked"_qs));
+    click("Open project Thesis");
+    CHECK(findButton("Mark blocked…"));
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "an archived project leaves the lists and comes back")
+{
+    openWindow();
+    store().createProject("Thesis");
+    store().createProject("Garden");
+    settle();
+    clickRow(list("Projects"), 0, Qt::RightButton);
+    choose("Archive project");
+    click("All projects");
+    CHECK_FALSE(findButton("Actions for Thesis"));
+    click("Show archived");
+    CHECK(seesText("Archived projects"));
+    CHECK(seesText("ARCHIVED"));
+    CHECK(findButton("Actions for Thesis"));
+    picture("archived");
+    click("Open project Thesis");
+    CHECK(seesText("Archived"));
+    click("Unarchive project");
+    CHECK_FALSE(store().projects().first().archivedAt);
+    click("All projects");
+    CHECK(findButton("Actions for Thesis"));
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "an image is added to a checkpoint and removed again")
+{
+    openWindow();
+    store().createProject("Thesis");
+    Checkpoint checkpoint{.title = "Chapter", .projectID = store().projects().first().id};
+    REQUIRE(store().save(checkpoint));
+    settle();
+    CHECK(seesText("No screenshot saved"));
+    picture("no-screenshot");
+    QImage image(640, 400, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    REQUIRE(image.save(home.filePath("photo.png")));
+    click("Add image…");
+    auto *const dialog = window->findChild<QFileDialog *>();
+    REQUIRE(dialog);
+    dialog->selectFile(home.filePath("photo.png"));
+    Q_EMIT dialog->fileSelected(home.filePath("photo.png"));
+    dialog->reject();
+    REQUIRE(eventually([this] { return shownPicture(*this) && shownPicture(*this)->isShown(); }));
+    CHECK(seesText("Image added. A copy is saved with this checkpoint."));
+    picture("image-added");
+    click("Remove");
+    CHECK(seesText("No screenshot saved"));
+    CHECK_FALSE(store().checkpoints().first().screenshot);
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "a screenshot that is missing or damaged is named, never an empty frame")
+{
+    openWindow();
+    store().createProject("Thesis");
+    const QUuid project = store().projects().first().id;
+    const Checkpoint damaged = saveCheckpoint(project, "Damaged", 10);
+    Checkpoint missing{.title = "Missing", .projectID = project, .screenshot = home.filePath("nowhere.png")};
+    REQUIRE(store().save(missing));
+    settle();
+    REQUIRE(shownPicture(*this));
+    CHECK(shownPicture(*this)->isUnavailable());
+    picture("screenshot-unavailable");
+    store().selectCheckpoint(damaged.id);
+    settle();
+    REQUIRE(shownPicture(*this));
+    CHECK(eventually([this] { return shownPicture(*this)->isUnavailable(); }));
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "a checkpoint is deleted only after the question was answered so")
+{
+    openWindow();
+    store().createProject("Thesis");
+    const QUuid project = store().projects().first().id;
+    saveCheckpoint(project, "Older", 10);
+    saveCheckpoint(project, "Newer", 20);
+    settle();
+    press(Qt::Key_Delete, Qt::ControlModifier);
+    CHECK(seesText("Delete this checkpoint and its local recording?"));
+    picture("delete-checkpoint");
+    press(Qt::Key_Return); // Deleting wants its own button.
+    CHECK(store().checkpoints().size() == 2);
+    clickRow(list("Checkpoint history"), 1, Qt::RightButton);
+    choose("Delete checkpoint…");
+    CHECK(seesText(u"This removes “Older” and its local screenshot or recording."_qs));
+    press(Qt::Key_Escape);
+    CHECK(store().checkpoints().size() == 2);
+    press(Qt::Key_Delete, Qt::ControlModifier);
+    click("Delete checkpoint");
+    REQUIRE(store().checkpoints().size() == 1);
+    CHECK(seesText("1 saved"));
+    CHECK(store().checkpoints().first().title == "Older");
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "a project is deleted with all it holds only after the question was answered so")
+{
+    openWindow();
+    store().createProject("Thesis");
+    saveCheckpoint(store().projects().first().id, "Chapter", 10);
+    click("All projects");
+    click("Actions for Thesis");
+    choose("Delete project…");
+    CHECK(seesText(u"Delete “Thesis” and all 1 checkpoints, including their local screenshots and recordings? This "
+                   "cannot be undone."_qs));
+    press(Qt::Key_Escape);
+    CHECK(store().projects().size() == 1);
+    click("Actions for Thesis");
+    choose("Delete project…");
+    click("Delete project");
+    CHECK(store().projects().isEmpty());
+    CHECK(seesText("Create a project to save your first checkpoint."));
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "the manager opens and deletes checkpoints, and shows when none is left")
+{
+    openWindow();
+    store().createProject("Thesis");
+    const QUuid project = store().projects().first().id;
+    saveCheckpoint(project, "Older", 10);
+    saveCheckpoint(project, "Newer", 20);
+    settle();
+    click("Manage checkpoints");
+    CHECK(seesText("Selected: Newer"));
+    picture("manager");
+    press(Qt::Key_Down);
+    CHECK(seesText("Selected: Older"));
+    click("Actions for Older");
+    choose("Open checkpoint");
+    CHECK(seesText("Older"));
+    CHECK_FALSE(window->sheets().isCovering());
+    CHECK(findButton("Back to latest"));
+    click("Manage checkpoints");
+    for (int left = 2; left > 0; --left) {
+        click("Delete selected checkpoint…");
+        click("Delete checkpoint");
+        CHECK(store().checkpoints().size() == left - 1);
+    }
+    CHECK(seesText("No checkpoints"));
+    picture("manager-empty");
+    click("Done");
+    CHECK(seesText("Your project is ready"));
+}

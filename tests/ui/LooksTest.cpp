@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/ui/WindowFixture.h"
+
+#include "ui/theme/AppTheme.h"
+
+#include <QImage>
+#include <QLabel>
+#include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
+
+using namespace ardeno;
+
+namespace {
+
+// A screenshot with something on it.
+QImage drawnScreen()
+{
+    QImage image(1920, 1080, QImage::Format_RGB32);
+    QPainter painter(&image);
+    QLinearGradient ground(0, 0, 1920, 1080);
+    ground.setColorAt(0, QColor(60, 88, 140));
+    ground.setColorAt(1, QColor(140, 150, 190));
+    painter.fillRect(image.rect(), ground);
+    painter.fillRect(QRect(80, 70, 900, 620), Qt::white);
+    painter.fillRect(QRect(1060, 160, 740, 480), QColor(30, 32, 40));
+    return image;
+}
+
+// Labels of one line whose text does not fit, among those that are seen.
+QStringList cutTexts(const QWidget *window)
+{
+    QStringList cut;
+    for (const QLabel *const label : window->findChildren<QLabel *>()) {
+        const bool isCut = label->wordWrap() ? label->height() < label->heightForWidth(label->width())
+                                             : label->width() < label->sizeHint().width();
+        if (label->isVisible() && isCut)
+            cut << label->text();
+    }
+    return cut;
+}
+
+struct LooksFixture : WindowFixture {
+    QUuid thesis;
+
+    void fill()
+    {
+        openWindow();
+        thesis = *store().createProject("Thesis");
+        const QUuid website = *store().createProject("Client website");
+        store().createProject("Ardeno release");
+        store().setProjectBlocker(website, "Waiting for the revised quote");
+        const double now = Date::now().seconds;
+        saveCheckpoint(website, "Start", now - 90'000);
+        saveCheckpoint(thesis, "Thesis", now - 200'000);
+        saveCheckpoint(thesis, "Compare both baselines", now - 86'400);
+        Checkpoint latest = saveCheckpoint(thesis, "Evaluation chapter", now - 60);
+        latest.nextStep = u"• Re-run the ablation with seed 7\n• Plot the variance"_qs;
+        latest.objective = "Both baselines run; the ablation with seed 7 diverges after epoch 3.";
+        latest.apps = {{"a", "A"}, {"b", "B"}};
+        REQUIRE(drawnScreen().save(*latest.screenshot));
+        REQUIRE(store().save(latest));
+        store().notice.set("Checkpoint saved.");
+        settle();
+    }
+
+    void pictures(const QString &name)
+    {
+        AppTheme &theme = AppTheme::instance();
+        theme.setAppearance({Scheme::Dark, Contrast::Normal, Motion::Normal});
+        settle();
+        picture(name + "-dark");
+        theme.setAppearance({Scheme::Dark, Contrast::High, Motion::Reduced});
+        settle();
+        picture(name + "-high-contrast");
+        theme.setAppearance({});
+        settle();
+        picture(name + "-light");
+        CHECK(cutTexts(window.get()) == QStringList());
+    }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(LooksFixture, "no text is cut on any screen, also in the narrowest window")
+{
+    fill();
+    pictures("detail");
+    window->resize(960, 690);
+    settle();
+    pictures("detail-narrow");
+    auto *const page = window->findChild<QScrollArea *>();
+    REQUIRE(page);
+    page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum());
+    settle();
+    pictures("notes");
+    store().showProjects();
+    settle();
+    pictures("overview-narrow");
+    window->resize(1170, 790);
+    settle();
+    pictures("overview");
+    store().showNewProject.set(true);
+    settle();
+    pictures("sheet");
+}
+
+TEST_CASE_FIXTURE(LooksFixture, "texts of any length and kind stay in their places")
+{
+    openWindow();
+    const QString longName = QString("A project with a name that nobody would want to read ").repeated(6);
+    const QUuid id = *store().createProject(longName);
+    store().createProject(u"مشروع التخرج"_qs);
+    store().createProject(u"プロジェクト 🚀"_qs);
+    store().setProjectBlocker(id, QString("a reason\nwith lines ").repeated(20));
+    Checkpoint checkpoint = saveCheckpoint(id, QString("Title ").repeated(40), 10);
+    checkpoint.nextStep = QString("A step of many words ").repeated(40);
+    checkpoint.objective = u"<b>not bold</b> &amp; plain\n"_qs + QString("line\n").repeated(60);
+    REQUIRE(store().save(checkpoint));
+    window->resize(960, 690);
+    settle();
+    CHECK(window->width() == 960); // No text widens the window.
+    picture("long-texts");
+    CHECK(seesText(checkpoint.title));
+    store().showProjects();
+    settle();
+    CHECK(window->width() == 960);
+    picture("long-texts-overview");
+}
+
+TEST_CASE_FIXTURE(LooksFixture, "thousands of checkpoints and projects are shown by as many widgets as a few")
+{
+    {
+        WorkspaceLibrary library;
+        for (int i = 0; i < 2000; ++i)
+            library.projects.append({.name = QString("Project %1").arg(i)});
+        for (int i = 0; i < 10'000; ++i)
+            library.checkpoints.append({.title = QString("Checkpoint %1").arg(i),
+                                        .projectID = library.projects.first().id,
+                                        .createdAt = {double(i)}});
+        CheckpointRepository(root()).saveLibrary(library);
+    }
+    openWindow();
+    CHECK(seesText("10000 saved"));
+    CHECK(list("Checkpoint history")->model()->rowCount() == 10'000);
+    picture("thousands");
+    click("Manage checkpoints");
+    press(Qt::Key_End);
+    CHECK(seesText("Selected: Checkpoint 0"));
+    picture("thousands-managed");
+    press(Qt::Key_Escape);
+    click("All projects");
+    CHECK(list("Projects")->model()->rowCount() == 2000);
+    CHECK(window->findChildren<QWidget *>().size() < 400);
+    picture("thousands-overview");
+}

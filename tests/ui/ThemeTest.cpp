@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/theme/AppTheme.h"
+#include "ui/theme/AppearanceSettings.h"
+#include "ui/theme/Symbols.h"
+
+#include "tests/Printing.h"
+
+#include <QDBusVariant>
+#include <QDir>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace ardeno;
+
+namespace {
+
+double linear(double component)
+{
+    return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor &color)
+{
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor &a, const QColor &b)
+{
+    const auto [dark, light] = std::minmax(luminance(a), luminance(b));
+    return (light + 0.05) / (dark + 0.05);
+}
+
+QColor over(const QColor &top, const QColor &ground)
+{
+    const auto mixed = [&](float a, float b) { return a * top.alphaF() + b * (1 - top.alphaF()); };
+    return QColor::fromRgbF(mixed(top.redF(), ground.redF()), mixed(top.greenF(), ground.greenF()),
+                            mixed(top.blueF(), ground.blueF()));
+}
+
+struct Pair {
+    Role text;
+    Role ground;
+    std::optional<Role> soft = {};
+};
+
+// Every text on every ground that the views put it on.
+const Pair pairs[] = {
+    {Role::Text, Role::Paper},
+    {Role::Text, Role::Sidebar},
+    {Role::Text, Role::Card},
+    {Role::Dim, Role::Paper},
+    {Role::Dim, Role::Sidebar},
+    {Role::Dim, Role::Card},
+    {Role::AccentText, Role::Paper},
+    {Role::AccentText, Role::Card},
+    {Role::AccentText, Role::Sidebar, Role::AccentSoft},
+    {Role::AccentText, Role::Paper, Role::AccentSoft},
+    {Role::DimOnSoft, Role::Sidebar, Role::AccentSoft},
+    {Role::DimOnSoft, Role::Paper, Role::AccentSoft},
+    {Role::DimOnSoft, Role::Sidebar, Role::Hover},
+    {Role::Text, Role::Paper, Role::Hover},
+    {Role::AmberText, Role::Paper, Role::AmberSoft},
+    {Role::AmberText, Role::Sidebar},
+    {Role::AmberText, Role::Card},
+    {Role::SageText, Role::Paper, Role::SageSoft},
+    {Role::RecordingText, Role::Paper},
+    {Role::Placeholder, Role::Field},
+    {Role::OnAccent, Role::Accent},
+    {Role::OnAccent, Role::Recording},
+};
+
+} // namespace
+
+TEST_CASE("every text reaches a contrast of 4.5 to 1, and 7 to 1 where high contrast is asked for")
+{
+    AppTheme &theme = AppTheme::instance();
+    for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
+        for (const Contrast wanted : {Contrast::Normal, Contrast::High}) {
+            theme.setAppearance({scheme, wanted, Motion::Normal});
+            for (const Pair &pair : pairs) {
+                const QColor ground =
+                    pair.soft ? over(theme.color(*pair.soft), theme.color(pair.ground)) : theme.color(pair.ground);
+                CAPTURE(static_cast<int>(pair.text));
+                CAPTURE(static_cast<int>(pair.ground));
+                CAPTURE(static_cast<int>(scheme));
+                const bool isOnFill = pair.text == Role::OnAccent; // The fills keep their exact values.
+                CHECK(contrast(theme.color(pair.text), ground) >= (wanted == Contrast::High && !isOnFill ? 7.0 : 4.5));
+            }
+        }
+    }
+    theme.setAppearance({});
+}
+
+TEST_CASE("the filling colours are the same in light and dark")
+{
+    AppTheme &theme = AppTheme::instance();
+    for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
+        theme.setAppearance({scheme, Contrast::Normal, Motion::Normal});
+        CHECK(theme.color(Role::Accent) == QColor(82, 99, 158));
+        CHECK(theme.color(Role::Sage) == QColor(87, 133, 105));
+        CHECK(theme.color(Role::Amber) == QColor(171, 120, 51));
+        CHECK(theme.color(Role::Recording) == QColor(179, 71, 71));
+    }
+    theme.setAppearance({});
+}
+
+TEST_CASE("what the settings portal says is understood, and what it leaves out stays")
+{
+    const auto read = [](const Appearance &before, const QString &group, const QString &key, const QVariant &value) {
+        // Values come wrapped as variants, from some portals twice.
+        return AppearanceSettings::read(before, group, {{key, QVariant::fromValue(QDBusVariant(value))}});
+    };
+    const QString appearance = "org.freedesktop.appearance";
+    const Appearance dark{Scheme::Dark, Contrast::High, Motion::Reduced};
+    CHECK(read({}, appearance, "color-scheme", 1U).scheme == Scheme::Dark);
+    CHECK(read(dark, appearance, "color-scheme", 2U) == Appearance{Scheme::Light, Contrast::High, Motion::Reduced});
+    CHECK(read({}, appearance, "contrast", 1U).contrast == Contrast::High);
+    CHECK(read(dark, appearance, "contrast", 0U).contrast == Contrast::Normal);
+    CHECK(read({}, "org.gnome.desktop.interface", "enable-animations", false).motion == Motion::Reduced);
+    CHECK(read(dark, appearance, "accent-color", 1U) == dark);
+    CHECK(read(dark, "org.example", "color-scheme", 2U) == dark);
+}
+
+TEST_CASE("every symbol can be drawn, tinted, at every scale")
+{
+    CHECK(Symbols::exists("folder"));
+    const QDir symbols(":/symbols");
+    REQUIRE(symbols.entryList().size() > 25);
+    for (const QString &file : symbols.entryList()) {
+        const QString name = QString(file).remove(".svg");
+        CAPTURE(name);
+        for (const double scale : {1.0, 1.5, 2.0}) {
+            QImage image(qRound(16 * scale), qRound(16 * scale), QImage::Format_ARGB32_Premultiplied);
+            image.setDevicePixelRatio(scale);
+            image.fill(Qt::transparent);
+            QPainter painter(&image);
+            Symbols::draw(painter, name, {0, 0, 16, 16}, Qt::red);
+            painter.end();
+            bool isRed = false;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    const QColor pixel = image.pixelColor(x, y);
+                    isRed = isRed || (pixel.red() > 200 && pixel.green() < 60 && pixel.alpha() > 150);
+                }
+            }
+            CHECK(isRed);
+        }
+    }
+}

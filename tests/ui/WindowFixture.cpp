@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/ui/WindowFixture.h"
+
+#include "ui/controls/Label.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTest>
+
+#include <algorithm>
+
+namespace ardeno {
+
+void WindowFixture::openWindow()
+{
+    store();
+    window = std::make_unique<MainWindow>(screens);
+    window->show();
+    REQUIRE(QTest::qWaitForWindowActive(window.get()));
+    window->open(store());
+    settle();
+}
+
+void WindowFixture::restart()
+{
+    window.reset();
+    opened.reset();
+    openWindow();
+}
+
+void WindowFixture::settle()
+{
+    for (int round = 0; round < 5; ++round) {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+}
+
+bool WindowFixture::eventually(const std::function<bool()> &condition)
+{
+    const bool held = QTest::qWaitFor(condition, 20'000);
+    settle();
+    return held;
+}
+
+QAbstractButton *WindowFixture::findButton(const QString &text) const
+{
+    QWidget *const root = window->sheets().isCovering() ? window->sheets().topSheet() : window->content();
+    for (auto *const candidate : root->findChildren<QAbstractButton *>()) {
+        const bool isNamed = candidate->text() == text || candidate->accessibleName() == text;
+        if (isNamed && candidate->isVisible() && candidate->isEnabled())
+            return candidate;
+    }
+    return nullptr;
+}
+
+QAbstractButton *WindowFixture::button(const QString &text) const
+{
+    QAbstractButton *const found = findButton(text);
+    CAPTURE(text);
+    REQUIRE(found);
+    return found;
+}
+
+void WindowFixture::click(const QString &buttonText)
+{
+    QTest::mouseClick(button(buttonText), Qt::LeftButton);
+    settle();
+}
+
+void WindowFixture::press(int key, Qt::KeyboardModifiers modifiers)
+{
+    QWidget *const target = QApplication::focusWidget() ? QApplication::focusWidget() : window.get();
+    QTest::keyClick(target, static_cast<Qt::Key>(key), modifiers);
+    settle();
+}
+
+void WindowFixture::type(const QString &text)
+{
+    REQUIRE(QApplication::focusWidget());
+    for (const QChar character : text)
+        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, character, Qt::NoModifier);
+    settle();
+}
+
+void WindowFixture::choose(const QString &entry)
+{
+    REQUIRE(eventually([] { return QApplication::activePopupWidget() != nullptr; }));
+    auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    REQUIRE(menu);
+    const QList<QAction *> actions = menu->actions();
+    const auto found =
+        std::find_if(actions.begin(), actions.end(), [&](const QAction *action) { return action->text() == entry; });
+    CAPTURE(entry);
+    REQUIRE(found != actions.end());
+    REQUIRE((*found)->isEnabled());
+    QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(*found).center());
+    settle();
+}
+
+bool WindowFixture::seesText(const QString &text) const
+{
+    const QList<QWidget *> all = window->findChildren<QWidget *>();
+    return std::any_of(all.begin(), all.end(), [&](const QWidget *candidate) {
+        const auto *const label = qobject_cast<const QLabel *>(candidate);
+        const auto *const field = qobject_cast<const QLineEdit *>(candidate);
+        const QString shown = label ? label->text() : field ? field->text() : candidate->accessibleName();
+        return candidate->isVisible() && shown == text;
+    });
+}
+
+QListView *WindowFixture::list(const QString &name) const
+{
+    auto *const found = qobject_cast<QListView *>(widget(name));
+    REQUIRE(found);
+    return found;
+}
+
+QWidget *WindowFixture::widget(const QString &accessibleName) const
+{
+    for (QWidget *const candidate : window->findChildren<QWidget *>()) {
+        const bool isControl = candidate->focusPolicy() != Qt::NoFocus || qobject_cast<QLabel *>(candidate);
+        if (candidate->accessibleName() == accessibleName && candidate->isVisible() && isControl)
+            return candidate;
+    }
+    return nullptr;
+}
+
+void WindowFixture::clickRow(QListView *view, int row, Qt::MouseButton which)
+{
+    const QModelIndex index = view->model()->index(row, 0);
+    view->scrollTo(index);
+    settle();
+    const QPoint place = view->visualRect(index).center();
+    QTest::mouseClick(view->viewport(), which, Qt::NoModifier, place);
+    if (which == Qt::RightButton) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, view->viewport()->mapToGlobal(place));
+        QApplication::sendEvent(view->viewport(), &event);
+    }
+    settle();
+}
+
+void WindowFixture::picture(const QString &name) const
+{
+    QDir().mkpath(ARDENO_PICTURES);
+    CHECK(window->grab().save(QString(ARDENO_PICTURES "/%1.png").arg(name)));
+}
+
+} // namespace ardeno

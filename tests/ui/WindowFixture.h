@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "tests/store/StoreFixture.h"
+#include "ui/main/MainWindow.h"
+
+#include <QAbstractButton>
+#include <QListView>
+
+#include <functional>
+#include <memory>
+
+namespace ardeno {
+
+// The main window over a store on a real folder, worked by keys and clicks as a person would.
+struct WindowFixture : StoreFixture {
+    Screens screens;
+    std::unique_ptr<MainWindow> window;
+
+    ~WindowFixture() { window.reset(); }
+
+    // A window on what is stored, as after a start of the program.
+    void openWindow();
+    // Closes the window and the store, and opens both anew.
+    void restart();
+
+    // Runs the event loop until nothing is queued any more.
+    static void settle();
+    static bool eventually(const std::function<bool()> &condition);
+
+    // What a person can see and press: visible, enabled, and not beneath a sheet. Null when there is none.
+    QAbstractButton *findButton(const QString &text) const;
+    // The same; it must be there.
+    QAbstractButton *button(const QString &text) const;
+    void click(const QString &buttonText);
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void type(const QString &text);
+    // Chooses an entry of the menu that is open.
+    void choose(const QString &entry);
+    bool seesText(const QString &text) const;
+    QListView *list(const QString &name) const;
+    void clickRow(QListView *view, int row, Qt::MouseButton which = Qt::LeftButton);
+    QWidget *widget(const QString &accessibleName) const;
+
+    // Leaves a picture of the window for people to look at.
+    void picture(const QString &name) const;
+};
+
+} // namespace ardeno

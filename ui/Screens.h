@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "model/WorkspaceRecords.h"
+
+#include <functional>
+
+class QWidget;
+
+namespace ardeno {
+
+class AppStore;
+class Sheet;
+
+// The screens that the main window opens and does not build itself. One that is absent has no button anywhere.
+struct Screens {
+    using MakeSheet = std::function<Sheet *(AppStore &)>;
+
+    MakeSheet capture = {};     // For showCapture.
+    MakeSheet restore = {};     // For showRestore, with the selected checkpoint.
+    MakeSheet preferences = {}; // For showSettings.
+    std::function<Sheet *(AppStore &, const Checkpoint &)> edit = {};
+    // What a checkpoint holds of the workspace, at the end of its detail.
+    std::function<QWidget *(AppStore &, const QUuid &)> workspaceItems = {};
+    std::function<void(const Checkpoint &)> viewScreenshot = {};
+    // Ends a recorded session and saves its checkpoint.
+    std::function<void(AppStore &)> stopRecording = {};
+    // Where an offered version and the newsletter are; absent: nothing to open.
+    std::function<void(AppStore &)> openUpdate = {};
+    std::function<void()> openNewsletter = {};
+};
+
+} // namespace ardeno

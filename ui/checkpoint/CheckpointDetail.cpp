@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/checkpoint/CheckpointDetail.h"
+
+#include "ui/checkpoint/ScreenshotCard.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Sheet.h"
+#include "ui/note/InlineNote.h"
+#include "ui/projects/ProjectText.h"
+
+#include <QDesktopServices>
+
+namespace ardeno {
+
+CheckpointDetail::CheckpointDetail(AppStore &store, const Screens &screens, const Checkpoint &checkpoint)
+    : m_store(store),
+      m_screens(screens),
+      m_sample(checkpoint.isSample ? checkpoint : Checkpoint()),
+      m_id(checkpoint.id),
+      m_title(makeParagraph({}, TextStyle::Title)),
+      m_objective(makeNote(&Checkpoint::objective)),
+      m_nextStep(makeNote(&Checkpoint::nextStep))
+{
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // Drawn only when needed; the page keeps its width.
+    setFocusPolicy(Qt::NoFocus);
+    setAccessibleName(tr("Checkpoint"));
+    setWidget(makePage(checkpoint));
+    viewport()->setAutoFillBackground(false);
+    widget()->setAutoFillBackground(false);
+    m_observations.watch([this] { showCheckpoint(); }, store.checkpoints, store.projects, store.runningApplicationIDs);
+}
+
+QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
+{
+    auto *page = new QWidget;
+    auto *column = makeColumn(0, page);
+    column->setContentsMargins(28, 22, 18, 28);
+    column->addWidget(makeEyebrow(checkpoint));
+    column->addSpacing(5);
+    column->addWidget(m_title);
+    column->addSpacing(3);
+    column->addWidget(makeParagraph(checkpoint.isSample ? tr("A sample checkpoint. Explore the saved workspace below.")
+                                                        : tr("A screenshot, your workspace and a place to continue."),
+                                    TextStyle::Body, Role::Dim));
+    column->addSpacing(16);
+    column->addWidget(makeResumeRow());
+    column->addSpacing(16);
+    column->addWidget(new ScreenshotCard(m_store, m_screens, checkpoint));
+    column->addSpacing(8);
+    column->addWidget(makeFooter(checkpoint));
+    column->addSpacing(16);
+    column->addWidget(m_objective);
+    column->addSpacing(10);
+    column->addWidget(m_nextStep);
+    if (m_screens.workspaceItems)
+        column->addWidget(m_screens.workspaceItems(m_store, m_id));
+    column->addStretch();
+    return page;
+}
+
+const Checkpoint *CheckpointDetail::current() const
+{
+    return m_sample.isSample ? &m_sample : m_store.checkpoint(m_id);
+}
+
+QWidget *CheckpointDetail::makeEyebrow(const Checkpoint &checkpoint)
+{
+    auto *line = new QWidget;
+    auto *row = makeRow(8, line);
+    const QString saved = tr("SAVED %1").arg(DateText::mediumDateShortTime(checkpoint.createdAt)).toUpper();
+    row->addWidget(
+        makeLabel(checkpoint.isSample ? tr("A GLIMPSE OF YOUR NEXT RETURN") : saved, TextStyle::Eyebrow, Role::Dim));
+    if (checkpoint.isSample) {
+        auto *badge = new Chip;
+        badge->show(tr("SAMPLE"), {}, Role::AccentText, Role::AccentSoft);
+        badge->setSmall();
+        row->addWidget(badge);
+    }
+    row->addStretch();
+    return line;
+}
+
+QWidget *CheckpointDetail::makeResumeRow()
+{
+    auto *line = new QWidget;
+    auto *row = makeRow(14, line);
+    if (m_screens.restore) {
+        m_resume = new Button(tr("Resume workspace"), Button::Kind::Prominent, "arrow.up.right");
+        m_resume->setLarge();
+        connect(m_resume, &QAbstractButton::clicked, this, [this] { m_store.showRestore.set(true); });
+        row->addWidget(m_resume);
+    }
+    m_caption = makeLabel({}, TextStyle::Small, Role::Dim);
+    row->addWidget(m_caption);
+    row->addStretch();
+    return line;
+}
+
+QWidget *CheckpointDetail::makeFooter(const Checkpoint &checkpoint)
+{
+    auto *footer = new QWidget;
+    auto *row = makeRow(7, footer);
+    row->addWidget(new SymbolView("lock", Role::Dim, 14));
+    row->addWidget(makeLabel(checkpoint.isSample ? tr("Sample content · no capture has taken place")
+                                                 : tr("Stored on this Mac · no cloud upload"),
+                             TextStyle::Small, Role::Dim));
+    row->addStretch();
+    if (checkpoint.isSample)
+        return footer;
+    m_recording = new Button(tr("View recording"), Button::Kind::Plain, "film");
+    connect(m_recording, &QAbstractButton::clicked, this, [this] {
+        const Checkpoint *const shown = current();
+        if (shown && shown->recording && !QDesktopServices::openUrl(QUrl::fromLocalFile(*shown->recording)))
+            m_store.error.set(tr("Could not open the recording: there is no application for it."));
+    });
+    row->addWidget(m_recording);
+    if (m_screens.edit) {
+        auto *edit = new Button(tr("Checkpoint details…"), Button::Kind::Plain);
+        connect(edit, &QAbstractButton::clicked, this, [this] {
+            SheetHost *const host = SheetHost::of(this);
+            if (const Checkpoint *const shown = current(); host && shown)
+                host->present(m_screens.edit(m_store, *shown));
+        });
+        row->addWidget(edit);
+    }
+    return footer;
+}
+
+InlineNote *CheckpointDetail::makeNote(QString Checkpoint::*field)
+{
+    const bool isNext = field == &Checkpoint::nextStep;
+    const InlineNote::Text text{
+        .title = isNext ? tr("Your next small step") : tr("Where you left off"),
+        .symbol = isNext ? "arrow.turn.down.right" : "arrow.uturn.backward",
+        .placeholder =
+            isNext ? tr("Click to add your next step…") : tr("Add progress, context or decisions for your next visit…"),
+        .size = isNext ? InlineNote::Size::Prominent : InlineNote::Size::Normal,
+        .isSample = m_sample.isSample,
+    };
+    auto *note = new InlineNote(text);
+    note->installEventFilter(this);
+    if (!m_sample.isSample)
+        note->setOnCommit(
+            [&store = m_store, id = m_id, field](const QString &typed) { return store.updateNote(field, typed, id); });
+    return note;
+}
+
+bool CheckpointDetail::eventFilter(QObject *watched, QEvent *event)
+{
+    // A note that grows while it is written stays in view.
+    auto *const note = qobject_cast<QWidget *>(watched);
+    if (event->type() == QEvent::Resize && note && note->isAncestorOf(window()->focusWidget()))
+        QMetaObject::invokeMethod(note, [this, note] { ensureWidgetVisible(note, 0, 16); }, Qt::QueuedConnection);
+    return QScrollArea::eventFilter(watched, event);
+}
+
+void CheckpointDetail::commitNotes()
+{
+    m_objective->commit();
+    m_nextStep->commit();
+}
+
+void CheckpointDetail::showCheckpoint()
+{
+    const Checkpoint *const checkpoint = current();
+    if (!checkpoint)
+        return;
+    const Project *const project = m_store.selectedProject();
+    m_title->setText(ProjectText::title(*checkpoint, project ? project->name : QString()));
+    m_caption->setText(ProjectText::resumeCaption(*checkpoint));
+    m_objective->setText(checkpoint->objective);
+    m_nextStep->setText(checkpoint->nextStep);
+    if (m_recording)
+        m_recording->setVisible(checkpoint->recording.has_value());
+    if (m_resume)
+        showResume(*checkpoint);
+}
+
+void CheckpointDetail::showResume(const Checkpoint &checkpoint)
+{
+    const bool isActive = m_store.isWorkspaceActive(checkpoint);
+    const bool hasItems = !checkpoint.tabs.isEmpty() || (checkpoint.windows && !checkpoint.windows->isEmpty());
+    m_resume->setText(!isActive ? tr("Resume workspace") : hasItems ? tr("Review workspace") : tr("Workspace active"));
+    m_resume->setSymbol(isActive && !hasItems ? "checkmark" : "arrow.up.right");
+    m_resume->setEnabled(!isActive || hasItems);
+}
+
+} // namespace ardeno

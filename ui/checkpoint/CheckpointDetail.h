@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+#include "ui/Screens.h"
+
+#include <QScrollArea>
+
+class QLabel;
+class QVBoxLayout;
+
+namespace ardeno {
+
+class Button;
+class InlineNote;
+
+// The way back into one checkpoint: when it was saved, its picture, its notes. It is made anew for each checkpoint.
+class CheckpointDetail final : public QScrollArea {
+public:
+    CheckpointDetail(AppStore &store, const Screens &screens, const Checkpoint &checkpoint);
+
+    // Keeps what was typed into the notes.
+    void commitNotes();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QWidget *makePage(const Checkpoint &checkpoint);
+    QWidget *makeEyebrow(const Checkpoint &checkpoint);
+    QWidget *makeResumeRow();
+    QWidget *makeFooter(const Checkpoint &checkpoint);
+    InlineNote *makeNote(QString Checkpoint::*field);
+    void showCheckpoint();
+    void showResume(const Checkpoint &checkpoint);
+    const Checkpoint *current() const;
+
+    AppStore &m_store;
+    const Screens &m_screens;
+    Checkpoint m_sample; // The checkpoint when it is one of the sample's, which are not in the library.
+    QUuid m_id;
+    QLabel *m_title;
+    Button *m_resume = nullptr;
+    QLabel *m_caption = nullptr;
+    Button *m_recording = nullptr;
+    InlineNote *m_objective;
+    InlineNote *m_nextStep;
+    Observations m_observations;
+};
+
+} // namespace ardeno

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/checkpoint/ScreenshotCard.h"
+
+#include "ui/checkpoint/SampleWorkspace.h"
+#include "ui/checkpoint/ScreenshotImage.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/Label.h"
+
+#include <QFileDialog>
+
+namespace ardeno {
+
+ScreenshotCard::ScreenshotCard(AppStore &store, const Screens &screens, const Checkpoint &checkpoint)
+    : m_store(store),
+      m_screens(screens),
+      m_id(checkpoint.id),
+      m_isSample(checkpoint.isSample),
+      m_column(makeColumn(10, this)),
+      m_choose(new Button({}, Button::Kind::Plain)),
+      m_expand(new Button(tr("Expand"), Button::Kind::Plain, "arrow.up.left.and.arrow.down.right")),
+      m_remove(new Button(tr("Remove"), Button::Kind::Plain, "trash"))
+{
+    m_column->setContentsMargins(15, 12, 15, 14);
+    m_column->addWidget(makeHeader());
+    if (m_isSample)
+        m_column->addWidget(new SampleWorkspace);
+    else
+        m_observations.watch([this] { showCheckpoint(); }, store.checkpoints);
+}
+
+QWidget *ScreenshotCard::makeHeader()
+{
+    auto *header = new QWidget;
+    auto *row = makeRow(8, header);
+    row->addWidget(new SymbolView("photo", Role::Dim));
+    row->addWidget(makeLabel(tr("Screenshot"), TextStyle::Strong));
+    row->addStretch();
+    for (Button *const button : {m_choose, m_expand, m_remove}) {
+        row->addWidget(button);
+        button->setVisible(!m_isSample);
+    }
+    m_choose->setHint(tr("Choose an image from your Mac to save with this checkpoint"));
+    m_remove->setHint(tr("Delete this screenshot while keeping the checkpoint’s notes and workspace"));
+    connect(m_choose, &QAbstractButton::clicked, this, [this] { chooseImage(); });
+    connect(m_expand, &QAbstractButton::clicked, this, [this] { expand(); });
+    connect(m_remove, &QAbstractButton::clicked, this, [this] { m_store.removeScreenshot(m_id); });
+    return header;
+}
+
+QWidget *ScreenshotCard::makePlaceholder()
+{
+    auto *card = new Card(nullptr, Role::Paper, Role::Line, 8);
+    card->setFixedHeight(160);
+    auto *column = makeColumn(6, card);
+    column->addStretch();
+    column->addWidget(new SymbolView("photo", Role::Faint, 28), 0, Qt::AlignHCenter);
+    column->addWidget(makeLabel(tr("No screenshot saved"), TextStyle::Body, Role::Dim), 0, Qt::AlignHCenter);
+    column->addStretch();
+    return card;
+}
+
+QWidget *ScreenshotCard::makePicture(const Checkpoint &checkpoint)
+{
+    if (!checkpoint.screenshot)
+        return makePlaceholder();
+    const auto enlarging = m_screens.viewScreenshot ? ScreenshotImage::Enlarging::Yes : ScreenshotImage::Enlarging::No;
+    auto *image = new ScreenshotImage(*checkpoint.screenshot, enlarging);
+    connect(image, &QAbstractButton::clicked, this, [this] { expand(); });
+    return image;
+}
+
+void ScreenshotCard::showCheckpoint()
+{
+    const Checkpoint *const checkpoint = m_store.checkpoint(m_id);
+    if (!checkpoint || (m_shownPath && *m_shownPath == checkpoint->screenshot))
+        return;
+    m_shownPath = checkpoint->screenshot;
+    QWidget *const before = std::exchange(m_picture, makePicture(*checkpoint));
+    m_column->addWidget(m_picture);
+    delete before;
+    const bool hasPicture = checkpoint->screenshot.has_value();
+    m_choose->setText(hasPicture ? tr("Replace image…") : tr("Add image…"));
+    m_choose->setSymbol("photo.badge.plus");
+    m_expand->setVisible(hasPicture && m_screens.viewScreenshot);
+    m_remove->setVisible(hasPicture);
+}
+
+void ScreenshotCard::chooseImage()
+{
+    auto *dialog = new QFileDialog(window(), tr("Choose an image"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    // Filters by name, so that formats are offered which only the importer reads.
+    dialog->setNameFilters({tr("Images (%1)")
+                                .arg("*.png *.jpg *.jpeg *.heic *.heif *.avif *.webp *.tif *.tiff *.gif "
+                                     "*.bmp *.PNG *.JPG *.JPEG *.HEIC"),
+                            tr("All files (*)")});
+    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
+        m_store.importScreenshot(path, m_id); // It reports by itself.
+    });
+    dialog->open();
+}
+
+void ScreenshotCard::expand()
+{
+    const Checkpoint *const checkpoint = m_store.checkpoint(m_id);
+    if (checkpoint && checkpoint->screenshot && m_screens.viewScreenshot)
+        m_screens.viewScreenshot(*checkpoint);
+}
+
+} // namespace ardeno

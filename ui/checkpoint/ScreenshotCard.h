@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+#include "ui/Screens.h"
+#include "ui/controls/Ground.h"
+
+class QVBoxLayout;
+
+namespace ardeno {
+
+class Button;
+
+// The screenshot of one checkpoint with what can be done with it.
+class ScreenshotCard final : public Card {
+public:
+    ScreenshotCard(AppStore &store, const Screens &screens, const Checkpoint &checkpoint);
+
+private:
+    QWidget *makeHeader();
+    QWidget *makePicture(const Checkpoint &checkpoint);
+    QWidget *makePlaceholder();
+    void showCheckpoint();
+    void chooseImage();
+    void expand();
+
+    AppStore &m_store;
+    const Screens &m_screens;
+    QUuid m_id;
+    bool m_isSample;
+    std::optional<std::optional<QString>> m_shownPath; // Absent before the first.
+    QVBoxLayout *m_column;
+    Button *m_choose;
+    Button *m_expand;
+    Button *m_remove;
+    QWidget *m_picture = nullptr;
+    Observations m_observations;
+};
+
+} // namespace ardeno

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/checkpoint/ScreenshotImage.h"
+
+#include "ui/controls/Ground.h"
+#include "ui/theme/Drawing.h"
+#include "ui/theme/Symbols.h"
+
+#include <QFocusEvent>
+#include <QFontMetricsF>
+#include <QFutureWatcher>
+#include <QImageReader>
+#include <QPainter>
+#include <QPainterPath>
+#include <QtConcurrent>
+
+namespace ardeno {
+
+namespace {
+
+// A PNG of 8192 pixels square needs more than Qt's usual limit.
+constexpr int mostMegabytes = 512;
+
+QImage readScaled(const QString &path, int width)
+{
+    QImageReader reader(path);
+    const QImage full = reader.read();
+    return full.width() > width ? full.scaledToWidth(width, Qt::SmoothTransformation) : full;
+}
+
+} // namespace
+
+ScreenshotImage::ScreenshotImage(const QString &path, Enlarging enlarging, QWidget *parent)
+    : QAbstractButton(parent), m_path(path)
+{
+    QImageReader::setAllocationLimit(mostMegabytes);
+    m_fullSize = QImageReader(path).size();
+    m_isUnavailable = m_fullSize.isEmpty();
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    if (enlarging == Enlarging::Yes && !m_isUnavailable) {
+        setFocusPolicy(Qt::StrongFocus);
+        setAttribute(Qt::WA_Hover);
+        setCursor(Qt::PointingHandCursor);
+        setAccessibleName(tr("Expand saved screenshot"));
+        setAccessibleDescription(tr("Click to view, zoom and pan the full screenshot"));
+        setToolTip(tr("Open full-size screenshot"));
+    } else {
+        setFocusPolicy(Qt::NoFocus);
+        setAccessibleName(m_isUnavailable ? tr("Screenshot unavailable") : tr("Saved screenshot"));
+    }
+}
+
+QSize ScreenshotImage::sizeHint() const
+{
+    return {400, heightForWidth(400)};
+}
+
+int ScreenshotImage::heightForWidth(int width) const
+{
+    if (m_isUnavailable)
+        return 160;
+    // Never larger than it is.
+    const int shown = qMin(width, qRound(m_fullSize.width() / devicePixelRatioF()));
+    return qMax(1, qRound(double(shown) * m_fullSize.height() / m_fullSize.width()));
+}
+
+void ScreenshotImage::resizeEvent(QResizeEvent *)
+{
+    read();
+}
+
+void ScreenshotImage::read()
+{
+    const int wanted = qMin(m_fullSize.width(), qRound(width() * devicePixelRatioF()));
+    if (m_isUnavailable || wanted <= 0 || wanted == m_askedWidth)
+        return;
+    m_askedWidth = wanted;
+    auto *reading = new QFutureWatcher<QImage>(this);
+    connect(reading, &QFutureWatcherBase::finished, this, [this, reading, wanted] {
+        reading->deleteLater();
+        if (wanted == m_askedWidth)
+            take(reading->result());
+    });
+    reading->setFuture(QtConcurrent::run(readScaled, m_path, wanted));
+}
+
+void ScreenshotImage::take(const QImage &image)
+{
+    m_image = image;
+    if (image.isNull()) {
+        m_isUnavailable = true;
+        setAccessibleName(tr("Screenshot unavailable"));
+        updateGeometry();
+    }
+    update();
+}
+
+void ScreenshotImage::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    if (m_isUnavailable) {
+        Drawing::panel(painter, rect(), 8, themeColor(Role::Paper), themeColor(Role::Line));
+        Symbols::draw(painter, "photo", {width() / 2.0 - 14, height() / 2.0 - 30, 28, 28}, themeColor(Role::Faint));
+        Drawing::text(painter, QRectF(0, height() / 2.0 + 6, width(), 24), tr("Screenshot unavailable"),
+                      TextStyle::Body, themeColor(Role::Dim), Qt::AlignCenter);
+        return;
+    }
+    const int shown = qMin(width(), qRound(m_fullSize.width() / devicePixelRatioF()));
+    const QRectF target((width() - shown) / 2.0, 0, shown, height());
+    QPainterPath rounded;
+    rounded.addRoundedRect(target, 8, 8);
+    painter.setClipPath(rounded);
+    painter.fillRect(target, themeColor(Role::Line));
+    if (!m_image.isNull())
+        painter.drawImage(target, m_image);
+    painter.setClipping(false);
+    if (focusPolicy() != Qt::NoFocus && (underMouse() || m_showsFocus))
+        drawHint(painter);
+    if (m_showsFocus)
+        Drawing::focusRing(painter, target, 8);
+}
+
+void ScreenshotImage::drawHint(QPainter &painter)
+{
+    const QString text = tr("Click to enlarge");
+    const QFont font = AppTheme::instance().font(TextStyle::Strong);
+    const qreal wide = QFontMetricsF(font).horizontalAdvance(text) + 52;
+    const QRectF plate((width() - wide) / 2, height() / 2.0 - 18, wide, 36);
+    Drawing::panel(painter, plate, 18, QColor(20, 21, 26, 215), Qt::transparent);
+    Symbols::draw(painter, "arrow.up.left.and.arrow.down.right", {plate.left() + 14, plate.center().y() - 8, 16, 16},
+                  Qt::white);
+    Drawing::text(painter, plate.adjusted(38, 0, -10, 0), text, TextStyle::Strong, Qt::white);
+}
+
+void ScreenshotImage::focusInEvent(QFocusEvent *event)
+{
+    m_showsFocus = event->reason() != Qt::MouseFocusReason;
+    QAbstractButton::focusInEvent(event);
+}
+
+void ScreenshotImage::focusOutEvent(QFocusEvent *event)
+{
+    m_showsFocus = false;
+    QAbstractButton::focusOutEvent(event);
+}
+
+} // namespace ardeno

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractButton>
+#include <QImage>
+
+namespace ardeno {
+
+// A picture scaled to the width it gets, read away from the main thread. Where it can be enlarged it is a button with a
+// hint while the pointer is over it.
+class ScreenshotImage final : public QAbstractButton {
+public:
+    enum class Enlarging { No, Yes };
+
+    // Where the file is missing or cannot be read it says so.
+    ScreenshotImage(const QString &path, Enlarging enlarging, QWidget *parent = nullptr);
+
+    bool isUnavailable() const { return m_isUnavailable; }
+
+    bool isShown() const { return !m_image.isNull(); }
+
+    QSize sizeHint() const override;
+
+    bool hasHeightForWidth() const override { return true; }
+
+    int heightForWidth(int width) const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    void read();
+    void take(const QImage &image);
+    void drawHint(QPainter &painter);
+
+    QString m_path;
+    QSize m_fullSize; // Pixels of the file.
+    QImage m_image;   // As large as it is drawn.
+    int m_askedWidth = 0;
+    bool m_isUnavailable = false;
+    bool m_showsFocus = false;
+};
+
+} // namespace ardeno

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/controls/Fields.h"
+
+#include "ui/theme/Drawing.h"
+#include "ui/theme/Symbols.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ardeno {
+
+namespace {
+
+constexpr QSize track(34, 20);
+constexpr int switchGap = 10;
+
+} // namespace
+
+TextField::TextField(const QString &name, const QString &placeholder, const QString &symbol, QWidget *parent)
+    : QLineEdit(parent), m_symbol(symbol)
+{
+    setAccessibleName(name);
+    setPlaceholderText(placeholder);
+    setFrame(false);
+    setFont(AppTheme::instance().font(TextStyle::Body));
+    setTextMargins(symbol.isEmpty() ? 8 : 31, 0, 8, 0);
+    setMinimumHeight(std::max(32, static_cast<int>(std::ceil(QFontMetricsF(font()).height())) + 12));
+    QPalette own; // It draws its own rounded ground; the rest follows the window.
+    own.setColor(QPalette::Base, Qt::transparent);
+    setPalette(own);
+}
+
+void TextField::keyPressEvent(QKeyEvent *event)
+{
+    // A search is ended by Escape.
+    if (event->key() == Qt::Key_Escape && !m_symbol.isEmpty() && !text().isEmpty())
+        clear();
+    else
+        QLineEdit::keyPressEvent(event);
+}
+
+void TextField::paintEvent(QPaintEvent *event)
+{
+    {
+        QPainter painter(this);
+        Drawing::panel(painter, rect(), 7, themeColor(Role::Field), themeColor(hasFocus() ? Role::Accent : Role::Line));
+        if (hasFocus())
+            Drawing::focusRing(painter, rect(), 7);
+        if (!m_symbol.isEmpty())
+            Symbols::draw(painter, m_symbol, {11, (height() - 16) / 2.0, 16, 16}, themeColor(Role::Dim));
+    }
+    QLineEdit::paintEvent(event);
+}
+
+Switch::Switch(const QString &text, QWidget *parent) : QAbstractButton(parent)
+{
+    setText(text);
+    setCheckable(true);
+    setFont(AppTheme::instance().font(TextStyle::Body));
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+QSize Switch::sizeHint() const
+{
+    const QFontMetricsF metrics(font());
+    return {static_cast<int>(std::ceil(metrics.horizontalAdvance(text()))) + switchGap + track.width() + 4,
+            std::max(track.height(), static_cast<int>(std::ceil(metrics.height()))) + 4};
+}
+
+void Switch::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setFont(font());
+    painter.setPen(themeColor(isEnabled() ? Role::Text : Role::Faint));
+    painter.drawText(rect().adjusted(0, 0, -track.width() - 2, 0), Qt::AlignLeft | Qt::AlignVCenter, text());
+    const QRectF slot(width() - track.width() - 2, (height() - track.height()) / 2.0, track.width(), track.height());
+    const Role off = AppTheme::instance().appearance().contrast == Contrast::High ? Role::Dim : Role::Faint;
+    Drawing::panel(painter, slot, 10, themeColor(isChecked() ? Role::Accent : off), Qt::transparent);
+    const QRectF knob(isChecked() ? slot.right() - 18 : slot.left() + 2, slot.top() + 2, 16, 16);
+    Drawing::panel(painter, knob, 8, Qt::white, Qt::transparent);
+    if (m_showsFocus)
+        Drawing::focusRing(painter, slot.adjusted(-2, -2, 2, 2), 12);
+}
+
+void Switch::focusInEvent(QFocusEvent *event)
+{
+    m_showsFocus = event->reason() != Qt::MouseFocusReason;
+    QAbstractButton::focusInEvent(event);
+}
+
+void Switch::focusOutEvent(QFocusEvent *event)
+{
+    m_showsFocus = false;
+    QAbstractButton::focusOutEvent(event);
+}
+
+} // namespace ardeno

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractButton>
+#include <QLineEdit>
+
+namespace ardeno {
+
+// A field for one line of text. The name is what screen readers say; a placeholder is no name.
+class TextField final : public QLineEdit {
+public:
+    explicit TextField(const QString &name, const QString &placeholder = {}, const QString &symbol = {},
+                       QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    QString m_symbol;
+};
+
+// A switch with its text beside it.
+class Switch final : public QAbstractButton {
+public:
+    explicit Switch(const QString &text, QWidget *parent = nullptr);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    bool m_showsFocus = false;
+};
+
+} // namespace ardeno

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ui/theme/AppTheme.h"
+
+#include <QFrame>
+#include <QLabel>
+
+namespace ardeno {
+
+// A text in one of the theme's styles and colours, which follow the theme. Plain text, never interpreted.
+QLabel *makeLabel(const QString &text, TextStyle style = TextStyle::Body, Role role = Role::Text);
+
+// A text of several lines.
+QLabel *makeParagraph(const QString &text, TextStyle style = TextStyle::Body, Role role = Role::Text);
+
+// One line that ends in "…" where it does not fit; the whole text is the tooltip then, and always the accessible name.
+class LineLabel final : public QFrame {
+public:
+    explicit LineLabel(const QString &text = {}, TextStyle style = TextStyle::Body, Role role = Role::Text,
+                       QWidget *parent = nullptr);
+
+    void setText(const QString &text);
+    void setRole(Role role);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    bool event(QEvent *event) override;
+
+private:
+    QString m_text;
+    TextStyle m_style;
+    Role m_role;
+};
+
+// A symbol that says nothing by itself: screen readers pass it over.
+class SymbolView final : public QWidget {
+public:
+    explicit SymbolView(const QString &symbol, Role role = Role::Text, int extent = 16, QWidget *parent = nullptr);
+
+    void setSymbol(const QString &symbol, Role role);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString m_symbol;
+    Role m_role;
+};
+
+} // namespace ardeno

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/controls/Menu.h"
+
+#include "ui/theme/Symbols.h"
+
+namespace ardeno {
+
+QMenu *makeMenu(QWidget *parent)
+{
+    auto *menu = new QMenu(parent);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setPalette(AppTheme::instance().palette());
+    menu->setFont(AppTheme::instance().font(TextStyle::Body));
+    return menu;
+}
+
+QAction *addMenuItem(QMenu *menu, const QString &text, const QString &symbol, std::function<void()> chosen)
+{
+    QAction *const action = symbol.isEmpty() ? menu->addAction(text) : menu->addAction(Symbols::icon(symbol), text);
+    action->setShortcutVisibleInContextMenu(true);
+    QObject::connect(action, &QAction::triggered, menu->parent(), std::move(chosen));
+    return action;
+}
+
+void setMenu(Button *button, std::function<void(QMenu *)> fill)
+{
+    QObject::connect(button, &QAbstractButton::clicked, button, [button, fill = std::move(fill)] {
+        QMenu *const menu = makeMenu(button);
+        fill(menu);
+        menu->popup(button->mapToGlobal(QPoint(0, button->height() + 4)));
+    });
+}
+
+} // namespace ardeno

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QListView>
+#include <QStyledItemDelegate>
+
+#include <functional>
+
+namespace ardeno {
+
+// A list without frame and ground, whose rows a delegate draws. One click or Return activates a row; the menu key and
+// the right button ask for its menu.
+class PlainList : public QListView {
+public:
+    explicit PlainList(const QString &name, QWidget *parent = nullptr);
+
+    void setOnActivate(std::function<void(const QModelIndex &)> activated) { m_activated = std::move(activated); }
+
+    void setOnMenu(std::function<void(const QModelIndex &, const QPoint &)> menu) { m_menu = std::move(menu); }
+
+    // Makes the row the current one without activating it, and shows it.
+    void showCurrent(int row);
+
+    // Whether the keyboard was used last: only then is the focus drawn.
+    bool showsFocus() const { return m_showsFocus && hasFocus(); }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+
+private:
+    std::function<void(const QModelIndex &)> m_activated;
+    std::function<void(const QModelIndex &, const QPoint &)> m_menu;
+    bool m_showsFocus = false;
+};
+
+// What a delegate needs to know of the row it draws.
+struct RowState {
+    bool isSelected = false;
+    bool isHovered = false;
+    bool showsFocus = false;
+
+    static RowState of(const QStyleOptionViewItem &option);
+};
+
+} // namespace ardeno

@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/controls/Sheet.h"
+
+#include "ui/theme/Drawing.h"
+
+#include <QAccessible>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QTextEdit>
+
+#include <algorithm>
+#include <utility>
+
+namespace ardeno {
+
+namespace {
+
+constexpr int shadowExtent = 40;
+
+// A soft shadow below the panel: rings that grow fainter.
+void drawShadow(QPainter &painter, const QRectF &panel)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0, 0, 0, 3));
+    for (int extent = shadowExtent; extent > 0; extent -= extent > 16 ? 4 : 2)
+        painter.drawRoundedRect(panel.adjusted(-extent, -extent + 14, extent, extent + 14), 14 + extent, 14 + extent);
+    painter.restore();
+}
+
+// Controls in the order of the tab key.
+QList<QWidget *> focusable(const QWidget *within)
+{
+    QList<QWidget *> found;
+    for (QWidget *next = within->nextInFocusChain(); next && next != within; next = next->nextInFocusChain()) {
+        if (within->isAncestorOf(next) && next->isVisible() && next->isEnabled() &&
+            (next->focusPolicy() & Qt::TabFocus))
+            found.append(next);
+    }
+    return found;
+}
+
+} // namespace
+
+Sheet::Sheet(const QString &name, int width, Kind kind) : m_kind(kind), m_column(new QVBoxLayout(this))
+{
+    setAccessibleName(name);
+    setFocusPolicy(Qt::ClickFocus);
+    setFixedWidth(width);
+    m_column->setContentsMargins(28, 26, 28, 26);
+    m_column->setSpacing(14);
+}
+
+QHBoxLayout *Sheet::buttonRow()
+{
+    if (!m_buttons) {
+        m_buttons = new QHBoxLayout;
+        m_buttons->setSpacing(10);
+        m_buttons->addStretch();
+        m_column->addLayout(m_buttons);
+    }
+    return m_buttons;
+}
+
+Button *Sheet::addButton(const QString &text, Button::Kind kind, std::function<void()> pressed)
+{
+    auto *button = new Button(text, kind);
+    QObject::connect(button, &QAbstractButton::clicked, this, std::move(pressed));
+    buttonRow()->addWidget(button);
+    m_default = button;
+    return button;
+}
+
+void Sheet::close()
+{
+    if (const auto cancelled = std::exchange(m_cancelled, nullptr))
+        cancelled();
+    if (auto *const host = dynamic_cast<SheetHost *>(parentWidget()))
+        host->remove(this);
+}
+
+void Sheet::takeFocus()
+{
+    const QList<QWidget *> controls = focusable(this);
+    QWidget *const first = m_firstFocus ? m_firstFocus.data() : controls.isEmpty() ? this : controls.first();
+    first->setFocus(Qt::TabFocusReason);
+}
+
+void Sheet::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    Drawing::panel(painter, rect(), 14, themeColor(Role::Paper), themeColor(Role::Line));
+}
+
+void Sheet::keyPressEvent(QKeyEvent *event)
+{
+    // Nothing that a sheet leaves unused reaches what it covers.
+    event->accept();
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && m_default && m_default->isEnabled() &&
+             !qobject_cast<QTextEdit *>(focusWidget()))
+        m_default->click();
+}
+
+bool Sheet::focusNextPrevChild(bool next)
+{
+    const QList<QWidget *> controls = focusable(this);
+    if (controls.isEmpty())
+        return true;
+    const qsizetype at = controls.indexOf(focusWidget());
+    const qsizetype count = controls.size();
+    const qsizetype to = at < 0 ? (next ? 0 : count - 1) : (at + (next ? 1 : count - 1)) % count;
+    controls.at(to)->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
+SheetHost::SheetHost(QWidget *window) : QWidget(window)
+{
+    hide();
+}
+
+SheetHost *SheetHost::of(const QWidget *widget)
+{
+    for (QObject *const child : widget->window()->children()) {
+        if (auto *const host = dynamic_cast<SheetHost *>(child))
+            return host;
+    }
+    return nullptr;
+}
+
+Sheet *SheetHost::topSheet() const
+{
+    return m_sheets.isEmpty() ? nullptr : m_sheets.last().data();
+}
+
+void SheetHost::present(Sheet *sheet)
+{
+    const bool isFirst = !isCovering();
+    m_focusBefore.append(window()->focusWidget());
+    m_sheets.append(sheet);
+    sheet->setParent(this);
+    if (isFirst && m_covered)
+        m_covered(true);
+    arrange();
+    raise();
+    show();
+    sheet->show();
+    sheet->takeFocus();
+    QAccessibleEvent shown(sheet, QAccessible::DialogStart);
+    QAccessible::updateAccessibility(&shown);
+}
+
+void SheetHost::remove(Sheet *sheet)
+{
+    const qsizetype at = m_sheets.indexOf(sheet);
+    if (at < 0)
+        return;
+    QAccessibleEvent gone(sheet, QAccessible::DialogEnd);
+    QAccessible::updateAccessibility(&gone);
+    m_sheets.removeAt(at);
+    const QPointer<QWidget> before = m_focusBefore.takeAt(at);
+    sheet->hide();
+    sheet->deleteLater();
+    arrange();
+    if (!isCovering()) {
+        hide();
+        if (m_covered)
+            m_covered(false);
+    }
+    if (before)
+        before->setFocus(Qt::OtherFocusReason);
+    else if (isCovering())
+        topSheet()->takeFocus();
+}
+
+void SheetHost::arrange()
+{
+    setGeometry(window()->rect());
+    for (const QPointer<Sheet> &sheet : std::as_const(m_sheets)) {
+        const int room = height() - 48;
+        const int wanted = sheet->hasHeightForWidth() ? sheet->heightForWidth(sheet->width()) : 0;
+        const int tall = std::min(room, std::max({wanted, sheet->sizeHint().height(), sheet->minimumHeight()}));
+        sheet->resize(sheet->width(), tall);
+        sheet->move((width() - sheet->width()) / 2, (height() - tall) / 2);
+        sheet->setEnabled(sheet == m_sheets.last());
+    }
+    update();
+}
+
+void SheetHost::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), themeColor(Role::Scrim));
+    if (const Sheet *const sheet = topSheet())
+        drawShadow(painter, sheet->geometry());
+}
+
+void SheetHost::mousePressEvent(QMouseEvent *event)
+{
+    event->accept(); // A click beside the sheet reaches nothing.
+}
+
+void SheetHost::wheelEvent(QWheelEvent *event)
+{
+    event->accept();
+}
+
+bool SheetHost::focusNextPrevChild(bool next)
+{
+    Q_UNUSED(next)
+    return true; // The sheets keep the focus.
+}
+
+CoverableWindow::CoverableWindow() : m_content(new QWidget(this)), m_sheets(this) {}
+
+void CoverableWindow::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    m_content->setGeometry(rect());
+    m_sheets.arrange();
+}
+
+} // namespace ardeno

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ui/controls/Button.h"
+
+#include <QPointer>
+#include <QVBoxLayout>
+#include <QWidget>
+
+#include <functional>
+
+namespace ardeno {
+
+// A panel that stands inside the window over all else, with the role of a dialog. Escape cancels it; Return presses
+// the default button unless another button or a text of several lines has the focus.
+class Sheet : public QWidget {
+public:
+    enum class Kind { Dialog, Alert };
+
+    // The name is what screen readers call it.
+    Sheet(const QString &name, int width, Kind kind = Kind::Dialog);
+
+    Kind kind() const { return m_kind; }
+
+    // Where the contents go, inside the panel's padding.
+    QVBoxLayout *column() const { return m_column; }
+
+    // A row of buttons at the right end; the default one is the last.
+    Button *addButton(const QString &text, Button::Kind kind, std::function<void()> pressed);
+
+    void setDefaultButton(Button *button) { m_default = button; }
+
+    // What has the focus at first; otherwise the first control.
+    void setFirstFocus(QWidget *widget) { m_firstFocus = widget; }
+
+    // Called once when the sheet goes by Escape, and by close().
+    void setOnCancel(std::function<void()> cancelled) { m_cancelled = std::move(cancelled); }
+
+    // Takes the sheet off the window and deletes it.
+    void close();
+    void takeFocus();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    QHBoxLayout *buttonRow();
+
+    Kind m_kind;
+    QVBoxLayout *m_column;
+    QHBoxLayout *m_buttons = nullptr;
+    QPointer<Button> m_default;
+    QPointer<QWidget> m_firstFocus;
+    std::function<void()> m_cancelled;
+};
+
+// What a window puts its sheets on. While there is one, all that lies beneath takes no focus, no click and no shortcut
+// and is not there for screen readers.
+class SheetHost final : public QWidget {
+public:
+    explicit SheetHost(QWidget *window);
+
+    // Shows the sheet on top of those already there, and owns it.
+    void present(Sheet *sheet);
+
+    Sheet *topSheet() const;
+
+    bool isCovering() const { return topSheet() != nullptr; }
+
+    // Called whenever the first sheet comes and the last one goes.
+    void setOnCover(std::function<void(bool)> covered) { m_covered = std::move(covered); }
+
+    // The host of the window that holds this widget.
+    static SheetHost *of(const QWidget *widget);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    friend class Sheet;
+    friend class CoverableWindow;
+
+    void remove(Sheet *sheet);
+    void arrange();
+
+    QList<QPointer<Sheet>> m_sheets;
+    QList<QPointer<QWidget>> m_focusBefore;
+    std::function<void(bool)> m_covered;
+};
+
+// A top-level window with sheets. While there is one, screen readers find the sheet alone.
+class CoverableWindow : public QWidget {
+public:
+    CoverableWindow();
+
+    SheetHost &sheets() { return m_sheets; }
+
+    // What sheets cover; composed by the window.
+    QWidget *content() const { return m_content; }
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QWidget *m_content;
+    SheetHost m_sheets;
+};
+
+// Screen readers learn what sheets are. Once, before the first window.
+void installSheetAccessibility();
+
+} // namespace ardeno

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+#include "ui/Screens.h"
+
+#include <QTimer>
+#include <QWidget>
+
+class QLabel;
+class QMenu;
+
+namespace ardeno {
+
+class Button;
+class LineLabel;
+
+// The row above the detail: what is shown, whether a session is recorded, and a menu.
+class DetailBar final : public QWidget {
+public:
+    DetailBar(AppStore &store, const Screens &screens, std::function<void(QMenu *)> fillMenu,
+              QWidget *parent = nullptr);
+
+    static constexpr int barHeight = 52;
+
+private:
+    QWidget *makeRecording();
+    void showState();
+    void showElapsed();
+
+    AppStore &m_store;
+    LineLabel *m_title;
+    QLabel *m_elapsed;
+    Button *m_stop;
+    QWidget *m_recording;
+    QWidget *m_progress;
+    QTimer m_tick;
+    Observations m_observations;
+};
+
+// "12:08", "1:02:08" of seconds.
+QString elapsedText(qint64 seconds);
+
+} // namespace ardeno

@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/main/MainWindow.h"
+
+#include "ui/checkpoint/CheckpointDetail.h"
+#include "ui/controls/Alert.h"
+#include "ui/controls/Ground.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Menu.h"
+#include "ui/main/DetailBar.h"
+#include "ui/main/Presentations.h"
+#include "ui/main/Sidebar.h"
+#include "ui/main/Strips.h"
+#include "ui/projects/CheckpointActions.h"
+#include "ui/projects/ProjectStatusView.h"
+#include "ui/projects/ProjectTimeline.h"
+#include "ui/projects/ProjectsOverview.h"
+#include "ui/theme/Drawing.h"
+#include "ui/theme/Symbols.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QPainter>
+#include <QTimer>
+
+namespace ardeno {
+
+// What the window does by a shortcut, and its menu by name.
+struct MainWindow::Actions {
+    QAction *newProject = nullptr;
+    QAction *save = nullptr;
+    QAction *search = nullptr;
+    QAction *next = nullptr;
+    QAction *previous = nullptr;
+    QAction *remove = nullptr;
+};
+
+MainWindow::MainWindow(Screens screens) : m_screens(std::move(screens)), m_brand(Sidebar::makeBrand())
+{
+    setWindowTitle(tr("Ardeno"));
+    setWindowIcon(Symbols::brandIcon());
+    setMinimumSize(960, 690);
+    resize(1170, 790);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    m_brand->setParent(content());
+    m_brand->setGeometry(12, 16, Sidebar::fixedWidth - 25, m_brand->sizeHint().height());
+    AppTheme::instance().follow(this);
+}
+
+MainWindow::~MainWindow()
+{
+    // What was typed is kept while the store and the messages are still there.
+    m_observations.reset();
+    delete m_view;
+    m_presentations.reset();
+}
+
+void MainWindow::open(AppStore &store)
+{
+    m_store = &store;
+    delete m_brand;
+    m_sidebar = new Sidebar(store, m_screens);
+    m_sidebar->setFixedWidth(Sidebar::fixedWidth);
+    auto *row = makeRow(0, content());
+    row->addWidget(m_sidebar);
+    row->addWidget(makeDetailColumn(), 1);
+    m_presentations = std::make_unique<Presentations>(store, m_screens, sheets());
+    makeActions();
+    sheets().setOnCover([this](bool) { enableActions(); });
+    m_observations = std::make_unique<Observations>();
+    m_observations->watch([this] { showContent(); }, store.selectedProjectID, store.selection, store.projects,
+                          store.checkpoints);
+    m_observations->watch([this] { enableActions(); }, store.busy, store.recording);
+    store.watchRunningApplications();
+}
+
+QWidget *MainWindow::makeDetailColumn()
+{
+    auto *detail = new QWidget;
+    auto *column = makeColumn(0, detail);
+    auto *bar = new Ground(Role::Paper, Qt::BottomEdge);
+    makeColumn(0, bar)->addWidget(new DetailBar(*m_store, m_screens, [this](QMenu *menu) { fillMenu(menu); }));
+    column->addWidget(bar);
+    column->addWidget(new UpdateBanner(*m_store, m_screens));
+    m_projectHead = makeProjectHead();
+    column->addWidget(m_projectHead);
+    m_contentColumn = makeColumn(0);
+    column->addLayout(m_contentColumn, 1);
+    m_foot = new QWidget;
+    auto *foot = makeColumn(0, m_foot);
+    foot->addWidget(new NewsletterPrompt(*m_store, m_screens));
+    foot->addWidget(new NoticeStrip(*m_store));
+    column->addWidget(m_foot);
+    return detail;
+}
+
+QWidget *MainWindow::makeProjectHead()
+{
+    auto *head = new QWidget;
+    auto *column = makeColumn(0, head);
+    auto *status = new Ground(Role::Paper, Qt::BottomEdge);
+    makeColumn(0, status)->addWidget(new ProjectStatusView(*m_store));
+    column->addWidget(status);
+    m_timelineGround = new Ground(Role::Paper, Qt::BottomEdge);
+    m_timeline = new ProjectTimeline(*m_store, m_screens);
+    makeColumn(0, m_timelineGround)->addWidget(m_timeline);
+    column->addWidget(m_timelineGround);
+    return head;
+}
+
+QWidget *MainWindow::makeEmptyProject()
+{
+    auto *empty = new QWidget;
+    auto *column = makeColumn(0, empty);
+    column->addStretch();
+    column->addWidget(new SymbolView("folder", Role::Faint, 44), 0, Qt::AlignHCenter);
+    column->addSpacing(14);
+    column->addWidget(makeLabel(tr("Your project is ready"), TextStyle::Heading), 0, Qt::AlignHCenter);
+    column->addSpacing(10);
+    QLabel *const text =
+        makeParagraph(tr("Save your first checkpoint to keep the screenshot, workspace and next step together."),
+                      TextStyle::Body, Role::Dim);
+    text->setAlignment(Qt::AlignHCenter);
+    text->setFixedWidth(340);
+    auto *middle = makeRow(0); // Aligned by stretches, as only they let a text have several lines.
+    middle->addStretch();
+    middle->addWidget(text);
+    middle->addStretch();
+    column->addLayout(middle);
+    column->addSpacing(12);
+    auto *save = new Button(tr("Save first checkpoint"), Button::Kind::Prominent);
+    save->setLarge();
+    save->setHint(tr("Capture this workspace"), "Ctrl+S");
+    QObject::connect(save, &QAbstractButton::clicked, m_actions->save, &QAction::trigger);
+    column->addWidget(save, 0, Qt::AlignHCenter);
+    column->addStretch();
+    return empty;
+}
+
+QWidget *MainWindow::makeContent()
+{
+    m_detail = nullptr;
+    if (!m_store->selectedProject())
+        return new ProjectsOverview(*m_store);
+    const Checkpoint *const checkpoint = m_store->selected();
+    if (!checkpoint)
+        return makeEmptyProject();
+    m_detail = new CheckpointDetail(*m_store, m_screens, *checkpoint);
+    return m_detail;
+}
+
+void MainWindow::showContent()
+{
+    const Project *const project = m_store->selectedProject();
+    const Checkpoint *const checkpoint = m_store->selected();
+    const auto wanted = std::pair(project ? std::optional(project->id) : std::nullopt,
+                                  checkpoint ? std::optional(checkpoint->id) : std::nullopt);
+    enableActions();
+    m_projectHead->setVisible(project);
+    m_timelineGround->setVisible(checkpoint);
+    if (m_shown == wanted)
+        return;
+    m_shown = wanted;
+    QWidget *const before = m_view;
+    const bool hadFocus = before && before->isAncestorOf(window()->focusWidget());
+    m_view = makeContent();
+    m_contentColumn->addWidget(m_view);
+    delete before;
+    // The tab key goes from top to bottom, though the content is younger than what stands below it.
+    for (QAbstractButton *const control : m_foot->findChildren<QAbstractButton *>())
+        QWidget::setTabOrder(previousInFocusChain(), control);
+    if (hadFocus && !sheets().isCovering())
+        m_view->setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindow::makeActions()
+{
+    const auto add = [this](const QString &text, const QKeySequence &keys, const QString &symbol,
+                            std::function<void()> run) {
+        auto *action = new QAction(Symbols::icon(symbol), text, this);
+        action->setShortcut(keys);
+        action->setShortcutVisibleInContextMenu(true);
+        QObject::connect(action, &QAction::triggered, this, std::move(run));
+        addAction(action);
+        return action;
+    };
+    m_actions = std::make_unique<Actions>();
+    m_actions->newProject =
+        add(tr("New project"), Qt::CTRL | Qt::Key_N, "plus", [this] { m_store->showNewProject.set(true); });
+    m_actions->save = add(tr("Save checkpoint"), Qt::CTRL | Qt::Key_S, "plus.circle.fill",
+                          [this] { CheckpointActions::requestSave(*m_store, static_cast<bool>(m_screens.capture)); });
+    m_actions->search =
+        add(tr("Find a project"), Qt::CTRL | Qt::Key_F, "magnifyingglass", [this] { m_sidebar->focusSearch(); });
+    m_actions->next = add(tr("Next checkpoint"), Qt::CTRL | Qt::Key_PageDown, "arrow.right",
+                          [this] { m_timeline->selectNeighbour(1); });
+    m_actions->previous = add(tr("Previous checkpoint"), Qt::CTRL | Qt::Key_PageUp, "arrow.left",
+                              [this] { m_timeline->selectNeighbour(-1); });
+    m_actions->remove =
+        add(tr("Delete checkpoint…"), Qt::CTRL | Qt::Key_Delete, "trash", [this] { m_presentations->confirmDelete(); });
+}
+
+void MainWindow::enableActions()
+{
+    if (!m_actions)
+        return;
+    const bool isReachable = !sheets().isCovering();
+    const bool hasCheckpoint = m_store->selected() != nullptr;
+    const bool isIdle = !m_store->busy() && !m_store->recording();
+    m_actions->newProject->setEnabled(isReachable);
+    m_actions->search->setEnabled(isReachable);
+    m_actions->save->setEnabled(isReachable && isIdle && m_store->selectedProject());
+    m_actions->next->setEnabled(isReachable && hasCheckpoint);
+    m_actions->previous->setEnabled(isReachable && hasCheckpoint);
+    m_actions->remove->setEnabled(isReachable && hasCheckpoint && !m_store->selected()->isSample);
+}
+
+void MainWindow::fillMenu(QMenu *menu)
+{
+    for (QAction *const action : {m_actions->newProject, m_actions->save, m_actions->search})
+        menu->addAction(action);
+    menu->addSeparator();
+    menu->addAction(m_actions->next);
+    menu->addAction(m_actions->previous);
+    menu->addSeparator();
+    menu->addAction(m_actions->remove);
+}
+
+void MainWindow::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), themeColor(Role::Paper));
+    const QRectF side(0, 0, Sidebar::fixedWidth, height());
+    painter.fillRect(side, themeColor(Role::Sidebar));
+    Drawing::edge(painter, side, Qt::RightEdge, themeColor(Role::Line));
+    if (const auto painted = std::exchange(m_firstPaint, nullptr))
+        QTimer::singleShot(0, this, painted);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    if (m_detail)
+        m_detail->commitNotes();
+    // What is being saved or recorded would be lost.
+    const bool isAtWork = m_store && (m_store->busy() || m_store->recording());
+    event->setAccepted(!isAtWork);
+    if (isAtWork && m_store->recording() && !sheets().isCovering()) {
+        const AlertText text{.title = tr("Finish saving before quitting"),
+                             .message = tr("Use Stop & save checkpoint to finish your recording, then quit."),
+                             .confirm = tr("Keep open")};
+        presentAlert(sheets(), text, [](bool) {});
+    }
+}
+
+} // namespace ardeno

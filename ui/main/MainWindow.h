@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+#include "ui/Screens.h"
+#include "ui/controls/Sheet.h"
+
+#include <QActionGroup>
+#include <QPointer>
+
+#include <memory>
+
+class QMenu;
+
+namespace ardeno {
+
+class CheckpointDetail;
+class Presentations;
+class ProjectTimeline;
+class Sidebar;
+
+// The application's window: projects at the left, what is selected of them at the right. It can be shown before the
+// library is read: it then has its grounds and the brand alone.
+class MainWindow final : public CoverableWindow {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::MainWindow)
+
+public:
+    explicit MainWindow(Screens screens = {});
+    ~MainWindow() override;
+    MainWindow(const MainWindow &) = delete;
+    MainWindow &operator=(const MainWindow &) = delete;
+
+    // Composes the views; the store outlives the window.
+    void open(AppStore &store);
+
+    // Called once, from the event loop, after the first picture of the window.
+    void setOnFirstPaint(std::function<void()> painted) { m_firstPaint = std::move(painted); }
+
+    bool isOpen() const { return m_store != nullptr; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    // Stays open while something is being saved or recorded.
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    struct Actions;
+
+    QWidget *makeDetailColumn();
+    QWidget *makeProjectHead();
+    QWidget *makeEmptyProject();
+    void makeActions();
+    void fillMenu(QMenu *menu);
+    void showContent();
+    QWidget *makeContent();
+    void enableActions();
+
+    Screens m_screens;
+    AppStore *m_store = nullptr;
+    QPointer<QWidget> m_brand;
+    Sidebar *m_sidebar = nullptr;
+    QWidget *m_projectHead = nullptr;
+    QWidget *m_timelineGround = nullptr;
+    ProjectTimeline *m_timeline = nullptr;
+    QVBoxLayout *m_contentColumn = nullptr;
+    QWidget *m_foot = nullptr;
+    QPointer<QWidget> m_view;
+    QPointer<CheckpointDetail> m_detail;
+    std::optional<std::pair<std::optional<QUuid>, std::optional<QUuid>>> m_shown; // Project and checkpoint.
+    std::unique_ptr<Actions> m_actions;
+    std::unique_ptr<Presentations> m_presentations;
+    std::function<void()> m_firstPaint;
+    std::unique_ptr<Observations> m_observations;
+};
+
+} // namespace ardeno

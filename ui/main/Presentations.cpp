@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/main/Presentations.h"
+
+#include "ui/controls/Alert.h"
+#include "ui/projects/ProjectSheets.h"
+
+namespace ardeno {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("ardeno::MainWindow", text);
+}
+
+} // namespace
+
+Presentations::Presentations(AppStore &store, const Screens &screens, SheetHost &host)
+    : m_store(store), m_screens(screens), m_host(host)
+{
+    m_observations.watch([this] { showSheets(); }, store.showCapture, store.showRestore, store.showSettings,
+                         store.showNewProject, store.editingBlocker, store.selection);
+    m_observations.watch([this] { showDeletingProject(); }, store.deletingProject);
+    m_observations.watch([this] { showError(); }, store.error);
+}
+
+void Presentations::follow(QPointer<Sheet> &slot, bool isWanted, const Make &make)
+{
+    if (isWanted && !slot && make) {
+        slot = make();
+        m_host.present(slot);
+    } else if (!isWanted && slot) {
+        std::exchange(slot, nullptr)->close();
+    }
+}
+
+void Presentations::showSheets()
+{
+    const auto from = [this](const Screens::MakeSheet &screen) {
+        return screen ? Make([this, &screen] { return screen(m_store); }) : Make();
+    };
+    follow(m_capture, m_store.showCapture(), from(m_screens.capture));
+    follow(m_restore, m_store.showRestore() && m_store.selected(), from(m_screens.restore));
+    follow(m_preferences, m_store.showSettings(), from(m_screens.preferences));
+    follow(m_newProject, m_store.showNewProject(), [this] { return makeNewProjectSheet(m_store); });
+    follow(m_blocker, m_store.editingBlocker().has_value(),
+           [this] { return makeProjectBlockerSheet(m_store, *m_store.editingBlocker()); });
+}
+
+void Presentations::showDeletingProject()
+{
+    if (!m_store.deletingProject() || m_deleting)
+        return;
+    const Project project = *m_store.deletingProject();
+    const AlertText question{
+        .title = tr("Delete project?"),
+        .message = tr("Delete “%1” and all %2 checkpoints, including their local screenshots and recordings? This "
+                      "cannot be undone.")
+                       .arg(project.name, QString::number(m_store.checkpointsFor(project.id).size())),
+        .confirm = tr("Delete project"),
+        .cancel = tr("Cancel"),
+        .kind = Button::Kind::Destructive,
+    };
+    m_deleting = presentAlert(m_host, question, [this, id = project.id](bool isConfirmed) {
+        m_store.deletingProject.set(std::nullopt);
+        if (isConfirmed)
+            m_store.deleteProject(id);
+    });
+}
+
+void Presentations::showError()
+{
+    if (m_error && m_error->accessibleDescription() != m_store.error())
+        std::exchange(m_error, nullptr)->close();
+    if (!m_store.error() || m_error)
+        return;
+    const QString sentence = *m_store.error();
+    const AlertText text{.title = tr("Something needs attention"), .message = sentence, .confirm = tr("OK")};
+    m_error = presentAlert(m_host, text, [this, sentence](bool) {
+        // A newer one has an alert of its own.
+        if (m_store.error() == sentence)
+            m_store.error.set(std::nullopt);
+    });
+}
+
+void Presentations::confirmDelete()
+{
+    const Checkpoint *const checkpoint = m_store.selected();
+    if (!checkpoint || m_host.isCovering())
+        return;
+    const AlertText question{
+        .title = tr("Delete this checkpoint and its local recording?"),
+        .confirm = tr("Delete checkpoint"),
+        .cancel = tr("Cancel"),
+        .kind = Button::Kind::Destructive,
+    };
+    presentAlert(m_host, question, [this](bool isConfirmed) {
+        if (const Checkpoint *const selected = m_store.selected(); isConfirmed && selected)
+            m_store.deleteCheckpoint(selected->id);
+    });
+}
+
+} // namespace ardeno

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/main/ProjectListView.h"
+
+#include "ui/controls/Menu.h"
+#include "ui/main/ProjectRowDelegate.h"
+#include "ui/projects/ProjectActions.h"
+
+#include <QDrag>
+#include <QDragMoveEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QPointer>
+
+namespace ardeno {
+
+ProjectListView::ProjectListView(AppStore &store, QWidget *parent)
+    : PlainList(tr("Projects"), parent),
+      m_store(store),
+      m_drop([&store](const QUuid &dragged, const QUuid &target, const QList<QUuid> &visibleIDs) {
+          store.reorderProjects(dragged, target, visibleIDs);
+      })
+{
+    setModel(&m_model);
+    setItemDelegate(new ProjectRowDelegate(this));
+    setDragEnabled(true);
+    setAcceptDrops(true);
+    setDropIndicatorShown(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setToolTip(tr("Drag a project to another place, or press Alt with an arrow key"));
+    setOnActivate([this](const QModelIndex &index) { m_store.selectProject(m_model.rows().at(index.row()).id); });
+    setOnMenu([this](const QModelIndex &index, const QPoint &place) {
+        QMenu *const menu = makeMenu(this);
+        ProjectActions::fill(menu, m_store, m_model.rows().at(index.row()).id);
+        if (menu->isEmpty())
+            delete menu;
+        else
+            menu->popup(place);
+    });
+    m_observations.watch(
+        [this] {
+            m_counts =
+                ProjectListModel::count(m_store.projects().isEmpty() ? m_store.sampleHistory() : m_store.checkpoints());
+            showProjects();
+        },
+        store.projects, store.checkpoints, store.sampleHistory);
+    m_observations.watch([this] { showProjects(); }, store.search, store.showArchivedProjects);
+    m_observations.watch([this] { showSelection(); }, store.selectedProjectID);
+}
+
+void ProjectListView::showProjects()
+{
+    m_model.setRows(ProjectListModel::makeRows(m_store.filteredProjects(), m_counts));
+    showSelection();
+}
+
+void ProjectListView::showSelection()
+{
+    showCurrent(m_store.selectedProjectID() ? m_model.rowOf(*m_store.selectedProjectID()) : -1);
+}
+
+void ProjectListView::startDrag(Qt::DropActions)
+{
+    const QModelIndex index = currentIndex();
+    if (!index.isValid())
+        return;
+    const QUuid id = m_model.rows().at(index.row()).id;
+    m_drop.begin(id);
+    auto *offered = new QMimeData;
+    offered->setText(uuidText(id));
+    const QPointer<QDrag> drag = new QDrag(this);
+    drag->setMimeData(offered);
+    QPixmap row = viewport()->grab(visualRect(index));
+    drag->setPixmap(row);
+    drag->setHotSpot(viewport()->mapFromGlobal(QCursor::pos()) - visualRect(index).topLeft());
+    drag->exec(Qt::MoveAction);
+    m_drop.end();
+    setState(NoState);
+}
+
+void ProjectListView::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->source() == this && m_drop.draggedID()) {
+        event->setDropAction(Qt::MoveAction);
+        event->accept();
+    }
+}
+
+void ProjectListView::dragMoveEvent(QDragMoveEvent *event)
+{
+    if (event->source() != this)
+        return;
+    event->setDropAction(Qt::MoveAction);
+    event->accept();
+    const QModelIndex index = indexAt(event->position().toPoint());
+    m_drop.moveOver(index.isValid() ? std::optional(m_model.rows().at(index.row()).id) : std::nullopt, m_model.ids());
+}
+
+void ProjectListView::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    event->accept();
+}
+
+void ProjectListView::dropEvent(QDropEvent *event)
+{
+    m_drop.end();
+    event->setDropAction(Qt::MoveAction);
+    event->accept();
+}
+
+void ProjectListView::keyPressEvent(QKeyEvent *event)
+{
+    const bool isMove = event->modifiers() == Qt::AltModifier;
+    if (isMove && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down))
+        moveCurrent(event->key() == Qt::Key_Up ? -1 : 1);
+    else
+        PlainList::keyPressEvent(event);
+}
+
+void ProjectListView::moveCurrent(int step)
+{
+    const QList<QUuid> ids = m_model.ids();
+    const qsizetype at = currentIndex().row();
+    const qsizetype other = at + step;
+    if (at < 0 || other < 0 || other >= ids.size())
+        return;
+    // One place down is the next project one place up.
+    if (step < 0)
+        m_store.reorderProjects(ids.at(at), ids.at(other), ids);
+    else
+        m_store.reorderProjects(ids.at(other), ids.at(at), ids);
+}
+
+} // namespace ardeno

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/main/Sidebar.h"
+
+#include "ui/controls/Button.h"
+#include "ui/controls/Fields.h"
+#include "ui/controls/Ground.h"
+#include "ui/controls/Label.h"
+#include "ui/main/ProjectListView.h"
+#include "ui/theme/Symbols.h"
+
+#include <QPainter>
+
+namespace ardeno {
+
+namespace {
+
+class BrandMark final : public QWidget {
+public:
+    BrandMark() { setFixedSize(22, 22); }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        Symbols::drawBrandMark(painter, rect(), themeColor(Role::Accent), themeColor(Role::Sidebar));
+    }
+};
+
+} // namespace
+
+Sidebar::Sidebar(AppStore &store, const Screens &screens, QWidget *parent)
+    : QWidget(parent),
+      m_store(store),
+      m_search(makeSearch()),
+      m_all(Button::makeRow(tr("All projects"), "square.grid.2x2")),
+      m_section(makeLabel({}, TextStyle::Eyebrow, Role::Dim)),
+      m_count(makeLabel({}, TextStyle::Eyebrow, Role::Dim))
+{
+    auto *column = makeColumn(12, this);
+    column->setContentsMargins(12, 16, 13, 12);
+    column->addWidget(makeBrand());
+    column->addWidget(m_search);
+    column->addWidget(m_all);
+    connect(m_all, &QAbstractButton::clicked, this, [this] { m_store.showProjects(); });
+    column->addWidget(makeSectionHeader());
+    column->addWidget(new ProjectListView(store), 1);
+    auto *create = new Button(tr("New project"), Button::Kind::Bordered, "plus");
+    create->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    create->setHint(tr("New project"), "Ctrl+N");
+    connect(create, &QAbstractButton::clicked, this, [this] { m_store.showNewProject.set(true); });
+    column->addWidget(create);
+    column->addWidget(makeExplanation());
+    if (screens.preferences)
+        column->addWidget(makeSettings());
+    m_observations.watch([this] { showSection(); }, store.projects, store.checkpoints, store.search,
+                         store.showArchivedProjects, store.selectedProjectID);
+}
+
+QWidget *Sidebar::makeBrand()
+{
+    auto *brand = new QWidget;
+    auto *row = makeRow(9, brand);
+    row->setContentsMargins(6, 2, 6, 2);
+    row->addWidget(new BrandMark);
+    row->addWidget(makeLabel(tr("Ardeno"), TextStyle::BarTitle), 1);
+    return brand;
+}
+
+TextField *Sidebar::makeSearch()
+{
+    auto *field = new TextField(tr("Find a project"), tr("Find a project"), "magnifyingglass");
+    field->setClearButtonEnabled(false);
+    field->setToolTip(tr("Find a project (%1)").arg("Ctrl+F"));
+    connect(field, &QLineEdit::textChanged, this, [this](const QString &text) { m_store.search.set(text); });
+    return field;
+}
+
+void Sidebar::focusSearch()
+{
+    m_search->setFocus(Qt::ShortcutFocusReason);
+    m_search->selectAll();
+}
+
+QWidget *Sidebar::makeSectionHeader()
+{
+    auto *header = new QWidget;
+    auto *row = makeRow(0, header);
+    row->setContentsMargins(8, 4, 8, 0);
+    row->addWidget(m_section, 1);
+    row->addWidget(m_count);
+    return header;
+}
+
+QWidget *Sidebar::makeExplanation()
+{
+    auto *block = new QWidget;
+    auto *column = makeColumn(1, block);
+    column->setContentsMargins(6, 2, 0, 0);
+    column->addWidget(makeLabel(tr("What’s a checkpoint?"), TextStyle::SmallStrong));
+    column->addWidget(makeParagraph(tr("One saved moment in a project: screenshot, apps, tabs and next step."),
+                                    TextStyle::Small, Role::Dim));
+    return block;
+}
+
+QWidget *Sidebar::makeSettings()
+{
+    auto *block = new Ground(Role::Sidebar, Qt::TopEdge);
+    auto *column = makeColumn(0, block);
+    column->setContentsMargins(0, 8, 0, 0);
+    Button *const settings = Button::makeRow(tr("Settings"), "slider.horizontal.3");
+    connect(settings, &QAbstractButton::clicked, this, [this] { m_store.showSettings.set(true); });
+    column->addWidget(settings);
+    return block;
+}
+
+void Sidebar::showSection()
+{
+    m_section->setText(m_store.showArchivedProjects() ? tr("ARCHIVED") : tr("PROJECTS"));
+    m_count->setText(QString::number(m_store.filteredProjects().size()));
+    m_all->setCurrent(!m_store.selectedProjectID());
+    if (m_search->text() != m_store.search())
+        m_search->setText(m_store.search());
+}
+
+} // namespace ardeno

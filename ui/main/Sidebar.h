@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+#include "ui/Screens.h"
+
+#include <QWidget>
+
+class QLabel;
+
+namespace ardeno {
+
+class Button;
+class TextField;
+
+// The left side of the main window: search, the projects, and what is always at hand.
+class Sidebar final : public QWidget {
+public:
+    static constexpr int fixedWidth = 244;
+
+    Sidebar(AppStore &store, const Screens &screens, QWidget *parent = nullptr);
+
+    void focusSearch();
+
+    // The mark and the name, which are there before all else.
+    static QWidget *makeBrand();
+
+private:
+    TextField *makeSearch();
+    QWidget *makeSectionHeader();
+    QWidget *makeExplanation();
+    QWidget *makeSettings();
+    void showSection();
+
+    AppStore &m_store;
+    TextField *m_search;
+    Button *m_all;
+    QLabel *m_section;
+    QLabel *m_count;
+    Observations m_observations;
+};
+
+} // namespace ardeno

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/main/Strips.h"
+
+#include "ui/controls/Button.h"
+#include "ui/controls/Ground.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Sheet.h"
+#include "ui/theme/Drawing.h"
+
+#include <QAccessible>
+#include <QPainter>
+
+namespace ardeno {
+
+namespace {
+
+void drawStrip(QWidget *strip, Role ground, Qt::Edge edge)
+{
+    QPainter painter(strip);
+    painter.fillRect(strip->rect(), themeColor(Role::Paper));
+    painter.fillRect(strip->rect(), themeColor(ground));
+    Drawing::edge(painter, strip->rect(), edge, themeColor(Role::Line));
+}
+
+QHBoxLayout *makeStripRow(QWidget *strip)
+{
+    auto *row = makeRow(10, strip);
+    row->setContentsMargins(24, 5, 22, 5);
+    return row;
+}
+
+Button *makeClose(const QString &name)
+{
+    return Button::makeIcon("xmark", name);
+}
+
+} // namespace
+
+UpdateBanner::UpdateBanner(AppStore &store, const Screens &screens, QWidget *parent)
+    : QWidget(parent), m_store(store), m_text(new LineLabel)
+{
+    auto *row = makeStripRow(this);
+    row->addWidget(new SymbolView("arrow.down.circle.fill", Role::AccentText));
+    row->addWidget(m_text);
+    auto *details = new Button(tr("See what’s new"), Button::Kind::Link);
+    connect(details, &QAbstractButton::clicked, this, [this, &screens] {
+        SheetHost *const host = SheetHost::of(this);
+        if (host && m_store.availableUpdate())
+            host->present(makeUpdateDetailsSheet(m_store, screens, *m_store.availableUpdate()));
+    });
+    row->addWidget(details);
+    row->addStretch();
+    Button *const close = makeClose(tr("Dismiss the update"));
+    connect(close, &QAbstractButton::clicked, this, [this] { m_store.dismissUpdate(); });
+    row->addWidget(close);
+    m_observations.watch([this] { showUpdate(); }, store.availableUpdate);
+}
+
+void UpdateBanner::showUpdate()
+{
+    setVisible(m_store.availableUpdate().has_value());
+    if (m_store.availableUpdate())
+        m_text->setText(tr("Ardeno %1 is available.").arg(m_store.availableUpdate()->latestVersion));
+}
+
+void UpdateBanner::paintEvent(QPaintEvent *)
+{
+    drawStrip(this, Role::AccentSoft, Qt::BottomEdge);
+}
+
+Sheet *makeUpdateDetailsSheet(AppStore &store, const Screens &screens, const AppUpdateManifest &update)
+{
+    const auto tr = [](const char *text) { return QCoreApplication::translate("ardeno::UpdateDetailsView", text); };
+    auto *sheet = new Sheet(tr("What’s new in Ardeno?"), 440);
+    sheet->column()->addWidget(makeParagraph(tr("What’s new in Ardeno?"), TextStyle::SheetTitle));
+    sheet->column()->addWidget(makeLabel(tr("Version %1").arg(update.latestVersion), TextStyle::Body, Role::Dim));
+    for (const QString &note : update.releaseNotes) {
+        auto *row = makeRow(9);
+        row->addWidget(new SymbolView("checkmark", Role::SageText), 0, Qt::AlignTop);
+        row->addWidget(makeParagraph(note), 1);
+        sheet->column()->addLayout(row);
+    }
+    if (update.releaseNotes.isEmpty())
+        sheet->column()->addWidget(makeParagraph(tr("Improvements and fixes.")));
+    sheet->column()->addSpacing(4);
+    sheet->addButton(tr("Not now"), Button::Kind::Bordered, [sheet] { sheet->close(); });
+    if (screens.openUpdate) {
+        sheet->addButton(tr("Download update"), Button::Kind::Prominent, [&store, sheet, open = screens.openUpdate] {
+            open(store);
+            sheet->close();
+        });
+    }
+    return sheet;
+}
+
+NoticeStrip::NoticeStrip(AppStore &store, QWidget *parent) : QWidget(parent), m_store(store), m_text(makeParagraph({}))
+{
+    auto *row = makeStripRow(this);
+    row->addWidget(new SymbolView("checkmark.circle", Role::SageText));
+    row->addWidget(m_text, 1);
+    Button *const close = makeClose(tr("Dismiss the message"));
+    connect(close, &QAbstractButton::clicked, this, [this] { m_store.notice.set(std::nullopt); });
+    row->addWidget(close);
+    m_observations.watch([this] { showNotice(); }, store.notice);
+}
+
+void NoticeStrip::showNotice()
+{
+    setVisible(m_store.notice().has_value());
+    m_text->setText(m_store.notice().value_or(QString()));
+    setAccessibleName(m_text->text());
+    QAccessibleEvent said(this, QAccessible::Alert);
+    if (m_store.notice())
+        QAccessible::updateAccessibility(&said);
+}
+
+void NoticeStrip::paintEvent(QPaintEvent *)
+{
+    drawStrip(this, Role::SageSoft, Qt::TopEdge);
+}
+
+NewsletterPrompt::NewsletterPrompt(AppStore &store, const Screens &screens, QWidget *parent)
+    : QWidget(parent), m_store(store)
+{
+    auto *row = makeStripRow(this);
+    row->addWidget(new SymbolView("envelope", Role::AccentText));
+    auto *texts = makeColumn(0);
+    texts->addWidget(makeLabel(tr("Enjoying Ardeno?"), TextStyle::Strong));
+    texts->addWidget(new LineLabel(tr("Join the newsletter for workspace tips and product news."), TextStyle::Small,
+                                   Role::DimOnSoft));
+    row->addLayout(texts, 1);
+    auto *later = new Button(tr("Not now"), Button::Kind::Plain);
+    auto *join = new Button(tr("Join newsletter"));
+    connect(later, &QAbstractButton::clicked, this, [this] { m_store.dismissNewsletterPrompt(); });
+    connect(join, &QAbstractButton::clicked, this, [this, open = screens.openNewsletter] {
+        open();
+        m_store.dismissNewsletterPrompt();
+    });
+    row->addWidget(later);
+    row->addWidget(join);
+    // Without a page to open there is nothing to ask.
+    const bool canJoin = static_cast<bool>(screens.openNewsletter);
+    m_observations.watch([this, canJoin] { setVisible(canJoin && m_store.showNewsletterPrompt()); },
+                         store.showNewsletterPrompt);
+}
+
+void NewsletterPrompt::paintEvent(QPaintEvent *)
+{
+    drawStrip(this, Role::AccentSoft, Qt::TopEdge);
+}
+
+} // namespace ardeno

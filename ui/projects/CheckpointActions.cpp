@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/projects/CheckpointActions.h"
+
+#include "ui/controls/Alert.h"
+#include "ui/controls/Menu.h"
+#include "ui/projects/ProjectText.h"
+
+namespace ardeno {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("ardeno::CheckpointActions", text);
+}
+
+QString titleOf(const AppStore &store, const Checkpoint &checkpoint)
+{
+    const Project *const project = store.project(checkpoint.projectID.value_or(QUuid()));
+    return ProjectText::timelineTitle(checkpoint, project ? project->name : QString());
+}
+
+QCoro::Task<void> saveAtOnce(AppStore &store)
+{
+    co_await store.captureMoment(store.draftTitle(), store.draftNext(), CaptureKind::Checkpoint);
+    // Without a form there is no other place for what went wrong.
+    if (store.captureIssue())
+        store.error.set(*store.captureIssue());
+}
+
+} // namespace
+
+void CheckpointActions::fill(QMenu *menu, AppStore &store, const Checkpoint &checkpoint, QWidget *owner,
+                             std::function<void()> opened)
+{
+    addMenuItem(menu, tr("Open checkpoint"), "arrow.right", [&store, id = checkpoint.id, opened = std::move(opened)] {
+        store.selectCheckpoint(id);
+        if (opened)
+            opened();
+    });
+    if (checkpoint.isSample)
+        return;
+    menu->addSeparator();
+    addMenuItem(menu, tr("Delete checkpoint…"), "trash",
+                [&store, checkpoint, owner] { confirmDelete(owner, store, checkpoint); });
+}
+
+void CheckpointActions::confirmDelete(QWidget *owner, AppStore &store, const Checkpoint &checkpoint)
+{
+    SheetHost *const host = SheetHost::of(owner);
+    if (!host)
+        return;
+    const AlertText question{
+        .title = tr("Delete this checkpoint?"),
+        .message = tr("This removes “%1” and its local screenshot or recording.").arg(titleOf(store, checkpoint)),
+        .confirm = tr("Delete checkpoint"),
+        .cancel = tr("Cancel"),
+        .kind = Button::Kind::Destructive,
+    };
+    presentAlert(*host, question, [&store, id = checkpoint.id](bool isConfirmed) {
+        if (isConfirmed)
+            store.deleteCheckpoint(id);
+    });
+}
+
+void CheckpointActions::requestSave(AppStore &store, bool hasForm)
+{
+    if (store.busy())
+        return;
+    if (hasForm) {
+        store.requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
+        return;
+    }
+    // The sample takes no checkpoints: what comes first is a project of one's own.
+    const Project *const selected = store.selectedProject();
+    if (!selected || selected->isSample) {
+        store.showNewProject.set(true);
+        return;
+    }
+    store.draftProjectID.set(selected->id);
+    saveAtOnce(store);
+}
+
+} // namespace ardeno

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/projects/CheckpointManagerSheet.h"
+
+#include "ui/controls/Ground.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Menu.h"
+#include "ui/controls/PlainList.h"
+#include "ui/projects/CheckpointActions.h"
+#include "ui/projects/TimelineDelegate.h"
+
+namespace ardeno {
+
+CheckpointManagerSheet::CheckpointManagerSheet(AppStore &store, const Project &project)
+    : Sheet(tr("Manage checkpoints"), 600),
+      m_store(store),
+      m_projectID(project.id),
+      m_count(makeLabel({}, TextStyle::Body, Role::Dim)),
+      m_list(makeList()),
+      m_empty(makeEmpty()),
+      m_chosen(new LineLabel({}, TextStyle::Small, Role::Dim)),
+      m_delete(new Button(tr("Delete selected checkpoint…"), Button::Kind::Bordered, "trash"))
+{
+    m_model.setProjectName(project.name);
+    auto *head = makeColumn(2);
+    head->addWidget(makeLabel(tr("Manage checkpoints"), TextStyle::SheetTitle));
+    head->addWidget(m_count);
+    column()->addLayout(head);
+    column()->addWidget(m_list, 1);
+    column()->addWidget(m_empty, 1);
+    column()->addWidget(makeFooter());
+    addButton(tr("Done"), Button::Kind::Prominent, [this] { close(); });
+    setMinimumHeight(540);
+    setFirstFocus(m_list);
+    m_observations.watch([this] { showCheckpoints(); }, store.checkpoints);
+    m_list->showCurrent(store.selection() ? m_model.rowOf(*store.selection()) : -1);
+}
+
+PlainList *CheckpointManagerSheet::makeList()
+{
+    auto *list = new PlainList(tr("Checkpoints"));
+    list->setModel(&m_model);
+    list->setItemDelegate(new ManagerDelegate(list));
+    list->setUniformItemSizes(true);
+    list->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
+        QMenu *const menu = makeMenu(this);
+        CheckpointActions::fill(menu, m_store, m_model.rows().at(index.row()), this, [this] { close(); });
+        menu->popup(place);
+    });
+    connect(list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex &current, const QModelIndex &before) {
+                if (before.isValid())
+                    m_list->setIndexWidget(before, nullptr);
+                placeRowMenu(current);
+                showChosen();
+            });
+    connect(list, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex &index) {
+        m_store.selectCheckpoint(m_model.rows().at(index.row()).id);
+        close();
+    });
+    return list;
+}
+
+// The current row has its menu as a button at its right end.
+void CheckpointManagerSheet::placeRowMenu(const QModelIndex &index)
+{
+    if (!index.isValid())
+        return;
+    const QUuid id = m_model.rows().at(index.row()).id;
+    auto *holder = new QWidget;
+    auto *row = makeRow(0, holder);
+    row->setContentsMargins(0, 0, 12, 0);
+    row->addStretch();
+    Button *const actions = Button::makeIcon("ellipsis.circle", tr("Actions for %1").arg(m_model.title(index.row())));
+    holder->setAttribute(Qt::WA_TransparentForMouseEvents, false);
+    row->addWidget(actions);
+    setMenu(actions, [this, id](QMenu *menu) {
+        if (const Checkpoint *const checkpoint = m_store.checkpoint(id))
+            CheckpointActions::fill(menu, m_store, *checkpoint, this, [this] { close(); });
+    });
+    m_list->setIndexWidget(index, holder);
+}
+
+QWidget *CheckpointManagerSheet::makeEmpty()
+{
+    auto *empty = new QWidget;
+    auto *column = makeColumn(6, empty);
+    column->addStretch();
+    column->addWidget(makeLabel(tr("No checkpoints"), TextStyle::BarTitle), 0, Qt::AlignHCenter);
+    column->addWidget(makeLabel(tr("Save a checkpoint to start building this history."), TextStyle::Body, Role::Dim), 0,
+                      Qt::AlignHCenter);
+    column->addStretch();
+    return empty;
+}
+
+QWidget *CheckpointManagerSheet::makeFooter()
+{
+    auto *footer = new QWidget;
+    auto *row = makeRow(12, footer);
+    row->addWidget(m_chosen, 1);
+    row->addWidget(m_delete);
+    connect(m_delete, &QAbstractButton::clicked, this, [this] {
+        if (const auto checkpoint = chosen())
+            CheckpointActions::confirmDelete(this, m_store, *checkpoint);
+    });
+    return footer;
+}
+
+std::optional<Checkpoint> CheckpointManagerSheet::chosen() const
+{
+    const int row = m_list->currentIndex().row();
+    if (row < 0 || row >= m_model.rowCount())
+        return std::nullopt;
+    return m_model.rows().at(row);
+}
+
+void CheckpointManagerSheet::showCheckpoints()
+{
+    m_model.setRows(m_store.checkpointsFor(m_projectID));
+    m_count->setText(tr("%1 saved").arg(m_model.rowCount()));
+    m_list->setVisible(m_model.rowCount() > 0);
+    m_empty->setVisible(m_model.rowCount() == 0);
+    showChosen();
+}
+
+void CheckpointManagerSheet::showChosen()
+{
+    const bool hasChosen = chosen().has_value();
+    m_chosen->setText(hasChosen ? tr("Selected: %1").arg(m_model.title(m_list->currentIndex().row())) : QString());
+    m_delete->setEnabled(hasChosen);
+}
+
+} // namespace ardeno

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+#include "ui/controls/Sheet.h"
+#include "ui/projects/CheckpointListModel.h"
+
+class QLabel;
+
+namespace ardeno {
+
+class LineLabel;
+class PlainList;
+
+// All checkpoints of a project, to open and to delete.
+class CheckpointManagerSheet final : public Sheet {
+public:
+    CheckpointManagerSheet(AppStore &store, const Project &project);
+
+private:
+    PlainList *makeList();
+    QWidget *makeEmpty();
+    QWidget *makeFooter();
+    void showCheckpoints();
+    void showChosen();
+    void placeRowMenu(const QModelIndex &index);
+    std::optional<Checkpoint> chosen() const;
+
+    AppStore &m_store;
+    QUuid m_projectID;
+    CheckpointListModel m_model;
+    QLabel *m_count;
+    PlainList *m_list;
+    QWidget *m_empty;
+    LineLabel *m_chosen;
+    Button *m_delete;
+    Observations m_observations;
+};
+
+} // namespace ardeno

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+
+class QMenu;
+
+namespace ardeno::ProjectActions {
+
+// What can be done with a project, as the entries of a menu.
+void fill(QMenu *menu, AppStore &store, const QUuid &projectID);
+
+} // namespace ardeno::ProjectActions

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/projects/ProjectSheets.h"
+
+#include "ui/controls/Fields.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Sheet.h"
+
+namespace ardeno {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("ardeno::ProjectSheets", text);
+}
+
+// A field with its label above it.
+TextField *addField(QVBoxLayout *column, const QString &label, const QString &placeholder)
+{
+    auto *field = new TextField(label, placeholder);
+    auto *group = new QVBoxLayout;
+    group->setSpacing(5);
+    group->addWidget(makeLabel(label, TextStyle::Medium, Role::Dim));
+    group->addWidget(field);
+    column->addLayout(group);
+    return field;
+}
+
+} // namespace
+
+Sheet *makeNewProjectSheet(AppStore &store)
+{
+    const QString title = tr("A home for your work.");
+    auto *sheet = new Sheet(title, 500);
+    QVBoxLayout *const column = sheet->column();
+    column->addWidget(new SymbolView("folder.badge.plus", Role::AccentText, 28));
+    auto *head = new QVBoxLayout;
+    head->setSpacing(4);
+    column->addLayout(head);
+    head->addWidget(makeParagraph(title, TextStyle::SheetTitle));
+    head->addWidget(makeParagraph(tr("Keep several checkpoints in one project. Each one remembers where you left off "
+                                     "at a different point in time."),
+                                  TextStyle::Body, Role::Dim));
+    TextField *const name = addField(column, tr("Project name"), {});
+    column->addSpacing(4);
+    sheet->addButton(tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
+    Button *const create = sheet->addButton(tr("Create project"), Button::Kind::Prominent, [&store, sheet, name] {
+        // A name that could not be kept stays in its field.
+        if (store.createProject(name->text()))
+            sheet->close();
+    });
+    create->setEnabled(false);
+    QObject::connect(name, &QLineEdit::textChanged, create,
+                     [create](const QString &text) { create->setEnabled(!text.trimmed().isEmpty()); });
+    sheet->setFirstFocus(name);
+    sheet->setOnCancel([&store] { store.showNewProject.set(false); });
+    return sheet;
+}
+
+Sheet *makeProjectBlockerSheet(AppStore &store, const Project &project)
+{
+    const bool isBlocked = project.blockedReason.has_value();
+    const QString title = isBlocked ? tr("Edit blocker") : tr("Mark project blocked");
+    auto *sheet = new Sheet(title, 460);
+    QVBoxLayout *const column = sheet->column();
+    column->addWidget(makeParagraph(title, TextStyle::SheetTitle));
+    TextField *const reason = addField(column, tr("Waiting for…"), tr("e.g. Maya to approve the revised design"));
+    reason->setText(project.blockedReason.value_or(QString()));
+    column->addWidget(makeParagraph(tr("Optional. You can still save checkpoints and reopen this project’s workspace."),
+                                    TextStyle::Small, Role::Dim));
+    column->addSpacing(4);
+    sheet->addButton(tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
+    sheet->addButton(isBlocked ? tr("Save reason") : tr("Mark blocked"), Button::Kind::Prominent,
+                     [&store, sheet, reason, id = project.id] {
+                         if (store.setProjectBlocker(id, reason->text()))
+                             sheet->close();
+                     });
+    sheet->setFirstFocus(reason);
+    sheet->setOnCancel([&store] { store.editingBlocker.set(std::nullopt); });
+    return sheet;
+}
+
+} // namespace ardeno

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/projects/ProjectTimeline.h"
+
+#include "ui/controls/Button.h"
+#include "ui/controls/Ground.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Menu.h"
+#include "ui/controls/PlainList.h"
+#include "ui/controls/Sheet.h"
+#include "ui/projects/CheckpointActions.h"
+#include "ui/projects/CheckpointManagerSheet.h"
+#include "ui/projects/TimelineDelegate.h"
+
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace ardeno {
+
+namespace {
+
+constexpr int scrollBarRoom = 12;
+
+// A strip that the wheel moves sideways.
+class Strip final : public PlainList {
+public:
+    using PlainList::PlainList;
+
+protected:
+    void wheelEvent(QWheelEvent *event) override
+    {
+        const QPoint delta = event->pixelDelta().isNull() ? event->angleDelta() : event->pixelDelta();
+        const int along = std::abs(delta.x()) > std::abs(delta.y()) ? delta.x() : delta.y();
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - along);
+        event->accept();
+    }
+};
+
+} // namespace
+
+ProjectTimeline::ProjectTimeline(AppStore &store, const Screens &screens, QWidget *parent)
+    : QWidget(parent),
+      m_store(store),
+      m_screens(screens),
+      m_count(makeLabel({}, TextStyle::Small, Role::Dim)),
+      m_manage(new Button(tr("Manage checkpoints"), Button::Kind::Plain)),
+      m_latest(new Button(tr("Back to latest"), Button::Kind::Plain)),
+      m_save(new Button(tr("Save checkpoint"), Button::Kind::Prominent, "plus.circle.fill")),
+      m_strip(makeStrip())
+{
+    auto *column = makeColumn(9, this);
+    column->setContentsMargins(28, 12, 28, 3);
+    column->addWidget(makeHeader());
+    column->addWidget(m_strip);
+    m_observations.watch([this] { showCheckpoints(); }, store.checkpoints, store.projects, store.selectedProjectID);
+    m_observations.watch([this] { showSelection(); }, store.selection);
+    m_observations.watch([this] { showBusy(); }, store.busy, store.recording);
+}
+
+QWidget *ProjectTimeline::makeHeader()
+{
+    auto *header = new QWidget;
+    auto *row = makeRow(8, header);
+    row->addWidget(new SymbolView("clock.arrow.circlepath", Role::Dim));
+    row->addWidget(makeLabel(tr("Checkpoint history"), TextStyle::Strong));
+    row->addWidget(m_count);
+    row->addStretch();
+    row->addWidget(m_latest);
+    row->addWidget(m_manage);
+    row->addWidget(m_save);
+    connect(m_latest, &QAbstractButton::clicked, this, [this] {
+        if (!m_model.rows().isEmpty())
+            m_store.selectCheckpoint(m_model.rows().first().id);
+    });
+    connect(m_manage, &QAbstractButton::clicked, this, [this] { manage(); });
+    connect(m_save, &QAbstractButton::clicked, this,
+            [this] { CheckpointActions::requestSave(m_store, static_cast<bool>(m_screens.capture)); });
+    m_save->setHint(tr("Capture this workspace"), "Ctrl+S");
+    m_save->setAccessibleDescription(tr("Save a screenshot and your open workspace"));
+    return header;
+}
+
+PlainList *ProjectTimeline::makeStrip()
+{
+    auto *strip = new Strip(tr("Checkpoint history"));
+    strip->setModel(&m_model);
+    strip->setItemDelegate(new TimelineDelegate(strip));
+    strip->setFlow(QListView::LeftToRight);
+    strip->setWrapping(false);
+    strip->setUniformItemSizes(true);
+    strip->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    strip->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    strip->setFixedHeight(TimelineDelegate::cardSize.height() + scrollBarRoom);
+    strip->setOnActivate(
+        [this](const QModelIndex &index) { m_store.selectCheckpoint(m_model.rows().at(index.row()).id); });
+    strip->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
+        QMenu *const menu = makeMenu(this);
+        CheckpointActions::fill(menu, m_store, m_model.rows().at(index.row()), this, {});
+        menu->popup(place);
+    });
+    return strip;
+}
+
+void ProjectTimeline::showCheckpoints()
+{
+    const Project *const project = m_store.selectedProject();
+    if (!project)
+        return;
+    m_manage->setVisible(!project->isSample); // The sample stays as it is.
+    m_model.setProjectName(project->name);
+    m_model.setRows(m_store.checkpointsFor(project->id));
+    m_count->setText(tr("%1 saved").arg(m_model.rowCount()));
+    showSelection();
+}
+
+void ProjectTimeline::showSelection()
+{
+    const int row = m_store.selection() ? m_model.rowOf(*m_store.selection()) : -1;
+    m_strip->showCurrent(row);
+    m_latest->setVisible(row > 0);
+}
+
+void ProjectTimeline::showBusy()
+{
+    m_save->setEnabled(!m_store.busy() && !m_store.recording());
+}
+
+void ProjectTimeline::selectNeighbour(int step)
+{
+    const int row = m_store.selection() ? m_model.rowOf(*m_store.selection()) : -1;
+    if (row < 0)
+        return;
+    const int other = std::clamp(row + step, 0, m_model.rowCount() - 1);
+    m_store.selectCheckpoint(m_model.rows().at(other).id);
+}
+
+void ProjectTimeline::manage()
+{
+    SheetHost *const host = SheetHost::of(this);
+    const Project *const project = m_store.selectedProject();
+    if (host && project)
+        host->present(new CheckpointManagerSheet(m_store, *project));
+}
+
+} // namespace ardeno

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+#include "ui/Screens.h"
+#include "ui/projects/CheckpointListModel.h"
+
+#include <QWidget>
+
+class QLabel;
+
+namespace ardeno {
+
+class Button;
+class PlainList;
+
+// The selected project's checkpoints as a strip, newest first.
+class ProjectTimeline final : public QWidget {
+public:
+    ProjectTimeline(AppStore &store, const Screens &screens, QWidget *parent = nullptr);
+
+    // To the right in the strip is older.
+    void selectNeighbour(int step);
+
+private:
+    QWidget *makeHeader();
+    PlainList *makeStrip();
+    void showCheckpoints();
+    void showSelection();
+    void showBusy();
+    void manage();
+
+    AppStore &m_store;
+    const Screens &m_screens;
+    CheckpointListModel m_model;
+    std::optional<QUuid> m_shownProject;
+    QLabel *m_count;
+    Button *m_manage;
+    Button *m_latest;
+    Button *m_save;
+    PlainList *m_strip;
+    Observations m_observations;
+};
+
+} // namespace ardeno

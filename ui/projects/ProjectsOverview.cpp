@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/projects/ProjectsOverview.h"
+
+#include "ui/controls/Button.h"
+#include "ui/controls/Fields.h"
+#include "ui/controls/Label.h"
+#include "ui/projects/CardGrid.h"
+#include "ui/projects/ProjectCard.h"
+#include "ui/projects/ProjectText.h"
+
+#include <utility>
+
+namespace ardeno {
+
+namespace {
+
+QHash<QUuid, Checkpoint> latestByProject(const QList<Checkpoint> &checkpoints)
+{
+    QHash<QUuid, const Checkpoint *> newest;
+    for (const Checkpoint &checkpoint : checkpoints) {
+        const Checkpoint *&best = newest[checkpoint.projectID.value_or(QUuid())];
+        if (!best || checkpoint.createdAt > best->createdAt)
+            best = &checkpoint;
+    }
+    QHash<QUuid, Checkpoint> latest;
+    for (auto entry = newest.begin(); entry != newest.end(); ++entry)
+        latest.insert(entry.key(), *entry.value());
+    return latest;
+}
+
+} // namespace
+
+ProjectsOverview::ProjectsOverview(AppStore &store, QWidget *parent)
+    : QWidget(parent),
+      m_store(store),
+      m_title(makeLabel({}, TextStyle::Title)),
+      m_subtitle(makeLabel({}, TextStyle::Body, Role::Dim)),
+      m_archived(new Switch(tr("Show archived"))),
+      m_empty(makeParagraph({}, TextStyle::Body, Role::Dim))
+{
+    m_grid = new CardGrid(tr("Projects"),
+                          {.make = [this] { return new ProjectCard(m_store); },
+                           .show =
+                               [this](QWidget *card, int index) {
+                                   const Project &project = m_projects.at(index);
+                                   const auto latest = m_latest.constFind(project.id);
+                                   static_cast<ProjectCard *>(card)->show(
+                                       project, latest == m_latest.cend() ? nullptr : &*latest);
+                               },
+                           .controls = [](QWidget *card) { return static_cast<ProjectCard *>(card)->controls(); },
+                           .height = ProjectCard::cardHeight});
+    m_grid->setHeader(makeHeader());
+    makeColumn(0, this)->addWidget(m_grid);
+    m_observations.watch(
+        [this] {
+            m_latest = latestByProject(m_store.projects().isEmpty() ? m_store.sampleHistory() : m_store.checkpoints());
+            showProjects(true);
+        },
+        store.projects, store.checkpoints, store.sampleHistory);
+    m_observations.watch([this] { showProjects(false); }, store.search, store.showArchivedProjects);
+}
+
+QWidget *ProjectsOverview::makeHeader()
+{
+    auto *titles = makeColumn(2);
+    titles->addWidget(m_title);
+    titles->addWidget(m_subtitle);
+    auto *create = new Button(tr("New project"), Button::Kind::Prominent, "plus");
+    create->setHint(tr("New project"), "Ctrl+N");
+    connect(create, &QAbstractButton::clicked, this, [this] { m_store.showNewProject.set(true); });
+    connect(m_archived, &QAbstractButton::toggled, this, [this](bool isOn) { m_store.showArchivedProjects.set(isOn); });
+
+    auto *header = new QWidget;
+    auto *column = makeColumn(24, header);
+    auto *row = makeRow(18);
+    row->addLayout(titles, 1);
+    row->addWidget(m_archived, 0, Qt::AlignBottom);
+    row->addWidget(create, 0, Qt::AlignBottom);
+    column->addLayout(row);
+    column->addWidget(m_empty);
+    return header;
+}
+
+QString ProjectsOverview::emptyText() const
+{
+    if (!m_store.search().isEmpty())
+        return tr("No projects match your search.");
+    return m_store.showArchivedProjects() ? tr("No archived projects.")
+                                          : tr("Create a project to save your first checkpoint.");
+}
+
+void ProjectsOverview::showProjects(bool isStale)
+{
+    m_title->setText(m_store.showArchivedProjects() ? tr("Archived projects") : tr("Projects"));
+    m_subtitle->setText(ProjectText::overview(m_store.availableProjects()));
+    m_archived->setChecked(m_store.showArchivedProjects());
+    const QList<Project> before = std::exchange(m_projects, m_store.filteredProjects());
+    m_empty->setText(emptyText());
+    m_empty->setVisible(m_projects.isEmpty());
+    if (isStale || m_projects != before)
+        m_grid->setCount(static_cast<int>(m_projects.size()));
+}
+
+} // namespace ardeno

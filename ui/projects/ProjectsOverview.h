@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+
+#include <QHash>
+#include <QWidget>
+
+class QLabel;
+
+namespace ardeno {
+
+class Button;
+class CardGrid;
+class Switch;
+
+// All projects, one card each.
+class ProjectsOverview final : public QWidget {
+public:
+    explicit ProjectsOverview(AppStore &store, QWidget *parent = nullptr);
+
+private:
+    QWidget *makeHeader();
+    // Stale: the cards show what has changed since, even if the projects are the same.
+    void showProjects(bool isStale);
+    QString emptyText() const;
+
+    AppStore &m_store;
+    QLabel *m_title;
+    QLabel *m_subtitle;
+    Switch *m_archived;
+    CardGrid *m_grid;
+    QLabel *m_empty;
+    QList<Project> m_projects;
+    QHash<QUuid, Checkpoint> m_latest; // Of each project.
+    Observations m_observations;
+};
+
+} // namespace ardeno

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+
+#include <optional>
+
+class QWidget;
+
+namespace ardeno {
+
+// What a colour is for. The plain colours fill, dot and mark; the …Text ones are for letters and thin lines on the
+// window's grounds, where they reach a contrast of 4.5 : 1.
+enum class Role {
+    Accent,
+    AccentText,
+    AccentSoft,
+    OnAccent,
+    Sage,
+    SageText,
+    SageSoft,
+    Amber,
+    AmberText,
+    AmberSoft,
+    Recording,
+    RecordingText,
+    Paper,
+    Sidebar,
+    Card,
+    Field,
+    Line,
+    Hover, // Over any ground, below the pointer.
+    Text,
+    Dim,
+    DimOnSoft, // Dim text on one of the …Soft grounds.
+    Faint,     // Marks that carry no text.
+    Placeholder,
+    Scrim,
+    Count,
+};
+
+enum class Scheme { Light, Dark };
+enum class Contrast { Normal, High };
+enum class Motion { Normal, Reduced };
+
+// What the user asked of every application.
+struct Appearance {
+    Scheme scheme = Scheme::Light;
+    Contrast contrast = Contrast::Normal;
+    Motion motion = Motion::Normal;
+
+    bool operator==(const Appearance &) const = default;
+};
+
+enum class TextStyle { Title, Heading, SheetTitle, BarTitle, Strong, Medium, Body, Small, SmallStrong, Eyebrow, Tiny };
+
+// The colours and fonts of the interface. Main thread only.
+class AppTheme final {
+public:
+    static AppTheme &instance();
+
+    const QColor &color(Role role) const { return m_colors[static_cast<int>(role)]; }
+
+    const Appearance &appearance() const { return m_appearance; }
+
+    // Recomputes every role and hands the palette to the windows that follow.
+    void setAppearance(const Appearance &appearance);
+
+    // The window takes the theme's palette now and after every change, which repaints all it holds.
+    void follow(QWidget *window);
+
+    // A palette whose roles are those of the theme; labels take their colour from it, see paletteRole().
+    const QPalette &palette() const { return m_palette; }
+
+    // The palette's role that carries this colour for text.
+    static QPalette::ColorRole paletteRole(Role role);
+
+    // Sizes follow the desktop's font, of which 13 pixels are the normal size.
+    QFont font(TextStyle style) const;
+    QFont font(double pixels, QFont::Weight weight = QFont::Normal) const;
+
+private:
+    AppTheme();
+
+    void compute();
+    void takeDesktopGrounds();
+
+    Appearance m_appearance;
+    QColor m_colors[static_cast<int>(Role::Count)];
+    QPalette m_palette;
+    QString m_family;
+    double m_scale = 1;
+};
+
+inline const QColor &themeColor(Role role)
+{
+    return AppTheme::instance().color(role);
+}
+
+} // namespace ardeno

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/theme/AppearanceSettings.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QGuiApplication>
+
+namespace ardeno {
+
+namespace {
+
+using SettingGroups = QMap<QString, QVariantMap>;
+
+constexpr const char *service = "org.freedesktop.portal.Desktop";
+constexpr const char *path = "/org/freedesktop/portal/desktop";
+constexpr const char *interface = "org.freedesktop.portal.Settings";
+constexpr const char *appearanceGroup = "org.freedesktop.appearance";
+constexpr const char *interfaceGroup = "org.gnome.desktop.interface"; // Where most desktops keep their animations.
+
+QVariant plain(const QVariant &value)
+{
+    return value.canConvert<QDBusVariant>() ? value.value<QDBusVariant>().variant() : value;
+}
+
+Scheme desktopScheme()
+{
+    return QGuiApplication::palette().color(QPalette::Base).lightness() < 128 ? Scheme::Dark : Scheme::Light;
+}
+
+Appearance readAll(Appearance appearance, const SettingGroups &groups)
+{
+    for (auto group = groups.begin(); group != groups.end(); ++group)
+        appearance = AppearanceSettings::read(appearance, group.key(), group.value());
+    return appearance;
+}
+
+QDBusMessage question()
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, "ReadAll");
+    call << QStringList{appearanceGroup, interfaceGroup};
+    return call;
+}
+
+} // namespace
+
+AppearanceSettings::AppearanceSettings()
+{
+    qDBusRegisterMetaType<SettingGroups>();
+    m_appearance.scheme = desktopScheme();
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (bus.isConnected()) {
+        bus.connect(service, path, interface, "SettingChanged", this,
+                    SLOT(settingChanged(QString, QString, QDBusVariant)));
+        ask();
+    }
+    apply(m_appearance);
+}
+
+void AppearanceSettings::ask()
+{
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    constexpr int patience = 200; // Milliseconds; the answer still counts when it comes later.
+    auto *answer = new QDBusPendingCallWatcher(bus.asyncCall(question()), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *done) {
+        const QDBusPendingReply<SettingGroups> reply = *done;
+        done->deleteLater();
+        if (reply.isError())
+            return;
+        apply(readAll(m_appearance, reply.value()));
+    });
+    const QDBusMessage known = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                                              "org.freedesktop.DBus", "NameHasOwner")
+                               << QString(service);
+    if (bus.call(known, QDBus::Block, patience).arguments().value(0).toBool()) {
+        const QDBusReply<SettingGroups> now = bus.call(question(), QDBus::Block, patience);
+        m_appearance = readAll(m_appearance, now.isValid() ? now.value() : SettingGroups());
+    }
+}
+
+Appearance AppearanceSettings::read(Appearance before, const QString &group, const QVariantMap &settings)
+{
+    const auto number = [&](const char *key) { return plain(settings.value(key)).toUInt(); };
+    if (group == interfaceGroup && settings.contains("enable-animations"))
+        before.motion = plain(settings.value("enable-animations")).toBool() ? Motion::Normal : Motion::Reduced;
+    if (group != appearanceGroup)
+        return before;
+    if (settings.contains("color-scheme")) {
+        const uint wanted = number("color-scheme"); // 0: no preference, 1: dark, 2: light.
+        before.scheme = wanted == 0 ? desktopScheme() : wanted == 1 ? Scheme::Dark : Scheme::Light;
+    }
+    if (settings.contains("contrast"))
+        before.contrast = number("contrast") == 1 ? Contrast::High : Contrast::Normal;
+    if (settings.contains("reduced-motion") && number("reduced-motion") == 1)
+        before.motion = Motion::Reduced;
+    return before;
+}
+
+void AppearanceSettings::settingChanged(const QString &group, const QString &key, const QDBusVariant &value)
+{
+    apply(read(m_appearance, group, {{key, value.variant()}}));
+}
+
+void AppearanceSettings::apply(const Appearance &appearance)
+{
+    m_appearance = appearance;
+    if (!(AppTheme::instance().appearance() == appearance))
+        AppTheme::instance().setAppearance(appearance);
+}
+
+} // namespace ardeno

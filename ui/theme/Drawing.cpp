@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/theme/Drawing.h"
+
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ardeno {
+
+namespace {
+
+QRectF onPixels(const QPainter &painter, const QRectF &rect)
+{
+    const QTransform toScreen = painter.deviceTransform();
+    const QRectF mapped = toScreen.mapRect(rect);
+    const QPointF topLeft(std::round(mapped.left()), std::round(mapped.top()));
+    const QPointF bottomRight(std::round(mapped.right()), std::round(mapped.bottom()));
+    return toScreen.inverted().mapRect(QRectF(topLeft, bottomRight));
+}
+
+} // namespace
+
+qreal Drawing::hairline(const QPainter &painter)
+{
+    const qreal ratio = painter.device()->devicePixelRatio();
+    return std::max(1.0, std::floor(ratio)) / ratio;
+}
+
+void Drawing::panel(QPainter &painter, const QRectF &rect, qreal radius, const QColor &fill, const QColor &line)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const qreal width = hairline(painter);
+    const bool isFramed = line.alpha() > 0;
+    const QRectF outer = onPixels(painter, rect);
+    painter.setPen(isFramed ? QPen(line, width) : QPen(Qt::NoPen));
+    painter.setBrush(fill);
+    const qreal inset = isFramed ? width / 2 : 0;
+    painter.drawRoundedRect(outer.adjusted(inset, inset, -inset, -inset), radius, radius);
+    painter.restore();
+}
+
+void Drawing::edge(QPainter &painter, const QRectF &rect, Qt::Edge which, const QColor &color)
+{
+    const qreal width = hairline(painter);
+    QRectF line = onPixels(painter, rect);
+    switch (which) {
+    case Qt::TopEdge:
+        line.setHeight(width);
+        break;
+    case Qt::BottomEdge:
+        line.setTop(line.bottom() - width);
+        break;
+    case Qt::LeftEdge:
+        line.setWidth(width);
+        break;
+    case Qt::RightEdge:
+        line.setLeft(line.right() - width);
+        break;
+    }
+    painter.fillRect(line, color);
+}
+
+void Drawing::focusRing(QPainter &painter, const QRectF &rect, qreal radius)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(themeColor(Role::AccentText), 2));
+    painter.drawRoundedRect(rect.adjusted(1, 1, -1, -1), radius, radius);
+    painter.restore();
+}
+
+void Drawing::text(QPainter &painter, const QRectF &rect, const QString &text, TextStyle style, const QColor &color,
+                   Qt::Alignment alignment)
+{
+    const QFont font = AppTheme::instance().font(style);
+    painter.setFont(font);
+    painter.setPen(color);
+    const QString elided = QFontMetricsF(font, painter.device()).elidedText(text, Qt::ElideRight, rect.width());
+    painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine, elided);
+}
+
+} // namespace ardeno

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ui/theme/AppTheme.h"
+
+#include <QPainter>
+#include <QRectF>
+
+namespace ardeno::Drawing {
+
+// The thickness of a thin line in logical pixels: a whole number of the screen's own.
+qreal hairline(const QPainter &painter);
+
+// A rounded panel with a thin line inside its edge, on whole pixels of the screen.
+void panel(QPainter &painter, const QRectF &rect, qreal radius, const QColor &fill, const QColor &line);
+
+// A thin horizontal or vertical line along an edge of the rectangle.
+void edge(QPainter &painter, const QRectF &rect, Qt::Edge which, const QColor &color);
+
+// The ring around what has the keyboard's focus.
+void focusRing(QPainter &painter, const QRectF &rect, qreal radius);
+
+// One line of text, elided, in the left middle of the rectangle.
+void text(QPainter &painter, const QRectF &rect, const QString &text, TextStyle style, const QColor &color,
+          Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
+
+} // namespace ardeno::Drawing
