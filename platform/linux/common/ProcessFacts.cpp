@@ -35,6 +35,22 @@ QString unescaped(QString name)
     return name;
 }
 
+// What an argument may name. The folders end in slashes.
+QStringList meanings(const QByteArray &word, const QSet<QByteArray> &folders)
+{
+    if (word.isEmpty() || word.startsWith('-'))
+        return {};
+    QList<std::optional<QString>> paths = {PathText::fromAddress(word), PathText::fromBytes(word)};
+    for (const QByteArray &folder : word.startsWith('/') ? QSet<QByteArray>() : folders)
+        paths.append(PathText::fromBytes(folder + word));
+    QStringList found;
+    for (const auto &path : paths) {
+        if (path)
+            found.append(*path);
+    }
+    return found;
+}
+
 } // namespace
 
 QByteArray ProcessFacts::read(const char *file) const
@@ -76,17 +92,11 @@ QStringList ProcessFacts::pathArguments() const
     constexpr qsizetype most = 512;
     const QSet<QByteArray> folders = workingFolders();
     QStringList paths;
-    const auto add = [&](const std::optional<QString> &path) {
-        if (path && (PathText::isFile(*path) || PathText::isFolder(*path)) && !paths.contains(*path))
-            paths.append(*path);
-    };
     for (const QByteArray &word : read("cmdline").split('\0').mid(1, most)) {
-        if (word.isEmpty() || word.startsWith('-'))
-            continue;
-        add(PathText::fromAddress(word));
-        add(PathText::fromBytes(word)); // Relative ones are none.
-        for (const QByteArray &folder : word.startsWith('/') ? QSet<QByteArray>() : folders)
-            add(PathText::fromBytes(folder + word));
+        for (const QString &path : meanings(word, folders)) {
+            if ((PathText::isFile(path) || PathText::isFolder(path)) && !paths.contains(path))
+                paths.append(path);
+        }
     }
     return paths;
 }
