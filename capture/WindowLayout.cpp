@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/WindowLayout.h"
 
+#include <QHash>
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace ardeno {
 
@@ -49,6 +51,21 @@ QList<WindowLayout::DisplayEntry> entries(const QList<Display> &displays)
     for (const Display &display : displays)
         list.append({display.id, display.usableFrame});
     return list;
+}
+
+// The windows whose page may be a private one.
+QCoro::Task<QSet<quint32>> possiblyPrivate(QList<SavedWindow> layout, TabSource &source)
+{
+    QHash<QString, QSet<quint32>> byApp;
+    for (const SavedWindow &window : std::as_const(layout))
+        byApp[window.appID].insert(window.windowID);
+    QSet<quint32> found;
+    for (auto windows = byApp.cbegin(); windows != byApp.cend(); ++windows) {
+        const std::optional<QSet<quint32>> ordinary = co_await source.ordinaryWindows(windows.key());
+        if (ordinary)
+            found += windows.value() - *ordinary;
+    }
+    co_return found;
 }
 
 } // namespace
@@ -121,6 +138,7 @@ QCoro::Task<QList<SavedWindow>> WindowLayout::capture(QList<SavedApp> apps, cons
         asksFolders = desktop.fileBrowser->locations();
     if (!owners.isEmpty())
         asksDocuments = desktop.documents->locations(owners);
+    const QSet<quint32> unnamed = co_await possiblyPrivate(layout, *desktop.tabSource);
     QList<WindowLocation> folders;
     QList<WindowLocation> documents;
     if (asksFolders)
@@ -128,6 +146,8 @@ QCoro::Task<QList<SavedWindow>> WindowLayout::capture(QList<SavedApp> apps, cons
     if (asksDocuments)
         documents = co_await *asksDocuments;
     for (SavedWindow &window : layout) {
+        if (unnamed.contains(window.windowID))
+            window.title.clear();
         if (desktop.roles.fileBrowserIDs.contains(window.appID))
             window.locationURL = location(window, folders);
         else
