@@ -210,6 +210,7 @@ TEST_CASE("folders belong to windows of file browsers, documents to all others, 
 TEST_CASE("a browser's window keeps its place but not its title unless it certainly shows no private page")
 {
     fakes::InMemoryDesktop memory;
+    memory.addDisplay(1, {0, 0, 1000, 800});
     memory.addApplication("browser", "Browser", {0, 0, 400, 300}, "Related work");
     memory.addApplication("editor", "Editor", {0, 0, 400, 300}, "notes.txt");
     memory.windows.append(memory.windows[0]);
