@@ -30,7 +30,8 @@ TEST_CASE_FIXTURE(DocumentsFixture,
     const QString second = makeFolder("Other/Deep/Odd %20 #1 & more");
     const QString other = makeFolder("Elsewhere/Thesis");
     for (const Manager &manager : managers) {
-        CAPTURE(manager.id);
+        const QString id = manager.id;
+        CAPTURE(id);
         Application started(manager.program, manager.arguments + QStringList{first});
         REQUIRE(started.waitForWindow("Thesis") != 0);
         CHECK(comesToShow(manager.id, first));
@@ -49,7 +50,8 @@ TEST_CASE_FIXTURE(DocumentsFixture, "two windows that cannot be told apart have 
     const QString first = makeFolder("Projects/Thesis");
     const QString second = makeFolder("Elsewhere/Thesis");
     for (const Manager &manager : managers) {
-        CAPTURE(manager.id);
+        const QString id = manager.id;
+        CAPTURE(id);
         Application started(manager.program, manager.arguments + QStringList{first});
         REQUIRE(started.waitForWindow("Thesis") != 0);
         CHECK(comesToShow(manager.id, first));
