@@ -30,6 +30,8 @@ struct Answers final : TabSource {
 
     bool isRunning(const QString &id) override { return running.contains(id); }
 
+    QCoro::Task<std::optional<QSet<quint32>>> ordinaryWindows(QString) override { co_return std::nullopt; }
+
     QCoro::Task<TabReport> openTabs(Browser browser, QString script) override
     {
         asked += browser.id;

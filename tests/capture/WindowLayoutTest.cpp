@@ -206,3 +206,25 @@ TEST_CASE("folders belong to windows of file browsers, documents to all others, 
     CHECK_FALSE_MESSAGE(layout[2].documentURL.has_value(), "a title that only a folder and another process have");
     CHECK(memory.processesAskedAbout == QList<QSet<qint64>>{{1002}});
 }
+
+TEST_CASE("a browser's window keeps its place but not its title unless it certainly shows no private page")
+{
+    fakes::InMemoryDesktop memory;
+    memory.addDisplay(1, {0, 0, 1000, 800});
+    memory.addApplication("browser", "Browser", {0, 0, 400, 300}, "Related work");
+    memory.addApplication("editor", "Editor", {0, 0, 400, 300}, "notes.txt");
+    memory.windows.append(memory.windows[0]);
+    memory.windows.last().windowID = 9;
+    memory.windows.last().title = "Secret";
+    memory.ordinaryWindows = {{"browser", {memory.windows[0].windowID}}};
+    const Desktop desktop = memory.makeDesktop();
+    const QList<SavedApp> apps = {{"browser", "Browser"}, {"editor", "Editor"}};
+
+    const QList<SavedWindow> layout = finish(WindowLayout::capture(apps, desktop, ownProcessID));
+
+    REQUIRE(layout.size() == 3);
+    CHECK(layout[0].title == "Related work");
+    CHECK(layout[1].title == "notes.txt");
+    CHECK(layout[2].title == "");
+    CHECK(layout[2].frame == layout[0].frame);
+}

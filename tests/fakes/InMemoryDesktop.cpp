@@ -116,6 +116,14 @@ public:
         co_return TabReport{.records = records};
     }
 
+    QCoro::Task<std::optional<QSet<quint32>>> ordinaryWindows(QString appID) override
+    {
+        const auto found = m_desktop.ordinaryWindows.constFind(appID);
+        if (found == m_desktop.ordinaryWindows.cend())
+            co_return std::nullopt;
+        co_return *found;
+    }
+
 private:
     InMemoryDesktop &m_desktop;
 };

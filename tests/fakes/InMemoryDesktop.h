@@ -17,7 +17,8 @@ struct InMemoryDesktop {
     std::function<void()> applicationsChanged = {}; // To be called by the test; empty: nobody wants to know.
     QList<Display> displays = {};
     QList<WindowInfo> windows = {};
-    QHash<QString, QString> tabRecords = {}; // Of each running browser; a null text: it cannot be read.
+    QHash<QString, QSet<quint32>> ordinaryWindows = {}; // Of the applications whose windows may be private.
+    QHash<QString, QString> tabRecords = {};            // Of each running browser; a null text: it cannot be read.
     QStringList browsersRead = {};
     bool screenAccess = true;
     bool consentOnAsking = false;

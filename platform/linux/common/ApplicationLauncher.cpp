@@ -74,7 +74,8 @@ QCoro::Task<void> ApplicationLauncher::reveal(QString path)
     const QString browser = DesktopLaunch::handlerOfPath("/");
     if (!browser.isEmpty() && isInstalled(browser))
         expect(entry(browser).id);
-    co_await inWorker([path] { DesktopLaunch::showInFileBrowser(path); });
+    const auto work = [path] { DesktopLaunch::showInFileBrowser(path); };
+    co_await inWorker(work);
 }
 
 QCoro::Task<void> ApplicationLauncher::openPages(QString appID, QStringList addresses)

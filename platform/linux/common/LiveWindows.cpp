@@ -86,6 +86,16 @@ public:
         }
     }
 
+    QSet<quint32> taken() const
+    {
+        QSet<quint32> taken;
+        for (qsizetype live = 0; live < m_live.size(); ++live) {
+            if (m_isTaken[live])
+                taken.insert(m_live[live].windowID);
+        }
+        return taken;
+    }
+
     QList<SessionWindow> kept() const
     {
         QList<SessionWindow> kept;
@@ -123,6 +133,13 @@ QList<SessionWindow> withoutGhosts(const QList<SessionWindow> &session, const QL
     // that it may be: a page too many is better than a lost one.
     pairing.pair([](const LiveWindow &, const SessionWindow &b) { return !b.isAtFrame || !b.frame; });
     return pairing.kept();
+}
+
+QSet<quint32> windowsOfPages(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
+{
+    Pairing pairing(session, live);
+    pairing.pair(showsPage);
+    return pairing.taken();
 }
 
 std::optional<LiveWindow> certainWindow(const SessionWindow &window, const QList<SessionWindow> &session,

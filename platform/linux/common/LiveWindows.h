@@ -37,6 +37,10 @@ QString shownTitle(const SessionTab &tab);
 // most, by its title or by its place.
 QList<SessionWindow> withoutGhosts(const QList<SessionWindow> &session, const QList<LiveWindow> &live);
 
+// The live windows that show in their title the page of a window of the session. Its place says too little: a private
+// window may stand where an ordinary one does.
+QSet<quint32> windowsOfPages(const QList<SessionWindow> &session, const QList<LiveWindow> &live);
+
 // The live window that a session's window is; absent unless nothing else is possible.
 std::optional<LiveWindow> certainWindow(const SessionWindow &window, const QList<SessionWindow> &session,
                                         const QList<LiveWindow> &live);

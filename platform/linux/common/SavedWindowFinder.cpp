@@ -55,8 +55,9 @@ QCoro::Task<std::optional<quint32>> SavedWindowFinder::find(SavedTab tab)
     if (!live)
         co_return std::nullopt;
     const TabSearch search{std::move(tab), std::move(*live)};
+    const auto work = [search] { return search.run(); };
     try {
-        co_return co_await SlowWork::withinDeadline([search] { return search.run(); }, deadline);
+        co_return co_await SlowWork::withinDeadline(work, deadline);
     } catch (const std::exception &) {
         co_return std::nullopt; // What is not known is not certain.
     }

@@ -30,16 +30,18 @@ TEST_CASE_FIXTURE(DocumentsFixture,
     const QString second = makeFolder("Other/Deep/Odd %20 #1 & more");
     const QString other = makeFolder("Elsewhere/Thesis");
     for (const Manager &manager : managers) {
-        CAPTURE(manager.id);
+        const QString id = manager.id;
+        CAPTURE(id);
         Application started(manager.program, manager.arguments + QStringList{first});
         REQUIRE(started.waitForWindow("Thesis") != 0);
         CHECK(comesToShow(manager.id, first));
         // A second start hands the folder to the first process, whose command line stays as it was.
         const Application later(manager.program, manager.arguments + QStringList{second});
         CHECK(comesToShow(manager.id, second));
-        const Paths shownNow = shown(manager.id);
-        CHECK_FALSE_MESSAGE(shownNow.contains(other), "a folder of the same name that nobody looks at");
-        CHECK_FALSE_MESSAGE(shownNow.contains(std::nullopt), "every window's folder is known");
+        CHECK_FALSE_MESSAGE(shown(manager.id).contains(other), "a folder of the same name that nobody looks at");
+        // A busy manager may take longer to answer than it is waited for.
+        CHECK_MESSAGE(eventually([&] { return !shown(manager.id).contains(std::nullopt); }),
+                      "every window's folder is known");
     }
 }
 
@@ -48,7 +50,8 @@ TEST_CASE_FIXTURE(DocumentsFixture, "two windows that cannot be told apart have 
     const QString first = makeFolder("Projects/Thesis");
     const QString second = makeFolder("Elsewhere/Thesis");
     for (const Manager &manager : managers) {
-        CAPTURE(manager.id);
+        const QString id = manager.id;
+        CAPTURE(id);
         Application started(manager.program, manager.arguments + QStringList{first});
         REQUIRE(started.waitForWindow("Thesis") != 0);
         CHECK(comesToShow(manager.id, first));
