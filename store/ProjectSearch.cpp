@@ -6,6 +6,7 @@
 #include <QStringMatcher>
 
 #include <algorithm>
+#include <utility>
 
 namespace ardeno {
 
@@ -39,13 +40,16 @@ const QSet<QUuid> &ProjectSearch::withTitle(const QString &part, const QList<Che
     if (!isIndexed)
         index(checkpoints);
     m_part = part;
-    m_found.clear();
     const QString folded = Text::folded(part);
+    // Who types on finds less and less: what did not match before does not match now.
+    const bool narrows = isIndexed && !m_folded.isEmpty() && folded.contains(m_folded);
+    const QSet<QUuid> candidates = std::exchange(m_found, {});
+    m_folded = folded;
     if (folded.contains(QChar(separator)))
         return m_found;
     const QStringMatcher matcher(folded, Qt::CaseSensitive);
     for (auto titles = m_titles.cbegin(); titles != m_titles.cend(); ++titles) {
-        if (matcher.indexIn(titles.value()) >= 0)
+        if ((!narrows || candidates.contains(titles.key())) && matcher.indexIn(titles.value()) >= 0)
             m_found.insert(titles.key());
     }
     return m_found;

@@ -21,6 +21,7 @@ private:
     QList<Checkpoint> m_indexed; // The list itself tells whether it is still the same one.
     QHash<QUuid, QString> m_titles;
     QString m_part;
+    QString m_folded; // The same, folded.
     QSet<QUuid> m_found;
 };
 

@@ -155,10 +155,15 @@ TEST_CASE_FIXTURE(StoreFixture, "search finds titles as people compare them, and
     CHECK(found("TOMA") == QStringList{"Garden"});
     CHECK(found("STRASSE") == QStringList{"Thesis"});
     CHECK(found(u"cafe\u0301"_qs) == QStringList{"Thesis"}); // The accent composed in another way.
-    CHECK(found("s t") == QStringList()); // No match reaches from one title into the next.
+    CHECK(found("s t") == QStringList());                    // No match reaches from one title into the next.
     CHECK(found(QString(QChar(0xFFFF))).isEmpty());
     tomatoes.title = "Beans";
     REQUIRE(store().save(tomatoes));
     CHECK(found("toma") == QStringList());
     CHECK(found("beans") == QStringList{"Garden"});
+    // Typing on and going back.
+    for (const char *typed : {"b", "be", "bea", "be", "b"})
+        CHECK(found(typed) == QStringList{"Garden"});
+    CHECK(found("bex") == QStringList());
+    CHECK(found("be") == QStringList{"Garden"});
 }
