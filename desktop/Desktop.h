@@ -5,6 +5,7 @@
 #include "desktop/FileBrowser.h"
 #include "desktop/ScreenAccess.h"
 #include "desktop/ScreenCapture.h"
+#include "desktop/ScreenRecorder.h"
 #include "desktop/TabSource.h"
 #include "desktop/WindowServer.h"
 #include "desktop/Workspace.h"
@@ -32,6 +33,7 @@ struct Desktop {
     std::unique_ptr<Workspace> workspace = {};
     std::unique_ptr<WindowServer> windowServer = {};
     std::unique_ptr<ScreenCapture> screenCapture = {};
+    std::unique_ptr<ScreenRecorder> screenRecorder = {};
     std::unique_ptr<ScreenAccess> screenAccess = {};
     std::unique_ptr<TabSource> tabSource = {};
     std::unique_ptr<FileBrowser> fileBrowser = {};

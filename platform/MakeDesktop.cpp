@@ -8,6 +8,7 @@
 #include "platform/linux/x11/X11LiveWindows.h"
 #include "platform/linux/x11/X11ScreenAccess.h"
 #include "platform/linux/x11/X11ScreenCapture.h"
+#include "platform/linux/x11/X11ScreenRecorder.h"
 #include "platform/linux/x11/X11WindowServer.h"
 #include "platform/linux/x11/X11Workspace.h"
 #include "platform/null/NullDesktop.h"
@@ -43,7 +44,9 @@ Desktop makeX11Desktop()
     desktop.roles = linuxRoles();
     desktop.workspace = std::make_unique<X11Workspace>(connection, entries);
     desktop.windowServer = std::make_unique<X11WindowServer>(connection, entries);
-    desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID);
+    const auto keeper = std::make_shared<X11RedirectionKeeper>(qgetenv("DISPLAY"));
+    desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID, keeper);
+    desktop.screenRecorder = std::make_unique<X11ScreenRecorder>(desktop.roles.ownID, keeper);
     desktop.screenAccess = std::make_unique<X11ScreenAccess>();
     desktop.tabSource = std::make_unique<SessionTabs>(x11LiveWindows(connection, entries));
     Desktop none = makeNullDesktop("x11", "This version of Ardeno cannot read what windows show.", {});

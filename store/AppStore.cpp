@@ -34,7 +34,7 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
       m_askScreenAccess(std::move(parts.askScreenAccess)),
       m_verifyScreenAccess(std::move(parts.verifyScreenAccess)),
       m_runningApplicationIDs(std::move(parts.runningApplicationIDs)),
-      m_capture(*desktop.screenCapture)
+      m_capture(*desktop.screenCapture, desktop.screenRecorder.get())
 {
     if (!m_checkScreenAccess)
         m_checkScreenAccess = [this] { return m_desktop.screenAccess->check(); };
@@ -47,6 +47,9 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
     readPreferences();
     readExclusions();
     readLibrary();
+    m_capture.onFailure = [this](const Failure &failure) { recordingFailed(failure); };
+    if (m_isLibraryRead && parts.recoverSessions)
+        recoverSessions();
     chooseFirstProject();
 }
 

@@ -25,6 +25,11 @@ struct InMemoryDesktop {
     std::function<void()> whileComposing = {}; // Called in the middle of a picture.
     QList<QSet<QString>> preparedExclusions = {};
     QList<CanvasRequest> requests = {};
+    QList<RecordingRequest> recordings = {}; // As they were asked for.
+    RecordingEvents recordingEvents = {};    // Of the last one, for what a test lets happen to it.
+    Capability recorder = Capability::available();
+    std::optional<Failure> recordingFailure = {}; // Of the next start.
+    std::function<void()> whenStopped = {};       // Instead of the file being finished when the recording is stopped.
     QList<WindowLocation> folders = {};           // What windows of file browsers show.
     QList<WindowLocation> documents = {};         // What windows of other applications show; each has a process.
     QList<QSet<qint64>> processesAskedAbout = {}; // By each question for documents.
