@@ -34,6 +34,7 @@ ExitStatus runShow(const QCommandLineParser &parsed);
 ExitStatus runExclude(const QCommandLineParser &parsed);
 ExitStatus runAllow(const QCommandLineParser &parsed);
 ExitStatus runExclusions(const QCommandLineParser &parsed);
+ExitStatus runRecord(const QCommandLineParser &parsed);
 ExitStatus runDoctor(const QCommandLineParser &parsed);
 
 } // namespace ardeno

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/CommandLine.h"
 
+#include "app/Background.h"
+#include "app/BusClient.h"
 #include "app/Output.h"
+#include "app/StoreAccess.h"
 
 #include <algorithm>
 
@@ -41,6 +44,12 @@ QList<Command> makeCommands()
          {jsonOption()},
          1,
          runShow},
+        {"record",
+         "start --project NAME [--title TEXT] [--next TEXT] | stop",
+         "Records the main display while you work; stopping saves a checkpoint with the recording.",
+         {project, {"title", "The checkpoint's title.", "TEXT"}, {"next", "The next small step.", "TEXT"}},
+         1,
+         runRecord},
         {"exclude",
          "app ID | domain TEXT",
          "Leaves an application or a website out of every capture.",
@@ -64,6 +73,7 @@ QString generalHelp()
                    "Usage:\n"_qs;
     for (const Command &command : commands())
         text += u"  ardeno %1 %2\n      %3\n"_qs.arg(command.name, command.arguments, command.summary);
+    text += u"  ardeno --background\n      Serves the commands over the session bus, without a window.\n"_qs;
     return text + u"  ardeno --version\n  ardeno --help\n  ardeno COMMAND --help\n"_qs;
 }
 
@@ -77,8 +87,6 @@ ExitStatus wrongUsage(const QString &problem, const QString &command = {})
 // What the whole program will do and this version does not; absent for anything else.
 std::optional<QString> missingHere(const QString &command)
 {
-    if (command == "record")
-        return u"This version of Ardeno cannot record work sessions."_qs;
     if (command == "resume")
         return u"This version of Ardeno cannot resume checkpoints."_qs;
     if (command.isEmpty() || command == "quick-save")
@@ -103,6 +111,11 @@ ExitStatus runCommand(const Command &command, const QStringList &arguments)
                                                                                                : command.arguments),
                           command.name);
     }
+    // The application that runs has the library.
+    if (!ApplicationStore::current()) {
+        if (const auto status = BusClient::run(QStringList{command.name} + arguments))
+            return *status;
+    }
     return command.run(parser);
 }
 
@@ -125,6 +138,8 @@ ExitStatus runCommandLine(const QStringList &arguments)
         print(u"Ardeno %1\n"_qs.arg(ARDENO_VERSION));
         return ExitStatus::Done;
     }
+    if (name == "--background" && arguments.size() == 1 && !ApplicationStore::current())
+        return runBackground();
     const auto found = std::find_if(commands().begin(), commands().end(),
                                     [&](const Command &command) { return command.name == name; });
     if (found != commands().end())

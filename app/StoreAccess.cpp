@@ -8,6 +8,8 @@ namespace ardeno {
 
 namespace {
 
+AppStore *applicationStore = nullptr;
+
 LibraryLock lock(LockedStore::Purpose purpose)
 {
     constexpr std::chrono::seconds patience(10);
@@ -17,11 +19,33 @@ LibraryLock lock(LockedStore::Purpose purpose)
 
 } // namespace
 
-LockedStore::LockedStore(Desktop &desktop, Purpose purpose) : m_lock(lock(purpose))
+ApplicationStore::ApplicationStore(AppStore &store)
 {
-    m_store = std::make_unique<AppStore>(desktop);
-    if (m_store->error())
-        printError(*m_store->error());
+    applicationStore = &store;
+}
+
+ApplicationStore::~ApplicationStore()
+{
+    applicationStore = nullptr;
+}
+
+AppStore *ApplicationStore::current()
+{
+    return applicationStore;
+}
+
+LockedStore::LockedStore(Desktop &desktop, Purpose purpose)
+{
+    if (ApplicationStore::current())
+        return;
+    m_lock = lock(purpose);
+    StoreParts parts;
+    parts.recoverSessions = m_lock->isHeld();
+    m_store = std::make_unique<AppStore>(desktop, std::move(parts));
+    for (const auto &sentence : {m_store->error(), m_store->notice()}) {
+        if (sentence)
+            printError(*sentence);
+    }
 }
 
 Desktop libraryOnlyDesktop()

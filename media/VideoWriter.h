@@ -28,6 +28,8 @@ public:
 
     // Pixels of 32 bits in memory order blue, green, red, unused, in rows without gaps.
     void write(const char *pixels, qint64 milliseconds);
+    // Puts all frames into the file.
+    void flush(qint64 milliseconds);
     // Puts frames that have waited for a second into the file. Throws also when the file is no longer where it was
     // made.
     void keepUp(qint64 milliseconds);
@@ -39,7 +41,6 @@ private:
 
     void require(int result);
     void requireFile() const;
-    void flush(qint64 milliseconds);
 
     QString m_path;
     FileDescriptor m_file;

@@ -35,6 +35,7 @@ void X11Recording::begin()
     m_writer.emplace(m_request.path, m_request.size);
     m_start = Clock::now();
     m_writer->write(first->bytes, 0);
+    m_writer->flush(0);
 }
 
 void X11Recording::run()
