@@ -11,6 +11,8 @@
 #include "support/Failure.h"
 #include "support/InWorker.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 namespace ardeno {
@@ -58,8 +60,10 @@ RecordableContent X11ScreenRecorder::content()
 QCoro::Task<std::unique_ptr<RecordingStream>> X11ScreenRecorder::start(RecordingRequest request, RecordingEvents events)
 {
     const auto recording = std::make_shared<X11Recording>(request, m_ownAppID, m_keeper);
-    co_await inWorker([recording] { recording->begin(); });
-    co_return std::make_unique<X11RecordingStream>(recording, std::move(events));
+    const auto begin = [recording] { recording->begin(); };
+    co_await inWorker(begin);
+    std::unique_ptr<RecordingStream> stream = std::make_unique<X11RecordingStream>(recording, std::move(events));
+    co_return stream;
 }
 
 } // namespace ardeno
