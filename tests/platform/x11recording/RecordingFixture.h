@@ -32,11 +32,12 @@ struct RecordingFixture : ScreenFixture {
         finish(service.startRecording(path, excluded));
     }
 
-    // Waits until the file holds so many frames more than now.
-    void record(int frames) const
+    // Lets something happen and waits until the file shows it.
+    void record(const std::function<void()> &happening) const
     {
         const int before = desktop_test::Video(path).frames();
-        CHECK(desktop_test::eventually([&] { return desktop_test::Video(path).frames() >= before + frames; }));
+        happening();
+        CHECK(desktop_test::eventually([&] { return desktop_test::Video(path).frames() > before; }));
     }
 
     desktop_test::Video stop()

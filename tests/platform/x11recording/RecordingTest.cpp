@@ -19,13 +19,12 @@ TEST_SUITE("everywhere")
     TEST_CASE_FIXTURE(RecordingFixture, "a recording shows what happens on the display, and the pointer")
     {
         start();
-        movePointer(900, 500);
-        auto window = std::make_unique<Painter>(QStringList{"class=open", "colour=00c000", "geometry=100,100,600,400"});
-        record(2);
-        movePointer(300, 300);
-        record(1);
-        window.reset();
-        record(1);
+        std::unique_ptr<Painter> window;
+        record([&] {
+            window = std::make_unique<Painter>(QStringList{"class=open", "colour=00c000", "geometry=100,100,600,400"});
+        });
+        record([&] { movePointer(300, 300); });
+        record([&] { window.reset(); });
         const Video video = stop();
 
         CHECK(video.codec() == "h264");
@@ -51,10 +50,9 @@ TEST_SUITE("everywhere")
         const Painter popup({"class=secret", "colour=ff00ff", "geometry=320,420,150,150", "kind=popup"});
         PaintedWindow own(Painting{.windowClass = "ardeno", .colour = 0x00ffff, .geometry = {100, 600, 200, 150}});
         own.waitUntilShown();
-        record(1);
+        record([&] { movePointer(90, 90); });
         secret.reset();
-        movePointer(60, 60);
-        record(1);
+        record([&] { movePointer(60, 60); });
         const Video video = stop();
 
         const int frames = int(video.pictures().size());
@@ -74,11 +72,9 @@ TEST_SUITE("everywhere")
         auto own = std::make_unique<PaintedWindow>(
             Painting{.windowClass = "ardeno", .colour = 0x00ffff, .geometry = {300, 200, 200, 150}});
         own->waitUntilShown();
-        movePointer(60, 60);
-        record(1);
+        record([&] { movePointer(60, 60); });
         own.reset();
-        movePointer(90, 90);
-        record(1);
+        record([&] { movePointer(90, 90); });
         const Video video = stop();
 
         CHECK(framesWith(video, 0xff00ffff) == 0);
@@ -118,9 +114,8 @@ TEST_CASE_FIXTURE(RecordingFixture, "a display that changes its size is shown wh
     const Painter open({"class=open", "colour=00c000", "geometry=0,0,1280,1000", "kind=popup"});
     start();
     setMonitors({{"ONE", "500/300x1000/200+0+0"}});
-    record(1);
-    movePointer(60, 60);
-    record(1);
+    record([&] { movePointer(60, 60); });
+    record([&] { movePointer(90, 90); });
     const Video video = stop();
 
     CHECK(video.size() == QSize(1280, 720));
