@@ -68,7 +68,14 @@ void X11Composition::choose(X11Redirection &redirection)
     const X11Connection &connection = redirection.connection();
     m_revision = redirection.revision();
     const bool wasComposited = m_choice && m_choice->isComposited;
-    m_choice = chooseWindows(connection, m_entries, topLevels(connection), m_exclusion);
+    const QList<TopLevel> windows = topLevels(connection);
+    m_choice = chooseWindows(connection, m_entries, windows, m_exclusion);
+    // A frame whose window has gone still shows it.
+    for (const TopLevel &window : windows) {
+        if (m_leftOut.contains(window.id) && m_choice->allowed.remove(window.id))
+            m_choice->leftOut.insert(window.id);
+    }
+    m_leftOut = m_choice->leftOut;
     m_hasOldBackground = m_hasOldBackground || m_choice->isComposited != wasComposited;
 }
 

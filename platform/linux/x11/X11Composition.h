@@ -49,7 +49,8 @@ private:
     DesktopEntries &m_entries;
     const Exclusion &m_exclusion;
     std::optional<WindowChoice> m_choice = {};
-    quint32 m_revision = 0; // Of the windows when they were chosen.
+    QSet<xcb_window_t> m_leftOut = {}; // Whatever has been, for as long as it is there.
+    quint32 m_revision = 0;            // Of the windows when they were chosen.
     std::optional<X11Canvas> m_canvas = {};
     std::optional<X11Background> m_background = {};
     Clock::time_point m_backgroundTime = {};

@@ -57,6 +57,7 @@ public:
 private:
     struct Awaited {
         X11Region region = {};
+        X11Region uncovered = {}; // What the server will report as drawn because it was uncovered, which it was not.
         Clock::time_point since = {}; // When the window last got pixels that are not its own.
     };
 
@@ -65,10 +66,12 @@ private:
     void inheritCovered(const QList<TopLevel> &windows);
     void watchUnlessClean(xcb_window_t id);
     void forget(xcb_window_t id);
+    void expectExposure(xcb_window_t above, const QRect &before);
 
     void handle(const xcb_generic_event_t &event);
     bool isOwn(xcb_window_t id) const;
     void handleBelowRoot(const xcb_generic_event_t &event);
+    void handleChange(const xcb_generic_event_t &event, xcb_window_t id);
     void handleCreate(const xcb_create_notify_event_t &event);
     void handleConfigure(const xcb_configure_notify_event_t &event);
     void handleReparent(const xcb_reparent_notify_event_t &event);
