@@ -19,7 +19,7 @@ QString Video::probe(const QString &entry, const QStringList &options) const
 QString Video::problems() const
 {
     QProcess player;
-    player.start("ffmpeg", {"-nostdin", "-v", "warning", "-i", m_path, "-f", "null", "-"});
+    player.start("ffprobe", {"-v", "warning", "-count_frames", "-show_entries", "stream=nb_read_frames", m_path});
     player.waitForFinished();
     return QString::fromUtf8(player.readAllStandardError());
 }
