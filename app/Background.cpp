@@ -43,7 +43,7 @@ bool isDesktopGone(Desktop &desktop)
     return !desktop.windowServer->availability().isAvailable();
 }
 
-ExitStatus serve(QDBusConnection connection)
+ExitStatus serve(const QDBusConnection &connection)
 {
     Desktop desktop = makeDesktop();
     AppStore store(desktop);

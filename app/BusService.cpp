@@ -29,11 +29,11 @@ bool BusService::begin()
     return m_connection.registerVirtualObject(bus::path, this) && m_connection.registerService(bus::service);
 }
 
-void BusService::finishWith(std::function<void()> last)
+void BusService::finishWith(const std::function<void()> &last)
 {
     if (std::exchange(m_isFinishing, true))
         return;
-    enqueue(std::move(last));
+    enqueue(last);
 }
 
 QString BusService::introspect(const QString &) const
@@ -89,9 +89,9 @@ void BusService::carryOut(const QDBusMessage &message)
     m_connection.send(message.createReply({answer.status, answer.output, answer.errors}));
 }
 
-void BusService::enqueue(std::function<void()> work)
+void BusService::enqueue(const std::function<void()> &work)
 {
-    m_queue.enqueue(std::move(work));
+    m_queue.enqueue(work);
     QMetaObject::invokeMethod(this, [this] { workOff(); }, Qt::QueuedConnection);
 }
 

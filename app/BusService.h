@@ -35,14 +35,14 @@ public:
     bool begin();
 
     // Runs after everything that has been asked for before, as the last thing.
-    void finishWith(std::function<void()> last);
+    void finishWith(const std::function<void()> &last);
 
     QString introspect(const QString &path) const override;
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
 
 private:
     bool handleApplication(const QDBusMessage &message);
-    void enqueue(std::function<void()> work);
+    void enqueue(const std::function<void()> &work);
     void workOff();
     void carryOut(const QDBusMessage &message);
 

@@ -12,7 +12,10 @@ AppStore *applicationStore = nullptr;
 
 LibraryLock lock(LockedStore::Purpose purpose)
 {
-    constexpr std::chrono::seconds patience(10);
+    // Another command ends soon; an application goes on, and has been asked over the bus already.
+    const auto holder = LibraryLock::holder(CheckpointRepository::defaultRoot());
+    const bool isApplication = holder && holder->kind == LibraryLock::Kind::Application;
+    const std::chrono::seconds patience(isApplication ? 0 : 10);
     const auto access = purpose == LockedStore::Purpose::Read ? LibraryLock::Access::Read : LibraryLock::Access::Write;
     return LibraryLock::waitFor({CheckpointRepository::defaultRoot(), LibraryLock::Kind::Command, access}, patience);
 }

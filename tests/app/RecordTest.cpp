@@ -197,6 +197,10 @@ TEST_CASE_FIXTURE(ApplicationFixture, "one application serves all commands, and 
                                         QStringList{"--method", "org.freedesktop.Application.ActivateAction",
                                                     "stop-recording", "[]", "{}"});
     CHECK(eventually([this] { return checkpoints().size() == 6; }));
+    environment.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + home.filePath("nowhere"));
+    const ProgramResult unreachable = run({"save", "--project", "Thesis", "--no-tabs"});
+    CHECK(unreachable.status == 1);
+    CHECK(unreachable.error.contains(QByteArray::number(application->processId())));
     end(SIGTERM);
     REQUIRE(application->waitForFinished());
     CHECK(application->exitCode() == 0);

@@ -37,7 +37,8 @@ X11Composition::~X11Composition()
     m_canvas.reset();
 }
 
-FetchedPixels X11Composition::frame(const DisplayPlacement &placement, QSize size, X11ScreenChanges &changes)
+std::optional<FetchedPixels> X11Composition::frame(const DisplayPlacement &placement, QSize size,
+                                                   X11ScreenChanges &changes)
 {
     const X11RedirectionHold::Use use = m_hold->use();
     X11Redirection &redirection = use.redirection;
@@ -60,7 +61,7 @@ FetchedPixels X11Composition::frame(const DisplayPlacement &placement, QSize siz
     }
     redirection.processEvents(); // What was read meanwhile does not wake the hold's own thread.
     requireAlive(redirection.connection());
-    return pixels.value();
+    return pixels;
 }
 
 void X11Composition::choose(X11Redirection &redirection)

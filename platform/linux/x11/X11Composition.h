@@ -25,8 +25,8 @@ public:
     X11Composition &operator=(const X11Composition &) = delete;
     ~X11Composition();
 
-    // Valid until the next call. Throws Failure.
-    FetchedPixels frame(const DisplayPlacement &placement, QSize size, X11ScreenChanges &changes);
+    // Valid until the next call. Absent when it could not be said for certain what may be shown. Throws Failure.
+    std::optional<FetchedPixels> frame(const DisplayPlacement &placement, QSize size, X11ScreenChanges &changes);
 
     // What has changed since the last frame.
     void forgetChoice() { m_choice.reset(); }

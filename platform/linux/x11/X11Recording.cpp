@@ -4,6 +4,7 @@
 #include "support/Failure.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <new>
 #include <thread>
 #include <utility>
@@ -24,6 +25,15 @@ X11Recording::X11Recording(RecordingRequest request, QString ownAppID, std::shar
 }
 
 void X11Recording::begin()
+{
+    try {
+        takeFirstFrame();
+    } catch (const std::bad_alloc &) {
+        throw Failure::system(ENOMEM);
+    }
+}
+
+void X11Recording::takeFirstFrame()
 {
     m_source.emplace(m_request, m_ownAppID, m_keeper);
     std::optional<FetchedPixels> first = m_source->frame();

@@ -30,6 +30,7 @@ private:
 
     // False when it is time to stop.
     bool waitUntil(Clock::time_point due);
+    void takeFirstFrame();
     void takeFrames();
     void takeFrame();
     qint64 elapsed() const;
