@@ -121,7 +121,7 @@ TEST_CASE_FIXTURE(RecordingFixture, "a display that changes its size is shown wh
     CHECK(video.size() == QSize(1280, 720));
     const QList<QImage> pictures = video.pictures();
     CHECK(countOf(pictures.first(), openColour) > 1280 * 700);
-    const QImage last = pictures.last();
+    const QImage &last = pictures.last();
     CHECK(countOf(last.copy(0, 0, 440, 720), openColour) == 0);
     CHECK(countOf(last.copy(470, 0, 340, 720), openColour) > 340 * 700);
     CHECK(countOf(last.copy(840, 0, 440, 720), openColour) == 0);
