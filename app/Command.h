@@ -36,6 +36,7 @@ ExitStatus runResume(const QCommandLineParser &parsed);
 ExitStatus runExclude(const QCommandLineParser &parsed);
 ExitStatus runAllow(const QCommandLineParser &parsed);
 ExitStatus runExclusions(const QCommandLineParser &parsed);
+ExitStatus runRecord(const QCommandLineParser &parsed);
 ExitStatus runDoctor(const QCommandLineParser &parsed);
 
 } // namespace ardeno

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/CommandLine.h"
 
+#include "app/Background.h"
+#include "app/BusClient.h"
 #include "app/Output.h"
+#include "app/StoreAccess.h"
 
 #include <algorithm>
 
@@ -57,6 +60,12 @@ QList<Command> checkpointCommands()
          1,
          runResume,
          true},
+        {"record",
+         "start --project NAME [--title TEXT] [--next TEXT] | stop",
+         "Records the main display while you work; stopping saves a checkpoint with the recording.",
+         {projectOption(), {"title", "The checkpoint's title.", "TEXT"}, {"next", "The next small step.", "TEXT"}},
+         1,
+         runRecord},
     };
 }
 
@@ -86,6 +95,7 @@ QString generalHelp()
                    "Usage:\n  ardeno\n      Opens the window.\n"_qs;
     for (const Command &command : commands())
         text += u"  ardeno %1 %2\n      %3\n"_qs.arg(command.name, command.arguments, command.summary);
+    text += u"  ardeno --background\n      Serves the commands over the session bus, without a window.\n"_qs;
     return text + u"  ardeno --version\n  ardeno --help\n  ardeno COMMAND --help\n"_qs;
 }
 
@@ -99,8 +109,6 @@ ExitStatus wrongUsage(const QString &problem, const QString &command = {})
 // What the whole program will do and this version does not; absent for anything else.
 std::optional<QString> missingHere(const QString &command)
 {
-    if (command == "record")
-        return u"This version of Ardeno cannot record work sessions."_qs;
     if (command == "quick-save")
         return u"This version of Ardeno has no quick-save panel."_qs;
     return std::nullopt;
@@ -124,6 +132,11 @@ ExitStatus runCommand(const Command &command, const QStringList &arguments)
                                                                                                : command.arguments),
                           command.name);
     }
+    // The application that runs has the library.
+    if (!ApplicationStore::current()) {
+        if (const auto status = BusClient::run(QStringList{command.name} + arguments))
+            return *status;
+    }
     return command.run(parser);
 }
 
@@ -146,6 +159,8 @@ ExitStatus runCommandLine(const QStringList &arguments)
         print(u"Ardeno %1\n"_qs.arg(ARDENO_VERSION));
         return ExitStatus::Done;
     }
+    if (name == "--background" && arguments.size() == 1 && !ApplicationStore::current())
+        return runBackground();
     const auto found = std::find_if(commands().begin(), commands().end(),
                                     [&](const Command &command) { return command.name == name; });
     if (found != commands().end())

@@ -65,7 +65,7 @@ DoctorReport examine(Desktop &desktop)
     report.capabilities = {
         reported("screenshots", desktop.screenCapture->availability()),
         reported("leaving apps out", desktop.screenCapture->exclusionAvailability()),
-        reported("recording", missing("record work sessions")),
+        reported("recording", desktop.screenRecorder->availability()),
         reported("application list", desktop.workspace->availability()),
         reported("window list", desktop.windowServer->availability()),
         reported("moving windows", desktop.windowMover->availability()),

@@ -6,6 +6,7 @@
 #include "desktop/Launcher.h"
 #include "desktop/ScreenAccess.h"
 #include "desktop/ScreenCapture.h"
+#include "desktop/ScreenRecorder.h"
 #include "desktop/TabSource.h"
 #include "desktop/WindowMover.h"
 #include "desktop/WindowServer.h"
@@ -34,6 +35,7 @@ struct Desktop {
     std::unique_ptr<Workspace> workspace = {};
     std::unique_ptr<WindowServer> windowServer = {};
     std::unique_ptr<ScreenCapture> screenCapture = {};
+    std::unique_ptr<ScreenRecorder> screenRecorder = {};
     std::unique_ptr<ScreenAccess> screenAccess = {};
     std::unique_ptr<TabSource> tabSource = {};
     std::unique_ptr<WindowMover> windowMover = {};

@@ -11,6 +11,7 @@
 #include "platform/linux/x11/X11Messages.h"
 #include "platform/linux/x11/X11ScreenAccess.h"
 #include "platform/linux/x11/X11ScreenCapture.h"
+#include "platform/linux/x11/X11ScreenRecorder.h"
 #include "platform/linux/x11/X11WindowMover.h"
 #include "platform/linux/x11/X11WindowServer.h"
 #include "platform/linux/x11/X11Workspace.h"
@@ -54,7 +55,9 @@ Desktop makeX11Desktop()
     desktop.roles = linuxRoles();
     desktop.workspace = std::make_unique<X11Workspace>(connection, entries);
     desktop.windowServer = std::make_unique<X11WindowServer>(connection, entries);
-    desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID);
+    const auto keeper = std::make_shared<X11RedirectionKeeper>(qgetenv("DISPLAY"));
+    desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID, keeper);
+    desktop.screenRecorder = std::make_unique<X11ScreenRecorder>(desktop.roles.ownID, keeper);
     desktop.screenAccess = std::make_unique<X11ScreenAccess>();
     const LiveWindowList windows = x11LiveWindows(connection, entries);
     desktop.tabSource = std::make_unique<SessionTabs>(windows);

@@ -36,6 +36,8 @@ struct StoreParts {
     QString thumbnailFolder = Thumbnails::defaultFolder();
     // Shows the sample project while there is no other, and opens it at the very first start.
     bool seedStarterExample = false;
+    // Without the library's lock there may be a session in progress elsewhere, which is not to be touched.
+    bool recoverSessions = true;
 };
 
 enum class CaptureKind { Checkpoint, Session };
@@ -112,6 +114,11 @@ public:
     void cancelCapture();
     // Saves without the form: its drafts stay as they are. The id of the checkpoint, absent after a failure.
     QCoro::Task<std::optional<QUuid>> saveMoment(CaptureRequest request);
+    // Starts a recorded session without the form; captureMoment() does so with it. The id of its checkpoint, which is
+    // saved by stop(); absent after a failure.
+    QCoro::Task<std::optional<QUuid>> startSession(CaptureRequest request);
+    // Ends the session and saves its checkpoint.
+    QCoro::Task<void> stop();
     // The open tabs that a capture keeps: without excluded browsers and websites.
     QCoro::Task<WorkspaceCapture::OpenTabs> capturedTabs();
     void refreshScreenAccess();
@@ -171,15 +178,26 @@ private:
 
     // Capturing.
     std::optional<QUuid> draftProject();
-    QCoro::Task<std::optional<QUuid>> capture(CaptureRequest request);
+    QCoro::Task<std::optional<QUuid>> capture(CaptureRequest request, CaptureKind kind);
     QCoro::Task<void> fill(Checkpoint *checkpoint, bool withTabs);
     QCoro::Task<void> takePicture(Checkpoint *checkpoint);
-    bool refuseUnsupported(CaptureKind kind);
     void finishForm();
+    void considerNewsletter();
     bool saveExclusions(const CaptureExclusions &changed);
 
     // Resuming.
     QCoro::Task<void> restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report);
+    // Work sessions.
+    bool refuseSession();
+    QCoro::Task<void> beginRecording(Checkpoint *checkpoint);
+    void recordingFailed(const Failure &failure);
+    void endSession();
+    QCoro::Task<std::optional<QString>> finishVideo(Checkpoint *checkpoint);
+    QCoro::Task<void> captureEnd(Checkpoint *checkpoint);
+    void saveSession(const Checkpoint &checkpoint, const std::optional<QString> &problem);
+    QString videoPath(const Checkpoint &checkpoint) const;
+    // Saves the checkpoints of sessions that were cut short.
+    void recoverSessions();
 
     Desktop &m_desktop;
     Preferences m_preferences;

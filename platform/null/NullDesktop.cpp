@@ -66,6 +66,25 @@ private:
     QString m_reason;
 };
 
+// No videos.
+class NullScreenRecorder final : public ScreenRecorder {
+public:
+    explicit NullScreenRecorder(QString reason) : m_reason(std::move(reason)) {}
+
+    Capability availability() const override { return Capability::unavailable(m_reason); }
+
+    RecordableContent content() override { throw notAvailable(m_reason); }
+
+    QCoro::Task<std::unique_ptr<RecordingStream>> start(RecordingRequest, RecordingEvents) override
+    {
+        throw notAvailable(m_reason);
+        co_return std::unique_ptr<RecordingStream>();
+    }
+
+private:
+    QString m_reason;
+};
+
 // Nobody to consent.
 class NullScreenAccess final : public ScreenAccess {
 public:
@@ -117,6 +136,7 @@ Desktop makeNullDesktop(const QString &session, const QString &reason, const Des
     desktop.workspace = std::make_unique<NullWorkspace>(reason);
     desktop.windowServer = std::make_unique<NullWindowServer>(reason);
     desktop.screenCapture = makeNullScreenCapture(reason);
+    desktop.screenRecorder = std::make_unique<NullScreenRecorder>(reason);
     desktop.screenAccess = std::make_unique<NullScreenAccess>();
     desktop.tabSource = std::make_unique<NullTabSource>(reason);
     desktop.windowMover = std::make_unique<NullWindowMover>(reason);

@@ -2,6 +2,7 @@
 #include "tests/fakes/InMemoryDesktop.h"
 
 #include <QCoroTimer>
+#include <QFile>
 
 #include <algorithm>
 #include <chrono>
@@ -73,6 +74,61 @@ public:
             throw Failure(*m_desktop.pictureFailure);
         const qsizetype bytes = qsizetype(request.size.width()) * request.size.height() * 4;
         co_return Canvas{request.size, QByteArray(bytes, '\x40')};
+    }
+
+private:
+    InMemoryDesktop &m_desktop;
+};
+
+class InMemoryStream final : public RecordingStream {
+public:
+    explicit InMemoryStream(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    ~InMemoryStream() override { m_desktop.recordingEvents = {}; }
+
+    QCoro::Task<void> stop() override
+    {
+        if (m_desktop.whenStopped)
+            m_desktop.whenStopped();
+        else if (m_desktop.recordingEvents.finished)
+            m_desktop.recordingEvents.finished();
+        co_return;
+    }
+
+private:
+    InMemoryDesktop &m_desktop;
+};
+
+class InMemoryScreenRecorder final : public ScreenRecorder {
+public:
+    explicit InMemoryScreenRecorder(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    Capability availability() const override { return m_desktop.recorder; }
+
+    RecordableContent content() override
+    {
+        RecordableContent content;
+        for (const Display &display : m_desktop.displays) {
+            content.displays.append({display.id, display.bounds});
+            if (display.isMain)
+                content.mainDisplayID = display.id;
+        }
+        for (const RunningApplication &application : m_desktop.running)
+            content.applicationIDs.append(application.id);
+        return content;
+    }
+
+    QCoro::Task<std::unique_ptr<RecordingStream>> start(RecordingRequest request, RecordingEvents events) override
+    {
+        m_desktop.recordings.append(request);
+        co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        if (m_desktop.recordingFailure)
+            throw Failure(*m_desktop.recordingFailure);
+        QFile file(request.path);
+        if (file.open(QIODevice::WriteOnly))
+            file.write("video");
+        m_desktop.recordingEvents = std::move(events);
+        co_return std::make_unique<InMemoryStream>(m_desktop);
     }
 
 private:
@@ -298,6 +354,7 @@ Desktop InMemoryDesktop::makeDesktop()
             .workspace = std::make_unique<InMemoryWorkspace>(*this),
             .windowServer = std::make_unique<InMemoryWindowServer>(*this),
             .screenCapture = std::make_unique<InMemoryScreenCapture>(*this),
+            .screenRecorder = std::make_unique<InMemoryScreenRecorder>(*this),
             .screenAccess = std::make_unique<InMemoryScreenAccess>(*this),
             .tabSource = std::make_unique<InMemoryTabSource>(*this),
             .windowMover = std::make_unique<InMemoryWindowMover>(*this),

@@ -36,7 +36,12 @@ struct InMemoryDesktop {
     QSet<QString> certainWindowIDs = {};       // The browser windows that can be found again.
     QStringList endedWithError = {};           // Names of applications.
     std::function<void(const QString &)> whenOpened = {}; // Called with each entry of opened.
-    QList<WindowLocation> folders = {};                   // What windows of file browsers show.
+    QList<RecordingRequest> recordings = {};              // As they were asked for.
+    RecordingEvents recordingEvents = {};                 // Of the last one, for what a test lets happen to it.
+    Capability recorder = Capability::available();
+    std::optional<Failure> recordingFailure = {}; // Of the next start.
+    std::function<void()> whenStopped = {};       // Instead of the file being finished when the recording is stopped.
+    QList<WindowLocation> folders = {};           // What windows of file browsers show.
     QList<WindowLocation> documents = {};         // What windows of other applications show; each has a process.
     QList<QSet<qint64>> processesAskedAbout = {}; // By each question for documents.
 

@@ -16,18 +16,6 @@ namespace {
 // How often a picture is begun anew because a window has come that nobody has judged yet.
 constexpr int mostAttempts = 5;
 
-// Whether the screen may show something that must be left out. A compositing manager shows windows for a while after
-// they have gone, so there it is enough that there might have been one.
-bool mayShowLeftOut(const WindowChoice &choice, const QList<TopLevel> &windows, const Exclusion &exclusion)
-{
-    const bool lingers = choice.isComposited;
-    if (lingers && !exclusion.appIDs.isEmpty())
-        return true;
-    return std::any_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
-        return (window.isViewable || lingers) && choice.leftOut.contains(window.id);
-    });
-}
-
 // Counts the windows that go from now on.
 class DepartureCount final {
 public:
@@ -50,24 +38,6 @@ private:
     const X11Connection &m_connection;
     quint64 m_count = 0;
 };
-
-bool hasUsualPixels(const xcb_setup_t &setup, const xcb_screen_t &screen)
-{
-    const xcb_format_t *formats = xcb_setup_pixmap_formats(&setup);
-    const auto *end = formats + xcb_setup_pixmap_formats_length(&setup);
-    const bool isWide = std::any_of(formats, end, [&](const xcb_format_t &format) {
-        return format.depth == screen.root_depth && format.bits_per_pixel == 32;
-    });
-    for (auto depth = xcb_screen_allowed_depths_iterator(&screen); isWide && depth.rem > 0; xcb_depth_next(&depth)) {
-        const xcb_visualtype_t *visuals = xcb_depth_visuals(depth.data);
-        for (int i = 0; i < xcb_depth_visuals_length(depth.data); ++i) {
-            if (visuals[i].visual_id == screen.root_visual)
-                return visuals[i].red_mask == 0xff0000 && visuals[i].green_mask == 0xff00 &&
-                       visuals[i].blue_mask == 0xff;
-        }
-    }
-    return false;
-}
 
 } // namespace
 
@@ -200,7 +170,8 @@ Canvas X11Picture::grabbedWindows(X11Redirection &redirection, const Moment &now
     const RenderFormats formats(connection);
     X11Canvas canvas(connection, redirection.extensions(), formats, m_request);
     {
-        const X11Scene scene(redirection, formats, now.windows, *m_choice, m_request.backgroundGrey);
+        const X11Background background(connection, formats, m_choice->isComposited);
+        const X11Scene scene(redirection, formats, now.windows, *m_choice, background, m_request.backgroundGrey);
         drawDisplays(canvas, [&](const RenderPicture &picture, const QRect &area, const QPoint &at) {
             scene.draw(picture, area, at);
         });
@@ -237,7 +208,7 @@ bool X11Picture::isScreenItself(const X11Connection &connection) const
     const DisplayPlacement &only = m_request.placements.first();
     return X11Canvas::isUnscaled(only) && only.target.x == 0 && only.target.y == 0 &&
            X11Canvas::screenArea(only.display).size() == m_request.size &&
-           hasUsualPixels(*xcb_get_setup(connection.xcb()), connection.screen());
+           hasUsualPixels(connection);
 }
 
 void X11Picture::requireSameDisplays(const X11Connection &connection) const

@@ -155,9 +155,19 @@ void X11Redirection::handle(const xcb_generic_event_t &event)
     handleBelowRoot(event);
 }
 
+// Made on this connection for a picture, and never seen.
+bool X11Redirection::isOwn(xcb_window_t id) const
+{
+    const xcb_setup_t &setup = *xcb_get_setup(m_connection.xcb());
+    return (id & ~setup.resource_id_mask) == setup.resource_id_base;
+}
+
 void X11Redirection::handleBelowRoot(const xcb_generic_event_t &event)
 {
     const xcb_window_t id = reinterpret_cast<const xcb_map_notify_event_t &>(event).window;
+    const quint8 type = event.response_type & withoutSendFlag;
+    if (type != XCB_CONFIGURE_NOTIFY && type != XCB_GRAVITY_NOTIFY && type != XCB_CIRCULATE_NOTIFY && !isOwn(id))
+        ++m_revision;
     const QRect before = m_pixels.placeOf(id);
     handleChange(event, id);
     expectExposure(id, before);
@@ -204,9 +214,8 @@ void X11Redirection::expectExposure(xcb_window_t above, const QRect &before)
 
 void X11Redirection::handleCreate(const xcb_create_notify_event_t &event)
 {
-    const xcb_setup_t &setup = *xcb_get_setup(m_connection.xcb());
-    if ((event.window & ~setup.resource_id_mask) == setup.resource_id_base)
-        return; // Made on this connection for a picture, and never seen.
+    if (isOwn(event.window))
+        return;
     m_borders.insert(event.window, event.border_width);
     m_pixels.add(event.window, outerRectangle(event.x, event.y, event.width, event.height, event.border_width), false);
     m_watch.follow(event.window);

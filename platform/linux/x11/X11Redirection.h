@@ -51,6 +51,9 @@ public:
     // What was uncovered by the redirection and not drawn by the window's owner since.
     X11Region awaited(xcb_window_t window) const { return m_awaited.value(window).region; }
 
+    // Changes with every window that comes, goes or passes into other hands, as far as has been reported.
+    quint32 revision() const { return m_revision; }
+
     // Until when it is worth waiting for the window's owner.
     Clock::time_point patience(xcb_window_t window) const;
 
@@ -69,6 +72,7 @@ private:
     void expectExposure(xcb_window_t above, const QRect &before);
 
     void handle(const xcb_generic_event_t &event);
+    bool isOwn(xcb_window_t id) const;
     void handleBelowRoot(const xcb_generic_event_t &event);
     void handleChange(const xcb_generic_event_t &event, xcb_window_t id);
     void handleCreate(const xcb_create_notify_event_t &event);
@@ -86,6 +90,7 @@ private:
     QHash<xcb_window_t, Awaited> m_awaited = {};
     quint64 m_departures = 0;
     bool m_onlyServerDraws = false;
+    quint32 m_revision = 0;
 };
 
 // Keeps other clients waiting, so that windows and pixels stay as they are. Keep it short.
