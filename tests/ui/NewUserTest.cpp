@@ -68,6 +68,7 @@ struct NewUser : RunningWindow {
         key("Escape");
         REQUIRE(becomes([this] { return checkpoint().value("nextStep").toString() == u"• milk\n• eggs"_qs; }));
         CHECK(sees("milk")); // In the timeline.
+        place("Your next small step");
         look("3-quick-list");
     }
 
