@@ -31,7 +31,7 @@ ExitStatus openWindow()
     const QByteArray program = QFile::encodeName(windowProgram());
     ::execl(program.constData(), "ardeno", nullptr);
     printError(u"The window could not be opened: “%1”: %2"_qs.arg(QFile::decodeName(program),
-                                                                 QString::fromLocal8Bit(std::strerror(errno))));
+                                                                  QString::fromLocal8Bit(std::strerror(errno))));
     return ExitStatus::Failed;
 }
 

@@ -9,16 +9,6 @@ namespace ardeno {
 
 namespace {
 
-// What the store has to say about a failure.
-ExitStatus failed(const AppStore &store)
-{
-    for (const auto &sentence : {store.captureIssue(), store.error()}) {
-        if (sentence)
-            printError(*sentence);
-    }
-    return ExitStatus::Failed;
-}
-
 ExitStatus start(AppStore &store, const QCommandLineParser &parsed)
 {
     if (store.recording()) {
@@ -27,11 +17,11 @@ ExitStatus start(AppStore &store, const QCommandLineParser &parsed)
     }
     const std::optional<QUuid> project = store.createProject(parsed.value("project"));
     if (!project)
-        return failed(store);
+        return report(store);
     const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), store.includeBrowser()};
     const std::optional<QUuid> id = finish(store.startSession(request));
     if (!id)
-        return failed(store);
+        return report(store);
     print(store.notice().value_or(QString()) + '\n' + uuidText(*id) + '\n');
     return ExitStatus::Done;
 }

@@ -78,4 +78,13 @@ ExitStatus report(const Failure &failure)
     return failure.domain() == notAvailableDomain ? ExitStatus::NotAvailable : ExitStatus::Failed;
 }
 
+ExitStatus report(const AppStore &store)
+{
+    for (const auto &sentence : {store.captureIssue(), store.error()}) {
+        if (sentence)
+            printError(*sentence);
+    }
+    return ExitStatus::Failed;
+}
+
 } // namespace ardeno

@@ -50,4 +50,7 @@ Desktop libraryOnlyDesktop();
 // Prints the failure; the exit status that belongs to it.
 ExitStatus report(const Failure &failure);
 
+// Prints what the store has to say about what it could not do.
+ExitStatus report(const AppStore &store);
+
 } // namespace ardeno
