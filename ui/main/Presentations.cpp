@@ -98,9 +98,9 @@ void Presentations::confirmDelete()
         .cancel = PresentationTexts::tr("Cancel"),
         .kind = Button::Kind::Destructive,
     };
-    presentAlert(m_host, question, [this](bool isConfirmed) {
-        if (const Checkpoint *const selected = m_store.selected(); isConfirmed && selected)
-            m_store.deleteCheckpoint(selected->id);
+    presentAlert(m_host, question, [this, id = checkpoint->id](bool isConfirmed) {
+        if (isConfirmed)
+            m_store.deleteCheckpoint(id);
     });
 }
 
