@@ -75,14 +75,15 @@ ExitStatus save(const QCommandLineParser &parsed, Desktop &desktop)
 {
     LockedStore locked(desktop, LockedStore::Purpose::Write);
     AppStore &store = locked.store();
+    const CommandTurn turn(store);
     const std::optional<QUuid> project = store.createProject(parsed.value("project"));
     if (!project)
-        return report(store);
+        return reportError(store);
     const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), wantsTabs(parsed, store)};
     const std::optional<QUuid> id = finish(store.saveMoment(request));
     const Checkpoint *const saved = id ? store.checkpoint(*id) : nullptr;
     if (!saved)
-        return report(store);
+        return reportFailure(store);
     const SaveResult result = describe(store, *saved);
     if (parsed.isSet("json"))
         printJson(result);

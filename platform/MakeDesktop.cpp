@@ -81,4 +81,9 @@ Desktop makeDesktop()
     }
 }
 
+bool isDisplayReachable()
+{
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || X11Connection::isReachable(qgetenv("DISPLAY"));
+}
+
 } // namespace ardeno
