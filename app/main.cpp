@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/CommandLine.h"
 #include "app/OpenWindow.h"
+#include "words/Words.h"
 
 #include <QCoreApplication>
 
@@ -16,5 +17,6 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName("ardeno");
     QCoreApplication::setApplicationVersion(ARDENO_VERSION);
+    const ardeno::Words words(ardeno::Words::Language::English); // As programs that read the output expect.
     return static_cast<int>(ardeno::runCommandLine(QCoreApplication::arguments().mid(1)));
 }

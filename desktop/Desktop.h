@@ -3,6 +3,7 @@
 
 #include "desktop/Documents.h"
 #include "desktop/FileBrowser.h"
+#include "desktop/MailProgram.h"
 #include "desktop/ScreenAccess.h"
 #include "desktop/ScreenCapture.h"
 #include "desktop/TabSource.h"
@@ -36,6 +37,7 @@ struct Desktop {
     std::unique_ptr<TabSource> tabSource = {};
     std::unique_ptr<FileBrowser> fileBrowser = {};
     std::unique_ptr<Documents> documents = {};
+    std::unique_ptr<MailProgram> mailProgram = {};
 };
 
 } // namespace ardeno

@@ -2,6 +2,7 @@
 #include "platform/MakeDesktop.h"
 
 #include "platform/linux/common/DesktopEntries.h"
+#include "platform/linux/common/LinuxMailProgram.h"
 #include "platform/linux/common/LinuxRoles.h"
 #include "platform/linux/common/SessionTabs.h"
 #include "platform/linux/x11/X11Connection.h"
@@ -21,10 +22,12 @@ namespace {
 // An X server inside a Wayland session shows black where other windows are and knows only some of them.
 Desktop makeWaylandDesktop()
 {
-    return makeNullDesktop("wayland",
-                           "Windows and screens of a Wayland session cannot be read yet. "
-                           "Choose an Xorg session when you log in.",
-                           linuxRoles());
+    Desktop desktop = makeNullDesktop("wayland",
+                                      "Windows and screens of a Wayland session cannot be read yet. "
+                                      "Choose an Xorg session when you log in.",
+                                      linuxRoles());
+    desktop.mailProgram = std::make_unique<LinuxMailProgram>();
+    return desktop;
 }
 
 bool isWaylandSession()
@@ -49,6 +52,7 @@ Desktop makeX11Desktop()
     Desktop none = makeNullDesktop("x11", "This version of Ardeno cannot read what windows show.", {});
     desktop.fileBrowser = std::move(none.fileBrowser);
     desktop.documents = std::move(none.documents);
+    desktop.mailProgram = std::make_unique<LinuxMailProgram>();
     return desktop;
 }
 

@@ -36,6 +36,7 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
       m_runningApplicationIDs(std::move(parts.runningApplicationIDs)),
       m_capture(*desktop.screenCapture),
       m_thumbnailFolder(std::move(parts.thumbnailFolder)),
+      m_fetchUpdate(std::move(parts.fetchUpdate)),
       m_seedStarterExample(parts.seedStarterExample)
 {
     if (!m_checkScreenAccess)
@@ -77,6 +78,7 @@ void AppStore::readPreferences()
     mirror(draftNext, keys::captureDraftNext);
     mirror(launchOverview, keys::launchOverview);
     mirrorDraftProject();
+    m_lastUpdateCheck = m_preferences.value(keys::lastUpdateCheck);
     pendingRecording.set(m_preferences.value(keys::captureDraftRecording).value_or(false));
     showCapture.set(m_preferences.value(keys::resumeCaptureSetup).value_or(false));
 }

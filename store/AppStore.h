@@ -30,12 +30,15 @@ struct StoreParts {
     std::function<QCoro::Task<void>()> verifyScreenAccess = {};
     std::function<QSet<QString>()> runningApplicationIDs = {};
     QString thumbnailFolder = Thumbnails::defaultFolder();
+    // Gives the maker's manifest, or nothing for whatever reason. Empty: this build does not look for newer versions.
+    std::function<QCoro::Task<std::optional<AppUpdateManifest>>()> fetchUpdate = {};
     // Shows the sample project while there is no other, and opens it at the very first start.
     bool seedStarterExample = false;
 };
 
 enum class CaptureKind { Checkpoint, Session };
 enum class CaptureForm { Sheet, QuickPanel };
+enum class Force { No, Yes };
 
 // One immediate checkpoint to be saved, apart from the form and its drafts.
 struct CaptureRequest {
@@ -120,7 +123,24 @@ public:
     bool allowApp(const QString &id);
     bool excludeDomain(const QString &text); // False when the text is no valid domain or address.
     bool allowDomain(const QString &domain);
+    // The applications that run now and could be excluded, by name.
+    QList<SavedApp> runningApps() const;
+    // Those that could be opened, by name, one entry each.
+    QList<InstalledApplication> installedApps() const;
 
+    // Where everything is saved.
+    const QString &storageFolder() const { return m_repository.root(); }
+
+    // Opens a "mailto:" address as a draft; false without a mail program.
+    bool openMail(const QUrl &address);
+
+    // Updates.
+    static QString currentAppVersion();
+
+    bool canCheckForUpdates() const { return static_cast<bool>(m_fetchUpdate); }
+
+    // Asks for a newer version, at most once a day unless forced. Failures are silent and leave the offer as it was.
+    QCoro::Task<void> checkForUpdates(Force force);
     // Takes back the offer of a newer version.
     void dismissUpdate();
     // Never asks about the newsletter again.
@@ -175,6 +195,9 @@ private:
     std::function<QSet<QString>()> m_runningApplicationIDs;
     CaptureService m_capture;
     QString m_thumbnailFolder;
+    std::function<QCoro::Task<std::optional<AppUpdateManifest>>()> m_fetchUpdate;
+    std::optional<QDateTime> m_lastUpdateCheck = {};
+    std::shared_ptr<bool> m_life = std::make_shared<bool>(true); // Gone with the store.
     bool m_seedStarterExample;
     bool m_isWatchingApplications = false;
     mutable ProjectSearch m_projectSearch = {}; // It remembers what it was asked last.

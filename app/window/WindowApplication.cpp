@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window/WindowApplication.h"
 
+#include "network/UpdateFetch.h"
 #include "platform/MakeDesktop.h"
+#include "services/Endpoints.h"
 #include "support/InWorker.h"
 #include "ui/controls/Alert.h"
+#include "ui/settings/SettingsScreens.h"
 
 #include <QApplication>
 
@@ -16,7 +19,16 @@ namespace {
 
 Screens makeScreens()
 {
-    return {};
+    Screens screens;
+    addSettingsScreens(&screens);
+    return screens;
+}
+
+UpdateFetchOptions updateFetchOptions()
+{
+    UpdateFetchOptions options;
+    options.manifest = Endpoints::updateManifest();
+    return options;
 }
 
 } // namespace
@@ -61,8 +73,10 @@ QCoro::Task<void> WindowApplication::openStore()
         parts.repository = opened.repository;
         parts.loadLibrary = opened.load;
         parts.seedStarterExample = true;
+        parts.fetchUpdate = makeUpdateFetch(updateFetchOptions());
         m_store = std::make_unique<AppStore>(m_desktop, std::move(parts));
         m_window.open(*m_store);
+        m_store->checkForUpdates(Force::No);
     } catch (const Failure &failure) {
         problem = failure.description();
     }

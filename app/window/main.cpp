@@ -5,6 +5,7 @@
 #include "ui/controls/Sheet.h"
 #include "ui/theme/AppStyle.h"
 #include "ui/theme/AppearanceSettings.h"
+#include "words/Words.h"
 
 #include <QApplication>
 
@@ -19,6 +20,7 @@ int main(int argc, char **argv)
     QApplication::setApplicationName("ardeno");
     QApplication::setApplicationVersion(ARDENO_VERSION);
     QApplication::setDesktopFileName("org.ardeno.Ardeno");
+    const Words words(Words::Language::OfUser);
     SingleInstance instance;
     if (!instance.claim())
         return 0;

@@ -26,8 +26,10 @@ struct InMemoryDesktop {
     std::function<void()> whileComposing = {}; // Called in the middle of a picture.
     QList<QSet<QString>> preparedExclusions = {};
     QList<CanvasRequest> requests = {};
-    QList<WindowLocation> folders = {};           // What windows of file browsers show.
-    QList<WindowLocation> documents = {};         // What windows of other applications show; each has a process.
+    QList<WindowLocation> folders = {};   // What windows of file browsers show.
+    QList<WindowLocation> documents = {}; // What windows of other applications show; each has a process.
+    bool hasMailProgram = true;
+    QList<QUrl> mailDrafts = {};                  // What the mail program was asked to open.
     QList<QSet<qint64>> processesAskedAbout = {}; // By each question for documents.
 
     InMemoryDesktop() = default;

@@ -21,6 +21,7 @@ struct StoreFixture {
     Desktop desktop = memory.makeDesktop();
     std::unique_ptr<AppStore> opened;
     bool seedStarterExample = false;
+    std::function<QCoro::Task<std::optional<AppUpdateManifest>>()> fetchUpdate = {};
 
     StoreFixture()
     {
@@ -48,6 +49,7 @@ struct StoreFixture {
         StoreParts parts{.preferences = preferences(), .repository = CheckpointRepository(root())};
         parts.thumbnailFolder = home.filePath("thumbnails");
         parts.seedStarterExample = seedStarterExample;
+        parts.fetchUpdate = fetchUpdate;
         opened = std::make_unique<AppStore>(desktop, std::move(parts));
         return *opened;
     }

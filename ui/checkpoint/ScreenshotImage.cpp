@@ -4,6 +4,7 @@
 #include "ui/controls/Ground.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
+#include "ui/viewer/PicturePreviews.h"
 
 #include <QFocusEvent>
 #include <QFontMetricsF>
@@ -92,6 +93,8 @@ void ScreenshotImage::take(const QImage &image)
         m_isUnavailable = true;
         setAccessibleName(tr("Screenshot unavailable"));
         updateGeometry();
+    } else {
+        PicturePreviews::keep(m_path, image);
     }
     update();
 }
