@@ -16,9 +16,8 @@ namespace ardeno {
 
 namespace {
 
-StoreParts applicationParts(const std::function<WorkspaceLibrary()> &load)
+StoreParts applicationParts(StoreParts parts, const std::function<WorkspaceLibrary()> &load)
 {
-    StoreParts parts;
     parts.loadLibrary = load;
     parts.seedStarterExample = true;
     return parts;
@@ -41,11 +40,11 @@ OpenedLibrary openLibrary()
     return opened;
 }
 
-Application::Application(OpenedLibrary library, BusService &bus, ApplicationActions actions)
+Application::Application(OpenedLibrary library, BusService &bus, ApplicationActions actions, StoreParts parts)
     : m_bus(bus),
       m_lock(std::move(library.lock)),
       m_desktop(makeDesktop()),
-      m_store(m_desktop, applicationParts(library.load)),
+      m_store(m_desktop, applicationParts(std::move(parts), library.load)),
       m_shared(m_store, std::move(actions))
 {
     m_observations.watch([this] { m_desktop.screenCapture->prepareExclusion(m_store.exclusions().appIDs()); },

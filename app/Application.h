@@ -24,8 +24,8 @@ OpenedLibrary openLibrary();
 // The application, with or without windows: it holds the library, has the one store and carries out commands.
 class Application final {
 public:
-    // The actions of the commands are those of this program, not of the store.
-    Application(OpenedLibrary library, BusService &bus, ApplicationActions actions = {});
+    // The actions of the commands are those of this program, not of the store; the parts are but for the library.
+    Application(OpenedLibrary library, BusService &bus, ApplicationActions actions = {}, StoreParts parts = {});
 
     AppStore &store() { return m_store; }
 

@@ -2,6 +2,7 @@
 #include "app/CommandLine.h"
 #include "app/OpenWindow.h"
 #include "platform/MakeDesktop.h"
+#include "words/Words.h"
 
 #include <QCoreApplication>
 
@@ -21,5 +22,6 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName("ardeno");
     QCoreApplication::setApplicationVersion(ARDENO_VERSION);
+    const Words words(Words::Language::English); // As programs that read the output expect.
     return static_cast<int>(runCommandLine(QCoreApplication::arguments().mid(1)));
 }

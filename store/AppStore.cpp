@@ -37,6 +37,7 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
       m_capture(*desktop.screenCapture, desktop.screenRecorder.get()),
       m_openedPages(std::move(parts.openedPages)),
       m_thumbnailFolder(std::move(parts.thumbnailFolder)),
+      m_fetchUpdate(std::move(parts.fetchUpdate)),
       m_seedStarterExample(parts.seedStarterExample)
 {
     if (!m_checkScreenAccess)
@@ -81,6 +82,7 @@ void AppStore::readPreferences()
     mirror(draftNext, keys::captureDraftNext);
     mirror(launchOverview, keys::launchOverview);
     mirrorDraftProject();
+    m_lastUpdateCheck = m_preferences.value(keys::lastUpdateCheck);
     pendingRecording.set(m_preferences.value(keys::captureDraftRecording).value_or(false));
     showCapture.set(m_preferences.value(keys::resumeCaptureSetup).value_or(false));
 }

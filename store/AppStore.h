@@ -34,6 +34,8 @@ struct StoreParts {
     std::function<QSet<QString>()> runningApplicationIDs = {};
     OpenedPages openedPages = OpenedPages(OpenedPages::defaultPath());
     QString thumbnailFolder = Thumbnails::defaultFolder();
+    // Gives the maker's manifest, or nothing for whatever reason. Empty: this build does not look for newer versions.
+    std::function<QCoro::Task<std::optional<AppUpdateManifest>>()> fetchUpdate = {};
     // Shows the sample project while there is no other, and opens it at the very first start.
     bool seedStarterExample = false;
     // Without the library's lock there may be a session in progress elsewhere, which is not to be touched.
@@ -42,6 +44,7 @@ struct StoreParts {
 
 enum class CaptureKind { Checkpoint, Session };
 enum class CaptureForm { Sheet, QuickPanel };
+enum class Force { No, Yes };
 
 // One immediate checkpoint to be saved, apart from the form and its drafts.
 struct CaptureRequest {
@@ -140,7 +143,24 @@ public:
     bool allowApp(const QString &id);
     bool excludeDomain(const QString &text); // False when the text is no valid domain or address.
     bool allowDomain(const QString &domain);
+    // The applications that run now and could be excluded, by name.
+    QList<SavedApp> runningApps() const;
+    // Those that could be opened, by name, one entry each.
+    QList<InstalledApplication> installedApps() const;
 
+    // Where everything is saved.
+    const QString &storageFolder() const { return m_repository.root(); }
+
+    // Opens a "mailto:" address as a draft; false without a mail program.
+    bool openMail(const QUrl &address);
+
+    // Updates.
+    static QString currentAppVersion();
+
+    bool canCheckForUpdates() const { return static_cast<bool>(m_fetchUpdate); }
+
+    // Asks for a newer version, at most once a day unless forced. Failures are silent and leave the offer as it was.
+    QCoro::Task<void> checkForUpdates(Force force);
     // Takes back the offer of a newer version.
     void dismissUpdate();
     // Never asks about the newsletter again.
@@ -210,6 +230,9 @@ private:
     CaptureService m_capture;
     OpenedPages m_openedPages;
     QString m_thumbnailFolder;
+    std::function<QCoro::Task<std::optional<AppUpdateManifest>>()> m_fetchUpdate;
+    std::optional<QDateTime> m_lastUpdateCheck = {};
+    std::shared_ptr<bool> m_life = std::make_shared<bool>(true); // Gone with the store.
     bool m_seedStarterExample;
     bool m_isWatchingApplications = false;
     mutable ProjectSearch m_projectSearch = {}; // It remembers what it was asked last.

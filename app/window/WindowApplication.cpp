@@ -2,9 +2,12 @@
 #include "app/window/WindowApplication.h"
 
 #include "app/Output.h"
+#include "network/UpdateFetch.h"
+#include "services/Endpoints.h"
 #include "store/PreferenceKeys.h"
 #include "support/InWorker.h"
 #include "ui/controls/Alert.h"
+#include "ui/settings/SettingsScreens.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -16,8 +19,18 @@ namespace {
 Screens makeScreens()
 {
     Screens screens;
+    addSettingsScreens(&screens);
     screens.stopRecording = [](AppStore &store) { store.stop(); };
     return screens;
+}
+
+StoreParts windowParts()
+{
+    UpdateFetchOptions options;
+    options.manifest = Endpoints::updateManifest();
+    StoreParts parts;
+    parts.fetchUpdate = makeUpdateFetch(options);
+    return parts;
 }
 
 } // namespace
@@ -68,7 +81,7 @@ QCoro::Task<void> WindowApplication::openStore()
 
 void WindowApplication::adopt(OpenedLibrary library)
 {
-    m_application = std::make_unique<Application>(std::move(library), m_bus);
+    m_application = std::make_unique<Application>(std::move(library), m_bus, ApplicationActions(), windowParts());
     AppStore &store = m_application->store();
     m_menu = std::make_unique<ApplicationMenu>(store, ApplicationMenu::Actions{
                                                           .openWindow = [this] { comeToFront(); },
@@ -85,6 +98,7 @@ void WindowApplication::adopt(OpenedLibrary library)
         store.notice.set(
             tr("There is no session bus: commands cannot reach this window, and closing it quits Ardeno."));
     m_bus.serveCommands();
+    store.checkForUpdates(Force::No);
 }
 
 void WindowApplication::fail(const QString &problem)

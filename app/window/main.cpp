@@ -4,6 +4,7 @@
 #include "app/StoreAccess.h"
 #include "app/window/WindowApplication.h"
 #include "ui/theme/AppStyle.h"
+#include "words/Words.h"
 
 #include <QApplication>
 
@@ -52,5 +53,6 @@ int main(int argc, char **argv)
     QApplication::setApplicationVersion(ARDENO_VERSION);
     QApplication::setDesktopFileName("org.ardeno.Ardeno");
     QApplication::setQuitOnLastWindowClosed(false);
+    const Words words(Words::Language::OfUser);
     return run(argc > 1 && argv[1] == std::string_view("--background"));
 }

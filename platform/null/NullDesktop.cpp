@@ -121,6 +121,12 @@ private:
     QString m_reason;
 };
 
+// No mail program.
+class NullMailProgram final : public MailProgram {
+public:
+    bool openDraft(const QUrl &) override { return false; }
+};
+
 } // namespace
 
 std::unique_ptr<ScreenCapture> makeNullScreenCapture(const QString &reason)
@@ -143,6 +149,7 @@ Desktop makeNullDesktop(const QString &session, const QString &reason, const Des
     desktop.launcher = std::make_unique<NullLauncher>(reason);
     desktop.fileBrowser = std::make_unique<NullFileBrowser>(reason);
     desktop.documents = std::make_unique<NullDocuments>(reason);
+    desktop.mailProgram = std::make_unique<NullMailProgram>();
     return desktop;
 }
 

@@ -322,6 +322,21 @@ private:
     InMemoryDesktop &m_desktop;
 };
 
+class InMemoryMailProgram final : public MailProgram {
+public:
+    explicit InMemoryMailProgram(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    bool openDraft(const QUrl &address) override
+    {
+        if (m_desktop.hasMailProgram)
+            m_desktop.mailDrafts.append(address);
+        return m_desktop.hasMailProgram;
+    }
+
+private:
+    InMemoryDesktop &m_desktop;
+};
+
 } // namespace
 
 void InMemoryDesktop::addApplication(const QString &id, const QString &name, const WindowRect &frame,
@@ -360,7 +375,8 @@ Desktop InMemoryDesktop::makeDesktop()
             .windowMover = std::make_unique<InMemoryWindowMover>(*this),
             .launcher = std::make_unique<InMemoryLauncher>(*this),
             .fileBrowser = std::make_unique<InMemoryFileBrowser>(*this),
-            .documents = std::make_unique<InMemoryDocuments>(*this)};
+            .documents = std::make_unique<InMemoryDocuments>(*this),
+            .mailProgram = std::make_unique<InMemoryMailProgram>(*this)};
 }
 
 } // namespace ardeno::fakes

@@ -43,6 +43,8 @@ struct InMemoryDesktop {
     std::function<void()> whenStopped = {};       // Instead of the file being finished when the recording is stopped.
     QList<WindowLocation> folders = {};           // What windows of file browsers show.
     QList<WindowLocation> documents = {};         // What windows of other applications show; each has a process.
+    bool hasMailProgram = true;
+    QList<QUrl> mailDrafts = {};                  // What the mail program was asked to open.
     QList<QSet<qint64>> processesAskedAbout = {}; // By each question for documents.
 
     InMemoryDesktop() = default;

@@ -20,7 +20,7 @@ Presentations::Presentations(AppStore &store, const Screens &screens, SheetHost 
     : m_store(store), m_screens(screens), m_host(host)
 {
     m_observations.watch([this] { showSheets(); }, store.showCapture, store.showRestore, store.showSettings,
-                         store.showNewProject, store.editingBlocker, store.selection);
+                         store.showExclusions, store.showNewProject, store.editingBlocker, store.selection);
     m_observations.watch([this] { showDeletingProject(); }, store.deletingProject);
     m_observations.watch([this] { showError(); }, store.error);
 }
@@ -43,6 +43,7 @@ void Presentations::showSheets()
     follow(m_capture, m_store.showCapture(), from(m_screens.capture));
     follow(m_restore, m_store.showRestore() && m_store.selected(), from(m_screens.restore));
     follow(m_preferences, m_store.showSettings(), from(m_screens.preferences));
+    follow(m_exclusions, m_store.showExclusions(), from(m_screens.exclusions));
     follow(m_newProject, m_store.showNewProject(), [this] { return makeNewProjectSheet(m_store); });
     follow(m_blocker, m_store.editingBlocker().has_value(),
            [this] { return makeProjectBlockerSheet(m_store, *m_store.editingBlocker()); });
