@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window/WindowApplication.h"
 
+#include "app/window/Successor.h"
 #include "platform/MakeDesktop.h"
 #include "support/InWorker.h"
 #include "ui/controls/Alert.h"
+#include "ui/sheets/SheetScreens.h"
 
 #include <QApplication>
 
@@ -16,7 +18,9 @@ namespace {
 
 Screens makeScreens()
 {
-    return {};
+    Screens screens;
+    addSheetScreens(screens);
+    return screens;
 }
 
 } // namespace
@@ -61,6 +65,7 @@ QCoro::Task<void> WindowApplication::openStore()
         parts.repository = opened.repository;
         parts.loadLibrary = opened.load;
         parts.seedStarterExample = true;
+        parts.startInstance = Successor::start;
         m_store = std::make_unique<AppStore>(m_desktop, std::move(parts));
         m_window.open(*m_store);
     } catch (const Failure &failure) {
