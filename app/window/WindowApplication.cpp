@@ -2,12 +2,14 @@
 #include "app/window/WindowApplication.h"
 
 #include "app/Output.h"
+#include "app/window/Successor.h"
 #include "network/UpdateFetch.h"
 #include "services/Endpoints.h"
 #include "store/PreferenceKeys.h"
 #include "support/InWorker.h"
 #include "ui/controls/Alert.h"
 #include "ui/settings/SettingsScreens.h"
+#include "ui/sheets/SheetScreens.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -20,7 +22,7 @@ Screens makeScreens()
 {
     Screens screens;
     addSettingsScreens(&screens);
-    screens.stopRecording = [](AppStore &store) { store.stop(); };
+    addSheetScreens(screens);
     return screens;
 }
 
@@ -30,6 +32,7 @@ StoreParts windowParts()
     options.manifest = Endpoints::updateManifest();
     StoreParts parts;
     parts.fetchUpdate = makeUpdateFetch(options);
+    parts.startInstance = Successor::start;
     return parts;
 }
 

@@ -2,6 +2,7 @@
 #include "app/BusClient.h"
 #include "app/EndRequest.h"
 #include "app/StoreAccess.h"
+#include "app/window/Successor.h"
 #include "app/window/WindowApplication.h"
 #include "ui/theme/AppStyle.h"
 #include "words/Words.h"
@@ -9,7 +10,6 @@
 #include <QApplication>
 
 #include <csignal>
-#include <string_view>
 
 namespace {
 
@@ -53,6 +53,8 @@ int main(int argc, char **argv)
     QApplication::setApplicationVersion(ARDENO_VERSION);
     QApplication::setDesktopFileName("org.ardeno.Ardeno");
     QApplication::setQuitOnLastWindowClosed(false);
+    if (const auto predecessor = Successor::predecessor(QApplication::arguments()))
+        Successor::waitForEnd(*predecessor);
     const Words words(Words::Language::OfUser);
-    return run(argc > 1 && argv[1] == std::string_view("--background"));
+    return run(QApplication::arguments().contains("--background"));
 }
