@@ -4,6 +4,7 @@
 #include "desktop/Documents.h"
 #include "desktop/FileBrowser.h"
 #include "desktop/Launcher.h"
+#include "desktop/MailProgram.h"
 #include "desktop/ScreenAccess.h"
 #include "desktop/ScreenCapture.h"
 #include "desktop/ScreenRecorder.h"
@@ -42,6 +43,7 @@ struct Desktop {
     std::unique_ptr<Launcher> launcher = {};
     std::unique_ptr<FileBrowser> fileBrowser = {};
     std::unique_ptr<Documents> documents = {};
+    std::unique_ptr<MailProgram> mailProgram = {};
 };
 
 } // namespace ardeno

@@ -3,6 +3,7 @@
 
 #include "platform/linux/common/ApplicationLauncher.h"
 #include "platform/linux/common/DesktopEntries.h"
+#include "platform/linux/common/LinuxMailProgram.h"
 #include "platform/linux/common/LinuxRoles.h"
 #include "platform/linux/common/SessionTabs.h"
 #include "platform/linux/common/ShownLocations.h"
@@ -26,10 +27,12 @@ namespace {
 // An X server inside a Wayland session shows black where other windows are and knows only some of them.
 Desktop makeWaylandDesktop()
 {
-    return makeNullDesktop("wayland",
-                           "Windows and screens of a Wayland session cannot be read yet. "
-                           "Choose an Xorg session when you log in.",
-                           linuxRoles());
+    Desktop desktop = makeNullDesktop("wayland",
+                                      "Windows and screens of a Wayland session cannot be read yet. "
+                                      "Choose an Xorg session when you log in.",
+                                      linuxRoles());
+    desktop.mailProgram = std::make_unique<LinuxMailProgram>();
+    return desktop;
 }
 
 bool isWaylandSession()
@@ -65,6 +68,7 @@ Desktop makeX11Desktop()
     desktop.documents = std::make_unique<LinuxDocuments>(windows, desktop.roles.fileBrowserIDs);
     desktop.windowMover = std::make_unique<X11WindowMover>(connection, entries);
     desktop.launcher = std::make_unique<ApplicationLauncher>(entries, x11Focus(connection, entries));
+    desktop.mailProgram = std::make_unique<LinuxMailProgram>();
     return desktop;
 }
 
@@ -79,6 +83,11 @@ Desktop makeDesktop()
     } catch (const Failure &failure) {
         return makeNullDesktop("none", failure.description(), linuxRoles());
     }
+}
+
+bool isDisplayReachable()
+{
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || X11Connection::isReachable(qgetenv("DISPLAY"));
 }
 
 } // namespace ardeno

@@ -15,6 +15,7 @@
 
 #include <QCoreApplication>
 #include <QCoroTask>
+#include <QHash>
 
 #include <functional>
 #include <memory>
@@ -31,9 +32,14 @@ struct StoreParts {
     std::function<bool()> checkScreenAccess = {};
     std::function<bool()> askScreenAccess = {};
     std::function<QCoro::Task<void>()> verifyScreenAccess = {};
+    // Starts this application once more and gives the new process's identifier; throws Failure.
+    std::function<QCoro::Task<qint64>()> startInstance = {};
+    std::function<void()> endApplication = {};
     std::function<QSet<QString>()> runningApplicationIDs = {};
     OpenedPages openedPages = OpenedPages(OpenedPages::defaultPath());
     QString thumbnailFolder = Thumbnails::defaultFolder();
+    // Gives the maker's manifest, or nothing for whatever reason. Empty: this build does not look for newer versions.
+    std::function<QCoro::Task<std::optional<AppUpdateManifest>>()> fetchUpdate = {};
     // Shows the sample project while there is no other, and opens it at the very first start.
     bool seedStarterExample = false;
     // Without the library's lock there may be a session in progress elsewhere, which is not to be touched.
@@ -42,6 +48,7 @@ struct StoreParts {
 
 enum class CaptureKind { Checkpoint, Session };
 enum class CaptureForm { Sheet, QuickPanel };
+enum class Force { No, Yes };
 
 // One immediate checkpoint to be saved, apart from the form and its drafts.
 struct CaptureRequest {
@@ -53,6 +60,7 @@ struct CaptureRequest {
 
 // The application's one state object: its properties are those of AppState, its operations are all a user can do.
 // Every change of the library is written first and published second. Messages go to notice, error and captureIssue.
+// Changes take what they are about by value, since callers often have it from the lists that a change replaces.
 class AppStore final : public AppState {
     Q_DECLARE_TR_FUNCTIONS(ardeno::AppStore)
 
@@ -67,14 +75,14 @@ public:
     // Projects. While the library has none, the sample project is the one in filteredProjects(), selectedProject(),
     // checkpointsFor() and selected(), and nowhere else: no operation changes or writes it.
     std::optional<QUuid> createProject(const QString &name);
-    void selectProject(const QUuid &id);
+    void selectProject(QUuid id);
     void selectCheckpoint(const std::optional<QUuid> &id);
     // Back to the overview of all projects that are not archived.
     void showProjects();
-    bool setProjectBlocker(const QUuid &id, const std::optional<QString> &reason);
-    bool setProjectArchived(const QUuid &id, bool archived);
-    void reorderProjects(const QUuid &dragged, const QUuid &target, const QList<QUuid> &visibleIDs);
-    void deleteProject(const QUuid &id);
+    bool setProjectBlocker(QUuid id, const std::optional<QString> &reason);
+    bool setProjectArchived(QUuid id, bool archived);
+    void reorderProjects(QUuid dragged, QUuid target, const QList<QUuid> &visibleIDs);
+    void deleteProject(QUuid id);
     QList<Project> availableProjects() const;
     QList<Project> filteredProjects() const;
     const Project *selectedProject() const;
@@ -88,7 +96,7 @@ public:
     const Checkpoint *selected() const; // The checkpoint shown.
     const Checkpoint *checkpoint(const QUuid &id) const;
     bool save(Checkpoint checkpoint);
-    void deleteCheckpoint(const QUuid &id);
+    void deleteCheckpoint(QUuid id);
     // Whether all of its applications run; false for one without any. Follows runningApplicationIDs.
     bool isWorkspaceActive(const Checkpoint &checkpoint) const;
     // Small pictures of screenshots; made at the first call.
@@ -97,15 +105,15 @@ public:
     // Changing a saved checkpoint. A write that fails leaves it as it was and puts a sentence into error; samples and
     // checkpoints that are not in the library stay untouched, without a message.
     // The field is title, objective, decision or nextStep; the text is kept as it is. False when it was not saved.
-    bool updateNote(QString Checkpoint::*field, const QString &text, const QUuid &checkpointID);
+    bool updateNote(QString Checkpoint::*field, const QString &text, QUuid checkpointID);
     // Makes a copy of the picture in this file the screenshot.
     QCoro::Task<void> importScreenshot(QString file, QUuid checkpointID);
-    void removeScreenshot(const QUuid &checkpointID);
+    void removeScreenshot(QUuid checkpointID);
     QCoro::Task<void> addCurrentBrowserTabs(QUuid checkpointID);
     QCoro::Task<void> addCurrentWindowLayout(QUuid checkpointID);
     // False when it was not removed; lastRemoval says what an undo brings back.
-    bool removeApp(const SavedApp &app, const QUuid &checkpointID);
-    bool removeTab(const SavedTab &tab, const QUuid &checkpointID);
+    bool removeApp(SavedApp app, QUuid checkpointID);
+    bool removeTab(SavedTab tab, QUuid checkpointID);
     void undoWorkspaceRemoval();
 
     // Capturing.
@@ -121,25 +129,59 @@ public:
     QCoro::Task<void> stop();
     // The open tabs that a capture keeps: without excluded browsers and websites.
     QCoro::Task<WorkspaceCapture::OpenTabs> capturedTabs();
-    void refreshScreenAccess();
     void refreshRunningApplications();
     // Keeps runningApplicationIDs current from now on, without asking again and again.
     void watchRunningApplications();
 
+    // Screen access, as known from the last look; what is wrong with it is told by captureIssue.
+    void refreshScreenAccess();
+    // Asks the user, once in a run of the program.
+    void requestScreenAccess();
+    // Looks again without asking.
+    void verifyAccessNow();
+    // Shows where the user gives the consent.
+    void openScreenSettings();
+    // Replaces this process by a new one, which opens the form with its drafts.
+    QCoro::Task<void> restartForPermission();
+
     // Resuming.
+    // Whether windows of other applications can be moved; asking may show the desktop's question.
+    Capability windowPositioning() const;
+    void askWindowPositioning();
+    // The icon's name in the desktop's theme or its path; empty when the application is not known.
+    QString iconName(const QString &appID);
     // What resuming would do now. Never throws; what could not be checked is the plan's warning.
     QCoro::Task<RestorePlan> restorePlan(Checkpoint checkpoint);
     // Opens what was chosen of a plan made before and, with the layout, the folders and documents of the chosen and the
     // active applications and their windows' places. The sentence goes to notice, what failed to error.
     QCoro::Task<RestoreReport> restore(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
                                        QList<SavedWindow> windows, bool restoreLayout);
+    // Tries those of unplacedWindows again that are among these, which are all of one checkpoint.
+    QCoro::Task<void> placeRemainingWindows(QList<SavedWindow> windows);
 
     // Exclusions.
     bool excludeApp(const SavedApp &app);
     bool allowApp(const QString &id);
     bool excludeDomain(const QString &text); // False when the text is no valid domain or address.
     bool allowDomain(const QString &domain);
+    // The applications that run now and could be excluded, by name.
+    QList<SavedApp> runningApps() const;
+    // Those that could be opened, by name, one entry each.
+    QList<InstalledApplication> installedApps() const;
 
+    // Where everything is saved.
+    const QString &storageFolder() const { return m_repository.root(); }
+
+    // Opens a "mailto:" address as a draft; false without a mail program.
+    bool openMail(const QUrl &address);
+
+    // Updates.
+    static QString currentAppVersion();
+
+    bool canCheckForUpdates() const { return static_cast<bool>(m_fetchUpdate); }
+
+    // Asks for a newer version, at most once a day unless forced. Failures are silent and leave the offer as it was.
+    QCoro::Task<void> checkForUpdates(Force force);
     // Takes back the offer of a newer version.
     void dismissUpdate();
     // Never asks about the newsletter again.
@@ -161,19 +203,19 @@ private:
     // The only way to change the library: on disk first, on screen second.
     bool commit(WorkspaceLibrary library, const QString &failurePrefix);
     WorkspaceLibrary library() const;
-    bool updateProject(const QUuid &id, const std::function<void(Project &)> &change);
+    bool updateProject(QUuid id, const std::function<void(Project &)> &change);
     bool write(Checkpoint checkpoint, const QString &failurePrefix);
     bool writeEdit(Checkpoint checkpoint);
     bool isShowingSamples() const;
     void clearMessages();
-    void forgetProject(const QUuid &id);
+    void forgetProject(QUuid id);
     void reportRemainingMedia(const QString &prefix, const QString &folder, const Failure &failure);
 
     // Changing a saved checkpoint.
     std::optional<Checkpoint> editable(const QUuid &id) const;
     template <typename Item>
-    bool removeItem(const QUuid &checkpointID, QList<Item> Checkpoint::*list, const Item &item);
-    void adoptScreenshot(const QUuid &checkpointID, const QString &path);
+    bool removeItem(QUuid checkpointID, QList<Item> Checkpoint::*list, Item item);
+    void adoptScreenshot(QUuid checkpointID, const QString &path);
     void forgetPictures(const QList<Checkpoint> &gone);
 
     // Capturing.
@@ -185,8 +227,13 @@ private:
     void considerNewsletter();
     bool saveExclusions(const CaptureExclusions &changed);
 
+    // Screen access.
+    void endSheets();
+    QCoro::Task<void> startSuccessor();
+
     // Resuming.
     QCoro::Task<void> restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report);
+    void keepUnplaced(const QList<SavedWindow> &windows, const RestoreResult &result);
     // Work sessions.
     bool refuseSession();
     QCoro::Task<void> beginRecording(Checkpoint *checkpoint);
@@ -205,13 +252,19 @@ private:
     std::function<bool()> m_checkScreenAccess;
     std::function<bool()> m_askScreenAccess;
     std::function<QCoro::Task<void>()> m_verifyScreenAccess;
+    std::function<QCoro::Task<qint64>()> m_startInstance;
+    std::function<void()> m_endApplication;
     std::function<QSet<QString>()> m_runningApplicationIDs;
     CaptureService m_capture;
     OpenedPages m_openedPages;
     QString m_thumbnailFolder;
+    std::function<QCoro::Task<std::optional<AppUpdateManifest>>()> m_fetchUpdate;
+    std::optional<QDateTime> m_lastUpdateCheck = {};
+    std::shared_ptr<bool> m_life = std::make_shared<bool>(true); // Gone with the store.
     bool m_seedStarterExample;
     bool m_isWatchingApplications = false;
-    mutable ProjectSearch m_projectSearch = {}; // It remembers what it was asked last.
+    std::optional<QHash<QString, QString>> m_iconNames = {}; // By application; read when first asked for.
+    mutable ProjectSearch m_projectSearch = {};              // It remembers what it was asked last.
     std::unique_ptr<Thumbnails> m_thumbnails = {};
     Project m_sampleProject = {};
     bool m_isLibraryRead = false;

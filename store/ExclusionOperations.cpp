@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "capture/WorkspaceCapture.h"
 #include "model/Json.h"
 #include "store/AppStore.h"
 #include "store/PreferenceKeys.h"
+#include "support/Text.h"
+
+#include <algorithm>
 
 namespace ardeno {
 
@@ -36,6 +40,27 @@ bool AppStore::allowDomain(const QString &domain)
     CaptureExclusions changed = exclusions();
     changed.domains.removeAll(domain);
     return saveExclusions(changed);
+}
+
+QList<SavedApp> AppStore::runningApps() const
+{
+    return WorkspaceCapture::applications(*m_desktop.workspace, m_desktop.roles, exclusions().appIDs());
+}
+
+QList<InstalledApplication> AppStore::installedApps() const
+{
+    QList<InstalledApplication> apps = m_desktop.workspace->installedApplications();
+    apps.removeIf([&](const InstalledApplication &app) { return app.id.isEmpty() || app.id == m_desktop.roles.ownID; });
+    for (InstalledApplication &app : apps) {
+        app.name = app.name.simplified();
+        if (app.name.isEmpty())
+            app.name = app.id;
+    }
+    const NameOrder isBefore;
+    std::stable_sort(apps.begin(), apps.end(), [&](const InstalledApplication &a, const InstalledApplication &b) {
+        return isBefore(a.name, b.name);
+    });
+    return apps;
 }
 
 bool AppStore::saveExclusions(const CaptureExclusions &changed)

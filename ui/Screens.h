@@ -19,6 +19,7 @@ struct Screens {
     MakeSheet capture = {};     // For showCapture.
     MakeSheet restore = {};     // For showRestore, with the selected checkpoint.
     MakeSheet preferences = {}; // For showSettings.
+    MakeSheet exclusions = {};  // For showExclusions, over the others.
     std::function<Sheet *(AppStore &, const Checkpoint &)> edit = {};
     // What a checkpoint holds of the workspace, at the end of its detail.
     std::function<QWidget *(AppStore &, const QUuid &)> workspaceItems = {};

@@ -139,13 +139,26 @@ class InMemoryScreenAccess final : public ScreenAccess {
 public:
     explicit InMemoryScreenAccess(InMemoryDesktop &desktop) : m_desktop(desktop) {}
 
-    bool check() override { return m_desktop.screenAccess; }
+    Capability availability() const override
+    {
+        if (m_desktop.screenAccess)
+            return Capability::available();
+        if (m_desktop.noScreenAccess)
+            return Capability::unavailable(*m_desktop.noScreenAccess);
+        return {Capability::State::NeedsConsent, {}};
+    }
 
     bool ask() override
     {
         ++m_desktop.timesAsked;
         m_desktop.screenAccess = m_desktop.screenAccess || m_desktop.consentOnAsking;
         return m_desktop.screenAccess;
+    }
+
+    bool openSettings() override
+    {
+        ++m_desktop.timesSettingsOpened;
+        return true;
     }
 
 private:
@@ -189,6 +202,8 @@ public:
     explicit InMemoryWindowMover(InMemoryDesktop &desktop) : m_desktop(desktop) {}
 
     Capability availability() const override { return m_desktop.moving; }
+
+    void ask() override { m_desktop.moving = Capability::available(); }
 
     QList<MovableWindow> windows() override { return m_desktop.movable; }
 
@@ -322,6 +337,21 @@ private:
     InMemoryDesktop &m_desktop;
 };
 
+class InMemoryMailProgram final : public MailProgram {
+public:
+    explicit InMemoryMailProgram(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    bool openDraft(const QUrl &address) override
+    {
+        if (m_desktop.hasMailProgram)
+            m_desktop.mailDrafts.append(address);
+        return m_desktop.hasMailProgram;
+    }
+
+private:
+    InMemoryDesktop &m_desktop;
+};
+
 } // namespace
 
 void InMemoryDesktop::addApplication(const QString &id, const QString &name, const WindowRect &frame,
@@ -360,7 +390,8 @@ Desktop InMemoryDesktop::makeDesktop()
             .windowMover = std::make_unique<InMemoryWindowMover>(*this),
             .launcher = std::make_unique<InMemoryLauncher>(*this),
             .fileBrowser = std::make_unique<InMemoryFileBrowser>(*this),
-            .documents = std::make_unique<InMemoryDocuments>(*this)};
+            .documents = std::make_unique<InMemoryDocuments>(*this),
+            .mailProgram = std::make_unique<InMemoryMailProgram>(*this)};
 }
 
 } // namespace ardeno::fakes

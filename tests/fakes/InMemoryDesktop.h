@@ -23,6 +23,8 @@ struct InMemoryDesktop {
     bool screenAccess = true;
     bool consentOnAsking = false;
     int timesAsked = 0;
+    std::optional<QString> noScreenAccess = {}; // Why consent would not help.
+    int timesSettingsOpened = 0;
     std::optional<Failure> pictureFailure = {};
     std::function<void()> whileComposing = {}; // Called in the middle of a picture.
     QList<QSet<QString>> preparedExclusions = {};
@@ -43,6 +45,8 @@ struct InMemoryDesktop {
     std::function<void()> whenStopped = {};       // Instead of the file being finished when the recording is stopped.
     QList<WindowLocation> folders = {};           // What windows of file browsers show.
     QList<WindowLocation> documents = {};         // What windows of other applications show; each has a process.
+    bool hasMailProgram = true;
+    QList<QUrl> mailDrafts = {};                  // What the mail program was asked to open.
     QList<QSet<qint64>> processesAskedAbout = {}; // By each question for documents.
 
     InMemoryDesktop() = default;

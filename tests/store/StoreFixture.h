@@ -21,6 +21,7 @@ struct StoreFixture {
     Desktop desktop = memory.makeDesktop();
     std::unique_ptr<AppStore> opened;
     bool seedStarterExample = false;
+    std::function<QCoro::Task<std::optional<AppUpdateManifest>>()> fetchUpdate = {};
 
     StoreFixture()
     {
@@ -50,6 +51,7 @@ struct StoreFixture {
                          .openedPages = OpenedPages(home.filePath("opened-pages"))};
         parts.thumbnailFolder = home.filePath("thumbnails");
         parts.seedStarterExample = seedStarterExample;
+        parts.fetchUpdate = fetchUpdate;
         opened = std::make_unique<AppStore>(desktop, std::move(parts));
         return *opened;
     }

@@ -6,6 +6,7 @@
 #include "ui/controls/PictureImage.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
+#include "ui/viewer/PicturePreviews.h"
 
 #include <QFileInfo>
 #include <QFocusEvent>
@@ -129,6 +130,8 @@ void ScreenshotImage::take(const QImage &image)
         m_isUnavailable = true;
         setAccessibleName(tr("Screenshot unavailable"));
         updateGeometry();
+    } else {
+        PicturePreviews::keep(m_path, image);
     }
     update();
 }

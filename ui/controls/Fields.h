@@ -7,7 +7,7 @@
 namespace ardeno {
 
 // A field for one line of text. The name is what screen readers say; a placeholder is no name.
-class TextField final : public QLineEdit {
+class TextField : public QLineEdit {
 public:
     explicit TextField(const QString &name, const QString &placeholder = {}, const QString &symbol = {},
                        QWidget *parent = nullptr);

@@ -32,6 +32,7 @@ private:
     QPointer<Sheet> m_capture;
     QPointer<Sheet> m_restore;
     QPointer<Sheet> m_preferences;
+    QPointer<Sheet> m_exclusions;
     QPointer<Sheet> m_newProject;
     QPointer<Sheet> m_blocker;
     QPointer<Sheet> m_deleting;

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "network/UpdateFetch.h"
+
+namespace ardeno {
+
+UpdateFetch makeUpdateFetch(const UpdateFetchOptions &)
+{
+    return {};
+}
+
+} // namespace ardeno

@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "services/Endpoints.h"
+#include "support/Finish.h"
+#include "tests/ui/CutTexts.h"
+#include "tests/ui/WindowFixture.h"
+#include "ui/controls/Choice.h"
+#include "ui/settings/SettingsScreens.h"
+#include "ui/theme/AppTheme.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+#include <QTextEdit>
+#include <QUrlQuery>
+
+using namespace ardeno;
+
+namespace {
+
+struct SettingsFixture : WindowFixture {
+    SettingsFixture() { addSettingsScreens(&screens); }
+
+    void openSettings()
+    {
+        openWindow();
+        click("Settings");
+        REQUIRE(seesText("Private by design. Stored locally."));
+    }
+
+    // Light, dark and with high contrast, in the window's size and in the smallest one.
+    void pictures(const QString &name)
+    {
+        AppTheme &theme = AppTheme::instance();
+        for (const bool isNarrow : {false, true}) {
+            window->resize(isNarrow ? QSize(960, 690) : QSize(1170, 790));
+            const QString suffix = isNarrow ? "-narrow" : "";
+            theme.setAppearance({Scheme::Dark, Contrast::Normal, Motion::Normal});
+            settle();
+            picture(name + "-dark" + suffix);
+            theme.setAppearance({});
+            settle();
+            picture(name + "-light" + suffix);
+            CHECK(textsThatAreCut(window->sheets().topSheet()) == QStringList());
+        }
+        window->resize(1170, 790);
+        settle();
+    }
+
+    void fill(const QString &name, const QString &text)
+    {
+        REQUIRE(widget(name));
+        widget(name)->setFocus();
+        press(Qt::Key_A, Qt::ControlModifier);
+        type(text);
+    }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(SettingsFixture, "what is set is shown, used at once and known after a restart")
+{
+    openSettings();
+    pictures("preferences");
+    click("On launch: Last opened project");
+    choose("Projects overview");
+    CHECK(store().launchOverview());
+    click(u"Quick save shortcut: ⌃⌥⌘S (default)"_qs);
+    choose(u"⇧⌘S"_qs);
+    CHECK(store().shortcutChoice() == 1);
+    store().shortcutIssue.set("That shortcut is unavailable. Choose another shortcut or use the menu bar.");
+    settle();
+    CHECK(seesText("That shortcut is unavailable. Choose another shortcut or use the menu bar."));
+    picture("preferences-issue");
+    widget(u"Quick save shortcut: ⇧⌘S"_qs)->setFocus();
+    press(Qt::Key_Down);
+    CHECK(store().shortcutChoice() == 2);
+    press(Qt::Key_Down); // There is no further one.
+    CHECK(store().shortcutChoice() == 2);
+    click("Include browser tabs");
+    CHECK(store().includeBrowser());
+    click("Done");
+    CHECK_FALSE(store().showSettings());
+
+    restart();
+    click("Settings");
+    CHECK(findButton("On launch: Projects overview"));
+    CHECK(findButton("Quick save shortcut: Off"));
+    CHECK(button("Include browser tabs")->isChecked());
+    CHECK_FALSE(findButton("Check for updates")); // Here nothing could check.
+    press(Qt::Key_Escape);
+    CHECK_FALSE(store().showSettings());
+}
+
+TEST_CASE_FIXTURE(SettingsFixture, "settings of another kind or a later version are shown as the defaults")
+{
+    writeFile(home.filePath("settings/settings.ini"),
+              "[General]\nquickSaveShortcut=77\nlaunchOverview=maybe\nincludeBrowser=@Invalid()\nfromLater={1}\n"
+              "lastUpdateCheck=tomorrow\ncaptureExclusions=@ByteArray({\"apps\":[],\"later\":1})\n");
+    openWindow();
+    REQUIRE(seesText("Something needs attention")); // The exclusions lack their websites.
+    click("OK");
+    click("Settings");
+    CHECK(findButton(u"Quick save shortcut: ⌃⌥⌘S (default)"_qs));
+    CHECK_FALSE(button("Include browser tabs")->isChecked());
+}
+
+TEST_CASE_FIXTURE(SettingsFixture, "what is excluded by menu, by choice and by typing is left out of the next capture")
+{
+    memory.addApplication("org.chat", "Messages & more", {10, 10, 500, 500});
+    memory.installed = {{"org.safe", "Password Safe", "no-such-icon"},
+                        {"org.chat", "Messages & more", "/etc/passwd"},
+                        {"org.editor", "Editor", "accessories-text-editor"}};
+    for (int i = 0; i < 60; ++i)
+        memory.installed.append({QString("org.app%1").arg(i), QString("Application %1").arg(i), {}});
+    memory.tabRecords.insert("com.google.Chrome", u"1\u001f1\u001fMail\u001fhttps://mail.example.com/a\u001e"_qs);
+    openSettings();
+    click(u"Capture exclusions…"_qs);
+    CHECK(seesText("No apps excluded"));
+    picture("exclusions-empty");
+    click("Exclude ");
+    picture("exclusions-menu");
+    choose("Messages && more");
+    CHECK(store().exclusions().appIDs() == QSet<QString>{"org.chat"});
+
+    click(u"Choose application…"_qs);
+    CHECK(list("Applications")->model()->rowCount() == 63);
+    pictures("application-chooser");
+    type("PASS");
+    CHECK(list("Applications")->model()->rowCount() == 1);
+    press(Qt::Key_Return);
+    CHECK(store().exclusions().apps.last() == SavedApp{.id = "org.safe", .name = "Password Safe"});
+    click(u"Choose application…"_qs);
+    type("nothing like it");
+    CHECK(seesText("No applications found"));
+    CHECK_FALSE(findButton("Exclude app"));
+    click("Cancel");
+
+    fill("Website", "*.example.com");
+    press(Qt::Key_Return);
+    CHECK(seesText("Enter a valid website domain or an http/https URL."));
+    CHECK(window->sheets().topSheet()->accessibleName() == "Capture exclusions"); // Return did not close it.
+    fill("Website", " HTTPS://Example.com:8080/path?q#f ");
+    pictures("exclusions-invalid");
+    click("Exclude website");
+    CHECK(store().exclusions().domains == QStringList{"example.com"});
+    CHECK_FALSE(seesText("Enter a valid website domain or an http/https URL."));
+    CHECK(qobject_cast<QLineEdit *>(widget("Website"))->text().isEmpty());
+    pictures("exclusions");
+    click("Done");
+    CHECK_FALSE(store().showExclusions());
+    CHECK(seesText("Private by design. Stored locally.")); // The settings are still there.
+    click("Done");
+
+    const QUuid project = *store().createProject("Thesis");
+    const auto saved = finish(store().saveMoment({.projectID = project}));
+    REQUIRE(saved);
+    CHECK(store().checkpoint(*saved)->apps == QList<SavedApp>{{"org.editor", "Editor"}});
+    CHECK(memory.requests.last().excludedAppIDs == QSet<QString>{"org.chat", "org.safe"});
+}
+
+TEST_CASE_FIXTURE(SettingsFixture, "what is excluded can be allowed again, also by keys alone and among many")
+{
+    openWindow();
+    for (int i = 0; i < 300; ++i)
+        store().excludeDomain(QString("site%1.example").arg(i));
+    store().excludeApp({"org.editor", "Editor"});
+    store().showSettings.set(true);
+    store().showExclusions.set(true);
+    settle();
+    CHECK(window->sheets().findChildren<QAbstractButton *>().size() < 60);
+    click("Allow Editor again");
+    CHECK(store().exclusions().apps.isEmpty());
+    CHECK(seesText("No apps excluded"));
+    click("Allow site1.example again");
+    CHECK_FALSE(store().exclusions().domains.contains("site1.example"));
+    QListView *const websites = list("Excluded websites");
+    websites->setFocus();
+    press(Qt::Key_End);
+    CHECK(findButton("Allow site299.example again"));
+    press(Qt::Key_Delete);
+    CHECK_FALSE(store().exclusions().domains.contains("site299.example"));
+    CHECK(websites->hasFocus());
+    picture("exclusions-many");
+}
+
+TEST_CASE_FIXTURE(SettingsFixture, "a bug report becomes a draft, or says why not and can be copied")
+{
+    openSettings();
+    click("Report a bug");
+    CHECK_FALSE(findButton("Open email draft"));
+    CHECK_FALSE(findButton("Copy report"));
+    pictures("bug-report-empty");
+    fill("Short summary", "Stuck & slow");
+    fill("What went wrong?", "It stays at 90%");
+    memory.hasMailProgram = false;
+    pictures("bug-report");
+    click("Open email draft");
+    CHECK(seesText("Your email app could not be opened. Use Copy report and send it manually."));
+    picture("bug-report-failed");
+    click("OK");
+    click("Copy report");
+    CHECK(findButton("Copied"));
+    CHECK(QApplication::clipboard()->text().startsWith(
+        "Subject: Ardeno bug: Stuck & slow\n\nWhat happened:\nIt stays at 90%\n\n"));
+    picture("bug-report-copied");
+    fill("Steps to reproduce (optional)", "1. Save");
+    CHECK(findButton("Copy report")); // What was copied lacks the steps.
+    memory.hasMailProgram = true;
+    click("Open email draft");
+    REQUIRE(memory.mailDrafts.size() == 1);
+    CHECK(QUrlQuery(memory.mailDrafts.first()).queryItemValue("body", QUrl::FullyDecoded).contains("1. Save"));
+    CHECK(seesText("Private by design. Stored locally."));
+    click("Email support");
+    CHECK(memory.mailDrafts.last().path() == Endpoints::supportAddress());
+}
+
+TEST_CASE_FIXTURE(SettingsFixture, "a checkpoint's details are saved as written, or not at all")
+{
+    openWindow();
+    const QUuid thesis = *store().createProject("Thesis");
+    const QUuid website = *store().createProject("Client website & shop");
+    Checkpoint checkpoint = saveCheckpoint(thesis, "Evaluation", 1000);
+    checkpoint.objective = u"• one\u00a0two\n\n  three"_qs;
+    REQUIRE(store().save(checkpoint));
+    settle();
+    const auto openDetails = [this] {
+        click(u"Checkpoint details…"_qs);
+        REQUIRE(findButton("Save context"));
+    };
+    openDetails();
+    fill("Checkpoint title", "Something else");
+    click("Cancel");
+    CHECK(store().checkpoint(checkpoint.id)->title == "Evaluation");
+
+    openDetails();
+    pictures("edit");
+    fill("Your next small step", "Plot");
+    press(Qt::Key_Return); // Of the text, not of the sheet.
+    type("it");
+    click("Project: Thesis");
+    choose("Client website && shop");
+    click("Save context");
+    const Checkpoint saved = *store().checkpoint(checkpoint.id);
+    CHECK(saved.nextStep == "Plot\nit");
+    CHECK(saved.objective == checkpoint.objective);
+    CHECK(saved.title == "Evaluation");
+    CHECK(saved.projectID == website);
+    CHECK(store().selectedProject()->id == website);
+
+    settle();
+    openDetails();
+    fill("Checkpoint title", "Kept");
+    breakLibrary();
+    click("Save context");
+    CHECK(seesText("Something needs attention"));
+    click("OK");
+    CHECK(qobject_cast<QLineEdit *>(widget("Checkpoint title"))->text() == "Kept");
+    CHECK(store().checkpoint(checkpoint.id)->title == "Evaluation");
+}

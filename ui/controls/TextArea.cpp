@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/controls/TextArea.h"
+
+#include "ui/controls/Ground.h"
+#include "ui/theme/Drawing.h"
+
+#include <QEvent>
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include <cmath>
+
+namespace ardeno {
+
+TextArea::TextArea(const QString &name, int lines, QWidget *parent) : QWidget(parent), m_editor(new QTextEdit)
+{
+    auto *column = makeColumn(0, this);
+    column->setContentsMargins(9, 7, 3, 7);
+    column->addWidget(m_editor);
+    m_editor->setAccessibleName(name);
+    m_editor->setAcceptRichText(false);
+    m_editor->setAutoFormatting(QTextEdit::AutoNone);
+    m_editor->setTabChangesFocus(true);
+    m_editor->setFrameShape(QFrame::NoFrame);
+    m_editor->setFont(AppTheme::instance().font(TextStyle::Body));
+    m_editor->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_editor->document()->setDocumentMargin(0);
+    m_editor->viewport()->setAutoFillBackground(false);
+    QPalette own; // Only its ground is its own, the rest follows the window.
+    own.setColor(QPalette::Base, Qt::transparent);
+    m_editor->setPalette(own);
+    m_editor->installEventFilter(this);
+    setFocusProxy(m_editor);
+    const double line = QFontMetricsF(m_editor->font()).lineSpacing();
+    setFixedHeight(static_cast<int>(std::ceil(lines * line)) + 16);
+}
+
+QString TextArea::text() const
+{
+    return m_editor->document()
+        ->toRawText()
+        .replace(QChar::ParagraphSeparator, '\n')
+        .replace(QChar::LineSeparator, '\n');
+}
+
+void TextArea::setText(const QString &text)
+{
+    m_editor->setPlainText(text);
+    m_editor->document()->setModified(false);
+}
+
+void TextArea::setOnTextChange(std::function<void()> changed)
+{
+    connect(m_editor, &QTextEdit::textChanged, this, std::move(changed));
+}
+
+void TextArea::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    const bool isFocused = m_editor->hasFocus();
+    Drawing::panel(painter, rect(), 7, themeColor(Role::Field), themeColor(isFocused ? Role::Accent : Role::Line));
+    if (isFocused)
+        Drawing::focusRing(painter, rect(), 7);
+}
+
+bool TextArea::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        update();
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace ardeno

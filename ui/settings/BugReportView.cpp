@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/settings/BugReportView.h"
+
+#include "store/AppStore.h"
+#include "ui/controls/Alert.h"
+#include "ui/controls/Fields.h"
+#include "ui/controls/Ground.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/ScrollColumn.h"
+#include "ui/controls/TextArea.h"
+#include "ui/settings/Links.h"
+
+namespace ardeno {
+
+namespace {
+
+constexpr int labelGap = 5;
+
+void addLabelled(QVBoxLayout *column, const QString &label, QWidget *field)
+{
+    auto *group = makeColumn(labelGap);
+    group->addWidget(makeLabel(label, TextStyle::Medium, Role::Dim));
+    group->addWidget(field);
+    column->addLayout(group);
+}
+
+} // namespace
+
+BugReportView::BugReportView(AppStore &store)
+    : Sheet(tr("Report a bug"), 540),
+      m_store(store),
+      m_title(new TextField(tr("Short summary"), tr("e.g. Saving stays stuck at 90%")))
+{
+    auto *head = makeColumn(4);
+    head->addWidget(makeLabel(tr("Report a bug"), TextStyle::SheetTitle));
+    head->addWidget(
+        makeParagraph(tr("This opens your default email app with a draft you can review and edit before sending."),
+                      TextStyle::Body, Role::Dim));
+    column()->addLayout(head);
+    auto *form = new ScrollColumn(14);
+    column()->addWidget(form, 1);
+    addLabelled(form->column(), tr("Short summary"), m_title);
+    m_details = addArea(form->column(), tr("What went wrong?"), 6);
+    m_steps = addArea(form->column(), tr("Steps to reproduce (optional)"), 4);
+    form->column()->addWidget(makePrivacyNote());
+    addButton(tr("Cancel"), Button::Kind::Bordered, [this] { close(); });
+    m_copy = addButton(tr("Copy report"), Button::Kind::Bordered, [this] { copy(); });
+    m_open = addButton(tr("Open email draft"), Button::Kind::Prominent, [this] { openMail(); });
+    connect(m_title, &QLineEdit::textChanged, this, [this] { showDraft(); });
+    setFirstFocus(m_title);
+    showDraft();
+}
+
+TextArea *BugReportView::addArea(QVBoxLayout *column, const QString &label, int lines)
+{
+    auto *area = new TextArea(label, lines);
+    addLabelled(column, label, area);
+    area->setOnTextChange([this] { showDraft(); });
+    return area;
+}
+
+QWidget *BugReportView::makePrivacyNote()
+{
+    auto *note = new QWidget;
+    auto *row = makeRow(10, note);
+    row->addWidget(new SymbolView("lock.shield", Role::SageText), 0, Qt::AlignTop);
+    row->addWidget(makeParagraph(tr("The draft includes only your text, app version, build number and macOS version. "
+                                    "Screenshots, recordings, notes, browser URLs and saved files are not attached."),
+                                 TextStyle::Small, Role::Dim),
+                   1);
+    return note;
+}
+
+BugReportDraft BugReportView::draft() const
+{
+    return {.title = m_title->text(), .details = m_details->text(), .steps = m_steps->text()};
+}
+
+void BugReportView::showDraft()
+{
+    const bool canSubmit = draft().canSubmit();
+    m_copy->setEnabled(canSubmit);
+    m_open->setEnabled(canSubmit);
+    m_copy->setText(tr("Copy report")); // What was copied is older than this text.
+}
+
+void BugReportView::copy()
+{
+    if (!BugReportComposer::copy(draft(), Links::copyToClipboard))
+        return;
+    m_copy->setText(tr("Copied"));
+    m_copy->updateGeometry();
+}
+
+void BugReportView::openMail()
+{
+    if (BugReportComposer::openMail(draft(), [this](const QUrl &address) { return m_store.openMail(address); })) {
+        close();
+        return;
+    }
+    const AlertText text{.title = tr("Something needs attention"),
+                         .message = tr("Your email app could not be opened. Use Copy report and send it manually."),
+                         .confirm = tr("OK")};
+    if (SheetHost *const host = SheetHost::of(this))
+        presentAlert(*host, text, [](bool) {});
+}
+
+} // namespace ardeno

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "services/BugReportComposer.h"
+#include "ui/controls/Sheet.h"
+
+#include <QCoreApplication>
+
+namespace ardeno {
+
+class AppStore;
+class TextArea;
+class TextField;
+
+// The form of a bug report.
+class BugReportView final : public Sheet {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::BugReportView)
+
+public:
+    explicit BugReportView(AppStore &store);
+
+private:
+    TextArea *addArea(QVBoxLayout *column, const QString &label, int lines);
+    QWidget *makePrivacyNote();
+    BugReportDraft draft() const;
+    void showDraft();
+    void copy();
+    void openMail();
+
+    AppStore &m_store;
+    TextField *m_title;
+    TextArea *m_details;
+    TextArea *m_steps;
+    Button *m_copy;
+    Button *m_open;
+};
+
+} // namespace ardeno

@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/settings/ExclusionsView.h"
+
+#include "store/AppStore.h"
+#include "ui/controls/Fields.h"
+#include "ui/controls/Ground.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Menu.h"
+#include "ui/controls/ScrollColumn.h"
+#include "ui/settings/ApplicationChooser.h"
+#include "ui/settings/RuleList.h"
+
+#include <QAccessible>
+#include <QKeyEvent>
+
+namespace ardeno {
+
+namespace {
+
+// Return in this field presses its own button, not the sheet's.
+class DomainField final : public TextField {
+public:
+    using TextField::TextField;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        TextField::keyPressEvent(event);
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+            event->accept();
+    }
+};
+
+QWidget *makeSectionTitle(const QString &symbol, const QString &text)
+{
+    auto *title = new QWidget;
+    auto *row = makeRow(8, title);
+    row->addWidget(new SymbolView(symbol, Role::Dim));
+    row->addWidget(makeLabel(text, TextStyle::Strong), 1);
+    return title;
+}
+
+Card *cardAround(QWidget *list)
+{
+    auto *card = new Card;
+    auto *column = makeColumn(0, card);
+    column->setContentsMargins(1, 0, 1, 0);
+    column->addWidget(list);
+    return card;
+}
+
+} // namespace
+
+ExclusionsView::ExclusionsView(AppStore &store)
+    : Sheet(tr("Capture exclusions"), 560),
+      m_store(store),
+      m_runningApps(store.runningApps()),
+      m_recordingNote(makeRecordingNote()),
+      m_controls(new QWidget),
+      m_apps(new RuleList(tr("Excluded apps"), "app")),
+      m_appsCard(cardAround(m_apps)),
+      m_noApps(makeParagraph(tr("No apps excluded"), TextStyle::Body, Role::Dim)),
+      m_domain(new DomainField(tr("Website"), tr("Domain or URL, e.g. %1").arg("mail.example.com"))),
+      m_validation(makeParagraph(tr("Enter a valid website domain or an http/https URL."), TextStyle::Small,
+                                 Role::RecordingText)),
+      m_domains(new RuleList(tr("Excluded websites"), "globe")),
+      m_domainsCard(cardAround(m_domains))
+{
+    auto *scrolling = new ScrollColumn(14);
+    column()->addWidget(scrolling, 1);
+    auto *head = makeColumn(4);
+    head->addWidget(makeLabel(tr("Capture exclusions"), TextStyle::SheetTitle));
+    head->addWidget(makeParagraph(tr("Apply to future captures and newly added workspace items. Existing checkpoints "
+                                     "and their media stay unchanged."),
+                                  TextStyle::Small, Role::Dim));
+    scrolling->column()->addLayout(head);
+    scrolling->column()->addWidget(m_recordingNote);
+    scrolling->column()->addWidget(m_controls);
+    scrolling->column()->addStretch();
+    auto *controls = makeColumn(10, m_controls);
+    addApps(controls);
+    controls->addSpacing(8);
+    addWebsites(controls);
+    setMinimumHeight(616);
+    addButton(tr("Done"), Button::Kind::Prominent, [this] { close(); });
+    setOnCancel([&store] { store.showExclusions.set(false); });
+    m_observations.watch([this] { showExclusions(); }, store.exclusions);
+    m_observations.watch([this] { showRecording(); }, store.recording);
+}
+
+QWidget *ExclusionsView::makeRecordingNote()
+{
+    auto *note = new Card(nullptr, Role::AmberSoft, Role::AmberSoft, 8);
+    auto *row = makeRow(9, note);
+    row->setContentsMargins(12, 9, 12, 9);
+    row->addWidget(new SymbolView("exclamationmark.triangle", Role::AmberText), 0, Qt::AlignTop);
+    row->addWidget(
+        makeParagraph(tr("Finish the recording before changing exclusions."), TextStyle::Medium, Role::AmberText), 1);
+    return note;
+}
+
+void ExclusionsView::addApps(QVBoxLayout *column)
+{
+    column->addWidget(makeSectionTitle("app.badge", tr("Apps")));
+    column->addWidget(makeParagraph(tr("Excluded apps are left out of app lists, window positions, screenshots and "
+                                       "recordings. Excluding a browser also excludes its tabs."),
+                                    TextStyle::Small, Role::Dim));
+    column->addWidget(makeParagraph(tr("When app exclusions are enabled, recordings include only allowed apps already "
+                                       "running when recording starts."),
+                                    TextStyle::Small, Role::Dim));
+    auto *choose = new Button(tr("Choose application…"));
+    connect(choose, &QAbstractButton::clicked, this, [this] { chooseApplication(); });
+    auto *row = makeRow(8);
+    row->addWidget(makeExcludeMenu());
+    row->addWidget(choose);
+    row->addStretch();
+    column->addLayout(row);
+    column->addWidget(m_appsCard);
+    column->addWidget(m_noApps);
+    m_apps->setOnAllow([this](const QString &id) { m_store.allowApp(id); });
+}
+
+Button *ExclusionsView::makeExcludeMenu()
+{
+    auto *exclude = new Button(tr("Exclude "), Button::Kind::Bordered);
+    exclude->setSymbol("chevron.down", Button::SymbolSide::Trailing);
+    setMenu(exclude, [this](QMenu *menu) {
+        for (const SavedApp &app : std::as_const(m_runningApps)) {
+            QString name = app.name.simplified();
+            QAction *const item =
+                addMenuItem(menu, name.replace('&', "&&"), {}, [this, app] { m_store.excludeApp(app); });
+            item->setEnabled(!m_store.exclusions().appIDs().contains(app.id));
+        }
+        if (m_runningApps.isEmpty())
+            menu->addAction(tr("No apps to exclude"))->setEnabled(false);
+    });
+    return exclude;
+}
+
+void ExclusionsView::addWebsites(QVBoxLayout *column)
+{
+    column->addWidget(makeSectionTitle("globe", tr("Websites")));
+    column->addWidget(makeParagraph(tr("Skip saved tab URLs for a domain and its subdomains. For example, example.com "
+                                       "also excludes mail.example.com."),
+                                    TextStyle::Small, Role::Dim));
+    auto *visible = makeRow(8);
+    visible->addWidget(new SymbolView("eye", Role::Dim), 0, Qt::AlignTop);
+    visible->addWidget(makeParagraph(tr("Website rules do not hide visible pages in screenshots or video. To hide "
+                                        "browser content visually, exclude the browser app."),
+                                     TextStyle::Small, Role::Dim),
+                       1);
+    column->addLayout(visible);
+    auto *exclude = new Button(tr("Exclude"));
+    exclude->setAccessibleName(tr("Exclude website"));
+    connect(exclude, &QAbstractButton::clicked, this, [this] { excludeDomain(); });
+    connect(m_domain, &QLineEdit::returnPressed, this, [this] { excludeDomain(); });
+    auto *row = makeRow(8);
+    row->addWidget(m_domain, 1);
+    row->addWidget(exclude);
+    column->addLayout(row);
+    column->addWidget(m_validation);
+    m_validation->hide();
+    column->addWidget(m_domainsCard);
+    m_domains->setOnAllow([this](const QString &domain) { m_store.allowDomain(domain); });
+}
+
+void ExclusionsView::chooseApplication()
+{
+    SheetHost *const host = SheetHost::of(this);
+    if (!host)
+        return;
+    host->present(new ApplicationChooser(m_store.installedApps(), [this](const InstalledApplication &application) {
+        if (!application.id.isEmpty())
+            m_store.excludeApp({.id = application.id, .name = application.name});
+    }));
+}
+
+void ExclusionsView::excludeDomain()
+{
+    const bool isAccepted = m_store.excludeDomain(m_domain->text());
+    // The store tells by itself when a good domain could not be written.
+    m_validation->setVisible(!isAccepted && !m_store.error());
+    if (isAccepted)
+        m_domain->clear();
+    QAccessibleEvent said(m_validation, QAccessible::Alert);
+    if (m_validation->isVisible())
+        QAccessible::updateAccessibility(&said);
+}
+
+void ExclusionsView::showExclusions()
+{
+    const CaptureExclusions &exclusions = m_store.exclusions();
+    QList<ExclusionRule> apps;
+    for (const SavedApp &app : exclusions.apps)
+        apps.append({app.id, app.name.isEmpty() ? app.id : app.name});
+    QList<ExclusionRule> domains;
+    for (const QString &domain : exclusions.domains)
+        domains.append({domain, domain});
+    m_apps->setRules(apps);
+    m_domains->setRules(domains);
+    m_appsCard->setVisible(!apps.isEmpty());
+    m_noApps->setVisible(apps.isEmpty());
+    m_domainsCard->setVisible(!domains.isEmpty());
+}
+
+void ExclusionsView::showRecording()
+{
+    m_recordingNote->setVisible(m_store.recording());
+    m_controls->setEnabled(!m_store.recording());
+}
+
+} // namespace ardeno

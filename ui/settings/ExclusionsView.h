@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "model/WorkspaceRecords.h"
+#include "support/Observable.h"
+#include "ui/controls/Sheet.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+
+namespace ardeno {
+
+class AppStore;
+class Card;
+class RuleList;
+class TextField;
+
+// What is left out of every capture: applications and websites.
+class ExclusionsView final : public Sheet {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::ExclusionsView)
+
+public:
+    explicit ExclusionsView(AppStore &store);
+
+private:
+    QWidget *makeRecordingNote();
+    void addApps(QVBoxLayout *column);
+    void addWebsites(QVBoxLayout *column);
+    Button *makeExcludeMenu();
+    void chooseApplication();
+    void excludeDomain();
+    void showExclusions();
+    void showRecording();
+
+    AppStore &m_store;
+    QList<SavedApp> m_runningApps; // When the view was opened.
+    QWidget *m_recordingNote;
+    QWidget *m_controls;
+    RuleList *m_apps;
+    Card *m_appsCard;
+    QLabel *m_noApps;
+    TextField *m_domain;
+    QLabel *m_validation;
+    RuleList *m_domains;
+    Card *m_domainsCard;
+    Observations m_observations;
+};
+
+} // namespace ardeno

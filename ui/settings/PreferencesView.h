@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "support/Observable.h"
+#include "ui/controls/Sheet.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+
+namespace ardeno {
+
+class AppStore;
+class Choice;
+class Progress;
+class SettingsCard;
+class Switch;
+
+// What the user sets for the whole program.
+class PreferencesView final : public Sheet {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::PreferencesView)
+
+public:
+    explicit PreferencesView(AppStore &store);
+
+private:
+    QWidget *makeBehaviour();
+    Choice *makeLaunch();
+    Choice *makeShortcut();
+    Switch *makeBrowserTabs();
+    QWidget *makePrivacy();
+    QWidget *makeContact();
+    void addUpdates(SettingsCard *card);
+    Button *makeButton(const QString &text, const QString &symbol, std::function<void()> pressed);
+    void showUpdate();
+    void showShortcutIssue();
+    void showSavedFiles();
+    void emailSupport();
+    void tell(const QString &sentence);
+
+    AppStore &m_store;
+    QLabel *m_shortcutIssue;
+    QLabel *m_updateText = nullptr;
+    QWidget *m_updateSymbol = nullptr;
+    Progress *m_checking = nullptr;
+    Button *m_check = nullptr;
+    Button *m_download = nullptr;
+    Observations m_observations;
+};
+
+} // namespace ardeno

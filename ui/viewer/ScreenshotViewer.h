@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ui/viewer/ScreenshotCanvas.h"
+
+#include <QCoreApplication>
+#include <QHash>
+#include <QLabel>
+#include <QPointer>
+#include <QWidget>
+
+namespace ardeno {
+
+class Button;
+
+// A window of its own with a checkpoint's screenshot. It deletes itself when it is closed.
+class ScreenshotViewer final : public QWidget {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::ScreenshotViewer)
+
+public:
+    explicit ScreenshotViewer(const QString &path);
+
+    ScreenshotCanvas &canvas() { return *m_canvas; }
+
+private:
+    QWidget *makeToolbar();
+    Button *makeZoomButton(const QString &symbol, const QString &name, const QKeySequence &keys,
+                           void (ScreenshotCanvas::*zoom)());
+    QWidget *makeUnavailable();
+    void addShortcut(const QKeySequence &keys, std::function<void()> run);
+    void showState();
+
+    ScreenshotCanvas *m_canvas;
+    QLabel *m_percent;
+    QWidget *m_tools;
+    QWidget *m_unavailable;
+};
+
+// The viewers that are open: one window for a picture.
+class ScreenshotViewers final {
+public:
+    ScreenshotViewers() = default;
+    ~ScreenshotViewers();
+    ScreenshotViewers(const ScreenshotViewers &) = delete;
+    ScreenshotViewers &operator=(const ScreenshotViewers &) = delete;
+
+    // Opens one, or brings the one that is open to the front.
+    ScreenshotViewer *show(const QString &path);
+
+private:
+    QHash<QString, QPointer<ScreenshotViewer>> m_open;
+};
+
+} // namespace ardeno

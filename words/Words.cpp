@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "words/Words.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include <cstring>
+
+namespace ardeno {
+
+namespace {
+
+const QString desktopCatalogue = "ardeno_linux";
+
+// One flat list of texts, whatever class they stand in.
+class FlatCatalogue final : public QTranslator {
+public:
+    QString translate(const char *context, const char *text, const char *hint, int n) const override
+    {
+        // Texts of Qt itself are in Qt's own catalogues.
+        const bool isOurs = context && std::strncmp(context, "ardeno::", 8) == 0;
+        return isOurs ? QTranslator::translate("ardeno", text, hint, n) : QString();
+    }
+};
+
+} // namespace
+
+Words::Words(Language language)
+{
+    load(desktopCatalogue);
+    if (language == Language::OfUser)
+        loadLanguage(QLocale().uiLanguages());
+}
+
+Words::Words(const QStringList &languages)
+{
+    load(desktopCatalogue);
+    loadLanguage(languages);
+}
+
+Words::~Words() = default; // A translator takes itself off the application.
+
+bool Words::load(const QString &name)
+{
+    auto catalogue = std::make_unique<FlatCatalogue>();
+    // Exactly this file: by itself a translator would also try shorter names.
+    if (!catalogue->load(name, ":/words", " ") || !QCoreApplication::installTranslator(catalogue.get()))
+        return false;
+    m_catalogues.push_back(std::move(catalogue));
+    return true;
+}
+
+void Words::loadLanguage(const QStringList &languages)
+{
+    for (QString language : languages) {
+        language.replace('-', '_');
+        if (language == "C" || language == "en" || language.startsWith("en_"))
+            return; // The sentences in the code.
+        if (!load("ardeno_" + language))
+            continue;
+        load(desktopCatalogue + '_' + language);
+        auto qtTexts = std::make_unique<QTranslator>();
+        if (qtTexts->load("qtbase_" + language, QLibraryInfo::path(QLibraryInfo::TranslationsPath)) &&
+            QCoreApplication::installTranslator(qtTexts.get()))
+            m_catalogues.push_back(std::move(qtTexts));
+        return;
+    }
+}
+
+} // namespace ardeno
