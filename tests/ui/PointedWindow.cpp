@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/ui/RunningWindow.h"
+#include "tests/ui/PointedWindow.h"
 
 #include <QTest>
 
@@ -14,20 +14,25 @@ QStringList moveTo(const QPoint &place)
 
 } // namespace
 
-QString outputOf(const QString &program, const QStringList &arguments)
+QString PointedWindow::outputOf(const QString &tool, const QStringList &arguments)
 {
     QProcess process;
-    process.start(program, arguments);
+    process.start(tool, arguments);
     process.waitForFinished();
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-bool becomes(const std::function<bool()> &condition)
+bool PointedWindow::becomes(const std::function<bool()> &condition)
 {
     return QTest::qWaitFor(condition, 30'000);
 }
 
-RunningWindow::~RunningWindow()
+bool PointedWindow::becomesSoon(const std::function<bool()> &condition)
+{
+    return QTest::qWaitFor(condition, 1500);
+}
+
+PointedWindow::~PointedWindow()
 {
     if (program && program->state() != QProcess::NotRunning) {
         program->kill();
@@ -35,7 +40,7 @@ RunningWindow::~RunningWindow()
     }
 }
 
-void RunningWindow::open()
+void PointedWindow::open()
 {
     program = start({});
     const bool isThere = becomes([this] {
@@ -49,7 +54,7 @@ void RunningWindow::open()
     reader = std::make_unique<ScreenReader>(program->processId());
 }
 
-void RunningWindow::close()
+void PointedWindow::close()
 {
     program->terminate();
     const ProgramResult ended = end(*program);
@@ -57,37 +62,27 @@ void RunningWindow::close()
     CHECK(ended.error == QByteArray());
 }
 
-void RunningWindow::focus() const
+void PointedWindow::focus() const
 {
     outputOf("xdotool", {"windowactivate", "--sync", window});
 }
 
-void RunningWindow::key(const QString &keys) const
+void PointedWindow::key(const QString &keys) const
 {
     outputOf("xdotool", {"key", "--window", "0", keys});
 }
 
-void RunningWindow::type(const QString &text) const
+void PointedWindow::type(const QString &text) const
 {
     outputOf("xdotool", {"type", "--delay", "20", text});
 }
 
-bool RunningWindow::keyUntil(const QString &keys, const std::function<bool()> &condition) const
-{
-    for (int attempt = 0; attempt < 20; ++attempt) {
-        key(keys);
-        if (QTest::qWaitFor(condition, 2000))
-            return true;
-    }
-    return false;
-}
-
-bool RunningWindow::sees(const QString &name) const
+bool PointedWindow::sees(const QString &name) const
 {
     return becomes([&] { return seesNow(name); });
 }
 
-QRect RunningWindow::place(const QString &name) const
+QRect PointedWindow::place(const QString &name) const
 {
     QRect last;
     QStringList seen;
@@ -115,12 +110,12 @@ QRect RunningWindow::place(const QString &name) const
     return last;
 }
 
-void RunningWindow::click(const QString &name, int button) const
+void PointedWindow::click(const QString &name, int button) const
 {
     outputOf("xdotool", moveTo(place(name).center()) + QStringList{"click", QString::number(button)});
 }
 
-void RunningWindow::chooseEntry(int at) const
+void PointedWindow::chooseEntry(int at) const
 {
     const QStringList windows{"search", "--onlyvisible", "--pid", QString::number(program->processId())};
     REQUIRE(becomes([&] { return outputOf("xdotool", windows).count('\n') > 1; }));
@@ -130,7 +125,7 @@ void RunningWindow::chooseEntry(int at) const
     outputOf("xdotool", keys + QStringList{"Return"});
 }
 
-void RunningWindow::drag(const QString &name, const QString &target) const
+void PointedWindow::drag(const QString &name, const QString &target) const
 {
     const QPoint from = place(name).center();
     const QPoint to = place(target).center();
@@ -141,7 +136,7 @@ void RunningWindow::drag(const QString &name, const QString &target) const
     outputOf("xdotool", way + QStringList{"mouseup", "1"});
 }
 
-QStringList RunningWindow::storedNames() const
+QStringList PointedWindow::storedNames() const
 {
     QStringList names;
     for (const QJsonValue &project : stored("projects"))
@@ -149,7 +144,7 @@ QStringList RunningWindow::storedNames() const
     return names;
 }
 
-void RunningWindow::picture(const QString &name) const
+void PointedWindow::picture(const QString &name) const
 {
     QDir().mkpath(ARDENO_PICTURES);
     outputOf("maim", {"-i", window, QString(ARDENO_PICTURES "/%1.png").arg(name)});

@@ -8,13 +8,13 @@
 
 namespace ardeno {
 
-// The finished program with its window, worked through the X server as a person does, and read as a screen reader does.
-struct RunningWindow : ProgramFixture {
+// The finished program with its window, worked with the X server's pointer and keys, and read as a screen reader does.
+struct PointedWindow : ProgramFixture {
     std::unique_ptr<QProcess> program;
     std::unique_ptr<ScreenReader> reader;
     QString window; // Its number.
 
-    ~RunningWindow();
+    ~PointedWindow();
 
     // Starts it and waits until its window is there.
     void open();
@@ -24,8 +24,11 @@ struct RunningWindow : ProgramFixture {
     void focus() const;
     void key(const QString &keys) const;
     void type(const QString &text) const;
-    // Keys are lost while the program is still busy with the one before, so they are sent until they show.
-    bool keyUntil(const QString &keys, const std::function<bool()> &condition) const;
+    // Waits generously.
+    static bool becomes(const std::function<bool()> &condition);
+    // Waits a moment, to try again.
+    static bool becomesSoon(const std::function<bool()> &condition);
+    static QString outputOf(const QString &tool, const QStringList &arguments);
 
     // Whether it is seen before long.
     bool sees(const QString &name) const;
@@ -47,9 +50,5 @@ struct RunningWindow : ProgramFixture {
     // Leaves a picture of the window for people to look at.
     void picture(const QString &name) const;
 };
-
-QString outputOf(const QString &program, const QStringList &arguments);
-// Waits generously.
-bool becomes(const std::function<bool()> &condition);
 
 } // namespace ardeno
