@@ -57,6 +57,7 @@ struct NewUser : PointedWindow {
 
     void writeList() const
     {
+        click("Not now"); // What the window asks about news.
         click("Your next small step");
         type("milk");
         key("Return");

@@ -99,7 +99,7 @@ QRect PointedWindow::place(const QString &name) const
         }
         const bool wasThere = !extents.isNull() && extents == last;
         last = extents;
-        if (!wasThere || extents.center().y() < frame.bottom() - 60)
+        if (!wasThere || extents.center().y() < frame.bottom() - 50)
             return wasThere;
         outputOf("xdotool", moveTo(frame.center() + QPoint(200, 100)) + QStringList{"click", "5"});
         return false;
