@@ -156,8 +156,9 @@ InlineNote *CheckpointDetail::makeNote(QString Checkpoint::*field)
 
 bool CheckpointDetail::eventFilter(QObject *watched, QEvent *event)
 {
-    // A note that grows while it is written stays in view.
-    auto *const note = qobject_cast<QWidget *>(watched);
+    // A note that grows while it is written stays in view. The page's own events come here, too.
+    const bool isNote = watched == m_objective || watched == m_nextStep;
+    auto *const note = isNote ? static_cast<QWidget *>(watched) : nullptr;
     if (event->type() == QEvent::Resize && note && note->isAncestorOf(window()->focusWidget()))
         QMetaObject::invokeMethod(note, [this, note] { ensureWidgetVisible(note, 0, 16); }, Qt::QueuedConnection);
     return QScrollArea::eventFilter(watched, event);
