@@ -23,6 +23,7 @@ struct Command {
     QList<QCommandLineOption> options = {};
     int positionals = 0; // How many arguments it takes besides its options, exactly.
     ExitStatus (*run)(const QCommandLineParser &parsed) = nullptr;
+    bool positionalsAreOptional = false; // Either all of them or none.
 };
 
 // The commands, in the order in which help lists them.
@@ -31,9 +32,11 @@ const QList<Command> &commands();
 ExitStatus runSave(const QCommandLineParser &parsed);
 ExitStatus runList(const QCommandLineParser &parsed);
 ExitStatus runShow(const QCommandLineParser &parsed);
+ExitStatus runResume(const QCommandLineParser &parsed);
 ExitStatus runExclude(const QCommandLineParser &parsed);
 ExitStatus runAllow(const QCommandLineParser &parsed);
 ExitStatus runExclusions(const QCommandLineParser &parsed);
+ExitStatus runRecord(const QCommandLineParser &parsed);
 ExitStatus runDoctor(const QCommandLineParser &parsed);
 
 } // namespace ardeno

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/CommandLine.h"
 
+#include "app/Background.h"
+#include "app/BusClient.h"
 #include "app/Output.h"
+#include "app/StoreAccess.h"
 
 #include <algorithm>
 
@@ -14,14 +17,18 @@ QCommandLineOption jsonOption()
     return {"json", "Print exactly one JSON value."};
 }
 
-QList<Command> makeCommands()
+QCommandLineOption projectOption()
 {
-    const QCommandLineOption project("project", "The project's name.", "NAME");
+    return {"project", "The project's name.", "NAME"};
+}
+
+QList<Command> checkpointCommands()
+{
     return {
         {"save",
          "--project NAME [--title TEXT] [--next TEXT] [--tabs|--no-tabs] [--json]",
          "Saves a checkpoint of the workspace into a project, which is created when there is none of that name.",
-         {project,
+         {projectOption(),
           {"title", "The checkpoint's title.", "TEXT"},
           {"next", "The next small step.", "TEXT"},
           {"tabs", "With the open browser tabs."},
@@ -32,7 +39,7 @@ QList<Command> makeCommands()
         {"list",
          "[--project NAME] [--json]",
          "Lists the projects and their checkpoints, newest first.",
-         {project, jsonOption()},
+         {projectOption(), jsonOption()},
          0,
          runList},
         {"show",
@@ -41,6 +48,30 @@ QList<Command> makeCommands()
          {jsonOption()},
          1,
          runShow},
+        {"resume",
+         "ID|--latest [--project NAME] [--dry-run] [--layout|--no-layout] [--json]",
+         "Opens what a checkpoint had open and is missing now, and puts its windows back in their places.",
+         {{"latest", "The newest checkpoint, of all projects or of one."},
+          projectOption(),
+          {"dry-run", "Only tell what would be opened."},
+          {"layout", "With folders, documents and the places of windows; so it is without either option."},
+          {"no-layout", "Only applications and pages."},
+          jsonOption()},
+         1,
+         runResume,
+         true},
+        {"record",
+         "start --project NAME [--title TEXT] [--next TEXT] | stop",
+         "Records the main display while you work; stopping saves a checkpoint with the recording.",
+         {projectOption(), {"title", "The checkpoint's title.", "TEXT"}, {"next", "The next small step.", "TEXT"}},
+         1,
+         runRecord},
+    };
+}
+
+QList<Command> settingCommands()
+{
+    return {
         {"exclude",
          "app ID | domain TEXT",
          "Leaves an application or a website out of every capture.",
@@ -64,6 +95,7 @@ QString generalHelp()
                    "Usage:\n  ardeno\n      Opens the window.\n"_qs;
     for (const Command &command : commands())
         text += u"  ardeno %1 %2\n      %3\n"_qs.arg(command.name, command.arguments, command.summary);
+    text += u"  ardeno --background\n      Serves the commands over the session bus, without a window.\n"_qs;
     return text + u"  ardeno --version\n  ardeno --help\n  ardeno COMMAND --help\n"_qs;
 }
 
@@ -77,10 +109,6 @@ ExitStatus wrongUsage(const QString &problem, const QString &command = {})
 // What the whole program will do and this version does not; absent for anything else.
 std::optional<QString> missingHere(const QString &command)
 {
-    if (command == "record")
-        return u"This version of Ardeno cannot record work sessions."_qs;
-    if (command == "resume")
-        return u"This version of Ardeno cannot resume checkpoints."_qs;
     if (command == "quick-save")
         return u"This version of Ardeno has no quick-save panel."_qs;
     return std::nullopt;
@@ -98,10 +126,16 @@ ExitStatus runCommand(const Command &command, const QStringList &arguments)
         print(u"Usage: ardeno %1 %2\n%3\n"_qs.arg(command.name, command.arguments, command.summary));
         return ExitStatus::Done;
     }
-    if (parser.positionalArguments().size() != command.positionals) {
+    const qsizetype given = parser.positionalArguments().size();
+    if (given != command.positionals && !(given == 0 && command.positionalsAreOptional)) {
         return wrongUsage(u"ardeno %1 takes %2."_qs.arg(command.name, command.positionals == 0 ? u"options only"_qs
                                                                                                : command.arguments),
                           command.name);
+    }
+    // The application that runs has the library.
+    if (!ApplicationStore::current()) {
+        if (const auto status = BusClient::run(QStringList{command.name} + arguments))
+            return *status;
     }
     return command.run(parser);
 }
@@ -110,7 +144,7 @@ ExitStatus runCommand(const Command &command, const QStringList &arguments)
 
 const QList<Command> &commands()
 {
-    static const QList<Command> all = makeCommands();
+    static const QList<Command> all = checkpointCommands() + settingCommands();
     return all;
 }
 
@@ -125,6 +159,8 @@ ExitStatus runCommandLine(const QStringList &arguments)
         print(u"Ardeno %1\n"_qs.arg(ARDENO_VERSION));
         return ExitStatus::Done;
     }
+    if (name == "--background" && arguments.size() == 1 && !ApplicationStore::current())
+        return runBackground();
     const auto found = std::find_if(commands().begin(), commands().end(),
                                     [&](const Command &command) { return command.name == name; });
     if (found != commands().end())

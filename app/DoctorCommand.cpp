@@ -65,10 +65,10 @@ DoctorReport examine(Desktop &desktop)
     report.capabilities = {
         reported("screenshots", desktop.screenCapture->availability()),
         reported("leaving apps out", desktop.screenCapture->exclusionAvailability()),
-        reported("recording", missing("record work sessions")),
+        reported("recording", desktop.screenRecorder->availability()),
         reported("application list", desktop.workspace->availability()),
         reported("window list", desktop.windowServer->availability()),
-        reported("moving windows", missing("move windows")),
+        reported("moving windows", desktop.windowMover->availability()),
     };
     for (const Browser &browser : WorkspaceCapture::browsers(*desktop.tabSource))
         report.capabilities.append(reported("tabs of " + browser.name, desktop.tabSource->availability(browser.id)));

@@ -7,23 +7,45 @@ namespace ardeno {
 
 namespace {
 
-void write(std::FILE *stream, const QString &text)
+OutputCapture *capture = nullptr;
+
+void write(std::FILE *stream, const QByteArray &bytes)
 {
-    const QByteArray bytes = text.toUtf8();
     std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
     std::fflush(stream);
 }
 
 } // namespace
 
+OutputCapture::OutputCapture()
+{
+    capture = this;
+}
+
+OutputCapture::~OutputCapture()
+{
+    capture = nullptr;
+}
+
+void printBytes(const QByteArray &output, const QByteArray &errors)
+{
+    if (capture) {
+        capture->m_output += output;
+        capture->m_errors += errors;
+        return;
+    }
+    write(stdout, output);
+    write(stderr, errors);
+}
+
 void print(const QString &text)
 {
-    write(stdout, text);
+    printBytes(text.toUtf8(), {});
 }
 
 void printError(const QString &sentence)
 {
-    write(stderr, sentence + '\n');
+    printBytes({}, sentence.toUtf8() + '\n');
 }
 
 QString oneLine(const QString &text)

@@ -6,23 +6,6 @@ namespace ardeno {
 
 namespace {
 
-// The one checkpoint whose identifier begins so; throws Failure when there is none or more than one.
-Checkpoint find(const AppStore &store, const QString &prefix)
-{
-    const QString wanted = prefix.trimmed().toUpper();
-    QList<Checkpoint> found;
-    for (const Checkpoint &checkpoint : store.checkpoints()) {
-        if (!wanted.isEmpty() && uuidText(checkpoint.id).startsWith(wanted))
-            found.append(checkpoint);
-    }
-    if (found.isEmpty())
-        throw Failure("Command", 1, u"There is no checkpoint “%1”."_qs.arg(prefix));
-    if (found.size() > 1)
-        throw Failure("Command", 2,
-                      u"“%1” is the beginning of %2 checkpoints. Give more of it."_qs.arg(prefix).arg(found.size()));
-    return found.first();
-}
-
 void printField(const QString &label, const QString &text)
 {
     if (!text.isEmpty())
@@ -60,7 +43,7 @@ ExitStatus show(const QCommandLineParser &parsed)
     LockedStore locked(desktop, LockedStore::Purpose::Read);
     if (!locked.store().isLibraryRead())
         return ExitStatus::Failed;
-    const Checkpoint checkpoint = find(locked.store(), parsed.positionalArguments().first());
+    const Checkpoint checkpoint = findCheckpoint(locked.store(), parsed.positionalArguments().first());
     if (parsed.isSet("json"))
         printJson(checkpoint);
     else

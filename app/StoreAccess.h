@@ -9,7 +9,20 @@
 
 namespace ardeno {
 
-// The store as one command uses it: the library is locked first and loaded second.
+// While it lives, commands work with this store, which an application has for as long as it runs. One at a time.
+class ApplicationStore final {
+public:
+    explicit ApplicationStore(AppStore &store);
+    ApplicationStore(const ApplicationStore &) = delete;
+    ApplicationStore &operator=(const ApplicationStore &) = delete;
+    ~ApplicationStore();
+
+    // Null when this process is no application.
+    static AppStore *current();
+};
+
+// The store as one command uses it: the application's, or one of its own, whose library is locked first and loaded
+// second.
 class LockedStore final {
 public:
     enum class Purpose { Read, Write };
@@ -18,12 +31,18 @@ public:
     // printed, and the command goes on.
     LockedStore(Desktop &desktop, Purpose purpose);
 
-    AppStore &store() { return *m_store; }
+    AppStore &store() { return m_store ? *m_store : *ApplicationStore::current(); }
+
+    // Lets others use the library: for a command that has read what it needs and goes on for a while.
+    void release() { m_lock.reset(); }
 
 private:
-    LibraryLock m_lock;
+    std::optional<LibraryLock> m_lock;
     std::unique_ptr<AppStore> m_store;
 };
+
+// The one checkpoint whose identifier begins so; throws Failure when there is none or more than one.
+Checkpoint findCheckpoint(const AppStore &store, const QString &prefix);
 
 // A desktop for commands that only work on the library: it has none of the session's services.
 Desktop libraryOnlyDesktop();

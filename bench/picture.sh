@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-usage='Usage: picture.sh PROGRAM PAINTER [ROUNDS]
-Compares whole processes that take one picture of a 1920×1080 desktop with a wallpaper and write it as PNG: PROGRAM
-(bench_picture) against scrot and ffmpeg, and PROGRAM leaving an application out against itself. The runs are
-interleaved; the figures are medians. PAINTER (test_painter) shows the application. Run it on a headless desktop:
-  tests/desktop/headless-desktop -- bench/picture.sh build/release/bench/bench_picture build/release/tests/test_painter
+usage='Usage: picture.sh BUILD [ROUNDS]
+Compares whole processes that take one picture of a 1920×1080 desktop with a wallpaper and write it as PNG: the bench
+program of the build folder BUILD against scrot and ffmpeg, and leaving an application out against itself; then the
+whole command "ardeno save" against scrot. The runs are interleaved; the figures are medians. On a headless desktop:
+  tests/desktop/headless-desktop -- bench/picture.sh build/release
 Exit status 1 when a target is missed. Needs: scrot ffmpeg feh python3.'
 set -u
-[ $# -ge 2 ] || { echo "$usage" >&2; exit 2; }
-program=$1 painter=$2 rounds=${3:-25}
+[ $# -ge 1 ] || { echo "$usage" >&2; exit 2; }
+program=$1/bench/bench_picture painter=$1/tests/test_painter ardeno=$1/ardeno rounds=${2:-25}
 folder=$(mktemp -d) || exit 2
 trap 'exec 4>&-; rm -rf "$folder"' EXIT
 
@@ -55,8 +55,9 @@ run_plain() { "$program" "$folder/plain.png"; }
 run_excluding() { "$program" "$folder/excluding.png" org.example.LeftOut; }
 run_scrot() { scrot --overwrite "$folder/scrot.png"; }
 run_ffmpeg() { ffmpeg -nostdin -loglevel error -y -f x11grab -i "$DISPLAY" -frames:v 1 "$folder/ffmpeg.png"; }
+run_save() { "$ardeno" save --project Thesis --next 'Re-run the ablation' --no-tabs >/dev/null; }
 
-kinds='plain excluding scrot ffmpeg'
+kinds='plain excluding scrot ffmpeg save'
 for round in $(seq 0 "$rounds"); do
     for kind in $kinds; do
         start=$EPOCHREALTIME
@@ -80,5 +81,6 @@ compare() {
 compare 'picture to scrot' plain scrot 0.35
 compare 'picture to ffmpeg x11grab' plain ffmpeg 0.2
 compare 'leaving one application out' excluding plain 1.5
+compare 'ardeno save to scrot' save scrot 1.0
 ls -l "$folder"/*.png | awk '{ printf "bytes of %s: %d\n", $9, $5 }' | sed "s|$folder/||"
 exit "$missed"

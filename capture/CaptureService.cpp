@@ -73,7 +73,8 @@ QCoro::Task<void> CaptureService::screenshot(QString path, QSet<QString> excludi
     }
     if (!isComplete(canvas))
         throw captureFailure(2, "The screenshot could not be created.");
-    co_await inWorker([&] { writeScreenshot(path, canvas); });
+    const auto work = [&] { writeScreenshot(path, canvas); };
+    co_await inWorker(work);
 }
 
 QCoro::Task<void> CaptureService::verifyAccess()

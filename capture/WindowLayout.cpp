@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/WindowLayout.h"
 
+#include <QHash>
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace ardeno {
 
@@ -49,6 +51,54 @@ QList<WindowLayout::DisplayEntry> entries(const QList<Display> &displays)
     for (const Display &display : displays)
         list.append({display.id, display.usableFrame});
     return list;
+}
+
+// The windows whose page may be a private one.
+QCoro::Task<QSet<quint32>> possiblyPrivate(QList<SavedWindow> layout, TabSource &source)
+{
+    QHash<QString, QSet<quint32>> byApp;
+    for (const SavedWindow &window : std::as_const(layout))
+        byApp[window.appID].insert(window.windowID);
+    QSet<quint32> found;
+    for (auto windows = byApp.cbegin(); windows != byApp.cend(); ++windows) {
+        const std::optional<QSet<quint32>> ordinary = co_await source.ordinaryWindows(windows.key());
+        if (ordinary)
+            found += windows.value() - *ordinary;
+    }
+    co_return found;
+}
+
+// With the folders and documents that they show.
+QCoro::Task<QList<SavedWindow>> withLocations(QList<SavedWindow> layout, const Desktop &desktop)
+{
+    QSet<qint64> owners;
+    bool hasFolders = false;
+    for (const SavedWindow &window : std::as_const(layout)) {
+        if (desktop.roles.fileBrowserIDs.contains(window.appID))
+            hasFolders = true;
+        else
+            owners.insert(window.processID);
+    }
+    // Both are on their way before the first is waited for.
+    std::optional<QCoro::Task<QList<WindowLocation>>> asksFolders;
+    std::optional<QCoro::Task<QList<WindowLocation>>> asksDocuments;
+    if (hasFolders)
+        asksFolders = desktop.fileBrowser->locations();
+    if (!owners.isEmpty())
+        asksDocuments = desktop.documents->locations(owners);
+    QList<WindowLocation> folders;
+    QList<WindowLocation> documents;
+    if (asksFolders)
+        folders = co_await *asksFolders;
+    if (asksDocuments)
+        documents = co_await *asksDocuments;
+    for (SavedWindow &window : layout) {
+        if (desktop.roles.fileBrowserIDs.contains(window.appID))
+            window.locationURL = WindowLayout::location(window, folders);
+        else
+            window.documentURL = WindowLayout::location(window, documents);
+    }
+    co_return layout;
 }
 
 } // namespace
@@ -105,33 +155,13 @@ std::optional<QString> WindowLayout::location(const SavedWindow &window, const Q
 
 QCoro::Task<QList<SavedWindow>> WindowLayout::capture(QList<SavedApp> apps, const Desktop &desktop, qint64 ownProcessID)
 {
-    QList<SavedWindow> layout = windows(apps, *desktop.windowServer, ownProcessID);
-    QSet<qint64> owners;
-    bool hasFolders = false;
-    for (const SavedWindow &window : layout) {
-        if (desktop.roles.fileBrowserIDs.contains(window.appID))
-            hasFolders = true;
-        else
-            owners.insert(window.processID);
-    }
-    // Both are on their way before the first is waited for.
-    std::optional<QCoro::Task<QList<WindowLocation>>> asksFolders;
-    std::optional<QCoro::Task<QList<WindowLocation>>> asksDocuments;
-    if (hasFolders)
-        asksFolders = desktop.fileBrowser->locations();
-    if (!owners.isEmpty())
-        asksDocuments = desktop.documents->locations(owners);
-    QList<WindowLocation> folders;
-    QList<WindowLocation> documents;
-    if (asksFolders)
-        folders = co_await *asksFolders;
-    if (asksDocuments)
-        documents = co_await *asksDocuments;
+    const QList<SavedWindow> seen = windows(apps, *desktop.windowServer, ownProcessID);
+    const QCoro::Task<QSet<quint32>> asking = possiblyPrivate(seen, *desktop.tabSource);
+    QList<SavedWindow> layout = co_await withLocations(seen, desktop);
+    const QSet<quint32> unnamed = co_await asking;
     for (SavedWindow &window : layout) {
-        if (desktop.roles.fileBrowserIDs.contains(window.appID))
-            window.locationURL = location(window, folders);
-        else
-            window.documentURL = location(window, documents);
+        if (unnamed.contains(window.windowID))
+            window.title.clear();
     }
     co_return layout;
 }

@@ -3,10 +3,13 @@
 
 #include "desktop/Documents.h"
 #include "desktop/FileBrowser.h"
+#include "desktop/Launcher.h"
 #include "desktop/MailProgram.h"
 #include "desktop/ScreenAccess.h"
 #include "desktop/ScreenCapture.h"
+#include "desktop/ScreenRecorder.h"
 #include "desktop/TabSource.h"
+#include "desktop/WindowMover.h"
 #include "desktop/WindowServer.h"
 #include "desktop/Workspace.h"
 
@@ -33,8 +36,11 @@ struct Desktop {
     std::unique_ptr<Workspace> workspace = {};
     std::unique_ptr<WindowServer> windowServer = {};
     std::unique_ptr<ScreenCapture> screenCapture = {};
+    std::unique_ptr<ScreenRecorder> screenRecorder = {};
     std::unique_ptr<ScreenAccess> screenAccess = {};
     std::unique_ptr<TabSource> tabSource = {};
+    std::unique_ptr<WindowMover> windowMover = {};
+    std::unique_ptr<Launcher> launcher = {};
     std::unique_ptr<FileBrowser> fileBrowser = {};
     std::unique_ptr<Documents> documents = {};
     std::unique_ptr<MailProgram> mailProgram = {};

@@ -6,6 +6,7 @@
 
 #include <QCoroTask>
 #include <QList>
+#include <QSet>
 #include <QString>
 
 #include <optional>
@@ -53,6 +54,9 @@ public:
     // A desktop with scripting runs the script; any other one finds the same records in its own way, in bounded time
     // and off the main thread. Throws Failure when the browser is running and its tabs cannot be read.
     virtual QCoro::Task<TabReport> openTabs(Browser browser, QString script) = 0;
+    // The windows of an application, by the window server's numbers, that certainly show an ordinary page: the others
+    // may be private. Absent when its windows cannot be private. Answers in bounded time.
+    virtual QCoro::Task<std::optional<QSet<quint32>>> ordinaryWindows(QString appID) = 0;
 };
 
 } // namespace ardeno

@@ -8,12 +8,12 @@ namespace ardeno::json {
 
 namespace {
 
-constexpr char hexDigits[] = "0123456789ABCDEF";
+constexpr char upperCaseDigits[] = "0123456789ABCDEF";
 
 char *putHex(char *out, quint8 byte)
 {
-    *out++ = hexDigits[byte >> 4];
-    *out++ = hexDigits[byte & 15];
+    *out++ = upperCaseDigits[byte >> 4];
+    *out++ = upperCaseDigits[byte & 15];
     return out;
 }
 

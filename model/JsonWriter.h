@@ -102,11 +102,11 @@ struct FieldKey {
 
     static constexpr auto make()
     {
-        std::array<char, name.size() + 4> text = {',', '"'};
-        std::copy(name.begin(), name.end(), text.begin() + 2);
-        text[name.size() + 2] = '"';
-        text[name.size() + 3] = ':';
-        return text;
+        std::array<char, name.size() + 4> key = {',', '"'};
+        std::copy(name.begin(), name.end(), key.begin() + 2);
+        key[name.size() + 2] = '"';
+        key[name.size() + 3] = ':';
+        return key;
     }
 
     static constexpr auto text = make();

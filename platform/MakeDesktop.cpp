@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/MakeDesktop.h"
 
+#include "platform/linux/common/ApplicationLauncher.h"
 #include "platform/linux/common/DesktopEntries.h"
 #include "platform/linux/common/LinuxMailProgram.h"
 #include "platform/linux/common/LinuxRoles.h"
 #include "platform/linux/common/SessionTabs.h"
+#include "platform/linux/common/ShownLocations.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11LiveWindows.h"
+#include "platform/linux/x11/X11Messages.h"
 #include "platform/linux/x11/X11ScreenAccess.h"
 #include "platform/linux/x11/X11ScreenCapture.h"
+#include "platform/linux/x11/X11ScreenRecorder.h"
+#include "platform/linux/x11/X11WindowMover.h"
 #include "platform/linux/x11/X11WindowServer.h"
 #include "platform/linux/x11/X11Workspace.h"
 #include "platform/null/NullDesktop.h"
@@ -35,6 +40,13 @@ bool isWaylandSession()
     return qgetenv("XDG_SESSION_TYPE").toLower() == "wayland" || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
+SessionFocus x11Focus(const std::shared_ptr<X11Connection> &connection, const std::shared_ptr<DesktopEntries> &entries)
+{
+    return {.liveWindows = x11LiveWindows(connection, entries),
+            .activeWindow = [connection] { return X11Messages::activeWindow(*connection); },
+            .activate = [connection](quint32 window) { X11Messages::activate(*connection, window); }};
+}
+
 Desktop makeX11Desktop()
 {
     const auto connection = std::make_shared<X11Connection>();
@@ -46,12 +58,16 @@ Desktop makeX11Desktop()
     desktop.roles = linuxRoles();
     desktop.workspace = std::make_unique<X11Workspace>(connection, entries);
     desktop.windowServer = std::make_unique<X11WindowServer>(connection, entries);
-    desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID);
+    const auto keeper = std::make_shared<X11RedirectionKeeper>(qgetenv("DISPLAY"));
+    desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID, keeper);
+    desktop.screenRecorder = std::make_unique<X11ScreenRecorder>(desktop.roles.ownID, keeper);
     desktop.screenAccess = std::make_unique<X11ScreenAccess>();
-    desktop.tabSource = std::make_unique<SessionTabs>(x11LiveWindows(connection, entries));
-    Desktop none = makeNullDesktop("x11", "This version of Ardeno cannot read what windows show.", {});
-    desktop.fileBrowser = std::move(none.fileBrowser);
-    desktop.documents = std::move(none.documents);
+    const LiveWindowList windows = x11LiveWindows(connection, entries);
+    desktop.tabSource = std::make_unique<SessionTabs>(windows);
+    desktop.fileBrowser = std::make_unique<LinuxFileBrowser>(windows, desktop.roles.fileBrowserIDs);
+    desktop.documents = std::make_unique<LinuxDocuments>(windows, desktop.roles.fileBrowserIDs);
+    desktop.windowMover = std::make_unique<X11WindowMover>(connection, entries);
+    desktop.launcher = std::make_unique<ApplicationLauncher>(entries, x11Focus(connection, entries));
     desktop.mailProgram = std::make_unique<LinuxMailProgram>();
     return desktop;
 }

@@ -34,7 +34,8 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
       m_askScreenAccess(std::move(parts.askScreenAccess)),
       m_verifyScreenAccess(std::move(parts.verifyScreenAccess)),
       m_runningApplicationIDs(std::move(parts.runningApplicationIDs)),
-      m_capture(*desktop.screenCapture),
+      m_capture(*desktop.screenCapture, desktop.screenRecorder.get()),
+      m_openedPages(std::move(parts.openedPages)),
       m_thumbnailFolder(std::move(parts.thumbnailFolder)),
       m_fetchUpdate(std::move(parts.fetchUpdate)),
       m_seedStarterExample(parts.seedStarterExample)
@@ -50,6 +51,9 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
     readPreferences();
     readExclusions();
     readLibrary(parts.loadLibrary);
+    m_capture.onFailure = [this](const Failure &failure) { recordingFailed(failure); };
+    if (m_isLibraryRead && parts.recoverSessions)
+        recoverSessions();
     prepareSamples();
     chooseFirstProject();
 }

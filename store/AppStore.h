@@ -3,6 +3,9 @@
 
 #include "capture/BrowserTabs.h"
 #include "capture/CaptureService.h"
+#include "capture/LocationRestore.h"
+#include "capture/OpenedPages.h"
+#include "capture/RestoreSummary.h"
 #include "desktop/Desktop.h"
 #include "media/Thumbnails.h"
 #include "model/CheckpointRepository.h"
@@ -29,11 +32,14 @@ struct StoreParts {
     std::function<bool()> askScreenAccess = {};
     std::function<QCoro::Task<void>()> verifyScreenAccess = {};
     std::function<QSet<QString>()> runningApplicationIDs = {};
+    OpenedPages openedPages = OpenedPages(OpenedPages::defaultPath());
     QString thumbnailFolder = Thumbnails::defaultFolder();
     // Gives the maker's manifest, or nothing for whatever reason. Empty: this build does not look for newer versions.
     std::function<QCoro::Task<std::optional<AppUpdateManifest>>()> fetchUpdate = {};
     // Shows the sample project while there is no other, and opens it at the very first start.
     bool seedStarterExample = false;
+    // Without the library's lock there may be a session in progress elsewhere, which is not to be touched.
+    bool recoverSessions = true;
 };
 
 enum class CaptureKind { Checkpoint, Session };
@@ -111,12 +117,25 @@ public:
     void cancelCapture();
     // Saves without the form: its drafts stay as they are. The id of the checkpoint, absent after a failure.
     QCoro::Task<std::optional<QUuid>> saveMoment(CaptureRequest request);
+    // Starts a recorded session without the form; captureMoment() does so with it. The id of its checkpoint, which is
+    // saved by stop(); absent after a failure.
+    QCoro::Task<std::optional<QUuid>> startSession(CaptureRequest request);
+    // Ends the session and saves its checkpoint.
+    QCoro::Task<void> stop();
     // The open tabs that a capture keeps: without excluded browsers and websites.
     QCoro::Task<WorkspaceCapture::OpenTabs> capturedTabs();
     void refreshScreenAccess();
     void refreshRunningApplications();
     // Keeps runningApplicationIDs current from now on, without asking again and again.
     void watchRunningApplications();
+
+    // Resuming.
+    // What resuming would do now. Never throws; what could not be checked is the plan's warning.
+    QCoro::Task<RestorePlan> restorePlan(Checkpoint checkpoint);
+    // Opens what was chosen of a plan made before and, with the layout, the folders and documents of the chosen and the
+    // active applications and their windows' places. The sentence goes to notice, what failed to error.
+    QCoro::Task<RestoreReport> restore(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
+                                       QList<SavedWindow> windows, bool restoreLayout);
 
     // Exclusions.
     bool excludeApp(const SavedApp &app);
@@ -179,12 +198,26 @@ private:
 
     // Capturing.
     std::optional<QUuid> draftProject();
-    QCoro::Task<std::optional<QUuid>> capture(CaptureRequest request);
+    QCoro::Task<std::optional<QUuid>> capture(CaptureRequest request, CaptureKind kind);
     QCoro::Task<void> fill(Checkpoint *checkpoint, bool withTabs);
     QCoro::Task<void> takePicture(Checkpoint *checkpoint);
-    bool refuseUnsupported(CaptureKind kind);
     void finishForm();
+    void considerNewsletter();
     bool saveExclusions(const CaptureExclusions &changed);
+
+    // Resuming.
+    QCoro::Task<void> restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report);
+    // Work sessions.
+    bool refuseSession();
+    QCoro::Task<void> beginRecording(Checkpoint *checkpoint);
+    void recordingFailed(const Failure &failure);
+    void endSession();
+    QCoro::Task<std::optional<QString>> finishVideo(Checkpoint *checkpoint);
+    QCoro::Task<void> captureEnd(Checkpoint *checkpoint);
+    void saveSession(const Checkpoint &checkpoint, const std::optional<QString> &problem);
+    QString videoPath(const Checkpoint &checkpoint) const;
+    // Saves the checkpoints of sessions that were cut short.
+    void recoverSessions();
 
     Desktop &m_desktop;
     Preferences m_preferences;
@@ -194,6 +227,7 @@ private:
     std::function<QCoro::Task<void>()> m_verifyScreenAccess;
     std::function<QSet<QString>()> m_runningApplicationIDs;
     CaptureService m_capture;
+    OpenedPages m_openedPages;
     QString m_thumbnailFolder;
     std::function<QCoro::Task<std::optional<AppUpdateManifest>>()> m_fetchUpdate;
     std::optional<QDateTime> m_lastUpdateCheck = {};

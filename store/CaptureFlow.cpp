@@ -50,14 +50,17 @@ QCoro::Task<void> AppStore::captureMoment(QString title, QString next, CaptureKi
                             "in System Settings. Your draft is saved."));
         co_return;
     }
-    if (refuseUnsupported(kind))
+    if (kind == CaptureKind::Session && refuseSession())
         co_return;
     const std::optional<QUuid> projectID = draftProject();
     if (!projectID)
         co_return;
     const CaptureRequest request{*projectID, draftTitle(), draftNext(), includeBrowser()};
-    if (co_await capture(request))
-        finishForm();
+    if (!co_await capture(request, kind))
+        co_return;
+    finishForm();
+    if (kind == CaptureKind::Checkpoint)
+        considerNewsletter();
 }
 
 QCoro::Task<std::optional<QUuid>> AppStore::saveMoment(CaptureRequest request)
@@ -68,14 +71,7 @@ QCoro::Task<std::optional<QUuid>> AppStore::saveMoment(CaptureRequest request)
     captureIssue.set(std::nullopt);
     request.title = request.title.trimmed();
     request.next = request.next.trimmed();
-    co_return co_await capture(request);
-}
-
-bool AppStore::refuseUnsupported(CaptureKind kind)
-{
-    if (kind == CaptureKind::Session)
-        captureIssue.set(tr("This version of Ardeno cannot record work sessions. Save a checkpoint instead."));
-    return captureIssue().has_value();
+    co_return co_await capture(request, CaptureKind::Checkpoint);
 }
 
 std::optional<QUuid> AppStore::draftProject()
@@ -94,7 +90,7 @@ std::optional<QUuid> AppStore::draftProject()
     return created;
 }
 
-QCoro::Task<std::optional<QUuid>> AppStore::capture(CaptureRequest request)
+QCoro::Task<std::optional<QUuid>> AppStore::capture(CaptureRequest request, CaptureKind kind)
 {
     busy.set(true);
     const auto idle = qScopeGuard([this] { busy.set(false); });
@@ -114,16 +110,20 @@ QCoro::Task<std::optional<QUuid>> AppStore::capture(CaptureRequest request)
     });
     try {
         co_await fill(&checkpoint, request.includeBrowser);
+        if (kind == CaptureKind::Session)
+            co_await beginRecording(&checkpoint);
     } catch (const Failure &failure) {
         captureIssue.set(tr("Capture could not finish. Your draft is safe. Check Screen Recording settings; if access "
                             "was just enabled, quit and reopen this app, then try again. ") +
                          failure.description());
         co_return std::nullopt;
     }
-    if (!save(checkpoint))
-        co_return std::nullopt;
+    if (kind == CaptureKind::Checkpoint) {
+        if (!save(checkpoint))
+            co_return std::nullopt;
+        notice.set(tr("Checkpoint saved."));
+    }
     cleanUp.dismiss();
-    notice.set(tr("Checkpoint saved."));
     co_return id;
 }
 
@@ -179,6 +179,10 @@ void AppStore::finishForm()
     m_preferences.setValue(keys::resumeCaptureSetup, false);
     showCapture.set(false);
     showQuickCapture.set(false);
+}
+
+void AppStore::considerNewsletter()
+{
     if (!m_preferences.value(keys::newsletterPromptDismissed).value_or(false))
         showNewsletterPrompt.set(true);
 }

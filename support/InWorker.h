@@ -19,7 +19,7 @@ QCoro::Task<std::invoke_result_t<Work>> inWorker(Work work)
     using Result = std::invoke_result_t<Work>;
     std::exception_ptr thrown;
     std::conditional_t<std::is_void_v<Result>, std::optional<bool>, std::optional<Result>> result;
-    co_await QtConcurrent::run([&] {
+    const auto guarded = [&] {
         try {
             if constexpr (std::is_void_v<Result>)
                 work();
@@ -28,7 +28,8 @@ QCoro::Task<std::invoke_result_t<Work>> inWorker(Work work)
         } catch (...) {
             thrown = std::current_exception();
         }
-    });
+    };
+    co_await QtConcurrent::run(guarded);
     if (thrown)
         std::rethrow_exception(thrown);
     if constexpr (!std::is_void_v<Result>)

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/null/NullDesktop.h"
 
+#include "platform/null/NullLauncher.h"
 #include "platform/null/NullTabSource.h"
+#include "platform/null/NullWindowMover.h"
 
 #include <utility>
 
@@ -58,6 +60,25 @@ public:
     {
         throw notAvailable(m_reason);
         co_return {};
+    }
+
+private:
+    QString m_reason;
+};
+
+// No videos.
+class NullScreenRecorder final : public ScreenRecorder {
+public:
+    explicit NullScreenRecorder(QString reason) : m_reason(std::move(reason)) {}
+
+    Capability availability() const override { return Capability::unavailable(m_reason); }
+
+    RecordableContent content() override { throw notAvailable(m_reason); }
+
+    QCoro::Task<std::unique_ptr<RecordingStream>> start(RecordingRequest, RecordingEvents) override
+    {
+        throw notAvailable(m_reason);
+        co_return std::unique_ptr<RecordingStream>();
     }
 
 private:
@@ -121,8 +142,11 @@ Desktop makeNullDesktop(const QString &session, const QString &reason, const Des
     desktop.workspace = std::make_unique<NullWorkspace>(reason);
     desktop.windowServer = std::make_unique<NullWindowServer>(reason);
     desktop.screenCapture = makeNullScreenCapture(reason);
+    desktop.screenRecorder = std::make_unique<NullScreenRecorder>(reason);
     desktop.screenAccess = std::make_unique<NullScreenAccess>();
     desktop.tabSource = std::make_unique<NullTabSource>(reason);
+    desktop.windowMover = std::make_unique<NullWindowMover>(reason);
+    desktop.launcher = std::make_unique<NullLauncher>(reason);
     desktop.fileBrowser = std::make_unique<NullFileBrowser>(reason);
     desktop.documents = std::make_unique<NullDocuments>(reason);
     desktop.mailProgram = std::make_unique<NullMailProgram>();

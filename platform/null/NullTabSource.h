@@ -24,6 +24,8 @@ public:
         co_return TabReport();
     }
 
+    QCoro::Task<std::optional<QSet<quint32>>> ordinaryWindows(QString) override { co_return std::nullopt; }
+
 private:
     QString m_reason;
 };

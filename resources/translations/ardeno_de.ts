@@ -20,20 +20,12 @@
         <translation>Ihre gespeicherten Checkpoints konnten nicht gelesen werden. Die vorhandenen Dateien bleiben unverändert. </translation>
     </message>
     <message>
-        <source>Capture could not finish. Your draft is safe. Check Screen Recording settings; if access was just enabled, quit and reopen this app, then try again. </source>
-        <translation>Die Erfassung wurde nicht fertig. Ihr Entwurf ist sicher. Prüfen Sie die Einstellungen zur Bildschirmaufnahme; wurde der Zugriff eben erst erlaubt, beenden und öffnen Sie diese App und versuchen Sie es erneut. </translation>
-    </message>
-    <message>
         <source>Checkpoint saved.</source>
         <translation>Checkpoint gesichert.</translation>
     </message>
     <message>
         <source>Choose a project or enter a new project name before saving.</source>
         <translation>Wählen Sie vor dem Sichern ein Projekt oder geben Sie den Namen eines neuen ein.</translation>
-    </message>
-    <message>
-        <source>This version of Ardeno cannot record work sessions. Save a checkpoint instead.</source>
-        <translation>Diese Version von Ardeno kann keine Arbeitssitzungen aufnehmen. Sichern Sie stattdessen einen Checkpoint.</translation>
     </message>
     <message>
         <source>Added %1. Your screenshot is unchanged.</source>
@@ -116,6 +108,14 @@
         <translation>Das Projekt konnte nicht geändert werden: </translation>
     </message>
     <message>
+        <source>%1 (it ended with an error)</source>
+        <translation>%1 (mit einem Fehler beendet)</translation>
+    </message>
+    <message>
+        <source>Could not open: </source>
+        <translation>Nicht geöffnet werden konnte: </translation>
+    </message>
+    <message>
         <source> The new image remains in </source>
         <translation> Das neue Bild verbleibt in </translation>
     </message>
@@ -146,6 +146,66 @@
     <message>
         <source>This file could not be opened as an image. Choose a PNG, JPEG, HEIC or another supported image.</source>
         <translation>Diese Datei ließ sich nicht als Bild öffnen. Wählen Sie ein PNG, JPEG, HEIC oder ein anderes unterstütztes Bild.</translation>
+    </message>
+    <message>
+        <source> The recording broke off; what there is of it is kept with the media as %1.</source>
+        <translation> Die Aufnahme brach ab; was es davon gibt, liegt als %1 bei den Medien.</translation>
+    </message>
+    <message>
+        <source> The screenshot is from the start of the session.</source>
+        <translation> Das Bildschirmfoto ist vom Beginn der Sitzung.</translation>
+    </message>
+    <message>
+        <source>%1 were interrupted. Their checkpoints have been saved with what was recorded.</source>
+        <translation>%1 wurden unterbrochen. Ihre Checkpoints wurden mit dem Aufgenommenen gesichert.</translation>
+    </message>
+    <message>
+        <source>. Use Stop &amp; save checkpoint to preserve the checkpoint.</source>
+        <translation>. Wählen Sie „Stoppen &amp; Checkpoint sichern“, um den Checkpoint zu erhalten.</translation>
+    </message>
+    <message>
+        <source>A work session is being recorded already. Stop it before you start another one.</source>
+        <translation>Es wird schon eine Arbeitssitzung aufgenommen. Stoppen Sie sie, bevor Sie eine neue beginnen.</translation>
+    </message>
+    <message>
+        <source>Could not save an interrupted work session: </source>
+        <translation>Eine unterbrochene Arbeitssitzung konnte nicht gesichert werden: </translation>
+    </message>
+    <message>
+        <source>Recording stopped and checkpoint saved. Add a next step to make returning easier.</source>
+        <translation>Aufnahme gestoppt und Checkpoint gesichert. Ein nächster Schritt erleichtert die Rückkehr.</translation>
+    </message>
+    <message>
+        <source>Recording stopped unexpectedly: </source>
+        <translation>Die Aufnahme brach unerwartet ab: </translation>
+    </message>
+    <message>
+        <source>The video could not be finalized. Your screenshot and workspace will still be saved. </source>
+        <translation>Das Video konnte nicht abgeschlossen werden. Bildschirmfoto und Arbeitsumgebung werden trotzdem gesichert. </translation>
+    </message>
+    <message>
+        <source>Workspace captured at the end of your session.</source>
+        <translation>Arbeitsumgebung am Ende Ihrer Sitzung erfasst.</translation>
+    </message>
+    <message>
+        <source>Workspace captured at the start of your session, which ended before it was stopped.</source>
+        <translation>Arbeitsumgebung zu Beginn Ihrer Sitzung erfasst, die endete, bevor sie gestoppt wurde.</translation>
+    </message>
+    <message>
+        <source>Workspace captured at the start of your session; at its end the desktop had gone.</source>
+        <translation>Arbeitsumgebung zu Beginn Ihrer Sitzung erfasst; an ihrem Ende gab es den Desktop nicht mehr.</translation>
+    </message>
+    <message>
+        <source>Your work session “%1” was interrupted. Its checkpoint has been saved with what was recorded.</source>
+        <translation>Ihre Arbeitssitzung „%1“ wurde unterbrochen. Ihr Checkpoint wurde mit dem Aufgenommenen gesichert.</translation>
+    </message>
+    <message>
+        <source>work session</source>
+        <translation>Arbeitssitzung</translation>
+    </message>
+    <message>
+        <source>work sessions</source>
+        <translation>Arbeitssitzungen</translation>
     </message>
     <message>
         <source>A GLIMPSE OF YOUR NEXT RETURN</source>
@@ -1042,6 +1102,346 @@ für die Arbeit.</translation>
     <message>
         <source>Zoom out</source>
         <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Quick Save Checkpoint…</source>
+        <translation>Checkpoint schnell sichern …</translation>
+    </message>
+    <message>
+        <source>Recording main display</source>
+        <translation>Hauptbildschirm wird aufgenommen</translation>
+    </message>
+    <message>
+        <source>Stop &amp; Save Checkpoint</source>
+        <translation>Stoppen &amp; Checkpoint sichern</translation>
+    </message>
+    <message>
+        <source>Open Ardeno</source>
+        <translation>Ardeno öffnen</translation>
+    </message>
+    <message>
+        <source>There is no session bus: commands cannot reach this window, and closing it quits Ardeno.</source>
+        <translation>Es gibt keinen Sitzungsbus: Befehle erreichen dieses Fenster nicht, und Schließen beendet Ardeno.</translation>
+    </message>
+    <message>
+        <source>Ardeno keeps running</source>
+        <translation>Ardeno läuft weiter</translation>
+    </message>
+    <message>
+        <source>Start Ardeno again to get this window back. To quit, choose Quit in the window’s menu.</source>
+        <translation>Starten Sie Ardeno erneut, um dieses Fenster wiederzubekommen. Zum Beenden wählen Sie „Beenden“ im Menü des Fensters.</translation>
+    </message>
+    <message>
+        <source>Close window</source>
+        <translation>Fenster schließen</translation>
+    </message>
+    <message>
+        <source>This desktop has no settings for screen access.</source>
+        <translation>Dieser Desktop hat keine Einstellungen für den Bildschirmzugriff.</translation>
+    </message>
+    <message>
+        <source>The settings cannot be written.</source>
+        <translation>Die Einstellungen lassen sich nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>Saved display</source>
+        <translation>Gesicherter Bildschirm</translation>
+    </message>
+    <message>
+        <source>No window positions saved yet. New checkpoints include the position and size of visible windows.</source>
+        <translation>Noch keine Fensterpositionen gesichert. Neue Checkpoints enthalten Ort und Größe der sichtbaren Fenster.</translation>
+    </message>
+    <message>
+        <source>Saved windows</source>
+        <translation>Gesicherte Fenster</translation>
+    </message>
+    <message>
+        <source>Window positions</source>
+        <translation>Fensterpositionen</translation>
+    </message>
+    <message>
+        <source>Show %1</source>
+        <translation>%1 zeigen</translation>
+    </message>
+    <message>
+        <source>saved window</source>
+        <translation>gesichertes Fenster</translation>
+    </message>
+    <message>
+        <source>saved windows</source>
+        <translation>gesicherte Fenster</translation>
+    </message>
+    <message>
+        <source>Update to current positions</source>
+        <translation>Aktuelle Positionen übernehmen</translation>
+    </message>
+    <message>
+        <source>Save current positions</source>
+        <translation>Aktuelle Positionen sichern</translation>
+    </message>
+    <message>
+        <source>Untitled tab</source>
+        <translation>Tab ohne Titel</translation>
+    </message>
+    <message>
+        <source>Saved workspace</source>
+        <translation>Gesicherte Arbeitsumgebung</translation>
+    </message>
+    <message>
+        <source>Remove items from this checkpoint, or right-click to exclude them from future captures. Apps and tabs stay open.</source>
+        <translation>Entfernen Sie Einträge aus diesem Checkpoint oder schließen Sie sie mit der rechten Maustaste künftig aus. Apps und Tabs bleiben offen.</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Widerrufen</translation>
+    </message>
+    <message>
+        <source>Remove %1 from this checkpoint</source>
+        <translation>%1 aus diesem Checkpoint entfernen</translation>
+    </message>
+    <message>
+        <source>Remove %1 from checkpoint</source>
+        <translation>%1 aus dem Checkpoint entfernen</translation>
+    </message>
+    <message>
+        <source>No apps saved in this checkpoint.</source>
+        <translation>Keine Apps in diesem Checkpoint.</translation>
+    </message>
+    <message>
+        <source>Browser tabs</source>
+        <translation>Browser-Tabs</translation>
+    </message>
+    <message>
+        <source>Add current tabs</source>
+        <translation>Aktuelle Tabs hinzufügen</translation>
+    </message>
+    <message>
+        <source>Saved links are listed here. Adding current tabs does not update the screenshot.</source>
+        <translation>Hier stehen die gesicherten Adressen. Aktuelle Tabs hinzuzufügen ändert das Bildschirmfoto nicht.</translation>
+    </message>
+    <message>
+        <source>Remove tab %1 from checkpoint</source>
+        <translation>Tab %1 aus dem Checkpoint entfernen</translation>
+    </message>
+    <message>
+        <source>Remove this tab from the checkpoint</source>
+        <translation>Diesen Tab aus dem Checkpoint entfernen</translation>
+    </message>
+    <message>
+        <source>No browser tabs in this checkpoint</source>
+        <translation>Keine Browser-Tabs in diesem Checkpoint</translation>
+    </message>
+    <message>
+        <source>Excluded from future captures</source>
+        <translation>Künftig nicht mehr erfasst</translation>
+    </message>
+    <message>
+        <source>Always exclude %1</source>
+        <translation>%1 immer ausschließen</translation>
+    </message>
+    <message>
+        <source>%1 excluded from future captures. This checkpoint is unchanged.</source>
+        <translation>%1 wird künftig nicht mehr erfasst. Dieser Checkpoint ist unverändert.</translation>
+    </message>
+    <message>
+        <source>Excluded from future tab captures</source>
+        <translation>Künftig nicht mehr unter den Tabs</translation>
+    </message>
+    <message>
+        <source>%1 excluded from future tab lists. Visible pages and this checkpoint’s media are unchanged.</source>
+        <translation>%1 fehlt künftig in Tab-Listen. Sichtbare Seiten und die Medien dieses Checkpoints sind unverändert.</translation>
+    </message>
+    <message>
+        <source>Removed %1</source>
+        <translation>%1 entfernt</translation>
+    </message>
+    <message>
+        <source>Save a checkpoint.</source>
+        <translation>Checkpoint sichern.</translation>
+    </message>
+    <message>
+        <source>New project name</source>
+        <translation>Name des neuen Projekts</translation>
+    </message>
+    <message>
+        <source>Checkpoint title (optional)</source>
+        <translation>Titel des Checkpoints (freiwillig)</translation>
+    </message>
+    <message>
+        <source>e.g. Mobile navigation</source>
+        <translation>z. B. Mobile Navigation</translation>
+    </message>
+    <message>
+        <source>Your next small step (optional)</source>
+        <translation>Ihr nächster kleiner Schritt (freiwillig)</translation>
+    </message>
+    <message>
+        <source>A useful thought for your future self</source>
+        <translation>Ein nützlicher Gedanke für später</translation>
+    </message>
+    <message>
+        <source>Record a work session</source>
+        <translation>Arbeitssitzung aufnehmen</translation>
+    </message>
+    <message>
+        <source>Record a work session.</source>
+        <translation>Arbeitssitzung aufnehmen.</translation>
+    </message>
+    <message>
+        <source>Record your main display while you work. Stop &amp; save checkpoint finishes the video and captures your workspace.</source>
+        <translation>Nehmen Sie den Hauptbildschirm während der Arbeit auf. „Stoppen &amp; Checkpoint sichern“ beendet das Video und erfasst Ihre Arbeitsumgebung.</translation>
+    </message>
+    <message>
+        <source>A checkpoint saves your screenshot, open apps, browser tabs and next step together.</source>
+        <translation>Ein Checkpoint sichert Bildschirmfoto, offene Apps, Browser-Tabs und nächsten Schritt gemeinsam.</translation>
+    </message>
+    <message>
+        <source>Starting session…</source>
+        <translation>Sitzung beginnt …</translation>
+    </message>
+    <message>
+        <source>Saving checkpoint…</source>
+        <translation>Checkpoint wird gesichert …</translation>
+    </message>
+    <message>
+        <source>Start session</source>
+        <translation>Sitzung beginnen</translation>
+    </message>
+    <message>
+        <source>Open Screen Settings…</source>
+        <translation>Bildschirm-Einstellungen …</translation>
+    </message>
+    <message>
+        <source>Capture status: %1</source>
+        <translation>Stand der Erfassung: %1</translation>
+    </message>
+    <message>
+        <source>Apps and tabs of the checkpoint</source>
+        <translation>Apps und Tabs des Checkpoints</translation>
+    </message>
+    <message>
+        <source>Ready to resume.</source>
+        <translation>Bereit zum Fortsetzen.</translation>
+    </message>
+    <message>
+        <source>Preview what this sample would open.</source>
+        <translation>Eine Vorschau dessen, was dieses Beispiel öffnen würde.</translation>
+    </message>
+    <message>
+        <source>Only missing items are selected. Already-open apps and pages will not be duplicated.</source>
+        <translation>Nur Fehlendes ist ausgewählt. Offene Apps und Seiten werden nicht doppelt geöffnet.</translation>
+    </message>
+    <message>
+        <source>Checking what is open…</source>
+        <translation>Es wird geprüft, was offen ist …</translation>
+    </message>
+    <message>
+        <source>Place remaining windows</source>
+        <translation>Übrige Fenster anordnen</translation>
+    </message>
+    <message>
+        <source>Check access</source>
+        <translation>Zugriff prüfen</translation>
+    </message>
+    <message>
+        <source>%1 to open</source>
+        <translation>%1 zu öffnen</translation>
+    </message>
+    <message>
+        <source>%1 active</source>
+        <translation>%1 aktiv</translation>
+    </message>
+    <message>
+        <source>%1 unavailable</source>
+        <translation>%1 nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>%1 to review</source>
+        <translation>%1 zu prüfen</translation>
+    </message>
+    <message>
+        <source>Open %1</source>
+        <translation>%1 öffnen</translation>
+    </message>
+    <message>
+        <source>missing item</source>
+        <translation>fehlenden Eintrag</translation>
+    </message>
+    <message>
+        <source>missing items</source>
+        <translation>fehlende Einträge</translation>
+    </message>
+    <message>
+        <source>Restore window positions</source>
+        <translation>Fensterpositionen wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Nothing to open</source>
+        <translation>Nichts zu öffnen</translation>
+    </message>
+    <message>
+        <source>A sample opens nothing.</source>
+        <translation>Ein Beispiel öffnet nichts.</translation>
+    </message>
+    <message>
+        <source>%1 not placed by the last resume.</source>
+        <translation>%1 beim letzten Fortsetzen nicht angeordnet.</translation>
+    </message>
+    <message>
+        <source>window was</source>
+        <translation>Fenster wurde</translation>
+    </message>
+    <message>
+        <source>windows were</source>
+        <translation>Fenster wurden</translation>
+    </message>
+    <message>
+        <source>Development</source>
+        <translation>Entwicklung</translation>
+    </message>
+    <message>
+        <source>Allow screen access…</source>
+        <translation>Bildschirmzugriff erlauben …</translation>
+    </message>
+    <message>
+        <source>Check again</source>
+        <translation>Erneut prüfen</translation>
+    </message>
+    <message>
+        <source>Restart app</source>
+        <translation>App neu starten</translation>
+    </message>
+    <message>
+        <source>Screen access is required before saving a checkpoint. Your draft stays here while you enable it.</source>
+        <translation>Zum Sichern eines Checkpoints ist der Bildschirmzugriff nötig. Ihr Entwurf bleibt hier, während Sie ihn erlauben.</translation>
+    </message>
+    <message>
+        <source>Screen access setup</source>
+        <translation>Bildschirmzugriff einrichten</translation>
+    </message>
+    <message>
+        <source>Process: %1</source>
+        <translation>Prozess: %1</translation>
+    </message>
+    <message>
+        <source>Build: %1</source>
+        <translation>Build: %1</translation>
+    </message>
+    <message>
+        <source>Open Settings</source>
+        <translation>Einstellungen öffnen</translation>
+    </message>
+    <message>
+        <source>Why we need screen access</source>
+        <translation>Warum wir Bildschirmzugriff brauchen</translation>
+    </message>
+    <message>
+        <source>To help you pick up where you left off, Save checkpoint takes a screenshot of all connected displays and saves your workspace context locally.</source>
+        <translation>Damit Sie weitermachen können, wo Sie aufgehört haben, nimmt „Checkpoint sichern“ ein Foto aller angeschlossenen Bildschirme auf und sichert Ihre Arbeitsumgebung lokal.</translation>
+    </message>
+    <message>
+        <source>Microphone and system audio are off</source>
+        <translation>Mikrofon und Systemton sind aus</translation>
     </message>
 </context>
 </TS>

@@ -127,8 +127,17 @@ TEST_CASE_FIXTURE(ProgramFixture, "each kind of failure has its exit status and 
         {{"exclude", "domain", "*.example.com"}, 1, "Enter a valid website domain or an http/https URL."},
         {{"show", "ABC"}, 1, "There is no checkpoint “ABC”."},
         {{"list", "--project", "None"}, 1, "There is no project “None”."},
-        {{"record", "start", "--project", "A"}, 3, "cannot record"},
-        {{"resume", "--latest"}, 3, "cannot resume"},
+        {{"resume"}, 2, "Name one checkpoint"},
+        {{"resume", "ABC", "--latest"}, 2, "Name one checkpoint"},
+        {{"resume", "ABC", "--project", "A"}, 2, "together with --latest"},
+        {{"resume", "--latest", "--layout", "--no-layout"}, 2, "either --layout or --no-layout"},
+        {{"resume", "ABC"}, 1, "There is no checkpoint “ABC”."},
+        {{"resume", "--latest"}, 1, "There is no checkpoint yet."},
+        {{"record"}, 2, "start --project NAME"},
+        {{"record", "pause"}, 2, "record stop"},
+        {{"record", "start"}, 2, "Name the project"},
+        {{"record", "stop", "--project", "A"}, 2, "record stop"},
+        {{"record", "stop"}, 1, "No work session is being recorded."},
     };
     for (const Case &one : cases) {
         CAPTURE(one.arguments);

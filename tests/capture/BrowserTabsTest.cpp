@@ -3,6 +3,7 @@
 
 #include "support/Finish.h"
 #include "tests/Printing.h"
+#include "tests/support/Tabs.h"
 
 #include <QHash>
 
@@ -29,6 +30,8 @@ struct Answers final : TabSource {
 
     bool isRunning(const QString &id) override { return running.contains(id); }
 
+    QCoro::Task<std::optional<QSet<quint32>>> ordinaryWindows(QString) override { co_return std::nullopt; }
+
     QCoro::Task<TabReport> openTabs(Browser browser, QString script) override
     {
         asked += browser.id;
@@ -42,14 +45,6 @@ struct Answers final : TabSource {
 QString record(const QStringList &fields)
 {
     return fields.join(QChar(31)) + QChar(30);
-}
-
-QStringList addresses(const QList<SavedTab> &tabs)
-{
-    QStringList list;
-    for (const SavedTab &tab : tabs)
-        list += tab.url;
-    return list;
 }
 
 QString key(const QString &url)

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/WindowLayout.h"
 
+#include "support/Finish.h"
 #include "tests/Printing.h"
+#include "tests/fakes/InMemoryDesktop.h"
 
 #include <doctest/doctest.h>
 
@@ -143,4 +145,86 @@ TEST_CASE("a window belongs to the display that holds the larger part of it")
         CHECK(WindowLayout::bestDisplay(tried.frame, displays) == tried.display);
     }
     CHECK_FALSE(WindowLayout::bestDisplay({0, 0, 100, 100}, {}).has_value());
+}
+
+TEST_CASE("what a window shows is told by the window itself, or else by a title that only one location has")
+{
+    struct Case {
+        const char *what;
+        QString title;
+        QList<WindowLocation> locations;
+        std::optional<QString> path;
+    };
+
+    const QList<Case> cases = {
+        {"the only one of its title", "notes.txt", {{"notes.txt", "/a/notes.txt"}, {"b", "/b"}}, "/a/notes.txt"},
+        {"none of its title", "notes.txt", {{"Notes.txt", "/a/Notes.txt"}}, std::nullopt},
+        {"two of its title", "notes.txt", {{"notes.txt", "/a/notes.txt"}, {"notes.txt", "/b/notes.txt"}}, std::nullopt},
+        {"two of its title with one path", "notes.txt", {{"notes.txt", "/a"}, {"notes.txt", "/a"}}, std::nullopt},
+        {"no title", "", {{"", "/a/notes.txt"}}, std::nullopt},
+        {"the very window", "notes.txt", {{"notes.txt", "/a", 4}, {"notes.txt", "/b", 5}}, "/b"},
+        {"the very window without a title", "", {{"", "/b", 5}}, "/b"},
+        {"the very window under its former title", "notes.txt", {{"old", "/b", 5}}, "/b"},
+        {"another window of its title", "notes.txt", {{"notes.txt", "/a", 4}}, std::nullopt},
+        {"a window and a title", "notes.txt", {{"notes.txt", "/a", 4}, {"notes.txt", "/b"}}, std::nullopt},
+        {"another process", "notes.txt", {{"notes.txt", "/a", {}, 43}}, std::nullopt},
+        {"a title in two processes", "notes.txt", {{"notes.txt", "/a", {}, 43}, {"notes.txt", "/b", {}, 42}}, "/b"},
+    };
+    for (const Case &tried : cases) {
+        CAPTURE(tried.what);
+        SavedWindow window;
+        window.title = tried.title;
+        window.windowID = 5;
+        window.processID = 42;
+        CHECK(WindowLayout::location(window, tried.locations) == tried.path);
+    }
+}
+
+TEST_CASE("folders belong to windows of file browsers, documents to all others, each process asked about once")
+{
+    fakes::InMemoryDesktop memory;
+    memory.addDisplay(1, {0, 0, 1000, 800});
+    memory.addApplication("files", "Files", {0, 0, 400, 300}, "Thesis");
+    memory.addApplication("editor", "Editor", {0, 0, 400, 300}, "notes.txt");
+    memory.addApplication("unsaved", "Unsaved", {0, 0, 400, 300}, "Thesis");
+    memory.windows.append(memory.windows[1]);
+    memory.windows.last().windowID = 9;
+    memory.windows.last().title = "Thesis";
+    memory.folders = {{"Thesis", "/home/me/Thesis"}, {"notes.txt", "/home/me/notes.txt"}};
+    memory.documents = {{"notes.txt", "/home/me/notes.txt", {}, 1002}, {"Thesis", "/home/me/Thesis.odt", {}, 1001}};
+    Desktop desktop = memory.makeDesktop();
+    desktop.roles.fileBrowserIDs = {"files"};
+    const QList<SavedApp> apps = {{"files", "Files"}, {"editor", "Editor"}};
+
+    const QList<SavedWindow> layout = finish(WindowLayout::capture(apps, desktop, ownProcessID));
+
+    REQUIRE(layout.size() == 3);
+    CHECK(layout[0].locationURL == "/home/me/Thesis");
+    CHECK_FALSE(layout[0].documentURL.has_value());
+    CHECK(layout[1].documentURL == "/home/me/notes.txt");
+    CHECK_FALSE(layout[1].locationURL.has_value());
+    CHECK_FALSE_MESSAGE(layout[2].documentURL.has_value(), "a title that only a folder and another process have");
+    CHECK(memory.processesAskedAbout == QList<QSet<qint64>>{{1002}});
+}
+
+TEST_CASE("a browser's window keeps its place but not its title unless it certainly shows no private page")
+{
+    fakes::InMemoryDesktop memory;
+    memory.addDisplay(1, {0, 0, 1000, 800});
+    memory.addApplication("browser", "Browser", {0, 0, 400, 300}, "Related work");
+    memory.addApplication("editor", "Editor", {0, 0, 400, 300}, "notes.txt");
+    memory.windows.append(memory.windows[0]);
+    memory.windows.last().windowID = 9;
+    memory.windows.last().title = "Secret";
+    memory.ordinaryWindows = {{"browser", {memory.windows[0].windowID}}};
+    const Desktop desktop = memory.makeDesktop();
+    const QList<SavedApp> apps = {{"browser", "Browser"}, {"editor", "Editor"}};
+
+    const QList<SavedWindow> layout = finish(WindowLayout::capture(apps, desktop, ownProcessID));
+
+    REQUIRE(layout.size() == 3);
+    CHECK(layout[0].title == "Related work");
+    CHECK(layout[1].title == "notes.txt");
+    CHECK(layout[2].title == "");
+    CHECK(layout[2].frame == layout[0].frame);
 }

@@ -5,6 +5,8 @@
 
 #include <doctest/doctest.h>
 
+#include <functional>
+
 using namespace ardeno;
 
 namespace {
@@ -16,6 +18,8 @@ public:
     QList<RunningApplication> runningApplications() override { return running; }
 
     QList<InstalledApplication> installedApplications() override { return {}; }
+
+    void setChangeHandler(std::function<void()>) override {}
 
     QList<RunningApplication> running = {};
 };

@@ -2,7 +2,9 @@
 #include "tests/fakes/InMemoryDesktop.h"
 
 #include <QCoroTimer>
+#include <QFile>
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -78,6 +80,61 @@ private:
     InMemoryDesktop &m_desktop;
 };
 
+class InMemoryStream final : public RecordingStream {
+public:
+    explicit InMemoryStream(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    ~InMemoryStream() override { m_desktop.recordingEvents = {}; }
+
+    QCoro::Task<void> stop() override
+    {
+        if (m_desktop.whenStopped)
+            m_desktop.whenStopped();
+        else if (m_desktop.recordingEvents.finished)
+            m_desktop.recordingEvents.finished();
+        co_return;
+    }
+
+private:
+    InMemoryDesktop &m_desktop;
+};
+
+class InMemoryScreenRecorder final : public ScreenRecorder {
+public:
+    explicit InMemoryScreenRecorder(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    Capability availability() const override { return m_desktop.recorder; }
+
+    RecordableContent content() override
+    {
+        RecordableContent content;
+        for (const Display &display : m_desktop.displays) {
+            content.displays.append({display.id, display.bounds});
+            if (display.isMain)
+                content.mainDisplayID = display.id;
+        }
+        for (const RunningApplication &application : m_desktop.running)
+            content.applicationIDs.append(application.id);
+        return content;
+    }
+
+    QCoro::Task<std::unique_ptr<RecordingStream>> start(RecordingRequest request, RecordingEvents events) override
+    {
+        m_desktop.recordings.append(request);
+        co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        if (m_desktop.recordingFailure)
+            throw Failure(*m_desktop.recordingFailure);
+        QFile file(request.path);
+        if (file.open(QIODevice::WriteOnly))
+            file.write("video");
+        m_desktop.recordingEvents = std::move(events);
+        co_return std::make_unique<InMemoryStream>(m_desktop);
+    }
+
+private:
+    InMemoryDesktop &m_desktop;
+};
+
 class InMemoryScreenAccess final : public ScreenAccess {
 public:
     explicit InMemoryScreenAccess(InMemoryDesktop &desktop) : m_desktop(desktop) {}
@@ -115,7 +172,105 @@ public:
         co_return TabReport{.records = records};
     }
 
+    QCoro::Task<std::optional<QSet<quint32>>> ordinaryWindows(QString appID) override
+    {
+        const auto found = m_desktop.ordinaryWindows.constFind(appID);
+        if (found == m_desktop.ordinaryWindows.cend())
+            co_return std::nullopt;
+        co_return *found;
+    }
+
 private:
+    InMemoryDesktop &m_desktop;
+};
+
+class InMemoryWindowMover final : public WindowMover {
+public:
+    explicit InMemoryWindowMover(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    Capability availability() const override { return m_desktop.moving; }
+
+    QList<MovableWindow> windows() override { return m_desktop.movable; }
+
+    QCoro::Task<QList<MoveResult>> move(QList<WindowMove> moves) override
+    {
+        QList<MoveResult> results;
+        for (const WindowMove &move : moves)
+            results.append(moved(move));
+        co_return results;
+    }
+
+private:
+    MoveResult moved(const WindowMove &move)
+    {
+        const MoveResult result = m_desktop.moveResults.value(move.windowID, MoveResult::Placed);
+        m_desktop.moves.append(move);
+        for (MovableWindow &window : m_desktop.movable) {
+            if (window.windowID == move.windowID && result == MoveResult::Placed)
+                window.frame = move.frame;
+        }
+        return result;
+    }
+
+    InMemoryDesktop &m_desktop;
+};
+
+class InMemoryLauncher final : public Launcher {
+public:
+    explicit InMemoryLauncher(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    Capability availability() const override { return Capability::available(); }
+
+    bool isInstalled(const QString &appID) override
+    {
+        return std::any_of(m_desktop.installed.begin(), m_desktop.installed.end(),
+                           [&](const InstalledApplication &application) { return application.id == appID; });
+    }
+
+    QCoro::Task<void> openApplication(QString appID, QStringList paths) override
+    {
+        return open(appID, QStringList{"app", appID} + paths);
+    }
+
+    QCoro::Task<void> openPath(QString path) override { return open({}, QStringList{"path", path}); }
+
+    QCoro::Task<void> reveal(QString path) override { return open({}, QStringList{"reveal", path}); }
+
+    QCoro::Task<void> openPages(QString appID, QStringList addresses) override
+    {
+        return open(appID, QStringList{"page", appID} + addresses);
+    }
+
+    QCoro::Task<bool> openInSavedWindow(QList<TabToReopen> tabs) override
+    {
+        const QString window = tabs.first().tab.browserWindowID.value_or(QString());
+        if (!m_desktop.certainWindowIDs.contains(window))
+            co_return false;
+        QStringList words{"window", window};
+        for (const TabToReopen &tab : tabs)
+            words += tab.address;
+        note(words);
+        co_return true;
+    }
+
+    QCoro::Task<QStringList> settle() override { co_return std::exchange(m_desktop.endedWithError, {}); }
+
+private:
+    QCoro::Task<void> open(QString appID, QStringList words)
+    {
+        if (m_desktop.openFailures.contains(appID))
+            throw Failure("Launch", 1, m_desktop.openFailures.value(appID));
+        note(words);
+        co_return;
+    }
+
+    void note(const QStringList &words)
+    {
+        m_desktop.opened.append(words.join(' '));
+        if (m_desktop.whenOpened)
+            m_desktop.whenOpened(m_desktop.opened.last());
+    }
+
     InMemoryDesktop &m_desktop;
 };
 
@@ -214,8 +369,11 @@ Desktop InMemoryDesktop::makeDesktop()
             .workspace = std::make_unique<InMemoryWorkspace>(*this),
             .windowServer = std::make_unique<InMemoryWindowServer>(*this),
             .screenCapture = std::make_unique<InMemoryScreenCapture>(*this),
+            .screenRecorder = std::make_unique<InMemoryScreenRecorder>(*this),
             .screenAccess = std::make_unique<InMemoryScreenAccess>(*this),
             .tabSource = std::make_unique<InMemoryTabSource>(*this),
+            .windowMover = std::make_unique<InMemoryWindowMover>(*this),
+            .launcher = std::make_unique<InMemoryLauncher>(*this),
             .fileBrowser = std::make_unique<InMemoryFileBrowser>(*this),
             .documents = std::make_unique<InMemoryDocuments>(*this),
             .mailProgram = std::make_unique<InMemoryMailProgram>(*this)};

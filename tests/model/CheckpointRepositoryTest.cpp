@@ -5,6 +5,7 @@
 #include "support/Failure.h"
 #include "tests/Printing.h"
 #include "tests/support/Children.h"
+#include "tests/support/FailureOf.h"
 
 #include <QDir>
 #include <QFile>
@@ -49,17 +50,6 @@ struct RepositoryFixture {
     }
 
     QStringList keptCopies() const { return QDir(root).entryList({"checkpoints-unreadable-*.json"}); }
-
-    template <typename Call>
-    static QString failureOf(Call call)
-    {
-        try {
-            call();
-        } catch (const Failure &failure) {
-            return failure.description();
-        }
-        return "no failure";
-    }
 
     QString loadFailure() const
     {

@@ -28,7 +28,7 @@ struct LockFixture {
     // A child that holds the lock and has said so.
     Child holder() const
     {
-        return Child([request = writer](Child::Signal ready) {
+        return Child([request = writer](const Child::Signal &ready) {
             const auto lock = LibraryLock::tryLock(request);
             if (lock)
                 ready();
@@ -108,7 +108,7 @@ TEST_CASE_FIXTURE(LockFixture, "processes that load and save under the lock do n
     constexpr int savesEach = 15;
     std::vector<Child> workers;
     for (int i = 0; i < children; ++i) {
-        workers.emplace_back([request = writer](Child::Signal ready) {
+        workers.emplace_back([request = writer](const Child::Signal &ready) {
             ready();
             const CheckpointRepository repository(request.root);
             for (int save = 0; save < savesEach; ++save) {

@@ -130,14 +130,6 @@ TEST_CASE_FIXTURE(StoreFixture, "a save beside the form leaves the form's drafts
     CHECK(store().draftTitle() == "half written");
 }
 
-TEST_CASE_FIXTURE(StoreFixture, "what this version cannot capture is refused and nothing is saved in its place")
-{
-    store().draftProjectName.set("Thesis");
-    finish(store().captureMoment("Title", {}, CaptureKind::Session));
-    CHECK(store().captureIssue()->contains("cannot record"));
-    CHECK(store().checkpoints().isEmpty());
-}
-
 TEST_CASE_FIXTURE(StoreFixture, "tabs are kept with the checkpoint, except those of excluded browsers and websites")
 {
     const auto record = [](const QString &url) { return u"1\u001f7\u001f%1\u001fA page\u001e"_qs.arg(url); };

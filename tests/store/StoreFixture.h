@@ -46,7 +46,9 @@ struct StoreFixture {
     AppStore &reopen()
     {
         opened.reset();
-        StoreParts parts{.preferences = preferences(), .repository = CheckpointRepository(root())};
+        StoreParts parts{.preferences = preferences(),
+                         .repository = CheckpointRepository(root()),
+                         .openedPages = OpenedPages(home.filePath("opened-pages"))};
         parts.thumbnailFolder = home.filePath("thumbnails");
         parts.seedStarterExample = seedStarterExample;
         parts.fetchUpdate = fetchUpdate;

@@ -4,6 +4,7 @@
 #include "support/Failure.h"
 #include "tests/Printing.h"
 #include "tests/support/Children.h"
+#include "tests/support/FailureOf.h"
 
 #include <QDir>
 #include <QFile>
@@ -36,17 +37,6 @@ struct FileFixture {
     QStringList files() const
     {
         return QDir(home.path()).entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
-    }
-
-    template <typename Call>
-    static QString failureOf(Call call)
-    {
-        try {
-            call();
-        } catch (const Failure &failure) {
-            return failure.description();
-        }
-        return "no failure";
     }
 };
 

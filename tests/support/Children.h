@@ -15,7 +15,7 @@ public:
     using Signal = std::function<void()>;
 
     // Returns when the work has called its signal.
-    explicit Child(const std::function<void(Signal ready)> &work)
+    explicit Child(const std::function<void(const Signal &ready)> &work)
     {
         int ends[2];
         if (::pipe(ends) != 0)
@@ -57,7 +57,7 @@ public:
     }
 
 private:
-    [[noreturn]] static void run(const std::function<void(Signal)> &work, int readyEnd)
+    [[noreturn]] static void run(const std::function<void(const Signal &)> &work, int readyEnd)
     {
         try {
             work([readyEnd] {

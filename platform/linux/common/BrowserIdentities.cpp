@@ -8,19 +8,19 @@ namespace ardeno {
 
 namespace {
 
-struct Browser {
+struct BrowserNames {
     const char *id;
     std::array<const char *, 4> files; // Distribution, flatpak, snap; absent ones are null.
 };
 
 constexpr std::array browsers = {
-    Browser{"com.google.Chrome", {"google-chrome", "com.google.Chrome"}},
-    Browser{"com.brave.Browser", {"brave-browser", "com.brave.Browser", "brave_brave"}},
-    Browser{"org.mozilla.firefox", {"firefox", "firefox-esr", "org.mozilla.firefox", "firefox_firefox"}},
-    Browser{"org.chromium.Chromium", {"chromium", "org.chromium.Chromium", "chromium_chromium"}},
+    BrowserNames{"com.google.Chrome", {"google-chrome", "com.google.Chrome"}},
+    BrowserNames{"com.brave.Browser", {"brave-browser", "com.brave.Browser", "brave_brave"}},
+    BrowserNames{"org.mozilla.firefox", {"firefox", "firefox-esr", "org.mozilla.firefox", "firefox_firefox"}},
+    BrowserNames{"org.chromium.Chromium", {"chromium", "org.chromium.Chromium", "chromium_chromium"}},
 };
 
-bool names(const Browser &browser, const QString &desktopFileID)
+bool names(const BrowserNames &browser, const QString &desktopFileID)
 {
     return std::any_of(browser.files.begin(), browser.files.end(), [&](const char *file) {
         return file && desktopFileID.compare(QLatin1String(file), Qt::CaseInsensitive) == 0;
@@ -32,14 +32,14 @@ bool names(const Browser &browser, const QString &desktopFileID)
 QString BrowserIdentities::applicationID(const QString &desktopFileID)
 {
     const auto *browser = std::find_if(browsers.begin(), browsers.end(),
-                                       [&](const Browser &candidate) { return names(candidate, desktopFileID); });
+                                       [&](const BrowserNames &candidate) { return names(candidate, desktopFileID); });
     return browser == browsers.end() ? desktopFileID : QString::fromLatin1(browser->id);
 }
 
 QStringList BrowserIdentities::desktopFileIDs(const QString &applicationID)
 {
     QStringList files;
-    for (const Browser &browser : browsers) {
+    for (const BrowserNames &browser : browsers) {
         if (applicationID.compare(QLatin1String(browser.id), Qt::CaseInsensitive) != 0)
             continue;
         for (const char *file : browser.files) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -85,6 +86,16 @@ public:
         }
     }
 
+    QSet<quint32> taken() const
+    {
+        QSet<quint32> taken;
+        for (qsizetype live = 0; live < m_live.size(); ++live) {
+            if (m_isTaken[live])
+                taken.insert(m_live[live].windowID);
+        }
+        return taken;
+    }
+
     QList<SessionWindow> kept() const
     {
         QList<SessionWindow> kept;
@@ -122,6 +133,31 @@ QList<SessionWindow> withoutGhosts(const QList<SessionWindow> &session, const QL
     // that it may be: a page too many is better than a lost one.
     pairing.pair([](const LiveWindow &, const SessionWindow &b) { return !b.isAtFrame || !b.frame; });
     return pairing.kept();
+}
+
+QSet<quint32> windowsOfPages(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
+{
+    Pairing pairing(session, live);
+    pairing.pair(showsPage);
+    return pairing.taken();
+}
+
+std::optional<LiveWindow> certainWindow(const SessionWindow &window, const QList<SessionWindow> &session,
+                                        const QList<LiveWindow> &live)
+{
+    // By title and place, else by the title alone; no other window of the session may fit as well.
+    const auto inPlace = [](const LiveWindow &a, const SessionWindow &b) { return isInPlace(a, b) && showsPage(a, b); };
+    for (const auto &fits : {std::function<bool(const LiveWindow &, const SessionWindow &)>(inPlace),
+                             std::function<bool(const LiveWindow &, const SessionWindow &)>(showsPage)}) {
+        QList<LiveWindow> found = live;
+        found.removeIf([&](const LiveWindow &candidate) { return !fits(candidate, window); });
+        if (found.isEmpty())
+            continue;
+        const auto rivals = std::count_if(session.begin(), session.end(),
+                                          [&](const SessionWindow &other) { return fits(found.first(), other); });
+        return found.size() == 1 && rivals == 1 ? std::optional(found.first()) : std::nullopt;
+    }
+    return std::nullopt;
 }
 
 } // namespace ardeno

@@ -17,6 +17,11 @@ struct LiveWindow {
     QString applicationID = {}; // Empty when it is not known.
     QString title = {};
     WindowRect frame = {}; // With decoration, without client-side shadows.
+    quint32 windowID = 0;
+    QString applicationName = {}; // Localised; empty when it has none.
+    bool isDialog = false;        // It belongs to another window.
+    QString busName = {};         // The application's connection on the session bus; empty when it is not known.
+    QString objectPath = {};      // The window there; empty when it has none.
 
     bool operator==(const LiveWindow &) const = default;
 };
@@ -31,5 +36,13 @@ QString shownTitle(const SessionTab &tab);
 // a window that is not recorded (a private one) stays open; each live window vouches for one window of the session at
 // most, by its title or by its place.
 QList<SessionWindow> withoutGhosts(const QList<SessionWindow> &session, const QList<LiveWindow> &live);
+
+// The live windows that show in their title the page of a window of the session. Its place says too little: a private
+// window may stand where an ordinary one does.
+QSet<quint32> windowsOfPages(const QList<SessionWindow> &session, const QList<LiveWindow> &live);
+
+// The live window that a session's window is; absent unless nothing else is possible.
+std::optional<LiveWindow> certainWindow(const SessionWindow &window, const QList<SessionWindow> &session,
+                                        const QList<LiveWindow> &live);
 
 } // namespace ardeno

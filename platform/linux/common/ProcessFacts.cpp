@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/common/ProcessFacts.h"
 
+#include "platform/linux/common/PathText.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QSet>
+
+#include <ctime>
+#include <optional>
+#include <unistd.h>
 
 namespace ardeno {
 
@@ -28,6 +35,22 @@ QString unescaped(QString name)
     return name;
 }
 
+// What an argument may name. The folders end in slashes.
+QStringList meanings(const QByteArray &word, const QSet<QByteArray> &folders)
+{
+    if (word.isEmpty() || word.startsWith('-'))
+        return {};
+    QList<std::optional<QString>> paths = {PathText::fromAddress(word), PathText::fromBytes(word)};
+    for (const QByteArray &folder : word.startsWith('/') ? QSet<QByteArray>() : folders)
+        paths.append(PathText::fromBytes(folder + word));
+    QStringList found;
+    for (const auto &path : paths) {
+        if (path)
+            found.append(*path);
+    }
+    return found;
+}
+
 } // namespace
 
 QByteArray ProcessFacts::read(const char *file) const
@@ -50,6 +73,44 @@ QStringList ProcessFacts::arguments() const
     if (!words.isEmpty())
         words.removeFirst();
     return words;
+}
+
+// Where the process is and where it was started; each ends in a slash.
+QSet<QByteArray> ProcessFacts::workingFolders() const
+{
+    const QString current = QFile::symLinkTarget(u"/proc/%1/cwd"_qs.arg(m_processID));
+    QSet<QByteArray> folders;
+    for (const QByteArray &folder : {current.toUtf8(), environmentValue(read("environ"), "PWD")}) {
+        if (folder.startsWith('/'))
+            folders.insert(folder + '/');
+    }
+    return folders;
+}
+
+QStringList ProcessFacts::pathArguments() const
+{
+    constexpr qsizetype most = 512;
+    const QSet<QByteArray> folders = workingFolders();
+    QStringList paths;
+    for (const QByteArray &word : read("cmdline").split('\0').mid(1, most)) {
+        for (const QString &path : meanings(word, folders)) {
+            if ((PathText::isFile(path) || PathText::isFolder(path)) && !paths.contains(path))
+                paths.append(path);
+        }
+    }
+    return paths;
+}
+
+QDateTime ProcessFacts::startTime() const
+{
+    const QByteArray facts = read("stat");
+    const QList<QByteArray> fields = facts.mid(facts.lastIndexOf(')') + 2).split(' ');
+    constexpr qsizetype startField = 19; // Counted from the state; in ticks since the machine was started.
+    struct timespec sinceBoot = {};
+    if (fields.size() <= startField || ::clock_gettime(CLOCK_BOOTTIME, &sinceBoot) != 0)
+        return {};
+    const qint64 age = sinceBoot.tv_sec - fields[startField].toLongLong() / ::sysconf(_SC_CLK_TCK);
+    return QDateTime::currentDateTimeUtc().addSecs(-age);
 }
 
 QString ProcessFacts::launchedDesktopFileID() const

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDateTime>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -16,6 +18,11 @@ public:
     QString program() const;
     // Its command line without the program.
     QStringList arguments() const;
+    // The files and folders among its arguments as absolute paths, each in every way it may be meant: a program may
+    // have left the folder it was started in. What does not exist is left out.
+    QStringList pathArguments() const;
+    // When it was started; invalid when it has ended.
+    QDateTime startTime() const;
     // The desktop file it was launched by; not that of a parent whose environment it inherited.
     QString launchedDesktopFileID() const;
     // The application that the session's manager started it for.
@@ -26,6 +33,7 @@ public:
 
 private:
     QByteArray read(const char *file) const;
+    QSet<QByteArray> workingFolders() const;
 
     qint32 m_processID;
 };

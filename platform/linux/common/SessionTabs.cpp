@@ -50,18 +50,24 @@ void addWindow(QString &records, const SessionWindow &window, qsizetype number, 
         records += start + cleaned(tab.url) + separator + cleaned(shownTitle(tab)) + QChar(TabRecords::recordSeparator);
 }
 
+} // namespace
+
 // What the work on a thread needs, all of it its own.
-struct Reading {
+struct SessionTabs::Reading {
     Browser browser;
     QList<BrowserProcess> processes;
     std::optional<QList<LiveWindow>> live;
     std::chrono::milliseconds patience;
 
-    BrowserSession session(BrowserProcess process, QDeadlineTimer end) const;
+    // As the browser wrote it down, windows that have gone included.
+    BrowserSession written(BrowserProcess process, QDeadlineTimer end) const;
+    BrowserSession session(const BrowserProcess &process, QDeadlineTimer end) const;
+    QList<LiveWindow> windowsOf(const BrowserProcess &process) const;
     TabReport report() const;
+    QSet<quint32> ordinaryWindows() const;
 };
 
-BrowserSession Reading::session(BrowserProcess process, QDeadlineTimer end) const
+BrowserSession SessionTabs::Reading::written(BrowserProcess process, QDeadlineTimer end) const
 {
     constexpr unsigned long pause = 50; // Milliseconds.
     const auto read = browser.family == BrowserFamily::Firefox ? FirefoxSession::read : ChromiumSession::read;
@@ -71,15 +77,34 @@ BrowserSession Reading::session(BrowserProcess process, QDeadlineTimer end) cons
         BrowserProcesses::refresh(process);
         session = read(process);
     }
-    if (!live)
-        return session;
-    QList<LiveWindow> own = *live;
-    own.removeIf([&](const LiveWindow &window) { return !isWindowOf(window, process, browser.id); });
-    session.windows = withoutGhosts(session.windows, own);
     return session;
 }
 
-TabReport Reading::report() const
+QList<LiveWindow> SessionTabs::Reading::windowsOf(const BrowserProcess &process) const
+{
+    QList<LiveWindow> own = live.value_or(QList<LiveWindow>());
+    own.removeIf([&](const LiveWindow &window) { return !isWindowOf(window, process, browser.id); });
+    return own;
+}
+
+BrowserSession SessionTabs::Reading::session(const BrowserProcess &process, QDeadlineTimer end) const
+{
+    BrowserSession session = written(process, end);
+    if (live)
+        session.windows = withoutGhosts(session.windows, windowsOf(process));
+    return session;
+}
+
+QSet<quint32> SessionTabs::Reading::ordinaryWindows() const
+{
+    const QDeadlineTimer end(patience);
+    QSet<quint32> found;
+    for (const BrowserProcess &process : processes)
+        found += windowsOfPages(written(process, end).windows, windowsOf(process));
+    return found;
+}
+
+TabReport SessionTabs::Reading::report() const
 {
     const QDeadlineTimer end(patience);
     TabReport report;
@@ -103,8 +128,6 @@ TabReport Reading::report() const
     report.records = records;
     return report;
 }
-
-} // namespace
 
 SessionTabs::SessionTabs(LiveWindowList liveWindows, Options options)
     : m_liveWindows(std::move(liveWindows)), m_options(std::move(options))
@@ -140,14 +163,36 @@ QList<BrowserProcess> SessionTabs::runningProcesses(const QString &browserID,
     return processes;
 }
 
-QCoro::Task<TabReport> SessionTabs::openTabs(Browser browser, QString)
+SessionTabs::Reading SessionTabs::reading(const Browser &browser)
 {
     Reading reading;
     reading.live = m_liveWindows ? m_liveWindows() : std::nullopt;
     reading.processes = runningProcesses(browser.id, reading.live);
-    reading.browser = std::move(browser);
+    reading.browser = browser;
     reading.patience = m_options.patience;
-    return SlowWork::withinDeadline([reading = std::move(reading)] { return reading.report(); }, m_options.deadline);
+    return reading;
+}
+
+QCoro::Task<TabReport> SessionTabs::openTabs(Browser browser, QString)
+{
+    const auto work = [reading = reading(browser)] { return reading.report(); };
+    return SlowWork::withinDeadline(work, m_options.deadline);
+}
+
+QCoro::Task<std::optional<QSet<quint32>>> SessionTabs::ordinaryWindows(QString appID)
+{
+    if (!availability(appID).isAvailable())
+        co_return std::nullopt;
+    const bool isFirefox = appID == "org.mozilla.firefox";
+    const Browser browser{appID, {}, isFirefox ? BrowserFamily::Firefox : BrowserFamily::Chromium};
+    Reading now = reading(browser);
+    now.patience = {};
+    const auto work = [now] { return now.ordinaryWindows(); };
+    try {
+        co_return co_await SlowWork::withinDeadline(work, m_options.deadline);
+    } catch (const Failure &) {
+        co_return QSet<quint32>();
+    }
 }
 
 } // namespace ardeno

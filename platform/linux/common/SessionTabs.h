@@ -28,8 +28,12 @@ public:
     Capability availability(const QString &browserID) const override;
     bool isRunning(const QString &browserID) override;
     QCoro::Task<TabReport> openTabs(Browser browser, QString script) override;
+    QCoro::Task<std::optional<QSet<quint32>>> ordinaryWindows(QString appID) override;
 
 private:
+    struct Reading;
+
+    Reading reading(const Browser &browser);
     QList<BrowserProcess> runningProcesses(const QString &browserID, const std::optional<QList<LiveWindow>> &live);
 
     LiveWindowList m_liveWindows;

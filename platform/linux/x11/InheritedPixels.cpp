@@ -78,6 +78,12 @@ void InheritedPixels::draw(Window id, const QRect &area)
     window->parts.removeIf([](const Part &part) { return part.region.isEmpty(); });
 }
 
+QRect InheritedPixels::placeOf(Window id) const
+{
+    const auto window = m_windows.constFind(id);
+    return window != m_windows.cend() && window->isMapped ? window->outer : QRect();
+}
+
 X11Region InheritedPixels::inheritedBy(Window id) const
 {
     return untrusted(id, {});

@@ -36,6 +36,9 @@ public:
     // The owner has drawn this rectangle, relative to the outer top left corner.
     void draw(Window id, const QRect &area);
 
+    // Where it is on the screen; empty while it is not mapped.
+    QRect placeOf(Window id) const;
+
     bool isClean(Window id) const { return inheritedBy(id).isEmpty(); }
 
     // Relative to the outer top left corner: what may show any other window, or any other than these.

@@ -7,11 +7,10 @@
 #include <QByteArray>
 #include <QHash>
 
+#include <algorithm>
 #include <vector>
 
 #include <unistd.h>
-
-#include <xcb/res.h>
 
 namespace ardeno {
 
@@ -28,21 +27,9 @@ QByteArray programOf(qint32 processID)
 // The connections to the server, each with the process at its other end; a window's number tells its connection.
 class Connections final {
 public:
-    explicit Connections(const X11Connection &connection) : m_mask(xcb_get_setup(connection.xcb())->resource_id_mask)
+    explicit Connections(const X11Connection &connection)
+        : m_mask(xcb_get_setup(connection.xcb())->resource_id_mask), m_processes(connectedProcesses(connection))
     {
-        if (!connection.hasClientIDs())
-            return;
-        xcb_connection_t *xcb = connection.xcb();
-        const xcb_res_client_id_spec_t all = {XCB_NONE, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-        const X11Reply<xcb_res_query_client_ids_reply_t> reply(
-            xcb_res_query_client_ids_reply(xcb, xcb_res_query_client_ids(xcb, 1, &all), nullptr));
-        if (!reply)
-            return;
-        for (auto value = xcb_res_query_client_ids_ids_iterator(reply.get()); value.rem > 0;
-             xcb_res_client_id_value_next(&value)) {
-            if (xcb_res_client_id_value_value_length(value.data) > 0)
-                m_processes.insert(of(value.data->spec.client), qint32(*xcb_res_client_id_value_value(value.data)));
-        }
     }
 
     quint32 of(xcb_window_t window) const { return window & ~m_mask; }
@@ -61,7 +48,7 @@ public:
 
 private:
     quint32 m_mask;
-    QHash<quint32, qint32> m_processes = {};
+    QHash<quint32, qint32> m_processes;
 };
 
 QList<xcb_window_t> numbersOf(const QList<TopLevel> &windows)
@@ -107,7 +94,7 @@ public:
 
     bool contains(const TopLevel &window, const WindowOwner &owner) const
     {
-        if (isNamed(owner))
+        if (isNamed(owner) || isOfLaterProcess(owner))
             return true;
         const bool isPopup = window.isOverrideRedirect && owner.client == window.id;
         if (isPopup && owner.processID && m_processes.contains(*owner.processID))
@@ -123,6 +110,11 @@ private:
     {
         return owner.applicationID &&
                (m_exclusion.appIDs.contains(*owner.applicationID) || *owner.applicationID == m_exclusion.ownAppID);
+    }
+
+    bool isOfLaterProcess(const WindowOwner &owner) const
+    {
+        return m_exclusion.onlyProcesses && !(owner.processID && m_exclusion.onlyProcesses->contains(*owner.processID));
     }
 
     quint32 connectionOf(const WindowOwner &owner) const { return owner.client & ~m_mask; }
@@ -184,6 +176,18 @@ Clients clientsOf(const QHash<xcb_window_t, WindowOwner> &owners)
 }
 
 } // namespace
+
+// A compositing manager shows windows for a while after
+// they have gone, so there it is enough that there might have been one.
+bool mayShowLeftOut(const WindowChoice &choice, const QList<TopLevel> &windows, const Exclusion &exclusion)
+{
+    const bool lingers = choice.isComposited;
+    if (lingers && !exclusion.appIDs.isEmpty())
+        return true;
+    return std::any_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
+        return (window.isViewable || lingers) && choice.leftOut.contains(window.id);
+    });
+}
 
 WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entries, const QList<TopLevel> &windows,
                            const Exclusion &exclusion)

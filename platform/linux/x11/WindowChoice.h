@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/linux/x11/RunningProcesses.h"
 #include "platform/linux/x11/WindowOwners.h"
 #include "platform/linux/x11/X11Region.h"
 #include "platform/linux/x11/X11TopLevels.h"
@@ -8,6 +9,8 @@
 #include <QList>
 #include <QSet>
 #include <QString>
+
+#include <optional>
 
 namespace ardeno {
 
@@ -26,10 +29,14 @@ struct WindowChoice {
 struct Exclusion {
     QString ownAppID = {}; // This program's.
     QSet<QString> appIDs = {};
+    std::optional<RunningProcesses> onlyProcesses = {}; // With excluded applications: windows of others go, too.
 };
 
 // Judges these windows, mapped or not. The owners are asked for only when an application is excluded.
 WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entries, const QList<TopLevel> &windows,
                            const Exclusion &exclusion);
+
+// Whether the screen may show something of these windows that must be left out.
+bool mayShowLeftOut(const WindowChoice &choice, const QList<TopLevel> &windows, const Exclusion &exclusion);
 
 } // namespace ardeno

@@ -15,13 +15,6 @@ namespace {
 constexpr int deepestClient = 4;
 constexpr qsizetype mostWindows = 20000;
 
-// A window manager that has ended leaves its lists on the root window; only a living one owns the window it names.
-bool hasWindowManager(const X11Connection &connection)
-{
-    const auto check = X11Property(connection, connection.root(), X11Atom::NetSupportingWmCheck).cardinal();
-    return check && X11Property(connection, *check, X11Atom::NetSupportingWmCheck).cardinal() == check;
-}
-
 struct Candidate {
     xcb_window_t window;
     xcb_window_t topLevel;
@@ -118,6 +111,13 @@ QList<xcb_window_t> inTreeOrder(const X11Connection &connection, QList<xcb_windo
 
 } // namespace
 
+// A window manager that has ended leaves its lists on the root window; only a living one owns the window it names.
+bool WindowTree::hasManager(const X11Connection &connection)
+{
+    const auto check = X11Property(connection, connection.root(), X11Atom::NetSupportingWmCheck).cardinal();
+    return check && X11Property(connection, *check, X11Atom::NetSupportingWmCheck).cardinal() == check;
+}
+
 QList<xcb_window_t> WindowTree::topLevels(const X11Connection &connection)
 {
     const X11Reply<xcb_query_tree_reply_t> tree(
@@ -130,7 +130,7 @@ QList<xcb_window_t> WindowTree::topLevels(const X11Connection &connection)
 
 QList<xcb_window_t> WindowTree::clients(const X11Connection &connection)
 {
-    if (hasWindowManager(connection)) {
+    if (hasManager(connection)) {
         X11Property stacking(connection, connection.root(), X11Atom::NetClientListStacking);
         X11Property list(connection, connection.root(), X11Atom::NetClientList);
         const auto stacked = stacking.cardinalsIfSet();

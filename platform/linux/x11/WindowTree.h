@@ -17,6 +17,9 @@ struct Client {
     bool isManaged = false;         // A window manager looks after it; popups and the like are not.
 };
 
+// Whether a window manager is at work.
+bool hasManager(const X11Connection &connection);
+
 // The applications' windows, back to front: those of the window manager, also minimised ones and those of other
 // desktops, or without one whatever is mapped and is no popup.
 QList<xcb_window_t> clients(const X11Connection &connection);

@@ -42,21 +42,14 @@ QSize sizeOf(const X11Connection &connection, xcb_drawable_t drawable)
 
 } // namespace
 
-X11Background::X11Background(const X11Connection &connection, const RenderFormats &formats, CompositingManager manager)
+X11Background::X11Background(const X11Connection &connection, const RenderFormats &formats, bool hasCompositor)
     : m_connection(connection)
 {
     const xcb_pixmap_t pixmap = wallpaper(connection);
     if (pixmap != XCB_NONE)
         useWallpaper(formats, pixmap);
-    else if (manager == CompositingManager::Absent)
+    else if (!hasCompositor)
         usePaintedWindow(formats);
-}
-
-X11Background::~X11Background()
-{
-    m_picture.reset();
-    if (m_window != XCB_NONE)
-        xcb_destroy_window(m_connection.xcb(), m_window);
 }
 
 void X11Background::useWallpaper(const RenderFormats &formats, xcb_pixmap_t pixmap)
@@ -77,21 +70,23 @@ void X11Background::usePaintedWindow(const RenderFormats &formats)
 {
     xcb_connection_t *xcb = m_connection.xcb();
     const xcb_screen_t &screen = m_connection.screen();
-    m_window = xcb_generate_id(xcb);
+    const xcb_window_t window = xcb_generate_id(xcb);
+    m_isWallpaper = false;
     const QSize size = sizeOf(m_connection, screen.root);
     const std::array<quint32, 2> values = {XCB_BACK_PIXMAP_PARENT_RELATIVE, 1};
-    xcb_create_window(xcb, XCB_COPY_FROM_PARENT, m_window, screen.root, 0, 0, quint16(size.width()),
+    xcb_create_window(xcb, XCB_COPY_FROM_PARENT, window, screen.root, 0, 0, quint16(size.width()),
                       quint16(size.height()), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
                       XCB_CW_BACK_PIXMAP | XCB_CW_OVERRIDE_REDIRECT, values.data());
     const xcb_xfixes_region_t nothing = xcb_generate_id(xcb);
     xcb_xfixes_create_region(xcb, nothing, 0, nullptr);
-    xcb_xfixes_set_window_shape_region(xcb, m_window, XCB_SHAPE_SK_INPUT, 0, 0, nothing);
+    xcb_xfixes_set_window_shape_region(xcb, window, XCB_SHAPE_SK_INPUT, 0, 0, nothing);
     xcb_xfixes_destroy_region(xcb, nothing);
     const quint32 below = XCB_STACK_MODE_BELOW;
-    xcb_configure_window(xcb, m_window, XCB_CONFIG_WINDOW_STACK_MODE, &below);
-    xcb_map_window(xcb, m_window);
+    xcb_configure_window(xcb, window, XCB_CONFIG_WINDOW_STACK_MODE, &below);
+    xcb_map_window(xcb, window);
     const xcb_pixmap_t pixmap = xcb_generate_id(xcb);
-    xcb_composite_name_window_pixmap(xcb, m_window, pixmap);
+    xcb_composite_name_window_pixmap(xcb, window, pixmap);
+    xcb_destroy_window(xcb, window); // The pixmap stays.
     m_picture.emplace(m_connection, pixmap, formats.ofVisual(screen.root_visual), RenderPicture::Owns::Pixmap);
 }
 

@@ -22,8 +22,10 @@ Channels mean(const X11Cursor &cursor, double x, double y, double step)
 {
     Channels sum = {};
     for (int sample = 0; sample < samplesPerSide * samplesPerSide; ++sample) {
-        const int column = int(std::floor(x + step * (sample % samplesPerSide + 0.5) / samplesPerSide));
-        const int row = int(std::floor(y + step * (sample / samplesPerSide + 0.5) / samplesPerSide));
+        const int across = sample % samplesPerSide;
+        const int down = sample / samplesPerSide;
+        const int column = int(std::floor(x + step * (across + 0.5) / samplesPerSide));
+        const int row = int(std::floor(y + step * (down + 0.5) / samplesPerSide));
         if (column < 0 || row < 0 || column >= cursor.area.width() || row >= cursor.area.height())
             continue;
         const quint32 pixel = cursor.pixels[qsizetype(row) * cursor.area.width() + column];

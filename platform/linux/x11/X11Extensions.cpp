@@ -3,6 +3,8 @@
 
 #include <QStringList>
 
+#include <optional>
+
 #include <xcb/composite.h>
 #include <xcb/damage.h>
 #include <xcb/render.h>
@@ -13,18 +15,31 @@ namespace ardeno {
 
 namespace {
 
-// Whether the reply names at least this version; no reply means that the extension is missing.
-template <typename Reply>
-bool isAtLeast(Reply *reply, quint32 major, quint32 minor)
-{
-    const X11Reply<Reply> owned(reply);
-    return owned && (owned->major_version > major || (owned->major_version == major && owned->minor_version >= minor));
-}
-
 bool isPresent(xcb_connection_t *xcb, xcb_extension_t &extension)
 {
     const auto *data = xcb_get_extension_data(xcb, &extension);
     return data && data->present;
+}
+
+// The question for the version of an extension; absent when it is missing, because a request of a missing extension
+// ends the connection.
+template <typename Ask>
+auto asked(xcb_connection_t *xcb, xcb_extension_t &extension, const Ask &ask)
+{
+    return isPresent(xcb, extension) ? std::optional(ask(xcb)) : std::nullopt;
+}
+
+template <typename Reply, typename Cookie>
+X11Reply<Reply> answer(xcb_connection_t *xcb, const std::optional<Cookie> &question,
+                       Reply *(*read)(xcb_connection_t *, Cookie, xcb_generic_error_t **))
+{
+    return X11Reply<Reply>(question ? read(xcb, *question, nullptr) : nullptr);
+}
+
+template <typename Reply>
+bool isAtLeast(const X11Reply<Reply> &reply, quint32 major, quint32 minor)
+{
+    return reply && (reply->major_version > major || (reply->major_version == major && reply->minor_version >= minor));
 }
 
 } // namespace
@@ -49,29 +64,19 @@ X11Extensions X11Extensions::of(const X11Connection &connection)
     for (xcb_extension_t *extension : {&xcb_render_id, &xcb_composite_id, &xcb_xfixes_id, &xcb_damage_id, &xcb_shm_id})
         xcb_prefetch_extension_data(xcb, extension);
 
-    // A request of a missing extension ends the connection, so only those that are there are asked.
-    const bool render = isPresent(xcb, xcb_render_id);
-    const bool composite = isPresent(xcb, xcb_composite_id);
-    const bool fixes = isPresent(xcb, xcb_xfixes_id);
-    const bool damage = isPresent(xcb, xcb_damage_id);
-    const bool shm = isPresent(xcb, xcb_shm_id);
-    const auto renderVersion = render ? xcb_render_query_version(xcb, 0, 11) : xcb_render_query_version_cookie_t{};
-    const auto compositeVersion =
-        composite ? xcb_composite_query_version(xcb, 0, 4) : xcb_composite_query_version_cookie_t{};
-    const auto fixesVersion = fixes ? xcb_xfixes_query_version(xcb, 5, 0) : xcb_xfixes_query_version_cookie_t{};
-    const auto damageVersion = damage ? xcb_damage_query_version(xcb, 1, 1) : xcb_damage_query_version_cookie_t{};
-    const auto shmVersion = shm ? xcb_shm_query_version(xcb) : xcb_shm_query_version_cookie_t{};
+    const auto render = asked(xcb, xcb_render_id, [](auto *to) { return xcb_render_query_version(to, 0, 11); });
+    const auto composite = asked(xcb, xcb_composite_id, [](auto *to) { return xcb_composite_query_version(to, 0, 4); });
+    const auto fixes = asked(xcb, xcb_xfixes_id, [](auto *to) { return xcb_xfixes_query_version(to, 5, 0); });
+    const auto damage = asked(xcb, xcb_damage_id, [](auto *to) { return xcb_damage_query_version(to, 1, 1); });
+    const auto shm = asked(xcb, xcb_shm_id, [](auto *to) { return xcb_shm_query_version(to); });
 
     X11Extensions found;
-    found.hasRender = render && isAtLeast(xcb_render_query_version_reply(xcb, renderVersion, nullptr), 0, 10);
-    found.hasComposite =
-        composite && isAtLeast(xcb_composite_query_version_reply(xcb, compositeVersion, nullptr), 0, 2);
-    found.hasFixes = fixes && isAtLeast(xcb_xfixes_query_version_reply(xcb, fixesVersion, nullptr), 2, 0);
-    found.hasDamage = damage && isAtLeast(xcb_damage_query_version_reply(xcb, damageVersion, nullptr), 1, 0);
-    const X11Reply<xcb_shm_query_version_reply_t> memory(shm ? xcb_shm_query_version_reply(xcb, shmVersion, nullptr)
-                                                             : nullptr);
-    found.hasSharedMemory =
-        memory && (memory->major_version > 1 || (memory->major_version == 1 && memory->minor_version >= 2));
+    found.hasRender = isAtLeast(answer(xcb, render, xcb_render_query_version_reply), 0, 10);
+    found.hasComposite = isAtLeast(answer(xcb, composite, xcb_composite_query_version_reply), 0, 2);
+    found.hasFixes = isAtLeast(answer(xcb, fixes, xcb_xfixes_query_version_reply), 2, 0);
+    found.hasDamage = isAtLeast(answer(xcb, damage, xcb_damage_query_version_reply), 1, 0);
+    const auto memory = answer(xcb, shm, xcb_shm_query_version_reply);
+    found.hasSharedMemory = isAtLeast(memory, 1, 2);
     found.hasSharedPixmaps =
         found.hasSharedMemory && memory->shared_pixmaps && memory->pixmap_format == XCB_IMAGE_FORMAT_Z_PIXMAP;
     if (damage)

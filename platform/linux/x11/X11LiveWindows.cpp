@@ -3,13 +3,29 @@
 
 #include "platform/linux/x11/WindowOwners.h"
 #include "platform/linux/x11/WindowTree.h"
+#include "platform/linux/x11/X11Property.h"
 #include "platform/linux/x11/X11Windows.h"
 
 #include <utility>
+#include <vector>
 
 namespace ardeno {
 
 namespace {
+
+// What a window says of itself beside what all windows say.
+struct LiveHints {
+    LiveHints(const X11Connection &connection, xcb_window_t window)
+        : leader(connection, window, xcb_atom_t(XCB_ATOM_WM_TRANSIENT_FOR)),
+          busName(connection, window, X11Atom::GtkUniqueBusName),
+          objectPath(connection, window, X11Atom::GtkWindowObjectPath)
+    {
+    }
+
+    X11Property leader;
+    X11Property busName;
+    X11Property objectPath;
+};
 
 std::optional<QList<LiveWindow>> liveWindows(const X11Connection &connection, DesktopEntries &entries)
 {
@@ -17,8 +33,14 @@ std::optional<QList<LiveWindow>> liveWindows(const X11Connection &connection, De
         return std::nullopt;
     const QList<xcb_window_t> clients = WindowTree::clients(connection);
     const QHash<xcb_window_t, WindowOwner> owners = WindowOwners(connection, entries).owners(clients);
+    std::vector<LiveHints> hints;
+    hints.reserve(clients.size());
+    for (const xcb_window_t client : clients)
+        hints.emplace_back(connection, client);
     QList<LiveWindow> windows;
+    qsizetype index = 0;
     for (const X11WindowFacts &facts : readWindowFacts(connection, clients)) {
+        LiveHints &own = hints[index++];
         if (!facts.frame)
             continue;
         const WindowOwner owner = owners.value(facts.window);
@@ -27,6 +49,11 @@ std::optional<QList<LiveWindow>> liveWindows(const X11Connection &connection, De
             .applicationID = owner.applicationID.value_or(QString()),
             .title = facts.title,
             .frame = *facts.frame,
+            .windowID = facts.window,
+            .applicationName = owner.applicationName,
+            .isDialog = own.leader.cardinal().value_or(XCB_NONE) != XCB_NONE,
+            .busName = own.busName.text().value_or(QString()),
+            .objectPath = own.objectPath.text().value_or(QString()),
         });
     }
     return windows;

@@ -16,41 +16,28 @@ namespace {
 // How often a picture is begun anew because a window has come that nobody has judged yet.
 constexpr int mostAttempts = 5;
 
-bool knowsAll(const WindowChoice &choice, const QList<TopLevel> &windows)
-{
-    return std::all_of(windows.cbegin(), windows.cend(),
-                       [&](const TopLevel &window) { return choice.knows(window.id); });
-}
-
-// Whether the screen may show something that must be left out. A compositing manager shows windows for a while after
-// they have gone, so there it is enough that there might have been one.
-bool mayShowLeftOut(const WindowChoice &choice, const QList<TopLevel> &windows, const Exclusion &exclusion)
-{
-    const bool lingers = choice.isComposited;
-    if (lingers && !exclusion.appIDs.isEmpty())
-        return true;
-    return std::any_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
-        return (window.isViewable || lingers) && choice.leftOut.contains(window.id);
-    });
-}
-
-bool hasUsualPixels(const xcb_setup_t &setup, const xcb_screen_t &screen)
-{
-    const xcb_format_t *formats = xcb_setup_pixmap_formats(&setup);
-    const auto *end = formats + xcb_setup_pixmap_formats_length(&setup);
-    const bool isWide = std::any_of(formats, end, [&](const xcb_format_t &format) {
-        return format.depth == screen.root_depth && format.bits_per_pixel == 32;
-    });
-    for (auto depth = xcb_screen_allowed_depths_iterator(&screen); isWide && depth.rem > 0; xcb_depth_next(&depth)) {
-        const xcb_visualtype_t *visuals = xcb_depth_visuals(depth.data);
-        for (int i = 0; i < xcb_depth_visuals_length(depth.data); ++i) {
-            if (visuals[i].visual_id == screen.root_visual)
-                return visuals[i].red_mask == 0xff0000 && visuals[i].green_mask == 0xff00 &&
-                       visuals[i].blue_mask == 0xff;
-        }
+// Counts the windows that go from now on.
+class DepartureCount final {
+public:
+    explicit DepartureCount(const X11Connection &connection) : m_connection(connection)
+    {
+        const quint32 changes = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+        xcb_change_window_attributes(connection.xcb(), connection.root(), XCB_CW_EVENT_MASK, &changes);
     }
-    return false;
-}
+
+    quint64 operator()()
+    {
+        xcb_connection_t *xcb = m_connection.xcb();
+        for (X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(xcb)); event;
+             event.reset(xcb_poll_for_queued_event(xcb)))
+            m_count += (event->response_type & 0x7f) == XCB_DESTROY_NOTIFY ? 1 : 0;
+        return m_count;
+    }
+
+private:
+    const X11Connection &m_connection;
+    quint64 m_count = 0;
+};
 
 } // namespace
 
@@ -62,7 +49,9 @@ X11Picture::X11Picture(CanvasRequest request, Exclusion exclusion, DesktopEntrie
 std::optional<Canvas> X11Picture::ofScreen(const X11Connection &connection, const X11Extensions &extensions)
 {
     const IsClean always = [](const WindowChoice &, const QList<TopLevel> &) { return true; };
-    return screenIf(always, connection, extensions);
+    auto canvas = screenIf(always, DepartureCount(connection), connection, extensions);
+    m_departures = 0; // A redirection that takes the connection over begins to count with what has not been read.
+    return canvas;
 }
 
 std::optional<Canvas> X11Picture::ofScreen(X11Redirection &redirection)
@@ -73,43 +62,70 @@ std::optional<Canvas> X11Picture::ofScreen(X11Redirection &redirection)
             return redirection.untrusted(window.id, choice.allowed).isEmpty();
         });
     };
-    return screenIf(showsThemselves, redirection.connection(), redirection.extensions());
+    const Departures departures = [&] {
+        redirection.processEvents();
+        return redirection.departures();
+    };
+    return screenIf(showsThemselves, departures, redirection.connection(), redirection.extensions());
 }
 
-std::optional<Canvas> X11Picture::screenIf(const IsClean &isClean, const X11Connection &connection,
-                                           const X11Extensions &extensions)
+std::optional<Canvas> X11Picture::screenIf(const IsClean &isClean, const Departures &departures,
+                                           const X11Connection &connection, const X11Extensions &extensions)
 {
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        const quint64 before = departures();
         const QList<TopLevel> windows = topLevels(connection);
-        const WindowChoice &choice = m_choice.emplace(chooseWindows(connection, m_entries, windows, m_exclusion));
-        if (mayShowLeftOut(choice, windows, m_exclusion))
+        choose(connection, windows, before);
+        if (mayShowLeftOut(*m_choice, windows, m_exclusion))
             return std::nullopt;
         std::optional<ServerGrab> grab(connection);
         const Moment now = moment(connection, extensions);
-        if (!knowsAll(choice, now.windows))
+        if (!knowsAll(now.windows, departures()))
             continue;
-        if (!isClean(choice, now.windows))
+        // One that was hidden when it was judged may have been shown since.
+        if (mayShowLeftOut(*m_choice, now.windows, m_exclusion) || !isClean(*m_choice, now.windows))
             return std::nullopt;
         return grabbedScreen(connection, extensions, now, grab);
     }
+    m_choice.reset();
     return std::nullopt;
+}
+
+void X11Picture::choose(const X11Connection &connection, const QList<TopLevel> &windows, quint64 departures)
+{
+    m_choice = chooseWindows(connection, m_entries, windows, m_exclusion);
+    m_departures = departures;
+}
+
+bool X11Picture::knowsAll(const QList<TopLevel> &windows, quint64 departures) const
+{
+    return departures == m_departures && std::all_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
+               return m_choice->knows(window.id);
+           });
 }
 
 Canvas X11Picture::ofWindows(X11Redirection &redirection)
 {
     const X11Connection &connection = redirection.connection();
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        const quint64 departures = redirection.departures();
         if (!m_choice)
-            m_choice = chooseWindows(connection, m_entries, topLevels(connection), m_exclusion);
+            choose(connection, topLevels(connection), departures);
         waitForDrawing(redirection, *m_choice, displayAreas());
-        if (auto canvas = grabbedWindows(redirection, *m_choice))
-            return std::move(*canvas);
+        std::optional<ServerGrab> grab(connection);
+        const Moment now = moment(connection, redirection.extensions());
+        redirection.processAllEvents();
+        if (knowsAll(now.windows, redirection.departures()))
+            return grabbedWindows(redirection, now, grab);
         m_choice.reset();
     }
-    // Windows come and go faster than they can be judged, so the server must stand still for that, too.
-    const ServerGrab grab(connection);
-    m_choice = chooseWindows(connection, m_entries, topLevels(connection), m_exclusion);
-    return grabbedWindows(redirection, *m_choice).value_or(Canvas());
+    // Windows come and go faster than they can be judged, so the server must stand still for that, too. Then windows
+    // may still go, with programs that end, but none comes.
+    std::optional<ServerGrab> grab(connection);
+    choose(connection, topLevels(connection), redirection.departures());
+    const Moment now = moment(connection, redirection.extensions());
+    redirection.processAllEvents();
+    return grabbedWindows(redirection, now, grab);
 }
 
 X11Picture::Moment X11Picture::moment(const X11Connection &connection, const X11Extensions &extensions) const
@@ -148,28 +164,22 @@ Canvas X11Picture::grabbedScreen(const X11Connection &connection, const X11Exten
     return finished(connection, canvas.pixels(), now.cursor);
 }
 
-std::optional<Canvas> X11Picture::grabbedWindows(X11Redirection &redirection, const WindowChoice &choice) const
+Canvas X11Picture::grabbedWindows(X11Redirection &redirection, const Moment &now, std::optional<ServerGrab> &grab) const
 {
     const X11Connection &connection = redirection.connection();
     const RenderFormats formats(connection);
-    std::optional<ServerGrab> grab(connection);
-    Moment now = moment(connection, redirection.extensions());
-    if (!knowsAll(choice, now.windows))
-        return std::nullopt;
-    redirection.processAllEvents();
-    // The window below it chose the pointer's picture.
-    if (choice.leftOut.contains(now.cursor.under))
-        now.cursor = {};
-
     X11Canvas canvas(connection, redirection.extensions(), formats, m_request);
     {
-        const X11Scene scene(redirection, formats, now.windows, choice, m_request.backgroundGrey);
+        const X11Background background(connection, formats, m_choice->isComposited);
+        const X11Scene scene(redirection, formats, now.windows, *m_choice, background, m_request.backgroundGrey);
         drawDisplays(canvas, [&](const RenderPicture &picture, const QRect &area, const QPoint &at) {
             scene.draw(picture, area, at);
         });
     }
     grab.reset();
-    return finished(connection, canvas.pixels(), now.cursor);
+    // The window below it chose the pointer's picture.
+    const bool showsPointer = !m_choice->leftOut.contains(now.cursor.under);
+    return finished(connection, canvas.pixels(), showsPointer ? now.cursor : X11Cursor());
 }
 
 void X11Picture::drawDisplays(X11Canvas &canvas, const PaintDesktop &paint) const
@@ -198,7 +208,7 @@ bool X11Picture::isScreenItself(const X11Connection &connection) const
     const DisplayPlacement &only = m_request.placements.first();
     return X11Canvas::isUnscaled(only) && only.target.x == 0 && only.target.y == 0 &&
            X11Canvas::screenArea(only.display).size() == m_request.size &&
-           hasUsualPixels(*xcb_get_setup(connection.xcb()), connection.screen());
+           hasUsualPixels(connection);
 }
 
 void X11Picture::requireSameDisplays(const X11Connection &connection) const

@@ -33,15 +33,20 @@ private:
         X11Cursor cursor = {};
     };
 
-    Moment moment(const X11Connection &connection, const X11Extensions &extensions) const;
+    // How many windows are gone by now. The server soon gives their numbers to windows of others, so a choice holds
+    // only until the next one goes.
+    using Departures = std::function<quint64()>;
     using IsClean = std::function<bool(const WindowChoice &, const QList<TopLevel> &)>;
 
-    std::optional<Canvas> screenIf(const IsClean &isClean, const X11Connection &connection,
-                                   const X11Extensions &extensions);
+    Moment moment(const X11Connection &connection, const X11Extensions &extensions) const;
+    void choose(const X11Connection &connection, const QList<TopLevel> &windows, quint64 departures);
+    bool knowsAll(const QList<TopLevel> &windows, quint64 departures) const;
+    std::optional<Canvas> screenIf(const IsClean &isClean, const Departures &departures,
+                                   const X11Connection &connection, const X11Extensions &extensions);
     // Lets the server go as soon as everything is drawn.
     Canvas grabbedScreen(const X11Connection &connection, const X11Extensions &extensions, const Moment &now,
                          std::optional<ServerGrab> &grab) const;
-    std::optional<Canvas> grabbedWindows(X11Redirection &redirection, const WindowChoice &choice) const;
+    Canvas grabbedWindows(X11Redirection &redirection, const Moment &now, std::optional<ServerGrab> &grab) const;
     void drawDisplays(X11Canvas &canvas, const PaintDesktop &paint) const;
     // Checks the displays once more and adds the pointer.
     Canvas finished(const X11Connection &connection, const FetchedPixels &pixels, const X11Cursor &cursor) const;
@@ -52,6 +57,7 @@ private:
     CanvasRequest m_request;
     Exclusion m_exclusion;
     std::optional<WindowChoice> m_choice = {}; // Of the last attempt; new windows are not in it.
+    quint64 m_departures = 0;                  // When the choice was made.
     DesktopEntries &m_entries;
 };
 

@@ -7,6 +7,8 @@
 
 #include <QtEndian>
 
+#include <algorithm>
+
 #include <xcb/shm.h>
 
 namespace ardeno {
@@ -66,6 +68,26 @@ FetchedPixels fetchPixels(const X11Connection &connection, xcb_drawable_t drawab
         pixels = fetchThroughSocket(connection, drawable, area);
     toLittleEndian(connection, pixels);
     return pixels;
+}
+
+bool hasUsualPixels(const X11Connection &connection)
+{
+    const xcb_setup_t &setup = *xcb_get_setup(connection.xcb());
+    const xcb_screen_t &screen = connection.screen();
+    const xcb_format_t *formats = xcb_setup_pixmap_formats(&setup);
+    const auto *end = formats + xcb_setup_pixmap_formats_length(&setup);
+    const bool isWide = std::any_of(formats, end, [&](const xcb_format_t &format) {
+        return format.depth == screen.root_depth && format.bits_per_pixel == 32;
+    });
+    for (auto depth = xcb_screen_allowed_depths_iterator(&screen); isWide && depth.rem > 0; xcb_depth_next(&depth)) {
+        const xcb_visualtype_t *visuals = xcb_depth_visuals(depth.data);
+        for (int i = 0; i < xcb_depth_visuals_length(depth.data); ++i) {
+            if (visuals[i].visual_id == screen.root_visual)
+                return visuals[i].red_mask == 0xff0000 && visuals[i].green_mask == 0xff00 &&
+                       visuals[i].blue_mask == 0xff;
+        }
+    }
+    return false;
 }
 
 void toLittleEndian(const X11Connection &connection, const FetchedPixels &pixels)

@@ -24,6 +24,9 @@ struct FetchedPixels {
 FetchedPixels fetchPixels(const X11Connection &connection, xcb_drawable_t drawable, const QRect &area,
                           PixelTransport transport);
 
+// Whether the screen itself has such pixels, so that they can be fetched from the root window.
+bool hasUsualPixels(const X11Connection &connection);
+
 // Brings the bytes of each pixel in order when the server keeps them the other way round.
 void toLittleEndian(const X11Connection &connection, const FetchedPixels &pixels);
 

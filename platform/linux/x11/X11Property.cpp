@@ -5,7 +5,6 @@
 
 #include <QStringDecoder>
 
-#include <cstring>
 #include <utility>
 
 namespace ardeno {
@@ -142,9 +141,8 @@ std::optional<QList<quint32>> X11Property::cardinalsIfSet()
     const auto reply = take();
     if (!reply || reply->format != 32)
         return std::nullopt;
-    QList<quint32> values(xcb_get_property_value_length(reply.get()) / static_cast<int>(sizeof(quint32)));
-    std::memcpy(values.data(), xcb_get_property_value(reply.get()), values.size() * sizeof(quint32));
-    return values;
+    const auto *values = static_cast<const quint32 *>(xcb_get_property_value(reply.get()));
+    return QList<quint32>(values, values + xcb_get_property_value_length(reply.get()) / int(sizeof *values));
 }
 
 QList<quint32> X11Property::cardinals()

@@ -155,9 +155,26 @@ void X11Redirection::handle(const xcb_generic_event_t &event)
     handleBelowRoot(event);
 }
 
+// Made on this connection for a picture, and never seen.
+bool X11Redirection::isOwn(xcb_window_t id) const
+{
+    const xcb_setup_t &setup = *xcb_get_setup(m_connection.xcb());
+    return (id & ~setup.resource_id_mask) == setup.resource_id_base;
+}
+
 void X11Redirection::handleBelowRoot(const xcb_generic_event_t &event)
 {
     const xcb_window_t id = reinterpret_cast<const xcb_map_notify_event_t &>(event).window;
+    const quint8 type = event.response_type & withoutSendFlag;
+    if (type != XCB_CONFIGURE_NOTIFY && type != XCB_GRAVITY_NOTIFY && type != XCB_CIRCULATE_NOTIFY && !isOwn(id))
+        ++m_revision;
+    const QRect before = m_pixels.placeOf(id);
+    handleChange(event, id);
+    expectExposure(id, before);
+}
+
+void X11Redirection::handleChange(const xcb_generic_event_t &event, xcb_window_t id)
+{
     switch (event.response_type & withoutSendFlag) {
     case XCB_CREATE_NOTIFY:
         return handleCreate(reinterpret_cast<const xcb_create_notify_event_t &>(event));
@@ -169,6 +186,7 @@ void X11Redirection::handleBelowRoot(const xcb_generic_event_t &event)
         m_awaited.remove(id);
         return m_watch.stop(id);
     case XCB_DESTROY_NOTIFY:
+        ++m_departures;
         return forget(id);
     case XCB_CONFIGURE_NOTIFY:
         return handleConfigure(reinterpret_cast<const xcb_configure_notify_event_t &>(event));
@@ -179,11 +197,25 @@ void X11Redirection::handleBelowRoot(const xcb_generic_event_t &event)
     }
 }
 
+// When a window goes or moves, the server reports as drawn what comes to light below it, even where nobody draws. A
+// first report there says nothing, therefore.
+void X11Redirection::expectExposure(xcb_window_t above, const QRect &before)
+{
+    X11Region uncovered = before;
+    uncovered.subtract(m_pixels.placeOf(above));
+    if (uncovered.isEmpty())
+        return;
+    for (auto below = m_awaited.begin(); below != m_awaited.end(); ++below) {
+        const QRect place = m_pixels.placeOf(below.key());
+        if (below.key() != above && !m_pixels.isClean(below.key()))
+            below->uncovered.add(uncovered.intersected(place).translated(-place.topLeft()));
+    }
+}
+
 void X11Redirection::handleCreate(const xcb_create_notify_event_t &event)
 {
-    const xcb_setup_t &setup = *xcb_get_setup(m_connection.xcb());
-    if ((event.window & ~setup.resource_id_mask) == setup.resource_id_base)
-        return; // Made on this connection for a picture, and never seen.
+    if (isOwn(event.window))
+        return;
     m_borders.insert(event.window, event.border_width);
     m_pixels.add(event.window, outerRectangle(event.x, event.y, event.width, event.height, event.border_width), false);
     m_watch.follow(event.window);
@@ -220,10 +252,15 @@ void X11Redirection::handleDrawing(const xcb_damage_notify_event_t &event, quint
         return;
     const xcb_window_t id = event.drawable;
     const int border = m_borders.value(id);
-    const QRect drawn(event.area.x + border, event.area.y + border, event.area.width, event.area.height);
-    m_pixels.draw(id, drawn);
+    X11Region drawn = QRect(event.area.x + border, event.area.y + border, event.area.width, event.area.height);
+    Awaited &awaitedHere = m_awaited[id];
+    const X11Region exposed = awaitedHere.uncovered.intersected(drawn);
+    awaitedHere.uncovered.subtract(drawn);
+    drawn.subtract(exposed);
+    for (const QRect &rectangle : drawn.rectangles())
+        m_pixels.draw(id, rectangle);
     if (!m_onlyServerDraws)
-        m_awaited[id].region.subtract(drawn);
+        awaitedHere.region.subtract(drawn);
     if (m_pixels.isClean(id) && awaited(id).isEmpty())
         m_watch.stop(id);
 }

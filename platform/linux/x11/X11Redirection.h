@@ -36,6 +36,9 @@ public:
     // Waits until the server reports something. False when the time came first or the connection is lost.
     bool waitForEvents(Clock::time_point until);
 
+    // How many windows are gone by now, as far as has been reported.
+    quint64 departures() const { return m_departures; }
+
     // Whether every window shows only itself, as far as has been reported.
     bool isClean() const;
 
@@ -48,12 +51,16 @@ public:
     // What was uncovered by the redirection and not drawn by the window's owner since.
     X11Region awaited(xcb_window_t window) const { return m_awaited.value(window).region; }
 
+    // Changes with every window that comes, goes or passes into other hands, as far as has been reported.
+    quint32 revision() const { return m_revision; }
+
     // Until when it is worth waiting for the window's owner.
     Clock::time_point patience(xcb_window_t window) const;
 
 private:
     struct Awaited {
         X11Region region = {};
+        X11Region uncovered = {}; // What the server will report as drawn because it was uncovered, which it was not.
         Clock::time_point since = {}; // When the window last got pixels that are not its own.
     };
 
@@ -62,9 +69,12 @@ private:
     void inheritCovered(const QList<TopLevel> &windows);
     void watchUnlessClean(xcb_window_t id);
     void forget(xcb_window_t id);
+    void expectExposure(xcb_window_t above, const QRect &before);
 
     void handle(const xcb_generic_event_t &event);
+    bool isOwn(xcb_window_t id) const;
     void handleBelowRoot(const xcb_generic_event_t &event);
+    void handleChange(const xcb_generic_event_t &event, xcb_window_t id);
     void handleCreate(const xcb_create_notify_event_t &event);
     void handleConfigure(const xcb_configure_notify_event_t &event);
     void handleReparent(const xcb_reparent_notify_event_t &event);
@@ -78,7 +88,9 @@ private:
     InheritedPixels m_pixels = {};
     QHash<xcb_window_t, int> m_borders = {};
     QHash<xcb_window_t, Awaited> m_awaited = {};
+    quint64 m_departures = 0;
     bool m_onlyServerDraws = false;
+    quint32 m_revision = 0;
 };
 
 // Keeps other clients waiting, so that windows and pixels stay as they are. Keep it short.

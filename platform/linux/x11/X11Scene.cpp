@@ -62,12 +62,10 @@ void waitForDrawing(X11Redirection &redirection, const WindowChoice &choice, con
 }
 
 X11Scene::X11Scene(const X11Redirection &redirection, const RenderFormats &formats, const QList<TopLevel> &windows,
-                   const WindowChoice &choice, quint8 grey)
+                   const WindowChoice &choice, const X11Background &background, quint8 grey)
     : m_connection(redirection.connection()),
       m_hasCompositor(choice.isComposited),
-      m_background(m_connection, formats,
-                   m_hasCompositor ? X11Background::CompositingManager::Running
-                                   : X11Background::CompositingManager::Absent),
+      m_background(background),
       m_grey(grey)
 {
     const QList<X11Region> shapes = outlines(m_connection, windows);

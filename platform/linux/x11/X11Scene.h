@@ -15,9 +15,9 @@ namespace ardeno {
 class X11Scene final {
 public:
     // Windows are viewable ones from the bottom to the top. What may show pixels of a window that is left out is
-    // filled with this level of grey.
+    // filled with this level of grey. The background outlives the scene.
     X11Scene(const X11Redirection &redirection, const RenderFormats &formats, const QList<TopLevel> &windows,
-             const WindowChoice &choice, quint8 grey);
+             const WindowChoice &choice, const X11Background &background, quint8 grey);
 
     // See PaintDesktop.
     void draw(const RenderPicture &picture, const QRect &area, const QPoint &at) const;
@@ -36,7 +36,7 @@ private:
 
     const X11Connection &m_connection;
     bool m_hasCompositor;
-    X11Background m_background;
+    const X11Background &m_background;
     std::vector<Layer> m_layers = {};
     quint8 m_grey;
 };

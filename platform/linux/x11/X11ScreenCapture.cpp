@@ -3,7 +3,6 @@
 
 #include "platform/linux/x11/X11Displays.h"
 #include "platform/linux/x11/X11Picture.h"
-#include "platform/linux/x11/X11RedirectionHold.h"
 #include "support/Failure.h"
 #include "support/InWorker.h"
 
@@ -14,28 +13,25 @@ namespace ardeno {
 
 // What pictures need; each is taken with a connection of its own, on whatever thread it is taken.
 struct X11ScreenCapture::Worker {
-    Worker(QString id, QByteArray name) : ownAppID(std::move(id)), displayName(std::move(name)) {}
+    Worker(QString id, std::shared_ptr<X11RedirectionKeeper> redirections)
+        : ownAppID(std::move(id)), keeper(std::move(redirections)), displayName(keeper->displayName())
+    {
+    }
 
     Canvas picture(const CanvasRequest &request);
 
     const QString ownAppID;
+    const std::shared_ptr<X11RedirectionKeeper> keeper;
     const QByteArray displayName;
     std::mutex mutex = {}; // Of what follows: one picture at a time.
     DesktopEntries entries = {};
-    std::mutex holdMutex = {}; // Of the pointer alone.
-    std::shared_ptr<X11RedirectionHold> hold = {};
 };
 
 Canvas X11ScreenCapture::Worker::picture(const CanvasRequest &request)
 {
     const std::scoped_lock lock(mutex);
     X11Picture picture(request, {ownAppID, request.excludedAppIDs}, entries);
-    std::shared_ptr<X11RedirectionHold> held;
-    {
-        const std::scoped_lock holdLock(holdMutex);
-        held = hold;
-    }
-    if (held && held->isAlive()) {
+    if (const std::shared_ptr<X11RedirectionHold> held = keeper->present()) {
         const X11RedirectionHold::Use use = held->use();
         auto canvas = picture.ofScreen(use.redirection);
         if (!canvas)
@@ -51,7 +47,12 @@ Canvas X11ScreenCapture::Worker::picture(const CanvasRequest &request)
 }
 
 X11ScreenCapture::X11ScreenCapture(const QString &ownAppID, const QByteArray &displayName)
-    : m_worker(std::make_shared<Worker>(ownAppID, displayName))
+    : X11ScreenCapture(ownAppID, std::make_shared<X11RedirectionKeeper>(displayName))
+{
+}
+
+X11ScreenCapture::X11ScreenCapture(const QString &ownAppID, std::shared_ptr<X11RedirectionKeeper> keeper)
+    : m_worker(std::make_shared<Worker>(ownAppID, std::move(keeper)))
 {
 }
 
@@ -97,18 +98,11 @@ QList<CaptureDisplay> X11ScreenCapture::displays()
 
 void X11ScreenCapture::prepareExclusion(const QSet<QString> &appIDs)
 {
-    std::shared_ptr<X11RedirectionHold> held;
-    if (!appIDs.isEmpty()) {
-        try {
-            held = m_worker->hold && m_worker->hold->isAlive()
-                       ? m_worker->hold
-                       : std::make_shared<X11RedirectionHold>(m_worker->displayName);
-        } catch (const Failure &) {
-            held = nullptr; // exclusionAvailability() says why; a picture that needs it fails with the same reason.
-        }
-    }
-    const std::scoped_lock lock(m_worker->holdMutex);
-    std::swap(m_worker->hold, held);
+    // exclusionAvailability() says why when it cannot; a picture that needs it fails with the same reason.
+    if (appIDs.isEmpty())
+        m_worker->keeper->dismiss();
+    else
+        m_worker->keeper->keep();
 }
 
 QCoro::Task<Canvas> X11ScreenCapture::compose(CanvasRequest request)

@@ -102,6 +102,19 @@ struct BrowserFixture {
         CHECK(listed() == expected);
     }
 
+    // The titles of the windows that certainly show no private page, in the order of the alphabet.
+    QStringList ordinaryTitles(const QString &browserID)
+    {
+        const auto ordinary = finish(source.ordinaryWindows(browserID)).value_or(QSet<quint32>());
+        QStringList titles;
+        for (const LiveWindow &window : liveWindows().value_or(QList<LiveWindow>())) {
+            if (ordinary.contains(window.windowID))
+                titles += window.title;
+        }
+        titles.sort();
+        return titles;
+    }
+
     bool hasWindow(const QString &titleStart)
     {
         const auto windows = liveWindows().value_or(QList<LiveWindow>());

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/Command.h"
+
+#include <QStringList>
+
+#include <optional>
+
+namespace ardeno {
+
+// Commands for the application that runs.
+namespace BusClient {
+
+// Has the running application carry out the command and prints what it wrote. Absent when none runs, or when it cannot
+// be reached: then the library's lock tells who is in the way.
+std::optional<ExitStatus> run(const QStringList &arguments);
+
+// Starts the application without a window and returns when it serves commands. Throws Failure.
+void startApplication();
+
+} // namespace BusClient
+
+} // namespace ardeno

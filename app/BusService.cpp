@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/BusService.h"
+
+#include "app/BusNames.h"
+
+#include <QDBusError>
+#include <QFile>
+#include <QMetaObject>
+
+#include <utility>
+
+namespace ardeno {
+
+namespace {
+
+constexpr const char *wrongArguments = "org.freedesktop.DBus.Error.InvalidArgs";
+constexpr const char *refused = "org.ardeno.Ardeno.Error.NotAvailable";
+
+} // namespace
+
+BusService::BusService(const QDBusConnection &connection, Actions actions)
+    : m_connection(connection), m_actions(std::move(actions))
+{
+}
+
+bool BusService::begin()
+{
+    // Whoever sees the name finds the object.
+    return m_connection.registerVirtualObject(bus::path, this) && m_connection.registerService(bus::service);
+}
+
+void BusService::finishWith(const std::function<void()> &last)
+{
+    if (std::exchange(m_isFinishing, true))
+        return;
+    enqueue(last);
+}
+
+QString BusService::introspect(const QString &) const
+{
+    QFile description(":/bus/org.ardeno.Ardeno.xml");
+    if (!description.open(QIODevice::ReadOnly))
+        return {};
+    // Only the interfaces: the bus library writes the rest.
+    const QString text = QString::fromUtf8(description.readAll());
+    const qsizetype from = text.indexOf("<node>") + 6;
+    return text.mid(from, text.lastIndexOf("</node>") - from);
+}
+
+bool BusService::handleMessage(const QDBusMessage &message, const QDBusConnection &)
+{
+    if (message.type() != QDBusMessage::MethodCallMessage)
+        return false;
+    if (message.interface() == bus::application)
+        return handleApplication(message);
+    if (message.interface() != bus::commandLine || message.member() != "Run")
+        return false;
+    if (message.signature() != "as")
+        m_connection.send(message.createErrorReply(wrongArguments, "Run takes a list of texts."));
+    else
+        enqueue([this, message] { carryOut(message); });
+    return true;
+}
+
+bool BusService::handleApplication(const QDBusMessage &message)
+{
+    const QString member = message.member();
+    if (member != "Activate" && member != "Open" && member != "ActivateAction")
+        return false;
+    const bool isAction = member == "ActivateAction";
+    const QString action = isAction ? message.arguments().value(0).toString() : QString();
+    if (isAction && action == "stop-recording" && m_actions.stopRecording) {
+        enqueue(m_actions.stopRecording);
+    } else if (!isAction && m_actions.activate) {
+        enqueue(m_actions.activate);
+    } else {
+        const QString reason =
+            isAction ? u"There is no action “%1”."_qs.arg(action) : u"Ardeno runs without a window."_qs;
+        m_connection.send(message.createErrorReply(refused, reason));
+        return true;
+    }
+    m_connection.send(message.createReply());
+    return true;
+}
+
+void BusService::carryOut(const QDBusMessage &message)
+{
+    const CommandAnswer answer = m_actions.run(message.arguments().value(0).toStringList());
+    m_connection.send(message.createReply({answer.status, answer.output, answer.errors}));
+}
+
+void BusService::enqueue(const std::function<void()> &work)
+{
+    m_queue.enqueue(work);
+    QMetaObject::invokeMethod(this, [this] { workOff(); }, Qt::QueuedConnection);
+}
+
+// A command that waits runs the event loop, and what is asked for meanwhile waits here.
+void BusService::workOff()
+{
+    if (std::exchange(m_isWorking, true))
+        return;
+    while (!m_queue.isEmpty())
+        m_queue.dequeue()();
+    m_isWorking = false;
+}
+
+} // namespace ardeno

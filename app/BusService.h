@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QQueue>
+#include <QStringList>
+
+#include <functional>
+
+namespace ardeno {
+
+// What a command wrote and how it ended.
+struct CommandAnswer {
+    int status = 0;
+    QByteArray output = {};
+    QByteArray errors = {};
+};
+
+// The application on the session bus. Commands are carried out one after the other, on the main thread, also while one
+// of them waits for the system.
+class BusService final : public QDBusVirtualObject {
+public:
+    struct Actions {
+        std::function<CommandAnswer(const QStringList &)> run = {};
+        std::function<void()> activate = {}; // Brings the window to the front; empty where there is none.
+        std::function<void()> stopRecording = {};
+    };
+
+    BusService(const QDBusConnection &connection, Actions actions);
+
+    // Takes the application's name. False when another program has it.
+    bool begin();
+
+    // Runs after everything that has been asked for before, as the last thing.
+    void finishWith(const std::function<void()> &last);
+
+    QString introspect(const QString &path) const override;
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
+
+private:
+    bool handleApplication(const QDBusMessage &message);
+    void enqueue(const std::function<void()> &work);
+    void workOff();
+    void carryOut(const QDBusMessage &message);
+
+    QDBusConnection m_connection;
+    Actions m_actions;
+    QQueue<std::function<void()>> m_queue = {};
+    bool m_isWorking = false;
+    bool m_isFinishing = false;
+};
+
+} // namespace ardeno

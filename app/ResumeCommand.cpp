@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Output.h"
+#include "app/StoreAccess.h"
+#include "platform/MakeDesktop.h"
+#include "support/Finish.h"
+#include "support/Text.h"
+
+#include <algorithm>
+
+namespace ardeno {
+
+namespace {
+
+// What "resume --json" prints.
+struct PlanResult {
+    QStringList activeApps = {};
+    QStringList appsToOpen = {};
+    QStringList unavailableApps = {};
+    QList<QUuid> activeTabs = {};
+    QList<QUuid> tabsToOpen = {};
+    QList<QUuid> duplicateTabs = {};
+    QList<QUuid> unverifiedTabs = {};
+    QList<QUuid> unavailableTabs = {};
+    std::optional<QString> tabCheckWarning = {};
+
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            Field{"activeApps", &PlanResult::activeApps},
+            Field{"appsToOpen", &PlanResult::appsToOpen},
+            Field{"unavailableApps", &PlanResult::unavailableApps},
+            Field{"activeTabs", &PlanResult::activeTabs},
+            Field{"tabsToOpen", &PlanResult::tabsToOpen},
+            Field{"duplicateTabs", &PlanResult::duplicateTabs},
+            Field{"unverifiedTabs", &PlanResult::unverifiedTabs},
+            Field{"unavailableTabs", &PlanResult::unavailableTabs},
+            Field{"tabCheckWarning", &PlanResult::tabCheckWarning},
+        };
+    }
+};
+
+struct OutcomeResult {
+    qint64 openedApps = 0;
+    qint64 openedTabs = 0;
+    qint64 alreadyActive = 0;
+    qint64 unavailable = 0;
+    qint64 windowsRestored = 0;
+    QList<SkippedWindow> windowsSkipped = {};
+    qint64 folders = 0;
+    qint64 documents = 0;
+    QStringList failures = {};
+
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            Field{"openedApps", &OutcomeResult::openedApps},
+            Field{"openedTabs", &OutcomeResult::openedTabs},
+            Field{"alreadyActive", &OutcomeResult::alreadyActive},
+            Field{"unavailable", &OutcomeResult::unavailable},
+            Field{"windowsRestored", &OutcomeResult::windowsRestored},
+            Field{"windowsSkipped", &OutcomeResult::windowsSkipped},
+            Field{"folders", &OutcomeResult::folders},
+            Field{"documents", &OutcomeResult::documents},
+            Field{"failures", &OutcomeResult::failures},
+        };
+    }
+};
+
+struct ResumeResult {
+    PlanResult plan = {};
+    std::optional<OutcomeResult> outcome = {}; // Absent when nothing was to be opened but only told.
+    QString notice = {};
+
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            Field{"plan", &ResumeResult::plan},
+            Field{"outcome", &ResumeResult::outcome},
+            Field{"notice", &ResumeResult::notice},
+        };
+    }
+};
+
+QStringList identifiers(const QList<SavedApp> &apps)
+{
+    QStringList ids;
+    for (const SavedApp &app : apps)
+        ids += app.id;
+    return ids;
+}
+
+QList<QUuid> identifiers(const QList<SavedTab> &tabs)
+{
+    QList<QUuid> ids;
+    for (const SavedTab &tab : tabs)
+        ids += tab.id;
+    return ids;
+}
+
+PlanResult describe(const RestorePlan &plan)
+{
+    return {
+        .activeApps = identifiers(plan.activeApps),
+        .appsToOpen = identifiers(plan.appsToOpen),
+        .unavailableApps = identifiers(plan.unavailableApps),
+        .activeTabs = identifiers(plan.activeTabs),
+        .tabsToOpen = identifiers(plan.tabsToOpen),
+        .duplicateTabs = identifiers(plan.duplicateTabs),
+        .unverifiedTabs = identifiers(plan.unverifiedTabs),
+        .unavailableTabs = identifiers(plan.unavailableTabs),
+        .tabCheckWarning = plan.tabCheckWarning,
+    };
+}
+
+OutcomeResult describe(const RestoreReport &report)
+{
+    const RestoreResult layout = report.layout.value_or(RestoreResult());
+    return {
+        .openedApps = report.outcome.openedApps,
+        .openedTabs = report.outcome.openedTabs,
+        .alreadyActive = report.outcome.alreadyActive,
+        .unavailable = report.outcome.unavailable,
+        .windowsRestored = layout.restoredCount,
+        .windowsSkipped = layout.skipped,
+        .folders = report.folders,
+        .documents = report.viewerDocuments + report.documents,
+        .failures = report.outcome.failures,
+    };
+}
+
+void printList(const QString &label, const QList<SavedApp> &apps)
+{
+    for (const SavedApp &app : apps)
+        print(u"%1  %2\n"_qs.arg(label, -16).arg(oneLine(app.name)));
+}
+
+void printList(const QString &label, const QList<SavedTab> &tabs)
+{
+    for (const SavedTab &tab : tabs)
+        print(u"%1  %2 <%3>\n"_qs.arg(label, -16).arg(oneLine(tab.title), oneLine(tab.url)));
+}
+
+void printText(const RestorePlan &plan)
+{
+    printList("Running", plan.activeApps);
+    printList("To open", plan.appsToOpen);
+    printList("Not installed", plan.unavailableApps);
+    printList("Open page", plan.activeTabs);
+    printList("Page to open", plan.tabsToOpen);
+    printList("Repeated page", plan.duplicateTabs);
+    printList("Unverified page", plan.unverifiedTabs);
+    printList("Unusable page", plan.unavailableTabs);
+    if (plan.tabCheckWarning)
+        print(*plan.tabCheckWarning + '\n');
+}
+
+void printText(const RestoreReport &report, const QString &notice)
+{
+    print(oneLine(notice) + '\n');
+    const RestoreResult layout = report.layout.value_or(RestoreResult());
+    for (const SkippedWindow &window : layout.skipped)
+        print(u"Left alone: %1 “%2” (%3)\n"_qs.arg(window.appID, oneLine(window.title), window.reason));
+}
+
+// The newest checkpoint, of all projects or of the one of this name; throws Failure when there is none.
+Checkpoint latestCheckpoint(const AppStore &store, const QString &projectName)
+{
+    QList<Checkpoint> candidates = store.checkpoints();
+    if (!projectName.isEmpty()) {
+        candidates.removeIf([&](const Checkpoint &checkpoint) {
+            const Project *const project = store.project(checkpoint.projectID.value_or(QUuid()));
+            return !project || !Text::equalNames(project->name, projectName);
+        });
+    }
+    const auto newest =
+        std::max_element(candidates.begin(), candidates.end(),
+                         [](const Checkpoint &a, const Checkpoint &b) { return a.createdAt < b.createdAt; });
+    if (newest == candidates.end())
+        throw Failure("Command", 1,
+                      projectName.isEmpty() ? u"There is no checkpoint yet."_qs
+                                            : u"There is no checkpoint in “%1”."_qs.arg(projectName));
+    return *newest;
+}
+
+Checkpoint chosenCheckpoint(const QCommandLineParser &parsed, const AppStore &store)
+{
+    if (parsed.isSet("latest"))
+        return latestCheckpoint(store, parsed.value("project").trimmed());
+    return findCheckpoint(store, parsed.positionalArguments().first());
+}
+
+RestoreReport carryOut(AppStore &store, const Checkpoint &checkpoint, const RestorePlan &plan, bool withLayout)
+{
+    const QStringList apps = identifiers(plan.appsToOpen);
+    const QList<QUuid> tabs = identifiers(plan.tabsToOpen);
+    const QList<SavedWindow> windows = checkpoint.windows.value_or(QList<SavedWindow>());
+    return finish(store.restore(plan, {apps.begin(), apps.end()}, {tabs.begin(), tabs.end()}, windows, withLayout));
+}
+
+ExitStatus resume(const QCommandLineParser &parsed, Desktop &desktop)
+{
+    LockedStore locked(desktop, LockedStore::Purpose::Read);
+    AppStore &store = locked.store();
+    if (!store.isLibraryRead())
+        return ExitStatus::Failed;
+    const Checkpoint checkpoint = chosenCheckpoint(parsed, store);
+    locked.release();
+    const bool isText = !parsed.isSet("json");
+    const RestorePlan plan = finish(store.restorePlan(checkpoint));
+    ResumeResult result{.plan = describe(plan)};
+    if (isText)
+        printText(plan);
+    if (!parsed.isSet("dry-run")) {
+        const RestoreReport report = carryOut(store, checkpoint, plan, !parsed.isSet("no-layout"));
+        result.outcome = describe(report);
+        result.notice = store.notice().value_or(QString());
+        if (isText)
+            printText(report, result.notice);
+    }
+    if (!isText)
+        printJson(result);
+    // What went wrong at the start was said then.
+    if (!result.outcome || !store.error())
+        return ExitStatus::Done;
+    printError(oneLine(*store.error()));
+    return ExitStatus::Failed;
+}
+
+// A sentence when the arguments contradict each other.
+QString misuse(const QCommandLineParser &parsed)
+{
+    if (parsed.isSet("latest") != parsed.positionalArguments().isEmpty())
+        return "Name one checkpoint: ardeno resume ID, or ardeno resume --latest.";
+    if (parsed.isSet("project") && !parsed.isSet("latest"))
+        return "Use --project together with --latest.";
+    if (parsed.isSet("layout") && parsed.isSet("no-layout"))
+        return "Use either --layout or --no-layout.";
+    return {};
+}
+
+} // namespace
+
+ExitStatus runResume(const QCommandLineParser &parsed)
+{
+    const QString problem = misuse(parsed);
+    if (!problem.isEmpty()) {
+        printError(problem);
+        return ExitStatus::WrongUsage;
+    }
+    try {
+        Desktop desktop = makeDesktop();
+        const Capability opening = desktop.launcher->availability();
+        if (!opening.isAvailable())
+            throw notAvailable(opening.reason);
+        return resume(parsed, desktop);
+    } catch (const Failure &failure) {
+        return report(failure);
+    }
+}
+
+} // namespace ardeno

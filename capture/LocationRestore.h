@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/Desktop.h"
+
+#include <QCoroTask>
+#include <QHash>
+#include <QList>
+#include <QSet>
+#include <QStringList>
+#include <QUuid>
+
+namespace ardeno::WindowLayout {
+
+// What file browsers and other applications show now, as canonical paths.
+struct OpenPlaces {
+    QSet<QString> folders = {};
+    QHash<QString, QSet<QString>> documentsByApp = {};
+};
+
+// The folders and documents that the saved windows of these applications showed and that are to be opened again.
+struct LocationRequest {
+    QList<SavedWindow> windows = {};
+    QSet<QString> allowedAppIDs = {};
+    OpenPlaces open = {};
+    QSet<QString> launchedAppIDs = {}; // Already opened with what they had, see pathsByApp().
+};
+
+struct LocationResult {
+    qint64 folders = 0;
+    qint64 viewerDocuments = 0;
+    qint64 documents = 0;
+    QStringList failures = {};  // Each names what could not be opened, and why.
+    QSet<QUuid> openedIDs = {}; // Of the saved windows.
+    QSet<QUuid> failedIDs = {};
+};
+
+// The existing folders and documents of each application, each once, in saved order.
+QHash<QString, QStringList> pathsByApp(const QList<SavedWindow> &windows);
+
+// Which of the saved places are open now. Windows whose contents nobody knows for certain are judged by their titles:
+// rather one place too many than a document opened twice. Never throws.
+QCoro::Task<OpenPlaces> openPlaces(QList<SavedWindow> windows, Desktop &desktop);
+
+// Opens each that exists and is not open: with the application that had it, else with the session's own choice. Never
+// throws.
+QCoro::Task<LocationResult> restoreLocations(LocationRequest request, Desktop &desktop);
+
+} // namespace ardeno::WindowLayout

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "capture/OpenedPages.h"
+
+#include "model/Json.h"
+#include "support/AtomicFile.h"
+#include "support/Failure.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace ardeno {
+
+namespace {
+
+// In seconds: how long a page is remembered, and how long after its opening the browser may write a list in which it
+// is not yet.
+constexpr double memory = 60;
+constexpr double delayOfBrowsers = 10;
+
+struct OpenedPage {
+    QString page = {};
+    Date openedAt = {};
+
+    static constexpr auto fields()
+    {
+        return std::tuple{Field{"page", &OpenedPage::page}, Field{"openedAt", &OpenedPage::openedAt}};
+    }
+};
+
+struct OpenedPageList {
+    QList<OpenedPage> pages = {};
+
+    static constexpr auto fields() { return std::tuple{Field{"pages", &OpenedPageList::pages}}; }
+};
+
+QString hashed(const QString &key)
+{
+    return QString::fromLatin1(QCryptographicHash::hash(key.toUtf8(), QCryptographicHash::Sha256).toHex());
+}
+
+// A clock that was set back must not keep a page for ever.
+bool isRemembered(const OpenedPage &page, Date now)
+{
+    return page.openedAt.seconds <= now.seconds && now.seconds - page.openedAt.seconds < memory;
+}
+
+QList<OpenedPage> read(const QString &path, Date now)
+{
+    constexpr qint64 longestFile = 4 << 20;
+    QFile file(path);
+    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
+        return {};
+    try {
+        QList<OpenedPage> pages = json::decode<OpenedPageList>(file.read(longestFile)).pages;
+        pages.removeIf([&](const OpenedPage &page) { return !isRemembered(page, now); });
+        return pages;
+    } catch (const Failure &) {
+        return {}; // A damaged file tells nothing.
+    }
+}
+
+} // namespace
+
+QString OpenedPages::defaultPath()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    return folder.isEmpty() ? folder : folder + "/ardeno/opened-pages";
+}
+
+void OpenedPages::remember(const QList<SavedTab> &tabs, Date now)
+{
+    if (m_path.isEmpty() || tabs.isEmpty())
+        return;
+    OpenedPageList list{read(m_path, now)};
+    for (const SavedTab &tab : tabs) {
+        if (const auto key = WorkspaceCapture::tabURLKey(tab))
+            list.pages.append({hashed(*key), now});
+    }
+    try {
+        AtomicFile::createFolder(QFileInfo(m_path).path());
+        AtomicFile::write(m_path, json::encode(list));
+    } catch (const Failure &) {
+        // The browser's own list catches up all the same.
+    }
+}
+
+QSet<QString> OpenedPages::pendingKeys(const QList<SavedTab> &tabs, const WorkspaceCapture::OpenTabs &open,
+                                       Date now) const
+{
+    QHash<QString, Date> openedAt;
+    for (const OpenedPage &page : read(m_path, now))
+        openedAt[page.page] = std::max(openedAt.value(page.page), page.openedAt);
+    QSet<QString> keys;
+    for (const SavedTab &tab : tabs) {
+        const auto key = WorkspaceCapture::tabURLKey(tab);
+        const auto opened = key ? openedAt.constFind(hashed(*key)) : openedAt.constEnd();
+        if (opened == openedAt.constEnd())
+            continue;
+        const bool isListKnowing = open.writtenAt && open.writtenAt->seconds > opened->seconds + delayOfBrowsers;
+        if (!isListKnowing)
+            keys.insert(*key);
+    }
+    return keys;
+}
+
+} // namespace ardeno

@@ -1,0 +1,284 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "capture/Reopening.h"
+
+#include "capture/AppleScripts.h"
+#include "capture/BrowserTabs.h"
+
+#include <QCoroTimer>
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+namespace ardeno {
+
+namespace {
+
+using namespace WorkspaceCapture;
+
+// Characters of addresses that one command takes; systems limit the length of a command.
+constexpr qsizetype longestCommand = 60'000;
+
+// The address to open: as it was saved, so that the page that opens is the page that was saved, unless its text holds
+// what no address may.
+QString address(const SavedTab &tab)
+{
+    const auto isPlain = [](QChar character) { return character.unicode() > 0x20 && character.unicode() < 0x7F; };
+    if (std::all_of(tab.url.begin(), tab.url.end(), isPlain))
+        return tab.url;
+    return QString::fromLatin1(tab.safeURL()->toEncoded());
+}
+
+QString describe(const Failure &failure)
+{
+    QString text = failure.description();
+    while (text.endsWith('.'))
+        text.chop(1);
+    return text;
+}
+
+QString pageName(const SavedTab &tab)
+{
+    return tab.title.isEmpty() ? tab.url : tab.title;
+}
+
+QSet<QString> runningIDs(Workspace &workspace)
+{
+    QSet<QString> ids;
+    for (const RunningApplication &application : workspace.runningApplications())
+        ids.insert(application.id);
+    return ids;
+}
+
+QSet<QString> pageKeys(const QList<SavedTab> &tabs)
+{
+    QSet<QString> keys;
+    for (const SavedTab &tab : tabs) {
+        if (const auto key = tabURLKey(tab))
+            keys.insert(*key);
+    }
+    return keys;
+}
+
+// Browsers that are here and whose pages nobody can read.
+QSet<QString> neverReadable(Desktop &desktop)
+{
+    QSet<QString> ids;
+    for (const Browser &browser : browsers(*desktop.tabSource)) {
+        if (!desktop.tabSource->availability(browser.id).isAvailable() && desktop.launcher->isInstalled(browser.id))
+            ids.insert(browser.id);
+    }
+    return ids;
+}
+
+// Tabs that go to the same place in one command.
+struct TabGroup {
+    QString browserID = {};
+    QString windowID = {}; // The browser's own; empty when there is none.
+    QList<SavedTab> tabs = {};
+
+    QStringList addresses() const
+    {
+        QStringList list;
+        for (const SavedTab &tab : tabs)
+            list += address(tab);
+        return list;
+    }
+};
+
+bool hasRoom(const TabGroup &group, const SavedTab &tab)
+{
+    qsizetype length = tab.url.size();
+    for (const SavedTab &other : group.tabs)
+        length += other.url.size();
+    return length <= longestCommand;
+}
+
+QList<TabGroup> grouped(const QList<SavedTab> &tabs)
+{
+    QList<TabGroup> groups;
+    for (const SavedTab &tab : tabs) {
+        const QString browser = tab.browserID.value_or(QString());
+        const QString window = tab.browserWindowID.value_or(QString());
+        const auto group = std::find_if(groups.begin(), groups.end(), [&](const TabGroup &candidate) {
+            return candidate.browserID == browser && candidate.windowID == window && hasRoom(candidate, tab);
+        });
+        if (group == groups.end())
+            groups.append({browser, window, {tab}});
+        else
+            group->tabs.append(tab);
+    }
+    return groups;
+}
+
+// One resume from beginning to end.
+class Reopening final {
+public:
+    Reopening(ReopenRequest request, ReopeningTools tools) : m_request(std::move(request)), m_tools(std::move(tools)) {}
+
+    QCoro::Task<Reopened> run();
+
+private:
+    QList<SavedTab> chosenTabs() const;
+    bool waitsForPages(const SavedApp &app, const QList<SavedTab> &tabs) const;
+    QCoro::Task<void> openApps(QList<SavedTab> tabs);
+    QCoro::Task<void> openApp(SavedApp app);
+    QCoro::Task<QList<SavedTab>> stillMissing(QList<SavedTab> tabs);
+    QCoro::Task<void> openTabs(QList<SavedTab> tabs);
+    QCoro::Task<bool> openGroup(TabGroup group);
+    QCoro::Task<void> openPages(TabGroup group);
+    void fail(const QString &name, const Failure &failure);
+
+    ReopenRequest m_request;
+    ReopeningTools m_tools;
+    QList<SavedApp> m_waiting; // Browsers that start with their pages.
+    Reopened m_result;
+};
+
+void Reopening::fail(const QString &name, const Failure &failure)
+{
+    m_result.outcome.failures += u"%1 (%2)"_qs.arg(name, describe(failure));
+}
+
+QList<SavedTab> Reopening::chosenTabs() const
+{
+    const RestorePlan &plan = m_request.plan;
+    QList<SavedTab> tabs = plan.tabsToOpen + plan.duplicateTabs + plan.unverifiedTabs;
+    tabs.removeIf([&](const SavedTab &tab) { return !m_request.tabIDs.contains(tab.id) || !tab.safeURL(); });
+    return tabs;
+}
+
+// A browser that is started alone shows a page of its own that nobody asked for.
+bool Reopening::waitsForPages(const SavedApp &app, const QList<SavedTab> &tabs) const
+{
+    return std::any_of(tabs.begin(), tabs.end(), [&](const SavedTab &tab) { return tab.browserID == app.id; });
+}
+
+QCoro::Task<void> Reopening::openApp(SavedApp app)
+{
+    try {
+        co_await m_tools.desktop.launcher->openApplication(app.id, m_request.pathsByApp.value(app.id));
+        ++m_result.outcome.openedApps;
+        m_result.startedAppIDs.insert(app.id);
+    } catch (const Failure &failure) {
+        fail(app.name, failure);
+    }
+}
+
+QCoro::Task<void> Reopening::openApps(QList<SavedTab> tabs)
+{
+    for (const SavedApp &app : std::as_const(m_request.plan.appsToOpen)) {
+        if (!m_request.appIDs.contains(app.id))
+            continue;
+        if (!m_tools.desktop.launcher->isInstalled(app.id))
+            ++m_result.outcome.unavailable;
+        else if (waitsForPages(app, tabs))
+            m_waiting.append(app);
+        else
+            co_await openApp(app);
+    }
+}
+
+QCoro::Task<QList<SavedTab>> Reopening::stillMissing(QList<SavedTab> tabs)
+{
+    const QList<SavedApp> none;
+    const RestorePlan now = co_await presentPlan(none, tabs, m_tools);
+    QSet<QUuid> active;
+    for (const SavedTab &tab : now.activeTabs)
+        active.insert(tab.id);
+    m_result.outcome.alreadyActive += active.size();
+    tabs.removeIf([&](const SavedTab &tab) { return active.contains(tab.id); });
+    co_return tabs;
+}
+
+QCoro::Task<void> Reopening::openPages(TabGroup group)
+{
+    Launcher &launcher = *m_tools.desktop.launcher;
+    // The saved browser, else whichever the user has chosen.
+    const QString browser = launcher.isInstalled(group.browserID) ? group.browserID : QString();
+    const QStringList addresses = group.addresses();
+    co_await launcher.openPages(browser, addresses);
+    if (!browser.isEmpty())
+        m_result.startedAppIDs.insert(browser);
+}
+
+QCoro::Task<bool> Reopening::openGroup(TabGroup group)
+{
+    QList<TabToReopen> tabs;
+    for (const SavedTab &tab : std::as_const(group.tabs))
+        tabs.append({tab, address(tab), AppleScripts::openTabInSavedWindow(tab, group.browserID)});
+    try {
+        bool isInWindow = false;
+        if (!group.windowID.isEmpty())
+            isInWindow = co_await m_tools.desktop.launcher->openInSavedWindow(tabs);
+        if (!isInWindow)
+            co_await openPages(group);
+        co_return true;
+    } catch (const Failure &failure) {
+        for (const SavedTab &tab : std::as_const(group.tabs))
+            fail(pageName(tab), failure);
+        co_return false;
+    }
+}
+
+QCoro::Task<void> Reopening::openTabs(QList<SavedTab> tabs)
+{
+    for (const TabGroup &group : grouped(tabs)) {
+        if (!co_await openGroup(group))
+            continue;
+        m_result.outcome.openedTabs += group.tabs.size();
+        m_tools.openedPages.remember(group.tabs);
+    }
+}
+
+QCoro::Task<Reopened> Reopening::run()
+{
+    const RestorePlan &plan = m_request.plan;
+    m_result.outcome.alreadyActive = plan.activeApps.size() + plan.activeTabs.size();
+    m_result.outcome.unavailable = plan.unavailableApps.size() + plan.unavailableTabs.size();
+    QList<SavedTab> tabs = chosenTabs();
+    co_await openApps(tabs);
+    co_await QCoro::sleepFor(m_request.wait);
+    if (!tabs.isEmpty()) {
+        tabs = co_await stillMissing(tabs);
+        co_await openTabs(tabs);
+    }
+    for (const SavedApp &app : std::as_const(m_waiting)) {
+        if (m_result.startedAppIDs.contains(app.id))
+            ++m_result.outcome.openedApps;
+        else
+            co_await openApp(app);
+    }
+    co_return m_result;
+}
+
+} // namespace
+
+QCoro::Task<RestorePlan> WorkspaceCapture::presentPlan(QList<SavedApp> apps, QList<SavedTab> tabs, ReopeningTools tools)
+{
+    Desktop &desktop = tools.desktop;
+    PresentWorkspace present;
+    std::optional<QString> warning;
+    present.runningAppIDs = runningIDs(*desktop.workspace);
+    for (const SavedApp &app : std::as_const(apps)) {
+        if (desktop.launcher->isInstalled(app.id))
+            present.installedAppIDs.insert(app.id);
+    }
+    if (!tabs.isEmpty()) {
+        const OpenTabs open = co_await browserTabs(*desktop.tabSource, tools.excludedAppIDs);
+        warning = open.shownWarning;
+        present.unreadBrowserIDs = open.unreadBrowserIDs + neverReadable(desktop);
+        present.openPageKeys = pageKeys(open.tabs) + tools.openedPages.pendingKeys(tabs, open);
+    }
+    RestorePlan plan = restorePlan(apps, tabs, present);
+    plan.tabCheckWarning = warning;
+    co_return plan;
+}
+
+QCoro::Task<Reopened> WorkspaceCapture::reopen(ReopenRequest request, ReopeningTools tools)
+{
+    Reopening reopening(std::move(request), std::move(tools));
+    co_return co_await reopening.run();
+}
+
+} // namespace ardeno

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "capture/RestoreSummary.h"
+#include "desktop/WindowMover.h"
+#include "desktop/WindowServer.h"
+
+#include <QCoroTask>
+#include <QList>
+#include <QSet>
+#include <QString>
+#include <QUuid>
+
+#include <chrono>
+
+namespace ardeno::WindowLayout {
+
+// Which windows go back, and how long windows are waited for.
+struct RestoreRequest {
+    QList<SavedWindow> windows = {};
+    QSet<QString> allowedAppIDs = {}; // Windows of other applications are neither touched nor counted.
+    QSet<QUuid> awaitedIDs = {};      // Saved windows that this resume caused to be opened: they may come late.
+    std::chrono::milliseconds firstWait = std::chrono::milliseconds(650);
+    std::chrono::milliseconds patience = std::chrono::seconds(10); // For awaited windows.
+};
+
+// Moves the windows that are certain to be the saved ones back to where they were; what is minimised, full screen,
+// maximised, hung or in the user's hands is left alone, and each window left alone has its reason. Never throws.
+QCoro::Task<RestoreResult> restore(RestoreRequest request, WindowMover &mover, WindowServer &server);
+
+} // namespace ardeno::WindowLayout

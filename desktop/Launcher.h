@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/Capability.h"
+#include "model/WorkspaceRecords.h"
+
+#include <QCoroTask>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace ardeno {
+
+// A saved tab on its way back into the window it came from.
+struct TabToReopen {
+    SavedTab tab = {};
+    QString address = {}; // The one to open; http or https.
+    QString script = {};  // What a desktop with scripting runs for it.
+};
+
+// Opens applications, pages, folders and documents, none of them in front of what the user works with. What it starts
+// lives on after this program and inherits nothing of it.
+class Launcher {
+public:
+    virtual ~Launcher() = default;
+
+    virtual Capability availability() const = 0;
+    // Whether the application can be opened by its identifier.
+    virtual bool isInstalled(const QString &appID) = 0;
+    // With these files and folders, or as it starts by itself. Throws Failure.
+    virtual QCoro::Task<void> openApplication(QString appID, QStringList paths) = 0;
+    // Files and folders with the application that the user has chosen for their kind. Throws Failure.
+    virtual QCoro::Task<void> openPath(QString path) = 0;
+    // Shows folders, or files in their folders, in the session's file browser. Throws Failure.
+    virtual QCoro::Task<void> reveal(QString path) = 0;
+    // Pages with a browser, or with the default one when there is no identifier. Throws Failure.
+    virtual QCoro::Task<void> openPages(QString appID, QStringList addresses) = 0;
+    // The tabs were saved from one window of one browser. False, and nothing opened, unless it is certain which window
+    // that is now.
+    virtual QCoro::Task<bool> openInSavedWindow(QList<TabToReopen> tabs) = 0;
+    // Waits until what was started has settled as far as the user's focus is concerned, at most some seconds, and
+    // names the applications that ended at once with an error.
+    virtual QCoro::Task<QStringList> settle() = 0;
+};
+
+} // namespace ardeno

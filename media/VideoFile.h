@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace ardeno {
+
+// Videos as VideoWriter leaves them when it is cut short.
+namespace VideoFile {
+
+// Cuts off what was only half written at the end. False when nothing can be played: no file, or no whole fragment.
+bool repair(const QString &path);
+
+} // namespace VideoFile
+
+} // namespace ardeno

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "support/FileDescriptor.h"
+
+#include <QSocketNotifier>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace ardeno {
+
+// The processes that were started, until they end: they are waited for, so that none stays behind as a zombie, and
+// those that end with an error are remembered.
+class ChildProcesses final {
+public:
+    // The name is what failures() calls it.
+    void add(pid_t process, const QString &name);
+    bool isRunning(const QString &name) const;
+    bool isRunning(pid_t process) const;
+    // The names of those that have ended with an error since the last call.
+    QStringList takeFailures();
+
+private:
+    struct Child {
+        pid_t process;
+        QString name;
+        FileDescriptor descriptor; // Readable once the process has ended.
+        std::unique_ptr<QSocketNotifier> notifier;
+    };
+
+    void collect(pid_t process);
+
+    std::vector<std::unique_ptr<Child>> m_children;
+    QStringList m_failures;
+};
+
+} // namespace ardeno

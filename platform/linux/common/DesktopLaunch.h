@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/linux/common/DesktopEntries.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+#include <sys/types.h>
+
+// Starts programs. They get a session of their own, the home as their folder, nothing on their standard streams and no
+// other descriptor of this process, and no signal is ignored in them. All functions throw Failure.
+namespace ardeno::DesktopLaunch {
+
+// Told of each process that was started; it must be waited for.
+using Started = std::function<void(pid_t)>;
+
+// Starts the application of a desktop file, or asks the running one, with these files and folders.
+void open(const DesktopEntry &entry, const QStringList &paths, const Started &started);
+
+// Starts the application of a desktop file with these addresses, all in one command.
+void openAddresses(const DesktopEntry &entry, const QStringList &addresses, const Started &started);
+
+// Shows the folder, or the file in its folder, in the session's file browser; waits for its answer, so it belongs on a
+// worker thread.
+void showInFileBrowser(const QString &path);
+
+// The desktop files that the user has chosen for web addresses, and for the kind of a file or folder; empty when there
+// is none, and for kinds that would be run rather than shown.
+QString handlerOfWeb();
+QString handlerOfPath(const QString &path);
+
+} // namespace ardeno::DesktopLaunch

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/Documents.h"
+#include "desktop/FileBrowser.h"
+#include "platform/linux/common/LiveWindows.h"
+
+#include <QStringList>
+
+namespace ardeno {
+
+// Folders of file managers' windows, found out beside the main thread.
+class LinuxFileBrowser final : public FileBrowser {
+public:
+    LinuxFileBrowser(LiveWindowList windows, QStringList fileBrowserIDs);
+
+    Capability availability() const override { return Capability::available(); }
+
+    QCoro::Task<QList<WindowLocation>> locations() override;
+
+private:
+    LiveWindowList m_windows;
+    QStringList m_fileBrowserIDs;
+};
+
+// Documents of the windows of all other applications but browsers, found out beside the main thread.
+class LinuxDocuments final : public Documents {
+public:
+    LinuxDocuments(LiveWindowList windows, QStringList fileBrowserIDs);
+
+    Capability availability() const override { return Capability::available(); }
+
+    QCoro::Task<QList<WindowLocation>> locations(QSet<qint64> processIDs) override;
+    QCoro::Task<QList<WindowLocation>> locationsOf(QString applicationID) override;
+
+private:
+    QList<LiveWindow> documentWindows() const;
+
+    LiveWindowList m_windows;
+    QStringList m_fileBrowserIDs;
+};
+
+} // namespace ardeno

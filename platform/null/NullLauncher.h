@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/Launcher.h"
+
+#include <utility>
+
+namespace ardeno {
+
+// Where nothing can be opened.
+class NullLauncher final : public Launcher {
+public:
+    explicit NullLauncher(QString reason) : m_reason(std::move(reason)) {}
+
+    Capability availability() const override { return Capability::unavailable(m_reason); }
+
+    bool isInstalled(const QString &) override { return false; }
+
+    QCoro::Task<void> openApplication(QString, QStringList) override { return refuse(m_reason); }
+
+    QCoro::Task<void> openPath(QString) override { return refuse(m_reason); }
+
+    QCoro::Task<void> reveal(QString) override { return refuse(m_reason); }
+
+    QCoro::Task<void> openPages(QString, QStringList) override { return refuse(m_reason); }
+
+    QCoro::Task<bool> openInSavedWindow(QList<TabToReopen>) override { co_return false; }
+
+    QCoro::Task<QStringList> settle() override { co_return QStringList(); }
+
+private:
+    static QCoro::Task<void> refuse(QString reason)
+    {
+        throw notAvailable(reason);
+        co_return;
+    }
+
+    QString m_reason;
+};
+
+} // namespace ardeno

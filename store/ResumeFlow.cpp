@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "capture/LocationRestore.h"
+#include "capture/Reopening.h"
+#include "capture/WindowRestore.h"
+#include "store/AppStore.h"
+
+#include <QScopeGuard>
+
+#include <utility>
+
+namespace ardeno {
+
+namespace {
+
+QSet<QString> identifiers(const QList<SavedApp> &apps)
+{
+    QSet<QString> ids;
+    for (const SavedApp &app : apps)
+        ids.insert(app.id);
+    return ids;
+}
+
+} // namespace
+
+QCoro::Task<RestorePlan> AppStore::restorePlan(Checkpoint checkpoint)
+{
+    const WorkspaceCapture::ReopeningTools tools{m_desktop, m_openedPages, exclusions().appIDs()};
+    co_return co_await WorkspaceCapture::presentPlan(checkpoint.apps, checkpoint.tabs, tools);
+}
+
+QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
+                                             QList<SavedWindow> windows, bool restoreLayout)
+{
+    RestoreReport report;
+    if (busy())
+        co_return report;
+    clearMessages();
+    busy.set(true);
+    const auto idle = qScopeGuard([this] { busy.set(false); });
+    WorkspaceCapture::ReopenRequest request{.plan = plan, .appIDs = selectedAppIDs, .tabIDs = selectedTabIDs};
+    // What is open is found out while applications start.
+    std::optional<QCoro::Task<WindowLayout::OpenPlaces>> looking;
+    if (restoreLayout) {
+        request.pathsByApp = WindowLayout::pathsByApp(windows);
+        looking = WindowLayout::openPlaces(windows, m_desktop);
+    }
+    const WorkspaceCapture::ReopeningTools tools{m_desktop, m_openedPages, exclusions().appIDs()};
+    const WorkspaceCapture::Reopened reopened = co_await WorkspaceCapture::reopen(request, tools);
+    report.outcome = reopened.outcome;
+    // The focus is looked after while windows are waited for.
+    QCoro::Task<QStringList> settling = m_desktop.launcher->settle();
+    if (restoreLayout) {
+        const QSet<QString> allowed = selectedAppIDs + identifiers(plan.activeApps);
+        WindowLayout::LocationRequest places{.windows = windows, .allowedAppIDs = allowed};
+        places.open = co_await *looking;
+        places.launchedAppIDs = reopened.startedAppIDs;
+        co_await restorePlaces(places, &report);
+    }
+    QStringList ended = co_await settling;
+    ended += co_await m_desktop.launcher->settle(); // Of what was opened with documents.
+    for (const QString &name : ended)
+        report.outcome.failures += tr("%1 (it ended with an error)").arg(name);
+    notice.set(RestoreSummary::text(report));
+    if (!report.outcome.failures.isEmpty())
+        error.set(tr("Could not open: ") + report.outcome.failures.join(", "));
+    co_return report;
+}
+
+QCoro::Task<void> AppStore::restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report)
+{
+    // Before the windows are moved, so that those that show them are there.
+    const WindowLayout::LocationResult opened = co_await WindowLayout::restoreLocations(places, m_desktop);
+    report->folders = opened.folders;
+    report->viewerDocuments = opened.viewerDocuments;
+    report->documents = opened.documents;
+    report->outcome.failures += opened.failures;
+    WindowLayout::RestoreRequest request{.windows = places.windows, .allowedAppIDs = places.allowedAppIDs};
+    for (const SavedWindow &window : std::as_const(places.windows)) {
+        const bool isStarting = places.launchedAppIDs.contains(window.appID) && !opened.failedIDs.contains(window.id);
+        if (isStarting || opened.openedIDs.contains(window.id))
+            request.awaitedIDs.insert(window.id);
+    }
+    report->layout = co_await WindowLayout::restore(request, *m_desktop.windowMover, *m_desktop.windowServer);
+}
+
+} // namespace ardeno

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/platform/documents/DocumentsFixture.h"
+
+#include "tests/desktop/TestWindow.h"
+
+#include <memory>
+#include <vector>
+
+using namespace ardeno;
+using namespace ardeno::desktop_test;
+
+namespace {
+
+using Paths = QList<std::optional<QString>>;
+
+// A command whose window has the file's name in its title, in the folder the command is started in.
+QStringList inFolder(const QString &folder, const QStringList &command)
+{
+    return QStringList{"-c", "cd \"$0\" && exec \"$@\"", folder} + command;
+}
+
+} // namespace
+
+TEST_CASE_FIXTURE(DocumentsFixture, "every viewer's and editor's window is kept with its document")
+{
+    const QString text = makeFile("Texts/notes.txt");
+    const QString odd = makeFile("Texts/50% of #1 & more.txt");
+    const QString page = makePdf("Papers/paper.pdf");
+    const QString other = makePdf("Papers/other paper.pdf");
+    makePdf("Older/paper.pdf");
+    makeFile("notes.txt");
+    Application mousepad("sh", inFolder(home("Texts"), {"mousepad", "notes.txt"}));
+    Application featherpad("sh", inFolder(home("Texts"), {"featherpad", "50% of #1 & more.txt"}));
+    Application evince("sh", inFolder(home("Papers"), {"evince", "paper.pdf"}));
+    Application okular("sh", inFolder(home("Papers"), {"okular", "other paper.pdf"}));
+    CHECK(comesToShow("org.xfce.mousepad", text));
+    CHECK(comesToShow("featherpad", odd));
+    CHECK(comesToShow("org.gnome.Evince", page));
+    CHECK(comesToShow("org.kde.okular", other));
+    for (const SavedWindow &window : layout()) {
+        CAPTURE(window.title);
+        CHECK_MESSAGE((window.documentURL.has_value() || window.title.isEmpty()), "every window's document is known");
+    }
+
+    REQUIRE(QFile(page).remove());
+    REQUIRE(QFile(other).remove());
+    REQUIRE(QFile(text).remove());
+    for (const auto &path : shown("org.gnome.Evince") + shown("org.kde.okular") + shown("org.xfce.mousepad"))
+        CHECK_FALSE_MESSAGE(path.has_value(), "what was deleted is shown by no window");
+}
+
+TEST_CASE_FIXTURE(DocumentsFixture, "a viewer with two files of one name in its tabs has no document")
+{
+    const QString first = makePdf("Papers/paper.pdf");
+    const QString second = makePdf("Older/paper.pdf");
+    QDir().mkpath(QDir::homePath() + "/.config");
+    QFile settings(QDir::homePath() + "/.config/okularpartrc");
+    REQUIRE(settings.open(QIODevice::WriteOnly));
+    settings.write("[General]\nShellOpenFileInTabs=true\n");
+    settings.close();
+    Application okular("okular", {first, second});
+    REQUIRE(okular.waitForWindow("paper.pdf") != 0);
+    REQUIRE(eventually([&] { return outputOf("sh", {"-c", "ls -l /proc/[0-9]*/fd 2>/dev/null"}).contains(second); }));
+    for (const auto &path : shown("org.kde.okular"))
+        CHECK_FALSE(path.has_value());
+}
+
+TEST_CASE_FIXTURE(DocumentsFixture, "what a terminal runs is not its document")
+{
+    const QString text = makeFile("notes.txt");
+    Application terminal("xterm", {"-T", text, "-e", "tail", "-f", text});
+    REQUIRE(terminal.waitForWindow("notes.txt") != 0);
+    CHECK(shown("debian-xterm") == Paths{std::nullopt});
+}
+
+TEST_CASE_FIXTURE(DocumentsFixture, "a title that several windows of a process have belongs to no document")
+{
+    const qint64 own = QCoreApplication::applicationPid();
+    const QString path = makeFile("notes.txt");
+    QFile open(path);
+    REQUIRE(open.open(QIODevice::ReadOnly));
+    std::vector<std::unique_ptr<TestWindow>> windows;
+    const auto addWindow = [&] {
+        windows.push_back(std::make_unique<TestWindow>());
+        windows.back()->setTitle("notes.txt");
+        windows.back()->setCardinals("_NET_WM_PID", {quint32(own)});
+        windows.back()->show();
+    };
+    addWindow();
+    const QList<WindowLocation> one = finish(desktop.documents->locations({own}));
+    REQUIRE(one.size() == 1);
+    CHECK(one[0] == WindowLocation{"notes.txt", path, windows[0]->id(), own});
+
+    constexpr int many = 40;
+    while (windows.size() < many)
+        addWindow();
+    CHECK(finish(desktop.documents->locations({own})).isEmpty());
+}

@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Finish.h"
+#include "tests/store/StoreFixture.h"
+
+using namespace ardeno;
+
+namespace {
+
+const QString chrome = "com.google.Chrome";
+
+// A checkpoint of an editor that runs, a viewer that does not and an application that is gone.
+struct ResumeFixture : StoreFixture {
+    Checkpoint checkpoint;
+
+    ResumeFixture()
+    {
+        memory.installed = {{"org.editor", "Editor"}, {"viewer", "Viewer"}, {"files", "Files"}, {chrome, "Chrome"}};
+        desktop.roles.documentViewerIDs = {"viewer"};
+        checkpoint.apps = {{"org.editor", "Editor"}, {"viewer", "Viewer"}, {"gone", "Gone"}};
+        checkpoint.windows = QList<SavedWindow>();
+    }
+
+    SavedTab &addTab(const QString &url, const QString &window = {})
+    {
+        SavedTab tab{.title = "Page " + url, .url = url, .window = 1, .browserID = chrome};
+        if (!window.isEmpty())
+            tab.browserWindowID = window;
+        checkpoint.tabs.append(tab);
+        return checkpoint.tabs.last();
+    }
+
+    SavedWindow &addWindow(const QString &app, const QString &title)
+    {
+        checkpoint.windows->append({.appID = app, .appName = app, .title = title, .frame = {50, 60, 500, 400}});
+        return checkpoint.windows->last();
+    }
+
+    QString existing(const QString &name)
+    {
+        const QString path = home.filePath(name);
+        writeFile(path, "content");
+        return QFileInfo(path).canonicalFilePath();
+    }
+
+    RestoreReport resume(bool layout = false)
+    {
+        const RestorePlan plan = finish(store().restorePlan(checkpoint));
+        QSet<QString> apps;
+        for (const SavedApp &app : plan.appsToOpen)
+            apps.insert(app.id);
+        QSet<QUuid> tabs;
+        for (const SavedTab &tab : plan.tabsToOpen)
+            tabs.insert(tab.id);
+        return finish(store().restore(plan, apps, tabs, *checkpoint.windows, layout));
+    }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(ResumeFixture, "a resume opens what is missing, and a second one right after opens nothing")
+{
+    memory.tabRecords[chrome] = u"1\u001f7\u001fhttps://open.example/\u001fOpen\u001e"_qs;
+    addTab("https://open.example:443/");
+    addTab("https://a.example/%7euser?q=\"x\"", "7");
+    addTab("https://a.example/2", "7");
+    addTab("https://b.example/", "8");
+    addTab("https://b.example/", "8");
+    addTab("file:///etc/passwd");
+    memory.certainWindowIDs = {"7"};
+    memory.whenOpened = [&](const QString &entry) {
+        if (entry == "app viewer")
+            memory.addApplication("viewer", "Viewer", {0, 0, 300, 300});
+    };
+
+    const RestoreReport report = resume();
+
+    CHECK(memory.opened == QStringList{"app viewer", "window 7 https://a.example/%7euser?q=\"x\" https://a.example/2",
+                                       "page com.google.Chrome https://b.example/"});
+    CHECK(report.outcome == RestoreOutcome{.openedApps = 1, .openedTabs = 3, .alreadyActive = 2, .unavailable = 2});
+    CHECK(store().notice() == u"Workspace restored · 4 opened · 2 already active · 2 unavailable"_qs);
+    CHECK_FALSE(store().error().has_value());
+    CHECK_FALSE(store().busy());
+
+    // The browser has not written the new pages down yet.
+    memory.opened.clear();
+    reopen();
+    CHECK(resume().outcome.alreadyActive == 7);
+    CHECK(memory.opened.isEmpty());
+    CHECK(store().notice() == u"Workspace restored · 0 opened · 7 already active · 2 unavailable"_qs);
+}
+
+TEST_CASE_FIXTURE(ResumeFixture, "a page that opens after the plan was made is not opened twice")
+{
+    memory.tabRecords[chrome] = QString("");
+    addTab("https://a.example/");
+    const RestorePlan plan = finish(store().restorePlan(checkpoint));
+    REQUIRE(plan.tabsToOpen.size() == 1);
+    memory.tabRecords[chrome] = u"1\u001f7\u001fHTTPS://a.example/\u001fOpen\u001e"_qs;
+
+    const auto report = finish(store().restore(plan, {}, {checkpoint.tabs[0].id}, {}, false));
+
+    CHECK(memory.opened.isEmpty());
+    CHECK(report.outcome.openedTabs == 0);
+    CHECK(report.outcome.alreadyActive == 2);
+}
+
+TEST_CASE_FIXTURE(ResumeFixture, "a browser that is missing starts with its pages, not with an empty window")
+{
+    checkpoint.apps = {{chrome, "Chrome"}};
+    addTab("https://a.example/");
+    CHECK(resume().outcome == RestoreOutcome{.openedApps = 1, .openedTabs = 1});
+    CHECK(memory.opened == QStringList{"page com.google.Chrome https://a.example/"});
+}
+
+TEST_CASE_FIXTURE(ResumeFixture,
+                  "pages of a browser that is not here go to the user's own, those of an unread one wait")
+{
+    memory.tabRecords[chrome] = QString(); // Runs and cannot be read.
+    addTab("https://unread.example/");
+    addTab("https://elsewhere.example/").browserID = "com.apple.Safari";
+
+    const RestorePlan plan = finish(store().restorePlan(checkpoint));
+    CHECK(plan.unverifiedTabs.size() == 1);
+    CHECK(plan.tabCheckWarning.value_or(QString()).startsWith(u"Chrome tabs weren’t available."_qs));
+
+    resume();
+    CHECK(memory.opened == QStringList{"app viewer", "page  https://elsewhere.example/"});
+}
+
+TEST_CASE_FIXTURE(ResumeFixture, "what fails is named, and the rest is opened all the same")
+{
+    memory.openFailures = {{"viewer", "No such file or directory."}, {"", "No application opens web pages."}};
+    addTab("https://a.example/");
+    addTab("https://b.example/").browserID = "com.apple.Safari";
+    memory.endedWithError = {"Chrome"};
+
+    const RestoreReport report = resume();
+
+    CHECK(report.outcome.openedTabs == 1);
+    CHECK(store().error() == "Could not open: Viewer (No such file or directory), Page https://b.example/ (No "
+                             "application opens web pages), Chrome (it ended with an error)");
+    CHECK(store().notice() == u"Workspace restored · 1 opened · 1 already active · 1 unavailable"_qs);
+}
+
+TEST_CASE_FIXTURE(ResumeFixture, "folders, documents and window places follow the layout switch")
+{
+    const QString paper = existing("a \"paper\"\n.pdf");
+    addWindow("viewer", "paper").documentURL = paper;
+    addWindow("viewer", "other").documentURL = home.path() + "/sub/../a \"paper\"\n.pdf"; // A folder that is not there.
+    addWindow("org.editor", "open.txt").documentURL = existing("open.txt");
+    addWindow("org.editor", "notes.txt").documentURL = existing("notes.txt");
+    addWindow("org.editor", "lost.txt").documentURL = home.filePath("lost.txt");
+    addWindow("files", "home").locationURL = home.path();
+    addWindow("gone", "theirs").documentURL = existing("theirs.txt");
+    checkpoint.apps.append(SavedApp{"files", "Files"});
+    memory.movable = {{.windowID = 1, .applicationID = "org.editor", .title = "*open.txt - Editor"}};
+    memory.running.append({"files", "Files", true});
+    // Known for certain, whatever its title says; the title of the other one decides nothing then.
+    memory.movable.append({.windowID = 9, .applicationID = "org.editor", .title = "notes.txt of another folder"});
+    memory.documents = {{.path = home.filePath("other/notes.txt"), .windowID = 9, .processID = 1001}};
+
+    resume(false);
+    CHECK(memory.opened == QStringList{"app viewer"});
+    memory.opened.clear();
+    memory.whenOpened = [&](const QString &entry) {
+        const QString app = entry.section(' ', 1, 1);
+        const QHash<QString, QString> titles = {{"viewer", "paper"}, {"org.editor", "notes.txt"}, {"files", "home"}};
+        memory.movable.append({.windowID = 2, .applicationID = app, .title = titles.value(app)});
+    };
+
+    const RestoreReport report = resume(true);
+
+    CHECK(memory.opened ==
+          QStringList{"app viewer " + paper, "app org.editor " + existing("notes.txt"), "app files " + home.path()});
+    CHECK(report.viewerDocuments == 1);
+    CHECK(report.documents == 1);
+    CHECK(report.folders == 1);
+    CHECK(report.outcome.failures.filter("lost.txt (it no longer exists)").size() == 1);
+    REQUIRE(report.layout.has_value());
+    CHECK(report.layout->restoredCount == 3);
+    CHECK(report.layout->skippedCount == report.layout->skipped.size());
+}

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/Json.h"
+#include "support/Finish.h"
+#include "tests/store/StoreFixture.h"
+
+#include <QStandardPaths>
+
+using namespace ardeno;
+
+namespace {
+
+// A video of one fragment, cut in the middle of a second one.
+QByteArray cutVideo(QByteArrayView tail = QByteArrayView("\0\0\0\x40"
+                                                         "moofhalf",
+                                                         12))
+{
+    const auto box = [](const char *type, const QByteArray &content) {
+        return QByteArray("\0\0\0", 3) + char(8 + content.size()) + type + content;
+    };
+    return box("ftyp", "isom") + box("moov", "about") + box("moof", "where") + box("mdat", "pictures") +
+           tail.toByteArray();
+}
+
+struct SessionFixture : StoreFixture {
+    QUuid project = *store().createProject("Thesis");
+
+    // Starts a session through the form; the id of its checkpoint.
+    QUuid startSession()
+    {
+        store().draftProjectID.set(project);
+        finish(store().captureMoment(" Ablation ", "Re-run", CaptureKind::Session));
+        REQUIRE_FALSE(store().captureIssue().has_value());
+        REQUIRE(store().recording());
+        return QUuid(QFileInfo(QFileInfo(memory.recordings.last().path).path()).fileName());
+    }
+
+    QString folderOf(const QUuid &id) const { return root() + '/' + uuidText(id); }
+
+    QString journalOf(const QUuid &id) const { return folderOf(id) + "/session.json"; }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(SessionFixture, "a session is in the library once it is stopped, with the workspace of its end")
+{
+    store().excludeApp({"org.secret", "Secret"});
+    const QUuid id = startSession();
+    CHECK(store().notice() == QString("Recording your main display. Stop any time from the menu bar."));
+    CHECK(store().startedAt().has_value());
+    CHECK(store().draftTitle().isEmpty());
+    CHECK_FALSE(store().busy());
+    CHECK(store().checkpoints().isEmpty());
+    CHECK(memory.recordings.last().excludedAppIDs == QSet<QString>{"org.secret"});
+    CHECK_FALSE(store().allowApp("org.secret"));
+    CHECK(store().error() == QString("Finish the recording before changing exclusions."));
+    const auto pending = json::decode<Checkpoint>(fileBytes(journalOf(id)));
+    CHECK(pending.title == "Ablation");
+    CHECK(pending.apps.size() == 1);
+
+    memory.addApplication("org.browser", "Browser", {0, 0, 500, 500});
+    finish(store().stop());
+
+    CHECK(store().notice() ==
+          QString("Recording stopped and checkpoint saved. Add a next step to make returning easier."));
+    CHECK_FALSE(store().error().has_value());
+    CHECK_FALSE(store().recording());
+    CHECK_FALSE(store().startedAt().has_value());
+    CHECK_FALSE(QFile::exists(journalOf(id)));
+    const Checkpoint saved = *reopen().selected();
+    CHECK(saved.id == id);
+    CHECK(saved.title == "Ablation");
+    CHECK(saved.nextStep == "Re-run");
+    CHECK(saved.apps.size() == 2);
+    CHECK(saved.captureNote == "Workspace captured at the end of your session.");
+    CHECK(saved.recording == folderOf(id) + "/session.mp4");
+    CHECK(memory.requests.size() == 2);
+}
+
+TEST_CASE_FIXTURE(SessionFixture, "only one session runs, and only a running one can be stopped")
+{
+    finish(store().stop());
+    CHECK_FALSE(store().notice().has_value());
+    startSession();
+    finish(store().captureMoment("Again", {}, CaptureKind::Session));
+    CHECK(store().captureIssue()->contains("already"));
+    CHECK(memory.recordings.size() == 1);
+
+    auto first = store().stop();
+    finish(store().stop());
+    finish(std::move(first));
+    CHECK(store().checkpoints().size() == 1);
+    finish(store().stop());
+    CHECK(store().checkpoints().size() == 1);
+}
+
+TEST_CASE_FIXTURE(SessionFixture, "a session that cannot begin keeps the drafts and leaves nothing behind")
+{
+    memory.recordingFailure = Failure("POSIX", 28, "No space left on device.");
+    store().draftProjectID.set(project);
+    finish(store().captureMoment("Title", {}, CaptureKind::Session));
+    CHECK(store().captureIssue()->startsWith("Capture could not finish. Your draft is safe."));
+    CHECK(store().captureIssue()->endsWith("No space left on device."));
+    CHECK(store().draftTitle() == "Title");
+    CHECK_FALSE(store().recording());
+    memory.recorder = Capability::unavailable("There is no display.");
+    finish(store().captureMoment("Title", {}, CaptureKind::Session));
+    CHECK(store().captureIssue() == QString("There is no display."));
+    CHECK(QDir(root()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).isEmpty());
+    CHECK(reopen().checkpoints().isEmpty());
+}
+
+TEST_CASE_FIXTURE(SessionFixture, "a recording that breaks off is reported, and stopping still saves the checkpoint")
+{
+    const QUuid id = startSession();
+    memory.recordingEvents.failed(Failure("POSIX", 28, "No space left on device."));
+    QCoreApplication::processEvents();
+    CHECK(store().error() == QString("Recording stopped unexpectedly: No space left on device. Use Stop & save "
+                                     "checkpoint to preserve the checkpoint."));
+    CHECK(store().recording());
+
+    memory.pictureFailure = Failure("Capture", 2, "The screenshot could not be created.");
+    finish(store().stop());
+    CHECK(store().error() == QString("The video could not be finalized. Your screenshot and workspace will still be "
+                                     "saved. No space left on device."));
+    CHECK(store().notice()->startsWith("Recording stopped and checkpoint saved."));
+    const Checkpoint saved = *store().checkpoint(id);
+    CHECK_FALSE(saved.recording.has_value());
+    CHECK(fileBytes(*saved.screenshot).startsWith("\x89PNG"));
+    CHECK(saved.captureNote ==
+          "Workspace captured at the end of your session. The screenshot is from the start of the session. The "
+          "recording broke off; what there is of it is kept with the media as session.mp4.");
+}
+
+TEST_CASE_FIXTURE(SessionFixture, "a session whose folder has been removed is saved all the same")
+{
+    const QUuid id = startSession();
+    REQUIRE(QDir(folderOf(id)).removeRecursively());
+    memory.recordingEvents.failed(Failure("POSIX", 2, "No such file or directory."));
+    finish(store().stop());
+    CHECK(store().checkpoint(id)->captureNote == "Workspace captured at the end of your session.");
+    CHECK(QFile::exists(*store().checkpoint(id)->screenshot));
+}
+
+TEST_CASE_FIXTURE(SessionFixture, "a session that the library refuses is saved by the next start")
+{
+    const QUuid id = startSession();
+    memory.addApplication("org.browser", "Browser", {0, 0, 500, 500});
+    breakLibrary();
+    finish(store().stop());
+    CHECK(store().error()->startsWith("Could not save this checkpoint: "));
+    CHECK_FALSE(store().recording());
+    REQUIRE(QFile::exists(journalOf(id)));
+
+    REQUIRE(QDir(libraryPath()).removeRecursively());
+    REQUIRE(QFile::rename(root() + "/moved", libraryPath()));
+    CHECK(reopen().checkpoint(id)->apps.size() == 2);
+    CHECK(store().project(*store().checkpoint(id)->projectID)->name == "Thesis");
+}
+
+TEST_CASE_FIXTURE(SessionFixture, "a session that was cut short is saved by the next start, once, with what there is")
+{
+    const QUuid whole = startSession();
+    writeFile(folderOf(whole) + "/session.mp4", cutVideo());
+    opened.reset(); // As after a crash: nobody has stopped it.
+    const QUuid empty = QUuid::createUuid();
+    Checkpoint session{.title = "Second", .projectID = project};
+    session.screenshot = "/elsewhere/snapshot.png";
+    writeFile(journalOf(empty), json::encode(session));
+    writeFile(folderOf(empty) + "/session.mp4", cutVideo().first(30));
+
+    reopen();
+    CHECK(store().notice() ==
+          QString("2 work sessions were interrupted. Their checkpoints have been saved with what was recorded."));
+    REQUIRE(store().checkpoints().size() == 2);
+    CHECK(store().checkpoint(whole)->title == "Ablation");
+    CHECK(store().checkpoint(whole)->recording == folderOf(whole) + "/session.mp4");
+    CHECK(store().checkpoint(whole)->captureNote.contains("start of your session"));
+    CHECK(fileBytes(folderOf(whole) + "/session.mp4") == cutVideo({}));
+    CHECK_FALSE(store().checkpoint(empty)->recording.has_value());
+    CHECK_FALSE(store().checkpoint(empty)->screenshot.has_value());
+    CHECK_FALSE(QFile::exists(journalOf(whole)));
+    CHECK(reopen().checkpoints().size() == 2);
+    CHECK_FALSE(store().notice().has_value());
+}
+
+TEST_CASE_FIXTURE(SessionFixture, "a journal that cannot be read loses no video")
+{
+    const QUuid id = startSession();
+    writeFile(folderOf(id) + "/session.mp4", cutVideo());
+    opened.reset();
+    const QByteArray journal = fileBytes(journalOf(id));
+    writeFile(journalOf(id), journal.first(journal.size() / 2));
+
+    CHECK(reopen().notice()->contains("Recovered work session"));
+    const Checkpoint *const saved = store().checkpoint(id);
+    REQUIRE(saved);
+    CHECK(saved->recording.has_value());
+    CHECK(saved->screenshot.has_value());
+    CHECK(store().project(*saved->projectID));
+}
+
+TEST_CASE_FIXTURE(SessionFixture,
+                  "interrupted sessions stay where they are while the library cannot be read or written")
+{
+    const QUuid id = startSession();
+    opened.reset();
+    const QByteArray library = fileBytes(libraryPath());
+    writeFile(libraryPath(), "{");
+    CHECK(reopen().error()->startsWith("Your saved checkpoints could not be read."));
+    CHECK(QFile::exists(journalOf(id)));
+    CHECK(fileBytes(libraryPath()) == "{");
+    writeFile(libraryPath(), library);
+    CHECK(reopen().checkpoint(id));
+}
