@@ -1,21 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/Thumbnails.h"
 
-#include "media/ImageImport.h"
-#include "media/PictureShrinking.h"
+#include "media/PictureFile.h"
 #include "media/ThumbnailCache.h"
 #include "support/Failure.h"
 
-#include <QFile>
 #include <QMetaObject>
 #include <QObject>
 #include <QStandardPaths>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
 #include <atomic>
-#include <cerrno>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -37,28 +31,6 @@ struct Job {
     QString path = {};
     std::weak_ptr<Pending> pending = {};
 };
-
-// The file, when it is one.
-struct OpenPicture {
-    FileDescriptor file;
-    FileStamp stamp = {};
-};
-
-// Absent when there is none. Throws Failure.
-std::optional<OpenPicture> openPicture(const QString &path)
-{
-    constexpr int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK; // Not to wait for a pipe in the place of a file.
-    FileDescriptor file(uninterrupted([&] { return ::open(QFile::encodeName(path).constData(), flags); }));
-    if (!file && (errno == ENOENT || errno == ENOTDIR))
-        return std::nullopt;
-    struct stat status = {};
-    if (!file || ::fstat(file.number(), &status) != 0)
-        throw Failure::system(errno);
-    if (!S_ISREG(status.st_mode))
-        throw Failure::system(EINVAL);
-    const FileStamp stamp = FileStamp::ofDescriptor(file.number());
-    return OpenPicture{std::move(file), stamp};
-}
 
 } // namespace
 
@@ -87,17 +59,16 @@ std::optional<Thumbnail> Thumbnails::Queue::made(const Job &job, std::optional<F
 {
     const auto isWanted = [&] { return !isEnding && !job.pending.expired(); };
     try {
-        std::optional<OpenPicture> open = openPicture(job.path);
-        if (!open) {
+        std::optional<PictureFile> file = PictureFile::opened(job.path);
+        if (!file) {
             cache.remove({job.path});
             return Thumbnail{Thumbnail::State::Missing};
         }
-        std::optional<Picture> picture = cache.find(job.path, open->stamp);
+        const FileStamp stamp = file->stamp();
+        std::optional<Picture> picture = cache.find(job.path, stamp);
         if (!picture) {
-            *fresh = open->stamp;
-            std::optional<PngReader> reader = PngReader::opened(std::move(open->file));
-            picture = reader ? shrunken(*reader, longestSide, isWanted)
-                             : ImageImport::thumbnail(job.path, longestSide, isWanted);
+            *fresh = stamp;
+            picture = file->shrunken(longestSide, isWanted);
         }
         if (picture)
             return Thumbnail{Thumbnail::State::Ready, std::move(*picture)};

@@ -2,6 +2,7 @@
 #include "store/ProjectOrder.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
 #include <vector>
@@ -40,11 +41,12 @@ std::optional<QList<Project>> ProjectOrder::moved(const QList<Project> &projects
         byID.insert(project.id, project);
     // Rows of projects that no longer exist have no slot to fill.
     order.removeIf([&](const QUuid &id) { return !byID.contains(id); });
+    const QSet<QUuid> moving(order.cbegin(), order.cend());
 
     QList<Project> result = projects;
     auto next = order.cbegin();
     for (Project &slot : result) {
-        if (order.contains(slot.id))
+        if (moving.contains(slot.id))
             slot = byID.value(*next++);
     }
     if (result == projects)

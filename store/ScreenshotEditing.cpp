@@ -36,7 +36,8 @@ QCoro::Task<void> AppStore::importScreenshot(QString file, QUuid checkpointID)
     std::optional<Failure> failure;
     try {
         path = m_repository.directory(checkpointID) + '/' + MediaFile::importedImage();
-        co_await inWorker([&] { ImageImport::writePng(file, path); });
+        const auto copy = [&] { ImageImport::writePng(file, path); };
+        co_await inWorker(copy);
     } catch (const Failure &thrown) {
         failure = thrown;
     }

@@ -24,7 +24,7 @@ struct Screens {
     // What a checkpoint holds of the workspace, at the end of its detail.
     std::function<QWidget *(AppStore &, const QUuid &)> workspaceItems = {};
     std::function<void(const Checkpoint &)> viewScreenshot = {};
-    // Ends a recorded session and saves its checkpoint.
+    // Ends a recorded session and saves its checkpoint; absent: the store does so at once.
     std::function<void(AppStore &)> stopRecording = {};
     // Where an offered version and the newsletter are; absent: nothing to open.
     std::function<void(AppStore &)> openUpdate = {};

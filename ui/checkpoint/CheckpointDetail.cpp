@@ -12,12 +12,18 @@
 
 namespace ardeno {
 
+namespace {
+
+constexpr int mostTitleLines = 4;
+
+} // namespace
+
 CheckpointDetail::CheckpointDetail(AppStore &store, const Screens &screens, const Checkpoint &checkpoint)
     : m_store(store),
       m_screens(screens),
       m_sample(checkpoint.isSample ? checkpoint : Checkpoint()),
       m_id(checkpoint.id),
-      m_title(makeParagraph({}, TextStyle::Title)),
+      m_title(makeParagraphOfLines(mostTitleLines, TextStyle::Title)),
       m_objective(makeNote(&Checkpoint::objective)),
       m_nextStep(makeNote(&Checkpoint::nextStep))
 {

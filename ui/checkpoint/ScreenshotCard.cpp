@@ -5,8 +5,10 @@
 #include "ui/checkpoint/ScreenshotImage.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/PictureImage.h"
 
 #include <QFileDialog>
+#include <QPointer>
 
 namespace ardeno {
 
@@ -61,10 +63,16 @@ QWidget *ScreenshotCard::makePlaceholder()
 
 QWidget *ScreenshotCard::makePicture(const Checkpoint &checkpoint)
 {
+    m_preview = {};
     if (!checkpoint.screenshot)
         return makePlaceholder();
     const auto enlarging = m_screens.viewScreenshot ? ScreenshotImage::Enlarging::Yes : ScreenshotImage::Enlarging::No;
     auto *image = new ScreenshotImage(*checkpoint.screenshot, enlarging);
+    m_preview = m_store.thumbnails().request(*checkpoint.screenshot,
+                                             [shown = QPointer<ScreenshotImage>(image)](const Thumbnail &thumbnail) {
+                                                 if (shown && thumbnail.state == Thumbnail::State::Ready)
+                                                     shown->setPreview(toImage(thumbnail.picture));
+                                             });
     connect(image, &QAbstractButton::clicked, this, [this] { expand(); });
     return image;
 }

@@ -34,6 +34,7 @@ private:
     Button *m_expand;
     Button *m_remove;
     QWidget *m_picture = nullptr;
+    Thumbnails::Request m_preview;
     Observations m_observations;
 };
 

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/checkpoint/ScreenshotImage.h"
 
-#include "ui/controls/Ground.h"
+#include "media/PictureFile.h"
+#include "support/Failure.h"
+#include "ui/controls/PictureImage.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
 #include "ui/viewer/PicturePreviews.h"
 
+#include <QFileInfo>
 #include <QFocusEvent>
 #include <QFontMetricsF>
 #include <QFutureWatcher>
@@ -14,18 +17,37 @@
 #include <QPainterPath>
 #include <QtConcurrent>
 
+#include <algorithm>
+#include <new>
+#include <optional>
+#include <utility>
+
 namespace ardeno {
 
 namespace {
 
-// A PNG of 8192 pixels square needs more than Qt's usual limit.
-constexpr int mostMegabytes = 512;
-
-QImage readScaled(const QString &path, int width)
+// Null when it cannot be read, or is not wanted any more.
+QImage readScaled(const QString &path, QSize wanted, const std::shared_ptr<std::atomic<bool>> &isWanted)
 {
-    QImageReader reader(path);
-    const QImage full = reader.read();
-    return full.width() > width ? full.scaledToWidth(width, Qt::SmoothTransformation) : full;
+    try {
+        std::optional<PictureFile> file = PictureFile::opened(path);
+        // Made small coarsely in the memory of the result, then finely.
+        const int coarse = 2 * std::max(wanted.width(), wanted.height());
+        std::optional<Picture> picture = file ? file->shrunken(coarse, [&] { return isWanted->load(); }) : std::nullopt;
+        if (picture)
+            return toImage(std::move(*picture)).scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    } catch (const Failure &) {
+        // It is shown as unavailable.
+    } catch (const std::bad_alloc &) {
+    }
+    return {};
+}
+
+// Empty when it is not known.
+QSize sizeOf(const QString &path)
+{
+    // Nothing else is opened here: a pipe would be waited for.
+    return QFileInfo(path).isFile() ? QImageReader(path).size() : QSize();
 }
 
 } // namespace
@@ -33,8 +55,7 @@ QImage readScaled(const QString &path, int width)
 ScreenshotImage::ScreenshotImage(const QString &path, Enlarging enlarging, QWidget *parent)
     : QAbstractButton(parent), m_path(path)
 {
-    QImageReader::setAllocationLimit(mostMegabytes);
-    m_fullSize = QImageReader(path).size();
+    m_fullSize = sizeOf(path);
     m_isUnavailable = m_fullSize.isEmpty();
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
@@ -50,6 +71,18 @@ ScreenshotImage::ScreenshotImage(const QString &path, Enlarging enlarging, QWidg
         setFocusPolicy(Qt::NoFocus);
         setAccessibleName(m_isUnavailable ? tr("Screenshot unavailable") : tr("Saved screenshot"));
     }
+}
+
+ScreenshotImage::~ScreenshotImage()
+{
+    if (m_isWanted)
+        m_isWanted->store(false);
+}
+
+void ScreenshotImage::setPreview(const QImage &preview)
+{
+    m_preview = preview;
+    update();
 }
 
 QSize ScreenshotImage::sizeHint() const
@@ -77,13 +110,17 @@ void ScreenshotImage::read()
     if (m_isUnavailable || wanted <= 0 || wanted == m_askedWidth)
         return;
     m_askedWidth = wanted;
+    if (m_isWanted)
+        m_isWanted->store(false);
+    m_isWanted = std::make_shared<std::atomic<bool>>(true);
     auto *reading = new QFutureWatcher<QImage>(this);
     connect(reading, &QFutureWatcherBase::finished, this, [this, reading, wanted] {
         reading->deleteLater();
         if (wanted == m_askedWidth)
             take(reading->result());
     });
-    reading->setFuture(QtConcurrent::run(readScaled, m_path, wanted));
+    const int height = std::max(1, qRound(double(wanted) * m_fullSize.height() / m_fullSize.width()));
+    reading->setFuture(QtConcurrent::run(readScaled, m_path, QSize(wanted, height), m_isWanted));
 }
 
 void ScreenshotImage::take(const QImage &image)
@@ -104,10 +141,7 @@ void ScreenshotImage::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     if (m_isUnavailable) {
-        Drawing::panel(painter, rect(), 8, themeColor(Role::Paper), themeColor(Role::Line));
-        Symbols::draw(painter, "photo", {width() / 2.0 - 14, height() / 2.0 - 30, 28, 28}, themeColor(Role::Faint));
-        Drawing::text(painter, QRectF(0, height() / 2.0 + 6, width(), 24), tr("Screenshot unavailable"),
-                      TextStyle::Body, themeColor(Role::Dim), Qt::AlignCenter);
+        drawUnavailable(painter);
         return;
     }
     const int shown = qMin(width(), qRound(m_fullSize.width() / devicePixelRatioF()));
@@ -116,13 +150,21 @@ void ScreenshotImage::paintEvent(QPaintEvent *)
     rounded.addRoundedRect(target, 8, 8);
     painter.setClipPath(rounded);
     painter.fillRect(target, themeColor(Role::Line));
-    if (!m_image.isNull())
-        painter.drawImage(target, m_image);
+    if (const QImage &shownImage = m_image.isNull() ? m_preview : m_image; !shownImage.isNull())
+        painter.drawImage(target, shownImage);
     painter.setClipping(false);
     if (focusPolicy() != Qt::NoFocus && (underMouse() || m_showsFocus))
         drawHint(painter);
     if (m_showsFocus)
         Drawing::focusRing(painter, target, 8);
+}
+
+void ScreenshotImage::drawUnavailable(QPainter &painter)
+{
+    Drawing::panel(painter, rect(), 8, themeColor(Role::Paper), themeColor(Role::Line));
+    Symbols::draw(painter, "photo", {width() / 2.0 - 14, height() / 2.0 - 30, 28, 28}, themeColor(Role::Faint));
+    Drawing::text(painter, QRectF(0, height() / 2.0 + 6, width(), 24), tr("Screenshot unavailable"), TextStyle::Body,
+                  themeColor(Role::Dim), Qt::AlignCenter);
 }
 
 void ScreenshotImage::drawHint(QPainter &painter)

@@ -4,6 +4,9 @@
 #include <QAbstractButton>
 #include <QImage>
 
+#include <atomic>
+#include <memory>
+
 namespace ardeno {
 
 // A picture scaled to the width it gets, read away from the main thread. Where it can be enlarged it is a button with a
@@ -14,6 +17,12 @@ public:
 
     // Where the file is missing or cannot be read it says so.
     ScreenshotImage(const QString &path, Enlarging enlarging, QWidget *parent = nullptr);
+    ~ScreenshotImage() override;
+    ScreenshotImage(const ScreenshotImage &) = delete;
+    ScreenshotImage &operator=(const ScreenshotImage &) = delete;
+
+    // Shown until the picture itself has been read.
+    void setPreview(const QImage &preview);
 
     bool isUnavailable() const { return m_isUnavailable; }
 
@@ -35,10 +44,13 @@ private:
     void read();
     void take(const QImage &image);
     void drawHint(QPainter &painter);
+    void drawUnavailable(QPainter &painter);
 
     QString m_path;
     QSize m_fullSize; // Pixels of the file.
     QImage m_image;   // As large as it is drawn.
+    QImage m_preview;
+    std::shared_ptr<std::atomic<bool>> m_isWanted; // What is being read.
     int m_askedWidth = 0;
     bool m_isUnavailable = false;
     bool m_showsFocus = false;

@@ -126,10 +126,32 @@ Button::Look Button::filledLook(Role role) const
     return {fill, Qt::transparent, themeColor(Role::OnAccent)};
 }
 
+Button::Look Button::borderedLook(bool isHovered) const
+{
+    const QColor paper = themeColor(Role::Paper);
+    return {isHovered ? shaded(paper, isDown() ? 110 : 104) : paper, themeColor(Role::Line),
+            themeColor(isEnabled() ? Role::Text : Role::Faint)};
+}
+
+Button::Look Button::rowLook(bool isHovered) const
+{
+    if (m_isCurrent)
+        return {themeColor(Role::AccentSoft), Qt::transparent, themeColor(Role::AccentText)};
+    return {isHovered ? themeColor(Role::Hover) : QColor(Qt::transparent), Qt::transparent,
+            themeColor(isEnabled() ? Role::Text : Role::Faint)};
+}
+
+Button::Look Button::plainLook(bool isHovered) const
+{
+    if (m_isRow)
+        return rowLook(isHovered);
+    const Role ink = !isEnabled() ? Role::Faint : isHovered ? Role::Text : Role::Dim;
+    return {isHovered ? themeColor(Role::Hover) : QColor(Qt::transparent), Qt::transparent, themeColor(ink)};
+}
+
 Button::Look Button::look() const
 {
     const bool isHovered = isEnabled() && (underMouse() || isDown());
-    const QColor ink = themeColor(isEnabled() ? Role::Text : Role::Faint);
     switch (m_kind) {
     case Kind::Prominent:
         return filledLook(Role::Accent);
@@ -137,22 +159,15 @@ Button::Look Button::look() const
     case Kind::Destructive:
         return filledLook(Role::Recording);
     case Kind::Bordered:
-        return {isHovered ? shaded(themeColor(Role::Paper), isDown() ? 110 : 104) : themeColor(Role::Paper),
-                themeColor(Role::Line), ink};
-    case Kind::Link:
-        return {Qt::transparent, Qt::transparent,
-                isHovered ? shaded(themeColor(Role::AccentText), 120) : themeColor(Role::AccentText)};
+        return borderedLook(isHovered);
+    case Kind::Link: {
+        const QColor ink = themeColor(Role::AccentText);
+        return {Qt::transparent, Qt::transparent, isHovered ? shaded(ink, 120) : ink};
+    }
     case Kind::Plain:
         break;
     }
-    if (m_isRow) {
-        const QColor hover = isHovered ? themeColor(Role::Hover) : QColor(Qt::transparent);
-        return {m_isCurrent ? themeColor(Role::AccentSoft) : hover, Qt::transparent,
-                m_isCurrent ? themeColor(Role::AccentText) : ink};
-    }
-    const Role dim = isHovered ? Role::Text : Role::Dim;
-    return {isHovered ? themeColor(Role::Hover) : QColor(Qt::transparent), Qt::transparent,
-            themeColor(isEnabled() ? dim : Role::Faint)};
+    return plainLook(isHovered);
 }
 
 void Button::paintEvent(QPaintEvent *)

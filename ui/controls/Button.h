@@ -48,6 +48,9 @@ private:
 
     Look look() const;
     Look filledLook(Role role) const;
+    Look borderedLook(bool isHovered) const;
+    Look rowLook(bool isHovered) const;
+    Look plainLook(bool isHovered) const;
     void drawLabel(QPainter &painter, const QColor &ink) const;
     QFont labelFont() const;
 

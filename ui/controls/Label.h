@@ -11,8 +11,11 @@ namespace ardeno {
 // A text in one of the theme's styles and colours, which follow the theme. Plain text, never interpreted.
 QLabel *makeLabel(const QString &text, TextStyle style = TextStyle::Body, Role role = Role::Text);
 
-// A text of several lines.
+// A text of several lines. A word that is longer than a line is broken, so that no text widens what it stands in.
 QLabel *makeParagraph(const QString &text, TextStyle style = TextStyle::Body, Role role = Role::Text);
+
+// The same with at most so many lines: the last one ends in "…" then, and the whole text is the tooltip.
+QLabel *makeParagraphOfLines(int mostLines, TextStyle style = TextStyle::Body, Role role = Role::Text);
 
 // One line that ends in "…" where it does not fit; the whole text is the tooltip then, and always the accessible name.
 class LineLabel final : public QFrame {

@@ -49,14 +49,18 @@ DetailBar::DetailBar(AppStore &store, const Screens &screens, std::function<void
 {
     setFixedHeight(barHeight);
     auto *row = makeRow(12, this);
-    row->setContentsMargins(24, 0, 28, 0);
+    row->setContentsMargins(24, 0, 35, 0);
     row->addWidget(m_title, 1);
     row->addWidget(m_progress);
     row->addWidget(m_recording);
-    m_stop->setVisible(static_cast<bool>(screens.stopRecording));
-    connect(m_stop, &QAbstractButton::clicked, this, [this, stop = screens.stopRecording] { stop(m_store); });
+    connect(m_stop, &QAbstractButton::clicked, this, [this, stop = screens.stopRecording] {
+        if (stop)
+            stop(m_store);
+        else
+            m_store.stop();
+    });
     Button *const more = Button::makeIcon("ellipsis", tr("More actions"));
-    more->setFixedWidth(34);
+    more->setFixedWidth(20);
     setMenu(more, std::move(fillMenu));
     row->addWidget(more);
     connect(&m_tick, &QTimer::timeout, this, [this] { showElapsed(); });

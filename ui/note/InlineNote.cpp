@@ -27,7 +27,7 @@ InlineNote::InlineNote(const Text &text, QWidget *parent)
                        TextStyle::Tiny, Role::Dim);
     m_hint->hide();
     auto *column = makeColumn(4, this);
-    column->setContentsMargins(15, 13, 15, 12);
+    column->setContentsMargins(8, 8, 8, 8);
     column->addWidget(makeHeader(text));
     column->addWidget(m_editor);
     column->addWidget(m_hint);

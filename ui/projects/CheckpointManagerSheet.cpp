@@ -8,6 +8,8 @@
 #include "ui/projects/CheckpointActions.h"
 #include "ui/projects/TimelineDelegate.h"
 
+#include <utility>
+
 namespace ardeno {
 
 CheckpointManagerSheet::CheckpointManagerSheet(AppStore &store, const Project &project)
@@ -15,6 +17,7 @@ CheckpointManagerSheet::CheckpointManagerSheet(AppStore &store, const Project &p
       m_store(store),
       m_projectID(project.id),
       m_count(makeLabel({}, TextStyle::Body, Role::Dim)),
+      m_pictures(store.thumbnails(), [this] { m_list->viewport()->update(); }),
       m_list(makeList()),
       m_empty(makeEmpty()),
       m_chosen(new LineLabel({}, TextStyle::Small, Role::Dim)),
@@ -39,7 +42,7 @@ PlainList *CheckpointManagerSheet::makeList()
 {
     auto *list = new PlainList(tr("Checkpoints"));
     list->setModel(&m_model);
-    list->setItemDelegate(new ManagerDelegate(list));
+    list->setItemDelegate(new ManagerDelegate(m_pictures, list));
     list->setUniformItemSizes(true);
     list->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
         QMenu *const menu = makeMenu(this);
@@ -48,11 +51,12 @@ PlainList *CheckpointManagerSheet::makeList()
     });
     connect(list->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex &current, const QModelIndex &before) {
-                if (before.isValid())
+                if (before.isValid() && before != m_pointed)
                     m_list->setIndexWidget(before, nullptr);
                 placeRowMenu(current);
                 showChosen();
             });
+    connect(list, &QAbstractItemView::entered, this, [this](const QModelIndex &index) { pointTo(index); });
     connect(list, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex &index) {
         m_store.selectCheckpoint(m_model.rows().at(index.row()).id);
         close();
@@ -60,18 +64,25 @@ PlainList *CheckpointManagerSheet::makeList()
     return list;
 }
 
-// The current row has its menu as a button at its right end.
+void CheckpointManagerSheet::pointTo(const QModelIndex &index)
+{
+    const QModelIndex before = std::exchange(m_pointed, QPersistentModelIndex(index));
+    if (before.isValid() && before != m_list->currentIndex())
+        m_list->setIndexWidget(before, nullptr);
+    placeRowMenu(index);
+}
+
+// The rows that are current and pointed to have their menu as a button at their right end.
 void CheckpointManagerSheet::placeRowMenu(const QModelIndex &index)
 {
-    if (!index.isValid())
+    if (!index.isValid() || m_list->indexWidget(index))
         return;
     const QUuid id = m_model.rows().at(index.row()).id;
     auto *holder = new QWidget;
     auto *row = makeRow(0, holder);
-    row->setContentsMargins(0, 0, 12, 0);
+    row->setContentsMargins(0, 0, ManagerDelegate::menuInset, 0);
     row->addStretch();
     Button *const actions = Button::makeIcon("ellipsis.circle", tr("Actions for %1").arg(m_model.title(index.row())));
-    holder->setAttribute(Qt::WA_TransparentForMouseEvents, false);
     row->addWidget(actions);
     setMenu(actions, [this, id](QMenu *menu) {
         if (const Checkpoint *const checkpoint = m_store.checkpoint(id))
@@ -115,6 +126,10 @@ std::optional<Checkpoint> CheckpointManagerSheet::chosen() const
 
 void CheckpointManagerSheet::showCheckpoints()
 {
+    if (!m_store.project(m_projectID)) {
+        close(); // Deleted meanwhile.
+        return;
+    }
     m_model.setRows(m_store.checkpointsFor(m_projectID));
     m_count->setText(tr("%1 saved").arg(m_model.rowCount()));
     m_list->setVisible(m_model.rowCount() > 0);

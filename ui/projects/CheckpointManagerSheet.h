@@ -4,6 +4,9 @@
 #include "store/AppStore.h"
 #include "ui/controls/Sheet.h"
 #include "ui/projects/CheckpointListModel.h"
+#include "ui/projects/ThumbnailShelf.h"
+
+#include <QPersistentModelIndex>
 
 class QLabel;
 
@@ -23,14 +26,18 @@ private:
     QWidget *makeFooter();
     void showCheckpoints();
     void showChosen();
+    // Stays until the next one is placed, or until neither the pointer nor the keyboard is at its row.
     void placeRowMenu(const QModelIndex &index);
+    void pointTo(const QModelIndex &index);
     std::optional<Checkpoint> chosen() const;
 
     AppStore &m_store;
     QUuid m_projectID;
     CheckpointListModel m_model;
     QLabel *m_count;
+    ThumbnailShelf m_pictures;
     PlainList *m_list;
+    QPersistentModelIndex m_pointed; // The row below the pointer.
     QWidget *m_empty;
     LineLabel *m_chosen;
     Button *m_delete;

@@ -4,10 +4,13 @@
 #include "ui/controls/PlainList.h"
 #include "ui/projects/CheckpointListModel.h"
 #include "ui/projects/ProjectText.h"
+#include "ui/projects/ThumbnailShelf.h"
 #include "ui/theme/Drawing.h"
+#include "ui/theme/Symbols.h"
 
 #include <QCoreApplication>
 #include <QFontMetricsF>
+#include <QPainterPath>
 
 namespace ardeno {
 
@@ -68,7 +71,34 @@ void ManagerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
         Drawing::panel(*painter, row, 8, themeColor(Role::Card), themeColor(Role::Line));
     if (state.showsFocus)
         Drawing::focusRing(*painter, row, 8);
-    drawTexts(*painter, row.adjusted(12, 8, -52, -8), index, state);
+    const QSizeF picture = ThumbnailShelf::shownSize;
+    drawPicture(*painter, {QPointF(row.left() + 8, row.center().y() - picture.height() / 2), picture}, index);
+    drawTexts(*painter, row.adjusted(8 + picture.width() + 12, 8, -52, -8), index, state);
+    // Where the pointer or the keyboard is, a button stands in its place.
+    const QRectF menu(row.right() - menuInset - 22, row.center().y() - 8, 16, 16);
+    Symbols::draw(*painter, "ellipsis.circle", menu, themeColor(Role::Dim));
+}
+
+void ManagerDelegate::drawPicture(QPainter &painter, const QRectF &area, const QModelIndex &index) const
+{
+    const std::optional<QString> &path = modelOf(index).rows().at(index.row()).screenshot;
+    const QImage *const image = path ? m_pictures.find(*path, painter.device()->devicePixelRatio()) : nullptr;
+    if (!image) {
+        Drawing::panel(painter, area, 4, themeColor(Role::Card), themeColor(Role::Line));
+        Symbols::draw(painter, "photo", {area.center().x() - 8, area.center().y() - 8, 16, 16},
+                      themeColor(Role::Faint));
+        return;
+    }
+    const QSizeF size = QSizeF(image->size()).scaled(area.size(), Qt::KeepAspectRatio);
+    QRectF target(QPointF(), size);
+    target.moveCenter(area.center());
+    painter.save();
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    QPainterPath rounded;
+    rounded.addRoundedRect(target, 4, 4);
+    painter.setClipPath(rounded);
+    painter.drawImage(target, *image);
+    painter.restore();
 }
 
 QSize ManagerDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const

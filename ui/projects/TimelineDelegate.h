@@ -5,6 +5,8 @@
 
 namespace ardeno {
 
+class ThumbnailShelf;
+
 // A checkpoint as a small card in the timeline.
 class TimelineDelegate final : public QStyledItemDelegate {
 public:
@@ -17,15 +19,21 @@ public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 };
 
-// A checkpoint as a row of the manager, with a mark for its menu at the right.
+// A checkpoint as a row of the manager: its picture, and a mark for its menu at the right.
 class ManagerDelegate final : public QStyledItemDelegate {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    ManagerDelegate(ThumbnailShelf &pictures, QObject *parent) : QStyledItemDelegate(parent), m_pictures(pictures) {}
 
     static constexpr int rowHeight = 56;
+    static constexpr int menuInset = 12; // Between the menu's mark and the end of the row.
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+private:
+    void drawPicture(QPainter &painter, const QRectF &area, const QModelIndex &index) const;
+
+    ThumbnailShelf &m_pictures;
 };
 
 } // namespace ardeno

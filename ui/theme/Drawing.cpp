@@ -78,7 +78,9 @@ void Drawing::text(QPainter &painter, const QRectF &rect, const QString &text, T
     const QFont font = AppTheme::instance().font(style);
     painter.setFont(font);
     painter.setPen(color);
-    const QString elided = QFontMetricsF(font, painter.device()).elidedText(text, Qt::ElideRight, rect.width());
+    constexpr qsizetype widest = 2000; // Characters; no window is wider.
+    const QString elided =
+        QFontMetricsF(font, painter.device()).elidedText(text.left(widest), Qt::ElideRight, rect.width());
     painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine, elided);
 }
 

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/projects/ThumbnailShelf.h"
+
+#include "ui/controls/PictureImage.h"
+
+namespace ardeno {
+
+const QImage *ThumbnailShelf::find(const QString &path, qreal ratio)
+{
+    if (const QImage *const known = m_images.object(path))
+        return known->isNull() ? nullptr : known;
+    if (!m_asked.contains(path)) {
+        m_asked.insert(path, m_thumbnails.request(path, [this, path, ratio](const Thumbnail &thumbnail) {
+            take(path, thumbnail, ratio);
+        }));
+    }
+    return nullptr;
+}
+
+void ThumbnailShelf::take(const QString &path, const Thumbnail &thumbnail, qreal ratio)
+{
+    const Thumbnails::Request answered = m_asked.take(path); // It goes when this answer has been given.
+    if (thumbnail.state != Thumbnail::State::Dropped) {
+        const QImage image = toImage(thumbnail.picture);
+        const QSize room = (QSizeF(shownSize) * ratio).toSize();
+        m_images.insert(path, image.isNull()
+                                  ? new QImage
+                                  : new QImage(image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+    }
+    m_arrived();
+}
+
+} // namespace ardeno
