@@ -50,6 +50,8 @@ namespace RestoreSummary {
 
 // The one sentence that tells the user what happened.
 QString text(const RestoreReport &report);
+// The same of windows that were placed on their own.
+QString text(const RestoreResult &layout);
 
 } // namespace RestoreSummary
 

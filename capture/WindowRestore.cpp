@@ -137,7 +137,8 @@ void Restore::collect()
         ++titles[{window.appID, window.title}];
     }
     for (const SavedWindow &window : std::as_const(m_request.windows)) {
-        if (!m_request.allowedAppIDs.contains(window.appID))
+        const bool isWanted = m_request.onlyIDs.isEmpty() || m_request.onlyIDs.contains(window.id);
+        if (!isWanted || !m_request.allowedAppIDs.contains(window.appID))
             continue;
         m_pending.append({.saved = window,
                           .groupSize = groupSizes.value(window.appID),

@@ -19,6 +19,7 @@ namespace ardeno::WindowLayout {
 struct RestoreRequest {
     QList<SavedWindow> windows = {};
     QSet<QString> allowedAppIDs = {}; // Windows of other applications are neither touched nor counted.
+    QSet<QUuid> onlyIDs = {};         // When not empty, the others count only for telling windows apart.
     QSet<QUuid> awaitedIDs = {};      // Saved windows that this resume caused to be opened: they may come late.
     std::chrono::milliseconds firstWait = std::chrono::milliseconds(650);
     std::chrono::milliseconds patience = std::chrono::seconds(10); // For awaited windows.

@@ -12,6 +12,14 @@ namespace ardeno {
 
 class AppStore;
 
+// A saved window that a resume left alone, and why.
+struct UnplacedWindow {
+    SavedWindow window = {};
+    QString reason = {}; // A few words that can be shown.
+
+    bool operator==(const UnplacedWindow &) const = default;
+};
+
 // Everything the interface shows, one line a property. Main thread only.
 struct AppState {
     template <typename T>
@@ -57,12 +65,15 @@ struct AppState {
 
     // Restore and settings.
     Editable<bool> showRestore;
+    Published<QList<UnplacedWindow>> unplacedWindows; // By the last resume.
     Editable<bool> showSettings;
     Editable<int> shortcutChoice;
     Editable<std::optional<QString>> shortcutIssue; // Reported by whoever holds the shortcut.
 
     // Screen access.
     Published<bool> screenAccessGranted;
+    Published<std::optional<QString>>
+        screenAccessReason; // Why pictures cannot be taken here, whatever the user allows.
     Published<bool> requestingAccess;
     Published<bool> permissionRequestSent;
     Published<bool> restartingApp;

@@ -15,6 +15,12 @@ std::optional<QUuid> toUuid(const std::optional<QString> &text)
     return id.isNull() ? std::nullopt : std::optional(id);
 }
 
+QCoro::Task<qint64> startNothing()
+{
+    throw Failure("Restart", 3, "This program cannot start itself.");
+    co_return 0;
+}
+
 QSet<QString> identifiers(const QList<RunningApplication> &applications)
 {
     QSet<QString> ids;
@@ -33,6 +39,8 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
       m_checkScreenAccess(std::move(parts.checkScreenAccess)),
       m_askScreenAccess(std::move(parts.askScreenAccess)),
       m_verifyScreenAccess(std::move(parts.verifyScreenAccess)),
+      m_startInstance(std::move(parts.startInstance)),
+      m_endApplication(std::move(parts.endApplication)),
       m_runningApplicationIDs(std::move(parts.runningApplicationIDs)),
       m_capture(*desktop.screenCapture, desktop.screenRecorder.get()),
       m_openedPages(std::move(parts.openedPages)),
@@ -46,6 +54,10 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
         m_askScreenAccess = [this] { return m_desktop.screenAccess->ask(); };
     if (!m_verifyScreenAccess)
         m_verifyScreenAccess = [this] { return m_capture.verifyAccess(); };
+    if (!m_startInstance)
+        m_startInstance = startNothing;
+    if (!m_endApplication)
+        m_endApplication = [] { QCoreApplication::quit(); };
     if (!m_runningApplicationIDs)
         m_runningApplicationIDs = [this] { return identifiers(m_desktop.workspace->runningApplications()); };
     readPreferences();
@@ -197,13 +209,6 @@ bool AppStore::commit(WorkspaceLibrary library, const QString &failurePrefix)
     return true;
 }
 
-void AppStore::refreshScreenAccess()
-{
-    screenAccessGranted.set(m_checkScreenAccess());
-    if (screenAccessGranted())
-        captureIssue.set(std::nullopt);
-}
-
 void AppStore::refreshRunningApplications()
 {
     runningApplicationIDs.set(m_runningApplicationIDs());
@@ -214,6 +219,16 @@ void AppStore::watchRunningApplications()
     m_isWatchingApplications = true;
     m_desktop.workspace->setChangeHandler([this] { refreshRunningApplications(); });
     refreshRunningApplications(); // After the watch has begun, so that nothing falls in between.
+}
+
+QString AppStore::iconName(const QString &appID)
+{
+    if (!m_iconNames) {
+        m_iconNames.emplace();
+        for (const InstalledApplication &application : m_desktop.workspace->installedApplications())
+            m_iconNames->insert(application.id, application.iconName);
+    }
+    return m_iconNames->value(appID);
 }
 
 void AppStore::dismissNewsletterPrompt()

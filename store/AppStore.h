@@ -15,6 +15,7 @@
 
 #include <QCoreApplication>
 #include <QCoroTask>
+#include <QHash>
 
 #include <functional>
 #include <memory>
@@ -31,6 +32,9 @@ struct StoreParts {
     std::function<bool()> checkScreenAccess = {};
     std::function<bool()> askScreenAccess = {};
     std::function<QCoro::Task<void>()> verifyScreenAccess = {};
+    // Starts this application once more and gives the new process's identifier; throws Failure.
+    std::function<QCoro::Task<qint64>()> startInstance = {};
+    std::function<void()> endApplication = {};
     std::function<QSet<QString>()> runningApplicationIDs = {};
     OpenedPages openedPages = OpenedPages(OpenedPages::defaultPath());
     QString thumbnailFolder = Thumbnails::defaultFolder();
@@ -124,18 +128,35 @@ public:
     QCoro::Task<void> stop();
     // The open tabs that a capture keeps: without excluded browsers and websites.
     QCoro::Task<WorkspaceCapture::OpenTabs> capturedTabs();
-    void refreshScreenAccess();
     void refreshRunningApplications();
     // Keeps runningApplicationIDs current from now on, without asking again and again.
     void watchRunningApplications();
 
+    // Screen access, as known from the last look; what is wrong with it is told by captureIssue.
+    void refreshScreenAccess();
+    // Asks the user, once in a run of the program.
+    void requestScreenAccess();
+    // Looks again without asking.
+    void verifyAccessNow();
+    // Shows where the user gives the consent.
+    void openScreenSettings();
+    // Replaces this process by a new one, which opens the form with its drafts.
+    QCoro::Task<void> restartForPermission();
+
     // Resuming.
+    // Whether windows of other applications can be moved; asking may show the desktop's question.
+    Capability windowPositioning() const;
+    void askWindowPositioning();
+    // The icon's name in the desktop's theme or its path; empty when the application is not known.
+    QString iconName(const QString &appID);
     // What resuming would do now. Never throws; what could not be checked is the plan's warning.
     QCoro::Task<RestorePlan> restorePlan(Checkpoint checkpoint);
     // Opens what was chosen of a plan made before and, with the layout, the folders and documents of the chosen and the
     // active applications and their windows' places. The sentence goes to notice, what failed to error.
     QCoro::Task<RestoreReport> restore(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
                                        QList<SavedWindow> windows, bool restoreLayout);
+    // Tries those of unplacedWindows again that are among these, which are all of one checkpoint.
+    QCoro::Task<void> placeRemainingWindows(QList<SavedWindow> windows);
 
     // Exclusions.
     bool excludeApp(const SavedApp &app);
@@ -205,8 +226,13 @@ private:
     void considerNewsletter();
     bool saveExclusions(const CaptureExclusions &changed);
 
+    // Screen access.
+    void endSheets();
+    QCoro::Task<void> startSuccessor();
+
     // Resuming.
     QCoro::Task<void> restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report);
+    void keepUnplaced(const QList<SavedWindow> &windows, const RestoreResult &result);
     // Work sessions.
     bool refuseSession();
     QCoro::Task<void> beginRecording(Checkpoint *checkpoint);
@@ -225,6 +251,8 @@ private:
     std::function<bool()> m_checkScreenAccess;
     std::function<bool()> m_askScreenAccess;
     std::function<QCoro::Task<void>()> m_verifyScreenAccess;
+    std::function<QCoro::Task<qint64>()> m_startInstance;
+    std::function<void()> m_endApplication;
     std::function<QSet<QString>()> m_runningApplicationIDs;
     CaptureService m_capture;
     OpenedPages m_openedPages;
@@ -234,7 +262,8 @@ private:
     std::shared_ptr<bool> m_life = std::make_shared<bool>(true); // Gone with the store.
     bool m_seedStarterExample;
     bool m_isWatchingApplications = false;
-    mutable ProjectSearch m_projectSearch = {}; // It remembers what it was asked last.
+    std::optional<QHash<QString, QString>> m_iconNames = {}; // By application; read when first asked for.
+    mutable ProjectSearch m_projectSearch = {};              // It remembers what it was asked last.
     std::unique_ptr<Thumbnails> m_thumbnails = {};
     Project m_sampleProject = {};
     bool m_isLibraryRead = false;

@@ -46,8 +46,9 @@ QCoro::Task<void> AppStore::captureMoment(QString title, QString next, CaptureKi
     m_preferences.setValue(keys::captureDraftRecording, kind == CaptureKind::Session);
     refreshScreenAccess();
     if (!screenAccessGranted()) {
-        captureIssue.set(tr("Screen access needs to be set up before saving. Use Allow screen access once, then finish "
-                            "in System Settings. Your draft is saved."));
+        captureIssue.set(screenAccessReason().value_or(
+            tr("Screen access needs to be set up before saving. Use Allow screen access once, then finish in System "
+               "Settings. Your draft is saved.")));
         co_return;
     }
     if (kind == CaptureKind::Session && refuseSession())

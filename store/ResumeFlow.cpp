@@ -6,6 +6,7 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <utility>
 
 namespace ardeno {
@@ -35,6 +36,7 @@ QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> sel
     if (busy())
         co_return report;
     clearMessages();
+    unplacedWindows.set({});
     busy.set(true);
     const auto idle = qScopeGuard([this] { busy.set(false); });
     WorkspaceCapture::ReopenRequest request{.plan = plan, .appIDs = selectedAppIDs, .tabIDs = selectedTabIDs};
@@ -55,6 +57,7 @@ QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> sel
         places.open = co_await *looking;
         places.launchedAppIDs = reopened.startedAppIDs;
         co_await restorePlaces(places, &report);
+        keepUnplaced(windows, *report.layout);
     }
     QStringList ended = co_await settling;
     ended += co_await m_desktop.launcher->settle(); // Of what was opened with documents.
@@ -81,6 +84,53 @@ QCoro::Task<void> AppStore::restorePlaces(WindowLayout::LocationRequest places, 
             request.awaitedIDs.insert(window.id);
     }
     report->layout = co_await WindowLayout::restore(request, *m_desktop.windowMover, *m_desktop.windowServer);
+}
+
+void AppStore::keepUnplaced(const QList<SavedWindow> &windows, const RestoreResult &result)
+{
+    QList<SkippedWindow> skipped = result.skipped;
+    QList<UnplacedWindow> unplaced;
+    for (const SavedWindow &window : windows) {
+        const auto found = std::find_if(skipped.begin(), skipped.end(), [&](const SkippedWindow &entry) {
+            return entry.appID == window.appID && entry.title == window.title;
+        });
+        if (found == skipped.end())
+            continue;
+        unplaced.append({window, found->reason});
+        skipped.erase(found);
+    }
+    unplacedWindows.set(unplaced);
+}
+
+QCoro::Task<void> AppStore::placeRemainingWindows(QList<SavedWindow> windows)
+{
+    WindowLayout::RestoreRequest request{.windows = windows};
+    for (const UnplacedWindow &unplaced : unplacedWindows()) {
+        if (!windows.contains(unplaced.window))
+            continue;
+        request.onlyIDs.insert(unplaced.window.id);
+        request.allowedAppIDs.insert(unplaced.window.appID);
+    }
+    if (busy() || request.onlyIDs.isEmpty())
+        co_return;
+    clearMessages();
+    busy.set(true);
+    const auto idle = qScopeGuard([this] { busy.set(false); });
+    const RestoreResult result =
+        co_await WindowLayout::restore(request, *m_desktop.windowMover, *m_desktop.windowServer);
+    if (!result.accessibilityRequired)
+        keepUnplaced(windows, result);
+    notice.set(RestoreSummary::text(result));
+}
+
+Capability AppStore::windowPositioning() const
+{
+    return m_desktop.windowMover->availability();
+}
+
+void AppStore::askWindowPositioning()
+{
+    m_desktop.windowMover->ask();
 }
 
 } // namespace ardeno

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window/WindowApplication.h"
 
+#include "app/window/Successor.h"
 #include "network/UpdateFetch.h"
 #include "platform/MakeDesktop.h"
 #include "services/Endpoints.h"
 #include "support/InWorker.h"
 #include "ui/controls/Alert.h"
 #include "ui/settings/SettingsScreens.h"
+#include "ui/sheets/SheetScreens.h"
 
 #include <QApplication>
 
@@ -21,6 +23,7 @@ Screens makeScreens()
 {
     Screens screens;
     addSettingsScreens(&screens);
+    addSheetScreens(screens);
     return screens;
 }
 
@@ -74,6 +77,7 @@ QCoro::Task<void> WindowApplication::openStore()
         parts.loadLibrary = opened.load;
         parts.seedStarterExample = true;
         parts.fetchUpdate = makeUpdateFetch(updateFetchOptions());
+        parts.startInstance = Successor::start;
         m_store = std::make_unique<AppStore>(m_desktop, std::move(parts));
         m_window.open(*m_store);
         m_store->checkForUpdates(Force::No);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window/EndSignals.h"
 #include "app/window/SingleInstance.h"
+#include "app/window/Successor.h"
 #include "app/window/WindowApplication.h"
 #include "ui/controls/Sheet.h"
 #include "ui/theme/AppStyle.h"
@@ -21,6 +22,8 @@ int main(int argc, char **argv)
     QApplication::setApplicationVersion(ARDENO_VERSION);
     QApplication::setDesktopFileName("org.ardeno.Ardeno");
     const Words words(Words::Language::OfUser);
+    if (const auto predecessor = Successor::predecessor(QApplication::arguments()))
+        Successor::waitForEnd(*predecessor);
     SingleInstance instance;
     if (!instance.claim())
         return 0;

@@ -88,9 +88,16 @@ private:
 // Nobody to consent.
 class NullScreenAccess final : public ScreenAccess {
 public:
-    bool check() override { return false; }
+    explicit NullScreenAccess(QString reason) : m_reason(std::move(reason)) {}
+
+    Capability availability() const override { return Capability::unavailable(m_reason); }
 
     bool ask() override { return false; }
+
+    bool openSettings() override { return false; }
+
+private:
+    QString m_reason;
 };
 
 // No folders.
@@ -143,7 +150,7 @@ Desktop makeNullDesktop(const QString &session, const QString &reason, const Des
     desktop.windowServer = std::make_unique<NullWindowServer>(reason);
     desktop.screenCapture = makeNullScreenCapture(reason);
     desktop.screenRecorder = std::make_unique<NullScreenRecorder>(reason);
-    desktop.screenAccess = std::make_unique<NullScreenAccess>();
+    desktop.screenAccess = std::make_unique<NullScreenAccess>(reason);
     desktop.tabSource = std::make_unique<NullTabSource>(reason);
     desktop.windowMover = std::make_unique<NullWindowMover>(reason);
     desktop.launcher = std::make_unique<NullLauncher>(reason);

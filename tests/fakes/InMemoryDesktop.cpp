@@ -139,13 +139,26 @@ class InMemoryScreenAccess final : public ScreenAccess {
 public:
     explicit InMemoryScreenAccess(InMemoryDesktop &desktop) : m_desktop(desktop) {}
 
-    bool check() override { return m_desktop.screenAccess; }
+    Capability availability() const override
+    {
+        if (m_desktop.screenAccess)
+            return Capability::available();
+        if (m_desktop.noScreenAccess)
+            return Capability::unavailable(*m_desktop.noScreenAccess);
+        return {Capability::State::NeedsConsent, {}};
+    }
 
     bool ask() override
     {
         ++m_desktop.timesAsked;
         m_desktop.screenAccess = m_desktop.screenAccess || m_desktop.consentOnAsking;
         return m_desktop.screenAccess;
+    }
+
+    bool openSettings() override
+    {
+        ++m_desktop.timesSettingsOpened;
+        return true;
     }
 
 private:
@@ -189,6 +202,8 @@ public:
     explicit InMemoryWindowMover(InMemoryDesktop &desktop) : m_desktop(desktop) {}
 
     Capability availability() const override { return m_desktop.moving; }
+
+    void ask() override { m_desktop.moving = Capability::available(); }
 
     QList<MovableWindow> windows() override { return m_desktop.movable; }
 

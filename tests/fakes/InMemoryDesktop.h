@@ -23,6 +23,8 @@ struct InMemoryDesktop {
     bool screenAccess = true;
     bool consentOnAsking = false;
     int timesAsked = 0;
+    std::optional<QString> noScreenAccess = {}; // Why consent would not help.
+    int timesSettingsOpened = 0;
     std::optional<Failure> pictureFailure = {};
     std::function<void()> whileComposing = {}; // Called in the middle of a picture.
     QList<QSet<QString>> preparedExclusions = {};

@@ -223,6 +223,13 @@ void SheetHost::wheelEvent(QWheelEvent *event)
     event->accept();
 }
 
+bool SheetHost::event(QEvent *event)
+{
+    if (event->type() == QEvent::LayoutRequest)
+        arrange(); // What a sheet holds has changed.
+    return QWidget::event(event);
+}
+
 bool SheetHost::focusNextPrevChild(bool next)
 {
     Q_UNUSED(next)

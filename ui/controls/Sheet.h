@@ -78,6 +78,7 @@ public:
 protected:
     void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    bool event(QEvent *event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:

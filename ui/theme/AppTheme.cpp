@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QIcon>
 #include <QList>
 #include <QPointer>
 #include <QStyle>
@@ -188,6 +189,8 @@ QPalette::ColorRole AppTheme::paletteRole(Role role)
 void AppTheme::setAppearance(const Appearance &appearance)
 {
     m_appearance = appearance;
+    if (!appearance.iconTheme.isEmpty())
+        QIcon::setThemeName(appearance.iconTheme);
     compute();
     QToolTip::setPalette(m_palette);
     followers().removeIf([](const QPointer<QWidget> &window) { return window.isNull(); });

@@ -50,6 +50,7 @@ struct Appearance {
     Scheme scheme = Scheme::Light;
     Contrast contrast = Contrast::Normal;
     Motion motion = Motion::Normal;
+    QString iconTheme = {}; // Of the applications' icons; empty: as the platform has it.
 
     bool operator==(const Appearance &) const = default;
 };

@@ -87,6 +87,8 @@ Appearance AppearanceSettings::read(Appearance before, const QString &group, con
     const auto number = [&](const char *key) { return plain(settings.value(key)).toUInt(); };
     if (group == interfaceGroup && settings.contains("enable-animations"))
         before.motion = plain(settings.value("enable-animations")).toBool() ? Motion::Normal : Motion::Reduced;
+    if (group == interfaceGroup && settings.contains("icon-theme"))
+        before.iconTheme = plain(settings.value("icon-theme")).toString();
     if (group != appearanceGroup)
         return before;
     if (settings.contains("color-scheme")) {

@@ -8,9 +8,11 @@ namespace ardeno {
 // An X server shows its screen to every client; there is nobody to ask.
 class X11ScreenAccess final : public ScreenAccess {
 public:
-    bool check() override { return true; }
+    Capability availability() const override { return Capability::available(); }
 
     bool ask() override { return true; }
+
+    bool openSettings() override { return false; }
 };
 
 } // namespace ardeno

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+#include "ui/theme/AppTheme.h"
+
+#include <QHash>
+#include <QIcon>
+#include <QPainter>
+
+namespace ardeno {
+
+// The icons of applications, from the desktop's theme.
+class ApplicationIcons final {
+public:
+    explicit ApplicationIcons(AppStore &store) : m_store(store) {}
+
+    // The symbol takes the place of an icon that does not exist.
+    void draw(QPainter &painter, const QRectF &square, const QString &appID, const QString &symbol);
+
+private:
+    const QIcon &icon(const QString &appID);
+
+    AppStore &m_store;
+    QString m_theme = {}; // That the icons are from.
+    QHash<QString, QIcon> m_icons = {};
+};
+
+} // namespace ardeno

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+#include "ui/items/ApplicationIcons.h"
+#include "ui/items/ItemModel.h"
+
+#include <QWidget>
+
+class QLabel;
+
+namespace ardeno {
+
+class Button;
+class ItemList;
+
+// Where the windows of a checkpoint stood.
+class WindowLayoutSummary final : public QWidget {
+public:
+    WindowLayoutSummary(AppStore &store, ApplicationIcons &icons, const Checkpoint &checkpoint);
+
+    void show(const Checkpoint &checkpoint);
+
+private:
+    QWidget *makeHead(const Checkpoint &checkpoint);
+
+    AppStore &m_store;
+    ItemModel m_model;
+    QLabel *m_none;
+    Button *m_disclosure;
+    Button *m_update = nullptr; // A sample has none.
+    ItemList *m_list;
+};
+
+} // namespace ardeno

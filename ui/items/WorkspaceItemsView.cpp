@@ -1,0 +1,299 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/items/WorkspaceItemsView.h"
+
+#include "ui/controls/Ground.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Menu.h"
+#include "ui/items/ItemList.h"
+#include "ui/items/ItemText.h"
+#include "ui/items/WindowLayoutSummary.h"
+
+#include <algorithm>
+#include <variant>
+
+namespace ardeno {
+
+namespace {
+
+QString appTitle(const SavedApp &app)
+{
+    const QString name = ItemText::line(app.name);
+    return name.isEmpty() ? app.id : name;
+}
+
+QString tabTitle(const SavedTab &tab)
+{
+    const QString title = ItemText::line(tab.title);
+    return title.isEmpty() ? QCoreApplication::translate("ardeno::WorkspaceItemsView", "Untitled tab") : title;
+}
+
+QString removedName(const RemovedWorkspaceItem &removed)
+{
+    const auto *const app = std::get_if<SavedApp>(&removed.item);
+    return app ? appTitle(*app) : tabTitle(std::get<SavedTab>(removed.item));
+}
+
+QWidget *makeEmptyCard(const QString &text, const QString &more = {})
+{
+    auto *card = new Card;
+    auto *column = makeColumn(3, card);
+    column->setContentsMargins(14, 12, 14, 12);
+    column->addWidget(makeParagraph(text, TextStyle::Body, more.isEmpty() ? Role::Dim : Role::Text));
+    if (!more.isEmpty())
+        column->addWidget(makeParagraph(more, TextStyle::Small, Role::Dim));
+    return card;
+}
+
+// In menus an ampersand marks a letter.
+QString menuText(QString text)
+{
+    return text.replace('&', "&&");
+}
+
+// A list on its card; the card's line stays seen.
+QWidget *makeListCard(QWidget *card, ItemList *list)
+{
+    auto *column = makeColumn(0, card);
+    column->setContentsMargins(1, 1, 1, 1);
+    column->addWidget(list);
+    return card;
+}
+
+} // namespace
+
+WorkspaceItemsView::WorkspaceItemsView(AppStore &store, const QUuid &checkpointID)
+    : m_store(store), m_id(checkpointID), m_isSample(!store.checkpoint(checkpointID)), m_icons(store)
+{
+    auto *column = makeColumn(12, this);
+    column->setContentsMargins(0, 16, 0, 0);
+    column->addWidget(makeHead());
+    column->addWidget(makeUndo());
+    column->addWidget(makeLists());
+    if (const Checkpoint *const checkpoint = current()) {
+        m_windows = new WindowLayoutSummary(store, m_icons, *checkpoint);
+        column->addWidget(m_windows);
+    }
+    m_observations.watch([this] { showCheckpoint(); }, store.checkpoints);
+    m_observations.watch([this] { showUndo(); }, store.lastRemoval, store.checkpoints);
+    if (m_addTabs)
+        m_observations.watch([this] { m_addTabs->setEnabled(!m_store.busy()); }, store.busy);
+}
+
+const Checkpoint *WorkspaceItemsView::current() const
+{
+    if (!m_isSample)
+        return m_store.checkpoint(m_id);
+    const QList<Checkpoint> &samples = m_store.sampleHistory();
+    const auto found = std::find_if(samples.begin(), samples.end(),
+                                    [this](const Checkpoint &checkpoint) { return checkpoint.id == m_id; });
+    return found == samples.end() ? nullptr : &*found;
+}
+
+QWidget *WorkspaceItemsView::makeHead()
+{
+    auto *head = new QWidget;
+    auto *column = makeColumn(2, head);
+    column->addWidget(makeLabel(tr("Saved workspace"), TextStyle::BarTitle));
+    column->addWidget(makeParagraph(tr("Remove items from this checkpoint, or right-click to exclude them from future "
+                                       "captures. Apps and tabs stay open."),
+                                    TextStyle::Small, Role::Dim));
+    return head;
+}
+
+QWidget *WorkspaceItemsView::makeUndo()
+{
+    m_undo = new Card(nullptr, Role::AccentSoft, Role::AccentSoft, 8);
+    auto *row = makeRow(10, m_undo);
+    row->setContentsMargins(12, 4, 12, 4);
+    m_removed = new LineLabel;
+    row->addWidget(m_removed, 1);
+    auto *undo = new Button(tr("Undo"), Button::Kind::Link);
+    connect(undo, &QAbstractButton::clicked, this, [this] { m_store.undoWorkspaceRemoval(); });
+    row->addWidget(undo);
+    return m_undo;
+}
+
+QWidget *WorkspaceItemsView::makeLists()
+{
+    auto *lists = new QWidget;
+    auto *row = makeRow(14, lists);
+    row->addWidget(makeApps(), 2, Qt::AlignTop);
+    row->addWidget(makeTabs(), 3, Qt::AlignTop);
+    return lists;
+}
+
+QWidget *WorkspaceItemsView::makeApps()
+{
+    auto *section = new QWidget;
+    auto *column = makeColumn(8, section);
+    auto *head = makeRow(0);
+    head->addWidget(makeLabel(tr("Apps"), TextStyle::Strong));
+    head->addStrut(30); // As tall as that of the tabs, which has a button.
+    column->addLayout(head);
+    m_appCard = new Card;
+    const auto removal = m_isSample ? ItemDelegate::Removal::None : ItemDelegate::Removal::Button;
+    m_apps = new ItemList(tr("Apps"), m_appModel, new ItemDelegate(m_icons, ItemDelegate::Lines::One, removal, this),
+                          m_appCard);
+    if (!m_isSample) {
+        const auto name = [this](const QModelIndex &index) {
+            return tr("Remove %1 from this checkpoint").arg(m_appModel.rows().at(index.row()).title);
+        };
+        m_apps->setOnRemove(
+            name,
+            [this](const QModelIndex &index) {
+                return tr("Remove %1 from checkpoint").arg(m_appModel.rows().at(index.row()).title);
+            },
+            [this](const QModelIndex &index) {
+                if (const SavedApp *const app = appAt(index))
+                    m_store.removeApp(SavedApp(*app), m_id);
+            });
+    }
+    m_apps->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
+        const SavedApp *const app = appAt(index);
+        if (!app)
+            return;
+        QMenu *const menu = makeMenu(this);
+        fillAppMenu(menu, *app);
+        menu->popup(place);
+    });
+    column->addWidget(makeListCard(m_appCard, m_apps));
+    m_noApps = makeEmptyCard(tr("No apps saved in this checkpoint."));
+    column->addWidget(m_noApps);
+    return section;
+}
+
+QWidget *WorkspaceItemsView::makeTabsHead()
+{
+    auto *head = new QWidget;
+    auto *row = makeRow(8, head);
+    row->addWidget(new SymbolView("globe"));
+    row->addWidget(makeLabel(tr("Browser tabs"), TextStyle::Strong), 1);
+    if (!m_isSample) {
+        m_addTabs = new Button(tr("Add current tabs"));
+        m_addTabs->setToolTip(tr("Add tabs currently open in Brave, Chrome, Safari or Firefox. The saved screenshot is "
+                                 "unchanged."));
+        connect(m_addTabs, &QAbstractButton::clicked, this, [this] { m_store.addCurrentBrowserTabs(m_id); });
+        row->addWidget(m_addTabs);
+    }
+    return head;
+}
+
+QWidget *WorkspaceItemsView::makeTabs()
+{
+    auto *section = new QWidget;
+    auto *column = makeColumn(8, section);
+    column->addWidget(makeTabsHead());
+    column->addWidget(makeParagraph(tr("Saved links are listed here. Adding current tabs does not update the "
+                                       "screenshot."),
+                                    TextStyle::Small, Role::Dim));
+    m_tabCard = new Card;
+    const auto removal = m_isSample ? ItemDelegate::Removal::None : ItemDelegate::Removal::Button;
+    m_tabs = new ItemList(tr("Browser tabs"), m_tabModel,
+                          new ItemDelegate(m_icons, ItemDelegate::Lines::Two, removal, this), m_tabCard);
+    if (!m_isSample) {
+        const auto name = [this](const QModelIndex &index) {
+            return tr("Remove tab %1 from checkpoint").arg(m_tabModel.rows().at(index.row()).title);
+        };
+        m_tabs->setOnRemove(
+            name, [](const QModelIndex &) { return tr("Remove this tab from the checkpoint"); },
+            [this](const QModelIndex &index) {
+                if (const SavedTab *const tab = tabAt(index))
+                    m_store.removeTab(SavedTab(*tab), m_id);
+            });
+    }
+    m_tabs->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
+        const SavedTab *const tab = tabAt(index);
+        if (!tab)
+            return;
+        QMenu *const menu = makeMenu(this);
+        fillTabMenu(menu, *tab);
+        menu->popup(place);
+    });
+    column->addWidget(makeListCard(m_tabCard, m_tabs));
+    m_noTabs = makeEmptyCard(tr("No browser tabs in this checkpoint"),
+                             tr("Open Brave, Chrome, Safari or Firefox, then choose Add current tabs. Private windows "
+                                "are skipped where the browser exposes them; macOS may ask for browser access."));
+    column->addWidget(m_noTabs);
+    return section;
+}
+
+const SavedApp *WorkspaceItemsView::appAt(const QModelIndex &index) const
+{
+    const Checkpoint *const checkpoint = current();
+    return checkpoint && index.isValid() && index.row() < checkpoint->apps.size() ? &checkpoint->apps.at(index.row())
+                                                                                  : nullptr;
+}
+
+const SavedTab *WorkspaceItemsView::tabAt(const QModelIndex &index) const
+{
+    const Checkpoint *const checkpoint = current();
+    return checkpoint && index.isValid() && index.row() < checkpoint->tabs.size() ? &checkpoint->tabs.at(index.row())
+                                                                                  : nullptr;
+}
+
+void WorkspaceItemsView::fillAppMenu(QMenu *menu, const SavedApp &app)
+{
+    if (m_store.exclusions().appIDs().contains(app.id)) {
+        menu->addAction(tr("Excluded from future captures"))->setEnabled(false);
+        return;
+    }
+    addMenuItem(menu, tr("Always exclude %1").arg(menuText(appTitle(app))), {}, [this, app] {
+        if (m_store.excludeApp(app))
+            m_store.notice.set(
+                tr("%1 excluded from future captures. This checkpoint is unchanged.").arg(appTitle(app)));
+    });
+}
+
+void WorkspaceItemsView::fillTabMenu(QMenu *menu, const SavedTab &tab)
+{
+    const CaptureExclusions websites{.domains = m_store.exclusions().domains};
+    const std::optional<QString> domain = CaptureExclusions::domainFrom(tab.url);
+    if (!websites.allows(tab)) {
+        menu->addAction(tr("Excluded from future tab captures"))->setEnabled(false);
+    } else if (domain) {
+        addMenuItem(menu, tr("Always exclude %1").arg(menuText(*domain)), {}, [this, domain = *domain] {
+            if (m_store.excludeDomain(domain))
+                m_store.notice.set(tr("%1 excluded from future tab lists. Visible pages and this checkpoint’s media "
+                                      "are unchanged.")
+                                       .arg(domain));
+        });
+    }
+}
+
+void WorkspaceItemsView::showCheckpoint()
+{
+    const Checkpoint *const checkpoint = current();
+    if (!checkpoint)
+        return;
+    QList<ItemRow> apps;
+    for (const SavedApp &app : checkpoint->apps)
+        apps.append({.key = app.id, .title = appTitle(app), .symbol = "app", .appID = app.id});
+    QList<ItemRow> tabs;
+    for (const SavedTab &tab : checkpoint->tabs) {
+        const QString browser = ItemText::line(tab.browserName.value_or(QString()));
+        tabs.append({.key = uuidText(tab.id),
+                     .title = tabTitle(tab),
+                     .detail = ItemText::line(tab.url),
+                     .trailing = browser.isEmpty() ? u"Chrome"_qs : browser,
+                     .symbol = "globe"});
+    }
+    m_appModel.setRows(apps);
+    m_tabModel.setRows(tabs);
+    m_appCard->setVisible(!apps.isEmpty());
+    m_noApps->setVisible(apps.isEmpty());
+    m_tabCard->setVisible(!tabs.isEmpty());
+    m_noTabs->setVisible(tabs.isEmpty());
+    if (m_windows)
+        m_windows->show(*checkpoint);
+}
+
+void WorkspaceItemsView::showUndo()
+{
+    const std::optional<WorkspaceRemoval> &removal = m_store.lastRemoval();
+    const bool isOurs = removal && removal->checkpointID == m_id;
+    m_undo->setVisible(isOurs);
+    if (isOurs)
+        m_removed->setText(tr("Removed %1").arg(removedName(removal->item)));
+}
+
+} // namespace ardeno

@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/sheets/CaptureSheet.h"
+
+#include "ui/controls/Fields.h"
+#include "ui/controls/Ground.h"
+#include "ui/controls/Label.h"
+#include "ui/sheets/ProjectChoice.h"
+#include "ui/sheets/ScreenAccessSetup.h"
+#include "ui/sheets/SheetScroll.h"
+
+#include <QAccessible>
+#include <QGuiApplication>
+#include <QKeyEvent>
+
+namespace ardeno {
+
+namespace {
+
+// A field with its label above it.
+QWidget *makeLabelled(const QString &label, QWidget *field)
+{
+    auto *group = new QWidget;
+    auto *column = makeColumn(5, group);
+    column->addWidget(makeLabel(label, TextStyle::Medium, Role::Dim));
+    column->addWidget(field);
+    return group;
+}
+
+constexpr int columnGap = 28;
+
+} // namespace
+
+CaptureSheet::CaptureSheet(AppStore &store)
+    : Sheet(tr("Save a checkpoint."), formWidth + 56),
+      m_store(store),
+      m_heading(makeParagraph({}, TextStyle::SheetTitle)),
+      m_lead(makeParagraph({}, TextStyle::Body, Role::Dim)),
+      m_project(new ProjectChoice(store)),
+      m_name(makeDraftField(tr("New project name"), {}, store.draftProjectName)),
+      m_title(makeDraftField(tr("Checkpoint title (optional)"), tr("e.g. Mobile navigation"), store.draftTitle)),
+      m_next(makeDraftField(tr("Your next small step (optional)"), tr("A useful thought for your future self"),
+                            store.draftNext)),
+      m_browser(new Switch(tr("Include browser tabs"))),
+      m_recording(new Switch(tr("Record a work session")))
+{
+    column()->addWidget(new SheetScroll(makeMiddle()), 1);
+    column()->addWidget(makeMessages());
+    m_cancel = addButton(tr("Cancel"), Button::Kind::Bordered, [this] { close(); });
+    m_primary = addButton({}, Button::Kind::Prominent, [this] { carryOut(); });
+    bind(m_browser, store.includeBrowser);
+    bind(m_recording, store.pendingRecording);
+    store.refreshScreenAccess();
+    // The user may come back from the system's settings.
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationActive && !m_store.busy())
+            m_store.refreshScreenAccess();
+    });
+    // When the form was finished or another process goes on with it, nothing is cancelled.
+    setOnCancel([this] {
+        if (m_store.showCapture())
+            m_store.cancelCapture();
+    });
+    m_observations.watch([this] { showNewName(); }, store.draftProjectID, store.projects);
+    m_observations.watch([this] { showKind(); }, store.pendingRecording);
+    m_observations.watch([this] { showState(); }, store.busy, store.pendingRecording, store.screenAccessGranted,
+                         store.screenAccessReason, store.permissionRequestSent, store.requestingAccess,
+                         store.restartingApp);
+    m_observations.watch([this] { showMessages(); }, store.captureIssue, store.screenAccessReason);
+    setFirstFocus(m_newName->isHidden() ? m_title : m_name);
+}
+
+TextField *CaptureSheet::makeDraftField(const QString &label, const QString &placeholder, Editable<QString> &draft)
+{
+    auto *field = new TextField(label, placeholder);
+    connect(field, &QLineEdit::textEdited, this, [&draft](const QString &text) { draft.set(text); });
+    m_observations.watch(
+        [field, &draft] {
+            if (field->text() != draft())
+                field->setText(draft());
+        },
+        draft);
+    return field;
+}
+
+void CaptureSheet::bind(Switch *control, Editable<bool> &property)
+{
+    connect(control, &QAbstractButton::toggled, this, [&property](bool isOn) { property.set(isOn); });
+    m_observations.watch([control, &property] { control->setChecked(property()); }, property);
+    QSizePolicy wide = control->sizePolicy();
+    wide.setHorizontalPolicy(QSizePolicy::Expanding);
+    control->setSizePolicy(wide);
+}
+
+QWidget *CaptureSheet::makeMiddle()
+{
+    auto *middle = new QWidget;
+    auto *row = makeRow(columnGap, middle);
+    m_form = makeForm();
+    m_setup = new ScreenAccessSetup(m_store);
+    m_setup->setFixedWidth(setupWidth);
+    row->addWidget(m_form, 1, Qt::AlignTop);
+    row->addWidget(m_setup, 0, Qt::AlignTop);
+    return middle;
+}
+
+QWidget *CaptureSheet::makeForm()
+{
+    auto *form = new QWidget;
+    form->setFixedWidth(formWidth);
+    auto *column = makeColumn(14, form);
+    column->addWidget(makeHead());
+    column->addWidget(makeLabelled(tr("Project"), m_project));
+    m_newName = makeLabelled(tr("New project name"), m_name);
+    column->addWidget(m_newName);
+    column->addWidget(makeLabelled(tr("Checkpoint title (optional)"), m_title));
+    column->addWidget(makeLabelled(tr("Your next small step (optional)"), m_next));
+    column->addWidget(m_browser);
+    column->addWidget(makeRecordingRow());
+    return form;
+}
+
+QWidget *CaptureSheet::makeHead()
+{
+    auto *head = new QWidget;
+    auto *column = makeColumn(4, head);
+    column->addWidget(m_heading);
+    column->addWidget(m_lead);
+    return head;
+}
+
+QWidget *CaptureSheet::makeRecordingRow()
+{
+    auto *line = new QWidget;
+    auto *row = makeRow(10, line);
+    row->addWidget(new SymbolView("record.circle", Role::RecordingText));
+    row->addWidget(m_recording, 1);
+    return line;
+}
+
+QWidget *CaptureSheet::makeMessages()
+{
+    auto *messages = new QWidget;
+    auto *column = makeColumn(8, messages);
+    m_hopelessRow = new QWidget;
+    auto *row = makeRow(9, m_hopelessRow);
+    m_hopeless = makeParagraph({}, TextStyle::Body, Role::AmberText);
+    row->addWidget(new SymbolView("exclamationmark.circle", Role::AmberText), 0, Qt::AlignTop);
+    row->addWidget(m_hopeless, 1);
+    column->addWidget(m_hopelessRow);
+    m_issue = makeParagraph({}, TextStyle::Body, Role::AmberText);
+    column->addWidget(m_issue);
+    return messages;
+}
+
+bool CaptureSheet::needsSetup() const
+{
+    return !m_store.screenAccessGranted() && !m_store.screenAccessReason();
+}
+
+void CaptureSheet::showNewName()
+{
+    const Project *const chosen = m_store.draftProjectID() ? m_store.project(*m_store.draftProjectID()) : nullptr;
+    m_newName->setVisible(!chosen || chosen->archivedAt);
+}
+
+void CaptureSheet::showKind()
+{
+    const bool isSession = m_store.pendingRecording();
+    m_heading->setText(isSession ? tr("Record a work session.") : tr("Save a checkpoint."));
+    m_lead->setText(isSession ? tr("Record your main display while you work. Stop & save checkpoint finishes the "
+                                   "video and captures your workspace.")
+                              : tr("A checkpoint saves your screenshot, open apps, browser tabs and next step "
+                                   "together."));
+    setAccessibleName(m_heading->text());
+}
+
+QString CaptureSheet::primaryText() const
+{
+    const bool isSession = m_store.pendingRecording();
+    if (m_store.busy())
+        return isSession ? tr("Starting session…") : tr("Saving checkpoint…");
+    if (!needsSetup())
+        return isSession ? tr("Start session") : tr("Save checkpoint");
+    return m_store.permissionRequestSent() ? tr("Open Screen Settings…") : tr("Allow screen access…");
+}
+
+void CaptureSheet::showState()
+{
+    const bool isIdle = !m_store.busy() && !m_store.restartingApp() && !m_store.requestingAccess();
+    m_setup->setVisible(needsSetup());
+    setFixedWidth(formWidth + 56 + (needsSetup() ? columnGap + setupWidth : 0));
+    const bool wasIdle = m_form->isEnabled();
+    m_form->setEnabled(isIdle);
+    m_cancel->setEnabled(isIdle);
+    m_primary->setText(primaryText());
+    m_primary->updateGeometry();
+    m_primary->setEnabled(isIdle && !m_store.screenAccessReason());
+    if (isIdle && !wasIdle && isVisible())
+        m_primary->setFocus(Qt::OtherFocusReason); // To try again.
+}
+
+void CaptureSheet::showMessages()
+{
+    m_hopelessRow->setVisible(m_store.screenAccessReason().has_value());
+    m_hopeless->setText(m_store.screenAccessReason().value_or(QString()));
+    const bool isNews = m_store.captureIssue() && m_store.captureIssue() != m_store.screenAccessReason();
+    m_issue->setVisible(isNews);
+    m_issue->setText(isNews ? tr("Capture status: %1").arg(*m_store.captureIssue()) : QString());
+    m_issue->parentWidget()->setVisible(isNews || m_store.screenAccessReason());
+    QAccessibleEvent said(m_issue, QAccessible::Alert);
+    if (isNews)
+        QAccessible::updateAccessibility(&said);
+}
+
+void CaptureSheet::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && !m_cancel->isEnabled())
+        event->accept();
+    else
+        Sheet::keyPressEvent(event);
+}
+
+void CaptureSheet::carryOut()
+{
+    if (!needsSetup()) {
+        m_store.captureMoment(m_store.draftTitle(), m_store.draftNext(),
+                              m_store.pendingRecording() ? CaptureKind::Session : CaptureKind::Checkpoint);
+    } else if (m_store.permissionRequestSent()) {
+        m_store.openScreenSettings();
+    } else {
+        m_store.requestScreenAccess();
+    }
+}
+
+} // namespace ardeno

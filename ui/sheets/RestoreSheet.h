@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+#include "ui/controls/Sheet.h"
+#include "ui/sheets/RestoreListModel.h"
+
+class QLabel;
+
+namespace ardeno {
+
+class Chip;
+class RestoreList;
+class Switch;
+
+// Shows what resuming a checkpoint would do and lets the user choose. It follows applications that start and end.
+class RestoreSheet final : public Sheet {
+public:
+    RestoreSheet(AppStore &store, const Checkpoint &checkpoint);
+
+private:
+    QWidget *makeHead();
+    QWidget *makeChips();
+    QWidget *makeRemaining();
+    QWidget *makeLayoutBlock();
+    QWidget *makeAccess();
+    QCoro::Task<void> refreshPlan();
+    void readAccess();
+    void showPlan();
+    void showChoice();
+    void showUnplaced();
+    QString primaryActionTitle() const;
+    void resume();
+
+    AppStore &m_store;
+    Checkpoint m_checkpoint;
+    RestoreListModel m_model;
+    RestoreList *m_list;
+    Chip *m_toOpen = nullptr;
+    Chip *m_active = nullptr;
+    Chip *m_unavailable = nullptr;
+    Chip *m_toReview = nullptr;
+    QWidget *m_remaining = nullptr;
+    QLabel *m_remainingText = nullptr;
+    Button *m_place = nullptr;
+    Switch *m_restoreLayout;
+    QWidget *m_access = nullptr;
+    QLabel *m_accessText = nullptr;
+    QWidget *m_accessButtons = nullptr;
+    Button *m_primary = nullptr;
+    int m_plansAsked = 0; // Only the answer to the last question counts.
+    Observations m_observations;
+};
+
+} // namespace ardeno

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+
+#include <QWidget>
+
+namespace ardeno {
+
+class Button;
+
+// What the user can do about pictures of the screen that are not allowed yet, with the reason for it below.
+class ScreenAccessSetup final : public QWidget {
+public:
+    explicit ScreenAccessSetup(AppStore &store);
+
+private:
+    QWidget *makeSteps();
+    QWidget *makeButtons();
+    QWidget *makeRestart();
+    void showProgress();
+
+    AppStore &m_store;
+    Button *m_allow;
+    Button *m_check;
+    Button *m_restart;
+    Observations m_observations;
+};
+
+// Why the screen is looked at, and what is done with it.
+QWidget *makeScreenAccessExplanation();
+
+} // namespace ardeno

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ui/Screens.h"
+
+namespace ardeno {
+
+// Adds the screens for saving, recording, resuming and what a checkpoint holds.
+void addSheetScreens(Screens &screens);
+
+} // namespace ardeno
