@@ -1443,5 +1443,149 @@ für die Arbeit.</translation>
         <source>Microphone and system audio are off</source>
         <translation>Mikrofon und Systemton sind aus</translation>
     </message>
+    <message>
+        <source>Will open</source>
+        <translation>Wird geöffnet</translation>
+    </message>
+    <message>
+        <source>Checking…</source>
+        <translation>Wird geprüft …</translation>
+    </message>
+    <message>
+        <source>Not installed</source>
+        <translation>Nicht installiert</translation>
+    </message>
+    <message>
+        <source>Already open</source>
+        <translation>Schon offen</translation>
+    </message>
+    <message>
+        <source>Unavailable</source>
+        <translation>Nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Duplicate skipped</source>
+        <translation>Doppeltes übergangen</translation>
+    </message>
+    <message>
+        <source>Select if missing</source>
+        <translation>Wählen, falls es fehlt</translation>
+    </message>
+    <message>
+        <source>APPLICATIONS</source>
+        <translation>APPS</translation>
+    </message>
+    <message>
+        <source>BROWSER TABS</source>
+        <translation>BROWSER-TABS</translation>
+    </message>
+    <message>
+        <source>Unavailable page</source>
+        <translation>Nicht verfügbare Seite</translation>
+    </message>
+    <message>
+        <source>Unavailable URL</source>
+        <translation>Nicht verfügbare Adresse</translation>
+    </message>
+    <message>
+        <source>NOT PLACED BY THE LAST RESUME</source>
+        <translation>BEIM LETZTEN FORTSETZEN NICHT ANGEORDNET</translation>
+    </message>
+    <message>
+        <source>The screenshot canvas could not be created.</source>
+        <translation>Die Fläche für das Bildschirmfoto konnte nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>The screenshot could not be encoded.</source>
+        <translation>Das Bildschirmfoto konnte nicht kodiert werden.</translation>
+    </message>
+    <message>
+        <source>No display is available to capture.</source>
+        <translation>Es gibt keinen Bildschirm, der erfasst werden könnte.</translation>
+    </message>
+    <message>
+        <source>The screenshot could not be created.</source>
+        <translation>Das Bildschirmfoto konnte nicht erstellt werden.</translation>
+    </message>
+    <message>
+        <source>No display is available.</source>
+        <translation>Es gibt keinen Bildschirm.</translation>
+    </message>
+    <message>
+        <source>%1 window positions restored</source>
+        <translation>%1 Fensterpositionen wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>window positioning needs permission</source>
+        <translation>Anordnen von Fenstern braucht eine Erlaubnis</translation>
+    </message>
+    <message>
+        <source>%1 opened</source>
+        <translation>%1 geöffnet</translation>
+    </message>
+    <message>
+        <source>%1 already active</source>
+        <translation>%1 schon aktiv</translation>
+    </message>
+    <message>
+        <source>document restored</source>
+        <translation>Dokument wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>documents restored</source>
+        <translation>Dokumente wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>Workspace restored · </source>
+        <translation>Arbeitsumgebung wiederhergestellt · </translation>
+    </message>
+    <message>
+        <source>The screen cannot be recorded.</source>
+        <translation>Der Bildschirm lässt sich nicht aufnehmen.</translation>
+    </message>
+    <message>
+        <source>A recording is running already.</source>
+        <translation>Es läuft schon eine Aufnahme.</translation>
+    </message>
+    <message>
+        <source>No allowed applications are available to record.</source>
+        <translation>Es gibt keine erlaubte App, die aufgenommen werden könnte.</translation>
+    </message>
+    <message>
+        <source>Recording is taking too long to finish. Your checkpoint can still be saved.</source>
+        <translation>Die Aufnahme braucht zu lange, um fertig zu werden. Ihr Checkpoint kann trotzdem gesichert werden.</translation>
+    </message>
+    <message>
+        <source>no such window</source>
+        <translation>kein solches Fenster</translation>
+    </message>
+    <message>
+        <source>several with that title</source>
+        <translation>mehrere mit diesem Titel</translation>
+    </message>
+    <message>
+        <source>minimised</source>
+        <translation>minimiert</translation>
+    </message>
+    <message>
+        <source>full screen</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message>
+        <source>maximised</source>
+        <translation>maximiert</translation>
+    </message>
+    <message>
+        <source>not movable</source>
+        <translation>nicht beweglich</translation>
+    </message>
+    <message>
+        <source>application did not answer</source>
+        <translation>App antwortete nicht</translation>
+    </message>
+    <message>
+        <source>moved by you</source>
+        <translation>von Ihnen bewegt</translation>
+    </message>
 </context>
 </TS>

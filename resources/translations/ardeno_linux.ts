@@ -111,5 +111,21 @@
         <source>%1 tabs weren’t available. Allow its Automation access in System Settings, then try Add current tabs again.</source>
         <translation>%1 tabs weren’t available. Try Add current tabs again.</translation>
     </message>
+    <message>
+        <source>Finder location restored</source>
+        <translation>folder restored</translation>
+    </message>
+    <message>
+        <source>Finder locations restored</source>
+        <translation>folders restored</translation>
+    </message>
+    <message>
+        <source>Preview document restored</source>
+        <translation>viewer document restored</translation>
+    </message>
+    <message>
+        <source>Preview documents restored</source>
+        <translation>viewer documents restored</translation>
+    </message>
 </context>
 </TS>

@@ -111,5 +111,21 @@
         <source>%1 tabs weren’t available. Allow its Automation access in System Settings, then try Add current tabs again.</source>
         <translation>Tabs von %1 waren nicht verfügbar. Versuchen Sie „Aktuelle Tabs hinzufügen“ noch einmal.</translation>
     </message>
+    <message>
+        <source>Finder location restored</source>
+        <translation>Ordner wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>Finder locations restored</source>
+        <translation>Ordner wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>Preview document restored</source>
+        <translation>Dokument im Betrachter wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>Preview documents restored</source>
+        <translation>Dokumente im Betrachter wiederhergestellt</translation>
+    </message>
 </context>
 </TS>

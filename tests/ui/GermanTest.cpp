@@ -2,6 +2,7 @@
 #include "tests/ui/CutTexts.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/settings/SettingsScreens.h"
+#include "ui/sheets/SheetScreens.h"
 #include "ui/viewer/ScreenshotViewer.h"
 #include "words/Words.h"
 
@@ -24,6 +25,7 @@ struct GermanFixture : WindowFixture {
     {
         setLanguage(QLocale(QLocale::German, QLocale::Germany), icu::Locale::getGermany());
         addSettingsScreens(&screens);
+        addSheetScreens(screens);
     }
 
     ~GermanFixture()
@@ -82,6 +84,14 @@ TEST_CASE_FIXTURE(GermanFixture, "the whole program speaks another language, and
     click(u"Checkpoint-Details …"_qs);
     look("edit");
     click("Abbrechen");
+    store().requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
+    look("capture");
+    press(Qt::Key_Escape);
+    store().showRestore.set(true);
+    settle();
+    REQUIRE(eventually([this] { return findButton("Abbrechen") != nullptr; }));
+    look("restore");
+    press(Qt::Key_Escape);
     click("Alle Projekte");
     look("overview");
     click("Neues Projekt");

@@ -14,7 +14,7 @@ namespace {
 bool isForeign(const QString &text)
 {
     static const QRegularExpression words(
-        R"(\bMac\b|macOS|\bApple|\bFinder\b|\bSafari\b|\bSpaces\b|System Settings|Screen Recording settings|)"
+        R"(\bMac\b|macOS|\bApple|\bFinder\b|\bSafari\b|\bSpaces\b|System Settings|Screen Recording settings|Preview document|)"
         R"(\bmenu bar\b|\bDock\b|Applications folder|(?:Accessibility|Automation) access|[⌃⌥⌘⇧])",
         QRegularExpression::UseUnicodePropertiesOption);
     return words.match(text).hasMatch();
