@@ -100,8 +100,6 @@ TEST_CASE("the language's own words for this desktop come last, and an unknown l
         const Words words({"de_DE", "de"});
         CHECK(shown("Cancel") == "Abbrechen");
         CHECK(shown(u"⌃⌥⌘S (default)"_qs) == "Strg+Alt+Super+S (Standard)");
-        CHECK(QCoreApplication::translate("QFileDialog", "Stored on this Mac · no cloud upload") ==
-              u"Stored on this Mac · no cloud upload"_qs); // Not one of the program's own.
     }
     for (const QStringList &languages : {QStringList{"tlh"}, QStringList{"en_GB", "de"}, QStringList{"C", "de"}}) {
         const Words words(languages);
@@ -119,7 +117,8 @@ TEST_CASE("what names another desktop and cannot be replaced is stored on disk")
     };
     QStringList others;
     for (const SourceText &text : sourceTexts()) {
-        if (!text.isTranslatable && isForeign(text.text) && !stored.contains(text.text))
+        const bool isSentence = text.text.contains(' '); // Not a name of a browser or the like.
+        if (isSentence && !text.isTranslatable && isForeign(text.text) && !stored.contains(text.text))
             others << text.file + ": " + text.text;
     }
     CHECK(others == QStringList());
