@@ -5,8 +5,8 @@
 
 namespace ardeno {
 
-// The application without a window: holds the library and serves commands over the session bus until it is asked to end
-// or the session ends. A work session in progress is stopped and saved then.
+// The application where there is no display: holds the library and serves commands over the session bus until it is
+// asked to end or the session ends.
 ExitStatus runBackground();
 
 } // namespace ardeno

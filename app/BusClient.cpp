@@ -75,11 +75,25 @@ std::optional<ExitStatus> BusClient::run(const QStringList &arguments)
     return static_cast<ExitStatus>(reply.arguments()[0].toInt());
 }
 
+std::optional<ExitStatus> BusClient::showWindow()
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(bus::service, bus::path, bus::application, "Activate");
+    call << QVariantMap();
+    call.setAutoStartService(false);
+    const QDBusMessage reply = QDBusConnection::sessionBus().call(call, QDBus::Block, patience / 2);
+    if (reply.type() == QDBusMessage::ReplyMessage)
+        return ExitStatus::Done;
+    if (reply.errorName() != bus::refusal)
+        return std::nullopt;
+    printError(reply.errorMessage());
+    return ExitStatus::NotAvailable;
+}
+
 void BusClient::startApplication()
 {
     const QDBusConnection connection = QDBusConnection::sessionBus();
     if (!connection.isConnected())
-        throw notAvailable("There is no session bus, over which a recording could be stopped again.");
+        throw notAvailable("There is no session bus, over which Ardeno could be reached again.");
     QProcess program;
     program.setProgram(QCoreApplication::applicationFilePath());
     program.setArguments({"--background"});

@@ -16,6 +16,9 @@ namespace BusClient {
 // be reached: then the library's lock tells who is in the way.
 std::optional<ExitStatus> run(const QStringList &arguments);
 
+// Asks the application that runs to show its window. Absent when nobody answers.
+std::optional<ExitStatus> showWindow();
+
 // Starts the application without a window and returns when it serves commands. Throws Failure.
 void startApplication();
 

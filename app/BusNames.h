@@ -9,4 +9,7 @@ inline constexpr const char *path = "/org/ardeno/Ardeno";
 inline constexpr const char *commandLine = "org.ardeno.Ardeno.CommandLine";
 inline constexpr const char *application = "org.freedesktop.Application";
 
+// The error of what this application cannot do where it runs.
+inline constexpr const char *refusal = "org.ardeno.Ardeno.Error.NotAvailable";
+
 } // namespace ardeno::bus

@@ -9,24 +9,33 @@
 
 #include <utility>
 
+// Outside of the namespace, as the macro wants it.
+static void openBusFiles()
+{
+    Q_INIT_RESOURCE(bus);
+}
+
 namespace ardeno {
 
 namespace {
 
 constexpr const char *wrongArguments = "org.freedesktop.DBus.Error.InvalidArgs";
-constexpr const char *refused = "org.ardeno.Ardeno.Error.NotAvailable";
 
 } // namespace
 
-BusService::BusService(const QDBusConnection &connection, Actions actions)
-    : m_connection(connection), m_actions(std::move(actions))
-{
-}
+BusService::BusService(const QDBusConnection &connection) : m_connection(connection) {}
 
-bool BusService::begin()
+bool BusService::begin(Actions actions)
 {
+    m_actions = std::move(actions);
     // Whoever sees the name finds the object.
     return m_connection.registerVirtualObject(bus::path, this) && m_connection.registerService(bus::service);
+}
+
+void BusService::serveCommands()
+{
+    m_isServing = true;
+    QMetaObject::invokeMethod(this, [this] { workOff(); }, Qt::QueuedConnection);
 }
 
 void BusService::finishWith(const std::function<void()> &last)
@@ -38,6 +47,7 @@ void BusService::finishWith(const std::function<void()> &last)
 
 QString BusService::introspect(const QString &) const
 {
+    openBusFiles();
     QFile description(":/bus/org.ardeno.Ardeno.xml");
     if (!description.open(QIODevice::ReadOnly))
         return {};
@@ -67,20 +77,32 @@ bool BusService::handleApplication(const QDBusMessage &message)
     const QString member = message.member();
     if (member != "Activate" && member != "Open" && member != "ActivateAction")
         return false;
-    const bool isAction = member == "ActivateAction";
-    const QString action = isAction ? message.arguments().value(0).toString() : QString();
-    if (isAction && action == "stop-recording" && m_actions.stopRecording) {
-        enqueue(m_actions.stopRecording);
-    } else if (!isAction && m_actions.activate) {
-        enqueue(m_actions.activate);
-    } else {
-        const QString reason =
-            isAction ? u"There is no action “%1”."_qs.arg(action) : u"Ardeno runs without a window."_qs;
-        m_connection.send(message.createErrorReply(refused, reason));
+    const std::function<void()> *const wanted = action(message);
+    if (!wanted) {
+        const QString reason = member == "ActivateAction"
+                                   ? u"There is no action “%1”."_qs.arg(message.arguments().value(0).toString())
+                                   : u"Ardeno runs without a display, so it has no window."_qs;
+        m_connection.send(message.createErrorReply(bus::refusal, reason));
         return true;
     }
+    // What shows something does not wait for a command.
+    if (wanted == &m_actions.stopRecording)
+        enqueue(*wanted);
+    else
+        QMetaObject::invokeMethod(this, *wanted, Qt::QueuedConnection);
     m_connection.send(message.createReply());
     return true;
+}
+
+const std::function<void()> *BusService::action(const QDBusMessage &message) const
+{
+    const QString name = message.arguments().value(0).toString();
+    const std::function<void()> *found = &m_actions.activate;
+    if (message.member() == "ActivateAction")
+        found = name == "quick-save"       ? &m_actions.quickSave
+                : name == "stop-recording" ? &m_actions.stopRecording
+                                           : nullptr;
+    return found && *found ? found : nullptr;
 }
 
 void BusService::carryOut(const QDBusMessage &message)
@@ -98,7 +120,7 @@ void BusService::enqueue(const std::function<void()> &work)
 // A command that waits runs the event loop, and what is asked for meanwhile waits here.
 void BusService::workOff()
 {
-    if (std::exchange(m_isWorking, true))
+    if (!m_isServing || std::exchange(m_isWorking, true))
         return;
     while (!m_queue.isEmpty())
         m_queue.dequeue()();

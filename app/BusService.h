@@ -23,16 +23,21 @@ struct CommandAnswer {
 // of them waits for the system.
 class BusService final : public QDBusVirtualObject {
 public:
+    // An action that is empty is refused.
     struct Actions {
         std::function<CommandAnswer(const QStringList &)> run = {};
-        std::function<void()> activate = {}; // Brings the window to the front; empty where there is none.
+        std::function<void()> activate = {}; // Brings the window to the front.
+        std::function<void()> quickSave = {};
         std::function<void()> stopRecording = {};
     };
 
-    BusService(const QDBusConnection &connection, Actions actions);
+    explicit BusService(const QDBusConnection &connection);
 
     // Takes the application's name. False when another program has it.
-    bool begin();
+    bool begin(Actions actions);
+
+    // Commands wait until the library is open.
+    void serveCommands();
 
     // Runs after everything that has been asked for before, as the last thing.
     void finishWith(const std::function<void()> &last);
@@ -42,6 +47,7 @@ public:
 
 private:
     bool handleApplication(const QDBusMessage &message);
+    const std::function<void()> *action(const QDBusMessage &message) const;
     void enqueue(const std::function<void()> &work);
     void workOff();
     void carryOut(const QDBusMessage &message);
@@ -49,6 +55,7 @@ private:
     QDBusConnection m_connection;
     Actions m_actions;
     QQueue<std::function<void()>> m_queue = {};
+    bool m_isServing = false;
     bool m_isWorking = false;
     bool m_isFinishing = false;
 };

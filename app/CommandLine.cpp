@@ -106,14 +106,6 @@ ExitStatus wrongUsage(const QString &problem, const QString &command = {})
     return ExitStatus::WrongUsage;
 }
 
-// What the whole program will do and this version does not; absent for anything else.
-std::optional<QString> missingHere(const QString &command)
-{
-    if (command == "quick-save")
-        return u"This version of Ardeno has no quick-save panel."_qs;
-    return std::nullopt;
-}
-
 ExitStatus runCommand(const Command &command, const QStringList &arguments)
 {
     QCommandLineParser parser;
@@ -165,10 +157,6 @@ ExitStatus runCommandLine(const QStringList &arguments)
                                     [&](const Command &command) { return command.name == name; });
     if (found != commands().end())
         return runCommand(*found, arguments.mid(1));
-    if (const auto reason = missingHere(name)) {
-        printError(*reason);
-        return ExitStatus::NotAvailable;
-    }
     return wrongUsage(u"There is no command “%1”."_qs.arg(name));
 }
 

@@ -50,6 +50,7 @@ using Change = std::function<ExitStatus(AppStore &)>;
 ExitStatus change(Desktop &desktop, const Change &apply)
 {
     LockedStore locked(desktop, LockedStore::Purpose::Write);
+    const CommandTurn turn(locked.store());
     return apply(locked.store());
 }
 

@@ -2,6 +2,7 @@
 #include "app/OpenWindow.h"
 
 #include "app/Output.h"
+#include "platform/MakeDesktop.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -24,14 +25,19 @@ QString windowProgram()
 
 ExitStatus openWindow()
 {
-    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+    if (!isDisplayReachable()) {
         printError(u"There is no display to open a window on. See ardeno --help for what works without one."_qs);
         return ExitStatus::NotAvailable;
     }
+    return becomeWindowProgram();
+}
+
+ExitStatus becomeWindowProgram(const char *argument)
+{
     const QByteArray program = QFile::encodeName(windowProgram());
-    ::execl(program.constData(), "ardeno", nullptr);
+    ::execl(program.constData(), "ardeno", argument, nullptr);
     printError(u"The window could not be opened: “%1”: %2"_qs.arg(QFile::decodeName(program),
-                                                                 QString::fromLocal8Bit(std::strerror(errno))));
+                                                                  QString::fromLocal8Bit(std::strerror(errno))));
     return ExitStatus::Failed;
 }
 

@@ -9,35 +9,27 @@ namespace ardeno {
 
 namespace {
 
-// What the store has to say about a failure.
-ExitStatus failed(const AppStore &store)
-{
-    for (const auto &sentence : {store.captureIssue(), store.error()}) {
-        if (sentence)
-            printError(*sentence);
-    }
-    return ExitStatus::Failed;
-}
-
 ExitStatus start(AppStore &store, const QCommandLineParser &parsed)
 {
+    const CommandTurn turn(store);
     if (store.recording()) {
         printError(u"A work session is being recorded already. Stop it before you start another one."_qs);
         return ExitStatus::Failed;
     }
     const std::optional<QUuid> project = store.createProject(parsed.value("project"));
     if (!project)
-        return failed(store);
+        return reportError(store);
     const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), store.includeBrowser()};
     const std::optional<QUuid> id = finish(store.startSession(request));
     if (!id)
-        return failed(store);
+        return reportFailure(store);
     print(store.notice().value_or(QString()) + '\n' + uuidText(*id) + '\n');
     return ExitStatus::Done;
 }
 
 ExitStatus stop(AppStore &store)
 {
+    const CommandTurn turn(store);
     if (!store.recording()) {
         printError(u"No work session is being recorded."_qs);
         return ExitStatus::Failed;

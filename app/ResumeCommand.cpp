@@ -210,7 +210,9 @@ ExitStatus resume(const QCommandLineParser &parsed, Desktop &desktop)
     ResumeResult result{.plan = describe(plan)};
     if (isText)
         printText(plan);
+    std::optional<CommandTurn> turn;
     if (!parsed.isSet("dry-run")) {
+        turn.emplace(store);
         const RestoreReport report = carryOut(store, checkpoint, plan, !parsed.isSet("no-layout"));
         result.outcome = describe(report);
         result.notice = store.notice().value_or(QString());
@@ -219,8 +221,7 @@ ExitStatus resume(const QCommandLineParser &parsed, Desktop &desktop)
     }
     if (!isText)
         printJson(result);
-    // What went wrong at the start was said then.
-    if (!result.outcome || !store.error())
+    if (!turn || !store.error())
         return ExitStatus::Done;
     printError(oneLine(*store.error()));
     return ExitStatus::Failed;

@@ -71,27 +71,19 @@ bool wantsTabs(const QCommandLineParser &parsed, const AppStore &store)
     return store.includeBrowser();
 }
 
-ExitStatus failed(const AppStore &store)
-{
-    for (const auto &sentence : {store.captureIssue(), store.error()}) {
-        if (sentence)
-            printError(*sentence);
-    }
-    return ExitStatus::Failed;
-}
-
 ExitStatus save(const QCommandLineParser &parsed, Desktop &desktop)
 {
     LockedStore locked(desktop, LockedStore::Purpose::Write);
     AppStore &store = locked.store();
+    const CommandTurn turn(store);
     const std::optional<QUuid> project = store.createProject(parsed.value("project"));
     if (!project)
-        return failed(store);
+        return reportError(store);
     const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), wantsTabs(parsed, store)};
     const std::optional<QUuid> id = finish(store.saveMoment(request));
     const Checkpoint *const saved = id ? store.checkpoint(*id) : nullptr;
     if (!saved)
-        return failed(store);
+        return reportFailure(store);
     const SaveResult result = describe(store, *saved);
     if (parsed.isSet("json"))
         printJson(result);

@@ -4,11 +4,16 @@
 #include "app/Output.h"
 #include "platform/null/NullDesktop.h"
 
+#include <QEventLoop>
+
+#include <utility>
+
 namespace ardeno {
 
 namespace {
 
 AppStore *applicationStore = nullptr;
+ApplicationActions applicationActions;
 
 LibraryLock lock(LockedStore::Purpose purpose)
 {
@@ -22,14 +27,16 @@ LibraryLock lock(LockedStore::Purpose purpose)
 
 } // namespace
 
-ApplicationStore::ApplicationStore(AppStore &store)
+ApplicationStore::ApplicationStore(AppStore &store, ApplicationActions actions)
 {
     applicationStore = &store;
+    applicationActions = std::move(actions);
 }
 
 ApplicationStore::~ApplicationStore()
 {
     applicationStore = nullptr;
+    applicationActions = {};
 }
 
 AppStore *ApplicationStore::current()
@@ -37,15 +44,68 @@ AppStore *ApplicationStore::current()
     return applicationStore;
 }
 
+const ApplicationActions &ApplicationStore::actions()
+{
+    return applicationActions;
+}
+
 LockedStore::LockedStore(Desktop &desktop, Purpose purpose)
 {
-    if (ApplicationStore::current())
+    if (const AppStore *const running = ApplicationStore::current()) {
+        if (!running->isLibraryRead())
+            printError(u"The running application could not read your saved checkpoints. Existing files have been left "
+                       "in place."_qs);
         return;
+    }
     m_lock = lock(purpose);
     StoreParts parts;
     parts.recoverSessions = m_lock->isHeld();
     m_store = std::make_unique<AppStore>(desktop, std::move(parts));
-    for (const auto &sentence : {m_store->error(), m_store->notice()}) {
+    reportAtStart(*m_store);
+}
+
+CommandTurn::CommandTurn(AppStore &store) : m_store(store)
+{
+    while (store.busy()) {
+        QEventLoop loop;
+        Observations idle;
+        idle.watch(
+            [&] {
+                if (!store.busy())
+                    loop.quit();
+            },
+            store.busy);
+        loop.exec();
+    }
+    m_error = store.error();
+    store.error.set(std::nullopt);
+}
+
+CommandTurn::~CommandTurn()
+{
+    // Whoever gave the command was told what went wrong.
+    m_store.error.set(m_error);
+    if (m_store.captureIssue())
+        m_store.refreshScreenAccess();
+}
+
+ExitStatus reportError(const AppStore &store)
+{
+    if (store.error())
+        printError(*store.error());
+    return ExitStatus::Failed;
+}
+
+ExitStatus reportFailure(const AppStore &store)
+{
+    if (store.captureIssue())
+        printError(*store.captureIssue());
+    return reportError(store);
+}
+
+void reportAtStart(const AppStore &store)
+{
+    for (const auto &sentence : {store.error(), store.notice()}) {
         if (sentence)
             printError(*sentence);
     }

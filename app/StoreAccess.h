@@ -5,20 +5,27 @@
 #include "model/LibraryLock.h"
 #include "store/AppStore.h"
 
+#include <functional>
 #include <optional>
 
 namespace ardeno {
 
+// What commands can ask of an application besides its store; empty where it cannot do so.
+struct ApplicationActions {
+    std::function<void()> quickSave = {};
+};
+
 // While it lives, commands work with this store, which an application has for as long as it runs. One at a time.
 class ApplicationStore final {
 public:
-    explicit ApplicationStore(AppStore &store);
+    explicit ApplicationStore(AppStore &store, ApplicationActions actions = {});
     ApplicationStore(const ApplicationStore &) = delete;
     ApplicationStore &operator=(const ApplicationStore &) = delete;
     ~ApplicationStore();
 
     // Null when this process is no application.
     static AppStore *current();
+    static const ApplicationActions &actions();
 };
 
 // The store as one command uses it: the application's, or one of its own, whose library is locked first and loaded
@@ -40,6 +47,27 @@ private:
     std::optional<LibraryLock> m_lock;
     std::unique_ptr<AppStore> m_store;
 };
+
+// In an application, lets what its user has begun come to its end first. While it lives, the messages of the store are
+// those of the command; then the user's are back.
+class CommandTurn final {
+public:
+    explicit CommandTurn(AppStore &store);
+    CommandTurn(const CommandTurn &) = delete;
+    CommandTurn &operator=(const CommandTurn &) = delete;
+    ~CommandTurn();
+
+private:
+    AppStore &m_store;
+    std::optional<QString> m_error;
+};
+
+// Prints what the store has to say about an operation that failed, or about a capture.
+ExitStatus reportError(const AppStore &store);
+ExitStatus reportFailure(const AppStore &store);
+
+// Prints what a store said when it was made.
+void reportAtStart(const AppStore &store);
 
 // The one checkpoint whose identifier begins so; throws Failure when there is none or more than one.
 Checkpoint findCheckpoint(const AppStore &store, const QString &prefix);

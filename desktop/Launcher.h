@@ -38,8 +38,8 @@ public:
     // The tabs were saved from one window of one browser. False, and nothing opened, unless it is certain which window
     // that is now.
     virtual QCoro::Task<bool> openInSavedWindow(QList<TabToReopen> tabs) = 0;
-    // Waits until what was started has settled as far as the user's focus is concerned, at most some seconds, and
-    // names the applications that ended at once with an error.
+    // The focus stays with the user from the first that is opened until this returns: it waits until what was started
+    // has settled, at most some seconds, and names the applications that ended at once with an error.
     virtual QCoro::Task<QStringList> settle() = 0;
 };
 

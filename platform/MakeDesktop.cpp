@@ -85,4 +85,9 @@ Desktop makeDesktop()
     }
 }
 
+bool isDisplayReachable()
+{
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || X11Connection::isReachable(qgetenv("DISPLAY"));
+}
+
 } // namespace ardeno

@@ -9,4 +9,7 @@ namespace ardeno {
 // none. Never fails.
 Desktop makeDesktop();
 
+// Whether a program with windows can start here.
+bool isDisplayReachable();
+
 } // namespace ardeno

@@ -60,6 +60,7 @@ struct CaptureRequest {
 
 // The application's one state object: its properties are those of AppState, its operations are all a user can do.
 // Every change of the library is written first and published second. Messages go to notice, error and captureIssue.
+// Changes take what they are about by value, since callers often have it from the lists that a change replaces.
 class AppStore final : public AppState {
     Q_DECLARE_TR_FUNCTIONS(ardeno::AppStore)
 
@@ -74,14 +75,14 @@ public:
     // Projects. While the library has none, the sample project is the one in filteredProjects(), selectedProject(),
     // checkpointsFor() and selected(), and nowhere else: no operation changes or writes it.
     std::optional<QUuid> createProject(const QString &name);
-    void selectProject(const QUuid &id);
+    void selectProject(QUuid id);
     void selectCheckpoint(const std::optional<QUuid> &id);
     // Back to the overview of all projects that are not archived.
     void showProjects();
-    bool setProjectBlocker(const QUuid &id, const std::optional<QString> &reason);
-    bool setProjectArchived(const QUuid &id, bool archived);
-    void reorderProjects(const QUuid &dragged, const QUuid &target, const QList<QUuid> &visibleIDs);
-    void deleteProject(const QUuid &id);
+    bool setProjectBlocker(QUuid id, const std::optional<QString> &reason);
+    bool setProjectArchived(QUuid id, bool archived);
+    void reorderProjects(QUuid dragged, QUuid target, const QList<QUuid> &visibleIDs);
+    void deleteProject(QUuid id);
     QList<Project> availableProjects() const;
     QList<Project> filteredProjects() const;
     const Project *selectedProject() const;
@@ -95,7 +96,7 @@ public:
     const Checkpoint *selected() const; // The checkpoint shown.
     const Checkpoint *checkpoint(const QUuid &id) const;
     bool save(Checkpoint checkpoint);
-    void deleteCheckpoint(const QUuid &id);
+    void deleteCheckpoint(QUuid id);
     // Whether all of its applications run; false for one without any. Follows runningApplicationIDs.
     bool isWorkspaceActive(const Checkpoint &checkpoint) const;
     // Small pictures of screenshots; made at the first call.
@@ -104,15 +105,15 @@ public:
     // Changing a saved checkpoint. A write that fails leaves it as it was and puts a sentence into error; samples and
     // checkpoints that are not in the library stay untouched, without a message.
     // The field is title, objective, decision or nextStep; the text is kept as it is. False when it was not saved.
-    bool updateNote(QString Checkpoint::*field, const QString &text, const QUuid &checkpointID);
+    bool updateNote(QString Checkpoint::*field, const QString &text, QUuid checkpointID);
     // Makes a copy of the picture in this file the screenshot.
     QCoro::Task<void> importScreenshot(QString file, QUuid checkpointID);
-    void removeScreenshot(const QUuid &checkpointID);
+    void removeScreenshot(QUuid checkpointID);
     QCoro::Task<void> addCurrentBrowserTabs(QUuid checkpointID);
     QCoro::Task<void> addCurrentWindowLayout(QUuid checkpointID);
     // False when it was not removed; lastRemoval says what an undo brings back.
-    bool removeApp(const SavedApp &app, const QUuid &checkpointID);
-    bool removeTab(const SavedTab &tab, const QUuid &checkpointID);
+    bool removeApp(SavedApp app, QUuid checkpointID);
+    bool removeTab(SavedTab tab, QUuid checkpointID);
     void undoWorkspaceRemoval();
 
     // Capturing.
@@ -202,19 +203,19 @@ private:
     // The only way to change the library: on disk first, on screen second.
     bool commit(WorkspaceLibrary library, const QString &failurePrefix);
     WorkspaceLibrary library() const;
-    bool updateProject(const QUuid &id, const std::function<void(Project &)> &change);
+    bool updateProject(QUuid id, const std::function<void(Project &)> &change);
     bool write(Checkpoint checkpoint, const QString &failurePrefix);
     bool writeEdit(Checkpoint checkpoint);
     bool isShowingSamples() const;
     void clearMessages();
-    void forgetProject(const QUuid &id);
+    void forgetProject(QUuid id);
     void reportRemainingMedia(const QString &prefix, const QString &folder, const Failure &failure);
 
     // Changing a saved checkpoint.
     std::optional<Checkpoint> editable(const QUuid &id) const;
     template <typename Item>
-    bool removeItem(const QUuid &checkpointID, QList<Item> Checkpoint::*list, const Item &item);
-    void adoptScreenshot(const QUuid &checkpointID, const QString &path);
+    bool removeItem(QUuid checkpointID, QList<Item> Checkpoint::*list, Item item);
+    void adoptScreenshot(QUuid checkpointID, const QString &path);
     void forgetPictures(const QList<Checkpoint> &gone);
 
     // Capturing.

@@ -22,7 +22,7 @@ bool AppStore::writeEdit(Checkpoint checkpoint)
     return write(std::move(checkpoint), tr("Could not save this checkpoint: "));
 }
 
-bool AppStore::updateNote(QString Checkpoint::*field, const QString &text, const QUuid &checkpointID)
+bool AppStore::updateNote(QString Checkpoint::*field, const QString &text, QUuid checkpointID)
 {
     std::optional<Checkpoint> changed = editable(checkpointID);
     if (!changed)
@@ -89,7 +89,7 @@ QCoro::Task<void> AppStore::addCurrentWindowLayout(QUuid checkpointID)
 }
 
 template <typename Item>
-bool AppStore::removeItem(const QUuid &checkpointID, QList<Item> Checkpoint::*list, const Item &item)
+bool AppStore::removeItem(QUuid checkpointID, QList<Item> Checkpoint::*list, Item item)
 {
     std::optional<Checkpoint> changed = editable(checkpointID);
     const qsizetype index = changed ? (*changed.*list).indexOf(item) : -1;
@@ -100,18 +100,18 @@ bool AppStore::removeItem(const QUuid &checkpointID, QList<Item> Checkpoint::*li
     const PublishTogether group;
     if (!writeEdit(std::move(*changed)))
         return false;
-    lastRemoval.set(WorkspaceRemoval{checkpointID, {item, index}});
+    lastRemoval.set(WorkspaceRemoval{checkpointID, {std::move(item), index}});
     return true;
 }
 
-bool AppStore::removeApp(const SavedApp &app, const QUuid &checkpointID)
+bool AppStore::removeApp(SavedApp app, QUuid checkpointID)
 {
-    return removeItem(checkpointID, &Checkpoint::apps, app);
+    return removeItem(checkpointID, &Checkpoint::apps, std::move(app));
 }
 
-bool AppStore::removeTab(const SavedTab &tab, const QUuid &checkpointID)
+bool AppStore::removeTab(SavedTab tab, QUuid checkpointID)
 {
-    return removeItem(checkpointID, &Checkpoint::tabs, tab);
+    return removeItem(checkpointID, &Checkpoint::tabs, std::move(tab));
 }
 
 void AppStore::undoWorkspaceRemoval()

@@ -23,7 +23,7 @@ void AppStore::reportRemainingMedia(const QString &prefix, const QString &folder
     error.set(prefix + folder + ": " + failure.description());
 }
 
-void AppStore::deleteProject(const QUuid &id)
+void AppStore::deleteProject(QUuid id)
 {
     clearMessages();
     if (!project(id))
@@ -61,7 +61,7 @@ void AppStore::deleteProject(const QUuid &id)
                              *failure);
 }
 
-void AppStore::forgetProject(const QUuid &id)
+void AppStore::forgetProject(QUuid id)
 {
     const PublishTogether group;
     if (selectedProjectID() == id) {
@@ -80,7 +80,7 @@ void AppStore::forgetProject(const QUuid &id)
         lastRemoval.set(std::nullopt);
 }
 
-void AppStore::deleteCheckpoint(const QUuid &id)
+void AppStore::deleteCheckpoint(QUuid id)
 {
     clearMessages();
     if (m_active && m_active->id == id) {

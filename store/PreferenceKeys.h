@@ -26,5 +26,6 @@ inline constexpr PreferenceKey<bool> starterExampleMigrationV2{"starterExampleMi
 inline constexpr PreferenceKey<bool> launchOverview{"launchOverview"};
 inline constexpr PreferenceKey<QString> lastOpenedProjectID{"lastOpenedProjectID"}; // UUID text.
 inline constexpr PreferenceKey<bool> newsletterPromptDismissed{"newsletterPromptDismissed"};
+inline constexpr PreferenceKey<bool> closeNoticeShown{"closeNoticeShown"};
 
 } // namespace ardeno::keys

@@ -50,7 +50,7 @@ void AppStore::setSelectedProjectID(const std::optional<QUuid> &id)
         m_preferences.setValue(keys::lastOpenedProjectID, uuidText(*id));
 }
 
-void AppStore::selectProject(const QUuid &id)
+void AppStore::selectProject(QUuid id)
 {
     const PublishTogether group;
     const Project *const chosen = project(id);
@@ -72,7 +72,7 @@ void AppStore::showProjects()
     showArchivedProjects.set(false);
 }
 
-bool AppStore::updateProject(const QUuid &id, const std::function<void(Project &)> &change)
+bool AppStore::updateProject(QUuid id, const std::function<void(Project &)> &change)
 {
     clearMessages();
     WorkspaceLibrary changed = library();
@@ -84,20 +84,20 @@ bool AppStore::updateProject(const QUuid &id, const std::function<void(Project &
     return commit(std::move(changed), tr("Could not update the project: "));
 }
 
-bool AppStore::setProjectBlocker(const QUuid &id, const std::optional<QString> &reason)
+bool AppStore::setProjectBlocker(QUuid id, const std::optional<QString> &reason)
 {
     return updateProject(id, [&](Project &project) {
         project.blockedReason = reason ? std::optional(reason->trimmed()) : std::nullopt;
     });
 }
 
-bool AppStore::setProjectArchived(const QUuid &id, bool archived)
+bool AppStore::setProjectArchived(QUuid id, bool archived)
 {
     return updateProject(
         id, [&](Project &project) { project.archivedAt = archived ? std::optional(Date::now()) : std::nullopt; });
 }
 
-void AppStore::reorderProjects(const QUuid &dragged, const QUuid &target, const QList<QUuid> &visibleIDs)
+void AppStore::reorderProjects(QUuid dragged, QUuid target, const QList<QUuid> &visibleIDs)
 {
     std::optional<QList<Project>> moved = ProjectOrder::moved(projects(), dragged, target, visibleIDs);
     if (!moved)

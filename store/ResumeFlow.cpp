@@ -49,8 +49,6 @@ QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> sel
     const WorkspaceCapture::ReopeningTools tools{m_desktop, m_openedPages, exclusions().appIDs()};
     const WorkspaceCapture::Reopened reopened = co_await WorkspaceCapture::reopen(request, tools);
     report.outcome = reopened.outcome;
-    // The focus is looked after while windows are waited for.
-    QCoro::Task<QStringList> settling = m_desktop.launcher->settle();
     if (restoreLayout) {
         const QSet<QString> allowed = selectedAppIDs + identifiers(plan.activeApps);
         WindowLayout::LocationRequest places{.windows = windows, .allowedAppIDs = allowed};
@@ -59,8 +57,7 @@ QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> sel
         co_await restorePlaces(places, &report);
         keepUnplaced(windows, *report.layout);
     }
-    QStringList ended = co_await settling;
-    ended += co_await m_desktop.launcher->settle(); // Of what was opened with documents.
+    const QStringList ended = co_await m_desktop.launcher->settle();
     for (const QString &name : ended)
         report.outcome.failures += tr("%1 (it ended with an error)").arg(name);
     notice.set(RestoreSummary::text(report));

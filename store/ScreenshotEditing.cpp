@@ -56,7 +56,7 @@ QCoro::Task<void> AppStore::importScreenshot(QString file, QUuid checkpointID)
 }
 
 // The new picture has been written; now it belongs to the checkpoint, or goes again.
-void AppStore::adoptScreenshot(const QUuid &checkpointID, const QString &path)
+void AppStore::adoptScreenshot(QUuid checkpointID, const QString &path)
 {
     std::optional<Checkpoint> changed = editable(checkpointID);
     if (!changed) { // The checkpoint was deleted meanwhile; what it had by then went with it.
@@ -82,7 +82,7 @@ void AppStore::adoptScreenshot(const QUuid &checkpointID, const QString &path)
     }
 }
 
-void AppStore::removeScreenshot(const QUuid &checkpointID)
+void AppStore::removeScreenshot(QUuid checkpointID)
 {
     std::optional<Checkpoint> changed = editable(checkpointID);
     if (!changed || !changed->screenshot)

@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window/WindowApplication.h"
 
+#include "app/Output.h"
 #include "app/window/Successor.h"
 #include "network/UpdateFetch.h"
-#include "platform/MakeDesktop.h"
 #include "services/Endpoints.h"
+#include "store/PreferenceKeys.h"
 #include "support/InWorker.h"
 #include "ui/controls/Alert.h"
 #include "ui/settings/SettingsScreens.h"
 #include "ui/sheets/SheetScreens.h"
 
 #include <QApplication>
-
-#include <chrono>
-#include <exception>
+#include <QEvent>
 
 namespace ardeno {
 
@@ -27,77 +26,181 @@ Screens makeScreens()
     return screens;
 }
 
-UpdateFetchOptions updateFetchOptions()
+StoreParts windowParts()
 {
     UpdateFetchOptions options;
     options.manifest = Endpoints::updateManifest();
-    return options;
+    StoreParts parts;
+    parts.fetchUpdate = makeUpdateFetch(options);
+    parts.startInstance = Successor::start;
+    return parts;
 }
 
 } // namespace
 
-WindowApplication::WindowApplication(SingleInstance &instance) : m_window(makeScreens())
+WindowApplication::WindowApplication(BusService &bus, Reach reach)
+    : m_bus(bus), m_reach(reach), m_screens(makeScreens())
 {
-    instance.setOnActivate([this] { comeToFront(); });
+    qApp->installEventFilter(this);
 }
 
-void WindowApplication::start()
+WindowApplication::~WindowApplication() = default;
+
+BusService::Actions WindowApplication::actions()
+{
+    return {.run = answerCommand,
+            .activate = [this] { comeToFront(); },
+            .stopRecording =
+                [this] {
+                    if (m_application)
+                        m_application->store().stop();
+                }};
+}
+
+void WindowApplication::startWithWindow()
 {
     // The first picture of the window comes before everything else, and nothing else takes time from it.
-    m_window.setOnFirstPaint([this] { openStore(); });
-    m_window.show();
+    window().setOnFirstPaint([this] { openStore(); });
+    window().show();
 }
 
-WindowApplication::Opened WindowApplication::openLibrary()
+void WindowApplication::startInBackground()
 {
-    // A command may be at work; it is soon done.
-    constexpr std::chrono::seconds patience(10);
-    const QString root = CheckpointRepository::defaultRoot();
-    const LibraryLock::Request request{root, LibraryLock::Kind::Application, LibraryLock::Access::Write};
-    Opened opened{
-        .lock = LibraryLock::waitFor(request, patience), .repository = CheckpointRepository(root), .load = {}};
-    try {
-        const auto library = std::make_shared<WorkspaceLibrary>(opened.repository.loadLibrary());
-        opened.load = [library] { return std::move(*library); };
-    } catch (const Failure &) {
-        opened.load = [failure = std::current_exception()]() -> WorkspaceLibrary { std::rethrow_exception(failure); };
-    }
-    return opened;
+    openStore();
 }
 
 QCoro::Task<void> WindowApplication::openStore()
 {
     QString problem;
     try {
-        Opened opened = co_await inWorker(&WindowApplication::openLibrary);
-        m_lock.emplace(std::move(opened.lock));
-        m_desktop = makeDesktop();
-        StoreParts parts;
-        parts.repository = opened.repository;
-        parts.loadLibrary = opened.load;
-        parts.seedStarterExample = true;
-        parts.fetchUpdate = makeUpdateFetch(updateFetchOptions());
-        parts.startInstance = Successor::start;
-        m_store = std::make_unique<AppStore>(m_desktop, std::move(parts));
-        m_window.open(*m_store);
-        m_store->checkForUpdates(Force::No);
+        OpenedLibrary library = co_await inWorker(&openLibrary);
+        adopt(std::move(library));
     } catch (const Failure &failure) {
         problem = failure.description();
     }
-    if (problem.isEmpty())
-        co_return;
+    if (!problem.isEmpty())
+        fail(problem);
+}
+
+void WindowApplication::adopt(OpenedLibrary library)
+{
+    m_application = std::make_unique<Application>(std::move(library), m_bus, ApplicationActions(), windowParts());
+    AppStore &store = m_application->store();
+    m_menu = std::make_unique<ApplicationMenu>(store, ApplicationMenu::Actions{
+                                                          .openWindow = [this] { comeToFront(); },
+                                                          .openNewsletter = m_screens.openNewsletter,
+                                                          .quit = [this] { quit(); },
+                                                      });
+    if (m_window) {
+        m_window->open(store);
+        m_window->addMenuActions(m_menu->windowActions());
+    } else {
+        reportAtStart(store);
+    }
+    if (m_reach == Reach::WindowAlone && !store.notice())
+        store.notice.set(
+            tr("There is no session bus: commands cannot reach this window, and closing it quits Ardeno."));
+    m_bus.serveCommands();
+    store.checkForUpdates(Force::No);
+}
+
+void WindowApplication::fail(const QString &problem)
+{
+    if (!m_window) {
+        printError(problem);
+        QCoreApplication::exit(1);
+        return;
+    }
     const AlertText text{.title = QCoreApplication::translate("ardeno::MainWindow", "Something needs attention"),
                          .message = problem,
-                         .confirm = QCoreApplication::translate("ardeno::MainWindow", "Quit")};
-    presentAlert(m_window.sheets(), text, [](bool) { QCoreApplication::exit(1); });
+                         .confirm = tr("Quit")};
+    presentAlert(m_window->sheets(), text, [](bool) { QCoreApplication::exit(1); });
+}
+
+MainWindow &WindowApplication::window()
+{
+    if (m_window)
+        return *m_window;
+    if (!m_appearance) {
+        installSheetAccessibility();
+        m_appearance.emplace();
+    }
+    m_window = std::make_unique<MainWindow>(m_screens);
+    m_window->setOnClose([this] { return mayClose(); });
+    if (m_application) {
+        m_window->open(m_application->store());
+        m_window->addMenuActions(m_menu->windowActions());
+    }
+    return *m_window;
 }
 
 void WindowApplication::comeToFront()
 {
-    m_window.setWindowState(m_window.windowState() & ~Qt::WindowMinimized);
-    m_window.show();
-    m_window.raise();
-    m_window.activateWindow();
+    MainWindow &front = window();
+    front.setWindowState(front.windowState() & ~Qt::WindowMinimized);
+    front.show();
+    front.raise();
+    front.activateWindow();
+}
+
+void WindowApplication::quit()
+{
+    if (!m_application || !m_application->store().recording()) {
+        end();
+        return;
+    }
+    comeToFront();
+    const AlertText text{.title = tr("Finish saving before quitting"),
+                         .message = tr("Use Stop & save checkpoint to finish your recording, then quit."),
+                         .confirm = tr("Keep open")};
+    if (!m_alert)
+        m_alert = presentAlert(m_window->sheets(), text, [](bool) {});
+}
+
+void WindowApplication::end()
+{
+    if (m_application)
+        m_application->end();
+    else
+        QCoreApplication::exit(0);
+}
+
+bool WindowApplication::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != qApp || event->type() != QEvent::Quit)
+        return false;
+    event->ignore();
+    end();
+    return true;
+}
+
+// The application goes on without its window, where there is a way to get it back.
+bool WindowApplication::mayClose()
+{
+    if (!m_application || m_reach == Reach::WindowAlone) {
+        quit();
+        return false;
+    }
+    Preferences preferences(Preferences::defaultFolder());
+    if (preferences.value(keys::closeNoticeShown).value_or(false))
+        return true;
+    if (!m_alert)
+        explainClosing();
+    return false;
+}
+
+void WindowApplication::explainClosing()
+{
+    const AlertText text{
+        .title = tr("Ardeno keeps running"),
+        .message = tr("Start Ardeno again to get this window back. To quit, choose Quit in the window’s menu."),
+        .confirm = tr("Close window"),
+        .cancel = tr("Keep open")};
+    m_alert = presentAlert(m_window->sheets(), text, [this](bool isConfirmed) {
+        Preferences(Preferences::defaultFolder()).setValue(keys::closeNoticeShown, true);
+        if (isConfirmed)
+            m_window->hide();
+    });
 }
 
 } // namespace ardeno

@@ -1,43 +1,65 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/window/SingleInstance.h"
-#include "model/LibraryLock.h"
-#include "store/AppStore.h"
+#include "app/Application.h"
+#include "app/window/ApplicationMenu.h"
+#include "ui/Screens.h"
+#include "ui/controls/Sheet.h"
 #include "ui/main/MainWindow.h"
+#include "ui/theme/AppearanceSettings.h"
 
 #include <QCoroTask>
+#include <QPointer>
 
 #include <memory>
 #include <optional>
 
 namespace ardeno {
 
-// The application with its window: the window is painted first, then the library is locked and read on a worker, then
-// the views appear.
-class WindowApplication final {
-public:
-    explicit WindowApplication(SingleInstance &instance);
+// The application on a display. Its window is made when it is wanted first: it is painted, then the library is locked
+// and read on a worker, then the views appear.
+class WindowApplication final : public QObject {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::AppDelegate)
 
-    void start();
+public:
+    enum class Reach { Bus, WindowAlone }; // Alone: there is no session bus.
+
+    WindowApplication(BusService &bus, Reach reach);
+    ~WindowApplication() override;
+
+    // What the bus may ask for.
+    BusService::Actions actions();
+
+    void startWithWindow();
+    void startInBackground();
+
+    // As the system asks: at once, but what is being done or recorded is saved first.
+    void end();
+
+protected:
+    // The end of the desktop's session comes as an event.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    struct Opened {
-        LibraryLock lock;
-        CheckpointRepository repository;
-        // What came of reading; the store reports a failure.
-        std::function<WorkspaceLibrary()> load;
-    };
-
-    static Opened openLibrary();
     QCoro::Task<void> openStore();
+    void adopt(OpenedLibrary library);
+    void fail(const QString &problem);
+    MainWindow &window();
     void comeToFront();
+    // As the user asks: refused while a session is recorded.
+    void quit();
+    bool mayClose();
+    void explainClosing();
 
+    BusService &m_bus;
+    Reach m_reach;
+    std::optional<AppearanceSettings> m_appearance;
+    Screens m_screens;
     // The window goes first, as it keeps what was typed last.
-    std::optional<LibraryLock> m_lock;
-    Desktop m_desktop;
-    std::unique_ptr<AppStore> m_store;
-    MainWindow m_window;
+    std::unique_ptr<Application> m_application;
+    std::unique_ptr<ApplicationMenu> m_menu;
+    std::unique_ptr<MainWindow> m_window;
+    QPointer<Sheet> m_alert;
 };
 
 } // namespace ardeno

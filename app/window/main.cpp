@@ -1,36 +1,60 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/window/EndSignals.h"
-#include "app/window/SingleInstance.h"
+#include "app/BusClient.h"
+#include "app/EndRequest.h"
+#include "app/StoreAccess.h"
 #include "app/window/Successor.h"
 #include "app/window/WindowApplication.h"
-#include "ui/controls/Sheet.h"
 #include "ui/theme/AppStyle.h"
-#include "ui/theme/AppearanceSettings.h"
 #include "words/Words.h"
 
 #include <QApplication>
 
 #include <csignal>
 
+namespace {
+
+using namespace ardeno;
+
+// The application that has the name already is the one; absent when it does not answer.
+std::optional<ExitStatus> handOver(bool isBackground)
+{
+    return isBackground ? ExitStatus::Done : BusClient::showWindow();
+}
+
+int run(bool isBackground)
+{
+    const QDBusConnection connection = QDBusConnection::sessionBus();
+    const bool hasBus = connection.isConnected();
+    if (isBackground && !hasBus)
+        return static_cast<int>(report(notAvailable("There is no session bus, over which Ardeno could be reached.")));
+    BusService bus(connection);
+    using Reach = WindowApplication::Reach;
+    WindowApplication application(bus, hasBus ? Reach::Bus : Reach::WindowAlone);
+    if (hasBus && !bus.begin(application.actions())) {
+        if (const auto status = handOver(isBackground))
+            return static_cast<int>(*status);
+    }
+    const EndRequest request(connection, [&application] { application.end(); });
+    if (isBackground)
+        application.startInBackground();
+    else
+        application.startWithWindow();
+    return QApplication::exec();
+}
+
+} // namespace
+
 int main(int argc, char **argv)
 {
-    using namespace ardeno;
     std::signal(SIGPIPE, SIG_IGN);
     QApplication::setStyle(new AppStyle);
     QApplication application(argc, argv);
     QApplication::setApplicationName("ardeno");
     QApplication::setApplicationVersion(ARDENO_VERSION);
     QApplication::setDesktopFileName("org.ardeno.Ardeno");
-    const Words words(Words::Language::OfUser);
+    QApplication::setQuitOnLastWindowClosed(false);
     if (const auto predecessor = Successor::predecessor(QApplication::arguments()))
         Successor::waitForEnd(*predecessor);
-    SingleInstance instance;
-    if (!instance.claim())
-        return 0;
-    const EndSignals signals([] { QApplication::quit(); });
-    installSheetAccessibility();
-    const AppearanceSettings appearance;
-    WindowApplication window(instance);
-    window.start();
-    return QApplication::exec();
+    const Words words(Words::Language::OfUser);
+    return run(QApplication::arguments().contains("--background"));
 }

@@ -148,14 +148,6 @@
         <translation>Diese Datei ließ sich nicht als Bild öffnen. Wählen Sie ein PNG, JPEG, HEIC oder ein anderes unterstütztes Bild.</translation>
     </message>
     <message>
-        <source> The recording broke off; what there is of it is kept with the media as %1.</source>
-        <translation> Die Aufnahme brach ab; was es davon gibt, liegt als %1 bei den Medien.</translation>
-    </message>
-    <message>
-        <source> The screenshot is from the start of the session.</source>
-        <translation> Das Bildschirmfoto ist vom Beginn der Sitzung.</translation>
-    </message>
-    <message>
         <source>%1 were interrupted. Their checkpoints have been saved with what was recorded.</source>
         <translation>%1 wurden unterbrochen. Ihre Checkpoints wurden mit dem Aufgenommenen gesichert.</translation>
     </message>
@@ -182,18 +174,6 @@
     <message>
         <source>The video could not be finalized. Your screenshot and workspace will still be saved. </source>
         <translation>Das Video konnte nicht abgeschlossen werden. Bildschirmfoto und Arbeitsumgebung werden trotzdem gesichert. </translation>
-    </message>
-    <message>
-        <source>Workspace captured at the end of your session.</source>
-        <translation>Arbeitsumgebung am Ende Ihrer Sitzung erfasst.</translation>
-    </message>
-    <message>
-        <source>Workspace captured at the start of your session, which ended before it was stopped.</source>
-        <translation>Arbeitsumgebung zu Beginn Ihrer Sitzung erfasst, die endete, bevor sie gestoppt wurde.</translation>
-    </message>
-    <message>
-        <source>Workspace captured at the start of your session; at its end the desktop had gone.</source>
-        <translation>Arbeitsumgebung zu Beginn Ihrer Sitzung erfasst; an ihrem Ende gab es den Desktop nicht mehr.</translation>
     </message>
     <message>
         <source>Your work session “%1” was interrupted. Its checkpoint has been saved with what was recorded.</source>

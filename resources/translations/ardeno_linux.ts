@@ -127,5 +127,9 @@
         <source>Preview documents restored</source>
         <translation>viewer documents restored</translation>
     </message>
+    <message>
+        <source>macOS reopened the existing process.</source>
+        <translation>The app that runs was opened again instead of a new one.</translation>
+    </message>
 </context>
 </TS>

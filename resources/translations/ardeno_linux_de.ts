@@ -127,5 +127,9 @@
         <source>Preview documents restored</source>
         <translation>Dokumente im Betrachter wiederhergestellt</translation>
     </message>
+    <message>
+        <source>macOS reopened the existing process.</source>
+        <translation>Statt einer neuen wurde die laufende App geöffnet.</translation>
+    </message>
 </context>
 </TS>

@@ -12,14 +12,14 @@ using namespace ardeno;
 
 namespace {
 
-struct Fixture {
+struct RecordedScreen {
     fakes::InMemoryDesktop memory = {};
     Desktop desktop = memory.makeDesktop();
     QTemporaryDir folder = {};
     QList<QString> reported = {};
     CaptureService service{*desktop.screenCapture, desktop.screenRecorder.get()};
 
-    Fixture()
+    RecordedScreen()
     {
         memory.addDisplay(7, {0, 0, 1366, 768});
         memory.addDisplay(8, {1366, 0, 3840, 2160});
@@ -53,7 +53,7 @@ const Failure diskFull("POSIX", 28, "No space left on device.");
 
 } // namespace
 
-TEST_CASE_FIXTURE(Fixture, "the main display is recorded, without the excluded applications and those that start later")
+TEST_CASE_FIXTURE(RecordedScreen, "the main display is recorded, without the excluded applications and those that start later")
 {
     memory.displays[0].isMain = false;
     memory.displays[1].isMain = true;
@@ -72,7 +72,7 @@ TEST_CASE_FIXTURE(Fixture, "the main display is recorded, without the excluded a
     CHECK(memory.recordings.last().excludedAppIDs == QSet<QString>{"org.secret"});
 }
 
-TEST_CASE_FIXTURE(Fixture, "what cannot be recorded is refused, and the next recording is not harmed by it")
+TEST_CASE_FIXTURE(RecordedScreen, "what cannot be recorded is refused, and the next recording is not harmed by it")
 {
     CHECK(start({"org.editor"}) == "Capture 4: No allowed applications are available to record.");
     memory.recordingFailure = diskFull;
@@ -86,7 +86,7 @@ TEST_CASE_FIXTURE(Fixture, "what cannot be recorded is refused, and the next rec
     CHECK(reported.isEmpty());
 }
 
-TEST_CASE_FIXTURE(Fixture,
+TEST_CASE_FIXTURE(RecordedScreen,
                   "a file that is finished before, while or after the stop is waited for no longer than needed")
 {
     REQUIRE(start() == "");
@@ -104,7 +104,7 @@ TEST_CASE_FIXTURE(Fixture,
     CHECK(reported.isEmpty());
 }
 
-TEST_CASE_FIXTURE(Fixture, "a file that is never finished ends in a failure, and the next recording begins afresh")
+TEST_CASE_FIXTURE(RecordedScreen, "a file that is never finished ends in a failure, and the next recording begins afresh")
 {
     CaptureService impatient(*desktop.screenCapture, desktop.screenRecorder.get(), std::chrono::milliseconds(1));
     const QString path = folder.filePath("session.mp4");
@@ -119,7 +119,7 @@ TEST_CASE_FIXTURE(Fixture, "a file that is never finished ends in a failure, and
     CHECK(outcome(impatient.stopRecording()).startsWith("Capture 3: "));
 }
 
-TEST_CASE_FIXTURE(Fixture, "a recording that breaks off is reported, and stopping it gives the last reason at once")
+TEST_CASE_FIXTURE(RecordedScreen, "a recording that breaks off is reported, and stopping it gives the last reason at once")
 {
     REQUIRE(start() == "");
     memory.recordingEvents.failed(diskFull);

@@ -44,7 +44,7 @@ public:
     int missingBytes = 0;
 };
 
-struct Fixture {
+struct ScreenshotFixture {
     PaintedScreen screen = {};
     CaptureService service = CaptureService(screen);
     QTemporaryDir folder = {};
@@ -64,7 +64,7 @@ struct Fixture {
 
 } // namespace
 
-TEST_CASE_FIXTURE(Fixture, "all displays are composed where they stand, and only the user may read the picture")
+TEST_CASE_FIXTURE(ScreenshotFixture, "all displays are composed where they stand, and only the user may read the picture")
 {
     screen.connected = {{7, {0, 0, 1920, 1080}}, {9, {100, -800, 1280, 800}}};
 
@@ -82,7 +82,7 @@ TEST_CASE_FIXTURE(Fixture, "all displays are composed where they stand, and only
     CHECK(int(QFile::permissions(path) & others) == 0);
 }
 
-TEST_CASE_FIXTURE(Fixture, "each way to have no picture has its own sentence and leaves the old file alone")
+TEST_CASE_FIXTURE(ScreenshotFixture, "each way to have no picture has its own sentence and leaves the old file alone")
 {
     QFile old(path);
     REQUIRE(old.open(QIODevice::WriteOnly));
@@ -110,7 +110,7 @@ TEST_CASE_FIXTURE(Fixture, "each way to have no picture has its own sentence and
     CHECK(QDir(folder.path()).entryList(QDir::Files).size() == 1);
 }
 
-TEST_CASE_FIXTURE(Fixture, "a folder that is not there is a failure and not a crash")
+TEST_CASE_FIXTURE(ScreenshotFixture, "a folder that is not there is a failure and not a crash")
 {
     screen.connected = {{7, {0, 0, 64, 48}}};
     CHECK(outcome(service.screenshot(folder.filePath("gone/snapshot.png"), {})).contains("No such file or directory"));

@@ -2,7 +2,6 @@
 #include "ui/main/MainWindow.h"
 
 #include "ui/checkpoint/CheckpointDetail.h"
-#include "ui/controls/Alert.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
@@ -222,6 +221,14 @@ void MainWindow::fillMenu(QMenu *menu)
     menu->addAction(m_actions->previous);
     menu->addSeparator();
     menu->addAction(m_actions->remove);
+    menu->addSeparator();
+    menu->addActions(m_applicationActions);
+}
+
+void MainWindow::addMenuActions(const QList<QAction *> &actions)
+{
+    m_applicationActions += actions;
+    addActions(actions);
 }
 
 void MainWindow::paintEvent(QPaintEvent *)
@@ -239,15 +246,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
 {
     if (m_detail)
         m_detail->commitNotes();
-    // What is being saved or recorded would be lost.
-    const bool isAtWork = m_store && (m_store->busy() || m_store->recording());
-    event->setAccepted(!isAtWork);
-    if (isAtWork && m_store->recording() && !sheets().isCovering()) {
-        const AlertText text{.title = tr("Finish saving before quitting"),
-                             .message = tr("Use Stop & save checkpoint to finish your recording, then quit."),
-                             .confirm = tr("Keep open")};
-        presentAlert(sheets(), text, [](bool) {});
-    }
+    event->setAccepted(!m_mayClose || m_mayClose());
 }
 
 } // namespace ardeno

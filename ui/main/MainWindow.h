@@ -36,11 +36,16 @@ public:
     // Called once, from the event loop, after the first picture of the window.
     void setOnFirstPaint(std::function<void()> painted) { m_firstPaint = std::move(painted); }
 
+    // Entries at the end of the window's menu, with their shortcuts; owned by the caller, who outlives the window.
+    void addMenuActions(const QList<QAction *> &actions);
+
+    // Asked when the user closes the window; it stays open when the answer is false.
+    void setOnClose(std::function<bool()> mayClose) { m_mayClose = std::move(mayClose); }
+
     bool isOpen() const { return m_store != nullptr; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    // Stays open while something is being saved or recorded.
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -69,6 +74,8 @@ private:
     std::optional<std::pair<std::optional<QUuid>, std::optional<QUuid>>> m_shown; // Project and checkpoint.
     std::unique_ptr<Actions> m_actions;
     std::unique_ptr<Presentations> m_presentations;
+    QList<QAction *> m_applicationActions;
+    std::function<bool()> m_mayClose;
     std::function<void()> m_firstPaint;
     std::unique_ptr<Observations> m_observations;
 };

@@ -4,14 +4,15 @@
 #include "ui/controls/Alert.h"
 #include "ui/projects/ProjectSheets.h"
 
+#include <QCoreApplication>
+
 namespace ardeno {
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ardeno::MainWindow", text);
-}
+struct PresentationTexts final {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::PresentationTexts)
+};
 
 } // namespace
 
@@ -54,12 +55,13 @@ void Presentations::showDeletingProject()
         return;
     const Project project = *m_store.deletingProject();
     const AlertText question{
-        .title = tr("Delete project?"),
-        .message = tr("Delete “%1” and all %2 checkpoints, including their local screenshots and recordings? This "
-                      "cannot be undone.")
+        .title = PresentationTexts::tr("Delete project?"),
+        .message = PresentationTexts::tr(
+                       "Delete “%1” and all %2 checkpoints, including their local screenshots and recordings? This "
+                       "cannot be undone.")
                        .arg(project.name, QString::number(m_store.checkpointsFor(project.id).size())),
-        .confirm = tr("Delete project"),
-        .cancel = tr("Cancel"),
+        .confirm = PresentationTexts::tr("Delete project"),
+        .cancel = PresentationTexts::tr("Cancel"),
         .kind = Button::Kind::Destructive,
     };
     m_deleting = presentAlert(m_host, question, [this, id = project.id](bool isConfirmed) {
@@ -76,7 +78,9 @@ void Presentations::showError()
     if (!m_store.error() || m_error)
         return;
     const QString sentence = *m_store.error();
-    const AlertText text{.title = tr("Something needs attention"), .message = sentence, .confirm = tr("OK")};
+    const AlertText text{.title = PresentationTexts::tr("Something needs attention"),
+                         .message = sentence,
+                         .confirm = PresentationTexts::tr("OK")};
     m_error = presentAlert(m_host, text, [this, sentence](bool) {
         // A newer one has an alert of its own.
         if (m_store.error() == sentence)
@@ -90,14 +94,14 @@ void Presentations::confirmDelete()
     if (!checkpoint || m_host.isCovering())
         return;
     const AlertText question{
-        .title = tr("Delete this checkpoint and its local recording?"),
-        .confirm = tr("Delete checkpoint"),
-        .cancel = tr("Cancel"),
+        .title = PresentationTexts::tr("Delete this checkpoint and its local recording?"),
+        .confirm = PresentationTexts::tr("Delete checkpoint"),
+        .cancel = PresentationTexts::tr("Cancel"),
         .kind = Button::Kind::Destructive,
     };
-    presentAlert(m_host, question, [this](bool isConfirmed) {
-        if (const Checkpoint *const selected = m_store.selected(); isConfirmed && selected)
-            m_store.deleteCheckpoint(selected->id);
+    presentAlert(m_host, question, [this, id = checkpoint->id](bool isConfirmed) {
+        if (isConfirmed)
+            m_store.deleteCheckpoint(id);
     });
 }
 

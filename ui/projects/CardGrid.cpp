@@ -30,6 +30,12 @@ CardGrid::CardGrid(const QString &name, Cards cards, QWidget *parent)
                      [this](const QWidget *, const QWidget *now) { reveal(now); });
 }
 
+// The focus still moves while the cards are destroyed.
+CardGrid::~CardGrid()
+{
+    QObject::disconnect(qApp, nullptr, this, nullptr);
+}
+
 void CardGrid::setHeader(QWidget *header)
 {
     m_header = header;

@@ -19,6 +19,7 @@ public:
     };
 
     CardGrid(const QString &name, Cards cards, QWidget *parent = nullptr);
+    ~CardGrid() override;
 
     // Shows every card anew.
     void setCount(int count);

@@ -5,14 +5,15 @@
 #include "ui/controls/Menu.h"
 #include "ui/projects/ProjectText.h"
 
+#include <QCoreApplication>
+
 namespace ardeno {
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ardeno::CheckpointActions", text);
-}
+struct CheckpointActionTexts final {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::CheckpointActionTexts)
+};
 
 QString titleOf(const AppStore &store, const Checkpoint &checkpoint)
 {
@@ -33,15 +34,16 @@ QCoro::Task<void> saveAtOnce(AppStore &store)
 void CheckpointActions::fill(QMenu *menu, AppStore &store, const Checkpoint &checkpoint, QWidget *owner,
                              std::function<void()> opened)
 {
-    addMenuItem(menu, tr("Open checkpoint"), "arrow.right", [&store, id = checkpoint.id, opened = std::move(opened)] {
-        store.selectCheckpoint(id);
-        if (opened)
-            opened();
-    });
+    addMenuItem(menu, CheckpointActionTexts::tr("Open checkpoint"), "arrow.right",
+                [&store, id = checkpoint.id, opened = std::move(opened)] {
+                    store.selectCheckpoint(id);
+                    if (opened)
+                        opened();
+                });
     if (checkpoint.isSample)
         return;
     menu->addSeparator();
-    addMenuItem(menu, tr("Delete checkpoint…"), "trash",
+    addMenuItem(menu, CheckpointActionTexts::tr("Delete checkpoint…"), "trash",
                 [&store, checkpoint, owner] { confirmDelete(owner, store, checkpoint); });
 }
 
@@ -51,10 +53,11 @@ void CheckpointActions::confirmDelete(QWidget *owner, AppStore &store, const Che
     if (!host)
         return;
     const AlertText question{
-        .title = tr("Delete this checkpoint?"),
-        .message = tr("This removes “%1” and its local screenshot or recording.").arg(titleOf(store, checkpoint)),
-        .confirm = tr("Delete checkpoint"),
-        .cancel = tr("Cancel"),
+        .title = CheckpointActionTexts::tr("Delete this checkpoint?"),
+        .message = CheckpointActionTexts::tr("This removes “%1” and its local screenshot or recording.")
+                       .arg(titleOf(store, checkpoint)),
+        .confirm = CheckpointActionTexts::tr("Delete checkpoint"),
+        .cancel = CheckpointActionTexts::tr("Cancel"),
         .kind = Button::Kind::Destructive,
     };
     presentAlert(*host, question, [&store, id = checkpoint.id](bool isConfirmed) {

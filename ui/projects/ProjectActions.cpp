@@ -3,14 +3,15 @@
 
 #include "ui/controls/Menu.h"
 
+#include <QCoreApplication>
+
 namespace ardeno {
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ardeno::ProjectActions", text);
-}
+struct ProjectActionTexts final {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::ProjectActionTexts)
+};
 
 } // namespace
 
@@ -22,17 +23,19 @@ void ProjectActions::fill(QMenu *menu, AppStore &store, const QUuid &projectID)
     const Project project = *found;
     const auto edit = [&store, project] { store.editingBlocker.set(project); };
     if (project.blockedReason) {
-        addMenuItem(menu, tr("Edit reason"), "pencil", edit);
-        addMenuItem(menu, tr("Mark active"), "checkmark.circle",
+        addMenuItem(menu, ProjectActionTexts::tr("Edit reason"), "pencil", edit);
+        addMenuItem(menu, ProjectActionTexts::tr("Mark active"), "checkmark.circle",
                     [&store, projectID] { store.setProjectBlocker(projectID, std::nullopt); });
     } else {
-        addMenuItem(menu, tr("Mark blocked…"), "pause.circle.fill", edit);
+        addMenuItem(menu, ProjectActionTexts::tr("Mark blocked…"), "pause.circle.fill", edit);
     }
     const bool isArchived = project.archivedAt.has_value();
-    addMenuItem(menu, isArchived ? tr("Unarchive project") : tr("Archive project"), "archivebox",
-                [&store, projectID, isArchived] { store.setProjectArchived(projectID, !isArchived); });
+    addMenuItem(menu,
+                isArchived ? ProjectActionTexts::tr("Unarchive project") : ProjectActionTexts::tr("Archive project"),
+                "archivebox", [&store, projectID, isArchived] { store.setProjectArchived(projectID, !isArchived); });
     menu->addSeparator();
-    addMenuItem(menu, tr("Delete project…"), "trash", [&store, project] { store.deletingProject.set(project); });
+    addMenuItem(menu, ProjectActionTexts::tr("Delete project…"), "trash",
+                [&store, project] { store.deletingProject.set(project); });
 }
 
 } // namespace ardeno

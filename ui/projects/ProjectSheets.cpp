@@ -5,14 +5,15 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/Sheet.h"
 
+#include <QCoreApplication>
+
 namespace ardeno {
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ardeno::ProjectSheets", text);
-}
+struct ProjectSheetTexts final {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::ProjectSheetTexts)
+};
 
 // A field with its label above it.
 TextField *addField(QVBoxLayout *column, const QString &label, const QString &placeholder)
@@ -30,7 +31,7 @@ TextField *addField(QVBoxLayout *column, const QString &label, const QString &pl
 
 Sheet *makeNewProjectSheet(AppStore &store)
 {
-    const QString title = tr("A home for your work.");
+    const QString title = ProjectSheetTexts::tr("A home for your work.");
     auto *sheet = new Sheet(title, 500);
     QVBoxLayout *const column = sheet->column();
     column->addWidget(new SymbolView("folder.badge.plus", Role::AccentText, 28));
@@ -38,17 +39,19 @@ Sheet *makeNewProjectSheet(AppStore &store)
     head->setSpacing(4);
     column->addLayout(head);
     head->addWidget(makeParagraph(title, TextStyle::SheetTitle));
-    head->addWidget(makeParagraph(tr("Keep several checkpoints in one project. Each one remembers where you left off "
-                                     "at a different point in time."),
-                                  TextStyle::Body, Role::Dim));
-    TextField *const name = addField(column, tr("Project name"), {});
+    head->addWidget(makeParagraph(
+        ProjectSheetTexts::tr("Keep several checkpoints in one project. Each one remembers where you left off "
+                              "at a different point in time."),
+        TextStyle::Body, Role::Dim));
+    TextField *const name = addField(column, ProjectSheetTexts::tr("Project name"), {});
     column->addSpacing(4);
-    sheet->addButton(tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
-    Button *const create = sheet->addButton(tr("Create project"), Button::Kind::Prominent, [&store, sheet, name] {
-        // A name that could not be kept stays in its field.
-        if (store.createProject(name->text()))
-            sheet->close();
-    });
+    sheet->addButton(ProjectSheetTexts::tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
+    Button *const create =
+        sheet->addButton(ProjectSheetTexts::tr("Create project"), Button::Kind::Prominent, [&store, sheet, name] {
+            // A name that could not be kept stays in its field.
+            if (store.createProject(name->text()))
+                sheet->close();
+        });
     create->setEnabled(false);
     QObject::connect(name, &QLineEdit::textChanged, create,
                      [create](const QString &text) { create->setEnabled(!text.trimmed().isEmpty()); });
@@ -60,18 +63,21 @@ Sheet *makeNewProjectSheet(AppStore &store)
 Sheet *makeProjectBlockerSheet(AppStore &store, const Project &project)
 {
     const bool isBlocked = project.blockedReason.has_value();
-    const QString title = isBlocked ? tr("Edit blocker") : tr("Mark project blocked");
+    const QString title =
+        isBlocked ? ProjectSheetTexts::tr("Edit blocker") : ProjectSheetTexts::tr("Mark project blocked");
     auto *sheet = new Sheet(title, 460);
     QVBoxLayout *const column = sheet->column();
     column->addWidget(makeParagraph(title, TextStyle::SheetTitle));
-    TextField *const reason = addField(column, tr("Waiting for…"), tr("e.g. Maya to approve the revised design"));
+    TextField *const reason = addField(column, ProjectSheetTexts::tr("Waiting for…"),
+                                       ProjectSheetTexts::tr("e.g. Maya to approve the revised design"));
     reason->setText(project.blockedReason.value_or(QString()));
-    column->addWidget(makeParagraph(tr("Optional. You can still save checkpoints and reopen this project’s workspace."),
-                                    TextStyle::Small, Role::Dim));
+    column->addWidget(makeParagraph(
+        ProjectSheetTexts::tr("Optional. You can still save checkpoints and reopen this project’s workspace."),
+        TextStyle::Small, Role::Dim));
     column->addSpacing(4);
-    sheet->addButton(tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
-    sheet->addButton(isBlocked ? tr("Save reason") : tr("Mark blocked"), Button::Kind::Prominent,
-                     [&store, sheet, reason, id = project.id] {
+    sheet->addButton(ProjectSheetTexts::tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
+    sheet->addButton(isBlocked ? ProjectSheetTexts::tr("Save reason") : ProjectSheetTexts::tr("Mark blocked"),
+                     Button::Kind::Prominent, [&store, sheet, reason, id = project.id] {
                          if (store.setProjectBlocker(id, reason->text()))
                              sheet->close();
                      });

@@ -11,10 +11,9 @@ namespace ardeno {
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ardeno::ProjectText", text);
-}
+struct ProjectTexts final {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::ProjectTexts)
+};
 
 enum class Place { Alone, InSentence };
 
@@ -24,8 +23,8 @@ QString momentText(Date date, Date now, Place place)
     const qint64 days = moment.date().daysTo(now.toDateTime().toLocalTime().date());
     if (!moment.isValid() || days < 0 || days > 1)
         return DateText::mediumDateShortTime(date);
-    const QString alone = days == 0 ? tr("Today, %1") : tr("Yesterday, %1");
-    const QString inside = days == 0 ? tr("today, %1") : tr("yesterday, %1");
+    const QString alone = days == 0 ? ProjectTexts::tr("Today, %1") : ProjectTexts::tr("Yesterday, %1");
+    const QString inside = days == 0 ? ProjectTexts::tr("today, %1") : ProjectTexts::tr("yesterday, %1");
     return (place == Place::Alone ? alone : inside).arg(DateText::shortTime(date));
 }
 
@@ -33,14 +32,14 @@ QString momentText(Date date, Date now, Place place)
 
 QString ProjectText::checkpointCount(qsizetype count)
 {
-    return Text::counted(count, tr("checkpoint"), tr("checkpoints"));
+    return Text::counted(count, ProjectTexts::tr("checkpoint"), ProjectTexts::tr("checkpoints"));
 }
 
 QString ProjectText::overview(const QList<Project> &available)
 {
     const auto blocked = std::count_if(available.begin(), available.end(),
                                        [](const Project &project) { return project.blockedReason.has_value(); });
-    return tr("%1 active · %2 blocked").arg(available.size() - blocked).arg(blocked);
+    return ProjectTexts::tr("%1 active · %2 blocked").arg(available.size() - blocked).arg(blocked);
 }
 
 QString ProjectText::firstStep(const Checkpoint &checkpoint)
@@ -52,21 +51,21 @@ QString ProjectText::firstStep(const Checkpoint &checkpoint)
 
 QString ProjectText::title(const Checkpoint &checkpoint, const QString &projectName)
 {
-    return checkpoint.title == projectName ? tr("First checkpoint") : checkpoint.title;
+    return checkpoint.title == projectName ? ProjectTexts::tr("First checkpoint") : checkpoint.title;
 }
 
 QString ProjectText::timelineTitle(const Checkpoint &checkpoint, const QString &projectName)
 {
     const QString name = checkpoint.displayName();
-    return name == projectName && name == checkpoint.title ? tr("First checkpoint") : name;
+    return name == projectName && name == checkpoint.title ? ProjectTexts::tr("First checkpoint") : name;
 }
 
 QString ProjectText::resumeCaption(const Checkpoint &checkpoint)
 {
     const qsizetype pages = checkpoint.tabs.size();
-    return tr("%1 apps · %2 · Choose what to reopen")
+    return ProjectTexts::tr("%1 apps · %2 · Choose what to reopen")
         .arg(checkpoint.apps.size())
-        .arg(Text::counted(pages, tr("page"), tr("pages")));
+        .arg(Text::counted(pages, ProjectTexts::tr("page"), ProjectTexts::tr("pages")));
 }
 
 QString ProjectText::moment(Date date, Date now)

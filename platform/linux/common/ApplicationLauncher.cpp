@@ -7,9 +7,9 @@
 
 #include <QCoroTimer>
 
-#include <QHash>
+#include <QDeadlineTimer>
+#include <QScopeGuard>
 
-#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -19,15 +19,12 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto patience = 10s;      // For the window of an application that was started.
-constexpr auto timeToFocus = 500ms; // After a window has appeared.
-constexpr auto timeToGiveBack = 300ms;
 constexpr auto lookInterval = 50ms;
 
 } // namespace
 
 ApplicationLauncher::ApplicationLauncher(std::shared_ptr<DesktopEntries> entries, SessionFocus focus)
-    : m_entries(std::move(entries)), m_focus(std::move(focus)), m_finder(m_focus.liveWindows)
+    : m_entries(std::move(entries)), m_finder(focus.liveWindows), m_focus(std::move(focus))
 {
 }
 
@@ -44,21 +41,19 @@ DesktopEntry ApplicationLauncher::entry(const QString &appID)
     return *found;
 }
 
-// Called before an application is started, while the focus is still where the user left it.
-void ApplicationLauncher::expect(const QString &appID)
+std::function<void(pid_t)> ApplicationLauncher::startedFor(const DesktopEntry &entry)
 {
-    if (m_expected.isEmpty() && m_focus.activeWindow)
-        m_focused = m_focus.activeWindow();
-    m_expected.removeIf([&](const Expected &expected) { return expected.appID == appID; });
-    m_expected.append({.appID = appID});
-    m_patience.setRemainingTime(patience);
+    return [this, entry](pid_t process) {
+        m_children.add(process, entry.name);
+        m_focus.setStarter(entry.id, [this, process] { return m_children.isRunning(process); });
+    };
 }
 
 QCoro::Task<void> ApplicationLauncher::openApplication(QString appID, QStringList paths)
 {
     const DesktopEntry found = entry(appID);
-    expect(found.id);
-    DesktopLaunch::open(found, paths, [&](pid_t process) { m_children.add(process, found.name); });
+    m_focus.expect(found.id);
+    DesktopLaunch::open(found, paths, startedFor(found));
     co_return;
 }
 
@@ -73,7 +68,7 @@ QCoro::Task<void> ApplicationLauncher::reveal(QString path)
 {
     const QString browser = DesktopLaunch::handlerOfPath("/");
     if (!browser.isEmpty() && isInstalled(browser))
-        expect(entry(browser).id);
+        m_focus.expect(entry(browser).id);
     const auto work = [path] { DesktopLaunch::showInFileBrowser(path); };
     co_await inWorker(work);
 }
@@ -81,43 +76,38 @@ QCoro::Task<void> ApplicationLauncher::reveal(QString path)
 QCoro::Task<void> ApplicationLauncher::openPages(QString appID, QStringList addresses)
 {
     const DesktopEntry found = entry(appID.isEmpty() ? DesktopLaunch::handlerOfWeb() : appID);
-    expect(found.id);
-    DesktopLaunch::openAddresses(found, addresses, [&](pid_t process) { m_children.add(process, found.name); });
+    m_focus.expect(found.id);
+    DesktopLaunch::openAddresses(found, addresses, startedFor(found));
     co_return;
 }
 
 QCoro::Task<bool> ApplicationLauncher::openInSavedWindow(QList<TabToReopen> tabs)
 {
-    constexpr auto timeToActivate = 500ms;
     constexpr auto timeToOpen = 200ms;
-    if (tabs.isEmpty() || !m_focus.activate)
+    if (tabs.isEmpty())
         co_return false;
     const QString appID = tabs.first().tab.browserID.value_or(QString());
     const auto window = co_await m_finder.find(tabs.first().tab);
     if (!window || !isInstalled(appID))
         co_return false;
     const DesktopEntry found = entry(appID);
-    expect(found.id);
-    // A browser opens pages in the window that was active last.
-    m_focus.activate(*window);
-    const QDeadlineTimer activation(timeToActivate);
-    while (m_focus.activeWindow() != *window && !activation.hasExpired())
-        co_await QCoro::sleepFor(lookInterval);
+    m_focus.expect(found.id);
     QStringList addresses;
     for (const TabToReopen &tab : std::as_const(tabs))
         addresses += tab.address;
-    pid_t started = 0;
-    if (m_focus.activeWindow() == *window) {
+    // A browser opens pages in the window that was active last.
+    const auto giveBack = qScopeGuard([this] { m_focus.resume(); });
+    const bool isActive = co_await m_focus.lend(*window);
+    if (isActive) {
+        pid_t started = 0;
         DesktopLaunch::openAddresses(found, addresses, [&](pid_t process) {
-            m_children.add(process, found.name);
+            startedFor(found)(process);
             started = process;
         });
         co_await waitForEnd(started);
         co_await QCoro::sleepFor(timeToOpen);
     }
-    if (m_focused != 0)
-        m_focus.activate(m_focused);
-    co_return started != 0;
+    co_return isActive;
 }
 
 // A browser that hands pages to the one that runs ends at once.
@@ -128,56 +118,9 @@ QCoro::Task<void> ApplicationLauncher::waitForEnd(pid_t process)
         co_await QCoro::sleepFor(lookInterval);
 }
 
-void ApplicationLauncher::noticeWindows(const QList<QString> &appIDs)
-{
-    for (Expected &expected : m_expected) {
-        if (expected.hasWindow || !appIDs.contains(expected.appID))
-            continue;
-        expected.hasWindow = true;
-        expected.calm.setRemainingTime(timeToFocus);
-    }
-    m_expected.removeIf([](const Expected &expected) { return expected.hasWindow && expected.calm.hasExpired(); });
-}
-
-void ApplicationLauncher::watchFocus()
-{
-    const auto live = m_focus.liveWindows ? m_focus.liveWindows() : std::nullopt;
-    if (!live || !m_focus.activeWindow) {
-        m_expected.clear();
-        return;
-    }
-    QHash<quint32, QString> appIDs;
-    for (const LiveWindow &window : *live)
-        appIDs.insert(window.windowID, window.applicationID);
-    const quint32 active = m_focus.activeWindow();
-    if (m_focused != 0 && active != m_focused && appIDs.contains(active))
-        giveFocusBack(active, appIDs.value(active));
-    noticeWindows(appIDs.values());
-}
-
-void ApplicationLauncher::giveFocusBack(quint32 from, const QString &appID)
-{
-    const bool isExpected = std::any_of(m_expected.begin(), m_expected.end(),
-                                        [&](const Expected &expected) { return expected.appID == appID; });
-    if (m_givenBack.contains(from) && !m_givingBack.hasExpired())
-        return; // The window manager has not got to it yet.
-    if (!isExpected || m_givenBack.contains(from)) {
-        m_focused = 0; // The user has gone there.
-        return;
-    }
-    m_focus.activate(m_focused);
-    m_givenBack.insert(from);
-    m_givingBack.setRemainingTime(timeToGiveBack);
-}
-
 QCoro::Task<QStringList> ApplicationLauncher::settle()
 {
-    while (!m_expected.isEmpty() && !m_patience.hasExpired()) {
-        watchFocus();
-        co_await QCoro::sleepFor(lookInterval);
-    }
-    m_expected.clear();
-    m_givenBack.clear();
+    co_await m_focus.settle();
     co_return m_children.takeFailures();
 }
 

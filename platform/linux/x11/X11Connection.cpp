@@ -46,6 +46,7 @@ constexpr std::array<const char *, static_cast<size_t>(X11Atom::Count)> atomName
     "_NET_WM_STATE_MAXIMIZED_HORZ",
     "_NET_WM_STATE_MAXIMIZED_VERT",
     "_NET_WM_STATE_SHADED",
+    "_NET_WM_STATE_STICKY",
     "_NET_WM_STRUT",
     "_NET_WM_STRUT_PARTIAL",
     "_NET_WM_WINDOW_TYPE",
@@ -109,6 +110,14 @@ X11Connection::X11Connection(const QByteArray &displayName)
         throw notAvailable(u"The X display “%1” cannot be reached."_qs.arg(QString::fromLocal8Bit(displayName)));
     internAtoms(screenNumber);
     askExtensions();
+}
+
+bool X11Connection::isReachable(const QByteArray &displayName)
+{
+    if (displayName.isEmpty())
+        return false;
+    const std::unique_ptr<xcb_connection_t, Disconnect> connection(xcb_connect(displayName.constData(), nullptr));
+    return xcb_connection_has_error(connection.get()) == 0;
 }
 
 void X11Connection::internAtoms(int screenNumber)

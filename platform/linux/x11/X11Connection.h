@@ -47,6 +47,7 @@ enum class X11Atom {
     NetWmStateMaximizedHorz,
     NetWmStateMaximizedVert,
     NetWmStateShaded,
+    NetWmStateSticky,
     NetWmStrut,
     NetWmStrutPartial,
     NetWmWindowType,
@@ -79,6 +80,9 @@ class X11Connection final {
 public:
     // Throws notAvailable() with the reason when there is no display of this name ($DISPLAY) or it is not reachable.
     explicit X11Connection(const QByteArray &displayName = qgetenv("DISPLAY"));
+
+    // Whether a server answers to this name.
+    static bool isReachable(const QByteArray &displayName);
 
     xcb_connection_t *xcb() const { return m_connection.get(); }
 

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Application.h"
+
+#include "app/CommandLine.h"
+#include "app/Output.h"
+#include "platform/MakeDesktop.h"
+
+#include <QCoreApplication>
+
+#include <chrono>
+#include <exception>
+#include <memory>
+#include <utility>
+
+namespace ardeno {
+
+namespace {
+
+StoreParts applicationParts(StoreParts parts, const std::function<WorkspaceLibrary()> &load)
+{
+    parts.loadLibrary = load;
+    parts.seedStarterExample = true;
+    return parts;
+}
+
+} // namespace
+
+OpenedLibrary openLibrary()
+{
+    constexpr std::chrono::seconds patience(10);
+    const QString root = CheckpointRepository::defaultRoot();
+    const LibraryLock::Request request{root, LibraryLock::Kind::Application, LibraryLock::Access::Write};
+    OpenedLibrary opened{.lock = LibraryLock::waitFor(request, patience)};
+    try {
+        const auto library = std::make_shared<WorkspaceLibrary>(CheckpointRepository(root).loadLibrary());
+        opened.load = [library] { return std::move(*library); };
+    } catch (const Failure &) {
+        opened.load = [failure = std::current_exception()]() -> WorkspaceLibrary { std::rethrow_exception(failure); };
+    }
+    return opened;
+}
+
+Application::Application(OpenedLibrary library, BusService &bus, ApplicationActions actions, StoreParts parts)
+    : m_bus(bus),
+      m_lock(std::move(library.lock)),
+      m_desktop(makeDesktop()),
+      m_store(m_desktop, applicationParts(std::move(parts), library.load)),
+      m_shared(m_store, std::move(actions))
+{
+    m_observations.watch([this] { m_desktop.screenCapture->prepareExclusion(m_store.exclusions().appIDs()); },
+                         m_store.exclusions);
+}
+
+void Application::end()
+{
+    if (!std::exchange(m_isEnding, true))
+        m_observations.watch([this] { endWhenIdle(); }, m_store.busy, m_store.recording);
+}
+
+void Application::endWhenIdle()
+{
+    if (m_store.busy())
+        return;
+    if (m_store.recording())
+        m_store.stop();
+    else
+        m_bus.finishWith([] { QCoreApplication::exit(0); });
+}
+
+CommandAnswer answerCommand(const QStringList &arguments)
+{
+    OutputCapture written;
+    const ExitStatus status = runCommandLine(arguments);
+    return {static_cast<int>(status), written.output(), written.errors()};
+}
+
+} // namespace ardeno

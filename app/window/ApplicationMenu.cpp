@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/window/ApplicationMenu.h"
+
+#include <QMenu>
+
+namespace ardeno {
+
+namespace {
+
+void connectAction(QAction &action, const std::function<void()> &run)
+{
+    action.setVisible(static_cast<bool>(run));
+    action.setShortcutVisibleInContextMenu(true);
+    if (run)
+        QObject::connect(&action, &QAction::triggered, &action, run);
+}
+
+} // namespace
+
+ApplicationMenu::ApplicationMenu(AppStore &store, Actions actions)
+    : m_store(store),
+      m_quickSave(tr("Quick Save Checkpoint…")),
+      m_recording(tr("Recording main display")),
+      m_stop(tr("Stop & Save Checkpoint").replace('&', "&&")),
+      m_openWindow(tr("Open Ardeno")),
+      m_newsletter(tr("Join the newsletter")),
+      m_quit(tr("Quit"))
+{
+    connectAction(m_quickSave, actions.quickSave);
+    connectAction(m_stop, [&store] { store.stop(); });
+    connectAction(m_openWindow, actions.openWindow);
+    connectAction(m_newsletter, actions.openNewsletter);
+    connectAction(m_quit, actions.quit);
+    m_recording.setEnabled(false);
+    m_quickSave.setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+    m_quit.setShortcut(Qt::CTRL | Qt::Key_Q);
+    m_observations.watch([this] { showState(); }, store.busy, store.recording);
+}
+
+void ApplicationMenu::showState()
+{
+    const bool isRecording = m_store.recording();
+    m_quickSave.setVisible(!isRecording);
+    m_recording.setVisible(isRecording);
+    m_stop.setVisible(isRecording);
+    m_quickSave.setEnabled(!m_store.busy() && !isRecording);
+    m_stop.setEnabled(!m_store.busy());
+}
+
+void ApplicationMenu::fillTray(QMenu *menu)
+{
+    menu->addActions({&m_quickSave, &m_recording, &m_stop});
+    menu->addSeparator();
+    menu->addActions({&m_openWindow, &m_newsletter});
+    menu->addSeparator();
+    menu->addAction(&m_quit);
+}
+
+QList<QAction *> ApplicationMenu::windowActions()
+{
+    return {&m_quickSave, &m_newsletter, &m_quit};
+}
+
+} // namespace ardeno

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/linux/common/LiveWindows.h"
+
+#include <QCoroTask>
+
+#include <QDeadlineTimer>
+#include <QHash>
+#include <QSet>
+#include <QTimer>
+
+#include <functional>
+
+namespace ardeno {
+
+// What is needed of a session whose windows can be seen, to leave the user's focus where it is.
+struct SessionFocus {
+    LiveWindowList liveWindows = {};
+    std::function<quint32()> activeWindow = {}; // 0: none.
+    std::function<void(quint32)> activate = {};
+};
+
+// A new application takes the focus wherever it is started; it is given back to the window that had it, once for each
+// window, unless the user has gone elsewhere meanwhile. Watches from the first application until all have settled.
+class FocusKeeper final {
+public:
+    explicit FocusKeeper(SessionFocus session);
+
+    // Before an application is started, while the focus is still where the user left it.
+    void expect(const QString &appID);
+    // Tells, for an application that has windows already, whether what hands over to it is still at work.
+    void setStarter(const QString &appID, std::function<bool()> isAtWork);
+
+    // Makes the window the active one, until resume() gives the focus back. False when it did not become so in time.
+    QCoro::Task<bool> lend(quint32 window);
+    void resume();
+
+    // Waits until every application has had its chance to take the focus, at most some seconds.
+    QCoro::Task<void> settle();
+
+private:
+    struct Expected {
+        QString appID;
+        qsizetype windowsBefore = 0;
+        std::function<bool()> isStarting = {};
+        bool hasCome = false;
+        QDeadlineTimer calm = {}; // From when on its window has had its chance to take the focus.
+    };
+
+    void look();
+    void lost(quint32 to, const QString &appID);
+    void giveBack();
+    void notice(const QList<QString> &appIDs);
+    QHash<quint32, QString> windows() const;
+
+    bool isSettled() const { return m_expected.isEmpty() && !m_isReturning; }
+
+    SessionFocus m_session;
+    QTimer m_watch;
+    QList<Expected> m_expected = {};
+    QSet<QString> m_started = {};
+    QSet<quint32> m_takers = {}; // Windows from which the focus was given back.
+    quint32 m_focused = 0;       // The window that has the user's focus; 0 when there is none to be kept.
+    bool m_isLent = false;
+    bool m_isReturning = false; // The window manager has been asked and has not got to it yet.
+    int m_tries = 0;
+    QDeadlineTimer m_nextTry = {};
+    QDeadlineTimer m_patience = {};
+};
+
+} // namespace ardeno

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/common/FocusKeeper.h"
+
+#include "support/Finish.h"
+
+#include <QTest>
+
+#include <doctest/doctest.h>
+
+using namespace ardeno;
+
+namespace {
+
+constexpr quint32 own = 1;
+constexpr quint32 new1 = 2;
+constexpr quint32 browser = 3;
+
+// A session whose window manager is as slow as a test wants.
+struct ScriptedSession {
+    quint32 active = own;
+    QList<LiveWindow> windows = {{.applicationID = "terminal", .windowID = own}};
+    int deafness = 0; // Requests that it does not get to.
+    int looks = 0;
+    FocusKeeper keeper{{.liveWindows =
+                            [this] {
+                                ++looks;
+                                return windows;
+                            },
+                        .activeWindow = [this] { return active; },
+                        .activate = [this](quint32 window) { active = deafness-- > 0 ? active : window; }}};
+
+    void waitForLook()
+    {
+        REQUIRE(QTest::qWaitFor([this, before = looks] { return looks > before + 1; }));
+    }
+
+    void appear(quint32 window, const QString &appID)
+    {
+        windows.append({.applicationID = appID, .windowID = window});
+        active = window;
+    }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(ScriptedSession, "what was started loses the focus to the user's window, however busy the manager is")
+{
+    keeper.expect("editor");
+    SUBCASE("at once") {}
+    SUBCASE("after it was asked several times")
+    {
+        deafness = 3;
+    }
+    appear(new1, "editor");
+    finish(keeper.settle());
+    CHECK(active == own);
+}
+
+TEST_CASE_FIXTURE(ScriptedSession, "the user may go to what was started, and elsewhere")
+{
+    keeper.expect("editor");
+    SUBCASE("to it, after it lost the focus")
+    {
+        appear(new1, "editor");
+        REQUIRE(QTest::qWaitFor([&] { return active == own; }));
+        waitForLook();
+        active = new1;
+        finish(keeper.settle());
+        CHECK(active == new1);
+    }
+    SUBCASE("to another window, where the focus then stays")
+    {
+        windows.append({.applicationID = "browser", .windowID = browser});
+        active = browser;
+        waitForLook();
+        appear(new1, "editor");
+        finish(keeper.settle());
+        CHECK(active == browser);
+    }
+}
+
+TEST_CASE_FIXTURE(ScriptedSession, "an application that runs may take the focus as long as something hands over to it")
+{
+    windows.append({.applicationID = "browser", .windowID = browser});
+    bool isAtWork = true;
+    keeper.expect("browser");
+    keeper.setStarter("browser", [&] { return isAtWork; });
+    QTimer::singleShot(1500, [&] {
+        active = browser;
+        isAtWork = false;
+    });
+    finish(keeper.settle());
+    CHECK(active == own);
+    CHECK_FALSE(isAtWork);
+}
+
+TEST_CASE_FIXTURE(ScriptedSession, "a window that is lent the focus has it until it gives it back")
+{
+    windows.append({.applicationID = "browser", .windowID = browser});
+    keeper.expect("browser");
+    CHECK(finish(keeper.lend(browser)));
+    CHECK_FALSE(QTest::qWaitFor([&] { return active != browser; }, 200));
+    keeper.resume();
+    finish(keeper.settle());
+    CHECK(active == own);
+}
