@@ -148,6 +148,14 @@
         <translation>Diese Datei ließ sich nicht als Bild öffnen. Wählen Sie ein PNG, JPEG, HEIC oder ein anderes unterstütztes Bild.</translation>
     </message>
     <message>
+        <source> The recording broke off; what there is of it is kept with the media as %1.</source>
+        <translation> Die Aufnahme brach ab; was es davon gibt, liegt als %1 bei den Medien.</translation>
+    </message>
+    <message>
+        <source> The screenshot is from the start of the session.</source>
+        <translation> Das Bildschirmfoto ist vom Beginn der Sitzung.</translation>
+    </message>
+    <message>
         <source>%1 were interrupted. Their checkpoints have been saved with what was recorded.</source>
         <translation>%1 wurden unterbrochen. Ihre Checkpoints wurden mit dem Aufgenommenen gesichert.</translation>
     </message>
@@ -174,6 +182,18 @@
     <message>
         <source>The video could not be finalized. Your screenshot and workspace will still be saved. </source>
         <translation>Das Video konnte nicht abgeschlossen werden. Bildschirmfoto und Arbeitsumgebung werden trotzdem gesichert. </translation>
+    </message>
+    <message>
+        <source>Workspace captured at the end of your session.</source>
+        <translation>Arbeitsumgebung am Ende Ihrer Sitzung erfasst.</translation>
+    </message>
+    <message>
+        <source>Workspace captured at the start of your session, which ended before it was stopped.</source>
+        <translation>Arbeitsumgebung zu Beginn Ihrer Sitzung erfasst, die endete, bevor sie gestoppt wurde.</translation>
+    </message>
+    <message>
+        <source>Workspace captured at the start of your session; at its end the desktop had gone.</source>
+        <translation>Arbeitsumgebung zu Beginn Ihrer Sitzung erfasst; an ihrem Ende gab es den Desktop nicht mehr.</translation>
     </message>
     <message>
         <source>Your work session “%1” was interrupted. Its checkpoint has been saved with what was recorded.</source>
@@ -1566,6 +1586,50 @@ für die Arbeit.</translation>
     <message>
         <source>moved by you</source>
         <translation>von Ihnen bewegt</translation>
+    </message>
+    <message>
+        <source>There is no session bus: folders and documents of windows are not found, the desktop’s appearance is not followed, and commands do not reach this window.</source>
+        <translation>Es gibt keinen Sitzungsbus: Ordner und Dokumente von Fenstern werden nicht gefunden, das Aussehen folgt nicht dem Desktop, und Befehle erreichen dieses Fenster nicht.</translation>
+    </message>
+    <message>
+        <source>Ardeno — Recording</source>
+        <translation>Ardeno – Aufnahme läuft</translation>
+    </message>
+    <message>
+        <source>Continue Here</source>
+        <translation>Hier weitermachen</translation>
+    </message>
+    <message>
+        <source>Quick save checkpoint</source>
+        <translation>Checkpoint schnell sichern</translation>
+    </message>
+    <message>
+        <source>Next time, start by…</source>
+        <translation>Nächstes Mal beginnen mit …</translation>
+    </message>
+    <message>
+        <source>Optional — e.g. Test the navigation on mobile</source>
+        <translation>Freiwillig – z. B. Navigation am Telefon testen</translation>
+    </message>
+    <message>
+        <source>More options</source>
+        <translation>Weitere Optionen</translation>
+    </message>
+    <message>
+        <source>Saving</source>
+        <translation>Wird gesichert</translation>
+    </message>
+    <message>
+        <source>Leave yourself a starting point.</source>
+        <translation>Hinterlassen Sie sich einen Anfang.</translation>
+    </message>
+    <message>
+        <source>Checkpoint title (automatic if empty)</source>
+        <translation>Titel des Checkpoints (leer: von selbst)</translation>
+    </message>
+    <message>
+        <source>New project…</source>
+        <translation>Neues Projekt …</translation>
     </message>
 </context>
 </TS>

@@ -112,6 +112,10 @@
         <translation>%1 tabs weren’t available. Try Add current tabs again.</translation>
     </message>
     <message>
+        <source>All screens and workspace saved on this Mac.</source>
+        <translation>All screens and workspace saved on this computer.</translation>
+    </message>
+    <message>
         <source>Finder location restored</source>
         <translation>folder restored</translation>
     </message>
@@ -130,6 +134,26 @@
     <message>
         <source>macOS reopened the existing process.</source>
         <translation>The app that runs was opened again instead of a new one.</translation>
+    </message>
+    <message>
+        <source>The global shortcut could not start. Quick save is still available in the menu bar.</source>
+        <translation>The global shortcut could not start. Quick save is still available in the window’s menu.</translation>
+    </message>
+    <message>
+        <source>That shortcut is unavailable. Choose another shortcut or use the menu bar.</source>
+        <translation>That shortcut is unavailable. Choose another shortcut or use the window’s menu.</translation>
+    </message>
+    <message>
+        <source>Move Ardeno to Applications</source>
+        <translation>Install Ardeno</translation>
+    </message>
+    <message>
+        <source>For the best experience, move this app to your Applications folder before using it. You can continue here for now.</source>
+        <translation>For the best experience, install this app before using it. You can continue here for now.</translation>
+    </message>
+    <message>
+        <source>Show Applications Folder</source>
+        <translation>Show the Folder</translation>
     </message>
 </context>
 </TS>

@@ -112,6 +112,10 @@
         <translation>Tabs von %1 waren nicht verfügbar. Versuchen Sie „Aktuelle Tabs hinzufügen“ noch einmal.</translation>
     </message>
     <message>
+        <source>All screens and workspace saved on this Mac.</source>
+        <translation>Alle Bildschirme und die Arbeitsumgebung auf diesem Computer gesichert.</translation>
+    </message>
+    <message>
         <source>Finder location restored</source>
         <translation>Ordner wiederhergestellt</translation>
     </message>
@@ -130,6 +134,26 @@
     <message>
         <source>macOS reopened the existing process.</source>
         <translation>Statt einer neuen wurde die laufende App geöffnet.</translation>
+    </message>
+    <message>
+        <source>The global shortcut could not start. Quick save is still available in the menu bar.</source>
+        <translation>Der globale Kurzbefehl konnte nicht starten. Schnelles Sichern geht weiterhin im Menü des Fensters.</translation>
+    </message>
+    <message>
+        <source>That shortcut is unavailable. Choose another shortcut or use the menu bar.</source>
+        <translation>Dieser Kurzbefehl ist nicht verfügbar. Wählen Sie einen anderen oder das Menü des Fensters.</translation>
+    </message>
+    <message>
+        <source>Move Ardeno to Applications</source>
+        <translation>Ardeno installieren</translation>
+    </message>
+    <message>
+        <source>For the best experience, move this app to your Applications folder before using it. You can continue here for now.</source>
+        <translation>Am besten installieren Sie diese App, bevor Sie sie nutzen. Sie können vorerst hier weitermachen.</translation>
+    </message>
+    <message>
+        <source>Show Applications Folder</source>
+        <translation>Ordner zeigen</translation>
     </message>
 </context>
 </TS>
