@@ -59,6 +59,19 @@ void measureStart(Table &table, const QString &program, const QString &trivial)
     add("the same with 10,000 checkpoints", medianOf(large));
 }
 
+void measureRest(Table &table, const QString &program, const QString &trivial)
+{
+    const QTemporaryDir home;
+    qputenv("XDG_DATA_HOME", QFile::encodeName(home.path()));
+    const AtRest peer = measureAtRest(trivial);
+    const AtRest ours = measureAtRest(program);
+    table.add("memory at rest / a trivial Qt window", megabytes(ours.bytes), megabytes(peer.bytes),
+              ours.bytes / peer.bytes, 2.5);
+    constexpr double mostWakeUps = 0.2; // A second: what others send to every window.
+    table.add("wake-ups a second at rest / its limit", QString::number(ours.wakeUps), QString::number(mostWakeUps),
+              ours.wakeUps / mostWakeUps, 1);
+}
+
 // A window on a library that is never written.
 struct Opened {
     QTemporaryDir home;
@@ -88,6 +101,28 @@ struct Opened {
         }
     }
 };
+
+// From the file to a list that answers, against reading the file.
+void measureUsable(Table &table)
+{
+    const QTemporaryDir home;
+    inChild([&] { writeLibrary(home.path(), 10'000); });
+    const CheckpointRepository repository(home.path() + "/Ardeno");
+    std::unique_ptr<WorkspaceLibrary> read;
+    std::unique_ptr<Opened> opened;
+    const auto between = [&] {
+        opened.reset();
+        read.reset();
+    };
+    const auto load = [&] { read = std::make_unique<WorkspaceLibrary>(repository.loadLibrary()); };
+    const auto use = [&] {
+        load();
+        opened = std::make_unique<Opened>(*read);
+    };
+    const auto medians = interleavedMedians(7, {use, load}, between);
+    table.add("10,000 checkpoints read and shown / read", milliseconds(medians.at(0)), milliseconds(medians.at(1)),
+              medians.at(0) / medians.at(1), 1.3);
+}
 
 WorkspaceLibrary manyTitles()
 {
@@ -161,8 +196,10 @@ int main(int argc, char **argv)
     Table table;
     // Before this program has a window of its own.
     measureStart(table, QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]));
+    measureRest(table, QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]));
     QApplication::setStyle(new AppStyle);
     const QApplication application(argc, argv);
+    measureUsable(table);
     measureSearch(table);
     measureOpening(table);
     return table.finish();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "bench/windowStart.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <chrono>
@@ -72,21 +73,75 @@ private:
 
 } // namespace
 
-double secondsToFirstPaint(const QString &program)
+namespace {
+
+pid_t startProgram(const QString &program)
 {
-    FirstPaint paint;
     const QByteArray path = QFile::encodeName(program);
-    const Clock::time_point start = Clock::now();
     const pid_t child = ::fork();
     if (child == 0) {
         ::execl(path.constData(), path.constData(), nullptr);
         ::_exit(127);
     }
-    paint.wait();
-    const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
+    return child;
+}
+
+void endProgram(pid_t child)
+{
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);
+}
+
+// The sum of the numbers behind this key in a file of lines like "Pss:   12 kB".
+double sumOf(const QString &path, const QByteArray &key)
+{
+    QFile file(path);
+    double sum = 0;
+    if (file.open(QIODevice::ReadOnly)) {
+        for (const QByteArray &line : file.readAll().split('\n')) {
+            if (line.startsWith(key))
+                sum += line.mid(key.size()).simplified().split(' ').first().toDouble();
+        }
+    }
+    return sum;
+}
+
+double switchesOf(const QString &process)
+{
+    double sum = 0;
+    for (const QString &thread : QDir(process + "/task").entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        sum += sumOf(process + "/task/" + thread + "/status", "voluntary_ctxt_switches:");
+    return sum;
+}
+
+} // namespace
+
+double secondsToFirstPaint(const QString &program)
+{
+    FirstPaint paint;
+    const Clock::time_point start = Clock::now();
+    const pid_t child = startProgram(program);
+    paint.wait();
+    const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
+    endProgram(child);
     return seconds;
+}
+
+AtRest measureAtRest(const QString &program)
+{
+    constexpr unsigned settling = 6; // Seconds.
+    constexpr unsigned watched = 10;
+    FirstPaint paint;
+    const pid_t child = startProgram(program);
+    paint.wait();
+    ::sleep(settling);
+    const QString process = QString("/proc/%1").arg(child);
+    const double before = switchesOf(process);
+    ::sleep(watched);
+    const AtRest rest{.bytes = sumOf(process + "/smaps_rollup", "Pss:") * 1024,
+                      .wakeUps = (switchesOf(process) - before) / watched};
+    endProgram(child);
+    return rest;
 }
 
 } // namespace ardeno::bench

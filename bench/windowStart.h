@@ -9,4 +9,12 @@ namespace ardeno::bench {
 // afterwards.
 double secondsToFirstPaint(const QString &program);
 
+// A program with its window, some seconds after its first picture, when nobody touches it.
+struct AtRest {
+    double bytes = 0;   // Of memory: its own, and its share of what others use, too.
+    double wakeUps = 0; // In a second, of all threads together.
+};
+
+AtRest measureAtRest(const QString &program);
+
 } // namespace ardeno::bench

@@ -121,22 +121,28 @@ struct PngReader::State {
         stream.crc_flag = ISAL_ZLIB;
     }
 
+    // Goes to the next piece of the file, past the end of the one before. Throws when the data ends before the picture
+    // does.
+    void enterChunk()
+    {
+        std::array<uchar, 8> start = {};
+        if (!input.skip(isInData ? 4 : 0) || !input.take(start.data(), start.size()))
+            throw damaged();
+        const auto isNamed = [&](const char *name) { return std::memcmp(start.data() + 4, name, 4) == 0; };
+        const auto length = qFromBigEndian<quint32>(start.data());
+        if (isNamed("IDAT")) {
+            isInData = true;
+            chunkLeft = length;
+        } else if (isInData || isNamed("IEND") || !input.skip(size_t(length) + 4)) {
+            throw damaged();
+        }
+    }
+
     // Gives the decompressor the next bytes of the picture's data.
     void feed()
     {
-        while (chunkLeft == 0) {
-            std::array<uchar, 8> start = {};
-            if (!input.skip(isInData ? 4 : 0) || !input.take(start.data(), start.size()))
-                throw damaged();
-            const auto length = qFromBigEndian<quint32>(start.data());
-            const bool isData = std::memcmp(start.data() + 4, "IDAT", 4) == 0;
-            if (!isData && (isInData || std::memcmp(start.data() + 4, "IEND", 4) == 0))
-                throw damaged(); // The data ends before the picture does.
-            if (!isData && !input.skip(size_t(length) + 4))
-                throw damaged();
-            isInData = isData;
-            chunkLeft = isData ? length : 0;
-        }
+        while (chunkLeft == 0)
+            enterChunk();
         const auto [bytes, count] = input.some(chunkLeft);
         if (count == 0)
             throw damaged();

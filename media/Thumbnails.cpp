@@ -39,6 +39,7 @@ struct Thumbnails::Queue {
     explicit Queue(QString folder) : cache(std::move(folder)) {}
 
     void work();
+    void workOnNewest(std::unique_lock<std::mutex> &lock);
     std::optional<Thumbnail> made(const Job &job, std::optional<FileStamp> *fresh);
     void post(const Job &job, Thumbnail thumbnail);
 
@@ -90,26 +91,31 @@ void Thumbnails::Queue::work()
             return;
         if (const auto kept = std::exchange(keptPaths, std::nullopt))
             cache.keepOnly(*kept);
-        if (jobs.empty())
-            continue;
-        const Job job = std::move(jobs.front());
-        jobs.pop_front();
-        if (job.pending.expired())
-            continue;
-        current = job.path;
-        isForgotten = false;
-        lock.unlock();
-        std::optional<FileStamp> fresh;
-        std::optional<Thumbnail> thumbnail = made(job, &fresh);
-        lock.lock();
-        if (isForgotten)
-            thumbnail = Thumbnail{Thumbnail::State::Missing};
-        else if (fresh && thumbnail && thumbnail->state == Thumbnail::State::Ready)
-            cache.keep(job.path, *fresh, thumbnail->picture);
-        current.clear();
-        if (thumbnail)
-            post(job, std::move(*thumbnail));
+        if (!jobs.empty())
+            workOnNewest(lock);
     }
+}
+
+// The lock is held, but not while a picture is read.
+void Thumbnails::Queue::workOnNewest(std::unique_lock<std::mutex> &lock)
+{
+    const Job job = std::move(jobs.front());
+    jobs.pop_front();
+    if (job.pending.expired())
+        return;
+    current = job.path;
+    isForgotten = false;
+    lock.unlock();
+    std::optional<FileStamp> fresh;
+    std::optional<Thumbnail> thumbnail = made(job, &fresh);
+    lock.lock();
+    if (isForgotten)
+        thumbnail = Thumbnail{Thumbnail::State::Missing};
+    else if (fresh && thumbnail && thumbnail->state == Thumbnail::State::Ready)
+        cache.keep(job.path, *fresh, thumbnail->picture);
+    current.clear();
+    if (thumbnail)
+        post(job, std::move(*thumbnail));
 }
 
 void Thumbnails::Queue::post(const Job &job, Thumbnail thumbnail)

@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QImage>
 #include <QLineEdit>
+#include <QProcess>
 #include <QTest>
 
 using namespace ardeno;

@@ -8,13 +8,23 @@
 
 namespace ardeno {
 
+namespace {
+
+constexpr int mostMessageLines = 14;
+
+} // namespace
+
 Sheet *presentAlert(SheetHost &host, const AlertText &text, std::function<void(bool)> answered)
 {
     auto *alert = new Sheet(text.title, 420, Sheet::Kind::Alert);
     alert->column()->setSpacing(10);
-    alert->column()->addWidget(makeParagraph(text.title, TextStyle::BarTitle));
+    QLabel *const title = makeParagraphOfLines(4, TextStyle::BarTitle);
+    title->setText(text.title);
+    alert->column()->addWidget(title);
     if (!text.message.isEmpty()) {
-        alert->column()->addWidget(makeParagraph(text.message, TextStyle::Body, Role::Dim));
+        QLabel *const message = makeParagraphOfLines(mostMessageLines, TextStyle::Body, Role::Dim);
+        message->setText(text.message);
+        alert->column()->addWidget(message);
         alert->setAccessibleDescription(text.message);
     }
     alert->column()->addSpacing(6);

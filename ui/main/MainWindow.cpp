@@ -18,6 +18,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDBusConnection>
 #include <QPainter>
 #include <QTimer>
 
@@ -32,6 +33,19 @@ struct MainWindow::Actions {
     QAction *previous = nullptr;
     QAction *remove = nullptr;
 };
+
+namespace {
+
+// What a session cannot do is said once, where messages are.
+void reportMissingServices(AppStore &store)
+{
+    if (!QDBusConnection::sessionBus().isConnected() && !store.notice())
+        store.notice.set(QCoreApplication::translate(
+            "ardeno::MainWindow", "There is no session bus: folders and documents of windows are not found, the "
+                                  "desktop’s appearance is not followed, and commands do not reach this window."));
+}
+
+} // namespace
 
 MainWindow::MainWindow(Screens screens) : m_screens(std::move(screens)), m_brand(Sidebar::makeBrand())
 {
@@ -70,6 +84,7 @@ void MainWindow::open(AppStore &store)
                           store.checkpoints);
     m_observations->watch([this] { enableActions(); }, store.busy, store.recording);
     store.watchRunningApplications();
+    reportMissingServices(store);
 }
 
 QWidget *MainWindow::makeDetailColumn()

@@ -7,19 +7,29 @@
 
 #include <QDrag>
 #include <QDragMoveEvent>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
 #include <QPointer>
 
+#include <algorithm>
+#include <utility>
+
 namespace ardeno {
+
+namespace {
+
+// A write that takes longer is felt while the pointer moves.
+constexpr qint64 mostUnfelt = 30; // Milliseconds.
+constexpr int pointerRest = 150;
+
+} // namespace
 
 ProjectListView::ProjectListView(AppStore &store, QWidget *parent)
     : PlainList(tr("Projects"), parent),
       m_store(store),
-      m_drop([&store](const QUuid &dragged, const QUuid &target, const QList<QUuid> &visibleIDs) {
-          store.reorderProjects(dragged, target, visibleIDs);
-      })
+      m_drop([this](const QUuid &dragged, const QUuid &target, const QList<QUuid> &) { enter(dragged, target); })
 {
     setModel(&m_model);
     setItemDelegate(new ProjectRowDelegate(this));
@@ -27,6 +37,8 @@ ProjectListView::ProjectListView(AppStore &store, QWidget *parent)
     setAcceptDrops(true);
     setDropIndicatorShown(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_rest.setSingleShot(true);
+    connect(&m_rest, &QTimer::timeout, this, [this] { writeOrder(); });
     setToolTip(tr("Drag a project to another place, or press Alt with an arrow key"));
     setOnActivate([this](const QModelIndex &index) { m_store.selectProject(m_model.rows().at(index.row()).id); });
     setOnMenu([this](const QModelIndex &index, const QPoint &place) {
@@ -75,7 +87,38 @@ void ProjectListView::startDrag(Qt::DropActions)
     drag->setHotSpot(viewport()->mapFromGlobal(QCursor::pos()) - visualRect(index).topLeft());
     drag->exec(Qt::MoveAction);
     m_drop.end();
+    writeOrder();
     setState(NoState);
+}
+
+void ProjectListView::enter(const QUuid &dragged, const QUuid &target)
+{
+    m_unwritten = std::pair(dragged, target);
+    if (m_writeMilliseconds <= mostUnfelt) {
+        writeOrder();
+        return;
+    }
+    QList<ProjectRow> rows = m_model.rows();
+    const ProjectRow moved = rows.takeAt(m_model.rowOf(dragged));
+    const auto before = std::find_if(rows.begin(), rows.end(), [&](const ProjectRow &row) { return row.id == target; });
+    rows.insert(before, moved);
+    m_model.setRows(rows);
+    m_rest.start(pointerRest);
+}
+
+void ProjectListView::writeOrder()
+{
+    m_rest.stop();
+    const auto moved = std::exchange(m_unwritten, std::nullopt);
+    if (!moved)
+        return;
+    QElapsedTimer time;
+    time.start();
+    m_store.reorderProjects(moved->first, moved->second, m_model.ids());
+    m_writeMilliseconds = time.elapsed();
+    // As the store has it: a write that failed takes the row back.
+    if (m_store.error())
+        showProjects();
 }
 
 void ProjectListView::dragEnterEvent(QDragEnterEvent *event)

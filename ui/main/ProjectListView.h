@@ -6,6 +6,11 @@
 #include "ui/main/SidebarProjectDrop.h"
 #include "ui/projects/ProjectListModel.h"
 
+#include <QTimer>
+
+#include <optional>
+#include <utility>
+
 namespace ardeno {
 
 // The projects of the sidebar, in the user's order, which dragging a row changes, or Alt with the arrow keys.
@@ -25,11 +30,17 @@ private:
     void showProjects();
     void showSelection();
     void moveCurrent(int step);
+    // A drag has entered a row. Where the library takes long to write, the list alone moves until the pointer rests.
+    void enter(const QUuid &dragged, const QUuid &target);
+    void writeOrder();
 
     AppStore &m_store;
     ProjectListModel m_model;
     ProjectListModel::Counts m_counts;
     SidebarProjectDrop m_drop;
+    std::optional<std::pair<QUuid, QUuid>> m_unwritten; // The dragged project and the one it stands before.
+    QTimer m_rest;
+    qint64 m_writeMilliseconds = 0; // What the last change of the order took.
     Observations m_observations;
 };
 

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/ui/WindowFixture.h"
+
+#include "ui/checkpoint/ScreenshotImage.h"
+#include "ui/note/QuickListEditor.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QImage>
+#include <QMimeData>
+#include <QTest>
+#include <QtEndian>
+
+#include <sys/stat.h>
+
+using namespace ardeno;
+
+namespace {
+
+struct BadInput : WindowFixture {
+    QUuid project;
+
+    void openProject()
+    {
+        openWindow();
+        project = *store().createProject("Thesis");
+    }
+
+    ScreenshotImage *shown() const
+    {
+        for (QAbstractButton *const candidate : window->content()->findChildren<QAbstractButton *>()) {
+            if (auto *const image = dynamic_cast<ScreenshotImage *>(candidate); image && image->isVisible())
+                return image;
+        }
+        return nullptr;
+    }
+
+    void showPicture(const QString &path)
+    {
+        REQUIRE(store().save({.title = "One", .projectID = project, .screenshot = path}));
+        settle();
+        REQUIRE(shown());
+    }
+};
+
+// A picture of one bit a pixel whose pixels would fill sixteen gigabytes; its rows are missing.
+QByteArray bomb()
+{
+    const auto chunk = [](const QByteArray &type, const QByteArray &data) {
+        QByteArray bytes(4, '\0');
+        qToBigEndian(quint32(data.size()), bytes.data());
+        const QByteArray named = type + data;
+        quint32 sum = 0xffffffffU;
+        for (const char byte : named) {
+            sum ^= uchar(byte);
+            for (int bit = 0; bit < 8; ++bit)
+                sum = (sum >> 1) ^ (sum & 1 ? 0xedb88320U : 0U);
+        }
+        QByteArray check(4, '\0');
+        qToBigEndian(~sum, check.data());
+        return bytes + named + check;
+    };
+    const QByteArray side("\x00\x00\xff\xff", 4);
+    return QByteArray("\x89PNG\r\n\x1a\n") + chunk("IHDR", side + side + QByteArray("\x01\x00\x00\x00\x00", 5)) +
+           chunk("IDAT", qCompress(QByteArray(8192, '\0')).mid(4)) + chunk("IEND", {});
+}
+
+} // namespace
+
+TEST_CASE_FIXTURE(BadInput, "names, notes and messages of any length leave the window as wide as it is")
+{
+    openWindow();
+    const QString words = u"ein Wort مشروع 🚀 "_qs.repeated(700);
+    for (const QString &text : {QString(10'000, 'W'), words, u"🚀"_qs.repeated(5000)}) {
+        const QUuid id = *store().createProject(text);
+        store().setProjectBlocker(id, text);
+        Checkpoint checkpoint{.title = "a" + text, .projectID = id, .objective = text, .nextStep = text};
+        REQUIRE(store().save(checkpoint));
+        window->resize(960, 690);
+        settle();
+        CHECK(window->width() == 960);
+        for (const QWidget *const each : window->content()->findChildren<QWidget *>()) {
+            if (each->isVisible() && each->mapTo(window->content(), QPoint(each->width(), 0)).x() > 960)
+                FAIL_CHECK(each->metaObject()->className());
+        }
+        picture("long-word");
+        store().error.set("Could not update the project: " + text);
+        settle();
+        CHECK(window->sheets().topSheet()->width() == 420);
+        CHECK(button("OK")->mapTo(window.get(), QPoint(0, 30)).y() < window->height());
+        picture("long-error");
+        press(Qt::Key_Return);
+        store().deletingProject.set(*store().project(id));
+        settle();
+        CHECK(window->sheets().topSheet()->width() == 420);
+        CHECK(button("Cancel")->mapTo(window.get(), QPoint(0, 30)).y() < window->height());
+        press(Qt::Key_Escape);
+        store().showProjects();
+        settle();
+        CHECK(window->width() == 960);
+    }
+}
+
+TEST_CASE_FIXTURE(BadInput, "a note of a megabyte is pasted, written on and kept")
+{
+    for (const QString &text : {QString("word ").repeated(200'000), QString("a line of a list\n").repeated(60'000)}) {
+        openProject();
+        const Checkpoint checkpoint = saveCheckpoint(project, "One", 10);
+        settle();
+        auto *const editor = dynamic_cast<QuickListEditor *>(widget("Where you left off"));
+        REQUIRE(editor);
+        editor->setFocus();
+        QApplication::clipboard()->setText(text);
+        editor->paste();
+        type("x");
+        CHECK(editor->text().size() >= text.size() + 1);
+        CHECK(editor->height() == 260);
+        press(Qt::Key_Escape);
+        CHECK(store().checkpoint(checkpoint.id)->objective == editor->text());
+        window.reset();
+        store().deleteProject(project);
+    }
+}
+
+TEST_CASE_FIXTURE(BadInput, "what is no picture is named as unavailable, in little memory and without waiting")
+{
+    openProject();
+    const QString pipe = home.filePath("pipe.png");
+    REQUIRE(::mkfifo(QFile::encodeName(pipe).constData(), 0600) == 0);
+    writeFile(home.filePath("empty.png"), {});
+    writeFile(home.filePath("bomb.png"), bomb());
+    QImage image(64, 64, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    REQUIRE(image.save(home.filePath("whole.png")));
+    const QByteArray whole = fileBytes(home.filePath("whole.png"));
+    writeFile(home.filePath("cut.png"), whole.left(whole.size() - 30));
+    for (const QString &path : {pipe, home.path(), home.filePath("empty.png"), home.filePath("bomb.png"),
+                                home.filePath("cut.png"), home.filePath("nowhere.png"), QString()}) {
+        CAPTURE(path);
+        showPicture(path);
+        CHECK(eventually([this] { return shown()->isUnavailable(); }));
+    }
+    showPicture(home.filePath("whole.png"));
+    CHECK(eventually([this] { return shown()->isShown(); }));
+}
+
+TEST_CASE_FIXTURE(BadInput, "a project that is deleted elsewhere while it is shown goes, with all that stands over it")
+{
+    openProject();
+    saveCheckpoint(project, "One", 10);
+    settle();
+    click("Manage checkpoints");
+    CHECK(window->sheets().isCovering());
+    store().deleteProject(project);
+    settle();
+    CHECK_FALSE(window->sheets().isCovering());
+    CHECK(seesText("Create a project to save your first checkpoint."));
+
+    project = *store().createProject("Garden");
+    saveCheckpoint(project, "One", 10);
+    settle();
+    QTest::mouseClick(dynamic_cast<QuickListEditor *>(widget("Where you left off"))->viewport(), Qt::LeftButton);
+    type("typed");
+    store().deleteProject(project);
+    settle();
+    CHECK(store().checkpoints().isEmpty());
+    CHECK_FALSE(store().error());
+
+    project = *store().createProject("Release");
+    settle();
+    click("Mark blocked…");
+    store().deleteProject(project);
+    settle();
+    CHECK_FALSE(window->sheets().isCovering());
+    press(Qt::Key_N, Qt::ControlModifier);
+    CHECK(window->sheets().isCovering());
+}
+
+TEST_CASE_FIXTURE(BadInput, "the manager shows pictures of its rows, and a menu where the pointer is")
+{
+    openProject();
+    QImage image(640, 400, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    for (int i = 0; i < 3; ++i) {
+        const Checkpoint checkpoint = saveCheckpoint(project, QString("Checkpoint %1").arg(i), 10 + i);
+        REQUIRE(image.save(*checkpoint.screenshot));
+    }
+    settle();
+    click("Manage checkpoints");
+    const auto redRows = [this] {
+        const QImage shown = list("Checkpoints")->viewport()->grab().toImage();
+        int rows = 0;
+        for (int y = 28; y < shown.height(); y += 56)
+            rows += shown.pixelColor(40, y) == QColor(Qt::red) ? 1 : 0;
+        return rows;
+    };
+    CHECK(eventually([&] { return redRows() == 3; }));
+    picture("manager-pictures");
+    QListView *const rows = list("Checkpoints");
+    QTest::mouseMove(rows->viewport(), rows->visualRect(rows->model()->index(2, 0)).center());
+    CHECK(eventually([this] { return findButton("Actions for Checkpoint 0") != nullptr; }));
+    CHECK(findButton("Actions for Checkpoint 2"));
+    CHECK_FALSE(findButton("Actions for Checkpoint 1"));
+}

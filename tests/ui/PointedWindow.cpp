@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/ui/PointedWindow.h"
+
+#include <QTest>
+
+namespace ardeno {
+
+namespace {
+
+QStringList moveTo(const QPoint &place)
+{
+    return {"mousemove", QString::number(place.x()), QString::number(place.y())};
+}
+
+} // namespace
+
+QString PointedWindow::outputOf(const QString &tool, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(tool, arguments);
+    process.waitForFinished();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+bool PointedWindow::becomes(const std::function<bool()> &condition)
+{
+    return QTest::qWaitFor(condition, 30'000);
+}
+
+bool PointedWindow::becomesSoon(const std::function<bool()> &condition)
+{
+    return QTest::qWaitFor(condition, 1500);
+}
+
+PointedWindow::~PointedWindow()
+{
+    if (program && program->state() != QProcess::NotRunning) {
+        program->kill();
+        program->waitForFinished();
+    }
+}
+
+void PointedWindow::open()
+{
+    program = start({});
+    const bool isThere = becomes([this] {
+        window = outputOf("xdotool", {"search", "--onlyvisible", "--pid", QString::number(program->processId())})
+                     .section('\n', 0, 0);
+        return !window.isEmpty() && outputOf("wmctrl", {"-l"}).contains("Ardeno");
+    });
+    const QByteArray said = program->readAllStandardError();
+    CAPTURE(said);
+    REQUIRE(isThere);
+    reader = std::make_unique<ScreenReader>(program->processId());
+}
+
+void PointedWindow::close()
+{
+    program->terminate();
+    const ProgramResult ended = end(*program);
+    CHECK(ended.status == 0);
+    CHECK(ended.error == QByteArray());
+}
+
+void PointedWindow::focus() const
+{
+    outputOf("xdotool", {"windowactivate", "--sync", window});
+}
+
+void PointedWindow::key(const QString &keys) const
+{
+    outputOf("xdotool", {"key", "--window", "0", keys});
+}
+
+void PointedWindow::type(const QString &text) const
+{
+    outputOf("xdotool", {"type", "--delay", "20", text});
+}
+
+bool PointedWindow::sees(const QString &name) const
+{
+    return becomes([&] { return seesNow(name); });
+}
+
+QRect PointedWindow::place(const QString &name) const
+{
+    QRect last;
+    QStringList seen;
+    const bool isStill = becomes([&] {
+        seen.clear();
+        QRect extents;
+        QRect frame;
+        for (const ScreenReader::Control &control : reader->read()) {
+            seen << control.name;
+            frame = frame.isNull() && !control.extents.isEmpty() ? control.extents : frame; // The window comes first.
+            const bool isIt = control.name == name || control.name.startsWith(name + ',');
+            if (isIt && control.isEnabled && extents.isNull())
+                extents = control.extents;
+        }
+        const bool wasThere = !extents.isNull() && extents == last;
+        last = extents;
+        if (!wasThere || extents.center().y() < frame.bottom() - 60)
+            return wasThere;
+        outputOf("xdotool", moveTo(frame.center() + QPoint(200, 100)) + QStringList{"click", "5"});
+        return false;
+    });
+    CAPTURE(name);
+    CAPTURE(seen);
+    REQUIRE(isStill);
+    return last;
+}
+
+void PointedWindow::click(const QString &name, int button) const
+{
+    outputOf("xdotool", moveTo(place(name).center()) + QStringList{"click", QString::number(button)});
+}
+
+void PointedWindow::chooseEntry(int at) const
+{
+    const QStringList windows{"search", "--onlyvisible", "--pid", QString::number(program->processId())};
+    REQUIRE(becomes([&] { return outputOf("xdotool", windows).count('\n') > 1; }));
+    QStringList keys{"key", "--window", "0"};
+    for (int step = 0; step <= at; ++step)
+        keys << "Down";
+    outputOf("xdotool", keys + QStringList{"Return"});
+}
+
+void PointedWindow::drag(const QString &name, const QString &target) const
+{
+    const QPoint from = place(name).center();
+    const QPoint to = place(target).center();
+    QStringList way = moveTo(from) + QStringList{"mousedown", "1"};
+    constexpr int steps = 24;
+    for (int step = 1; step <= steps; ++step)
+        way += moveTo(from + (to - from) * step / steps) + QStringList{"sleep", "0.04"};
+    outputOf("xdotool", way + QStringList{"mouseup", "1"});
+}
+
+QStringList PointedWindow::storedNames() const
+{
+    QStringList names;
+    for (const QJsonValue &project : stored("projects"))
+        names << project.toObject().value("name").toString();
+    return names;
+}
+
+void PointedWindow::picture(const QString &name) const
+{
+    QDir().mkpath(ARDENO_PICTURES);
+    outputOf("maim", {"-i", window, QString(ARDENO_PICTURES "/%1.png").arg(name)});
+}
+
+} // namespace ardeno
