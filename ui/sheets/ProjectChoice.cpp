@@ -26,6 +26,7 @@ ProjectChoice::ProjectChoice(AppStore &store) : m_store(store)
     setFont(AppTheme::instance().font(TextStyle::Body));
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // Long names do not widen it.
     setMaxVisibleItems(12);
+    view()->setAccessibleName(tr("Projects"));
     view()->setTextElideMode(Qt::ElideRight);
     connect(this, &QComboBox::activated, this, [this](int row) { choose(row); });
     m_observations.watch([this] { showProjects(); }, store.projects, store.draftProjectID);
