@@ -55,6 +55,14 @@ void ProjectChoice::choose(int row)
     m_store.draftProjectID.set(id.isNull() ? std::nullopt : std::optional(id));
 }
 
+void ProjectChoice::showPopup()
+{
+    // The popup is a window of its own, which takes no palette from this one.
+    view()->parentWidget()->setPalette(AppTheme::instance().palette());
+    view()->setPalette(AppTheme::instance().palette());
+    QComboBox::showPopup();
+}
+
 QSize ProjectChoice::sizeHint() const
 {
     return {200, std::max(34, static_cast<int>(std::ceil(QFontMetricsF(font()).height())) + 14)};
