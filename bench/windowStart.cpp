@@ -23,7 +23,7 @@ using Clock = std::chrono::steady_clock;
 // Watches the screen for the first window that something is drawn into.
 class FirstPaint final {
 public:
-    FirstPaint() : m_connection(xcb_connect(nullptr, nullptr))
+    explicit FirstPaint(int leastWidth) : m_connection(xcb_connect(nullptr, nullptr)), m_leastWidth(leastWidth)
     {
         const xcb_screen_t *const screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
         const xcb_query_extension_reply_t *const damage = xcb_get_extension_data(m_connection, &xcb_damage_id);
@@ -59,7 +59,7 @@ private:
     void watch(const xcb_create_notify_event_t &created)
     {
         // Helper windows of toolkits and frames of the window manager are not meant.
-        if (created.override_redirect || created.width < 500)
+        if (created.override_redirect || created.width < m_leastWidth)
             return;
         xcb_damage_create(m_connection, xcb_generate_id(m_connection), created.window,
                           XCB_DAMAGE_REPORT_LEVEL_NON_EMPTY);
@@ -67,23 +67,33 @@ private:
     }
 
     xcb_connection_t *m_connection;
+    int m_leastWidth;
     int m_damageEvent = 0;
 };
 
 } // namespace
 
+double secondsToPaintAfter(const std::function<void()> &call, int leastWidth)
+{
+    FirstPaint paint(leastWidth);
+    const Clock::time_point start = Clock::now();
+    call();
+    paint.wait();
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
 double secondsToFirstPaint(const QString &program)
 {
-    FirstPaint paint;
     const QByteArray path = QFile::encodeName(program);
-    const Clock::time_point start = Clock::now();
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::execl(path.constData(), path.constData(), nullptr);
-        ::_exit(127);
-    }
-    paint.wait();
-    const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
+    pid_t child = 0;
+    const auto run = [&] {
+        child = ::fork();
+        if (child == 0) {
+            ::execl(path.constData(), path.constData(), nullptr);
+            ::_exit(127);
+        }
+    };
+    const double seconds = secondsToPaintAfter(run, 500);
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);
     return seconds;

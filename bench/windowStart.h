@@ -3,10 +3,16 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace ardeno::bench {
 
 // Seconds from starting the program until the X server has got the first picture of its window. The program is ended
 // afterwards.
 double secondsToFirstPaint(const QString &program);
+
+// Seconds from the call until the X server has got the first picture of a window that is new since and at least that
+// wide.
+double secondsToPaintAfter(const std::function<void()> &call, int leastWidth);
 
 } // namespace ardeno::bench
