@@ -105,7 +105,7 @@ TEST_CASE_FIXTURE(WindowFixture, "every control of every screen has a name")
     Checkpoint newer = saveCheckpoint(project, "Newer", 20);
     newer.apps = {{"org.editor", "Editor"}, {"gone", "Gone"}};
     newer.tabs = {{.title = "Page", .url = "https://one.example/"}};
-    newer.windows = {{.appID = "org.editor", .appName = "Editor"}};
+    newer.windows = QList<SavedWindow>{SavedWindow{.appID = "org.editor", .appName = "Editor"}};
     REQUIRE(store().save(newer));
     store().setProjectBlocker(project, "Approval");
     store().notice.set("Checkpoint saved.");

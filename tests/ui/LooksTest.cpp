@@ -68,11 +68,11 @@ struct LooksFixture : WindowFixture {
             {.title = "Seeds and variance", .url = "https://example.org/papers/seeds", .browserName = "Firefox"},
             {.title = u"Ablation results — lab wiki"_qs, .url = "https://wiki.example.org/ablation"},
         };
-        latest.windows = {{.appID = "org.editor",
-                           .appName = "Text Editor",
-                           .title = "notes.txt",
-                           .frame = {0, 0, 800, 600},
-                           .displayName = "Built-in display"}};
+        latest.windows = QList<SavedWindow>{SavedWindow{.appID = "org.editor",
+                                                        .appName = "Text Editor",
+                                                        .title = "notes.txt",
+                                                        .frame = {0, 0, 800, 600},
+                                                        .displayName = "Built-in display"}};
         REQUIRE(drawnScreen().save(*latest.screenshot));
         REQUIRE(store().save(latest));
         store().notice.set("Checkpoint saved.");

@@ -47,7 +47,8 @@ struct SheetFixture : WindowFixture {
         checkpoint.tabs = {tab("New", "https://new.example/"), tab("Open", "https://open.example:443/"),
                            tab("Again", "https://new.example/"), tab("", "file:///etc/passwd"),
                            tab("Unread", "https://unread.example/", "org.mozilla.firefox")};
-        checkpoint.windows = {{.appID = "org.editor", .appName = "Editor", .title = "notes.txt"}};
+        checkpoint.windows =
+            QList<SavedWindow>{SavedWindow{.appID = "org.editor", .appName = "Editor", .title = "notes.txt"}};
         REQUIRE(store().save(checkpoint));
         settle();
         return checkpoint;
