@@ -37,6 +37,7 @@ ExitStatus runExclude(const QCommandLineParser &parsed);
 ExitStatus runAllow(const QCommandLineParser &parsed);
 ExitStatus runExclusions(const QCommandLineParser &parsed);
 ExitStatus runRecord(const QCommandLineParser &parsed);
+ExitStatus runQuickSave(const QCommandLineParser &parsed);
 ExitStatus runDoctor(const QCommandLineParser &parsed);
 
 } // namespace ardeno

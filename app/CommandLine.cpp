@@ -72,6 +72,7 @@ QList<Command> checkpointCommands()
 QList<Command> settingCommands()
 {
     return {
+        {"quick-save", {}, "Opens the panel that saves a checkpoint, over whatever is in front.", {}, 0, runQuickSave},
         {"exclude",
          "app ID | domain TEXT",
          "Leaves an application or a website out of every capture.",

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Output.h"
 #include "app/StoreAccess.h"
+#include "app/TrayHost.h"
 #include "platform/MakeDesktop.h"
 
 namespace ardeno {
@@ -56,10 +57,6 @@ ReportedCapability reported(const QString &name, const Capability &capability)
 
 DoctorReport examine(Desktop &desktop)
 {
-    // What this version does not do is as unavailable as what the session does not offer.
-    const auto missing = [](const QString &what) {
-        return Capability::unavailable(u"This version of Ardeno cannot %1."_qs.arg(what));
-    };
     DoctorReport report;
     report.session = desktop.session;
     report.capabilities = {
@@ -75,8 +72,8 @@ DoctorReport examine(Desktop &desktop)
     report.capabilities += {
         reported("folders", desktop.fileBrowser->availability()),
         reported("documents", desktop.documents->availability()),
-        reported("hot key", missing("listen to a hot key")),
-        reported("tray", missing("show a tray item")),
+        reported("hot key", desktop.hotKeys->availability()),
+        reported("tray", trayHost::availability()),
     };
     return report;
 }

@@ -21,10 +21,12 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+constexpr int leastWindowWidth = 500; // Pixels.
+
 // Watches the screen for the first window that something is drawn into.
 class FirstPaint final {
 public:
-    FirstPaint() : m_connection(xcb_connect(nullptr, nullptr))
+    explicit FirstPaint(int leastWidth) : m_connection(xcb_connect(nullptr, nullptr)), m_leastWidth(leastWidth)
     {
         const xcb_screen_t *const screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
         const xcb_query_extension_reply_t *const damage = xcb_get_extension_data(m_connection, &xcb_damage_id);
@@ -60,7 +62,7 @@ private:
     void watch(const xcb_create_notify_event_t &created)
     {
         // Helper windows of toolkits and frames of the window manager are not meant.
-        if (created.override_redirect || created.width < 500)
+        if (created.override_redirect || created.width < m_leastWidth)
             return;
         xcb_damage_create(m_connection, xcb_generate_id(m_connection), created.window,
                           XCB_DAMAGE_REPORT_LEVEL_NON_EMPTY);
@@ -68,12 +70,9 @@ private:
     }
 
     xcb_connection_t *m_connection;
+    int m_leastWidth;
     int m_damageEvent = 0;
 };
-
-} // namespace
-
-namespace {
 
 pid_t startProgram(const QString &program)
 {
@@ -116,13 +115,19 @@ double switchesOf(const QString &process)
 
 } // namespace
 
+double secondsToPaintAfter(const std::function<void()> &call, int leastWidth)
+{
+    FirstPaint paint(leastWidth);
+    const Clock::time_point start = Clock::now();
+    call();
+    paint.wait();
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
 double secondsToFirstPaint(const QString &program)
 {
-    FirstPaint paint;
-    const Clock::time_point start = Clock::now();
-    const pid_t child = startProgram(program);
-    paint.wait();
-    const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
+    pid_t child = 0;
+    const double seconds = secondsToPaintAfter([&] { child = startProgram(program); }, leastWindowWidth);
     endProgram(child);
     return seconds;
 }
@@ -131,7 +136,7 @@ AtRest measureAtRest(const QString &program)
 {
     constexpr unsigned settling = 6; // Seconds.
     constexpr unsigned watched = 10;
-    FirstPaint paint;
+    FirstPaint paint(leastWindowWidth);
     const pid_t child = startProgram(program);
     paint.wait();
     ::sleep(settling);

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace ardeno::bench {
 
 // Seconds from starting the program until the X server has got the first picture of its window. The program is ended
@@ -16,5 +18,8 @@ struct AtRest {
 };
 
 AtRest measureAtRest(const QString &program);
+// Seconds from the call until the X server has got the first picture of a window that is new since and at least that
+// wide.
+double secondsToPaintAfter(const std::function<void()> &call, int leastWidth);
 
 } // namespace ardeno::bench

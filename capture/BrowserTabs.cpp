@@ -3,6 +3,7 @@
 
 #include "capture/AppleScripts.h"
 
+#include <QCoreApplication>
 #include <QRandomGenerator>
 #include <QStringList>
 #include <QStringView>
@@ -19,11 +20,18 @@ namespace {
 
 using WorkspaceCapture::OpenTabs;
 
+const char *const unreadText =
+    QT_TRANSLATE_NOOP("ardeno::BrowserTabs", "%1 tabs weren’t available. Allow its Automation access in System "
+                                             "Settings, then try Add current tabs again.");
+const char *const noBrowserText =
+    QT_TRANSLATE_NOOP("ardeno::BrowserTabs", "No supported browser was open. Open Brave, Chrome, Safari, or "
+                                             "Firefox, then choose Add current tabs.");
+
 OpenTabs unread(const Browser &browser)
 {
     OpenTabs answer;
-    answer.warning = u"%1 tabs weren’t available. Allow its Automation access in System Settings, then try Add "
-                     u"current tabs again."_qs.arg(browser.name);
+    answer.warning = QString::fromUtf8(unreadText).arg(browser.name);
+    answer.shownWarning = QCoreApplication::translate("ardeno::BrowserTabs", unreadText).arg(browser.name);
     answer.unreadBrowserIDs.insert(browser.id);
     return answer;
 }
@@ -143,6 +151,7 @@ QCoro::Task<OpenTabs> WorkspaceCapture::browserTabs(TabSource &source, QSet<QStr
 {
     OpenTabs all;
     QStringList warnings;
+    QStringList shownWarnings;
     bool isBrowserSeen = false;
     for (const Browser &browser : browsers(source)) {
         if (excludingAppIDs.contains(browser.id)) {
@@ -156,14 +165,19 @@ QCoro::Task<OpenTabs> WorkspaceCapture::browserTabs(TabSource &source, QSet<QStr
         all.tabs += one.tabs;
         all.unreadBrowserIDs += one.unreadBrowserIDs;
         all.writtenAt = older(all.writtenAt, one.writtenAt);
-        if (one.warning)
+        if (one.warning) {
             warnings += *one.warning;
+            shownWarnings += *one.shownWarning;
+        }
     }
-    if (!isBrowserSeen)
-        warnings += "No supported browser was open. Open Brave, Chrome, Safari, or Firefox, then choose Add current "
-                    "tabs.";
-    if (!warnings.isEmpty())
+    if (!isBrowserSeen) {
+        warnings += QString::fromUtf8(noBrowserText);
+        shownWarnings += QCoreApplication::translate("ardeno::BrowserTabs", noBrowserText);
+    }
+    if (!warnings.isEmpty()) {
         all.warning = warnings.join(' ');
+        all.shownWarning = shownWarnings.join(' ');
+    }
     co_return all;
 }
 

@@ -16,8 +16,9 @@ namespace ardeno::WorkspaceCapture {
 
 // The tabs that were read, and what could not be.
 struct OpenTabs {
-    QList<SavedTab> tabs = {};           // In the order of the browsers, then of their windows and tabs.
-    std::optional<QString> warning = {}; // One sentence or more, to be shown.
+    QList<SavedTab> tabs = {};                // In the order of the browsers, then of their windows and tabs.
+    std::optional<QString> warning = {};      // One sentence or more, to be stored.
+    std::optional<QString> shownWarning = {}; // The same in the words of the desktop and the user's language.
     // Browsers about whose tabs nothing is known: those left out on request and those that could not be read.
     QSet<QString> unreadBrowserIDs = {};
     std::optional<Date> writtenAt = {}; // When the oldest of the sources was written; absent: all were live.

@@ -2,6 +2,7 @@
 #include "capture/CaptureService.h"
 #include "desktop/RecordingLayout.h"
 
+#include <QCoreApplication>
 #include <QCoroFuture>
 #include <QScopeGuard>
 #include <QTimer>
@@ -15,7 +16,7 @@ namespace {
 
 Failure noDisplay()
 {
-    return {"Capture", 1, "No display is available to capture."};
+    return {"Capture", 1, QCoreApplication::translate("ardeno::CaptureService", "No display is available to capture.")};
 }
 
 // The main display; the first one when nobody knows which that is.
@@ -33,9 +34,10 @@ CaptureDisplay displayToRecord(const RecordableContent &content)
 QCoro::Task<void> CaptureService::startRecording(QString path, QSet<QString> excludingAppIDs)
 {
     if (!m_recorder)
-        throw notAvailable("The screen cannot be recorded.");
+        throw notAvailable(QCoreApplication::translate("ardeno::CaptureService", "The screen cannot be recorded."));
     if (m_stream)
-        throw Failure("Capture", 5, "A recording is running already.");
+        throw Failure("Capture", 5,
+                      QCoreApplication::translate("ardeno::CaptureService", "A recording is running already."));
     const RecordingRequest request = recordingRequest(path, excludingAppIDs);
     m_didFinish = false;
     m_recordingError.reset();
@@ -58,7 +60,9 @@ RecordingRequest CaptureService::recordingRequest(const QString &path, const QSe
     const auto isAllowed = [&](const QString &id) { return !excludedAppIDs.contains(id); };
     const QStringList &running = content.applicationIDs;
     if (request.onlyRunningApps && std::none_of(running.cbegin(), running.cend(), isAllowed))
-        throw Failure("Capture", 4, "No allowed applications are available to record.");
+        throw Failure(
+            "Capture", 4,
+            QCoreApplication::translate("ardeno::CaptureService", "No allowed applications are available to record."));
     return request;
 }
 
@@ -127,7 +131,10 @@ QCoro::Task<void> CaptureService::stopRecording()
     if (m_recordingError)
         throw Failure(*m_recordingError);
     if (!m_didFinish) {
-        throw Failure("Capture", 3, "Recording is taking too long to finish. Your checkpoint can still be saved.");
+        throw Failure(
+            "Capture", 3,
+            QCoreApplication::translate("ardeno::CaptureService",
+                                        "Recording is taking too long to finish. Your checkpoint can still be saved."));
     }
 }
 

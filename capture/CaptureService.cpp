@@ -7,6 +7,7 @@
 #include "support/Failure.h"
 #include "support/InWorker.h"
 
+#include <QCoreApplication>
 #include <new>
 
 namespace ardeno {
@@ -20,7 +21,8 @@ Failure captureFailure(int code, const QString &description)
 
 Failure noCanvas()
 {
-    return captureFailure(2, "The screenshot canvas could not be created.");
+    return captureFailure(
+        2, QCoreApplication::translate("ardeno::CaptureService", "The screenshot canvas could not be created."));
 }
 
 CanvasRequest canvasRequest(const QList<CaptureDisplay> &displays, const QSet<QString> &excludedAppIDs)
@@ -50,7 +52,8 @@ void writeScreenshot(const QString &path, const Canvas &canvas)
 {
     const QByteArray png = PngWriter::encoded(canvas.size, canvas.pixels);
     if (png.isEmpty())
-        throw captureFailure(2, "The screenshot could not be encoded.");
+        throw captureFailure(
+            2, QCoreApplication::translate("ardeno::CaptureService", "The screenshot could not be encoded."));
     AtomicFile::write(path, png);
 }
 
@@ -60,7 +63,8 @@ QCoro::Task<void> CaptureService::screenshot(QString path, QSet<QString> excludi
 {
     const QList<CaptureDisplay> displays = m_screen.displays();
     if (displays.isEmpty())
-        throw captureFailure(1, "No display is available to capture.");
+        throw captureFailure(
+            1, QCoreApplication::translate("ardeno::CaptureService", "No display is available to capture."));
     const CanvasRequest request = canvasRequest(displays, excludingAppIDs);
     if (request.size.isEmpty())
         throw noCanvas();
@@ -72,7 +76,8 @@ QCoro::Task<void> CaptureService::screenshot(QString path, QSet<QString> excludi
         throw noCanvas();
     }
     if (!isComplete(canvas))
-        throw captureFailure(2, "The screenshot could not be created.");
+        throw captureFailure(
+            2, QCoreApplication::translate("ardeno::CaptureService", "The screenshot could not be created."));
     const auto work = [&] { writeScreenshot(path, canvas); };
     co_await inWorker(work);
 }
@@ -80,7 +85,7 @@ QCoro::Task<void> CaptureService::screenshot(QString path, QSet<QString> excludi
 QCoro::Task<void> CaptureService::verifyAccess()
 {
     if (m_screen.displays().isEmpty())
-        throw captureFailure(1, "No display is available.");
+        throw captureFailure(1, QCoreApplication::translate("ardeno::CaptureService", "No display is available."));
     co_return;
 }
 

@@ -266,7 +266,7 @@ QCoro::Task<RestorePlan> WorkspaceCapture::presentPlan(QList<SavedApp> apps, QLi
     }
     if (!tabs.isEmpty()) {
         const OpenTabs open = co_await browserTabs(*desktop.tabSource, tools.excludedAppIDs);
-        warning = open.warning;
+        warning = open.shownWarning;
         present.unreadBrowserIDs = open.unreadBrowserIDs + neverReadable(desktop);
         present.openPageKeys = pageKeys(open.tabs) + tools.openedPages.pendingKeys(tabs, open);
     }

@@ -3,11 +3,17 @@
 
 #include "support/Text.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 namespace ardeno {
 
 namespace {
+
+QString summaryText(const char *text)
+{
+    return QCoreApplication::translate("ardeno::RestoreSummary", text);
+}
 
 void addReopened(QStringList &parts, qint64 number, const QString &one, const QString &many)
 {
@@ -17,9 +23,9 @@ void addReopened(QStringList &parts, qint64 number, const QString &one, const QS
 
 void addLayout(QStringList &parts, const RestoreResult &layout)
 {
-    parts += u"%1 window positions restored"_qs.arg(layout.restoredCount);
+    parts += summaryText("%1 window positions restored").arg(layout.restoredCount);
     if (layout.accessibilityRequired)
-        parts += u"window positioning needs permission"_qs;
+        parts += summaryText("window positioning needs permission");
 }
 
 } // namespace
@@ -35,16 +41,18 @@ QString RestoreSummary::text(const RestoreReport &report)
 {
     const RestoreOutcome &outcome = report.outcome;
     QStringList parts;
-    parts += u"%1 opened"_qs.arg(outcome.openedApps + outcome.openedTabs);
-    parts += u"%1 already active"_qs.arg(outcome.alreadyActive);
+    parts += summaryText("%1 opened").arg(outcome.openedApps + outcome.openedTabs);
+    parts += summaryText("%1 already active").arg(outcome.alreadyActive);
     if (outcome.unavailable >= 1)
-        parts += u"%1 unavailable"_qs.arg(outcome.unavailable);
+        parts += summaryText("%1 unavailable").arg(outcome.unavailable);
     if (report.layout)
         addLayout(parts, *report.layout);
-    addReopened(parts, report.folders, u"Finder location restored"_qs, u"Finder locations restored"_qs);
-    addReopened(parts, report.viewerDocuments, u"Preview document restored"_qs, u"Preview documents restored"_qs);
-    addReopened(parts, report.documents, u"document restored"_qs, u"documents restored"_qs);
-    return u"Workspace restored · "_qs + parts.join(u" · "_qs);
+    addReopened(parts, report.folders, summaryText("Finder location restored"),
+                summaryText("Finder locations restored"));
+    addReopened(parts, report.viewerDocuments, summaryText("Preview document restored"),
+                summaryText("Preview documents restored"));
+    addReopened(parts, report.documents, summaryText("document restored"), summaryText("documents restored"));
+    return summaryText("Workspace restored · ") + parts.join(u" · "_qs);
 }
 
 } // namespace ardeno

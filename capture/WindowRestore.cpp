@@ -3,6 +3,7 @@
 
 #include "capture/WindowPlacement.h"
 
+#include <QCoreApplication>
 #include <QCoroTimer>
 #include <QElapsedTimer>
 #include <QHash>
@@ -21,14 +22,14 @@ using WindowLayout::DisplayEntry;
 
 namespace reason {
 
-constexpr auto noSuchWindow = "no such window";
-constexpr auto several = "several with that title";
-constexpr auto minimised = "minimised";
-constexpr auto fullScreen = "full screen";
-constexpr auto maximised = "maximised";
-constexpr auto notMovable = "not movable";
-constexpr auto notAnswering = "application did not answer";
-constexpr auto movedByUser = "moved by you";
+constexpr auto noSuchWindow = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "no such window");
+constexpr auto several = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "several with that title");
+constexpr auto minimised = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "minimised");
+constexpr auto fullScreen = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "full screen");
+constexpr auto maximised = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "maximised");
+constexpr auto notMovable = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "not movable");
+constexpr auto notAnswering = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "application did not answer");
+constexpr auto movedByUser = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "moved by you");
 
 } // namespace reason
 

@@ -3,8 +3,10 @@
 
 #include "desktop/Documents.h"
 #include "desktop/FileBrowser.h"
+#include "desktop/HotKeys.h"
 #include "desktop/Launcher.h"
 #include "desktop/MailProgram.h"
+#include "desktop/OwnWindows.h"
 #include "desktop/ScreenAccess.h"
 #include "desktop/ScreenCapture.h"
 #include "desktop/ScreenRecorder.h"
@@ -44,6 +46,8 @@ struct Desktop {
     std::unique_ptr<FileBrowser> fileBrowser = {};
     std::unique_ptr<Documents> documents = {};
     std::unique_ptr<MailProgram> mailProgram = {};
+    std::unique_ptr<HotKeys> hotKeys = {};
+    std::unique_ptr<OwnWindows> ownWindows = {};
 };
 
 } // namespace ardeno

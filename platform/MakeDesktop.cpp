@@ -8,8 +8,10 @@
 #include "platform/linux/common/SessionTabs.h"
 #include "platform/linux/common/ShownLocations.h"
 #include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11HotKeys.h"
 #include "platform/linux/x11/X11LiveWindows.h"
 #include "platform/linux/x11/X11Messages.h"
+#include "platform/linux/x11/X11OwnWindows.h"
 #include "platform/linux/x11/X11ScreenAccess.h"
 #include "platform/linux/x11/X11ScreenCapture.h"
 #include "platform/linux/x11/X11ScreenRecorder.h"
@@ -69,6 +71,8 @@ Desktop makeX11Desktop()
     desktop.windowMover = std::make_unique<X11WindowMover>(connection, entries);
     desktop.launcher = std::make_unique<ApplicationLauncher>(entries, x11Focus(connection, entries));
     desktop.mailProgram = std::make_unique<LinuxMailProgram>();
+    desktop.hotKeys = std::make_unique<X11HotKeys>();
+    desktop.ownWindows = std::make_unique<X11OwnWindows>(connection);
     return desktop;
 }
 
@@ -88,6 +92,11 @@ Desktop makeDesktop()
 bool isDisplayReachable()
 {
     return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || X11Connection::isReachable(qgetenv("DISPLAY"));
+}
+
+QString applicationsFolder()
+{
+    return {};
 }
 
 } // namespace ardeno

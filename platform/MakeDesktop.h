@@ -12,4 +12,7 @@ Desktop makeDesktop();
 // Whether a program with windows can start here.
 bool isDisplayReachable();
 
+// Where applications belong on this system; empty where that is anywhere.
+QString applicationsFolder();
+
 } // namespace ardeno

@@ -57,7 +57,7 @@ QCoro::Task<void> AppStore::addCurrentBrowserTabs(QUuid checkpointID)
     } else if (!open.tabs.isEmpty() || !open.warning) {
         notice.set(tr("No new browser tabs to add."));
     }
-    error.set(open.warning);
+    error.set(open.shownWarning);
 }
 
 QCoro::Task<void> AppStore::addCurrentWindowLayout(QUuid checkpointID)

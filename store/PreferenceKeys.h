@@ -26,6 +26,7 @@ inline constexpr PreferenceKey<bool> starterExampleMigrationV2{"starterExampleMi
 inline constexpr PreferenceKey<bool> launchOverview{"launchOverview"};
 inline constexpr PreferenceKey<QString> lastOpenedProjectID{"lastOpenedProjectID"}; // UUID text.
 inline constexpr PreferenceKey<bool> newsletterPromptDismissed{"newsletterPromptDismissed"};
+inline constexpr PreferenceKey<bool> applicationsFolderNoticeShown{"applicationsFolderNoticeShown"};
 inline constexpr PreferenceKey<bool> closeNoticeShown{"closeNoticeShown"};
 
 } // namespace ardeno::keys

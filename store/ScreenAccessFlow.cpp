@@ -95,7 +95,7 @@ QCoro::Task<void> AppStore::startSuccessor()
     endSheets();
     const qint64 process = co_await m_startInstance();
     if (process == QCoreApplication::applicationPid())
-        throw Failure("Restart", 1, "macOS reopened the existing process.");
+        throw Failure("Restart", 1, tr("macOS reopened the existing process."));
 }
 
 } // namespace ardeno

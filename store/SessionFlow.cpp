@@ -50,7 +50,7 @@ QCoro::Task<void> AppStore::beginRecording(Checkpoint *checkpoint)
     const QString video = folder + '/' + MediaFile::recording;
     checkpoint->recording = video;
     Checkpoint interrupted = *checkpoint;
-    interrupted.captureNote = tr("Workspace captured at the start of your session, which ended before it was stopped.");
+    interrupted.captureNote = "Workspace captured at the start of your session, which ended before it was stopped.";
     SessionJournal::write(folder, interrupted);
     co_await m_capture.startRecording(video, exclusions().appIDs());
     const PublishTogether group;
@@ -112,17 +112,17 @@ QCoro::Task<void> AppStore::captureEnd(Checkpoint *checkpoint)
     }
     if (!hasPicture && !m_desktop.workspace->availability().isAvailable()) {
         // Nothing can be seen any more, which does not mean that nothing was there.
-        checkpoint->captureNote =
-            tr("Workspace captured at the start of your session; at its end the desktop had gone.");
+        checkpoint->captureNote = "Workspace captured at the start of your session; at its end the desktop had gone.";
     } else {
         *checkpoint = std::move(end);
-        checkpoint->captureNote = tr("Workspace captured at the end of your session.");
+        checkpoint->captureNote = "Workspace captured at the end of your session.";
         if (!hasPicture)
-            checkpoint->captureNote += tr(" The screenshot is from the start of the session.");
+            checkpoint->captureNote += " The screenshot is from the start of the session.";
     }
     if (!checkpoint->recording && QFile::exists(videoPath(*checkpoint)))
-        checkpoint->captureNote += tr(" The recording broke off; what there is of it is kept with the media as %1.")
-                                       .arg(QString(MediaFile::recording));
+        checkpoint->captureNote +=
+            u" The recording broke off; what there is of it is kept with the media as %1."_qs.arg(
+                QString(MediaFile::recording));
 }
 
 QString AppStore::videoPath(const Checkpoint &checkpoint) const

@@ -6,8 +6,6 @@
 #include <QLocale>
 #include <QTranslator>
 
-#include <cstring>
-
 namespace ardeno {
 
 namespace {
@@ -19,9 +17,8 @@ class FlatCatalogue final : public QTranslator {
 public:
     QString translate(const char *context, const char *text, const char *hint, int n) const override
     {
-        // Texts of Qt itself are in Qt's own catalogues.
-        const bool isOurs = context && std::strncmp(context, "ardeno::", 8) == 0;
-        return isOurs ? QTranslator::translate("ardeno", text, hint, n) : QString();
+        Q_UNUSED(context)
+        return QTranslator::translate("ardeno", text, hint, n);
     }
 };
 

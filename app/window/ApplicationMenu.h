@@ -25,6 +25,9 @@ public:
     ApplicationMenu(AppStore &store, Actions actions);
 
     void fillTray(QMenu *menu);
+
+    void openWindow() { m_openWindow.trigger(); }
+
     // The window shows a session in progress by itself.
     QList<QAction *> windowActions();
 

@@ -4,7 +4,9 @@
 #include "app/Output.h"
 #include "app/window/Successor.h"
 #include "network/UpdateFetch.h"
+#include "platform/MakeDesktop.h"
 #include "services/Endpoints.h"
+#include "store/ApplicationsFolder.h"
 #include "store/PreferenceKeys.h"
 #include "support/InWorker.h"
 #include "ui/controls/Alert.h"
@@ -13,6 +15,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QSessionManager>
 
 namespace ardeno {
 
@@ -42,6 +45,7 @@ WindowApplication::WindowApplication(BusService &bus, Reach reach)
     : m_bus(bus), m_reach(reach), m_screens(makeScreens())
 {
     qApp->installEventFilter(this);
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &WindowApplication::refuseLogout, Qt::DirectConnection);
 }
 
 WindowApplication::~WindowApplication() = default;
@@ -50,6 +54,11 @@ BusService::Actions WindowApplication::actions()
 {
     return {.run = answerCommand,
             .activate = [this] { comeToFront(); },
+            .quickSave =
+                [this] {
+                    if (m_quickSave)
+                        m_quickSave->trigger();
+                },
             .stopRecording =
                 [this] {
                     if (m_application)
@@ -84,24 +93,36 @@ QCoro::Task<void> WindowApplication::openStore()
 
 void WindowApplication::adopt(OpenedLibrary library)
 {
-    m_application = std::make_unique<Application>(std::move(library), m_bus, ApplicationActions(), windowParts());
+    const ApplicationActions commandActions{.quickSave = [this] { m_quickSave->trigger(); }};
+    m_application = std::make_unique<Application>(std::move(library), m_bus, commandActions, windowParts());
     AppStore &store = m_application->store();
-    m_menu = std::make_unique<ApplicationMenu>(store, ApplicationMenu::Actions{
-                                                          .openWindow = [this] { comeToFront(); },
-                                                          .openNewsletter = m_screens.openNewsletter,
-                                                          .quit = [this] { quit(); },
-                                                      });
-    if (m_window) {
-        m_window->open(store);
-        m_window->addMenuActions(m_menu->windowActions());
-    } else {
+    const ApplicationMenu::Actions menuActions{
+        .quickSave = [this] { m_quickSave->trigger(); },
+        .openWindow = [this] { comeToFront(); },
+        .openNewsletter = m_screens.openNewsletter,
+        .quit = [this] { quit(); },
+    };
+    m_menu = std::make_unique<ApplicationMenu>(store, menuActions);
+    if (m_window)
+        openWindow();
+    else
         reportAtStart(store);
-    }
-    if (m_reach == Reach::WindowAlone && !store.notice())
+    prepareWindows();
+    m_quickSave = std::make_unique<QuickSaveController>(store, m_application->desktop(), [this] { comeToFront(); });
+    if (m_reach == Reach::Bus)
+        m_tray = std::make_unique<TrayItem>(store, *m_menu, QDBusConnection::sessionBus());
+    else if (!store.notice())
         store.notice.set(
             tr("There is no session bus: commands cannot reach this window, and closing it quits Ardeno."));
+    adviseMove();
     m_bus.serveCommands();
     store.checkForUpdates(Force::No);
+}
+
+void WindowApplication::openWindow()
+{
+    m_window->open(m_application->store());
+    m_window->addMenuActions(m_menu->windowActions());
 }
 
 void WindowApplication::fail(const QString &problem)
@@ -117,20 +138,23 @@ void WindowApplication::fail(const QString &problem)
     presentAlert(m_window->sheets(), text, [](bool) { QCoreApplication::exit(1); });
 }
 
+void WindowApplication::prepareWindows()
+{
+    if (m_appearance)
+        return;
+    installSheetAccessibility();
+    m_appearance.emplace();
+}
+
 MainWindow &WindowApplication::window()
 {
     if (m_window)
         return *m_window;
-    if (!m_appearance) {
-        installSheetAccessibility();
-        m_appearance.emplace();
-    }
+    prepareWindows();
     m_window = std::make_unique<MainWindow>(m_screens);
     m_window->setOnClose([this] { return mayClose(); });
-    if (m_application) {
-        m_window->open(m_application->store());
-        m_window->addMenuActions(m_menu->windowActions());
-    }
+    if (m_application)
+        openWindow();
     return *m_window;
 }
 
@@ -141,6 +165,8 @@ void WindowApplication::comeToFront()
     front.show();
     front.raise();
     front.activateWindow();
+    if (m_application)
+        m_application->desktop().ownWindows->bringToFront(front.winId());
 }
 
 void WindowApplication::quit()
@@ -165,6 +191,16 @@ void WindowApplication::end()
         QCoreApplication::exit(0);
 }
 
+void WindowApplication::refuseLogout(QSessionManager &manager)
+{
+    const bool isRecording = m_application && m_application->store().recording();
+    if (!isRecording || !manager.allowsInteraction())
+        return; // What is recorded is saved when the end comes.
+    quit();
+    manager.release();
+    manager.cancel();
+}
+
 bool WindowApplication::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched != qApp || event->type() != QEvent::Quit)
@@ -181,7 +217,9 @@ bool WindowApplication::mayClose()
         quit();
         return false;
     }
-    Preferences preferences(Preferences::defaultFolder());
+    if (m_tray->isShown())
+        return true;
+    const Preferences preferences(Preferences::defaultFolder());
     if (preferences.value(keys::closeNoticeShown).value_or(false))
         return true;
     if (!m_alert)
@@ -200,6 +238,25 @@ void WindowApplication::explainClosing()
         Preferences(Preferences::defaultFolder()).setValue(keys::closeNoticeShown, true);
         if (isConfirmed)
             m_window->hide();
+    });
+}
+
+void WindowApplication::adviseMove()
+{
+    Preferences preferences(Preferences::defaultFolder());
+    const bool wasAdvised = preferences.value(keys::applicationsFolderNoticeShown).value_or(false);
+    if (!advisesMove(QCoreApplication::applicationFilePath(), applicationsFolder(), wasAdvised))
+        return;
+    preferences.setValue(keys::applicationsFolderNoticeShown, true); // Whatever the answer is.
+    comeToFront();
+    const AlertText text{.title = tr("Move Ardeno to Applications"),
+                         .message = tr("For the best experience, move this app to your Applications folder before "
+                                       "using it. You can continue here for now."),
+                         .confirm = tr("Show Applications Folder"),
+                         .cancel = tr("Continue Here")};
+    presentAlert(m_window->sheets(), text, [this](bool isConfirmed) {
+        if (isConfirmed)
+            m_application->desktop().launcher->openPath(applicationsFolder());
     });
 }
 

@@ -3,9 +3,11 @@
 
 #include "app/Application.h"
 #include "app/window/ApplicationMenu.h"
+#include "app/window/TrayItem.h"
 #include "ui/Screens.h"
 #include "ui/controls/Sheet.h"
 #include "ui/main/MainWindow.h"
+#include "ui/quicksave/QuickSaveController.h"
 #include "ui/theme/AppearanceSettings.h"
 
 #include <QCoroTask>
@@ -13,6 +15,8 @@
 
 #include <memory>
 #include <optional>
+
+class QSessionManager;
 
 namespace ardeno {
 
@@ -43,13 +47,19 @@ protected:
 private:
     QCoro::Task<void> openStore();
     void adopt(OpenedLibrary library);
+    void openWindow();
     void fail(const QString &problem);
+    // What every window needs, before the first one.
+    void prepareWindows();
     MainWindow &window();
     void comeToFront();
     // As the user asks: refused while a session is recorded.
     void quit();
+    // The user is asked to finish first, where the session manager allows it.
+    void refuseLogout(QSessionManager &manager);
     bool mayClose();
     void explainClosing();
+    void adviseMove();
 
     BusService &m_bus;
     Reach m_reach;
@@ -58,6 +68,8 @@ private:
     // The window goes first, as it keeps what was typed last.
     std::unique_ptr<Application> m_application;
     std::unique_ptr<ApplicationMenu> m_menu;
+    std::unique_ptr<QuickSaveController> m_quickSave;
+    std::unique_ptr<TrayItem> m_tray;
     std::unique_ptr<MainWindow> m_window;
     QPointer<Sheet> m_alert;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/null/NullDesktop.h"
 
+#include "platform/null/NullHotKeys.h"
 #include "platform/null/NullLauncher.h"
 #include "platform/null/NullTabSource.h"
 #include "platform/null/NullWindowMover.h"
@@ -157,6 +158,8 @@ Desktop makeNullDesktop(const QString &session, const QString &reason, const Des
     desktop.fileBrowser = std::make_unique<NullFileBrowser>(reason);
     desktop.documents = std::make_unique<NullDocuments>(reason);
     desktop.mailProgram = std::make_unique<NullMailProgram>();
+    desktop.hotKeys = std::make_unique<NullHotKeys>(reason);
+    desktop.ownWindows = std::make_unique<NullOwnWindows>();
     return desktop;
 }
 

@@ -72,7 +72,7 @@ TEST_CASE_FIXTURE(ApplicationFixture, "a work session is recorded while other co
     const ProgramResult started = run({"record", "start", "--project", "Thesis", "--title", "Ablation"});
     CAPTURE(started.error);
     REQUIRE(started.status == 0);
-    CHECK(started.out.startsWith("Recording your main display. Stop any time from the menu bar.\n"));
+    CHECK(started.out.startsWith("Recording your main display. Stop any time "));
     CHECK(run({"record", "start", "--project", "Thesis"}).error.contains("already"));
     CHECK(run({"save", "--project", "Other", "--no-tabs"}).status == 0);
     CHECK(run({"exclude", "app", "org.x"}).error.contains("Finish the recording before changing exclusions."));

@@ -352,6 +352,43 @@ private:
     InMemoryDesktop &m_desktop;
 };
 
+class InMemoryHotKeys final : public HotKeys {
+public:
+    explicit InMemoryHotKeys(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    Capability availability() const override { return Capability::available(); }
+
+    void listen(Combination keys, Listener listener) override
+    {
+        release();
+        if (m_desktop.areKeysTaken)
+            throw Failure("HotKeys", 1, "Another program has these keys.");
+        m_desktop.keys = keys;
+        m_desktop.keyListener = std::move(listener);
+    }
+
+    void release() override { m_desktop.keys.reset(); }
+
+private:
+    InMemoryDesktop &m_desktop;
+};
+
+class InMemoryOwnWindows final : public OwnWindows {
+public:
+    explicit InMemoryOwnWindows(InMemoryDesktop &desktop) : m_desktop(desktop) {}
+
+    void bringToFront(quint64) override { m_desktop.focusRequests << "front"; }
+
+    void floatAbove(quint64) override { m_desktop.focusRequests << "above"; }
+
+    void rememberFocus() override { m_desktop.focusRequests << "remember"; }
+
+    void returnFocus(quint64) override { m_desktop.focusRequests << "return"; }
+
+private:
+    InMemoryDesktop &m_desktop;
+};
+
 } // namespace
 
 void InMemoryDesktop::addApplication(const QString &id, const QString &name, const WindowRect &frame,
@@ -391,7 +428,9 @@ Desktop InMemoryDesktop::makeDesktop()
             .launcher = std::make_unique<InMemoryLauncher>(*this),
             .fileBrowser = std::make_unique<InMemoryFileBrowser>(*this),
             .documents = std::make_unique<InMemoryDocuments>(*this),
-            .mailProgram = std::make_unique<InMemoryMailProgram>(*this)};
+            .mailProgram = std::make_unique<InMemoryMailProgram>(*this),
+            .hotKeys = std::make_unique<InMemoryHotKeys>(*this),
+            .ownWindows = std::make_unique<InMemoryOwnWindows>(*this)};
 }
 
 } // namespace ardeno::fakes

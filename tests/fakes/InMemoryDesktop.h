@@ -41,13 +41,17 @@ struct InMemoryDesktop {
     QList<RecordingRequest> recordings = {};              // As they were asked for.
     RecordingEvents recordingEvents = {};                 // Of the last one, for what a test lets happen to it.
     Capability recorder = Capability::available();
-    std::optional<Failure> recordingFailure = {}; // Of the next start.
-    std::function<void()> whenStopped = {};       // Instead of the file being finished when the recording is stopped.
-    QList<WindowLocation> folders = {};           // What windows of file browsers show.
-    QList<WindowLocation> documents = {};         // What windows of other applications show; each has a process.
+    std::optional<Failure> recordingFailure = {};  // Of the next start.
+    std::function<void()> whenStopped = {};        // Instead of the file being finished when the recording is stopped.
+    QList<WindowLocation> folders = {};            // What windows of file browsers show.
+    QList<WindowLocation> documents = {};          // What windows of other applications show; each has a process.
+    QList<QSet<qint64>> processesAskedAbout = {};  // By each question for documents.
+    std::optional<HotKeys::Combination> keys = {}; // Those that are listened to.
+    HotKeys::Listener keyListener = {};
+    bool areKeysTaken = false;      // By another program.
+    QStringList focusRequests = {}; // "front", "above", "remember", "return", as they were made.
     bool hasMailProgram = true;
     QList<QUrl> mailDrafts = {};                  // What the mail program was asked to open.
-    QList<QSet<qint64>> processesAskedAbout = {}; // By each question for documents.
 
     InMemoryDesktop() = default;
     InMemoryDesktop(const InMemoryDesktop &) = delete;

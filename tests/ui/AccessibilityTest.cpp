@@ -2,6 +2,7 @@
 #include "tests/ui/WindowFixture.h"
 
 #include "ui/main/Strips.h"
+#include "ui/sheets/SheetScreens.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -93,6 +94,7 @@ TEST_CASE_FIXTURE(WindowFixture, "every control of every screen has a name")
         CHECK(shown.unnamed == QStringList());
         CHECK(shown.names.size() > 3);
     };
+    addSheetScreens(screens);
     seedStarterExample = true;
     openWindow();
     check("sample");
@@ -100,7 +102,11 @@ TEST_CASE_FIXTURE(WindowFixture, "every control of every screen has a name")
     check("empty project");
     const QUuid project = store().projects().first().id;
     saveCheckpoint(project, "Older", 10);
-    saveCheckpoint(project, "Newer", 20);
+    Checkpoint newer = saveCheckpoint(project, "Newer", 20);
+    newer.apps = {{"org.editor", "Editor"}, {"gone", "Gone"}};
+    newer.tabs = {{.title = "Page", .url = "https://one.example/"}};
+    newer.windows = QList<SavedWindow>{SavedWindow{.appID = "org.editor", .appName = "Editor"}};
+    REQUIRE(store().save(newer));
     store().setProjectBlocker(project, "Approval");
     store().notice.set("Checkpoint saved.");
     check("blocked project with checkpoints");
@@ -112,6 +118,17 @@ TEST_CASE_FIXTURE(WindowFixture, "every control of every screen has a name")
     press(Qt::Key_Escape);
     click("Edit reason");
     check("blocker");
+    press(Qt::Key_Escape);
+    list("Apps")->setFocus(Qt::TabFocusReason);
+    check("items");
+    press(Qt::Key_S, Qt::ControlModifier);
+    check("capture");
+    memory.screenAccess = false;
+    store().refreshScreenAccess();
+    check("screen access");
+    press(Qt::Key_Escape);
+    store().showRestore.set(true);
+    check("restore");
     press(Qt::Key_Escape);
     store().showProjects();
     check("overview");

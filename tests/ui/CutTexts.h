@@ -19,7 +19,7 @@ inline QStringList textsThatAreCut(const QWidget *window)
     }
     for (const QAbstractButton *const candidate : window->findChildren<QAbstractButton *>()) {
         const auto *const button = dynamic_cast<const Button *>(candidate);
-        if (button && button->isVisible() && button->width() < button->sizeHint().width())
+        if (button && !button->text().isEmpty() && button->isVisible() && button->width() < button->sizeHint().width())
             cut << button->text();
     }
     return cut;

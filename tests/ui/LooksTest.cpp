@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
 
+#include "ui/sheets/SheetScreens.h"
 #include "ui/theme/AppTheme.h"
 
 #include <QImage>
@@ -45,6 +46,7 @@ struct LooksFixture : WindowFixture {
 
     void fill()
     {
+        addSheetScreens(screens);
         openWindow();
         thesis = *store().createProject("Thesis");
         const QUuid website = *store().createProject("Client website");
@@ -57,11 +59,40 @@ struct LooksFixture : WindowFixture {
         Checkpoint latest = saveCheckpoint(thesis, "Evaluation chapter", now - 60);
         latest.nextStep = u"• Re-run the ablation with seed 7\n• Plot the variance"_qs;
         latest.objective = "Both baselines run; the ablation with seed 7 diverges after epoch 3.";
-        latest.apps = {{"a", "A"}, {"b", "B"}};
+        memory.installed = {{"org.editor", "Text Editor", "accessories-text-editor"},
+                            {"firefox-esr", "Firefox", "firefox-esr"},
+                            {"files", "Files", "system-file-manager"}};
+        latest.apps = {{"org.editor", "Text Editor"}, {"files", "Files"}, {"sketchpad", "Sketchpad"}};
+        latest.tabs = {
+            {.title = u"Ablation results — lab wiki"_qs, .url = "https://wiki.example.org/ablation"},
+            {.title = "Seeds and variance", .url = "https://example.org/papers/seeds", .browserName = "Firefox"},
+            {.title = u"Ablation results — lab wiki"_qs, .url = "https://wiki.example.org/ablation"},
+        };
+        latest.windows = QList<SavedWindow>{SavedWindow{.appID = "org.editor",
+                                                        .appName = "Text Editor",
+                                                        .title = "notes.txt",
+                                                        .frame = {0, 0, 800, 600},
+                                                        .displayName = "Built-in display"}};
         REQUIRE(drawnScreen().save(*latest.screenshot));
         REQUIRE(store().save(latest));
         store().notice.set("Checkpoint saved.");
         settle();
+    }
+
+    void showSheets(const QString &suffix)
+    {
+        press(Qt::Key_S, Qt::ControlModifier);
+        pictures("capture" + suffix);
+        memory.screenAccess = false;
+        store().refreshScreenAccess();
+        settle();
+        pictures("capture-access" + suffix);
+        memory.screenAccess = true;
+        press(Qt::Key_Escape);
+        store().showRestore.set(true);
+        REQUIRE(eventually([this] { return findButton("Open 3 missing items") != nullptr; }));
+        pictures("restore" + suffix);
+        press(Qt::Key_Escape);
     }
 
     void pictures(const QString &name)
@@ -94,12 +125,20 @@ TEST_CASE_FIXTURE(LooksFixture, "no text is cut on any screen, also in the narro
     page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum());
     settle();
     pictures("notes");
+    click("Show 1 saved window");
+    page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum());
+    settle();
+    pictures("items-narrow");
+    showSheets("-narrow");
     store().showProjects();
     settle();
     pictures("overview-narrow");
     window->resize(1170, 790);
     settle();
     pictures("overview");
+    store().selectProject(thesis);
+    settle();
+    showSheets({});
     store().showNewProject.set(true);
     settle();
     pictures("sheet");

@@ -16,6 +16,11 @@
 #include <QTextEdit>
 #include <QUrlQuery>
 
+#include <cstdlib>
+#include <memory>
+#include <string_view>
+#include <xcb/xcb.h>
+
 using namespace ardeno;
 
 namespace {
@@ -49,10 +54,20 @@ struct SettingsFixture : WindowFixture {
         settle();
     }
 
+    // A field of the sheet on top; a view below may have one of the same name.
+    QWidget *field(const QString &name) const
+    {
+        for (QWidget *const candidate : window->sheets().topSheet()->findChildren<QWidget *>()) {
+            if (candidate->accessibleName() == name && candidate->focusPolicy() != Qt::NoFocus)
+                return candidate;
+        }
+        FAIL("There is no field " << name.toStdString());
+        return nullptr;
+    }
+
     void fill(const QString &name, const QString &text)
     {
-        REQUIRE(widget(name));
-        widget(name)->setFocus();
+        field(name)->setFocus();
         press(Qt::Key_A, Qt::ControlModifier);
         type(text);
     }
@@ -96,9 +111,16 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is set is shown, used at once and known
 
 TEST_CASE_FIXTURE(SettingsFixture, "settings of another kind or a later version are shown as the defaults")
 {
-    writeFile(home.filePath("settings/settings.ini"),
-              "[General]\nquickSaveShortcut=77\nlaunchOverview=maybe\nincludeBrowser=@Invalid()\nfromLater={1}\n"
-              "lastUpdateCheck=tomorrow\ncaptureExclusions=@ByteArray({\"apps\":[],\"later\":1})\n");
+    {
+        Preferences stored = preferences();
+        stored.setValue(keys::quickSaveShortcut, 77);
+        stored.setValue(PreferenceKey<QString>{"launchOverview"}, QString("maybe"));
+        stored.setValue(PreferenceKey<QString>{"lastUpdateCheck"}, QString("tomorrow"));
+        stored.setValue(PreferenceKey<QByteArray>{"includeBrowser"}, QByteArray());
+        stored.setValue(PreferenceKey<QString>{"fromALaterVersion"}, QString("{1}"));
+        stored.setValue(keys::captureExclusions, QByteArray(R"({"apps": [], "later": 1})"));
+        REQUIRE(stored.synchronise());
+    }
     openWindow();
     REQUIRE(seesText("Something needs attention")); // The exclusions lack their websites.
     click("OK");
@@ -217,6 +239,47 @@ TEST_CASE_FIXTURE(SettingsFixture, "a bug report becomes a draft, or says why no
     CHECK(memory.mailDrafts.last().path() == Endpoints::supportAddress());
 }
 
+TEST_CASE_FIXTURE(SettingsFixture,
+                  "a report is copied although another program holds the clipboard and does not answer")
+{
+    openSettings();
+    click("Report a bug");
+    fill("Short summary", "Stuck");
+    fill("What went wrong?", "It hangs");
+    const std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t *)> holder(xcb_connect(nullptr, nullptr),
+                                                                                 xcb_disconnect);
+    const xcb_screen_t *const screen = xcb_setup_roots_iterator(xcb_get_setup(holder.get())).data;
+    const xcb_window_t owner = xcb_generate_id(holder.get());
+    xcb_create_window(holder.get(), 0, owner, screen->root, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, 0, 0, nullptr);
+    constexpr std::string_view name = "CLIPBOARD";
+    const std::unique_ptr<xcb_intern_atom_reply_t, void (*)(void *)> atom(
+        xcb_intern_atom_reply(holder.get(), xcb_intern_atom(holder.get(), 0, name.size(), name.data()), nullptr),
+        std::free);
+    REQUIRE(atom);
+    xcb_set_selection_owner(holder.get(), owner, atom->atom, XCB_CURRENT_TIME);
+    xcb_flush(holder.get());
+    REQUIRE(eventually([] { return !QApplication::clipboard()->ownsClipboard(); }));
+    click("Copy report");
+    CHECK(findButton("Copied"));
+    CHECK(QApplication::clipboard()->text().contains("It hangs"));
+}
+
+TEST_CASE_FIXTURE(SettingsFixture, "the tab key shows what it reaches")
+{
+    openSettings();
+    window->resize(960, 690);
+    settle();
+    const auto isSeen = [this] {
+        const QWidget *const control = QApplication::focusWidget();
+        return control && control->visibleRegion().boundingRect().height() == control->height();
+    };
+    for (int i = 0; i < 20; ++i) {
+        press(Qt::Key_Tab);
+        CAPTURE(QApplication::focusWidget()->accessibleName());
+        CHECK(isSeen());
+    }
+}
+
 TEST_CASE_FIXTURE(SettingsFixture, "a checkpoint's details are saved as written, or not at all")
 {
     openWindow();
@@ -257,6 +320,6 @@ TEST_CASE_FIXTURE(SettingsFixture, "a checkpoint's details are saved as written,
     click("Save context");
     CHECK(seesText("Something needs attention"));
     click("OK");
-    CHECK(qobject_cast<QLineEdit *>(widget("Checkpoint title"))->text() == "Kept");
+    CHECK(qobject_cast<QLineEdit *>(field("Checkpoint title"))->text() == "Kept");
     CHECK(store().checkpoint(checkpoint.id)->title == "Evaluation");
 }

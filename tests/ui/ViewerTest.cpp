@@ -3,6 +3,7 @@
 #include "tests/ui/WindowFixture.h"
 #include "ui/settings/SettingsScreens.h"
 #include "ui/theme/AppTheme.h"
+#include "ui/viewer/PicturePreviews.h"
 #include "ui/viewer/ScreenshotViewer.h"
 
 #include <QApplication>
@@ -99,7 +100,7 @@ struct ViewerFixture : WindowFixture {
     }
 
     // The colour that is seen at a place of the viewport.
-    QColor seen(const QPoint &place) { return canvas().viewport()->grab().toImage().pixelColor(place); }
+    QString seen(const QPoint &place) { return canvas().viewport()->grab().toImage().pixelColor(place).name(); }
 };
 
 } // namespace
@@ -114,7 +115,7 @@ TEST_CASE_FIXTURE(ViewerFixture, "the screenshot of a checkpoint opens in one wi
     REQUIRE(store().save(checkpoint));
     restart();
     store().selectProject(project);
-    settle();
+    REQUIRE(eventually([&] { return !PicturePreviews::find(*checkpoint.screenshot).isNull(); }));
     click("Expand");
     const auto openViewers = [] {
         QList<ScreenshotViewer *> found;
@@ -173,6 +174,15 @@ TEST_CASE_FIXTURE(ViewerFixture, "buttons, wheel, pinch, double click and keys z
     touchpad(Qt::EndNativeGesture, 0);
     CHECK(canvas().zoom() == doctest::Approx(1.5 * 1132 / 6000).epsilon(0.001));
 
+    canvas().setZoom(0);
+    QWidget *const target = canvas().viewport();
+    static QPointingDevice *const screen = QTest::createTouchDevice();
+    QTest::touchEvent(target, screen).press(0, {500, 300}).press(1, {600, 300});
+    for (int i = 1; i <= 10; ++i)
+        QTest::touchEvent(target, screen).move(0, {500 - 5 * i, 300}).move(1, {600 + 5 * i, 300});
+    QTest::touchEvent(target, screen).release(0, {450, 300}).release(1, {650, 300});
+    CHECK(canvas().zoom() == doctest::Approx(2.0 * 1132 / 6000).epsilon(0.05));
+
     for (int i = 0; i < 30; ++i)
         QTest::keyClick(&canvas(), Qt::Key_Plus);
     CHECK(percentText() == "400%");
@@ -196,13 +206,13 @@ TEST_CASE_FIXTURE(ViewerFixture, "a picture is moved by dragging and by keys, an
     REQUIRE(eventually([this] { return canvas().isSharp(); }));
     canvas().horizontalScrollBar()->setValue(24);
     canvas().verticalScrollBar()->setValue(24);
-    CHECK(seen({250, 350}) == QColor(16, 36, 90));
+    CHECK(seen({250, 350}) == QColor(16, 36, 90).name());
 
     QWidget *const target = canvas().viewport();
     QTest::mousePress(target, Qt::LeftButton, {}, {400, 400});
     QTest::mouseMove(target, {300, 300});
     QTest::mouseRelease(target, Qt::LeftButton, {}, {300, 300});
-    CHECK(seen({250, 350}) == QColor(24, 48, 90));
+    CHECK(seen({250, 350}) == QColor(24, 48, 90).name());
     QTest::keyClick(&canvas(), Qt::Key_End);
     CHECK(canvas().horizontalScrollBar()->value() == canvas().horizontalScrollBar()->maximum());
     QTest::keyClick(&canvas(), Qt::Key_Home);
@@ -211,8 +221,11 @@ TEST_CASE_FIXTURE(ViewerFixture, "a picture is moved by dragging and by keys, an
     QTest::keyClick(&canvas(), Qt::Key_PageDown);
     CHECK(canvas().verticalScrollBar()->value() > 500);
 
-    const QPoint pointer(640, 400);
-    const QColor below = seen(pointer);
+    // Not at an edge, where there is nothing left to move.
+    canvas().horizontalScrollBar()->setValue(900);
+    canvas().verticalScrollBar()->setValue(650);
+    const QPoint pointer(660, 420);
+    const QString below = seen(pointer);
     wheel(240, Qt::ControlModifier, pointer);
     CHECK(seen(pointer) == below);
     wheel(-480, Qt::ControlModifier, pointer);
@@ -249,14 +262,14 @@ TEST_CASE_FIXTURE(ViewerFixture, "a file that is no picture says so, and extreme
     canvas().setZoom(4.0);
     canvas().horizontalScrollBar()->setValue(canvas().horizontalScrollBar()->maximum());
     settle();
-    CHECK(seen({canvas().viewport()->width() - 200, canvas().viewport()->height() / 2}) == QColor(Qt::red));
+    CHECK(seen({canvas().viewport()->width() - 200, canvas().viewport()->height() / 2}) == QColor(Qt::red).name());
     openViewer(written(QImage(1, 1, QImage::Format_Mono), "dot.png"));
     CHECK(percentText() == "100%");
 
     QImage clear(50, 50, QImage::Format_ARGB32);
     clear.fill(Qt::transparent);
     openViewer(written(clear, "clear.png"));
-    CHECK(seen(canvas().viewport()->rect().center()) == QColor(Qt::white));
+    CHECK(seen(canvas().viewport()->rect().center()) == QColor(Qt::white).name());
 }
 
 TEST_CASE_FIXTURE(ViewerFixture, "a large picture is drawn from a copy while it is zoomed, and sharp once it rests")

@@ -68,11 +68,14 @@ QList<Token> tokens(const QString &code)
     return found;
 }
 
-// Whether the text at this place is the argument of tr(), or the second one of translate().
+// Whether the text at this place is the argument of tr(), or the second one of translate() and its like.
 bool isTranslated(const QList<Token> &all, qsizetype at)
 {
     const auto text = [&](qsizetype back) { return at >= back ? all.at(at - back).text : QString(); };
-    return (text(1) == "(" && text(2) == "tr") || (text(1) == "," && text(3) == "(" && text(4) == "translate");
+    const bool isInContext = text(4) == "translate" || text(4) == "QT_TRANSLATE_NOOP";
+    // Short names for the latter, in files that have no class of their own.
+    const bool isInFunction = text(2) == "tr" || text(2) == "restoreText" || text(2) == "summaryText";
+    return (text(1) == "(" && isInFunction) || (text(1) == "," && text(3) == "(" && isInContext);
 }
 
 } // namespace

@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/ScrollColumn.h"
 
+#include <QApplication>
+#include <QScrollBar>
+
+#include <algorithm>
+
 namespace ardeno {
 
 namespace {
 
-constexpr int barRoom = 14; // Beside the contents, whether there is a bar or not.
+constexpr int gapBesideBar = 4;
 
 } // namespace
 
@@ -14,30 +19,36 @@ ScrollColumn::ScrollColumn(int spacing, QWidget *parent) : QScrollArea(parent), 
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // Drawn only when needed; the contents keep their width.
     setFocusPolicy(Qt::NoFocus);
     auto *page = new QWidget;
     page->setLayout(m_column);
-    m_column->setContentsMargins(0, 0, barRoom - 10, 0);
+    m_column->setContentsMargins(0, 0, 0, 0);
     m_column->setSpacing(spacing);
     setWidget(page);
     viewport()->setAutoFillBackground(false);
     page->setAutoFillBackground(false);
+    // What gets the focus by a key is shown. By the mouse it is seen already, and must not move below the pointer.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
+        if (now && isAncestorOf(now) && QGuiApplication::mouseButtons() == Qt::NoButton)
+            ensureWidgetVisible(now, 0, 12);
+    });
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this,
+            [this](int, int most) { m_column->setContentsMargins(0, 0, most > 0 ? gapBesideBar : 0, 0); });
 }
 
 int ScrollColumn::heightForWidth(int width) const
 {
-    return m_column->totalHeightForWidth(width - 10);
+    return m_column->hasHeightForWidth() ? m_column->totalHeightForWidth(width) : m_column->totalSizeHint().height();
 }
 
 QSize ScrollColumn::sizeHint() const
 {
-    return {m_column->totalSizeHint().width() + 10, m_column->totalSizeHint().height()};
+    return m_column->totalSizeHint();
 }
 
 QSize ScrollColumn::minimumSizeHint() const
 {
-    return {0, 120};
+    return {0, std::min(120, m_column->totalSizeHint().height())};
 }
 
 } // namespace ardeno

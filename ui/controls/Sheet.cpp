@@ -41,6 +41,27 @@ QList<QWidget *> focusable(const QWidget *within)
     return found;
 }
 
+// Lies between the top sheet and all else, other sheets included.
+class SheetVeil final : public QWidget {
+public:
+    explicit SheetVeil(SheetHost *host) : QWidget(host), m_host(host)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.fillRect(rect(), themeColor(Role::Scrim));
+        if (const Sheet *const sheet = m_host->topSheet())
+            drawShadow(painter, sheet->geometry());
+    }
+
+private:
+    SheetHost *m_host;
+};
+
 } // namespace
 
 Sheet::Sheet(const QString &name, int width, Kind kind) : m_kind(kind), m_column(new QVBoxLayout(this))
@@ -116,7 +137,7 @@ bool Sheet::focusNextPrevChild(bool next)
     return true;
 }
 
-SheetHost::SheetHost(QWidget *window) : QWidget(window)
+SheetHost::SheetHost(QWidget *window) : QWidget(window), m_veil(new SheetVeil(this))
 {
     hide();
 }
@@ -186,15 +207,10 @@ void SheetHost::arrange()
         sheet->move((width() - sheet->width()) / 2, (height() - tall) / 2);
         sheet->setEnabled(sheet == m_sheets.last());
     }
-    update();
-}
-
-void SheetHost::paintEvent(QPaintEvent *)
-{
-    QPainter painter(this);
-    painter.fillRect(rect(), themeColor(Role::Scrim));
-    if (const Sheet *const sheet = topSheet())
-        drawShadow(painter, sheet->geometry());
+    m_veil->setGeometry(rect());
+    if (Sheet *const sheet = topSheet())
+        m_veil->stackUnder(sheet);
+    m_veil->update();
 }
 
 void SheetHost::mousePressEvent(QMouseEvent *event)

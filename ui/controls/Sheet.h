@@ -76,7 +76,6 @@ public:
     static SheetHost *of(const QWidget *widget);
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     bool event(QEvent *event) override;
@@ -89,6 +88,7 @@ private:
     void remove(Sheet *sheet);
     void arrange();
 
+    QWidget *m_veil;
     QList<QPointer<Sheet>> m_sheets;
     QList<QPointer<QWidget>> m_focusBefore;
     std::function<void(bool)> m_covered;

@@ -43,7 +43,7 @@ WindowLayoutSummary::WindowLayoutSummary(AppStore &store, ApplicationIcons &icon
       m_none(makeParagraph(tr("No window positions saved yet. New checkpoints include the position and size of visible "
                               "windows."),
                            TextStyle::Small, Role::Dim)),
-      m_disclosure(new Button({}, Button::Kind::Plain, "chevron.right"))
+      m_disclosure(new Button({}, Button::Kind::Link, "chevron.right"))
 {
     auto *card = new Card;
     makeColumn(0, this)->addWidget(card);
@@ -72,11 +72,11 @@ QWidget *WindowLayoutSummary::makeHead(const Checkpoint &checkpoint)
     auto *head = new QWidget;
     auto *row = makeRow(10, head);
     row->setContentsMargins(15, 0, 15, 0);
-    row->addWidget(new SymbolView("rectangle.3.group"));
+    row->addWidget(new SymbolView("rectangle.3.group"), 0, Qt::AlignTop);
     auto *texts = makeColumn(1);
     texts->addWidget(makeLabel(tr("Window positions"), TextStyle::Strong));
     texts->addWidget(m_none);
-    texts->addWidget(m_disclosure);
+    texts->addWidget(m_disclosure, 0, Qt::AlignLeft);
     row->addLayout(texts, 1);
     if (!checkpoint.isSample) {
         m_update = new Button({});

@@ -149,12 +149,8 @@ QWidget *WorkspaceItemsView::makeApps()
             });
     }
     m_apps->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
-        const SavedApp *const app = appAt(index);
-        if (!app)
-            return;
-        QMenu *const menu = makeMenu(this);
-        fillAppMenu(menu, *app);
-        menu->popup(place);
+        if (const SavedApp *const app = appAt(index))
+            showMenu(place, [&](QMenu *menu) { fillAppMenu(menu, *app); });
     });
     column->addWidget(makeListCard(m_appCard, m_apps));
     m_noApps = makeEmptyCard(tr("No apps saved in this checkpoint."));
@@ -202,12 +198,8 @@ QWidget *WorkspaceItemsView::makeTabs()
             });
     }
     m_tabs->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
-        const SavedTab *const tab = tabAt(index);
-        if (!tab)
-            return;
-        QMenu *const menu = makeMenu(this);
-        fillTabMenu(menu, *tab);
-        menu->popup(place);
+        if (const SavedTab *const tab = tabAt(index))
+            showMenu(place, [&](QMenu *menu) { fillTabMenu(menu, *tab); });
     });
     column->addWidget(makeListCard(m_tabCard, m_tabs));
     m_noTabs = makeEmptyCard(tr("No browser tabs in this checkpoint"),
@@ -217,18 +209,37 @@ QWidget *WorkspaceItemsView::makeTabs()
     return section;
 }
 
+// By what the row says it is: the checkpoint may have changed since it was shown.
 const SavedApp *WorkspaceItemsView::appAt(const QModelIndex &index) const
 {
     const Checkpoint *const checkpoint = current();
-    return checkpoint && index.isValid() && index.row() < checkpoint->apps.size() ? &checkpoint->apps.at(index.row())
-                                                                                  : nullptr;
+    const QString key = m_appModel.rows().at(index.row()).key;
+    for (qsizetype i = 0; checkpoint && i < checkpoint->apps.size(); ++i) {
+        if (checkpoint->apps.at(i).id == key)
+            return &checkpoint->apps.at(i);
+    }
+    return nullptr;
 }
 
 const SavedTab *WorkspaceItemsView::tabAt(const QModelIndex &index) const
 {
     const Checkpoint *const checkpoint = current();
-    return checkpoint && index.isValid() && index.row() < checkpoint->tabs.size() ? &checkpoint->tabs.at(index.row())
-                                                                                  : nullptr;
+    const QUuid key(m_tabModel.rows().at(index.row()).key);
+    for (qsizetype i = 0; checkpoint && i < checkpoint->tabs.size(); ++i) {
+        if (checkpoint->tabs.at(i).id == key)
+            return &checkpoint->tabs.at(i);
+    }
+    return nullptr;
+}
+
+void WorkspaceItemsView::showMenu(const QPoint &place, const std::function<void(QMenu *)> &fill)
+{
+    QMenu *const menu = makeMenu(this);
+    fill(menu);
+    if (menu->isEmpty())
+        delete menu;
+    else
+        menu->popup(place);
 }
 
 void WorkspaceItemsView::fillAppMenu(QMenu *menu, const SavedApp &app)

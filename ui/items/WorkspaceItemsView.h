@@ -7,6 +7,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 class QMenu;
 
 namespace ardeno {
@@ -32,6 +34,7 @@ private:
     const Checkpoint *current() const;
     const SavedApp *appAt(const QModelIndex &index) const;
     const SavedTab *tabAt(const QModelIndex &index) const;
+    void showMenu(const QPoint &place, const std::function<void(QMenu *)> &fill);
     void fillAppMenu(QMenu *menu, const SavedApp &app);
     void fillTabMenu(QMenu *menu, const SavedTab &tab);
     void showCheckpoint();

@@ -4,6 +4,7 @@
 #include "ui/controls/Button.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/ScrollColumn.h"
 #include "ui/controls/Sheet.h"
 #include "ui/theme/Drawing.h"
 
@@ -73,15 +74,17 @@ Sheet *makeUpdateDetailsSheet(AppStore &store, const Screens &screens, const App
     const auto tr = [](const char *text) { return QCoreApplication::translate("ardeno::UpdateDetailsView", text); };
     auto *sheet = new Sheet(tr("What’s new in Ardeno?"), 440);
     sheet->column()->addWidget(makeParagraph(tr("What’s new in Ardeno?"), TextStyle::SheetTitle));
-    sheet->column()->addWidget(makeLabel(tr("Version %1").arg(update.latestVersion), TextStyle::Body, Role::Dim));
+    sheet->column()->addWidget(new LineLabel(tr("Version %1").arg(update.latestVersion), TextStyle::Body, Role::Dim));
+    auto *notes = new ScrollColumn(14);
+    sheet->column()->addWidget(notes, 1);
     for (const QString &note : update.releaseNotes) {
         auto *row = makeRow(9);
         row->addWidget(new SymbolView("checkmark", Role::SageText), 0, Qt::AlignTop);
         row->addWidget(makeParagraph(note), 1);
-        sheet->column()->addLayout(row);
+        notes->column()->addLayout(row);
     }
     if (update.releaseNotes.isEmpty())
-        sheet->column()->addWidget(makeParagraph(tr("Improvements and fixes.")));
+        notes->column()->addWidget(makeParagraph(tr("Improvements and fixes.")));
     sheet->column()->addSpacing(4);
     sheet->addButton(tr("Not now"), Button::Kind::Bordered, [sheet] { sheet->close(); });
     if (screens.openUpdate) {

@@ -81,7 +81,7 @@ ExclusionsView::ExclusionsView(AppStore &store)
     addApps(controls);
     controls->addSpacing(8);
     addWebsites(controls);
-    setMinimumHeight(616);
+    setMinimumHeight(690);
     addButton(tr("Done"), Button::Kind::Prominent, [this] { close(); });
     setOnCancel([&store] { store.showExclusions.set(false); });
     m_observations.watch([this] { showExclusions(); }, store.exclusions);

@@ -182,7 +182,6 @@ void PreferencesView::showUpdate()
     m_download->setVisible(update.has_value());
     m_download->setEnabled(update && isOpenable(update->downloadURL));
     m_checking->setVisible(m_store.checkingForUpdates());
-    m_check->setEnabled(!m_store.checkingForUpdates());
 }
 
 void PreferencesView::showShortcutIssue()

@@ -26,6 +26,7 @@ ProjectChoice::ProjectChoice(AppStore &store) : m_store(store)
     setFont(AppTheme::instance().font(TextStyle::Body));
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // Long names do not widen it.
     setMaxVisibleItems(12);
+    view()->setAccessibleName(tr("Projects"));
     view()->setTextElideMode(Qt::ElideRight);
     connect(this, &QComboBox::activated, this, [this](int row) { choose(row); });
     m_observations.watch([this] { showProjects(); }, store.projects, store.draftProjectID);
@@ -52,6 +53,14 @@ void ProjectChoice::choose(int row)
 {
     const QUuid id = itemData(row).toUuid();
     m_store.draftProjectID.set(id.isNull() ? std::nullopt : std::optional(id));
+}
+
+void ProjectChoice::showPopup()
+{
+    // The popup is a window of its own, which takes no palette from this one.
+    view()->parentWidget()->setPalette(AppTheme::instance().palette());
+    view()->setPalette(AppTheme::instance().palette());
+    QComboBox::showPopup();
 }
 
 QSize ProjectChoice::sizeHint() const

@@ -16,6 +16,8 @@ public:
 
     QSize minimumSizeHint() const override { return sizeHint(); }
 
+    void showPopup() override;
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     // The wheel belongs to the form around it.

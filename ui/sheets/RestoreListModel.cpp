@@ -154,12 +154,14 @@ void RestoreListModel::addWindows(QList<RestoreRow> &rows) const
     for (const UnplacedWindow &unplaced : m_unplaced) {
         const SavedWindow &window = unplaced.window;
         const QString title = ItemText::line(window.title);
-        rows.append(
-            {.kind = RestoreRow::Kind::Window,
-             .title = title.isEmpty() ? ItemText::line(window.appName) : title,
-             .detail = title.isEmpty() ? QString() : ItemText::line(window.appName),
-             .appID = window.appID,
-             .status = {.text = unplaced.reason, .symbol = "exclamationmark.triangle", .role = Role::AmberText}});
+        rows.append({.kind = RestoreRow::Kind::Window,
+                     .title = title.isEmpty() ? ItemText::line(window.appName) : title,
+                     .detail = title.isEmpty() ? QString() : ItemText::line(window.appName),
+                     .appID = window.appID,
+                     .status = {.text = QCoreApplication::translate("ardeno::WindowRestore",
+                                                                    unplaced.reason.toUtf8().constData()),
+                                .symbol = "exclamationmark.triangle",
+                                .role = Role::AmberText}});
     }
     closeCard(rows, begin);
 }

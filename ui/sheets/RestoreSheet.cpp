@@ -105,6 +105,7 @@ QWidget *RestoreSheet::makeLayoutBlock()
            "plus positions and sizes for matching windows. Full-screen Spaces and ambiguous windows "
            "are skipped.");
     const bool hasWindows = m_checkpoint.windows && !m_checkpoint.windows->isEmpty();
+    m_restoreLayout->setFixedWidth(38); // The track alone; its text stands beside it.
     m_restoreLayout->setAccessibleName(title);
     m_restoreLayout->setAccessibleDescription(text);
     m_restoreLayout->setChecked(hasWindows);

@@ -112,15 +112,10 @@ QIcon Symbols::icon(const QString &name, Role role)
 
 void Symbols::drawBrandMark(QPainter &painter, const QRectF &square, const QColor &mark, const QColor &ground)
 {
-    const qreal unit = square.width() / 22;
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(mark);
-    painter.drawRoundedRect(square, 7 * unit, 7 * unit);
-    painter.setBrush(ground);
-    painter.drawRoundedRect(QRectF(square.x() + 10 * unit, square.y() + 4 * unit, 2 * unit, 14 * unit), unit, unit);
-    painter.restore();
+    // The symbol has a hole where the line is.
+    const qreal inset = square.width() / 7;
+    painter.fillRect(square.adjusted(inset, inset, -inset, -inset), ground);
+    draw(painter, "brand", square, mark);
 }
 
 QIcon Symbols::brandIcon()

@@ -18,7 +18,8 @@ bool exists(const QString &name);
 // For menus, tinted when it is drawn.
 QIcon icon(const QString &name, Role role = Role::Text);
 
-// The application's mark, a rounded square with a line.
+// The application's mark, a rounded square with a line. The symbol "brand" is the same in one colour, with the line cut
+// out.
 void drawBrandMark(QPainter &painter, const QRectF &square, const QColor &mark, const QColor &ground);
 QIcon brandIcon();
 

@@ -57,6 +57,12 @@ struct MailDesktop {
         write("config/mimeapps.list", "[Default Applications]\nx-scheme-handler/mailto=" + name + ".desktop\n");
     }
 
+    // As installing applications writes it.
+    void setRegistered(const QByteArray &files) const
+    {
+        write("data/applications/mimeinfo.cache", "[MIME Cache]\nx-scheme-handler/mailto=" + files + "\n");
+    }
+
     static MailDesktop &instance()
     {
         static MailDesktop desktop;
@@ -71,6 +77,7 @@ TEST_CASE("a draft goes to a mail program, and a browser is none")
     const MailDesktop &desktop = MailDesktop::instance();
     desktop.addProgram("surf", "Network;WebBrowser;");
     desktop.setDefault("surf");
+    desktop.setRegistered("surf.desktop;broken.desktop;");
     desktop.write("data/applications/broken.desktop", "[Desktop Entry\nMimeType=x-scheme-handler/mailto;\n");
     const QUrl draft("mailto:a@example.org?subject=One%20%26%20two&body=Line%0Aline", QUrl::StrictMode);
     LinuxMailProgram program;
@@ -78,6 +85,7 @@ TEST_CASE("a draft goes to a mail program, and a browser is none")
     CHECK_FALSE(program.openDraft(QUrl("https://example.org")));
 
     desktop.addProgram("letter", "Network;Email;");
+    desktop.setRegistered("surf.desktop;broken.desktop;letter.desktop;");
     // It takes a moment until what was installed is noticed.
     REQUIRE(QTest::qWaitFor([&] { return program.openDraft(draft); }, 30'000));
     REQUIRE(QTest::qWaitFor([&] { return !desktop.read("letter.got").isEmpty(); }, 30'000));

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/window/TrayItem.h"
+
+#include "app/TrayHost.h"
+#include "ui/theme/Symbols.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QPainter>
+#include <QPixmap>
+
+namespace ardeno {
+
+namespace {
+
+// On any ground; with a dot while a session is recorded.
+QIcon menuIcon(bool isRecording)
+{
+    QIcon icon;
+    for (const int extent : {16, 22, 24, 32, 48}) {
+        QPixmap pixmap(extent, extent);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        Symbols::drawBrandMark(painter, QRectF(1, 1, extent - 2, extent - 2), themeColor(Role::Accent), Qt::white);
+        if (isRecording) {
+            const qreal dot = extent * 0.45;
+            painter.setPen(QPen(Qt::white, extent / 16.0));
+            painter.setBrush(themeColor(Role::Recording));
+            painter.drawEllipse(QRectF(extent - dot - 1, extent - dot - 1, dot, dot));
+        }
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
+
+} // namespace
+
+TrayItem::TrayItem(const AppState &state, ApplicationMenu &menu, const QDBusConnection &connection)
+    : m_state(state),
+      m_menu(menu),
+      m_connection(connection),
+      m_watcher(trayHost::watcher, connection, QDBusServiceWatcher::WatchForOwnerChange)
+{
+    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, [this] {
+        hide(); // The next one knows nothing of it.
+        look();
+    });
+    for (const char *const signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
+        m_connection.connect(trayHost::watcher, trayHost::path, trayHost::watcher, signal, this, SLOT(look()));
+    m_observations.watch([this] { showState(); }, state.recording);
+    look();
+}
+
+void TrayItem::look()
+{
+    auto *const call = new QDBusPendingCallWatcher(m_connection.asyncCall(trayHost::question()), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this, &TrayItem::answered);
+}
+
+void TrayItem::answered(QDBusPendingCallWatcher *call)
+{
+    call->deleteLater();
+    const QDBusPendingReply<QDBusVariant> reply = *call;
+    const bool hasHost = reply.isValid() && reply.value().variant().toBool();
+    if (hasHost && !m_icon)
+        show();
+    else if (!hasHost)
+        hide();
+}
+
+void TrayItem::show()
+{
+    m_iconMenu = std::make_unique<QMenu>();
+    m_menu.fillTray(m_iconMenu.get());
+    m_icon = std::make_unique<QSystemTrayIcon>();
+    m_icon->setContextMenu(m_iconMenu.get());
+    connect(m_icon.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason == QSystemTrayIcon::Trigger)
+            m_menu.openWindow();
+    });
+    showState();
+    m_icon->show();
+}
+
+void TrayItem::hide()
+{
+    m_icon.reset();
+    m_iconMenu.reset();
+}
+
+void TrayItem::showState()
+{
+    if (!m_icon)
+        return;
+    const bool isRecording = m_state.recording();
+    m_icon->setIcon(menuIcon(isRecording));
+    m_icon->setToolTip(isRecording ? tr("Ardeno — Recording") : tr("Ardeno"));
+}
+
+} // namespace ardeno

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/window/ApplicationMenu.h"
+#include "support/Observable.h"
+
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+#include <QMenu>
+#include <QSystemTrayIcon>
+
+#include <memory>
+
+class QDBusPendingCallWatcher;
+
+namespace ardeno {
+
+// The item in the desktop's tray, while there is a host that shows it. Hosts come late, go and come again.
+class TrayItem final : public QObject {
+    Q_OBJECT
+
+public:
+    TrayItem(const AppState &state, ApplicationMenu &menu, const QDBusConnection &connection);
+
+    bool isShown() const { return m_icon != nullptr; }
+
+private Q_SLOTS: // The bus library calls slots alone.
+    void look();
+
+private:
+    void answered(QDBusPendingCallWatcher *call);
+    void show();
+    void hide();
+    void showState();
+
+    const AppState &m_state;
+    ApplicationMenu &m_menu;
+    QDBusConnection m_connection;
+    QDBusServiceWatcher m_watcher;
+    // Before the icon, which refers to it.
+    std::unique_ptr<QMenu> m_iconMenu;
+    std::unique_ptr<QSystemTrayIcon> m_icon;
+    Observations m_observations;
+};
+
+} // namespace ardeno

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "bench/Bench.h"
+#include "platform/null/NullDesktop.h"
+#include "store/AppStore.h"
+#include "ui/main/MainWindow.h"
+#include "ui/sheets/SheetScreens.h"
+#include "ui/theme/AppStyle.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <unistd.h>
+
+// Usage: sheets, on a desktop of its own: tests/desktop/headless-desktop -- build/release/bench/bench_sheets
+
+namespace {
+
+using namespace ardeno;
+using namespace ardeno::bench;
+
+Checkpoint withTabs(const QUuid &project, int tabs, int apps)
+{
+    Checkpoint checkpoint{.title = QString("%1 tabs").arg(tabs), .projectID = project};
+    for (int i = 0; i < apps; ++i)
+        checkpoint.apps.append({QString("app%1").arg(i), QString("Application %1").arg(i)});
+    for (int i = 0; i < tabs; ++i)
+        checkpoint.tabs.append(
+            {.title = QString("Page %1 of many").arg(i), .url = QString("https://example.org/%1").arg(i)});
+    return checkpoint;
+}
+
+// A window on a library that is never written, and one checkpoint with few and one with many tabs.
+struct Sheets {
+    QTemporaryDir home;
+    Desktop desktop = makeNullDesktop("none", "Nothing is captured here.", {});
+    WorkspaceLibrary library;
+    std::unique_ptr<AppStore> store;
+    std::unique_ptr<MainWindow> window;
+
+    Sheets()
+    {
+        library.projects = {{.name = "Thesis"}};
+        const QUuid project = library.projects.first().id;
+        library.checkpoints = {withTabs(project, 5, 5), withTabs(project, 500, 100)};
+        StoreParts parts{.preferences = Preferences(home.filePath("settings")),
+                         .repository = CheckpointRepository(home.filePath("library")),
+                         .loadLibrary = [this] { return library; },
+                         .thumbnailFolder = home.filePath("thumbnails")};
+        store = std::make_unique<AppStore>(desktop, std::move(parts));
+        Screens screens;
+        addSheetScreens(screens);
+        window = std::make_unique<MainWindow>(screens);
+        window->show();
+        window->open(*store);
+        settle();
+    }
+
+    ~Sheets() { window.reset(); }
+
+    // Until the plan is there and everything is painted.
+    static void settle()
+    {
+        for (int round = 0; round < 6; ++round) {
+            QCoreApplication::sendPostedEvents();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QCoreApplication::processEvents();
+        }
+    }
+
+    void select(int checkpoint) const
+    {
+        store->selectCheckpoint(library.checkpoints.at(checkpoint).id);
+        settle();
+    }
+
+    void show(Editable<bool> &flag) const
+    {
+        flag.set(true);
+        settle();
+    }
+
+    void hide() const
+    {
+        store->showRestore.set(false);
+        store->showCapture.set(false);
+        settle();
+    }
+};
+
+double residentBytes()
+{
+    QFile statm("/proc/self/statm");
+    if (!statm.open(QIODevice::ReadOnly))
+        return 0;
+    return statm.readAll().split(' ').at(1).toDouble() * static_cast<double>(::sysconf(_SC_PAGESIZE));
+}
+
+void measurePainting(Table &table, Sheets &sheets)
+{
+    const auto measure = [&](int checkpoint) {
+        std::vector<double> seconds;
+        sheets.select(checkpoint);
+        for (int round = 0; round < 21; ++round) {
+            seconds.push_back(secondsOf([&] { sheets.show(sheets.store->showRestore); }));
+            sheets.hide();
+        }
+        return seconds;
+    };
+    std::vector<double> few;
+    std::vector<double> many;
+    for (int turn = 0; turn < 3; ++turn) { // They take turns, so that a slow moment meets both.
+        for (const double seconds : measure(0))
+            few.push_back(seconds);
+        for (const double seconds : measure(1))
+            many.push_back(seconds);
+    }
+    const double peer = medianOf(few);
+    const double ours = medianOf(many);
+    table.add("restore sheet of 500 tabs, opened and painted / of 5", milliseconds(ours), milliseconds(peer),
+              ours / peer, 1.5);
+}
+
+void measureGrowth(Table &table, Sheets &sheets, Editable<bool> &flag, const QString &name)
+{
+    const auto open = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            sheets.show(flag);
+            sheets.hide();
+        }
+    };
+    open(40);
+    const double before = residentBytes();
+    open(200);
+    const double after = residentBytes();
+    table.add("memory after 200 openings of the " + name + " / before", megabytes(after), megabytes(before),
+              after / before, 1.01);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication::setStyle(new AppStyle);
+    const QApplication application(argc, argv);
+    Table table;
+    Sheets sheets;
+    measurePainting(table, sheets);
+    measureGrowth(table, sheets, sheets.store->showRestore, "restore sheet");
+    measureGrowth(table, sheets, sheets.store->showCapture, "capture sheet");
+    return table.finish();
+}

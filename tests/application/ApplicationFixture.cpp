@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/application/ApplicationFixture.h"
+
+#include <QDeadlineTimer>
+#include <QTest>
+
+#include <csignal>
+
+namespace ardeno {
+
+using desktop_test::eventually;
+using desktop_test::outputOf;
+
+ApplicationFixture::~ApplicationFixture()
+{
+    if (!application)
+        return;
+    application->kill();
+    application->waitForFinished();
+}
+
+void ApplicationFixture::startApplication(const QStringList &arguments)
+{
+    application = start(arguments);
+    // The lock names the application before it serves; a command then waits for it.
+    REQUIRE(eventually([this] {
+        QFile lock(root() + "/lock");
+        return lock.open(QIODevice::ReadOnly) &&
+               lock.readAll().startsWith(QByteArray::number(application->processId()));
+    }));
+    REQUIRE(run({"list"}).status == 0);
+}
+
+ProgramResult ApplicationFixture::terminate() const
+{
+    application->terminate();
+    return end(*application);
+}
+
+QString ApplicationFixture::window(const QString &title) const
+{
+    const QString name = '^' + title + '$';
+    return outputOf("xdotool", {"search", "--all", "--onlyvisible", "--pid", QString::number(application->processId()),
+                                "--name", name})
+        .section('\n', 0, 0);
+}
+
+bool ApplicationFixture::waitForWindow(const QString &title) const
+{
+    return eventually([&] { return !window(title).isEmpty(); });
+}
+
+bool ApplicationFixture::waitForNoWindow(const QString &title) const
+{
+    return eventually([&] { return window(title).isEmpty(); });
+}
+
+QString ApplicationFixture::activeWindow() const
+{
+    return outputOf("xdotool", {"getactivewindow"}).trimmed();
+}
+
+void ApplicationFixture::key(const QString &keys)
+{
+    outputOf("xdotool", {"key", keys});
+}
+
+void ApplicationFixture::type(const QString &text)
+{
+    outputOf("xdotool", {"type", "--delay", "20", text});
+}
+
+bool ApplicationFixture::keyUntil(const QString &keys, const std::function<bool()> &condition)
+{
+    for (int attempt = 0; attempt < 15; ++attempt) {
+        key(keys);
+        if (QTest::qWaitFor(condition, 2000))
+            return true;
+    }
+    return false;
+}
+
+void ApplicationFixture::picture(const QString &name)
+{
+    QDir().mkpath(ARDENO_PICTURES);
+    outputOf("maim", {QString(ARDENO_PICTURES "/%1.png").arg(name)});
+}
+
+} // namespace ardeno

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/application/ApplicationFixture.h"
+
+using namespace ardeno;
+using desktop_test::eventually;
+using desktop_test::outputOf;
+
+TEST_CASE_FIXTURE(ApplicationFixture, "one application has the window and carries out the commands")
+{
+    startApplication({});
+    REQUIRE(waitForWindow("Ardeno"));
+    CHECK(run({"save", "--project", "Thesis", "--no-tabs"}).status == 0);
+    CHECK(run({"show", "XYZ"}).error == "There is no checkpoint “XYZ”.\n");
+    // What another one failed to do is no business of the next.
+    CHECK(run({"allow", "domain", "bank.example"}).error == "“bank.example” is not excluded.\n");
+    CHECK(run({"resume", "--latest", "--no-layout"}).error == "");
+    CHECK(run({"record", "stop"}).error == "No work session is being recorded.\n");
+    CHECK(run({"quick-save", "now"}).status == 2);
+    CHECK(checkpoints().size() == 1);
+
+    CHECK(run({}).status == 0);
+    CHECK(run({"--background"}).status == 0);
+    CHECK(outputOf("wmctrl", {"-l"}).count("Ardeno") == 1);
+    const ProgramResult ended = terminate();
+    CHECK(ended.status == 0);
+    CHECK(ended.error == "");
+    CHECK(run({"list"}).status == 0);
+}
+
+TEST_CASE_FIXTURE(ApplicationFixture, "an application in the background has no window before somebody wants one")
+{
+    startApplication({"--background"});
+    CHECK(run({"save", "--project", "Thesis", "--no-tabs"}).status == 0);
+    CHECK(window("Ardeno").isEmpty());
+    CHECK(run({}).status == 0);
+    REQUIRE(waitForWindow("Ardeno"));
+    CHECK(run({"save", "--project", "Thesis", "--no-tabs"}).status == 0);
+    CHECK(checkpoints().size() == 2);
+    CHECK(terminate().status == 0);
+}
+
+TEST_CASE_FIXTURE(ApplicationFixture,
+                  "while a session is recorded its user cannot quit, and the system only after a save")
+{
+    startApplication({});
+    REQUIRE(waitForWindow("Ardeno"));
+    REQUIRE(run({"record", "start", "--project", "Thesis"}).status == 0);
+    run({}); // With the keyboard.
+    REQUIRE(eventually([this] { return activeWindow() == window("Ardeno"); }));
+    key("ctrl+q");
+    CHECK_FALSE(application->waitForFinished(1500));
+    picture("quit-refused");
+    CHECK(checkpoints().isEmpty());
+
+    CHECK(terminate().status == 0);
+    REQUIRE(checkpoints().size() == 1);
+    CHECK(QFile::exists(checkpoints().at(0).toObject().value("recording").toString()));
+}
+
+TEST_CASE_FIXTURE(ApplicationFixture, "a closed window leaves the application running, which says so once")
+{
+    startApplication({});
+    REQUIRE(run({"save", "--project", "Thesis", "--no-tabs"}).status == 0);
+    REQUIRE(waitForWindow("Ardeno"));
+    const auto close = [this] { outputOf("wmctrl", {"-i", "-c", window("Ardeno")}); };
+    close();
+    run({});
+    CHECK(keyUntil("Return", [this] { return window("Ardeno").isEmpty(); })); // "Close window".
+    CHECK(isRunning());
+    CHECK(run({"save", "--project", "Thesis", "--no-tabs"}).status == 0);
+
+    CHECK(run({}).status == 0);
+    REQUIRE(waitForWindow("Ardeno"));
+    close();
+    CHECK(waitForNoWindow("Ardeno"));
+    CHECK(run({}).status == 0);
+    REQUIRE(waitForWindow("Ardeno"));
+    CHECK(keyUntil("ctrl+q", [this] { return application->state() == QProcess::NotRunning; }));
+    CHECK(end(*application).status == 0);
+    CHECK(checkpoints().size() == 2);
+}
+
+TEST_CASE_FIXTURE(ApplicationFixture, "without a session bus there is a window, which quits when it is closed")
+{
+    environment.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + home.filePath("nowhere"));
+    CHECK(run({"--background"}).status == 3);
+    application = start({});
+    REQUIRE(waitForWindow("Ardeno"));
+    CHECK(keyUntil("ctrl+q", [this] { return application->state() == QProcess::NotRunning; }));
+    CHECK(end(*application).status == 0);
+}

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/ui/CutTexts.h"
+#include "tests/ui/WindowFixture.h"
+#include "ui/settings/SettingsScreens.h"
+#include "ui/sheets/SheetScreens.h"
+#include "ui/viewer/ScreenshotViewer.h"
+#include "words/Words.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include <unicode/locid.h>
+
+using namespace ardeno;
+
+namespace {
+
+// The program as someone sees it whose desktop is German.
+struct GermanFixture : WindowFixture {
+    Words words = Words(QStringList{"de"});
+
+    GermanFixture()
+    {
+        setLanguage(QLocale(QLocale::German, QLocale::Germany), icu::Locale::getGermany());
+        addSettingsScreens(&screens);
+        addSheetScreens(screens);
+    }
+
+    ~GermanFixture()
+    {
+        window.reset();
+        setLanguage(QLocale(QLocale::English, QLocale::UnitedStates), icu::Locale::getUS());
+    }
+
+    static void setLanguage(const QLocale &locale, const icu::Locale &dates)
+    {
+        QLocale::setDefault(locale);
+        UErrorCode status = U_ZERO_ERROR;
+        icu::Locale::setDefault(dates, status);
+    }
+
+    void look(const QString &name)
+    {
+        settle();
+        picture("german-" + name);
+        CAPTURE(name);
+        CHECK(window->size() == QSize(960, 690));
+        CHECK(textsThatAreCut(window.get()) == QStringList());
+    }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(GermanFixture, "the whole program speaks another language, and nothing is cut off in its long words")
+{
+    openWindow();
+    window->resize(960, 690);
+    look("empty");
+    const QUuid thesis = *store().createProject("Abschlussarbeit");
+    look("project");
+    store().setProjectBlocker(*store().createProject("Website"), "das überarbeitete Angebot");
+    saveCheckpoint(thesis, "Auswertung", Date::now().seconds - 86'400);
+    Checkpoint latest = saveCheckpoint(thesis, "Vergleich", Date::now().seconds - 60);
+    latest.apps = {{"a", "A"}};
+    latest.tabs = {{.title = "Eine Seite", .url = "https://example.org"}};
+    QImage screen(1920, 1080, QImage::Format_RGB32);
+    screen.fill(Qt::darkCyan);
+    REQUIRE(screen.save(*latest.screenshot));
+    REQUIRE(store().save(latest));
+    CHECK(store().notice() != QString("Checkpoint saved."));
+    store().selectCheckpoint(latest.id);
+    settle();
+    CHECK(seesText(u"Apps: 1 · 1 Seite · Sie wählen, was geöffnet wird"_qs));
+    look("detail");
+    auto *const page = window->findChild<QScrollArea *>();
+    page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum());
+    look("notes");
+    click("Checkpoints verwalten");
+    look("manager");
+    click("Fertig");
+    click(u"Checkpoint-Details …"_qs);
+    look("edit");
+    click("Abbrechen");
+    store().requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
+    look("capture");
+    press(Qt::Key_Escape);
+    store().showRestore.set(true);
+    settle();
+    REQUIRE(eventually([this] { return findButton("Abbrechen") != nullptr; }));
+    look("restore");
+    press(Qt::Key_Escape);
+    click("Alle Projekte");
+    look("overview");
+    click("Neues Projekt");
+    look("new-project");
+    click("Abbrechen");
+}
+
+TEST_CASE_FIXTURE(GermanFixture, "settings, exclusions and the viewer fit in another language, too")
+{
+    openWindow();
+    window->resize(960, 690);
+    click("Einstellungen");
+    CHECK(findButton("Kurzbefehl zum Sichern: Strg+Alt+Super+S (Standard)"));
+    store().shortcutIssue.set("Problem");
+    look("preferences");
+    for (QScrollArea *const page : window->sheets().topSheet()->findChildren<QScrollArea *>())
+        page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum());
+    look("preferences-end");
+    click(u"Ausnahmen …"_qs);
+    store().excludeApp({"org.editor", "Texteditor"});
+    store().excludeDomain("beispiel.example");
+    look("exclusions");
+    click(u"App wählen …"_qs);
+    look("applications");
+    press(Qt::Key_Escape);
+    click("Fertig");
+    click("Fehler melden");
+    look("bug-report");
+    press(Qt::Key_Escape);
+
+    QImage screen(1920, 1080, QImage::Format_RGB32);
+    screen.fill(Qt::darkCyan);
+    REQUIRE(screen.save(home.filePath("screen.png")));
+    for (const QString &path : {home.filePath("screen.png"), home.filePath("missing.png")}) {
+        ScreenshotViewer viewer(path);
+        viewer.setAttribute(Qt::WA_DeleteOnClose, false);
+        viewer.resize(viewer.minimumSize());
+        viewer.show();
+        settle();
+        CHECK(textsThatAreCut(&viewer) == QStringList());
+    }
+}

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/quicksave/QuickSaveContent.h"
+
+#include "ui/controls/Button.h"
+#include "ui/controls/Choice.h"
+#include "ui/controls/Fields.h"
+#include "ui/controls/Ground.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Progress.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+
+namespace ardeno {
+
+namespace {
+
+constexpr int panelWidth = 470;
+constexpr int labelWidth = 62;
+constexpr int storageNoteWidth = 190;
+
+} // namespace
+
+QuickSaveContent::QuickSaveContent(AppStore &store, QWidget *parent)
+    : QWidget(parent),
+      m_store(store),
+      m_project(new Choice(tr("Project"))),
+      m_newProject(new TextField(tr("New project name"), tr("New project name"))),
+      m_next(new TextField(tr("Next time, start by…"), tr("Optional — e.g. Test the navigation on mobile"))),
+      m_disclosure(new Button(tr("More options"), Button::Kind::Plain)),
+      m_problem(makeParagraph({}, TextStyle::Body, Role::RecordingText)),
+      m_progress(new Progress(tr("Saving"))),
+      m_cancel(new Button(tr("Cancel"))),
+      m_save(new Button(tr("Save checkpoint"), Button::Kind::Prominent))
+{
+    setFixedWidth(panelWidth);
+    m_details = makeDetails();
+    auto *column = makeColumn(8, this);
+    column->setContentsMargins(18, 16, 18, 16);
+    column->addWidget(makeLabel(tr("Leave yourself a starting point."), TextStyle::BarTitle));
+    column->addSpacing(2);
+    column->addWidget(makeProjectRow());
+    column->addWidget(m_newProject);
+    column->addSpacing(2);
+    column->addWidget(makeLabel(tr("Next time, start by…"), TextStyle::Medium, Role::Dim));
+    column->addWidget(m_next);
+    column->addWidget(m_disclosure, 0, Qt::AlignLeft);
+    column->addWidget(m_details);
+    column->addWidget(m_problem);
+    column->addWidget(makeFooter());
+    bind(m_newProject, store.draftProjectName);
+    bind(m_next, store.draftNext);
+    m_project->setOnChoose([this](const QVariant &chosen) {
+        const QUuid id = chosen.toUuid();
+        m_store.draftProjectID.set(id.isNull() ? std::nullopt : std::optional(id));
+    });
+    connect(m_disclosure, &QAbstractButton::clicked, this, [this] { showDetails(m_details->isHidden()); });
+    showDetails(false);
+    m_observations.watch([this] { showProjects(); }, store.projects, store.draftProjectID);
+    m_observations.watch([this] { showState(); }, store.busy, store.requestingAccess, store.draftProjectID,
+                         store.draftProjectName, store.captureIssue, store.error);
+}
+
+QWidget *QuickSaveContent::makeProjectRow()
+{
+    auto *row = new QWidget;
+    auto *layout = makeRow(10, row);
+    QLabel *const label = makeLabel(tr("Project"), TextStyle::Medium, Role::Dim);
+    label->setFixedWidth(labelWidth);
+    layout->addWidget(label);
+    layout->addWidget(m_project, 1);
+    return row;
+}
+
+QWidget *QuickSaveContent::makeDetails()
+{
+    auto *details = new QWidget(this);
+    auto *column = makeColumn(10, details);
+    auto *title =
+        new TextField(tr("Checkpoint title (automatic if empty)"), tr("Checkpoint title (automatic if empty)"));
+    bind(title, m_store.draftTitle);
+    column->addWidget(title);
+    auto *tabs = new Switch(tr("Include browser tabs"));
+    connect(tabs, &QAbstractButton::toggled, this, [this](bool isOn) { m_store.includeBrowser.set(isOn); });
+    m_observations.watch([this, tabs] { tabs->setChecked(m_store.includeBrowser()); }, m_store.includeBrowser);
+    column->addWidget(tabs);
+    return details;
+}
+
+QWidget *QuickSaveContent::makeFooter()
+{
+    auto *footer = new QWidget;
+    auto *row = makeRow(10, footer);
+    row->setContentsMargins(2, 4, 0, 0);
+    row->addWidget(new SymbolView("lock", Role::Dim));
+    QLabel *const note = makeParagraph(tr("All screens and workspace saved on this Mac."), TextStyle::Small, Role::Dim);
+    note->setFixedWidth(storageNoteWidth);
+    row->addWidget(note);
+    row->addStretch();
+    row->addWidget(m_progress);
+    row->addWidget(m_cancel);
+    row->addWidget(m_save);
+    connect(m_cancel, &QAbstractButton::clicked, this, [this] { m_store.cancelCapture(); });
+    connect(m_save, &QAbstractButton::clicked, this, [this] { save(); });
+    return footer;
+}
+
+void QuickSaveContent::bind(QLineEdit *field, Editable<QString> &text)
+{
+    connect(field, &QLineEdit::textEdited, this, [&text](const QString &typed) { text.set(typed); });
+    // Only what comes from elsewhere, so that the cursor stays.
+    m_observations.watch(
+        [field, &text] {
+            if (field->text() != text())
+                field->setText(text());
+        },
+        text);
+}
+
+void QuickSaveContent::showProjects()
+{
+    QList<Choice::Option> options;
+    for (const Project &project : m_store.availableProjects())
+        options.append({project.name, project.id});
+    options.append({tr("New project…"), QUuid()});
+    m_project->setOptions(options);
+    m_project->setCurrent(m_store.draftProjectID().value_or(QUuid()));
+    m_newProject->setVisible(!m_store.draftProjectID());
+}
+
+void QuickSaveContent::showState()
+{
+    const bool isBusy = m_store.busy() || m_store.requestingAccess();
+    const bool lacksName = !m_store.draftProjectID() && m_store.draftProjectName().trimmed().isEmpty();
+    m_progress->setVisible(m_store.busy());
+    m_cancel->setEnabled(!isBusy);
+    m_save->setEnabled(!isBusy && !lacksName);
+    const std::optional<QString> problem = m_store.captureIssue() ? m_store.captureIssue() : m_store.error();
+    m_problem->setText(problem.value_or(QString()));
+    m_problem->setVisible(problem.has_value());
+}
+
+void QuickSaveContent::showDetails(bool isOpen)
+{
+    m_details->setVisible(isOpen);
+    m_disclosure->setSymbol(isOpen ? "chevron.down" : "chevron.right");
+}
+
+void QuickSaveContent::takeFocus()
+{
+    const bool needsName = !m_newProject->isHidden() && m_newProject->text().isEmpty();
+    (needsName ? m_newProject : m_next)->setFocus(Qt::OtherFocusReason);
+}
+
+void QuickSaveContent::save()
+{
+    m_store.captureMoment(m_store.draftTitle(), m_store.draftNext(), CaptureKind::Checkpoint);
+}
+
+void QuickSaveContent::paintEvent(QPaintEvent *)
+{
+    QPainter(this).fillRect(rect(), themeColor(Role::Paper));
+}
+
+void QuickSaveContent::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        m_cancel->click();
+    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        m_save->click();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+} // namespace ardeno

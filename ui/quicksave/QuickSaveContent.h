@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+
+#include <QWidget>
+
+class QLabel;
+class QLineEdit;
+
+namespace ardeno {
+
+class Button;
+class Choice;
+class Switch;
+class TextField;
+
+// The few fields that a checkpoint needs.
+class QuickSaveContent final : public QWidget {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::QuickSaveContent)
+
+public:
+    explicit QuickSaveContent(AppStore &store, QWidget *parent = nullptr);
+
+    // The first thing to type.
+    void takeFocus();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    QWidget *makeProjectRow();
+    QWidget *makeDetails();
+    QWidget *makeFooter();
+    void bind(QLineEdit *field, Editable<QString> &text);
+    void showProjects();
+    void showState();
+    void showDetails(bool isOpen);
+    void save();
+
+    AppStore &m_store;
+    Choice *m_project;
+    TextField *m_newProject;
+    TextField *m_next;
+    Button *m_disclosure;
+    QWidget *m_details = nullptr;
+    QLabel *m_problem;
+    QWidget *m_progress;
+    Button *m_cancel;
+    Button *m_save;
+    Observations m_observations;
+};
+
+} // namespace ardeno

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/quicksave/QuickSaveController.h"
+
+#include <utility>
+
+namespace ardeno {
+
+namespace {
+
+// The values of shortcutChoice; any other is the default.
+constexpr int shiftSuperChoice = 1;
+constexpr int offChoice = 2;
+
+} // namespace
+
+QuickSaveController::QuickSaveController(AppStore &store, Desktop &desktop, std::function<void()> showWindow)
+    : m_store(store), m_desktop(desktop), m_showWindow(std::move(showWindow))
+{
+    if (m_desktop.hotKeys->availability().isAvailable())
+        m_observations.watch([this] { registerShortcut(m_store.shortcutChoice()); }, store.shortcutChoice);
+    else
+        store.shortcutIssue.set(
+            tr("The global shortcut could not start. Quick save is still available in the menu bar."));
+    m_observations.watch([this] { followFlag(); }, store.showQuickCapture);
+}
+
+QuickSaveController::~QuickSaveController()
+{
+    m_desktop.hotKeys->release();
+}
+
+void QuickSaveController::registerShortcut(int choice)
+{
+    m_desktop.hotKeys->release();
+    m_store.shortcutIssue.set(std::nullopt);
+    if (choice == offChoice)
+        return;
+    const auto refused = [this](const Failure &) {
+        m_store.shortcutIssue.set(tr("That shortcut is unavailable. Choose another shortcut or use the menu bar."));
+    };
+    using Combination = HotKeys::Combination;
+    const Combination keys = choice == shiftSuperChoice ? Combination::ShiftSuperS : Combination::ControlAltSuperS;
+    try {
+        m_desktop.hotKeys->listen(keys, {.pressed = [this] { trigger(); }, .lost = refused});
+    } catch (const Failure &failure) {
+        refused(failure);
+    }
+}
+
+void QuickSaveController::trigger()
+{
+    if (m_store.showQuickCapture() && m_panel)
+        m_desktop.ownWindows->floatAbove(m_panel->winId());
+    else if (isSheetOpen())
+        m_showWindow();
+    else
+        m_store.requestCapture(CaptureKind::Checkpoint, CaptureForm::QuickPanel);
+}
+
+// The panel does not open on top of something unfinished.
+bool QuickSaveController::isSheetOpen() const
+{
+    return m_store.showCapture() || m_store.showRestore() || m_store.showSettings() || m_store.showNewProject() ||
+           m_store.editingBlocker();
+}
+
+void QuickSaveController::followFlag()
+{
+    if (m_store.showQuickCapture())
+        present();
+    else
+        hide();
+}
+
+void QuickSaveController::present()
+{
+    if (!m_panel)
+        m_panel = std::make_unique<QuickSavePanel>(m_store);
+    m_desktop.ownWindows->rememberFocus();
+    // The window manager is asked about windows that it knows.
+    m_panel->present([this] { m_desktop.ownWindows->floatAbove(m_panel->winId()); });
+}
+
+void QuickSaveController::hide()
+{
+    if (!m_panel || !m_panel->isVisible())
+        return;
+    m_desktop.ownWindows->returnFocus(m_panel->winId());
+    m_panel->hide();
+}
+
+} // namespace ardeno
