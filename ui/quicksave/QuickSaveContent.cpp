@@ -18,6 +18,7 @@ namespace {
 
 constexpr int panelWidth = 470;
 constexpr int labelWidth = 62;
+constexpr int disclosurePadding = 13;
 constexpr int storageNoteWidth = 190;
 
 } // namespace
@@ -45,7 +46,10 @@ QuickSaveContent::QuickSaveContent(AppStore &store, QWidget *parent)
     column->addSpacing(2);
     column->addWidget(makeLabel(tr("Next time, start by…"), TextStyle::Medium, Role::Dim));
     column->addWidget(m_next);
-    column->addWidget(m_disclosure, 0, Qt::AlignLeft);
+    auto *disclosure = makeRow(0);
+    disclosure->setContentsMargins(-disclosurePadding, 0, 0, 0); // Its symbol begins where the fields do.
+    disclosure->addWidget(m_disclosure, 0, Qt::AlignLeft);
+    column->addLayout(disclosure);
     column->addWidget(m_details);
     column->addWidget(m_problem);
     column->addWidget(makeFooter());
