@@ -54,6 +54,7 @@ DetailBar::DetailBar(AppStore &store, const Screens &screens, std::function<void
     row->addWidget(m_progress);
     row->addWidget(m_recording);
     m_stop->setVisible(static_cast<bool>(screens.stopRecording));
+    m_stop->setAccessibleName(m_stop->text()); // Else screen readers would take the "&" for a mark of a letter.
     connect(m_stop, &QAbstractButton::clicked, this, [this, stop = screens.stopRecording] { stop(m_store); });
     Button *const more = Button::makeIcon("ellipsis", tr("More actions"));
     more->setFixedWidth(34);
