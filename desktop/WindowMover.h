@@ -47,8 +47,10 @@ public:
 
     // NeedsConsent: the user has not allowed it yet.
     virtual Capability availability() const = 0;
+
     // Asks the user, where the desktop has such a question; answers at once.
     virtual void ask() {}
+
     // Answers at once.
     virtual QList<MovableWindow> windows() = 0;
     // The results in the order of the moves. Sets the size first, then the position. An application that does not

@@ -53,6 +53,7 @@ DetailBar::DetailBar(AppStore &store, const Screens &screens, std::function<void
     row->addWidget(m_title, 1);
     row->addWidget(m_progress);
     row->addWidget(m_recording);
+    m_stop->setAccessibleName(m_stop->text()); // Else screen readers would take the "&" for a mark of a letter.
     connect(m_stop, &QAbstractButton::clicked, this, [this, stop = screens.stopRecording] {
         if (stop)
             stop(m_store);

@@ -26,7 +26,7 @@ QWidget *makeLabelled(const QString &label, QWidget *field)
     return group;
 }
 
-constexpr int columnGap = 28;
+constexpr int columnGap = 24;
 
 } // namespace
 

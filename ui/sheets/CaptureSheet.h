@@ -23,7 +23,7 @@ protected:
 
 private:
     static constexpr int formWidth = 444;
-    static constexpr int setupWidth = 376;
+    static constexpr int setupWidth = 414;
 
     QWidget *makeMiddle();
     QWidget *makeForm();
