@@ -131,9 +131,9 @@ TEST_CASE_FIXTURE(ViewerFixture, "the screenshot of a checkpoint opens in one wi
     CHECK(openViewers().first()->canvas().hasPreview()); // The picture in the window, until the file is read.
     click("Expand");
     CHECK(openViewers().size() == 1);
+    REQUIRE(eventually([&] { return openViewers().first()->isActiveWindow(); }));
     QTest::keyClick(openViewers().first(), Qt::Key_Escape);
-    settle();
-    CHECK(openViewers().isEmpty());
+    CHECK(eventually([&] { return openViewers().isEmpty(); }));
 }
 
 TEST_CASE_FIXTURE(ViewerFixture, "buttons, wheel, pinch, double click and keys zoom")
