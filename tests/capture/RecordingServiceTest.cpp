@@ -53,7 +53,8 @@ const Failure diskFull("POSIX", 28, "No space left on device.");
 
 } // namespace
 
-TEST_CASE_FIXTURE(RecordedScreen, "the main display is recorded, without the excluded applications and those that start later")
+TEST_CASE_FIXTURE(RecordedScreen,
+                  "the main display is recorded, without the excluded applications and those that start later")
 {
     memory.displays[0].isMain = false;
     memory.displays[1].isMain = true;
@@ -104,7 +105,8 @@ TEST_CASE_FIXTURE(RecordedScreen,
     CHECK(reported.isEmpty());
 }
 
-TEST_CASE_FIXTURE(RecordedScreen, "a file that is never finished ends in a failure, and the next recording begins afresh")
+TEST_CASE_FIXTURE(RecordedScreen,
+                  "a file that is never finished ends in a failure, and the next recording begins afresh")
 {
     CaptureService impatient(*desktop.screenCapture, desktop.screenRecorder.get(), std::chrono::milliseconds(1));
     const QString path = folder.filePath("session.mp4");
@@ -119,7 +121,8 @@ TEST_CASE_FIXTURE(RecordedScreen, "a file that is never finished ends in a failu
     CHECK(outcome(impatient.stopRecording()).startsWith("Capture 3: "));
 }
 
-TEST_CASE_FIXTURE(RecordedScreen, "a recording that breaks off is reported, and stopping it gives the last reason at once")
+TEST_CASE_FIXTURE(RecordedScreen,
+                  "a recording that breaks off is reported, and stopping it gives the last reason at once")
 {
     REQUIRE(start() == "");
     memory.recordingEvents.failed(diskFull);

@@ -64,7 +64,8 @@ struct ScreenshotFixture {
 
 } // namespace
 
-TEST_CASE_FIXTURE(ScreenshotFixture, "all displays are composed where they stand, and only the user may read the picture")
+TEST_CASE_FIXTURE(ScreenshotFixture,
+                  "all displays are composed where they stand, and only the user may read the picture")
 {
     screen.connected = {{7, {0, 0, 1920, 1080}}, {9, {100, -800, 1280, 800}}};
 

@@ -51,7 +51,7 @@ struct InMemoryDesktop {
     bool areKeysTaken = false;      // By another program.
     QStringList focusRequests = {}; // "front", "above", "remember", "return", as they were made.
     bool hasMailProgram = true;
-    QList<QUrl> mailDrafts = {};                  // What the mail program was asked to open.
+    QList<QUrl> mailDrafts = {}; // What the mail program was asked to open.
 
     InMemoryDesktop() = default;
     InMemoryDesktop(const InMemoryDesktop &) = delete;

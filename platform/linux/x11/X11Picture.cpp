@@ -207,8 +207,7 @@ bool X11Picture::isScreenItself(const X11Connection &connection) const
         return false;
     const DisplayPlacement &only = m_request.placements.first();
     return X11Canvas::isUnscaled(only) && only.target.x == 0 && only.target.y == 0 &&
-           X11Canvas::screenArea(only.display).size() == m_request.size &&
-           hasUsualPixels(connection);
+           X11Canvas::screenArea(only.display).size() == m_request.size && hasUsualPixels(connection);
 }
 
 void X11Picture::requireSameDisplays(const X11Connection &connection) const
