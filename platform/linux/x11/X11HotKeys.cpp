@@ -3,6 +3,7 @@
 
 #include "platform/linux/x11/X11KeyMap.h"
 
+#include <cstdlib>
 #include <utility>
 #include <vector>
 
@@ -28,6 +29,11 @@ quint16 modifierMask(const X11KeyMap &map, HotKeys::Combination keys)
 }
 
 } // namespace
+
+X11HotKeys::~X11HotKeys()
+{
+    release();
+}
 
 void X11HotKeys::listen(Combination keys, Listener listener)
 {
@@ -82,10 +88,12 @@ void X11HotKeys::grab()
     throw Failure("HotKeys", 1, u"Another program has these keys."_qs);
 }
 
+// Others can have the keys as soon as this returns.
 void X11HotKeys::ungrab() const
 {
-    xcb_ungrab_key(m_connection->xcb(), XCB_GRAB_ANY, m_connection->root(), XCB_MOD_MASK_ANY);
-    xcb_flush(m_connection->xcb());
+    xcb_connection_t *xcb = m_connection->xcb();
+    const xcb_void_cookie_t done = xcb_ungrab_key_checked(xcb, XCB_GRAB_ANY, m_connection->root(), XCB_MOD_MASK_ANY);
+    std::free(xcb_request_check(xcb, done));
 }
 
 void X11HotKeys::readEvents()

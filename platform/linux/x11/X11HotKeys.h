@@ -13,6 +13,11 @@ namespace ardeno {
 // Takes the keys from the X server, on a connection of its own that is made when keys are first wanted.
 class X11HotKeys final : public HotKeys {
 public:
+    X11HotKeys() = default;
+    ~X11HotKeys() override;
+    X11HotKeys(const X11HotKeys &) = delete;
+    X11HotKeys &operator=(const X11HotKeys &) = delete;
+
     Capability availability() const override { return Capability::available(); }
 
     void listen(Combination keys, Listener listener) override;
