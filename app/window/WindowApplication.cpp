@@ -197,7 +197,6 @@ void WindowApplication::refuseLogout(QSessionManager &manager)
     if (!isRecording || !manager.allowsInteraction())
         return; // What is recorded is saved when the end comes.
     quit();
-    manager.release();
     manager.cancel();
 }
 

@@ -113,7 +113,7 @@
     </message>
     <message>
         <source>All screens and workspace saved on this Mac.</source>
-        <translation>Alle Bildschirme und die Arbeitsumgebung auf diesem Computer gesichert.</translation>
+        <translation>Bildschirme und Arbeitsumgebung bleiben auf diesem Computer.</translation>
     </message>
     <message>
         <source>Finder location restored</source>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/CutTexts.h"
 #include "tests/ui/WindowFixture.h"
+#include "ui/quicksave/QuickSavePanel.h"
 #include "ui/settings/SettingsScreens.h"
 #include "ui/sheets/SheetScreens.h"
 #include "ui/viewer/ScreenshotViewer.h"
@@ -132,4 +133,10 @@ TEST_CASE_FIXTURE(GermanFixture, "settings, exclusions and the viewer fit in ano
         settle();
         CHECK(textsThatAreCut(&viewer) == QStringList());
     }
+
+    QuickSavePanel panel(store());
+    panel.present([] {});
+    settle();
+    CHECK(textsThatAreCut(&panel) == QStringList());
+    CHECK(panel.grab().save(QString(ARDENO_PICTURES) + "/german-quick-save.png"));
 }

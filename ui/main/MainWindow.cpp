@@ -32,6 +32,7 @@ struct MainWindow::Actions {
     QAction *next = nullptr;
     QAction *previous = nullptr;
     QAction *remove = nullptr;
+    QAction *settings = nullptr;
 };
 
 namespace {
@@ -210,6 +211,8 @@ void MainWindow::makeActions()
                               [this] { m_timeline->selectNeighbour(-1); });
     m_actions->remove =
         add(tr("Delete checkpoint…"), Qt::CTRL | Qt::Key_Delete, "trash", [this] { m_presentations->confirmDelete(); });
+    m_actions->settings = add(tr("Settings"), Qt::CTRL | Qt::Key_Comma, "slider.horizontal.3",
+                              [this] { m_store->showSettings.set(true); });
 }
 
 void MainWindow::enableActions()
@@ -225,6 +228,8 @@ void MainWindow::enableActions()
     m_actions->next->setEnabled(isReachable && hasCheckpoint);
     m_actions->previous->setEnabled(isReachable && hasCheckpoint);
     m_actions->remove->setEnabled(isReachable && hasCheckpoint && !m_store->selected()->isSample);
+    m_actions->settings->setVisible(static_cast<bool>(m_screens.preferences));
+    m_actions->settings->setEnabled(isReachable);
 }
 
 void MainWindow::fillMenu(QMenu *menu)
@@ -237,6 +242,7 @@ void MainWindow::fillMenu(QMenu *menu)
     menu->addSeparator();
     menu->addAction(m_actions->remove);
     menu->addSeparator();
+    menu->addAction(m_actions->settings);
     menu->addActions(m_applicationActions);
 }
 

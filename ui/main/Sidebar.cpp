@@ -108,6 +108,7 @@ QWidget *Sidebar::makeSettings()
     auto *column = makeColumn(0, block);
     column->setContentsMargins(0, 8, 0, 0);
     Button *const settings = Button::makeRow(tr("Settings"), "slider.horizontal.3");
+    settings->setHint(tr("Settings"), "Ctrl+,");
     connect(settings, &QAbstractButton::clicked, this, [this] { m_store.showSettings.set(true); });
     column->addWidget(settings);
     return block;

@@ -19,7 +19,6 @@ namespace {
 constexpr int panelWidth = 470;
 constexpr int labelWidth = 62;
 constexpr int disclosurePadding = 13;
-constexpr int storageNoteWidth = 190;
 
 } // namespace
 
@@ -98,10 +97,8 @@ QWidget *QuickSaveContent::makeFooter()
     auto *row = makeRow(10, footer);
     row->setContentsMargins(2, 4, 0, 0);
     row->addWidget(new SymbolView("lock", Role::Dim));
-    QLabel *const note = makeParagraph(tr("All screens and workspace saved on this Mac."), TextStyle::Small, Role::Dim);
-    note->setFixedWidth(storageNoteWidth);
-    row->addWidget(note);
-    row->addStretch();
+    // Has what the buttons leave, whatever the language.
+    row->addWidget(makeParagraph(tr("All screens and workspace saved on this Mac."), TextStyle::Small, Role::Dim), 1);
     row->addWidget(m_progress);
     row->addWidget(m_cancel);
     row->addWidget(m_save);
