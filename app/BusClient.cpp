@@ -6,6 +6,7 @@
 #include "desktop/Capability.h"
 #include "model/CheckpointRepository.h"
 #include "model/LibraryLock.h"
+#include "platform/MakeDesktop.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -95,7 +96,8 @@ void BusClient::startApplication()
     if (!connection.isConnected())
         throw notAvailable("There is no session bus, over which Ardeno could be reached again.");
     QProcess program;
-    program.setProgram(QCoreApplication::applicationFilePath());
+    const QString kind = isDisplayReachable() ? "/ardeno-window" : "/ardeno-command";
+    program.setProgram(QCoreApplication::applicationDirPath() + kind);
     program.setArguments({"--background"});
     program.setStandardInputFile(QProcess::nullDevice());
     program.setStandardOutputFile(QProcess::nullDevice());

@@ -15,7 +15,7 @@ namespace {
 QString pathOf(const QString &module)
 {
     const QString program = QCoreApplication::applicationDirPath();
-    for (const char *folder : {"/../lib/ardeno/", "/lib/ardeno/"}) {
+    for (const char *folder : {"/", "/../lib/ardeno/"}) {
         QString path = program + folder + module + ".so";
         if (QFileInfo::exists(path))
             return path;

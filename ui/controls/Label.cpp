@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/Label.h"
 
+#include "ui/controls/ParagraphLayout.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
 
 #include <QEvent>
 #include <QHelpEvent>
 #include <QPainter>
-#include <QTextLayout>
-#include <QTextOption>
 #include <QToolTip>
 
 #include <algorithm>
@@ -18,18 +17,10 @@ namespace ardeno {
 
 namespace {
 
-// The end of the part of the text that a screen could show at all; not within a character.
-qsizetype endWithin(const QString &text, qsizetype most)
-{
-    if (text.size() <= most)
-        return text.size();
-    return text.at(most).isLowSurrogate() ? most - 1 : most;
-}
-
 // A label whose lines also break within words. Screen readers find the whole text, as in every label.
 class Paragraph final : public QLabel {
 public:
-    explicit Paragraph(int mostLines) : m_mostLines(mostLines)
+    explicit Paragraph(int mostLines) : m_isLimited(mostLines > 0), m_layout(mostLines)
     {
         setTextFormat(Qt::PlainText);
         setWordWrap(true);
@@ -42,29 +33,22 @@ public:
     {
         // As wide as the text in one line, as far as a window is wide at all.
         constexpr int widest = 520;
-        const int wide = std::min(widest, fontMetrics().size(0, shown()).width() + 1);
-        return {wide, heightForWidth(wide)};
+        return layout().sizeWithin(widest);
     }
 
-    int heightForWidth(int width) const override
-    {
-        QTextLayout layout;
-        layOut(layout, width);
-        return std::max(fontMetrics().height(), static_cast<int>(std::ceil(layout.boundingRect().bottom())));
-    }
+    int heightForWidth(int width) const override { return layout().heightForWidth(width); }
 
 protected:
     void paintEvent(QPaintEvent *) override
     {
-        QTextLayout layout;
-        const bool isCut = layOut(layout, width());
+        const QTextLayout &lines = layout().lines(width());
         QPainter painter(this);
         painter.setPen(palette().color(foregroundRole()));
         painter.setFont(font());
-        const qreal top = std::max<qreal>(0, (height() - layout.boundingRect().bottom()) / 2);
-        for (int i = 0; i < layout.lineCount(); ++i) {
-            const QTextLine line = layout.lineAt(i);
-            if (isCut && i + 1 == layout.lineCount())
+        const qreal top = std::max<qreal>(0, (height() - lines.boundingRect().bottom()) / 2);
+        for (int i = 0; i < lines.lineCount(); ++i) {
+            const QTextLine line = lines.lineAt(i);
+            if (m_layout.isCut() && i + 1 == lines.lineCount())
                 drawCut(painter, line, top);
             else
                 line.draw(&painter, {0, top});
@@ -73,60 +57,33 @@ protected:
 
     bool event(QEvent *event) override
     {
-        if (event->type() != QEvent::ToolTip || m_mostLines == 0)
+        if (event->type() != QEvent::ToolTip || !m_isLimited)
             return QLabel::event(event);
-        QTextLayout layout;
-        if (layOut(layout, width()))
-            QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), shown().toHtmlEscaped(), this);
+        layout().lines(width());
+        if (m_layout.isCut())
+            QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), m_layout.shown().toHtmlEscaped(), this);
         return true;
     }
 
 private:
-    // A text of a megabyte is not laid out for a few lines.
-    QString shown() const
+    // Of the text as it is now.
+    ParagraphLayout &layout() const
     {
-        constexpr qsizetype mostOfLine = 1000;
-        constexpr qsizetype mostOfAll = 20'000;
-        return text().left(endWithin(text(), m_mostLines > 0 ? m_mostLines * mostOfLine : mostOfAll));
-    }
-
-    // True when the last line stands for those that follow, too.
-    bool layOut(QTextLayout &layout, int width) const
-    {
-        layout.setText(shown().replace('\n', QChar::LineSeparator));
-        layout.setFont(font());
-        QTextOption option(alignment() & Qt::AlignHorizontal_Mask);
-        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        layout.setTextOption(option);
-        layout.beginLayout();
-        qsizetype end = 0;
-        qreal bottom = 0;
-        for (QTextLine line = nextLine(layout); line.isValid(); line = nextLine(layout)) {
-            line.setLineWidth(std::max(1, width));
-            line.setPosition({0, bottom});
-            bottom += line.height();
-            end = line.textStart() + line.textLength();
-        }
-        layout.endLayout();
-        return end < layout.text().size() || shown().size() < text().size();
-    }
-
-    // None after the last that is to be shown.
-    QTextLine nextLine(QTextLayout &layout) const
-    {
-        return m_mostLines > 0 && layout.lineCount() == m_mostLines ? QTextLine() : layout.createLine();
+        m_layout.set(text(), font(), alignment());
+        return m_layout;
     }
 
     void drawCut(QPainter &painter, const QTextLine &line, qreal top) const
     {
-        const QString rest = shown().mid(line.textStart()).simplified();
+        const QString rest = m_layout.shown().mid(line.textStart()).simplified();
         const QString elided = QFontMetricsF(font(), painter.device()).elidedText(rest, Qt::ElideRight, width());
         painter.drawText(QRectF(0, top + line.y(), width(), line.height()),
                          static_cast<int>(alignment() & Qt::AlignHorizontal_Mask) | Qt::AlignTop | Qt::TextSingleLine,
                          elided);
     }
 
-    int m_mostLines; // 0: as many as there are.
+    bool m_isLimited;
+    mutable ParagraphLayout m_layout;
 };
 
 } // namespace

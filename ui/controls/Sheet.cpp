@@ -15,20 +15,6 @@ namespace ardeno {
 
 namespace {
 
-constexpr int shadowExtent = 40;
-
-// A soft shadow below the panel: rings that grow fainter.
-void drawShadow(QPainter &painter, const QRectF &panel)
-{
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, 3));
-    for (int extent = shadowExtent; extent > 0; extent -= extent > 16 ? 4 : 2)
-        painter.drawRoundedRect(panel.adjusted(-extent, -extent + 14, extent, extent + 14), 14 + extent, 14 + extent);
-    painter.restore();
-}
-
 // Controls in the order of the tab key.
 QList<QWidget *> focusable(const QWidget *within)
 {
@@ -55,7 +41,7 @@ protected:
         QPainter painter(this);
         painter.fillRect(rect(), themeColor(Role::Scrim));
         if (const Sheet *const sheet = m_host->topSheet())
-            drawShadow(painter, sheet->geometry());
+            Drawing::shadow(painter, sheet->geometry());
     }
 
 private:

@@ -18,7 +18,6 @@ namespace {
 
 constexpr int panelWidth = 470;
 constexpr int labelWidth = 62;
-constexpr int disclosurePadding = 13;
 
 } // namespace
 
@@ -28,7 +27,7 @@ QuickSaveContent::QuickSaveContent(AppStore &store, QWidget *parent)
       m_project(new Choice(tr("Project"))),
       m_newProject(new TextField(tr("New project name"), tr("New project name"))),
       m_next(new TextField(tr("Next time, start by…"), tr("Optional — e.g. Test the navigation on mobile"))),
-      m_disclosure(new Button(tr("More options"), Button::Kind::Plain)),
+      m_disclosure(new Button(tr("More options"), Button::Kind::Link)),
       m_problem(makeParagraph({}, TextStyle::Body, Role::RecordingText)),
       m_progress(new Progress(tr("Saving"))),
       m_cancel(new Button(tr("Cancel"))),
@@ -45,10 +44,7 @@ QuickSaveContent::QuickSaveContent(AppStore &store, QWidget *parent)
     column->addSpacing(2);
     column->addWidget(makeLabel(tr("Next time, start by…"), TextStyle::Medium, Role::Dim));
     column->addWidget(m_next);
-    auto *disclosure = makeRow(0);
-    disclosure->setContentsMargins(-disclosurePadding, 0, 0, 0); // Its symbol begins where the fields do.
-    disclosure->addWidget(m_disclosure, 0, Qt::AlignLeft);
-    column->addLayout(disclosure);
+    column->addWidget(m_disclosure, 0, Qt::AlignLeft);
     column->addWidget(m_details);
     column->addWidget(m_problem);
     column->addWidget(makeFooter());

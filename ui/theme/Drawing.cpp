@@ -2,9 +2,12 @@
 #include "ui/theme/Drawing.h"
 
 #include <QFontMetricsF>
+#include <QPixmapCache>
+#include <qdrawutil.h>
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace ardeno {
 
@@ -17,6 +20,31 @@ QRectF onPixels(const QPainter &painter, const QRectF &rect)
     const QPointF topLeft(std::round(mapped.left()), std::round(mapped.top()));
     const QPointF bottomRight(std::round(mapped.right()), std::round(mapped.bottom()));
     return toScreen.inverted().mapRect(QRectF(topLeft, bottomRight));
+}
+
+constexpr int shadowReach = 56;     // From the panel's edge outwards.
+constexpr int shadowCorner = 100;   // What of the shadow is not the same along a whole edge.
+constexpr int shadowOffset = 18;    // Downwards.
+constexpr qreal shadowBlur = 24;    // The deviation of the blur.
+constexpr qreal shadowAlpha = 0.26; // Where it is deepest.
+
+// The corners of a blurred rectangle, with edges of one pixel between them.
+QPixmap makeShadowCorners(qreal ratio)
+{
+    const int corner = static_cast<int>(std::lround(shadowCorner * ratio));
+    const int side = 2 * corner + 1;
+    std::vector<qreal> share(side); // Of the shadow, so far from the left or the top.
+    for (int at = 0; at < side; ++at) {
+        const qreal within = std::min(at, side - 1 - at) / ratio - shadowReach;
+        share[at] = 0.5 * (1 + std::erf(within / (shadowBlur * M_SQRT2)));
+    }
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < side; ++y) {
+        auto *const row = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < side; ++x)
+            row[x] = qRgba(0, 0, 0, static_cast<int>(std::lround(255 * shadowAlpha * share[x] * share[y])));
+    }
+    return QPixmap::fromImage(image);
 }
 
 } // namespace
@@ -60,6 +88,20 @@ void Drawing::edge(QPainter &painter, const QRectF &rect, Qt::Edge which, const 
         break;
     }
     painter.fillRect(line, color);
+}
+
+void Drawing::shadow(QPainter &painter, const QRect &panel)
+{
+    const qreal ratio = painter.device()->devicePixelRatio();
+    const QString key = QString("ardeno-shadow-%1").arg(ratio);
+    QPixmap corners;
+    if (!QPixmapCache::find(key, &corners)) {
+        corners = makeShadowCorners(ratio);
+        QPixmapCache::insert(key, corners);
+    }
+    const QRect target = panel.marginsAdded(QMargins() + shadowReach).translated(0, shadowOffset);
+    const QMargins own = QMargins() + (corners.width() - 1) / 2;
+    qDrawBorderPixmap(&painter, target, QMargins() + shadowCorner, corners, corners.rect(), own);
 }
 
 void Drawing::focusRing(QPainter &painter, const QRectF &rect, qreal radius)

@@ -17,6 +17,9 @@ void panel(QPainter &painter, const QRectF &rect, qreal radius, const QColor &fi
 // A thin horizontal or vertical line along an edge of the rectangle.
 void edge(QPainter &painter, const QRectF &rect, Qt::Edge which, const QColor &color);
 
+// The soft shadow that a panel throws on what lies below it, which is painted before the panel.
+void shadow(QPainter &painter, const QRect &panel);
+
 // The ring around what has the keyboard's focus.
 void focusRing(QPainter &painter, const QRectF &rect, qreal radius);
 
