@@ -53,6 +53,11 @@ TrayItem::TrayItem(const AppState &state, ApplicationMenu &menu, const QDBusConn
     look();
 }
 
+TrayItem::~TrayItem()
+{
+    hide();
+}
+
 void TrayItem::look()
 {
     auto *const call = new QDBusPendingCallWatcher(m_connection.asyncCall(trayHost::question()), this);
@@ -86,6 +91,8 @@ void TrayItem::show()
 
 void TrayItem::hide()
 {
+    if (m_iconMenu)
+        m_iconMenu->clear(); // Else what stands for its entries outside stays behind.
     m_icon.reset();
     m_iconMenu.reset();
 }

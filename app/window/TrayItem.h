@@ -21,6 +21,7 @@ class TrayItem final : public QObject {
 
 public:
     TrayItem(const AppState &state, ApplicationMenu &menu, const QDBusConnection &connection);
+    ~TrayItem() override;
 
     bool isShown() const { return m_icon != nullptr; }
 

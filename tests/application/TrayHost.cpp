@@ -104,7 +104,10 @@ QList<TrayHost::Entry> TrayHost::readMenu() const
         const QString label = isLine ? "-" : properties.value("label").toString().remove('_');
         if (properties.value("visible", true).toBool())
             entries.append({id, label, properties.value("enabled", true).toBool()});
+        entry.endStructure();
     }
+    root.endArray();
+    root.endStructure();
     return entries;
 }
 

@@ -25,7 +25,9 @@ TEST_CASE_FIXTURE(ApplicationFixture, "the tray item comes with a host, opens th
     CHECK(waitForWindow("Quick save checkpoint"));
     CHECK(window("Ardeno").isEmpty());
     CHECK(host.choose("Quit"));
-    CHECK(end(*application).status == 0);
+    const ProgramResult ended = end(*application);
+    CHECK(ended.error == "");
+    CHECK(ended.status == 0);
 }
 
 TEST_CASE_FIXTURE(ApplicationFixture,

@@ -50,25 +50,25 @@ QWidget *ScreenshotViewer::makeToolbar()
     addZoom(tr("Fit"), tr("Fit the entire screenshot in this window"), Qt::Key_0, ScreenshotScale::fitting);
     addZoom(tr("100%"), tr("Show each screenshot pixel at one point"), Qt::Key_1, ScreenshotScale::actual);
     row->addStretch();
-    row->addWidget(
-        makeZoomButton("minus.magnifyingglass", tr("Zoom out"), Qt::CTRL | Qt::Key_Minus, &ScreenshotCanvas::zoomOut));
+    row->addWidget(makeZoomButton("minus.magnifyingglass", tr("Zoom out"), Qt::CTRL | Qt::Key_Minus,
+                                  [this] { m_canvas->zoomOut(); }));
     m_percent->setFont(AppTheme::instance().font(12));
     m_percent->setFixedWidth(45);
     m_percent->setAlignment(Qt::AlignCenter);
     row->addWidget(m_percent);
     row->addWidget(
-        makeZoomButton("plus.magnifyingglass", tr("Zoom in"), Qt::CTRL | Qt::Key_Plus, &ScreenshotCanvas::zoomIn));
+        makeZoomButton("plus.magnifyingglass", tr("Zoom in"), Qt::CTRL | Qt::Key_Plus, [this] { m_canvas->zoomIn(); }));
     addShortcut(Qt::CTRL | Qt::Key_Equal, [this] { m_canvas->zoomIn(); }); // The key of the plus without shift.
     return bar;
 }
 
 Button *ScreenshotViewer::makeZoomButton(const QString &symbol, const QString &name, const QKeySequence &keys,
-                                         void (ScreenshotCanvas::*zoom)())
+                                         const std::function<void()> &zoom)
 {
     Button *const button = Button::makeIcon(symbol, name, 30);
     button->setToolTip(QString("%1 (%2)").arg(name, keys.toString(QKeySequence::NativeText)));
-    connect(button, &QAbstractButton::clicked, this, [this, zoom] { (m_canvas->*zoom)(); });
-    addShortcut(keys, [this, zoom] { (m_canvas->*zoom)(); });
+    connect(button, &QAbstractButton::clicked, this, zoom);
+    addShortcut(keys, zoom);
     return button;
 }
 

@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
+
 namespace ardeno {
 
 class Button;
@@ -25,7 +27,7 @@ public:
 private:
     QWidget *makeToolbar();
     Button *makeZoomButton(const QString &symbol, const QString &name, const QKeySequence &keys,
-                           void (ScreenshotCanvas::*zoom)());
+                           const std::function<void()> &zoom);
     QWidget *makeUnavailable();
     void addShortcut(const QKeySequence &keys, std::function<void()> run);
     void showState();
