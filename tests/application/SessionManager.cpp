@@ -15,8 +15,9 @@ namespace ardeno {
 struct SessionCallbacks {
     static SessionManager &manager(SmPointer data) { return *static_cast<SessionManager *>(data); }
 
-    static Status registerClient(SmsConn connection, SmPointer, char *)
+    static Status registerClient(SmsConn connection, SmPointer, char *previousId)
     {
+        std::free(previousId);
         char *id = SmsGenerateClientID(connection);
         SmsRegisterClientReply(connection, id);
         std::free(id);
@@ -61,6 +62,13 @@ struct SessionCallbacks {
         std::free(properties);
     }
 
+    static void deleteProperties(SmsConn, SmPointer, int count, char **names)
+    {
+        for (int at = 0; at < count; ++at)
+            std::free(names[at]);
+        std::free(names);
+    }
+
     static Status newClient(SmsConn connection, SmPointer data, unsigned long *mask, SmsCallbacks *to, char **)
     {
         manager(data).m_client = connection;
@@ -76,7 +84,7 @@ struct SessionCallbacks {
         to->save_yourself_done = {&saveYourselfDone, data};
         to->close_connection = {&closeConnection, data};
         to->set_properties = {&setProperties, data};
-        to->delete_properties = {[](SmsConn, SmPointer, int, char **) {}, data};
+        to->delete_properties = {&deleteProperties, data};
         to->get_properties = {[](SmsConn asking, SmPointer) { SmsReturnProperties(asking, 0, nullptr); }, data};
         return 1;
     }

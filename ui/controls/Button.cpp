@@ -33,7 +33,7 @@ Button::Button(const QString &text, Kind kind, const QString &symbol, QWidget *p
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    if (kind == Kind::Link)
+    if (isWithinText())
         setCursor(Qt::PointingHandCursor);
 }
 
@@ -93,13 +93,13 @@ QFont Button::labelFont() const
         return theme.font(m_isCurrent ? TextStyle::Strong : TextStyle::Body);
     if (m_isLarge)
         return theme.font(14, QFont::DemiBold);
-    const bool isStrong = m_kind != Kind::Bordered && m_kind != Kind::Plain;
+    const bool isStrong = m_kind != Kind::Bordered && m_kind != Kind::Plain && m_kind != Kind::Disclosure;
     return theme.font(isStrong ? TextStyle::Strong : TextStyle::Medium);
 }
 
 int Button::padding() const
 {
-    if (m_kind == Kind::Link)
+    if (isWithinText())
         return 2;
     return m_isLarge ? 19 : m_isRow ? 9 : 13;
 }
@@ -112,8 +112,8 @@ QSize Button::sizeHint() const
     qreal width = 2 * padding() + metrics.horizontalAdvance(text());
     if (!m_symbol.isEmpty())
         width += symbolExtent + (text().isEmpty() ? 0 : gap);
-    const int height = m_isLarge ? 39 : m_isRow ? 34 : m_kind == Kind::Link ? 22 : 30;
-    const int needed = static_cast<int>(std::ceil(metrics.height())) + (m_kind == Kind::Link ? 4 : 12);
+    const int height = m_isLarge ? 39 : m_isRow ? 34 : isWithinText() ? 22 : 30;
+    const int needed = static_cast<int>(std::ceil(metrics.height())) + (isWithinText() ? 4 : 12);
     return {static_cast<int>(std::ceil(width)), std::max(height, needed)};
 }
 
@@ -164,6 +164,8 @@ Button::Look Button::look() const
         const QColor ink = themeColor(Role::AccentText);
         return {Qt::transparent, Qt::transparent, isHovered ? shaded(ink, 120) : ink};
     }
+    case Kind::Disclosure:
+        return {Qt::transparent, Qt::transparent, themeColor(isHovered ? Role::Text : Role::Dim)};
     case Kind::Plain:
         break;
     }

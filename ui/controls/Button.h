@@ -11,7 +11,7 @@ namespace ardeno {
 // A push button with a text, a symbol or both. One that shows a symbol alone is named by its tooltip.
 class Button final : public QAbstractButton {
 public:
-    enum class Kind { Bordered, Prominent, Recording, Destructive, Plain, Link };
+    enum class Kind { Bordered, Prominent, Recording, Destructive, Plain, Link, Disclosure };
     enum class SymbolSide { Leading, Trailing };
 
     explicit Button(const QString &text, Kind kind = Kind::Bordered, const QString &symbol = {},
@@ -59,6 +59,8 @@ private:
     int padding() const;
 
     bool isSymbolAlone() const { return text().isEmpty(); }
+
+    bool isWithinText() const { return m_kind == Kind::Link || m_kind == Kind::Disclosure; }
 
     Kind m_kind;
     QString m_symbol;

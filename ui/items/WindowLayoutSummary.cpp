@@ -43,7 +43,7 @@ WindowLayoutSummary::WindowLayoutSummary(AppStore &store, ApplicationIcons &icon
       m_none(makeParagraph(tr("No window positions saved yet. New checkpoints include the position and size of visible "
                               "windows."),
                            TextStyle::Small, Role::Dim)),
-      m_disclosure(new Button({}, Button::Kind::Link, "chevron.right"))
+      m_disclosure(new Button({}, Button::Kind::Disclosure, "chevron.right"))
 {
     auto *card = new Card;
     makeColumn(0, this)->addWidget(card);

@@ -27,7 +27,7 @@ QuickSaveContent::QuickSaveContent(AppStore &store, QWidget *parent)
       m_project(new Choice(tr("Project"))),
       m_newProject(new TextField(tr("New project name"), tr("New project name"))),
       m_next(new TextField(tr("Next time, start by…"), tr("Optional — e.g. Test the navigation on mobile"))),
-      m_disclosure(new Button(tr("More options"), Button::Kind::Link)),
+      m_disclosure(new Button(tr("More options"), Button::Kind::Disclosure)),
       m_problem(makeParagraph({}, TextStyle::Body, Role::RecordingText)),
       m_progress(new Progress(tr("Saving"))),
       m_cancel(new Button(tr("Cancel"))),
