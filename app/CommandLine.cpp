@@ -60,19 +60,25 @@ QList<Command> checkpointCommands()
          1,
          runResume,
          true},
+    };
+}
+
+QList<Command> workCommands()
+{
+    return {
         {"record",
          "start --project NAME [--title TEXT] [--next TEXT] | stop",
          "Records the main display while you work; stopping saves a checkpoint with the recording.",
          {projectOption(), {"title", "The checkpoint's title.", "TEXT"}, {"next", "The next small step.", "TEXT"}},
          1,
          runRecord},
+        {"quick-save", {}, "Opens the panel that saves a checkpoint, over whatever is in front.", {}, 0, runQuickSave},
     };
 }
 
 QList<Command> settingCommands()
 {
     return {
-        {"quick-save", {}, "Opens the panel that saves a checkpoint, over whatever is in front.", {}, 0, runQuickSave},
         {"exclude",
          "app ID | domain TEXT",
          "Leaves an application or a website out of every capture.",
@@ -137,7 +143,7 @@ ExitStatus runCommand(const Command &command, const QStringList &arguments)
 
 const QList<Command> &commands()
 {
-    static const QList<Command> all = checkpointCommands() + settingCommands();
+    static const QList<Command> all = checkpointCommands() + workCommands() + settingCommands();
     return all;
 }
 

@@ -10,6 +10,7 @@
 #include "media/Thumbnails.h"
 #include "model/CheckpointRepository.h"
 #include "store/AppState.h"
+#include "store/ProjectHistories.h"
 #include "store/ProjectSearch.h"
 #include "support/Preferences.h"
 
@@ -265,6 +266,7 @@ private:
     bool m_isWatchingApplications = false;
     std::optional<QHash<QString, QString>> m_iconNames = {}; // By application; read when first asked for.
     mutable ProjectSearch m_projectSearch = {};              // It remembers what it was asked last.
+    mutable ProjectHistories m_histories = {};               // So do these.
     std::unique_ptr<Thumbnails> m_thumbnails = {};
     Project m_sampleProject = {};
     bool m_isLibraryRead = false;

@@ -148,7 +148,7 @@ const Project *AppStore::selectedProject() const
 
 QList<Checkpoint> AppStore::checkpointsFor(const QUuid &projectID) const
 {
-    return ProjectOrder::newestFirst(isShowingSamples() ? sampleHistory() : checkpoints(), projectID);
+    return m_histories.of(projectID, isShowingSamples() ? sampleHistory() : checkpoints());
 }
 
 const Checkpoint *AppStore::checkpoint(const QUuid &id) const

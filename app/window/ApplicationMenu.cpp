@@ -17,7 +17,7 @@ void connectAction(QAction &action, const std::function<void()> &run)
 
 } // namespace
 
-ApplicationMenu::ApplicationMenu(AppStore &store, Actions actions)
+ApplicationMenu::ApplicationMenu(AppStore &store, const Actions &actions)
     : m_store(store),
       m_quickSave(tr("Quick Save Checkpoint…")),
       m_recording(tr("Recording main display")),

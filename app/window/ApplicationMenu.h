@@ -22,7 +22,7 @@ public:
         std::function<void()> quit = {};
     };
 
-    ApplicationMenu(AppStore &store, Actions actions);
+    ApplicationMenu(AppStore &store, const Actions &actions);
 
     void fillTray(QMenu *menu);
 

@@ -24,7 +24,7 @@ public:
 
     QUrl url(const QString &path) const;
 
-    void setAnswer(const QString &path, Answer answer) { m_answers.insert(path, std::move(answer)); }
+    void setAnswer(const QString &path, const Answer &answer) { m_answers.insert(path, answer); }
 
     // How often it was asked for this path.
     int requests(const QString &path) const { return m_requests.value(path); }

@@ -208,6 +208,25 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is excluded can be allowed again, also 
     picture("exclusions-many");
 }
 
+TEST_CASE_FIXTURE(SettingsFixture, "exclusions are shown and stay as they are while a session is recorded")
+{
+    store().draftProjectID.set(store().createProject("Thesis"));
+    store().excludeDomain("example.com");
+    openSettings();
+    click(u"Capture exclusions…"_qs);
+    CHECK(findButton("Allow again"));
+    finish(store().captureMoment("", "", CaptureKind::Session));
+    settle();
+    CHECK(seesText("Finish the recording before changing exclusions."));
+    CHECK(seesText("example.com"));
+    CHECK_FALSE(findButton("Allow again"));
+    CHECK_FALSE(field("Domain or URL, e.g. mail.example.com")->isEnabled());
+    finish(store().stop());
+    settle();
+    CHECK(findButton("Allow again"));
+    CHECK_FALSE(seesText("Finish the recording before changing exclusions."));
+}
+
 TEST_CASE_FIXTURE(SettingsFixture, "a bug report becomes a draft, or says why not and can be copied")
 {
     openSettings();
@@ -269,7 +288,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "the tab key shows what it reaches")
     openSettings();
     window->resize(960, 690);
     settle();
-    const auto isSeen = [this] {
+    const auto isSeen = [] {
         const QWidget *const control = QApplication::focusWidget();
         return control && control->visibleRegion().boundingRect().height() == control->height();
     };

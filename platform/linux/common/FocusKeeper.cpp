@@ -54,7 +54,7 @@ void FocusKeeper::expect(const QString &appID)
     m_patience.setRemainingTime(longestWatch);
 }
 
-void FocusKeeper::setStarter(const QString &appID, std::function<bool()> isAtWork)
+void FocusKeeper::setStarter(const QString &appID, const std::function<bool()> &isAtWork)
 {
     for (Expected &expected : m_expected) {
         if (expected.appID == appID)

@@ -30,7 +30,7 @@ public:
     // Before an application is started, while the focus is still where the user left it.
     void expect(const QString &appID);
     // Tells, for an application that has windows already, whether what hands over to it is still at work.
-    void setStarter(const QString &appID, std::function<bool()> isAtWork);
+    void setStarter(const QString &appID, const std::function<bool()> &isAtWork);
 
     // Makes the window the active one, until resume() gives the focus back. False when it did not become so in time.
     QCoro::Task<bool> lend(quint32 window);

@@ -3,6 +3,7 @@
 
 #include "platform/linux/x11/X11Property.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -40,28 +41,32 @@ void X11ClientWatch::chooseEvents()
     xcb_flush(m_connection.xcb());
 }
 
+X11ClientWatch::Change X11ClientWatch::changeOf(const xcb_generic_event_t &event) const
+{
+    const uint8_t type = eventType(event);
+    if (type == XCB_MAP_NOTIFY || type == XCB_UNMAP_NOTIFY || type == XCB_DESTROY_NOTIFY)
+        return Change::Windows;
+    if (type != XCB_PROPERTY_NOTIFY)
+        return Change::None;
+    const xcb_atom_t name = reinterpret_cast<const xcb_property_notify_event_t &>(event).atom;
+    if (name == m_connection.atom(X11Atom::NetSupportingWmCheck))
+        return Change::Manager;
+    if (name == m_connection.atom(X11Atom::NetClientList))
+        return m_isListed ? Change::Windows : Change::Manager;
+    return Change::None;
+}
+
 void X11ClientWatch::readEvents()
 {
-    bool isChanged = false;
-    bool isManagerChanged = false; // Whether windows are listed may have changed, too.
-    while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.xcb())}) {
-        const uint8_t type = eventType(*event);
-        if (type == XCB_PROPERTY_NOTIFY) {
-            const xcb_atom_t name = reinterpret_cast<const xcb_property_notify_event_t &>(*event).atom;
-            const bool isList = name == m_connection.atom(X11Atom::NetClientList);
-            const bool isCheck = name == m_connection.atom(X11Atom::NetSupportingWmCheck);
-            isManagerChanged = isManagerChanged || isCheck || (isList && !m_isListed);
-            isChanged = isChanged || isCheck || isList;
-        } else {
-            isChanged = isChanged || type == XCB_MAP_NOTIFY || type == XCB_UNMAP_NOTIFY || type == XCB_DESTROY_NOTIFY;
-        }
-    }
+    Change most = Change::None;
+    while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.xcb())})
+        most = std::max(most, changeOf(*event));
     // A connection that was lost stays readable for ever.
     if (!m_connection.isAlive())
         m_socket.setEnabled(false);
-    if ((isChanged || !m_connection.isAlive()) && !m_delay.isActive())
+    if ((most != Change::None || !m_connection.isAlive()) && !m_delay.isActive())
         m_delay.start();
-    if (isManagerChanged) {
+    if (most == Change::Manager) {
         chooseEvents();
         readEvents(); // Those that the answers brought along.
     }

@@ -20,6 +20,10 @@ public:
     explicit X11ClientWatch(std::function<void()> handler);
 
 private:
+    // With another manager, whether windows are listed may have changed, too.
+    enum class Change { None, Windows, Manager };
+
+    Change changeOf(const xcb_generic_event_t &event) const;
     void chooseEvents();
     void readEvents();
 

@@ -58,8 +58,7 @@ void X11ScreenChanges::handle(const xcb_generic_event_t &event)
         m_hasDrawing = true;
     else if (m_firstFixesEvent != 0 && type == m_firstFixesEvent + XCB_XFIXES_CURSOR_NOTIFY)
         m_hasOtherPointer = true;
-    else if (m_firstScreenEvent != 0 && (type == m_firstScreenEvent + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
-                                         type == m_firstScreenEvent + XCB_RANDR_NOTIFY))
+    else if (isOfDisplays(type))
         m_hasOtherDisplays = true;
     else if (type == XCB_PROPERTY_NOTIFY)
         handleProperty(reinterpret_cast<const xcb_property_notify_event_t &>(event));
@@ -69,6 +68,12 @@ void X11ScreenChanges::handle(const xcb_generic_event_t &event)
             reinterpret_cast<const xcb_configure_notify_event_t &>(event).window == m_connection.root();
     else if (type >= XCB_CREATE_NOTIFY && type <= XCB_REPARENT_NOTIFY)
         m_hasOtherWindows = true;
+}
+
+bool X11ScreenChanges::isOfDisplays(quint8 type) const
+{
+    return m_firstScreenEvent != 0 && (type == m_firstScreenEvent + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
+                                       type == m_firstScreenEvent + XCB_RANDR_NOTIFY);
 }
 
 void X11ScreenChanges::handleProperty(const xcb_property_notify_event_t &event)

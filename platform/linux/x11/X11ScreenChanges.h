@@ -40,6 +40,7 @@ public:
 
 private:
     void handle(const xcb_generic_event_t &event);
+    bool isOfDisplays(quint8 type) const;
     void handleProperty(const xcb_property_notify_event_t &event);
 
     const X11Connection &m_connection;
