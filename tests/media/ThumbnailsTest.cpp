@@ -154,7 +154,7 @@ TEST_CASE_FIXTURE(ThumbnailsFixture, "what the user deleted is kept no longer")
 TEST_CASE_FIXTURE(ThumbnailsFixture, "the newest request is answered first, and one that has gone never")
 {
     // The first keeps the worker busy until the others wait.
-    const QString large = screenshot("large.png", {4000, 3000}, 1, 2);
+    const QString large = screenshot("large.png", {9000, 7000}, 1, 2);
     const QString path = screenshot("one.png", {640, 480}, 200, 10);
     QStringList order;
     QEventLoop loop;
