@@ -121,6 +121,7 @@ struct NewUser : RunningWindow {
         look("8-image");
         click("Remove");
         CHECK(sees("No screenshot saved"));
+        CHECK(sees("Add image…"));
         CHECK_FALSE(checkpoint().contains("screenshot"));
     }
 
