@@ -64,13 +64,15 @@ QWidget *ScreenAccessSetup::makeSteps()
 QWidget *ScreenAccessSetup::makeButtons()
 {
     auto *buttons = new QWidget;
-    auto *row = makeRow(8, buttons);
+    auto *column = makeColumn(8, buttons);
+    auto *row = makeRow(8);
     auto *settings = new Button(tr("Open Settings"));
     connect(settings, &QAbstractButton::clicked, this, [this] { m_store.openScreenSettings(); });
     row->addWidget(m_allow);
     row->addWidget(settings);
-    row->addWidget(m_check);
     row->addStretch();
+    column->addLayout(row);
+    column->addWidget(m_check, 0, Qt::AlignLeft);
     return buttons;
 }
 
@@ -78,7 +80,7 @@ QWidget *ScreenAccessSetup::makeRestart()
 {
     auto *restart = new QWidget;
     auto *row = makeRow(8, restart);
-    row->addWidget(makeLabel(tr("macOS asked you to reopen?"), TextStyle::Body, Role::Dim), 1);
+    row->addWidget(makeParagraph(tr("macOS asked you to reopen?"), TextStyle::Body, Role::Dim), 1);
     row->addWidget(m_restart);
     return restart;
 }
