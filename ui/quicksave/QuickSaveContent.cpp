@@ -7,6 +7,7 @@
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Progress.h"
+#include "ui/projects/DraftProject.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -54,13 +55,11 @@ QuickSaveContent::QuickSaveContent(AppStore &store, QWidget *parent)
     column->addWidget(makeFooter());
     bind(m_newProject, store.draftProjectName);
     bind(m_next, store.draftNext);
-    m_project->setOnChoose([this](const QVariant &chosen) {
-        const QUuid id = chosen.toUuid();
-        m_store.draftProjectID.set(id.isNull() ? std::nullopt : std::optional(id));
-    });
+    DraftProject::offer(m_project, tr("New project…"), store, m_observations);
     connect(m_disclosure, &QAbstractButton::clicked, this, [this] { showDetails(m_details->isHidden()); });
     showDetails(false);
-    m_observations.watch([this] { showProjects(); }, store.projects, store.draftProjectID);
+    m_observations.watch([this] { m_newProject->setVisible(DraftProject::isNew(m_store)); }, store.projects,
+                         store.draftProjectID);
     m_observations.watch([this] { showState(); }, store.busy, store.requestingAccess, store.draftProjectID,
                          store.draftProjectName, store.captureIssue, store.error);
 }
@@ -119,21 +118,10 @@ void QuickSaveContent::bind(QLineEdit *field, Editable<QString> &text)
         text);
 }
 
-void QuickSaveContent::showProjects()
-{
-    QList<Choice::Option> options;
-    for (const Project &project : m_store.availableProjects())
-        options.append({project.name, project.id});
-    options.append({tr("New project…"), QUuid()});
-    m_project->setOptions(options);
-    m_project->setCurrent(m_store.draftProjectID().value_or(QUuid()));
-    m_newProject->setVisible(!m_store.draftProjectID());
-}
-
 void QuickSaveContent::showState()
 {
     const bool isBusy = m_store.busy() || m_store.requestingAccess();
-    const bool lacksName = !m_store.draftProjectID() && m_store.draftProjectName().trimmed().isEmpty();
+    const bool lacksName = DraftProject::isNew(m_store) && m_store.draftProjectName().trimmed().isEmpty();
     m_progress->setVisible(m_store.busy());
     m_cancel->setEnabled(!isBusy);
     m_save->setEnabled(!isBusy && !lacksName);

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sheets/CaptureSheet.h"
 
+#include "ui/controls/Choice.h"
 #include "ui/controls/Fields.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
-#include "ui/sheets/ProjectChoice.h"
+#include "ui/controls/ScrollColumn.h"
+#include "ui/projects/DraftProject.h"
 #include "ui/sheets/ScreenAccessSetup.h"
-#include "ui/sheets/SheetScroll.h"
 
 #include <QAccessible>
 #include <QGuiApplication>
@@ -35,7 +36,7 @@ CaptureSheet::CaptureSheet(AppStore &store)
       m_store(store),
       m_heading(makeParagraph({}, TextStyle::SheetTitle)),
       m_lead(makeParagraph({}, TextStyle::Body, Role::Dim)),
-      m_project(new ProjectChoice(store)),
+      m_project(new Choice(tr("Project"))),
       m_name(makeDraftField(tr("New project name"), {}, store.draftProjectName)),
       m_title(makeDraftField(tr("Checkpoint title (optional)"), tr("e.g. Mobile navigation"), store.draftTitle)),
       m_next(makeDraftField(tr("Your next small step (optional)"), tr("A useful thought for your future self"),
@@ -43,7 +44,8 @@ CaptureSheet::CaptureSheet(AppStore &store)
       m_browser(new Switch(tr("Include browser tabs"))),
       m_recording(new Switch(tr("Record a work session")))
 {
-    column()->addWidget(new SheetScroll(makeMiddle()), 1);
+    DraftProject::offer(m_project, tr("New project"), store, m_observations);
+    column()->addWidget(makeMiddle(), 1);
     column()->addWidget(makeMessages());
     m_cancel = addButton(tr("Cancel"), Button::Kind::Bordered, [this] { close(); });
     m_primary = addButton({}, Button::Kind::Prominent, [this] { carryOut(); });
@@ -93,8 +95,9 @@ void CaptureSheet::bind(Switch *control, Editable<bool> &property)
 
 QWidget *CaptureSheet::makeMiddle()
 {
-    auto *middle = new QWidget;
-    auto *row = makeRow(columnGap, middle);
+    auto *middle = new ScrollColumn(0);
+    auto *row = makeRow(columnGap);
+    middle->column()->addLayout(row);
     m_form = makeForm();
     m_setup = new ScreenAccessSetup(m_store);
     m_setup->setFixedWidth(setupWidth);
@@ -159,8 +162,7 @@ bool CaptureSheet::needsSetup() const
 
 void CaptureSheet::showNewName()
 {
-    const Project *const chosen = m_store.draftProjectID() ? m_store.project(*m_store.draftProjectID()) : nullptr;
-    m_newName->setVisible(!chosen || chosen->archivedAt);
+    m_newName->setVisible(DraftProject::isNew(m_store));
 }
 
 void CaptureSheet::showKind()

@@ -8,7 +8,7 @@ class QLabel;
 
 namespace ardeno {
 
-class ProjectChoice;
+class Choice;
 class Switch;
 class TextField;
 
@@ -44,7 +44,7 @@ private:
     Observations m_observations; // Before the fields, which it is about.
     QLabel *m_heading;
     QLabel *m_lead;
-    ProjectChoice *m_project;
+    Choice *m_project;
     TextField *m_name;
     TextField *m_title;
     TextField *m_next;
