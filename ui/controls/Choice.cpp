@@ -126,9 +126,7 @@ void Choice::keyPressEvent(QKeyEvent *event)
 void Choice::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    Drawing::panel(painter, rect(), 7, themeColor(Role::Field), themeColor(hasFocus() ? Role::Accent : Role::Line));
-    if (hasFocus())
-        Drawing::focusRing(painter, rect(), 7);
+    Drawing::field(painter, rect(), hasFocus());
     const Role ink = isEnabled() ? Role::Text : Role::Faint;
     const QRectF chevron(width() - choicePadding - chevronExtent + 2, (height() - chevronExtent) / 2.0, chevronExtent,
                          chevronExtent);

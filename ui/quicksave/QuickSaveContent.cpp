@@ -53,8 +53,8 @@ QuickSaveContent::QuickSaveContent(AppStore &store, QWidget *parent)
     column->addWidget(m_details);
     column->addWidget(m_problem);
     column->addWidget(makeFooter());
-    bind(m_newProject, store.draftProjectName);
-    bind(m_next, store.draftNext);
+    bind(m_newProject, store.draftProjectName, m_observations);
+    bind(m_next, store.draftNext, m_observations);
     DraftProject::offer(m_project, tr("New project…"), store, m_observations);
     connect(m_disclosure, &QAbstractButton::clicked, this, [this] { showDetails(m_details->isHidden()); });
     showDetails(false);
@@ -81,11 +81,10 @@ QWidget *QuickSaveContent::makeDetails()
     auto *column = makeColumn(10, details);
     auto *title =
         new TextField(tr("Checkpoint title (automatic if empty)"), tr("Checkpoint title (automatic if empty)"));
-    bind(title, m_store.draftTitle);
+    bind(title, m_store.draftTitle, m_observations);
     column->addWidget(title);
     auto *tabs = new Switch(tr("Include browser tabs"));
-    connect(tabs, &QAbstractButton::toggled, this, [this](bool isOn) { m_store.includeBrowser.set(isOn); });
-    m_observations.watch([this, tabs] { tabs->setChecked(m_store.includeBrowser()); }, m_store.includeBrowser);
+    bind(tabs, m_store.includeBrowser, m_observations);
     column->addWidget(tabs);
     return details;
 }
@@ -104,18 +103,6 @@ QWidget *QuickSaveContent::makeFooter()
     connect(m_cancel, &QAbstractButton::clicked, this, [this] { m_store.cancelCapture(); });
     connect(m_save, &QAbstractButton::clicked, this, [this] { save(); });
     return footer;
-}
-
-void QuickSaveContent::bind(QLineEdit *field, Editable<QString> &text)
-{
-    connect(field, &QLineEdit::textEdited, this, [&text](const QString &typed) { text.set(typed); });
-    // Only what comes from elsewhere, so that the cursor stays.
-    m_observations.watch(
-        [field, &text] {
-            if (field->text() != text())
-                field->setText(text());
-        },
-        text);
 }
 
 void QuickSaveContent::showState()

@@ -33,7 +33,6 @@ private:
     QWidget *makeProjectRow();
     QWidget *makeDetails();
     QWidget *makeFooter();
-    void bind(QLineEdit *field, Editable<QString> &text);
     void showState();
     void showDetails(bool isOpen);
     void save();

@@ -30,8 +30,6 @@ private:
     QWidget *makeHead();
     QWidget *makeRecordingRow();
     QWidget *makeMessages();
-    TextField *makeDraftField(const QString &label, const QString &placeholder, Editable<QString> &draft);
-    void bind(Switch *control, Editable<bool> &property);
     void showKind();
     void showState();
     void showNewName();

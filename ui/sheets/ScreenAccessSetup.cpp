@@ -15,14 +15,6 @@ QString buildText()
     return version.isEmpty() ? QCoreApplication::translate("ardeno::ScreenAccessSetup", "Development") : version;
 }
 
-QHBoxLayout *makeMarked(const QString &symbol, Role role, QWidget *text)
-{
-    auto *row = makeRow(9);
-    row->addWidget(new SymbolView(symbol, role), 0, Qt::AlignTop);
-    row->addWidget(text, 1);
-    return row;
-}
-
 } // namespace
 
 ScreenAccessSetup::ScreenAccessSetup(AppStore &store)
