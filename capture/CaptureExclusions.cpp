@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/CaptureExclusions.h"
 
+#include "support/Identifiers.h"
+
 #include <algorithm>
 
 namespace ardeno {
@@ -65,10 +67,7 @@ bool isLabel(const QString &label)
 
 QSet<QString> CaptureExclusions::appIDs() const
 {
-    QSet<QString> ids;
-    for (const SavedApp &app : apps)
-        ids.insert(app.id);
-    return ids;
+    return idsOf(apps);
 }
 
 bool CaptureExclusions::allows(const SavedTab &tab) const

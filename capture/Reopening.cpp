@@ -3,6 +3,7 @@
 
 #include "capture/AppleScripts.h"
 #include "capture/BrowserTabs.h"
+#include "support/Identifiers.h"
 
 #include <QCoroTimer>
 
@@ -40,14 +41,6 @@ QString describe(const Failure &failure)
 QString pageName(const SavedTab &tab)
 {
     return tab.title.isEmpty() ? tab.url : tab.title;
-}
-
-QSet<QString> runningIDs(Workspace &workspace)
-{
-    QSet<QString> ids;
-    for (const RunningApplication &application : workspace.runningApplications())
-        ids.insert(application.id);
-    return ids;
 }
 
 QSet<QString> pageKeys(const QList<SavedTab> &tabs)
@@ -183,9 +176,7 @@ QCoro::Task<QList<SavedTab>> Reopening::stillMissing(QList<SavedTab> tabs)
 {
     const QList<SavedApp> none;
     const RestorePlan now = co_await presentPlan(none, tabs, m_tools);
-    QSet<QUuid> active;
-    for (const SavedTab &tab : now.activeTabs)
-        active.insert(tab.id);
+    const QSet<QUuid> active = idsOf(now.activeTabs);
     m_result.outcome.alreadyActive += active.size();
     tabs.removeIf([&](const SavedTab &tab) { return active.contains(tab.id); });
     co_return tabs;
@@ -259,7 +250,7 @@ QCoro::Task<RestorePlan> WorkspaceCapture::presentPlan(QList<SavedApp> apps, QLi
     Desktop &desktop = tools.desktop;
     PresentWorkspace present;
     std::optional<QString> warning;
-    present.runningAppIDs = runningIDs(*desktop.workspace);
+    present.runningAppIDs = idsOf(desktop.workspace->runningApplications());
     for (const SavedApp &app : std::as_const(apps)) {
         if (desktop.launcher->isInstalled(app.id))
             present.installedAppIDs.insert(app.id);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/WindowLayout.h"
 
+#include "support/Identifiers.h"
+
 #include <QHash>
 #include <QSet>
 
@@ -122,9 +124,7 @@ std::optional<qsizetype> WindowLayout::bestDisplay(const WindowRect &frame, cons
 
 QList<SavedWindow> WindowLayout::windows(const QList<SavedApp> &apps, WindowServer &server, qint64 ownProcessID)
 {
-    QSet<QString> allowedIDs;
-    for (const SavedApp &app : apps)
-        allowedIDs.insert(app.id);
+    const QSet<QString> allowedIDs = idsOf(apps);
     const QList<WindowInfo> shown = server.windows();
     const QList<Display> displays = server.displays();
     const QList<DisplayEntry> choices = entries(displays);

@@ -4,6 +4,7 @@
 #include "model/Json.h"
 #include "store/MediaStaging.h"
 #include "store/PreferenceKeys.h"
+#include "support/Identifiers.h"
 
 namespace ardeno {
 
@@ -19,15 +20,6 @@ QCoro::Task<qint64> startNothing()
 {
     throw Failure("Restart", 3, "This program cannot start itself.");
     co_return 0;
-}
-
-QSet<QString> identifiers(const QList<RunningApplication> &applications)
-{
-    QSet<QString> ids;
-    for (const RunningApplication &application : applications)
-        ids.insert(application.id);
-    ids.remove({});
-    return ids;
 }
 
 } // namespace
@@ -59,7 +51,9 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
     if (!m_endApplication)
         m_endApplication = [] { QCoreApplication::quit(); };
     if (!m_runningApplicationIDs)
-        m_runningApplicationIDs = [this] { return identifiers(m_desktop.workspace->runningApplications()); };
+        m_runningApplicationIDs = [this] {
+            return idsOf(m_desktop.workspace->runningApplications()) - QSet{QString()};
+        };
     readPreferences();
     readExclusions();
     readLibrary(parts.loadLibrary);
@@ -129,9 +123,7 @@ void AppStore::readLibrary(const std::function<WorkspaceLibrary()> &load)
 {
     try {
         WorkspaceLibrary library = load ? load() : m_repository.loadLibrary();
-        QSet<QUuid> existing;
-        for (const Checkpoint &checkpoint : library.checkpoints)
-            existing.insert(checkpoint.id);
+        const QSet<QUuid> existing = idsOf(library.checkpoints);
         // Without any checkpoint the file may just be missing for the moment: then nothing is removed.
         if (!existing.isEmpty())
             MediaStaging::resolveLeftovers(m_repository.root(), existing);

@@ -3,20 +3,9 @@
 #include "store/MediaStaging.h"
 #include "store/PreferenceKeys.h"
 #include "store/ProjectOrder.h"
+#include "support/Identifiers.h"
 
 namespace ardeno {
-
-namespace {
-
-QList<QUuid> identifiers(const QList<Checkpoint> &checkpoints)
-{
-    QList<QUuid> ids;
-    for (const Checkpoint &checkpoint : checkpoints)
-        ids.append(checkpoint.id);
-    return ids;
-}
-
-} // namespace
 
 void AppStore::reportRemainingMedia(const QString &prefix, const QString &folder, const Failure &failure)
 {
@@ -44,7 +33,7 @@ void AppStore::deleteProject(QUuid id)
     const QString failed = tr("Could not delete the project: ");
     std::optional<MediaStaging> staging;
     try {
-        staging.emplace(m_repository.root(), identifiers(gone));
+        staging.emplace(m_repository.root(), idsOf(gone).values());
     } catch (const Failure &failure) {
         error.set(failed + failure.description());
         return;

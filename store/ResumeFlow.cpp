@@ -3,6 +3,7 @@
 #include "capture/Reopening.h"
 #include "capture/WindowRestore.h"
 #include "store/AppStore.h"
+#include "support/Identifiers.h"
 
 #include <QScopeGuard>
 
@@ -10,18 +11,6 @@
 #include <utility>
 
 namespace ardeno {
-
-namespace {
-
-QSet<QString> identifiers(const QList<SavedApp> &apps)
-{
-    QSet<QString> ids;
-    for (const SavedApp &app : apps)
-        ids.insert(app.id);
-    return ids;
-}
-
-} // namespace
 
 QCoro::Task<RestorePlan> AppStore::restorePlan(Checkpoint checkpoint)
 {
@@ -50,7 +39,7 @@ QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> sel
     const WorkspaceCapture::Reopened reopened = co_await WorkspaceCapture::reopen(request, tools);
     report.outcome = reopened.outcome;
     if (restoreLayout) {
-        const QSet<QString> allowed = selectedAppIDs + identifiers(plan.activeApps);
+        const QSet<QString> allowed = selectedAppIDs + idsOf(plan.activeApps);
         WindowLayout::LocationRequest places{.windows = windows, .allowedAppIDs = allowed};
         places.open = co_await *looking;
         places.launchedAppIDs = reopened.startedAppIDs;

@@ -4,18 +4,6 @@
 
 using namespace ardeno;
 
-namespace {
-
-QStringList names(const QList<Project> &projects)
-{
-    QStringList names;
-    for (const Project &project : projects)
-        names << project.name;
-    return names;
-}
-
-} // namespace
-
 TEST_CASE_FIXTURE(StoreFixture, "a project is created once, whatever the case and spaces of its name")
 {
     const auto id = store().createProject("  Thesis \n");
@@ -26,7 +14,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a project is created once, whatever the case an
     CHECK(store().selectedProjectID() == id);
     CHECK_FALSE(store().createProject(" \t ").has_value());
     CHECK_FALSE(store().error().has_value());
-    CHECK(names(reopen().projects()) == QStringList{"Thesis", "Other"});
+    CHECK(namesOf(reopen().projects()) == QStringList{"Thesis", "Other"});
     CHECK(store().selectedProjectID() == id);
 }
 
@@ -42,7 +30,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a failed write leaves the published lists as th
     CHECK_FALSE(store().save(Checkpoint{.title = "lost", .projectID = id}));
     CHECK(store().error()->startsWith("Could not save this checkpoint: "));
 
-    CHECK(names(store().projects()) == QStringList{"Thesis"});
+    CHECK(namesOf(store().projects()) == QStringList{"Thesis"});
     CHECK_FALSE(store().projects().first().blockedReason.has_value());
     CHECK(store().checkpoints().isEmpty());
 }
@@ -69,17 +57,17 @@ TEST_CASE_FIXTURE(StoreFixture, "the search finds projects by name, blocker and 
     saveCheckpoint(tax, u"Straße 7"_qs, 10);
     store().setProjectArchived(thesis, true);
 
-    CHECK(names(store().filteredProjects()) == QStringList{"Garden", "Tax"});
+    CHECK(namesOf(store().filteredProjects()) == QStringList{"Garden", "Tax"});
     store().search.set("rain");
-    CHECK(names(store().filteredProjects()) == QStringList{"Garden"});
+    CHECK(namesOf(store().filteredProjects()) == QStringList{"Garden"});
     store().search.set("STRASSE");
-    CHECK(names(store().filteredProjects()) == QStringList{"Tax"});
+    CHECK(namesOf(store().filteredProjects()) == QStringList{"Tax"});
     store().search.set(" rain ");
     CHECK(store().filteredProjects().isEmpty());
     store().search.set("thesis");
     store().showArchivedProjects.set(true);
-    CHECK(names(store().filteredProjects()) == QStringList{"Thesis"});
-    CHECK(names(store().availableProjects()) == QStringList{"Garden", "Tax"});
+    CHECK(namesOf(store().filteredProjects()) == QStringList{"Thesis"});
+    CHECK(namesOf(store().availableProjects()) == QStringList{"Garden", "Tax"});
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "selecting a project shows its newest checkpoint, and an archived one in its list")
@@ -125,7 +113,7 @@ TEST_CASE("a dragged project lands before its target, and hidden projects keep t
     const QList<QUuid> visible = {a.id, b.id, c.id, sample.id, d.id};
     const auto order = [&](const Project &dragged, const Project &target, const QList<QUuid> &rows) {
         const auto moved = ProjectOrder::moved(all, dragged.id, target.id, rows);
-        return moved ? names(*moved).join("") : QString("refused");
+        return moved ? namesOf(*moved).join("") : QString("refused");
     };
     CHECK(order(d, a, visible) == "dhazbcs");
     CHECK(order(a, d, visible) == "bhczsad");

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Finish.h"
+#include "support/Identifiers.h"
 #include "tests/store/StoreFixture.h"
 
 using namespace ardeno;
@@ -45,12 +46,8 @@ struct ResumeFixture : StoreFixture {
     RestoreReport resume(bool layout = false)
     {
         const RestorePlan plan = finish(store().restorePlan(checkpoint));
-        QSet<QString> apps;
-        for (const SavedApp &app : plan.appsToOpen)
-            apps.insert(app.id);
-        QSet<QUuid> tabs;
-        for (const SavedTab &tab : plan.tabsToOpen)
-            tabs.insert(tab.id);
+        const QSet<QString> apps = idsOf(plan.appsToOpen);
+        const QSet<QUuid> tabs = idsOf(plan.tabsToOpen);
         return finish(store().restore(plan, apps, tabs, *checkpoint.windows, layout));
     }
 };

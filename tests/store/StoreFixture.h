@@ -14,6 +14,14 @@
 
 namespace ardeno {
 
+inline QStringList namesOf(const QList<Project> &projects)
+{
+    QStringList names;
+    for (const Project &project : projects)
+        names << project.name;
+    return names;
+}
+
 // A store on a real folder and a desktop in memory with one display and one application.
 struct StoreFixture {
     QTemporaryDir home;

@@ -100,14 +100,12 @@ TEST_CASE_FIXTURE(WindowFixture, "every control of every screen has a name")
     check("sample");
     store().createProject("Thesis");
     check("empty project");
-    const QUuid project = store().projects().first().id;
-    saveCheckpoint(project, "Older", 10);
-    Checkpoint newer = saveCheckpoint(project, "Newer", 20);
+    Checkpoint newer = saveTwoCheckpoints().newer;
     newer.apps = {{"org.editor", "Editor"}, {"gone", "Gone"}};
     newer.tabs = {{.title = "Page", .url = "https://one.example/"}};
     newer.windows = QList<SavedWindow>{SavedWindow{.appID = "org.editor", .appName = "Editor"}};
     REQUIRE(store().save(newer));
-    store().setProjectBlocker(project, "Approval");
+    store().setProjectBlocker(*newer.projectID, "Approval");
     store().notice.set("Checkpoint saved.");
     check("blocked project with checkpoints");
     click("Manage checkpoints");
@@ -141,9 +139,7 @@ TEST_CASE_FIXTURE(WindowFixture, "every control of every screen has a name")
 
 TEST_CASE_FIXTURE(WindowFixture, "what lies beneath a sheet is not there for screen readers, keys and shortcuts")
 {
-    openWindow();
-    store().createProject("Thesis");
-    settle();
+    openProject();
     CHECK(read(window.get()).names.contains("Mark blocked…"));
     click("Mark blocked…");
     const Screen covered = read(window.get());
@@ -181,11 +177,8 @@ TEST_CASE_FIXTURE(WindowFixture, "what lies beneath a sheet is not there for scr
 
 TEST_CASE_FIXTURE(WindowFixture, "the keyboard alone reaches everything")
 {
-    openWindow();
-    store().createProject("Thesis");
-    const QUuid project = store().projects().first().id;
-    saveCheckpoint(project, "Older", 10);
-    saveCheckpoint(project, "Newer", 20);
+    const QUuid project = openProject();
+    saveTwoCheckpoints();
     store().notice.set("Checkpoint saved.");
     settle();
     const QStringList reached = tabOrder(*this);

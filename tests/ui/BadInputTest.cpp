@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/ui/WindowFixture.h"
+#include "tests/ui/ShownPicture.h"
 
-#include "ui/checkpoint/ScreenshotImage.h"
 #include "ui/note/QuickListEditor.h"
 
 #include <QApplication>
@@ -20,26 +19,11 @@ namespace {
 struct BadInput : WindowFixture {
     QUuid project;
 
-    void openProject()
-    {
-        openWindow();
-        project = *store().createProject("Thesis");
-    }
-
-    ScreenshotImage *shown() const
-    {
-        for (QAbstractButton *const candidate : window->content()->findChildren<QAbstractButton *>()) {
-            if (auto *const image = dynamic_cast<ScreenshotImage *>(candidate); image && image->isVisible())
-                return image;
-        }
-        return nullptr;
-    }
-
     void showPicture(const QString &path)
     {
         REQUIRE(store().save({.title = "One", .projectID = project, .screenshot = path}));
         settle();
-        REQUIRE(shown());
+        REQUIRE(shownPicture(*this));
     }
 };
 
@@ -104,7 +88,7 @@ TEST_CASE_FIXTURE(BadInput, "names, notes and messages of any length leave the w
 TEST_CASE_FIXTURE(BadInput, "a note of a megabyte is pasted, written on and kept")
 {
     for (const QString &text : {QString("word ").repeated(200'000), QString("a line of a list\n").repeated(60'000)}) {
-        openProject();
+        project = openProject();
         const Checkpoint checkpoint = saveCheckpoint(project, "One", 10);
         settle();
         auto *const editor = dynamic_cast<QuickListEditor *>(widget("Where you left off"));
@@ -124,7 +108,7 @@ TEST_CASE_FIXTURE(BadInput, "a note of a megabyte is pasted, written on and kept
 
 TEST_CASE_FIXTURE(BadInput, "what is no picture is named as unavailable, in little memory and without waiting")
 {
-    openProject();
+    project = openProject();
     const QString pipe = home.filePath("pipe.png");
     REQUIRE(::mkfifo(QFile::encodeName(pipe).constData(), 0600) == 0);
     writeFile(home.filePath("empty.png"), {});
@@ -138,15 +122,15 @@ TEST_CASE_FIXTURE(BadInput, "what is no picture is named as unavailable, in litt
                                 home.filePath("cut.png"), home.filePath("nowhere.png"), QString()}) {
         CAPTURE(path);
         showPicture(path);
-        CHECK(eventually([this] { return shown()->isUnavailable(); }));
+        CHECK(eventually([this] { return shownPicture(*this)->isUnavailable(); }));
     }
     showPicture(home.filePath("whole.png"));
-    CHECK(eventually([this] { return shown()->isShown(); }));
+    CHECK(eventually([this] { return shownPicture(*this)->isShown(); }));
 }
 
 TEST_CASE_FIXTURE(BadInput, "a project that is deleted elsewhere while it is shown goes, with all that stands over it")
 {
-    openProject();
+    project = openProject();
     saveCheckpoint(project, "One", 10);
     settle();
     click("Manage checkpoints");
@@ -178,7 +162,7 @@ TEST_CASE_FIXTURE(BadInput, "a project that is deleted elsewhere while it is sho
 
 TEST_CASE_FIXTURE(BadInput, "the manager shows pictures of its rows, and a menu where the pointer is")
 {
-    openProject();
+    project = openProject();
     QImage image(640, 400, QImage::Format_RGB32);
     image.fill(Qt::red);
     for (int i = 0; i < 3; ++i) {

@@ -86,6 +86,10 @@ TEST_CASE_FIXTURE(GermanFixture, "the whole program speaks another language, and
     click("Abbrechen");
     store().requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
     look("capture");
+    memory.screenAccess = false;
+    store().refreshScreenAccess();
+    look("access");
+    memory.screenAccess = true;
     press(Qt::Key_Escape);
     store().showRestore.set(true);
     settle();

@@ -15,8 +15,7 @@ struct ItemsFixture : WindowFixture {
     ItemsFixture()
     {
         addSheetScreens(screens);
-        openWindow();
-        Checkpoint checkpoint = saveCheckpoint(*store().createProject("Thesis"), "Chapter", 10);
+        Checkpoint checkpoint = saveCheckpoint(openProject(), "Chapter", 10);
         checkpoint.apps = {{"org.editor", "Editor"}, {"tom", "Tom & Jerry"}};
         checkpoint.tabs = {{.title = "First", .url = "https://one.example/a"},
                            {.title = "", .url = "https://sub.two.example/b", .browserName = "Firefox"},

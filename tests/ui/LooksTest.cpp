@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/ui/CutTexts.h"
 #include "tests/ui/WindowFixture.h"
 
 #include "ui/sheets/SheetScreens.h"
 #include "ui/theme/AppTheme.h"
 
 #include <QImage>
-#include <QLabel>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -26,19 +26,6 @@ QImage drawnScreen()
     painter.fillRect(QRect(80, 70, 900, 620), Qt::white);
     painter.fillRect(QRect(1060, 160, 740, 480), QColor(30, 32, 40));
     return image;
-}
-
-// Labels of one line whose text does not fit, among those that are seen.
-QStringList cutTexts(const QWidget *window)
-{
-    QStringList cut;
-    for (const QLabel *const label : window->findChildren<QLabel *>()) {
-        const bool isCut = label->wordWrap() ? label->height() < label->heightForWidth(label->width())
-                                             : label->width() < label->sizeHint().width();
-        if (label->isVisible() && isCut)
-            cut << label->text();
-    }
-    return cut;
 }
 
 struct LooksFixture : WindowFixture {
@@ -107,7 +94,7 @@ struct LooksFixture : WindowFixture {
         theme.setAppearance({});
         settle();
         picture(name + "-light");
-        CHECK(cutTexts(window.get()) == QStringList());
+        CHECK(textsThatAreCut(window.get()) == QStringList());
     }
 };
 

@@ -1,45 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/ShownPicture.h"
 
-#include <QApplication>
-#include <QFileDialog>
-#include <QImage>
-#include <QLineEdit>
-#include <QTest>
-
 using namespace ardeno;
-
-TEST_CASE_FIXTURE(WindowFixture, "an image is added to a checkpoint and removed again")
-{
-    openWindow();
-    store().createProject("Thesis");
-    Checkpoint checkpoint{.title = "Chapter", .projectID = store().projects().first().id};
-    REQUIRE(store().save(checkpoint));
-    settle();
-    CHECK(seesText("No screenshot saved"));
-    picture("no-screenshot");
-    QImage image(640, 400, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    REQUIRE(image.save(home.filePath("photo.png")));
-    click("Add image…");
-    auto *const dialog = window->findChild<QFileDialog *>();
-    REQUIRE(dialog);
-    dialog->selectFile(home.filePath("photo.png"));
-    Q_EMIT dialog->fileSelected(home.filePath("photo.png"));
-    dialog->reject();
-    REQUIRE(eventually([this] { return shownPicture(*this) && shownPicture(*this)->isShown(); }));
-    CHECK(seesText("Image added. A copy is saved with this checkpoint."));
-    picture("image-added");
-    click("Remove");
-    CHECK(seesText("No screenshot saved"));
-    CHECK_FALSE(store().checkpoints().first().screenshot);
-}
 
 TEST_CASE_FIXTURE(WindowFixture, "a screenshot that is missing or damaged is named, never an empty frame")
 {
-    openWindow();
-    store().createProject("Thesis");
-    const QUuid project = store().projects().first().id;
+    const QUuid project = openProject();
     const Checkpoint damaged = saveCheckpoint(project, "Damaged", 10);
     Checkpoint missing{.title = "Missing", .projectID = project, .screenshot = home.filePath("nowhere.png")};
     REQUIRE(store().save(missing));
@@ -55,12 +21,8 @@ TEST_CASE_FIXTURE(WindowFixture, "a screenshot that is missing or damaged is nam
 
 TEST_CASE_FIXTURE(WindowFixture, "a checkpoint is deleted only after the question was answered so")
 {
-    openWindow();
-    store().createProject("Thesis");
-    const QUuid project = store().projects().first().id;
-    saveCheckpoint(project, "Older", 10);
-    saveCheckpoint(project, "Newer", 20);
-    settle();
+    openProject();
+    saveTwoCheckpoints();
     press(Qt::Key_Delete, Qt::ControlModifier);
     CHECK(seesText("Delete this checkpoint and its local recording?"));
     picture("delete-checkpoint");
@@ -80,9 +42,7 @@ TEST_CASE_FIXTURE(WindowFixture, "a checkpoint is deleted only after the questio
 
 TEST_CASE_FIXTURE(WindowFixture, "a project is deleted with all it holds only after the question was answered so")
 {
-    openWindow();
-    store().createProject("Thesis");
-    saveCheckpoint(store().projects().first().id, "Chapter", 10);
+    saveCheckpoint(openProject(), "Chapter", 10);
     click("All projects");
     click("Actions for Thesis");
     choose("Delete project…");
@@ -99,12 +59,8 @@ TEST_CASE_FIXTURE(WindowFixture, "a project is deleted with all it holds only af
 
 TEST_CASE_FIXTURE(WindowFixture, "the manager opens and deletes checkpoints, and shows when none is left")
 {
-    openWindow();
-    store().createProject("Thesis");
-    const QUuid project = store().projects().first().id;
-    saveCheckpoint(project, "Older", 10);
-    saveCheckpoint(project, "Newer", 20);
-    settle();
+    openProject();
+    saveTwoCheckpoints();
     click("Manage checkpoints");
     CHECK(seesText("Selected: Newer"));
     picture("manager");

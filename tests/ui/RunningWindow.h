@@ -2,90 +2,53 @@
 #pragma once
 
 #include "tests/app/Program.h"
-#include "tests/ui/AccessibleWindow.h"
+#include "tests/desktop/Desktop.h"
+#include "tests/ui/ScreenReader.h"
 
 #include <QJsonArray>
-#include <QTest>
 
 namespace ardeno {
 
-inline bool waitUntil(const std::function<bool()> &condition)
-{
-    return QTest::qWaitFor(condition, 30'000);
-}
+using desktop_test::eventually;
+using desktop_test::outputOf;
 
-inline QString outputOf(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished();
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
-
-// The finished program with its window, worked through the X server.
+// The finished program with its window, worked with the X server's pointer and keys, and read as a screen reader does.
 struct RunningWindow : ProgramFixture {
     std::unique_ptr<QProcess> program;
+    std::unique_ptr<ScreenReader> reader;
     QString window; // Its number.
 
-    void open()
-    {
-        program = start({});
-        const bool isThere = waitUntil([this] {
-            window = outputOf("xdotool", {"search", "--onlyvisible", "--pid", QString::number(program->processId())})
-                         .section('\n', 0, 0);
-            return !window.isEmpty() && outputOf("wmctrl", {"-l"}).contains("Ardeno");
-        });
-        const QByteArray said = program->readAllStandardError();
-        CAPTURE(said);
-        REQUIRE(isThere);
-    }
+    ~RunningWindow();
 
-    ~RunningWindow()
-    {
-        if (program && program->state() != QProcess::NotRunning) {
-            program->kill();
-            program->waitForFinished();
-        }
-    }
+    // Starts it, waits until its window is there and gives it the keyboard.
+    void open();
+    // Asks it to end, and checks that it did so without a word.
+    void close();
 
-    void key(const QString &keys) const { outputOf("xdotool", {"key", "--window", "0", keys}); }
+    void key(const QString &keys) const;
+    void type(const QString &text) const;
+    // By keys alone, as soon as the window takes them.
+    void createProject(const QString &name) const;
 
-    void type(const QString &text) const { outputOf("xdotool", {"type", "--delay", "20", text}); }
+    // Whether it is seen before long.
+    bool sees(const QString &name) const;
 
-    void focus() const { outputOf("xdotool", {"windowactivate", "--sync", window}); }
+    bool seesNow(const QString &name) const { return reader->find(name).has_value(); }
+
+    // Where it is, once it is there and stands still; scrolled into the window.
+    QRect place(const QString &name) const;
+    // With the pointer's own button: 1 the left one, 3 the right one.
+    void click(const QString &name, int button = 1) const;
+    // Of the menu that opens, the entry at this place; menus are windows of their own, which readers only hear of.
+    void chooseEntry(int at) const;
+    void drag(const QString &name, const QString &target) const;
 
     QJsonArray stored(const char *list) const { return library().value(list).toArray(); }
 
-    // Keys are lost while the program is still busy with the one before, so they are sent until they show.
-    bool keyUntil(const QString &keys, const std::function<bool()> &condition) const
-    {
-        for (int attempt = 0; attempt < 20; ++attempt) {
-            key(keys);
-            if (QTest::qWaitFor(condition, 2000))
-                return true;
-        }
-        return false;
-    }
+    QStringList storedNames() const;
 
-    // What the window shows, as a screen reader finds it.
-    AccessibleWindow shown() const { return AccessibleWindow(program->processId()); }
-
-    // Presses a button once it can be pressed.
-    bool click(const QString &button) const
-    {
-        return waitUntil([&] { return shown().press(button); });
-    }
-
-    bool sees(const QString &name) const
-    {
-        return waitUntil([&] { return shown().has(name); });
-    }
-
-    void picture(const QString &name) const
-    {
-        QDir().mkpath(ARDENO_PICTURES);
-        outputOf("maim", {"-i", window, QString(ARDENO_PICTURES "/%1.png").arg(name)});
-    }
+    // Leaves a picture of the window for people to look at.
+    void picture(const QString &name) const;
 };
 
 } // namespace ardeno

@@ -13,6 +13,7 @@ namespace ardeno {
 namespace {
 
 constexpr auto accessible = "org.a11y.atspi.Accessible";
+constexpr auto component = "org.a11y.atspi.Component";
 constexpr int patience = 5000; // Milliseconds.
 
 // Bits of the set of states.
@@ -89,12 +90,13 @@ bool ScreenReader::walk(const Node &node, const std::function<bool(const Control
     const auto bits = states.canConvert<QDBusArgument>() ? qdbus_cast<QList<uint>>(states) : QList<uint>{0, 0};
     const auto has = [&](int bit) { return (bits.value(bit / 32) >> (bit % 32)) & 1U; };
     if (has(showingState)) {
-        Control control{.role = ask(node, accessible, "GetRole").value(0).toUInt(),
+        Control control{.node = node,
+                        .role = ask(node, accessible, "GetRole").value(0).toUInt(),
                         .isEnabled = has(enabledState) != 0,
                         .isFocusable = has(focusableState) != 0};
         const QVariantList name = ask(node, "org.freedesktop.DBus.Properties", "Get", {QString(accessible), "Name"});
         control.name = name.value(0).value<QDBusVariant>().variant().toString();
-        const QVariant place = ask(node, "org.a11y.atspi.Component", "GetExtents", {0U}).value(0);
+        const QVariant place = ask(node, component, "GetExtents", {0U}).value(0);
         if (place.canConvert<QDBusArgument>())
             control.extents = qdbus_cast<QRect>(place);
         if (!visit(control))
@@ -126,6 +128,12 @@ std::optional<ScreenReader::Control> ScreenReader::find(const QString &name) con
             return control;
     }
     return std::nullopt;
+}
+
+bool ScreenReader::focus(const QString &name) const
+{
+    const std::optional<Control> found = find(name);
+    return found && ask(found->node, component, "GrabFocus").value(0).toBool();
 }
 
 QStringList ScreenReader::unnamed() const

@@ -13,7 +13,13 @@ namespace ardeno {
 // Reads another program through the accessibility bus, as screen readers do.
 class ScreenReader final {
 public:
+    struct Node {
+        QString service = {};
+        QString path = {};
+    };
+
     struct Control {
+        Node node = {};
         QString name = {};
         uint role = 0;      // AtspiRole.
         QRect extents = {}; // On the screen.
@@ -29,15 +35,13 @@ public:
     // The first one of that name, or whose name begins with it and a comma, as rows do.
     std::optional<Control> find(const QString &name) const;
 
+    // Gives it the keyboard; false when there is nothing of that name.
+    bool focus(const QString &name) const;
+
     // What a screen reader would stop at without being able to say what it is.
     QStringList unnamed() const;
 
 private:
-    struct Node {
-        QString service = {};
-        QString path = {};
-    };
-
     std::optional<Node> application() const;
     // False ends the walk.
     bool walk(const Node &node, const std::function<bool(const Control &)> &visit) const;

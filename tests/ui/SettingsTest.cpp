@@ -301,8 +301,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "the tab key shows what it reaches")
 
 TEST_CASE_FIXTURE(SettingsFixture, "a checkpoint's details are saved as written, or not at all")
 {
-    openWindow();
-    const QUuid thesis = *store().createProject("Thesis");
+    const QUuid thesis = openProject();
     const QUuid website = *store().createProject("Client website & shop");
     Checkpoint checkpoint = saveCheckpoint(thesis, "Evaluation", 1000);
     checkpoint.objective = u"• one\u00a0two\n\n  three"_qs;

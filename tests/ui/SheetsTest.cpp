@@ -5,7 +5,6 @@
 #include "ui/sheets/SheetScreens.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QDir>
 #include <QTest>
 
@@ -17,13 +16,6 @@ const QString chromeID = "com.google.Chrome";
 
 struct SheetFixture : WindowFixture {
     SheetFixture() { addSheetScreens(screens); }
-
-    void openWithProject()
-    {
-        openWindow();
-        store().createProject("Thesis");
-        settle();
-    }
 
     Sheet *sheet() const { return window->sheets().topSheet(); }
 
@@ -81,7 +73,7 @@ struct SheetFixture : WindowFixture {
 
 TEST_CASE_FIXTURE(SheetFixture, "a checkpoint is saved through its sheet, into a project that it makes")
 {
-    openWithProject();
+    openProject();
     openCapture();
     CHECK(seesText("A checkpoint saves your screenshot, open apps, browser tabs and next step together."));
     CHECK_FALSE(seesText("New project name"));
@@ -89,17 +81,15 @@ TEST_CASE_FIXTURE(SheetFixture, "a checkpoint is saved through its sheet, into a
     press(Qt::Key_Escape);
     CHECK(store().draftTitle() == "Chapter 3"); // What was typed is still there the next time.
     openCapture();
-    auto *const project = qobject_cast<QComboBox *>(widget("Project"));
-    REQUIRE(project);
-    project->setFocus(Qt::TabFocusReason);
+    button("Project: Thesis")->setFocus(Qt::TabFocusReason);
     press(Qt::Key_End);
-    CHECK(project->currentText() == "New project");
+    CHECK(findButton("Project: New project"));
     CHECK(seesText("New project name"));
+    widget("New project name")->setFocus();
     press(Qt::Key_Return);
     CHECK(seesText("Choose a project or enter a new project name before saving."));
     press(Qt::Key_Return);
     CHECK(store().checkpoints().isEmpty());
-    widget("New project name")->setFocus();
     type("Garden");
     press(Qt::Key_Return);
     REQUIRE(eventually([this] { return seesText("Checkpoint saved."); }));
@@ -111,7 +101,7 @@ TEST_CASE_FIXTURE(SheetFixture, "a checkpoint is saved through its sheet, into a
 
 TEST_CASE_FIXTURE(SheetFixture, "a save that fails leaves the sheet open with all that was typed, to be tried again")
 {
-    openWithProject();
+    openProject();
     openCapture();
     type("Chapter 3");
     memory.pictureFailure = Failure("Capture", 2, "The picture could not be made.");
@@ -143,7 +133,7 @@ TEST_CASE_FIXTURE(SheetFixture, "a save that fails leaves the sheet open with al
 
 TEST_CASE_FIXTURE(SheetFixture, "a work session is started in the sheet and stopped from the window")
 {
-    openWithProject();
+    openProject();
     openCapture();
     click("Record a work session");
     CHECK(seesText("Record a work session."));
@@ -161,7 +151,7 @@ TEST_CASE_FIXTURE(SheetFixture, "a work session is started in the sheet and stop
 TEST_CASE_FIXTURE(SheetFixture, "without screen access the sheet leads to it, and sees by itself that it was given")
 {
     memory.screenAccess = false;
-    openWithProject();
+    openProject();
     openCapture();
     CHECK(seesText("Screen access setup"));
     CHECK(seesText("Why we need screen access"));
@@ -198,7 +188,7 @@ TEST_CASE_FIXTURE(SheetFixture, "without screen access the sheet leads to it, an
 
 TEST_CASE_FIXTURE(SheetFixture, "the restore sheet ticks what is missing and nothing else, and opens what is ticked")
 {
-    openWithProject();
+    openProject();
     saveMixed();
     openRestore();
     CHECK(statuses() == QStringList{"APPLICATIONS", "Editor: Active", "[x] Viewer: Will open", "Gone: Not installed",
@@ -219,7 +209,7 @@ TEST_CASE_FIXTURE(SheetFixture, "the restore sheet ticks what is missing and not
 
 TEST_CASE_FIXTURE(SheetFixture, "ticks are set by keys and clicks, and only where there is a choice")
 {
-    openWithProject();
+    openProject();
     saveMixed();
     openRestore();
     QListView *const view = list("Apps and tabs of the checkpoint");
@@ -243,7 +233,7 @@ TEST_CASE_FIXTURE(SheetFixture, "ticks are set by keys and clicks, and only wher
 
 TEST_CASE_FIXTURE(SheetFixture, "applications that start and end while the restore sheet is open never open twice")
 {
-    openWithProject();
+    openProject();
     saveMixed();
     openRestore();
     const auto changed = [this](const QString &row) {
@@ -268,7 +258,7 @@ TEST_CASE_FIXTURE(SheetFixture, "applications that start and end while the resto
 
 TEST_CASE_FIXTURE(SheetFixture, "what the last resume did not place is listed with its reason and can be tried again")
 {
-    openWithProject();
+    openProject();
     Checkpoint checkpoint = saveMixed();
     checkpoint.apps = {{"org.editor", "Editor"}};
     checkpoint.tabs.clear();
@@ -295,7 +285,7 @@ TEST_CASE_FIXTURE(SheetFixture,
                   "moving windows is asked for once the user wants it, and never shown as possible before")
 {
     memory.moving = {Capability::State::NeedsConsent, {}};
-    openWithProject();
+    openProject();
     saveMixed();
     openRestore();
     CHECK(seesText("Moving other apps’ windows needs Accessibility access. Opening apps and tabs works without it."));
@@ -318,7 +308,7 @@ TEST_CASE_FIXTURE(SheetFixture, "a sample is only previewed")
 
 TEST_CASE_FIXTURE(SheetFixture, "hundreds of items and endless texts fit into both sheets and the page")
 {
-    openWithProject();
+    openProject();
     Checkpoint checkpoint = saveMixed();
     const QString endless = QString("word ").repeated(2000);
     for (int i = 0; i < 100; ++i)

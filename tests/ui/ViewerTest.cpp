@@ -108,8 +108,7 @@ struct ViewerFixture : WindowFixture {
 TEST_CASE_FIXTURE(ViewerFixture, "the screenshot of a checkpoint opens in one window of its own")
 {
     addSettingsScreens(&screens);
-    openWindow();
-    const QUuid project = *store().createProject("Thesis");
+    const QUuid project = openProject();
     const Checkpoint checkpoint = saveCheckpoint(project, "Start", 1000);
     REQUIRE(paintedScreens({1920, 1080}).save(*checkpoint.screenshot));
     REQUIRE(store().save(checkpoint));

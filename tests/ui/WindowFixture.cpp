@@ -22,6 +22,23 @@ void WindowFixture::openWindow()
     settle();
 }
 
+QUuid WindowFixture::openProject()
+{
+    openWindow();
+    const QUuid project = *store().createProject("Thesis");
+    settle();
+    return project;
+}
+
+WindowFixture::TwoCheckpoints WindowFixture::saveTwoCheckpoints()
+{
+    const QUuid project = *store().selectedProjectID();
+    const Checkpoint older = saveCheckpoint(project, "Older", 10);
+    const Checkpoint newer = saveCheckpoint(project, "Newer", 20);
+    settle();
+    return {older, newer};
+}
+
 void WindowFixture::restart()
 {
     window.reset();

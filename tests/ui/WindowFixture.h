@@ -21,6 +21,16 @@ struct WindowFixture : StoreFixture {
 
     // A window on what is stored, as after a start of the program.
     void openWindow();
+    // The same, on a new project.
+    QUuid openProject();
+
+    struct TwoCheckpoints {
+        Checkpoint older;
+        Checkpoint newer;
+    };
+
+    // Called so, of the selected project; the newer one is shown.
+    TwoCheckpoints saveTwoCheckpoints();
     // Closes the window and the store, and opens both anew.
     void restart();
 

@@ -90,6 +90,8 @@ void Choice::openMenu()
     auto *group = new QActionGroup(menu);
     const QFontMetrics metrics(menu->font());
     for (qsizetype i = 0; i < m_options.size(); ++i) {
+        if (m_options.at(i).apart == Apart::Yes)
+            menu->addSeparator();
         // An ampersand would mark a shortcut.
         QString shown = metrics.elidedText(m_options.at(i).text.simplified(), Qt::ElideRight, mostMenuWidth);
         QAction *const action = addMenuItem(menu, shown.replace('&', "&&"), {}, [this, i] { choose(i); });
@@ -99,8 +101,7 @@ void Choice::openMenu()
     }
     menu->setMinimumWidth(width());
     menu->popup(mapToGlobal(QPoint(0, height() + 4)));
-    if (m_current >= 0)
-        menu->setActiveAction(menu->actions().at(m_current));
+    menu->setActiveAction(group->checkedAction());
 }
 
 void Choice::keyPressEvent(QKeyEvent *event)
@@ -110,6 +111,10 @@ void Choice::keyPressEvent(QKeyEvent *event)
         return choose(m_current - 1);
     case Qt::Key_Down:
         return choose(m_current + 1);
+    case Qt::Key_Home:
+        return choose(0);
+    case Qt::Key_End:
+        return choose(m_options.size() - 1);
     case Qt::Key_Return:
     case Qt::Key_Enter:
         return click();
@@ -121,9 +126,7 @@ void Choice::keyPressEvent(QKeyEvent *event)
 void Choice::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    Drawing::panel(painter, rect(), 7, themeColor(Role::Field), themeColor(hasFocus() ? Role::Accent : Role::Line));
-    if (hasFocus())
-        Drawing::focusRing(painter, rect(), 7);
+    Drawing::field(painter, rect(), hasFocus());
     const Role ink = isEnabled() ? Role::Text : Role::Faint;
     const QRectF chevron(width() - choicePadding - chevronExtent + 2, (height() - chevronExtent) / 2.0, chevronExtent,
                          chevronExtent);

@@ -11,9 +11,12 @@ namespace ardeno {
 // One of several options, chosen from a menu or with the arrow keys.
 class Choice final : public QAbstractButton {
 public:
+    enum class Apart { No, Yes };
+
     struct Option {
         QString text = {};
         QVariant value = {};
+        Apart apart = Apart::No; // Below a line.
     };
 
     // The name says what is chosen.

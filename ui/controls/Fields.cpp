@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/Fields.h"
 
+#include "ui/controls/Ground.h"
+#include "ui/controls/Label.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
 
@@ -47,9 +49,7 @@ void TextField::paintEvent(QPaintEvent *event)
 {
     {
         QPainter painter(this);
-        Drawing::panel(painter, rect(), 7, themeColor(Role::Field), themeColor(hasFocus() ? Role::Accent : Role::Line));
-        if (hasFocus())
-            Drawing::focusRing(painter, rect(), 7);
+        Drawing::field(painter, rect(), hasFocus());
         if (!m_symbol.isEmpty())
             Symbols::draw(painter, m_symbol, {11, (height() - 16) / 2.0, 16, 16}, themeColor(Role::Dim));
     }
@@ -97,6 +97,31 @@ void Switch::focusOutEvent(QFocusEvent *event)
 {
     m_showsFocus = false;
     QAbstractButton::focusOutEvent(event);
+}
+
+QVBoxLayout *makeLabelled(const QString &label, QWidget *field, QWidget *owner)
+{
+    auto *column = makeColumn(5, owner);
+    column->addWidget(makeLabel(label, TextStyle::Medium, Role::Dim));
+    column->addWidget(field);
+    return column;
+}
+
+void bind(QLineEdit *field, Editable<QString> &text, Observations &observations)
+{
+    QObject::connect(field, &QLineEdit::textEdited, field, [&text](const QString &typed) { text.set(typed); });
+    // Only what comes from elsewhere, so that the cursor stays.
+    const auto show = [field, &text] {
+        if (field->text() != text())
+            field->setText(text());
+    };
+    observations.watch(show, text);
+}
+
+void bind(Switch *control, Editable<bool> &isOn, Observations &observations)
+{
+    QObject::connect(control, &QAbstractButton::toggled, control, [&isOn](bool on) { isOn.set(on); });
+    observations.watch([control, &isOn] { control->setChecked(isOn()); }, isOn);
 }
 
 } // namespace ardeno

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/Observable.h"
+
 #include <QAbstractButton>
 #include <QLineEdit>
+
+class QVBoxLayout;
 
 namespace ardeno {
 
@@ -35,5 +39,12 @@ protected:
 private:
     bool m_showsFocus = false;
 };
+
+// A field with its label above it.
+QVBoxLayout *makeLabelled(const QString &label, QWidget *field, QWidget *owner = nullptr);
+
+// They show the property and change it, for as long as the observations live.
+void bind(QLineEdit *field, Editable<QString> &text, Observations &observations);
+void bind(Switch *control, Editable<bool> &isOn, Observations &observations);
 
 } // namespace ardeno

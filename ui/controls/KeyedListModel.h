@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/Identifiers.h"
+
 #include <QAbstractListModel>
 #include <QSet>
 #include <QUuid>
@@ -76,9 +78,7 @@ private:
 
     void removeOthers(const QList<Row> &rows)
     {
-        QSet<QUuid> kept;
-        for (const Row &row : rows)
-            kept.insert(row.id);
+        const QSet<QUuid> kept = idsOf(rows);
         for (int i = rowCount() - 1; i >= 0; --i) {
             if (kept.contains(m_rows.at(i).id))
                 continue;

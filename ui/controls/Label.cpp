@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/Label.h"
 
+#include "ui/controls/Ground.h"
 #include "ui/controls/ParagraphLayout.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
@@ -181,6 +182,14 @@ void SymbolView::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     Symbols::draw(painter, m_symbol, rect(), themeColor(m_role));
+}
+
+QHBoxLayout *makeMarked(const QString &symbol, Role role, QWidget *text, QWidget *owner)
+{
+    auto *row = makeRow(9, owner);
+    row->addWidget(new SymbolView(symbol, role), 0, Qt::AlignTop);
+    row->addWidget(text, 1);
+    return row;
 }
 
 } // namespace ardeno

@@ -6,6 +6,8 @@
 #include <QFrame>
 #include <QLabel>
 
+class QHBoxLayout;
+
 namespace ardeno {
 
 // A text in one of the theme's styles and colours, which follow the theme. Plain text, never interpreted.
@@ -53,5 +55,8 @@ private:
     QString m_symbol;
     Role m_role;
 };
+
+// A text, or more, with a symbol before its first line.
+QHBoxLayout *makeMarked(const QString &symbol, Role role, QWidget *text, QWidget *owner = nullptr);
 
 } // namespace ardeno

@@ -22,12 +22,20 @@ QAction *addMenuItem(QMenu *menu, const QString &text, const QString &symbol, st
     return action;
 }
 
+void showMenu(QWidget *owner, const QPoint &place, const std::function<void(QMenu *)> &fill)
+{
+    QMenu *const menu = makeMenu(owner);
+    fill(menu);
+    if (menu->isEmpty())
+        delete menu;
+    else
+        menu->popup(place);
+}
+
 void setMenu(Button *button, std::function<void(QMenu *)> fill)
 {
     QObject::connect(button, &QAbstractButton::clicked, button, [button, fill = std::move(fill)] {
-        QMenu *const menu = makeMenu(button);
-        fill(menu);
-        menu->popup(button->mapToGlobal(QPoint(0, button->height() + 4)));
+        showMenu(button, button->mapToGlobal(QPoint(0, button->height() + 4)), fill);
     });
 }
 

@@ -14,6 +14,9 @@ QMenu *makeMenu(QWidget *parent);
 
 QAction *addMenuItem(QMenu *menu, const QString &text, const QString &symbol, std::function<void()> chosen);
 
+// Opens a menu at this place of the screen, unless nothing was filled in.
+void showMenu(QWidget *owner, const QPoint &place, const std::function<void(QMenu *)> &fill);
+
 // Pressing the button (or Return on it) opens the menu below it; the menu is filled anew each time.
 void setMenu(Button *button, std::function<void(QMenu *)> fill);
 

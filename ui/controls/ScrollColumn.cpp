@@ -2,6 +2,7 @@
 #include "ui/controls/ScrollColumn.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -44,6 +45,13 @@ int ScrollColumn::heightForWidth(int width) const
 QSize ScrollColumn::sizeHint() const
 {
     return m_column->totalSizeHint();
+}
+
+bool ScrollColumn::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::LayoutRequest)
+        updateGeometry();
+    return QScrollArea::eventFilter(watched, event);
 }
 
 QSize ScrollColumn::minimumSizeHint() const

@@ -21,6 +21,10 @@ public:
 
     int heightForWidth(int width) const override;
 
+protected:
+    // What it holds may become taller.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     QVBoxLayout *m_column;
 };

@@ -57,10 +57,7 @@ void TextArea::setOnTextChange(std::function<void()> changed)
 void TextArea::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    const bool isFocused = m_editor->hasFocus();
-    Drawing::panel(painter, rect(), 7, themeColor(Role::Field), themeColor(isFocused ? Role::Accent : Role::Line));
-    if (isFocused)
-        Drawing::focusRing(painter, rect(), 7);
+    Drawing::field(painter, rect(), m_editor->hasFocus());
 }
 
 bool TextArea::eventFilter(QObject *watched, QEvent *event)

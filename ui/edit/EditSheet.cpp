@@ -26,16 +26,10 @@ EditSheet::EditSheet(AppStore &store, const Checkpoint &checkpoint)
                                   TextStyle::Body, Role::Dim));
     column()->addLayout(head);
     auto *form = new ScrollColumn(14);
-    const auto add = [form](const QString &label, QWidget *field) {
-        auto *group = makeColumn(5);
-        group->addWidget(makeLabel(label, TextStyle::Medium, Role::Dim));
-        group->addWidget(field);
-        form->column()->addLayout(group);
-    };
-    add(tr("Project"), m_project);
-    add(tr("Checkpoint title"), m_title);
-    add(tr("Where you left off"), m_objective);
-    add(tr("Your next small step"), m_nextStep);
+    form->column()->addLayout(makeLabelled(tr("Project"), m_project));
+    form->column()->addLayout(makeLabelled(tr("Checkpoint title"), m_title));
+    form->column()->addLayout(makeLabelled(tr("Where you left off"), m_objective));
+    form->column()->addLayout(makeLabelled(tr("Your next small step"), m_nextStep));
     column()->addWidget(form, 1);
     m_title->setText(checkpoint.title);
     m_title->setModified(false);

@@ -150,7 +150,7 @@ QWidget *WorkspaceItemsView::makeApps()
     }
     m_apps->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
         if (const SavedApp *const app = appAt(index))
-            showMenu(place, [&](QMenu *menu) { fillAppMenu(menu, *app); });
+            showMenu(this, place, [&](QMenu *menu) { fillAppMenu(menu, *app); });
     });
     column->addWidget(makeListCard(m_appCard, m_apps));
     m_noApps = makeEmptyCard(tr("No apps saved in this checkpoint."));
@@ -199,7 +199,7 @@ QWidget *WorkspaceItemsView::makeTabs()
     }
     m_tabs->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
         if (const SavedTab *const tab = tabAt(index))
-            showMenu(place, [&](QMenu *menu) { fillTabMenu(menu, *tab); });
+            showMenu(this, place, [&](QMenu *menu) { fillTabMenu(menu, *tab); });
     });
     column->addWidget(makeListCard(m_tabCard, m_tabs));
     m_noTabs = makeEmptyCard(tr("No browser tabs in this checkpoint"),
@@ -230,16 +230,6 @@ const SavedTab *WorkspaceItemsView::tabAt(const QModelIndex &index) const
             return &checkpoint->tabs.at(i);
     }
     return nullptr;
-}
-
-void WorkspaceItemsView::showMenu(const QPoint &place, const std::function<void(QMenu *)> &fill)
-{
-    QMenu *const menu = makeMenu(this);
-    fill(menu);
-    if (menu->isEmpty())
-        delete menu;
-    else
-        menu->popup(place);
 }
 
 void WorkspaceItemsView::fillAppMenu(QMenu *menu, const SavedApp &app)

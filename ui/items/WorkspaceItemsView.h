@@ -34,7 +34,6 @@ private:
     const Checkpoint *current() const;
     const SavedApp *appAt(const QModelIndex &index) const;
     const SavedTab *tabAt(const QModelIndex &index) const;
-    void showMenu(const QPoint &place, const std::function<void(QMenu *)> &fill);
     void fillAppMenu(QMenu *menu, const SavedApp &app);
     void fillTabMenu(QMenu *menu, const SavedTab &tab);
     void showCheckpoint();

@@ -42,12 +42,8 @@ ProjectListView::ProjectListView(AppStore &store, QWidget *parent)
     setToolTip(tr("Drag a project to another place, or press Alt with an arrow key"));
     setOnActivate([this](const QModelIndex &index) { m_store.selectProject(m_model.rows().at(index.row()).id); });
     setOnMenu([this](const QModelIndex &index, const QPoint &place) {
-        QMenu *const menu = makeMenu(this);
-        ProjectActions::fill(menu, m_store, m_model.rows().at(index.row()).id);
-        if (menu->isEmpty())
-            delete menu;
-        else
-            menu->popup(place);
+        showMenu(this, place,
+                 [&](QMenu *menu) { ProjectActions::fill(menu, m_store, m_model.rows().at(index.row()).id); });
     });
     m_observations.watch(
         [this] {

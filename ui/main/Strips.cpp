@@ -77,12 +77,8 @@ Sheet *makeUpdateDetailsSheet(AppStore &store, const Screens &screens, const App
     sheet->column()->addWidget(new LineLabel(tr("Version %1").arg(update.latestVersion), TextStyle::Body, Role::Dim));
     auto *notes = new ScrollColumn(14);
     sheet->column()->addWidget(notes, 1);
-    for (const QString &note : update.releaseNotes) {
-        auto *row = makeRow(9);
-        row->addWidget(new SymbolView("checkmark", Role::SageText), 0, Qt::AlignTop);
-        row->addWidget(makeParagraph(note), 1);
-        notes->column()->addLayout(row);
-    }
+    for (const QString &note : update.releaseNotes)
+        notes->column()->addLayout(makeMarked("checkmark", Role::SageText, makeParagraph(note)));
     if (update.releaseNotes.isEmpty())
         notes->column()->addWidget(makeParagraph(tr("Improvements and fixes.")));
     sheet->column()->addSpacing(4);

@@ -45,9 +45,9 @@ PlainList *CheckpointManagerSheet::makeList()
     list->setItemDelegate(new ManagerDelegate(m_pictures, list));
     list->setUniformItemSizes(true);
     list->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
-        QMenu *const menu = makeMenu(this);
-        CheckpointActions::fill(menu, m_store, m_model.rows().at(index.row()), this, [this] { close(); });
-        menu->popup(place);
+        showMenu(this, place, [&](QMenu *menu) {
+            CheckpointActions::fill(menu, m_store, m_model.rows().at(index.row()), this, [this] { close(); });
+        });
     });
     connect(list->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex &current, const QModelIndex &before) {

@@ -15,15 +15,10 @@ struct ProjectSheetTexts final {
     Q_DECLARE_TR_FUNCTIONS(ardeno::ProjectSheetTexts)
 };
 
-// A field with its label above it.
 TextField *addField(QVBoxLayout *column, const QString &label, const QString &placeholder)
 {
     auto *field = new TextField(label, placeholder);
-    auto *group = new QVBoxLayout;
-    group->setSpacing(5);
-    group->addWidget(makeLabel(label, TextStyle::Medium, Role::Dim));
-    group->addWidget(field);
-    column->addLayout(group);
+    column->addLayout(makeLabelled(label, field));
     return field;
 }
 

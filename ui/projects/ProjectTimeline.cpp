@@ -95,9 +95,9 @@ PlainList *ProjectTimeline::makeStrip()
     strip->setOnActivate(
         [this](const QModelIndex &index) { m_store.selectCheckpoint(m_model.rows().at(index.row()).id); });
     strip->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
-        QMenu *const menu = makeMenu(this);
-        CheckpointActions::fill(menu, m_store, m_model.rows().at(index.row()), this, {});
-        menu->popup(place);
+        showMenu(this, place, [&](QMenu *menu) {
+            CheckpointActions::fill(menu, m_store, m_model.rows().at(index.row()), this, {});
+        });
     });
     return strip;
 }

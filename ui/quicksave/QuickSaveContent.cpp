@@ -7,6 +7,7 @@
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Progress.h"
+#include "ui/projects/DraftProject.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -48,15 +49,13 @@ QuickSaveContent::QuickSaveContent(AppStore &store, QWidget *parent)
     column->addWidget(m_details);
     column->addWidget(m_problem);
     column->addWidget(makeFooter());
-    bind(m_newProject, store.draftProjectName);
-    bind(m_next, store.draftNext);
-    m_project->setOnChoose([this](const QVariant &chosen) {
-        const QUuid id = chosen.toUuid();
-        m_store.draftProjectID.set(id.isNull() ? std::nullopt : std::optional(id));
-    });
+    bind(m_newProject, store.draftProjectName, m_observations);
+    bind(m_next, store.draftNext, m_observations);
+    DraftProject::offer(m_project, tr("New project…"), store, m_observations);
     connect(m_disclosure, &QAbstractButton::clicked, this, [this] { showDetails(m_details->isHidden()); });
     showDetails(false);
-    m_observations.watch([this] { showProjects(); }, store.projects, store.draftProjectID);
+    m_observations.watch([this] { m_newProject->setVisible(DraftProject::isNew(m_store)); }, store.projects,
+                         store.draftProjectID);
     m_observations.watch([this] { showState(); }, store.busy, store.requestingAccess, store.draftProjectID,
                          store.draftProjectName, store.captureIssue, store.error);
 }
@@ -78,11 +77,10 @@ QWidget *QuickSaveContent::makeDetails()
     auto *column = makeColumn(10, details);
     auto *title =
         new TextField(tr("Checkpoint title (automatic if empty)"), tr("Checkpoint title (automatic if empty)"));
-    bind(title, m_store.draftTitle);
+    bind(title, m_store.draftTitle, m_observations);
     column->addWidget(title);
     auto *tabs = new Switch(tr("Include browser tabs"));
-    connect(tabs, &QAbstractButton::toggled, this, [this](bool isOn) { m_store.includeBrowser.set(isOn); });
-    m_observations.watch([this, tabs] { tabs->setChecked(m_store.includeBrowser()); }, m_store.includeBrowser);
+    bind(tabs, m_store.includeBrowser, m_observations);
     column->addWidget(tabs);
     return details;
 }
@@ -103,33 +101,10 @@ QWidget *QuickSaveContent::makeFooter()
     return footer;
 }
 
-void QuickSaveContent::bind(QLineEdit *field, Editable<QString> &text)
-{
-    connect(field, &QLineEdit::textEdited, this, [&text](const QString &typed) { text.set(typed); });
-    // Only what comes from elsewhere, so that the cursor stays.
-    m_observations.watch(
-        [field, &text] {
-            if (field->text() != text())
-                field->setText(text());
-        },
-        text);
-}
-
-void QuickSaveContent::showProjects()
-{
-    QList<Choice::Option> options;
-    for (const Project &project : m_store.availableProjects())
-        options.append({project.name, project.id});
-    options.append({tr("New project…"), QUuid()});
-    m_project->setOptions(options);
-    m_project->setCurrent(m_store.draftProjectID().value_or(QUuid()));
-    m_newProject->setVisible(!m_store.draftProjectID());
-}
-
 void QuickSaveContent::showState()
 {
     const bool isBusy = m_store.busy() || m_store.requestingAccess();
-    const bool lacksName = !m_store.draftProjectID() && m_store.draftProjectName().trimmed().isEmpty();
+    const bool lacksName = DraftProject::isNew(m_store) && m_store.draftProjectName().trimmed().isEmpty();
     m_progress->setVisible(m_store.busy());
     m_cancel->setEnabled(!isBusy);
     m_save->setEnabled(!isBusy && !lacksName);

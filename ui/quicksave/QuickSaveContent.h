@@ -33,13 +33,12 @@ private:
     QWidget *makeProjectRow();
     QWidget *makeDetails();
     QWidget *makeFooter();
-    void bind(QLineEdit *field, Editable<QString> &text);
-    void showProjects();
     void showState();
     void showDetails(bool isOpen);
     void save();
 
     AppStore &m_store;
+    Observations m_observations; // Before the fields, which it is about.
     Choice *m_project;
     TextField *m_newProject;
     TextField *m_next;
@@ -49,7 +48,6 @@ private:
     QWidget *m_progress;
     Button *m_cancel;
     Button *m_save;
-    Observations m_observations;
 };
 
 } // namespace ardeno

@@ -12,20 +12,6 @@
 
 namespace ardeno {
 
-namespace {
-
-constexpr int labelGap = 5;
-
-void addLabelled(QVBoxLayout *column, const QString &label, QWidget *field)
-{
-    auto *group = makeColumn(labelGap);
-    group->addWidget(makeLabel(label, TextStyle::Medium, Role::Dim));
-    group->addWidget(field);
-    column->addLayout(group);
-}
-
-} // namespace
-
 BugReportView::BugReportView(AppStore &store)
     : Sheet(tr("Report a bug"), 540),
       m_store(store),
@@ -39,7 +25,7 @@ BugReportView::BugReportView(AppStore &store)
     column()->addLayout(head);
     auto *form = new ScrollColumn(14);
     column()->addWidget(form, 1);
-    addLabelled(form->column(), tr("Short summary"), m_title);
+    form->column()->addLayout(makeLabelled(tr("Short summary"), m_title));
     m_details = addArea(form->column(), tr("What went wrong?"), 6);
     m_steps = addArea(form->column(), tr("Steps to reproduce (optional)"), 4);
     form->column()->addWidget(makePrivacyNote());
@@ -54,7 +40,7 @@ BugReportView::BugReportView(AppStore &store)
 TextArea *BugReportView::addArea(QVBoxLayout *column, const QString &label, int lines)
 {
     auto *area = new TextArea(label, lines);
-    addLabelled(column, label, area);
+    column->addLayout(makeLabelled(label, area));
     area->setOnTextChange([this] { showDraft(); });
     return area;
 }

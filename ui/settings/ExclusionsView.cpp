@@ -91,11 +91,9 @@ ExclusionsView::ExclusionsView(AppStore &store)
 QWidget *ExclusionsView::makeRecordingNote()
 {
     auto *note = new Card(nullptr, Role::AmberSoft, Role::AmberSoft, 8);
-    auto *row = makeRow(9, note);
-    row->setContentsMargins(12, 9, 12, 9);
-    row->addWidget(new SymbolView("exclamationmark.triangle", Role::AmberText), 0, Qt::AlignTop);
-    row->addWidget(
-        makeParagraph(tr("Finish the recording before changing exclusions."), TextStyle::Medium, Role::AmberText), 1);
+    QLabel *const text =
+        makeParagraph(tr("Finish the recording before changing exclusions."), TextStyle::Medium, Role::AmberText);
+    makeMarked("exclamationmark.triangle", Role::AmberText, text, note)->setContentsMargins(12, 9, 12, 9);
     return note;
 }
 

@@ -95,8 +95,7 @@ Switch *PreferencesView::makeBrowserTabs()
 {
     auto *tabs = new Switch({});
     tabs->setAccessibleName(tr("Include browser tabs"));
-    connect(tabs, &QAbstractButton::toggled, this, [this](bool isOn) { m_store.includeBrowser.set(isOn); });
-    m_observations.watch([this, tabs] { tabs->setChecked(m_store.includeBrowser()); }, m_store.includeBrowser);
+    bind(tabs, m_store.includeBrowser, m_observations);
     return tabs;
 }
 

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sheets/CaptureSheet.h"
 
+#include "ui/controls/Choice.h"
 #include "ui/controls/Fields.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
-#include "ui/sheets/ProjectChoice.h"
+#include "ui/controls/ScrollColumn.h"
+#include "ui/projects/DraftProject.h"
 #include "ui/sheets/ScreenAccessSetup.h"
-#include "ui/sheets/SheetScroll.h"
 
 #include <QAccessible>
 #include <QGuiApplication>
@@ -16,17 +17,15 @@ namespace ardeno {
 
 namespace {
 
-// A field with its label above it.
-QWidget *makeLabelled(const QString &label, QWidget *field)
-{
-    auto *group = new QWidget;
-    auto *column = makeColumn(5, group);
-    column->addWidget(makeLabel(label, TextStyle::Medium, Role::Dim));
-    column->addWidget(field);
-    return group;
-}
-
 constexpr int columnGap = 24;
+
+// As wide as the form, its knob at the end.
+Switch *makeSwitch(const QString &text)
+{
+    auto *control = new Switch(text);
+    control->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    return control;
+}
 
 } // namespace
 
@@ -35,20 +34,23 @@ CaptureSheet::CaptureSheet(AppStore &store)
       m_store(store),
       m_heading(makeParagraph({}, TextStyle::SheetTitle)),
       m_lead(makeParagraph({}, TextStyle::Body, Role::Dim)),
-      m_project(new ProjectChoice(store)),
-      m_name(makeDraftField(tr("New project name"), {}, store.draftProjectName)),
-      m_title(makeDraftField(tr("Checkpoint title (optional)"), tr("e.g. Mobile navigation"), store.draftTitle)),
-      m_next(makeDraftField(tr("Your next small step (optional)"), tr("A useful thought for your future self"),
-                            store.draftNext)),
-      m_browser(new Switch(tr("Include browser tabs"))),
-      m_recording(new Switch(tr("Record a work session")))
+      m_project(new Choice(tr("Project"))),
+      m_name(new TextField(tr("New project name"))),
+      m_title(new TextField(tr("Checkpoint title (optional)"), tr("e.g. Mobile navigation"))),
+      m_next(new TextField(tr("Your next small step (optional)"), tr("A useful thought for your future self"))),
+      m_browser(makeSwitch(tr("Include browser tabs"))),
+      m_recording(makeSwitch(tr("Record a work session")))
 {
-    column()->addWidget(new SheetScroll(makeMiddle()), 1);
+    DraftProject::offer(m_project, tr("New project"), store, m_observations);
+    column()->addWidget(makeMiddle(), 1);
     column()->addWidget(makeMessages());
     m_cancel = addButton(tr("Cancel"), Button::Kind::Bordered, [this] { close(); });
     m_primary = addButton({}, Button::Kind::Prominent, [this] { carryOut(); });
-    bind(m_browser, store.includeBrowser);
-    bind(m_recording, store.pendingRecording);
+    bind(m_name, store.draftProjectName, m_observations);
+    bind(m_title, store.draftTitle, m_observations);
+    bind(m_next, store.draftNext, m_observations);
+    bind(m_browser, store.includeBrowser, m_observations);
+    bind(m_recording, store.pendingRecording, m_observations);
     store.refreshScreenAccess();
     // The user may come back from the system's settings.
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
@@ -69,32 +71,11 @@ CaptureSheet::CaptureSheet(AppStore &store)
     setFirstFocus(m_newName->isHidden() ? m_title : m_name);
 }
 
-TextField *CaptureSheet::makeDraftField(const QString &label, const QString &placeholder, Editable<QString> &draft)
-{
-    auto *field = new TextField(label, placeholder);
-    connect(field, &QLineEdit::textEdited, this, [&draft](const QString &text) { draft.set(text); });
-    m_observations.watch(
-        [field, &draft] {
-            if (field->text() != draft())
-                field->setText(draft());
-        },
-        draft);
-    return field;
-}
-
-void CaptureSheet::bind(Switch *control, Editable<bool> &property)
-{
-    connect(control, &QAbstractButton::toggled, this, [&property](bool isOn) { property.set(isOn); });
-    m_observations.watch([control, &property] { control->setChecked(property()); }, property);
-    QSizePolicy wide = control->sizePolicy();
-    wide.setHorizontalPolicy(QSizePolicy::Expanding);
-    control->setSizePolicy(wide);
-}
-
 QWidget *CaptureSheet::makeMiddle()
 {
-    auto *middle = new QWidget;
-    auto *row = makeRow(columnGap, middle);
+    auto *middle = new ScrollColumn(0);
+    auto *row = makeRow(columnGap);
+    middle->column()->addLayout(row);
     m_form = makeForm();
     m_setup = new ScreenAccessSetup(m_store);
     m_setup->setFixedWidth(setupWidth);
@@ -109,11 +90,12 @@ QWidget *CaptureSheet::makeForm()
     form->setFixedWidth(formWidth);
     auto *column = makeColumn(14, form);
     column->addWidget(makeHead());
-    column->addWidget(makeLabelled(tr("Project"), m_project));
-    m_newName = makeLabelled(tr("New project name"), m_name);
+    column->addLayout(makeLabelled(tr("Project"), m_project));
+    m_newName = new QWidget;
+    makeLabelled(tr("New project name"), m_name, m_newName);
     column->addWidget(m_newName);
-    column->addWidget(makeLabelled(tr("Checkpoint title (optional)"), m_title));
-    column->addWidget(makeLabelled(tr("Your next small step (optional)"), m_next));
+    column->addLayout(makeLabelled(tr("Checkpoint title (optional)"), m_title));
+    column->addLayout(makeLabelled(tr("Your next small step (optional)"), m_next));
     column->addWidget(m_browser);
     column->addWidget(makeRecordingRow());
     return form;
@@ -142,10 +124,8 @@ QWidget *CaptureSheet::makeMessages()
     auto *messages = new QWidget;
     auto *column = makeColumn(8, messages);
     m_hopelessRow = new QWidget;
-    auto *row = makeRow(9, m_hopelessRow);
     m_hopeless = makeParagraph({}, TextStyle::Body, Role::AmberText);
-    row->addWidget(new SymbolView("exclamationmark.circle", Role::AmberText), 0, Qt::AlignTop);
-    row->addWidget(m_hopeless, 1);
+    makeMarked("exclamationmark.circle", Role::AmberText, m_hopeless, m_hopelessRow);
     column->addWidget(m_hopelessRow);
     m_issue = makeParagraph({}, TextStyle::Body, Role::AmberText);
     column->addWidget(m_issue);
@@ -159,8 +139,7 @@ bool CaptureSheet::needsSetup() const
 
 void CaptureSheet::showNewName()
 {
-    const Project *const chosen = m_store.draftProjectID() ? m_store.project(*m_store.draftProjectID()) : nullptr;
-    m_newName->setVisible(!chosen || chosen->archivedAt);
+    m_newName->setVisible(DraftProject::isNew(m_store));
 }
 
 void CaptureSheet::showKind()

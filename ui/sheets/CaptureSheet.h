@@ -8,7 +8,7 @@ class QLabel;
 
 namespace ardeno {
 
-class ProjectChoice;
+class Choice;
 class Switch;
 class TextField;
 
@@ -30,8 +30,6 @@ private:
     QWidget *makeHead();
     QWidget *makeRecordingRow();
     QWidget *makeMessages();
-    TextField *makeDraftField(const QString &label, const QString &placeholder, Editable<QString> &draft);
-    void bind(Switch *control, Editable<bool> &property);
     void showKind();
     void showState();
     void showNewName();
@@ -44,7 +42,7 @@ private:
     Observations m_observations; // Before the fields, which it is about.
     QLabel *m_heading;
     QLabel *m_lead;
-    ProjectChoice *m_project;
+    Choice *m_project;
     TextField *m_name;
     TextField *m_title;
     TextField *m_next;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sheets/RestoreListModel.h"
 
+#include "support/Identifiers.h"
 #include "ui/items/ItemText.h"
 
 #include <QCoreApplication>
@@ -83,20 +84,10 @@ void RestoreListModel::setPlan(const RestorePlan &plan)
         return;
     m_plan = plan;
     readPlan();
-    QSet<QString> openableApps;
-    for (const SavedApp &app : plan.appsToOpen)
-        openableApps.insert(app.id);
-    QSet<QUuid> openableTabs;
-    for (const SavedTab &tab : plan.tabsToOpen)
-        openableTabs.insert(tab.id);
-    m_apps = isFirst ? openableApps : m_apps & openableApps;
-    if (isFirst) {
-        m_tabs = openableTabs;
-    } else {
-        for (const SavedTab &tab : plan.unverifiedTabs)
-            openableTabs.insert(tab.id);
-        m_tabs &= openableTabs;
-    }
+    const QSet<QString> apps = idsOf(plan.appsToOpen);
+    const QSet<QUuid> tabs = idsOf(plan.tabsToOpen);
+    m_apps = isFirst ? apps : m_apps & apps;
+    m_tabs = isFirst ? tabs : m_tabs & (tabs + idsOf(plan.unverifiedTabs));
     rebuild();
 }
 

@@ -15,14 +15,6 @@ QString buildText()
     return version.isEmpty() ? QCoreApplication::translate("ardeno::ScreenAccessSetup", "Development") : version;
 }
 
-QHBoxLayout *makeMarked(const QString &symbol, Role role, QWidget *text)
-{
-    auto *row = makeRow(9);
-    row->addWidget(new SymbolView(symbol, role), 0, Qt::AlignTop);
-    row->addWidget(text, 1);
-    return row;
-}
-
 } // namespace
 
 ScreenAccessSetup::ScreenAccessSetup(AppStore &store)
@@ -64,13 +56,15 @@ QWidget *ScreenAccessSetup::makeSteps()
 QWidget *ScreenAccessSetup::makeButtons()
 {
     auto *buttons = new QWidget;
-    auto *row = makeRow(8, buttons);
+    auto *column = makeColumn(8, buttons);
+    auto *row = makeRow(8);
     auto *settings = new Button(tr("Open Settings"));
     connect(settings, &QAbstractButton::clicked, this, [this] { m_store.openScreenSettings(); });
     row->addWidget(m_allow);
     row->addWidget(settings);
-    row->addWidget(m_check);
     row->addStretch();
+    column->addLayout(row);
+    column->addWidget(m_check, 0, Qt::AlignLeft);
     return buttons;
 }
 
@@ -78,7 +72,7 @@ QWidget *ScreenAccessSetup::makeRestart()
 {
     auto *restart = new QWidget;
     auto *row = makeRow(8, restart);
-    row->addWidget(makeLabel(tr("macOS asked you to reopen?"), TextStyle::Body, Role::Dim), 1);
+    row->addWidget(makeParagraph(tr("macOS asked you to reopen?"), TextStyle::Body, Role::Dim), 1);
     row->addWidget(m_restart);
     return restart;
 }

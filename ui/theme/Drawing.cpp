@@ -114,6 +114,13 @@ void Drawing::focusRing(QPainter &painter, const QRectF &rect, qreal radius)
     painter.restore();
 }
 
+void Drawing::field(QPainter &painter, const QRectF &rect, bool hasFocus)
+{
+    panel(painter, rect, 7, themeColor(Role::Field), themeColor(hasFocus ? Role::Accent : Role::Line));
+    if (hasFocus)
+        focusRing(painter, rect, 7);
+}
+
 void Drawing::text(QPainter &painter, const QRectF &rect, const QString &text, TextStyle style, const QColor &color,
                    Qt::Alignment alignment)
 {

@@ -23,6 +23,9 @@ void shadow(QPainter &painter, const QRect &panel);
 // The ring around what has the keyboard's focus.
 void focusRing(QPainter &painter, const QRectF &rect, qreal radius);
 
+// The ground of what is typed into or chosen from.
+void field(QPainter &painter, const QRectF &rect, bool hasFocus);
+
 // One line of text, elided, in the left middle of the rectangle.
 void text(QPainter &painter, const QRectF &rect, const QString &text, TextStyle style, const QColor &color,
           Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/ui/PointedWindow.h"
+#include "tests/ui/RunningWindow.h"
 
 #include <QTest>
 
@@ -14,25 +14,7 @@ QStringList moveTo(const QPoint &place)
 
 } // namespace
 
-QString PointedWindow::outputOf(const QString &tool, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(tool, arguments);
-    process.waitForFinished();
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
-
-bool PointedWindow::becomes(const std::function<bool()> &condition)
-{
-    return QTest::qWaitFor(condition, 30'000);
-}
-
-bool PointedWindow::becomesSoon(const std::function<bool()> &condition)
-{
-    return QTest::qWaitFor(condition, 1500);
-}
-
-PointedWindow::~PointedWindow()
+RunningWindow::~RunningWindow()
 {
     if (program && program->state() != QProcess::NotRunning) {
         program->kill();
@@ -40,10 +22,10 @@ PointedWindow::~PointedWindow()
     }
 }
 
-void PointedWindow::open()
+void RunningWindow::open()
 {
     program = start({});
-    const bool isThere = becomes([this] {
+    const bool isThere = eventually([this] {
         window = outputOf("xdotool", {"search", "--onlyvisible", "--pid", QString::number(program->processId())})
                      .section('\n', 0, 0);
         return !window.isEmpty() && outputOf("wmctrl", {"-l"}).contains("Ardeno");
@@ -51,10 +33,11 @@ void PointedWindow::open()
     const QByteArray said = program->readAllStandardError();
     CAPTURE(said);
     REQUIRE(isThere);
+    outputOf("xdotool", {"windowactivate", "--sync", window});
     reader = std::make_unique<ScreenReader>(program->processId());
 }
 
-void PointedWindow::close()
+void RunningWindow::close()
 {
     program->terminate();
     const ProgramResult ended = end(*program);
@@ -62,31 +45,37 @@ void PointedWindow::close()
     CHECK(ended.error == QByteArray());
 }
 
-void PointedWindow::focus() const
-{
-    outputOf("xdotool", {"windowactivate", "--sync", window});
-}
-
-void PointedWindow::key(const QString &keys) const
+void RunningWindow::key(const QString &keys) const
 {
     outputOf("xdotool", {"key", "--window", "0", keys});
 }
 
-void PointedWindow::type(const QString &text) const
+void RunningWindow::type(const QString &text) const
 {
     outputOf("xdotool", {"type", "--delay", "20", text});
 }
 
-bool PointedWindow::sees(const QString &name) const
+void RunningWindow::createProject(const QString &name) const
 {
-    return becomes([&] { return seesNow(name); });
+    // The sheet comes with the views; nobody tells when, and the first letters may come before it.
+    REQUIRE(eventually([&] {
+        key("ctrl+n");
+        type(name);
+        key("Return");
+        return QTest::qWaitFor([this] { return !stored("projects").isEmpty(); }, 1500);
+    }));
 }
 
-QRect PointedWindow::place(const QString &name) const
+bool RunningWindow::sees(const QString &name) const
+{
+    return eventually([&] { return seesNow(name); });
+}
+
+QRect RunningWindow::place(const QString &name) const
 {
     QRect last;
     QStringList seen;
-    const bool isStill = becomes([&] {
+    const bool isStill = eventually([&] {
         seen.clear();
         QRect extents;
         QRect frame;
@@ -110,22 +99,22 @@ QRect PointedWindow::place(const QString &name) const
     return last;
 }
 
-void PointedWindow::click(const QString &name, int button) const
+void RunningWindow::click(const QString &name, int button) const
 {
     outputOf("xdotool", moveTo(place(name).center()) + QStringList{"click", QString::number(button)});
 }
 
-void PointedWindow::chooseEntry(int at) const
+void RunningWindow::chooseEntry(int at) const
 {
     const QStringList windows{"search", "--onlyvisible", "--pid", QString::number(program->processId())};
-    REQUIRE(becomes([&] { return outputOf("xdotool", windows).count('\n') > 1; }));
+    REQUIRE(eventually([&] { return outputOf("xdotool", windows).count('\n') > 1; }));
     QStringList keys{"key", "--window", "0"};
     for (int step = 0; step <= at; ++step)
         keys << "Down";
     outputOf("xdotool", keys + QStringList{"Return"});
 }
 
-void PointedWindow::drag(const QString &name, const QString &target) const
+void RunningWindow::drag(const QString &name, const QString &target) const
 {
     const QPoint from = place(name).center();
     const QPoint to = place(target).center();
@@ -136,7 +125,7 @@ void PointedWindow::drag(const QString &name, const QString &target) const
     outputOf("xdotool", way + QStringList{"mouseup", "1"});
 }
 
-QStringList PointedWindow::storedNames() const
+QStringList RunningWindow::storedNames() const
 {
     QStringList names;
     for (const QJsonValue &project : stored("projects"))
@@ -144,7 +133,7 @@ QStringList PointedWindow::storedNames() const
     return names;
 }
 
-void PointedWindow::picture(const QString &name) const
+void RunningWindow::picture(const QString &name) const
 {
     QDir().mkpath(ARDENO_PICTURES);
     outputOf("maim", {"-i", window, QString(ARDENO_PICTURES "/%1.png").arg(name)});

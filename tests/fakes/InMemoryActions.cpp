@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/fakes/InMemoryParts.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ardeno::fakes {
+
+namespace {
+
+class InMemoryWindowMover final : public InMemory<WindowMover> {
+public:
+    using InMemory::InMemory;
+
+    Capability availability() const override { return m_desktop.moving; }
+
+    void ask() override { m_desktop.moving = Capability::available(); }
+
+    QList<MovableWindow> windows() override { return m_desktop.movable; }
+
+    QCoro::Task<QList<MoveResult>> move(QList<WindowMove> moves) override
+    {
+        QList<MoveResult> results;
+        for (const WindowMove &move : moves)
+            results.append(moved(move));
+        co_return results;
+    }
+
+private:
+    MoveResult moved(const WindowMove &move)
+    {
+        const MoveResult result = m_desktop.moveResults.value(move.windowID, MoveResult::Placed);
+        m_desktop.moves.append(move);
+        for (MovableWindow &window : m_desktop.movable) {
+            if (window.windowID == move.windowID && result == MoveResult::Placed)
+                window.frame = move.frame;
+        }
+        return result;
+    }
+};
+
+class InMemoryLauncher final : public Available<Launcher> {
+public:
+    using Available::Available;
+
+    bool isInstalled(const QString &appID) override
+    {
+        return std::any_of(m_desktop.installed.begin(), m_desktop.installed.end(),
+                           [&](const InstalledApplication &application) { return application.id == appID; });
+    }
+
+    QCoro::Task<void> openApplication(QString appID, QStringList paths) override
+    {
+        return open(appID, QStringList{"app", appID} + paths);
+    }
+
+    QCoro::Task<void> openPath(QString path) override { return open({}, QStringList{"path", path}); }
+
+    QCoro::Task<void> reveal(QString path) override { return open({}, QStringList{"reveal", path}); }
+
+    QCoro::Task<void> openPages(QString appID, QStringList addresses) override
+    {
+        return open(appID, QStringList{"page", appID} + addresses);
+    }
+
+    QCoro::Task<bool> openInSavedWindow(QList<TabToReopen> tabs) override
+    {
+        const QString window = tabs.first().tab.browserWindowID.value_or(QString());
+        if (!m_desktop.certainWindowIDs.contains(window))
+            co_return false;
+        QStringList words{"window", window};
+        for (const TabToReopen &tab : tabs)
+            words += tab.address;
+        note(words);
+        co_return true;
+    }
+
+    QCoro::Task<QStringList> settle() override { co_return std::exchange(m_desktop.endedWithError, {}); }
+
+private:
+    QCoro::Task<void> open(QString appID, QStringList words)
+    {
+        if (m_desktop.openFailures.contains(appID))
+            throw Failure("Launch", 1, m_desktop.openFailures.value(appID));
+        note(words);
+        co_return;
+    }
+
+    void note(const QStringList &words)
+    {
+        m_desktop.opened.append(words.join(' '));
+        if (m_desktop.whenOpened)
+            m_desktop.whenOpened(m_desktop.opened.last());
+    }
+};
+
+class InMemoryMailProgram final : public InMemory<MailProgram> {
+public:
+    using InMemory::InMemory;
+
+    bool openDraft(const QUrl &address) override
+    {
+        if (m_desktop.hasMailProgram)
+            m_desktop.mailDrafts.append(address);
+        return m_desktop.hasMailProgram;
+    }
+};
+
+class InMemoryHotKeys final : public Available<HotKeys> {
+public:
+    using Available::Available;
+
+    void listen(Combination keys, Listener listener) override
+    {
+        release();
+        if (m_desktop.areKeysTaken)
+            throw Failure("HotKeys", 1, "Another program has these keys.");
+        m_desktop.keys = keys;
+        m_desktop.keyListener = std::move(listener);
+    }
+
+    void release() override { m_desktop.keys.reset(); }
+};
+
+class InMemoryOwnWindows final : public InMemory<OwnWindows> {
+public:
+    using InMemory::InMemory;
+
+    void bringToFront(quint64) override { m_desktop.focusRequests << "front"; }
+
+    void floatAbove(quint64) override { m_desktop.focusRequests << "above"; }
+
+    void rememberFocus() override { m_desktop.focusRequests << "remember"; }
+
+    void returnFocus(quint64) override { m_desktop.focusRequests << "return"; }
+};
+
+} // namespace
+
+void addActions(InMemoryDesktop &memory, Desktop *desktop)
+{
+    desktop->windowMover = std::make_unique<InMemoryWindowMover>(memory);
+    desktop->launcher = std::make_unique<InMemoryLauncher>(memory);
+    desktop->mailProgram = std::make_unique<InMemoryMailProgram>(memory);
+    desktop->hotKeys = std::make_unique<InMemoryHotKeys>(memory);
+    desktop->ownWindows = std::make_unique<InMemoryOwnWindows>(memory);
+}
+
+} // namespace ardeno::fakes

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/fakes/InMemoryParts.h"
+
+#include <QCoroTimer>
+
+#include <chrono>
+
+namespace ardeno::fakes {
+
+namespace {
+
+class InMemoryWorkspace final : public Available<Workspace> {
+public:
+    using Available::Available;
+
+    QList<RunningApplication> runningApplications() override { return m_desktop.running; }
+
+    QList<InstalledApplication> installedApplications() override { return m_desktop.installed; }
+
+    void setChangeHandler(std::function<void()> handler) override
+    {
+        m_desktop.applicationsChanged = std::move(handler);
+    }
+};
+
+class InMemoryTabSource final : public InMemory<TabSource> {
+public:
+    using InMemory::InMemory;
+
+    QList<Browser> furtherBrowsers() const override { return {}; }
+
+    Capability availability(const QString &) const override { return Capability::available(); }
+
+    bool isRunning(const QString &browserID) override { return m_desktop.tabRecords.contains(browserID); }
+
+    QCoro::Task<TabReport> openTabs(Browser browser, QString) override
+    {
+        m_desktop.browsersRead.append(browser.id);
+        co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        const QString records = m_desktop.tabRecords.value(browser.id);
+        if (records.isNull())
+            throw notAvailable(browser.name + " cannot be read.");
+        co_return TabReport{.records = records};
+    }
+
+    QCoro::Task<std::optional<QSet<quint32>>> ordinaryWindows(QString appID) override
+    {
+        const auto found = m_desktop.ordinaryWindows.constFind(appID);
+        if (found == m_desktop.ordinaryWindows.cend())
+            co_return std::nullopt;
+        co_return *found;
+    }
+};
+
+class InMemoryFileBrowser final : public Available<FileBrowser> {
+public:
+    using Available::Available;
+
+    QCoro::Task<QList<WindowLocation>> locations() override
+    {
+        co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        co_return m_desktop.folders;
+    }
+};
+
+class InMemoryDocuments final : public Available<Documents> {
+public:
+    using Available::Available;
+
+    QCoro::Task<QList<WindowLocation>> locations(QSet<qint64> processIDs) override
+    {
+        m_desktop.processesAskedAbout.append(processIDs);
+        co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        QList<WindowLocation> found;
+        for (const WindowLocation &location : m_desktop.documents) {
+            if (location.processID && processIDs.contains(*location.processID))
+                found.append(location);
+        }
+        co_return found;
+    }
+
+    QCoro::Task<QList<WindowLocation>> locationsOf(QString applicationID) override
+    {
+        QSet<qint64> processIDs;
+        for (const WindowInfo &window : m_desktop.windows) {
+            if (window.applicationID == applicationID && window.processID)
+                processIDs.insert(*window.processID);
+        }
+        co_return co_await locations(processIDs);
+    }
+};
+
+} // namespace
+
+void addContents(InMemoryDesktop &memory, Desktop *desktop)
+{
+    desktop->workspace = std::make_unique<InMemoryWorkspace>(memory);
+    desktop->tabSource = std::make_unique<InMemoryTabSource>(memory);
+    desktop->fileBrowser = std::make_unique<InMemoryFileBrowser>(memory);
+    desktop->documents = std::make_unique<InMemoryDocuments>(memory);
+}
+
+} // namespace ardeno::fakes

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/projects/DraftProject.h"
+
+#include "ui/controls/Choice.h"
+
+namespace ardeno {
+
+bool DraftProject::isNew(const AppStore &store)
+{
+    const Project *const chosen = store.draftProjectID() ? store.project(*store.draftProjectID()) : nullptr;
+    return !chosen || chosen->archivedAt;
+}
+
+void DraftProject::offer(Choice *choice, const QString &newProject, AppStore &store, Observations &observations)
+{
+    choice->setOnChoose([&store](const QVariant &chosen) {
+        const QUuid id = chosen.toUuid();
+        store.draftProjectID.set(id.isNull() ? std::nullopt : std::optional(id));
+    });
+    const auto show = [choice, newProject, &store] {
+        QList<Choice::Option> options;
+        for (const Project &project : store.availableProjects())
+            options.append({project.name, project.id});
+        options.append({newProject, QUuid(), Choice::Apart::Yes});
+        choice->setOptions(options);
+        choice->setCurrent(isNew(store) ? QUuid() : *store.draftProjectID());
+    };
+    observations.watch(show, store.projects, store.draftProjectID);
+}
+
+} // namespace ardeno
