@@ -3,6 +3,7 @@
 #include "platform/null/NullDesktop.h"
 #include "store/AppStore.h"
 #include "ui/main/MainWindow.h"
+#include "ui/settings/SettingsScreens.h"
 #include "ui/sheets/SheetScreens.h"
 #include "ui/theme/AppStyle.h"
 
@@ -31,10 +32,26 @@ Checkpoint withTabs(const QUuid &project, int tabs, int apps)
     return checkpoint;
 }
 
+// Access to the screen that the user gives or not.
+class GivenAccess final : public ScreenAccess {
+public:
+    explicit GivenAccess(const Capability &access) : m_access(access) {}
+
+    Capability availability() const override { return m_access; }
+
+    bool ask() override { return false; }
+
+    bool openSettings() override { return false; }
+
+private:
+    const Capability &m_access;
+};
+
 // A window on a library that is never written, and one checkpoint with few and one with many tabs.
 struct Sheets {
     QTemporaryDir home;
     Desktop desktop = makeNullDesktop("none", "Nothing is captured here.", {});
+    Capability access = Capability::available();
     WorkspaceLibrary library;
     std::unique_ptr<AppStore> store;
     std::unique_ptr<MainWindow> window;
@@ -44,6 +61,7 @@ struct Sheets {
         library.projects = {{.name = "Thesis"}};
         const QUuid project = library.projects.first().id;
         library.checkpoints = {withTabs(project, 5, 5), withTabs(project, 500, 100)};
+        desktop.screenAccess = std::make_unique<GivenAccess>(access);
         StoreParts parts{.preferences = Preferences(home.filePath("settings")),
                          .repository = CheckpointRepository(home.filePath("library")),
                          .loadLibrary = [this] { return library; },
@@ -51,6 +69,7 @@ struct Sheets {
         store = std::make_unique<AppStore>(desktop, std::move(parts));
         Screens screens;
         addSheetScreens(screens);
+        addSettingsScreens(&screens);
         window = std::make_unique<MainWindow>(screens);
         window->show();
         window->open(*store);
@@ -83,8 +102,8 @@ struct Sheets {
 
     void hide() const
     {
-        store->showRestore.set(false);
-        store->showCapture.set(false);
+        while (Sheet *const sheet = window->sheets().topSheet())
+            sheet->close();
         settle();
     }
 };
@@ -147,7 +166,13 @@ int main(int argc, char **argv)
     Table table;
     Sheets sheets;
     measurePainting(table, sheets);
-    measureGrowth(table, sheets, sheets.store->showRestore, "restore sheet");
-    measureGrowth(table, sheets, sheets.store->showCapture, "capture sheet");
+    AppStore &store = *sheets.store;
+    measureGrowth(table, sheets, store.showRestore, "restore sheet");
+    measureGrowth(table, sheets, store.showCapture, "capture sheet");
+    sheets.access = {Capability::State::NeedsConsent, {}};
+    measureGrowth(table, sheets, store.showCapture, "screen access sheet");
+    measureGrowth(table, sheets, store.showNewProject, "project sheet");
+    measureGrowth(table, sheets, store.showSettings, "settings");
+    measureGrowth(table, sheets, store.showExclusions, "exclusions");
     return table.finish();
 }

@@ -94,6 +94,12 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is set is shown, used at once and known
     CHECK(store().shortcutChoice() == 2);
     press(Qt::Key_Down); // There is no further one.
     CHECK(store().shortcutChoice() == 2);
+    widget("On launch: Projects overview")->setFocus();
+    press(Qt::Key_L);
+    CHECK_FALSE(store().launchOverview());
+    press(Qt::Key_P);
+    press(Qt::Key_P); // There is no other one.
+    CHECK(store().launchOverview());
     click("Include browser tabs");
     CHECK(store().includeBrowser());
     click("Done");

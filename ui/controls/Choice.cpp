@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/Choice.h"
 
+#include "support/Text.h"
 #include "ui/controls/Menu.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
@@ -119,8 +120,24 @@ void Choice::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Enter:
         return click();
     default:
-        QAbstractButton::keyPressEvent(event);
+        if (!chooseNext(event->text()))
+            QAbstractButton::keyPressEvent(event);
     }
+}
+
+bool Choice::chooseNext(const QString &letter)
+{
+    if (letter.size() != 1 || !letter.front().isLetterOrNumber())
+        return false;
+    const qsizetype count = m_options.size();
+    for (qsizetype step = 1; step < count; ++step) {
+        const qsizetype index = (m_current + step + count) % count;
+        if (Text::folded(m_options.at(index).text).startsWith(Text::folded(letter))) {
+            choose(index);
+            break;
+        }
+    }
+    return true;
 }
 
 void Choice::paintEvent(QPaintEvent *)

@@ -8,7 +8,7 @@
 
 namespace ardeno {
 
-// One of several options, chosen from a menu or with the arrow keys.
+// One of several options, chosen from a menu, with the arrow keys or by the letter that it begins with.
 class Choice final : public QAbstractButton {
 public:
     enum class Apart { No, Yes };
@@ -40,6 +40,8 @@ protected:
 private:
     void showCurrent();
     void choose(qsizetype index);
+    // The one after the current that begins with the letter; false when it is none.
+    bool chooseNext(const QString &letter);
     void openMenu();
 
     QString m_name;
