@@ -111,11 +111,12 @@ TEST_CASE_FIXTURE(ProgramOnLibrary, "the program resumes what is missing and lea
     write(checkpoint);
     openLibrary();
     click("Resume workspace");
-    REQUIRE(sees("Open 1 missing item"));
+    const bool isReady = sees("Open 1 missing item");
+    picture("program-restore");
+    REQUIRE(isReady);
     CHECK(seesNow("Running, Active"));
     CHECK(seesNow("Missing, Will open"));
     CHECK(seesNow("Gone, Not installed"));
-    picture("program-restore");
     click("Open 1 missing item");
     REQUIRE(eventually([] { return visibleWindows("missing-one").size() == 1; }));
     CHECK(sees(u"Workspace restored · 1 opened · 1 already active · 1 unavailable"_qs));
