@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/X11ClientWatch.h"
 
+#include "platform/linux/x11/X11Event.h"
 #include "platform/linux/x11/X11Property.h"
 
 #include <algorithm>
@@ -13,11 +14,6 @@ namespace {
 
 // Until a window that has just come bears its name, and many that come together are all there.
 constexpr std::chrono::milliseconds settling(200);
-
-constexpr uint8_t eventType(const xcb_generic_event_t &event)
-{
-    return event.response_type & 0x7f; // Without the mark of events that clients send.
-}
 
 } // namespace
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/X11HotKeys.h"
 
+#include "platform/linux/x11/X11Event.h"
 #include "platform/linux/x11/X11KeyMap.h"
 
 #include <cstdlib>
@@ -101,7 +102,7 @@ void X11HotKeys::readEvents()
     bool isPressed = false;
     bool isLaidOutAnew = false;
     while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection->xcb())}) {
-        const int type = event->response_type & 0x7f;
+        const int type = eventType(*event);
         isPressed = isPressed || type == XCB_KEY_PRESS;
         isLaidOutAnew = isLaidOutAnew || type == XCB_MAPPING_NOTIFY;
     }

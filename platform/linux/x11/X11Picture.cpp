@@ -2,6 +2,7 @@
 #include "platform/linux/x11/X11Picture.h"
 
 #include "platform/linux/x11/X11Displays.h"
+#include "platform/linux/x11/X11Event.h"
 #include "platform/linux/x11/X11PixelFetch.h"
 #include "platform/linux/x11/X11Scene.h"
 #include "support/Failure.h"
@@ -30,7 +31,7 @@ public:
         xcb_connection_t *xcb = m_connection.xcb();
         for (X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(xcb)); event;
              event.reset(xcb_poll_for_queued_event(xcb)))
-            m_count += (event->response_type & 0x7f) == XCB_DESTROY_NOTIFY ? 1 : 0;
+            m_count += eventType(*event) == XCB_DESTROY_NOTIFY ? 1 : 0;
         return m_count;
     }
 

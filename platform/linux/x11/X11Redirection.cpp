@@ -2,6 +2,7 @@
 #include "platform/linux/x11/X11Redirection.h"
 
 #include "desktop/Capability.h"
+#include "platform/linux/x11/X11Event.h"
 
 #include <utility>
 #include <vector>
@@ -16,8 +17,6 @@ namespace {
 
 // How long an application may take to draw what has been uncovered.
 constexpr auto drawingTime = std::chrono::milliseconds(150);
-
-constexpr quint8 withoutSendFlag = 0x7f;
 
 QRect outerRectangle(int x, int y, int width, int height, int border)
 {
@@ -141,7 +140,7 @@ bool X11Redirection::waitForEvents(Clock::time_point until)
 
 void X11Redirection::handle(const xcb_generic_event_t &event)
 {
-    const quint8 type = event.response_type & withoutSendFlag;
+    const quint8 type = eventType(event);
     if (type == m_extensions.firstDamageEvent + XCB_DAMAGE_NOTIFY)
         return handleDrawing(reinterpret_cast<const xcb_damage_notify_event_t &>(event), event.full_sequence);
     if (type < XCB_CREATE_NOTIFY || type > XCB_CIRCULATE_NOTIFY)
@@ -165,7 +164,7 @@ bool X11Redirection::isOwn(xcb_window_t id) const
 void X11Redirection::handleBelowRoot(const xcb_generic_event_t &event)
 {
     const xcb_window_t id = reinterpret_cast<const xcb_map_notify_event_t &>(event).window;
-    const quint8 type = event.response_type & withoutSendFlag;
+    const quint8 type = eventType(event);
     if (type != XCB_CONFIGURE_NOTIFY && type != XCB_GRAVITY_NOTIFY && type != XCB_CIRCULATE_NOTIFY && !isOwn(id))
         ++m_revision;
     const QRect before = m_pixels.placeOf(id);
@@ -175,7 +174,7 @@ void X11Redirection::handleBelowRoot(const xcb_generic_event_t &event)
 
 void X11Redirection::handleChange(const xcb_generic_event_t &event, xcb_window_t id)
 {
-    switch (event.response_type & withoutSendFlag) {
+    switch (eventType(event)) {
     case XCB_CREATE_NOTIFY:
         return handleCreate(reinterpret_cast<const xcb_create_notify_event_t &>(event));
     case XCB_MAP_NOTIFY:

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/X11ScreenChanges.h"
 
+#include "platform/linux/x11/X11Event.h"
+
 #include <xcb/randr.h>
 #include <xcb/xfixes.h>
 
@@ -8,7 +10,6 @@ namespace ardeno {
 
 namespace {
 
-constexpr quint8 withoutSendFlag = 0x7f;
 constexpr int cursorReach = 64; // Points around the pointer where its picture may be.
 
 quint8 firstEventOf(xcb_connection_t *xcb, xcb_extension_t &extension)
@@ -51,7 +52,7 @@ void X11ScreenChanges::readEvents()
 
 void X11ScreenChanges::handle(const xcb_generic_event_t &event)
 {
-    const quint8 type = event.response_type & withoutSendFlag;
+    const quint8 type = eventType(event);
     if (type == 0)
         return; // An error; whoever asked has noticed.
     if (m_damage != XCB_NONE && type == m_extensions.firstDamageEvent + XCB_DAMAGE_NOTIFY)
