@@ -32,6 +32,27 @@ Scheme desktopScheme()
     return QGuiApplication::palette().color(QPalette::Base).lightness() < 128 ? Scheme::Dark : Scheme::Light;
 }
 
+void readInterface(Appearance &appearance, const QVariantMap &settings)
+{
+    if (settings.contains("enable-animations"))
+        appearance.motion = plain(settings.value("enable-animations")).toBool() ? Motion::Normal : Motion::Reduced;
+    if (settings.contains("icon-theme"))
+        appearance.iconTheme = plain(settings.value("icon-theme")).toString();
+}
+
+void readAppearance(Appearance &appearance, const QVariantMap &settings)
+{
+    const auto number = [&](const char *key) { return plain(settings.value(key)).toUInt(); };
+    if (settings.contains("color-scheme")) {
+        const uint wanted = number("color-scheme"); // 0: no preference, 1: dark, 2: light.
+        appearance.scheme = wanted == 0 ? desktopScheme() : wanted == 1 ? Scheme::Dark : Scheme::Light;
+    }
+    if (settings.contains("contrast"))
+        appearance.contrast = number("contrast") == 1 ? Contrast::High : Contrast::Normal;
+    if (number("reduced-motion") == 1)
+        appearance.motion = Motion::Reduced;
+}
+
 Appearance readAll(Appearance appearance, const SettingGroups &groups)
 {
     for (auto group = groups.begin(); group != groups.end(); ++group)
@@ -84,21 +105,10 @@ void AppearanceSettings::ask()
 
 Appearance AppearanceSettings::read(Appearance before, const QString &group, const QVariantMap &settings)
 {
-    const auto number = [&](const char *key) { return plain(settings.value(key)).toUInt(); };
-    if (group == interfaceGroup && settings.contains("enable-animations"))
-        before.motion = plain(settings.value("enable-animations")).toBool() ? Motion::Normal : Motion::Reduced;
-    if (group == interfaceGroup && settings.contains("icon-theme"))
-        before.iconTheme = plain(settings.value("icon-theme")).toString();
-    if (group != appearanceGroup)
-        return before;
-    if (settings.contains("color-scheme")) {
-        const uint wanted = number("color-scheme"); // 0: no preference, 1: dark, 2: light.
-        before.scheme = wanted == 0 ? desktopScheme() : wanted == 1 ? Scheme::Dark : Scheme::Light;
-    }
-    if (settings.contains("contrast"))
-        before.contrast = number("contrast") == 1 ? Contrast::High : Contrast::Normal;
-    if (settings.contains("reduced-motion") && number("reduced-motion") == 1)
-        before.motion = Motion::Reduced;
+    if (group == interfaceGroup)
+        readInterface(before, settings);
+    else if (group == appearanceGroup)
+        readAppearance(before, settings);
     return before;
 }
 
