@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QSessionManager>
+#include <QShortcut>
 
 namespace ardeno {
 
@@ -121,6 +122,7 @@ void WindowApplication::adopt(OpenedLibrary library)
 
 void WindowApplication::openWindow()
 {
+    delete std::exchange(m_quitShortcut, nullptr);
     m_window->open(m_application->store());
     m_window->addMenuActions(m_menu->windowActions());
 }
@@ -155,6 +157,8 @@ MainWindow &WindowApplication::window()
     m_window->setOnClose([this] { return mayClose(); });
     if (m_application)
         openWindow();
+    else // The menu comes with the store, which may take its time.
+        m_quitShortcut = new QShortcut(Qt::CTRL | Qt::Key_Q, m_window.get(), [this] { quit(); });
     return *m_window;
 }
 

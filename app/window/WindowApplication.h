@@ -17,6 +17,7 @@
 #include <optional>
 
 class QSessionManager;
+class QShortcut;
 
 namespace ardeno {
 
@@ -71,6 +72,7 @@ private:
     std::unique_ptr<QuickSaveController> m_quickSave;
     std::unique_ptr<TrayItem> m_tray;
     std::unique_ptr<MainWindow> m_window;
+    QShortcut *m_quitShortcut = nullptr; // Until the window is open.
     QPointer<Sheet> m_alert;
 };
 

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/application/ApplicationFixture.h"
 
-#include <QDeadlineTimer>
-#include <QTest>
-
-#include <csignal>
+#include "tests/ui/ScreenReader.h"
 
 namespace ardeno {
 
@@ -70,14 +67,23 @@ void ApplicationFixture::type(const QString &text)
     outputOf("xdotool", {"type", "--delay", "20", text});
 }
 
-bool ApplicationFixture::keyUntil(const QString &keys, const std::function<bool()> &condition)
+bool ApplicationFixture::waitForControl(const QString &name) const
 {
-    for (int attempt = 0; attempt < 15; ++attempt) {
-        key(keys);
-        if (QTest::qWaitFor(condition, 2000))
-            return true;
-    }
-    return false;
+    const ScreenReader reader(application->processId());
+    return eventually([&] { return reader.find(name).has_value(); });
+}
+
+bool ApplicationFixture::waitForKeyboard() const
+{
+    return eventually([this] {
+        const QString shown = window("Ardeno");
+        return !shown.isEmpty() && activeWindow() == shown;
+    });
+}
+
+bool ApplicationFixture::waitForEnd() const
+{
+    return eventually([this] { return application->state() == QProcess::NotRunning; });
 }
 
 void ApplicationFixture::picture(const QString &name)

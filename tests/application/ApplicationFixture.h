@@ -32,8 +32,11 @@ struct ApplicationFixture : ProgramFixture {
     // To whatever has the keyboard.
     static void key(const QString &keys);
     static void type(const QString &text);
-    // Keys are lost while a window is still busy, so they are sent until they show.
-    static bool keyUntil(const QString &keys, const std::function<bool()> &condition);
+    // A button or the like of this name, as a screen reader finds it.
+    bool waitForControl(const QString &name) const;
+    // For the window, which then takes keys.
+    bool waitForKeyboard() const;
+    bool waitForEnd() const;
 
     // Leaves a picture of the screen for people to look at.
     static void picture(const QString &name);

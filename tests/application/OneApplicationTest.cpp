@@ -46,9 +46,9 @@ TEST_CASE_FIXTURE(ApplicationFixture,
     REQUIRE(waitForWindow("Ardeno"));
     REQUIRE(run({"record", "start", "--project", "Thesis"}).status == 0);
     run({}); // With the keyboard.
-    REQUIRE(eventually([this] { return activeWindow() == window("Ardeno"); }));
+    REQUIRE(waitForKeyboard());
     key("ctrl+q");
-    CHECK_FALSE(application->waitForFinished(1500));
+    CHECK(waitForControl("Keep open"));
     picture("quit-refused");
     CHECK(checkpoints().isEmpty());
 
@@ -65,7 +65,10 @@ TEST_CASE_FIXTURE(ApplicationFixture, "a closed window leaves the application ru
     const auto close = [this] { outputOf("wmctrl", {"-i", "-c", window("Ardeno")}); };
     close();
     run({});
-    CHECK(keyUntil("Return", [this] { return window("Ardeno").isEmpty(); })); // "Close window".
+    REQUIRE(waitForControl("Close window"));
+    REQUIRE(waitForKeyboard());
+    key("Return");
+    CHECK(waitForNoWindow("Ardeno"));
     CHECK(isRunning());
     CHECK(run({"save", "--project", "Thesis", "--no-tabs"}).status == 0);
 
@@ -74,8 +77,9 @@ TEST_CASE_FIXTURE(ApplicationFixture, "a closed window leaves the application ru
     close();
     CHECK(waitForNoWindow("Ardeno"));
     CHECK(run({}).status == 0);
-    REQUIRE(waitForWindow("Ardeno"));
-    CHECK(keyUntil("ctrl+q", [this] { return application->state() == QProcess::NotRunning; }));
+    REQUIRE(waitForKeyboard());
+    key("ctrl+q");
+    CHECK(waitForEnd());
     CHECK(end(*application).status == 0);
     CHECK(checkpoints().size() == 2);
 }
@@ -85,7 +89,8 @@ TEST_CASE_FIXTURE(ApplicationFixture, "without a session bus there is a window, 
     environment.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + home.filePath("nowhere"));
     CHECK(run({"--background"}).status == 3);
     application = start({});
-    REQUIRE(waitForWindow("Ardeno"));
-    CHECK(keyUntil("ctrl+q", [this] { return application->state() == QProcess::NotRunning; }));
+    REQUIRE(waitForKeyboard());
+    key("ctrl+q");
+    CHECK(waitForEnd());
     CHECK(end(*application).status == 0);
 }

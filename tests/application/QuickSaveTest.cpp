@@ -24,7 +24,8 @@ struct QuickSaveFixture : ApplicationFixture {
 
     void openPanel() const
     {
-        REQUIRE(keyUntil(hotKey, [this] { return !window(panelTitle).isEmpty(); }));
+        key(hotKey);
+        REQUIRE(waitForWindow(panelTitle));
         REQUIRE(eventually([this] { return activeWindow() == window(panelTitle); }));
     }
 

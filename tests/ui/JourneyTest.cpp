@@ -28,6 +28,7 @@ TEST_CASE_FIXTURE(WindowFixture, "the sample cannot be written on")
     CHECK(seesText("3 saved"));
     CHECK(seesText("Illustrative portfolio design beside a note to check mobile navigation"));
     CHECK_FALSE(findButton("Add image…"));
+    CHECK_FALSE(findButton("Replace image…"));
     picture("sample");
 
     QTest::mouseClick(note(*this, "Where you left off")->viewport(), Qt::LeftButton);
@@ -46,8 +47,9 @@ TEST_CASE_FIXTURE(WindowFixture, "a project wants a name, and what was saved int
     picture("no-projects");
     press(Qt::Key_N, Qt::ControlModifier);
     CHECK(seesText("A home for your work."));
-    CHECK_FALSE(findButton("Create project")); // Without a name there is nothing to create.
+    CHECK(isOff("Create project")); // Without a name there is nothing to create.
     type("  Thesis ");
+    CHECK(findButton("Create project"));
     picture("new-project");
     press(Qt::Key_Return);
     picture("empty-project");
@@ -55,6 +57,7 @@ TEST_CASE_FIXTURE(WindowFixture, "a project wants a name, and what was saved int
     press(Qt::Key_S, Qt::ControlModifier);
     REQUIRE(eventually([this] { return seesText("Checkpoint saved."); }));
     CHECK(seesText(u"1 apps · 0 pages · Choose what to reopen"_qs));
+    CHECK(findButton("Replace image…"));
     REQUIRE(shownPicture(*this));
     CHECK(eventually([this] { return shownPicture(*this)->isShown(); }));
     picture("saved");
@@ -150,6 +153,7 @@ TEST_CASE_FIXTURE(WindowFixture,
         store().createProject(name);
     saveCheckpoint(store().projects().at(1).id, "Tomatoes and Thes", 10);
     click("All projects");
+    CHECK(findButton("Actions for Release"));
     press(Qt::Key_F, Qt::ControlModifier);
     type("thes");
     CHECK(list("Projects")->model()->rowCount() == 2); // One by name, one by the title of a checkpoint.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/RunningWindow.h"
 
-#include <QTest>
+#include <QImage>
 
 namespace ardeno {
 
@@ -57,13 +57,23 @@ void RunningWindow::type(const QString &text) const
 
 void RunningWindow::createProject(const QString &name) const
 {
-    // The sheet comes with the views; nobody tells when, and the first letters may come before it.
-    REQUIRE(eventually([&] {
-        key("ctrl+n");
-        type(name);
-        key("Return");
-        return QTest::qWaitFor([this] { return !stored("projects").isEmpty(); }, 1500);
-    }));
+    REQUIRE(eventually([this] { return hasViews(); }));
+    key("ctrl+n");
+    type(name);
+    key("Return");
+    REQUIRE(eventually([&] { return storedNames().contains(name); }));
+}
+
+bool RunningWindow::hasViews() const
+{
+    // Before the library has been read there is nothing beside the sidebar. Without a session bus no reader tells.
+    const QString path = home.filePath("shown.png");
+    outputOf("maim", {"-i", window, path});
+    const QImage shown = QImage(path).convertToFormat(QImage::Format_RGB32);
+    const QImage content = shown.copy(shown.width() / 2, 0, shown.width() / 2, shown.height());
+    QImage paper = content;
+    paper.fill(content.pixel(0, content.height() - 1));
+    return !shown.isNull() && content != paper;
 }
 
 bool RunningWindow::sees(const QString &name) const

@@ -27,8 +27,9 @@ struct RunningWindow : ProgramFixture {
 
     void key(const QString &keys) const;
     void type(const QString &text) const;
-    // By keys alone, as soon as the window takes them.
+    // By keys alone, as soon as the views are there.
     void createProject(const QString &name) const;
+    bool hasViews() const;
 
     // Whether it is seen before long.
     bool sees(const QString &name) const;

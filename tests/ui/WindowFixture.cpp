@@ -62,15 +62,28 @@ bool WindowFixture::eventually(const std::function<bool()> &condition)
     return held;
 }
 
-QAbstractButton *WindowFixture::findButton(const QString &text) const
+QList<QAbstractButton *> WindowFixture::buttons(const QString &text) const
 {
     QWidget *const root = window->sheets().isCovering() ? window->sheets().topSheet() : window->content();
-    for (auto *const candidate : root->findChildren<QAbstractButton *>()) {
-        const bool isNamed = candidate->text() == text || candidate->accessibleName() == text;
-        if (isNamed && candidate->isVisible() && candidate->isEnabled())
+    QList<QAbstractButton *> named = root->findChildren<QAbstractButton *>();
+    named.removeIf([&](const QAbstractButton *candidate) {
+        return !candidate->isVisible() || (candidate->text() != text && candidate->accessibleName() != text);
+    });
+    return named;
+}
+
+QAbstractButton *WindowFixture::findButton(const QString &text) const
+{
+    for (QAbstractButton *const candidate : buttons(text)) {
+        if (candidate->isEnabled())
             return candidate;
     }
     return nullptr;
+}
+
+bool WindowFixture::isOff(const QString &text) const
+{
+    return !buttons(text).isEmpty() && !findButton(text);
 }
 
 QAbstractButton *WindowFixture::button(const QString &text) const

@@ -40,7 +40,9 @@ struct WindowFixture : StoreFixture {
 
     // What a person can see and press: visible, enabled, and not beneath a sheet. Null when there is none.
     QAbstractButton *findButton(const QString &text) const;
-    // The same; it must be there.
+    // Seen as the former, but not to be pressed.
+    bool isOff(const QString &text) const;
+    // As findButton(); it must be there.
     QAbstractButton *button(const QString &text) const;
     void click(const QString &buttonText);
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
@@ -54,6 +56,10 @@ struct WindowFixture : StoreFixture {
 
     // Leaves a picture of the window for people to look at.
     void picture(const QString &name) const;
+
+private:
+    // All that are seen with this text or name.
+    QList<QAbstractButton *> buttons(const QString &text) const;
 };
 
 } // namespace ardeno
