@@ -16,9 +16,10 @@ namespace ardeno {
 
 namespace {
 
-StoreParts applicationParts(StoreParts parts, const std::function<WorkspaceLibrary()> &load)
+StoreParts applicationParts(StoreParts parts, const OpenedLibrary &library)
 {
-    parts.loadLibrary = load;
+    parts.repository = library.repository;
+    parts.loadLibrary = library.load;
     parts.seedStarterExample = true;
     return parts;
 }
@@ -30,9 +31,9 @@ OpenedLibrary openLibrary()
     constexpr std::chrono::seconds patience(10);
     const QString root = CheckpointRepository::defaultRoot();
     const LibraryLock::Request request{root, LibraryLock::Kind::Application, LibraryLock::Access::Write};
-    OpenedLibrary opened{.lock = LibraryLock::waitFor(request, patience)};
+    OpenedLibrary opened{.lock = LibraryLock::waitFor(request, patience), .repository = CheckpointRepository(root)};
     try {
-        const auto library = std::make_shared<WorkspaceLibrary>(CheckpointRepository(root).loadLibrary());
+        const auto library = std::make_shared<WorkspaceLibrary>(opened.repository.loadLibrary());
         opened.load = [library] { return std::move(*library); };
     } catch (const Failure &) {
         opened.load = [failure = std::current_exception()]() -> WorkspaceLibrary { std::rethrow_exception(failure); };
@@ -44,7 +45,7 @@ Application::Application(OpenedLibrary library, BusService &bus, ApplicationActi
     : m_bus(bus),
       m_lock(std::move(library.lock)),
       m_desktop(makeDesktop()),
-      m_store(m_desktop, applicationParts(std::move(parts), library.load)),
+      m_store(m_desktop, applicationParts(std::move(parts), library)),
       m_shared(m_store, std::move(actions))
 {
     m_observations.watch([this] { m_desktop.screenCapture->prepareExclusion(m_store.exclusions().appIDs()); },

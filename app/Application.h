@@ -14,6 +14,7 @@ namespace ardeno {
 // The library as an application opens it: locked first, read second.
 struct OpenedLibrary {
     LibraryLock lock;
+    CheckpointRepository repository;             // Which knows the file that was read.
     std::function<WorkspaceLibrary()> load = {}; // Gives once what was read, or throws Failure.
 };
 

@@ -2,11 +2,14 @@
 #pragma once
 
 #include "model/WorkspaceRecords.h"
+#include "support/AtomicFile.h"
 
 #include <QString>
+#include <QStringList>
 #include <QUuid>
 
 #include <memory>
+#include <optional>
 
 namespace ardeno {
 
@@ -19,6 +22,12 @@ inline constexpr const char *recording = "session.mp4";
 QString importedImage();
 
 } // namespace MediaFile
+
+// What a save came to, besides the new library.
+struct LibraryWrite {
+    std::optional<QString> keptCopy = {}; // The path of a copy of what stood there and could not be read.
+    bool isDurable = true;                // False: it may not survive a power cut.
+};
 
 // The library on disk: one file for all projects and checkpoints, and a media folder for each checkpoint. A small
 // value; copies share what is known of the file. All functions but root() throw Failure.
@@ -34,9 +43,13 @@ public:
     // Every checkpoint has a project and no decision; nothing is written. Empty when there is no file.
     WorkspaceLibrary loadLibrary() const;
 
-    // Replaces the file, after missing projects were assigned. What an older format or an unreadable file holds is kept
-    // beside it before; a file of a newer version is not touched.
-    void saveLibrary(WorkspaceLibrary library) const;
+    // Replaces the file that was read or written last, after missing projects were assigned. What an older format or a
+    // damaged file holds is kept beside it before. Nothing is replaced that is of a newer version, that the system did
+    // not let read, or that somebody else put there (LibraryFailure::Changed: load it, and make the change again).
+    LibraryWrite saveLibrary(WorkspaceLibrary library) const;
+
+    // Sentences about the folder that the user should know.
+    QStringList warnings() const;
 
     // The media folder of a checkpoint, created when it is missing.
     QString directory(const QUuid &checkpointID) const;
@@ -49,8 +62,9 @@ private:
 
     QString pathOf(const QString &name) const { return m_root + '/' + name; }
 
-    void learnExisting() const;
-    void keepUnreadable(const QString &reason) const;
+    std::optional<QString> lookAt(const std::optional<FileStamp> &stamp) const;
+    QString keepUndecodable(const FileStamp &stamp, const QString &reason) const;
+    void keepOlderFormat() const;
     void keepBackup(const QString &name) const;
 
     QString m_root;

@@ -4,6 +4,7 @@
 #include "model/JsonReaderState.h"
 #include "support/Failure.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
@@ -92,9 +93,13 @@ void Reader::readText(QString &value)
 
 QUuid Reader::readUuid()
 {
-    const std::optional<QUuid> id = uuidFromText(m_state->readRawText(Need<QUuid>::text));
+    const std::string_view text = m_state->readRawText(Need<QUuid>::text);
+    const std::optional<QUuid> id = uuidFromText(text);
     if (!id)
         m_state->fail(Need<QUuid>::text);
+    // Identifiers are written in capitals.
+    if (std::any_of(text.begin(), text.end(), [](char unit) { return unit >= 'a' && unit <= 'f'; }))
+        m_state->isVerbatim = false;
     return *id;
 }
 

@@ -7,10 +7,10 @@ namespace ardeno {
 enum class LibraryFailure {
     Damaged = 1,      // The content could not be decoded.
     TooLarge = 2,     // Larger than is read at all.
-    NotAFile = 3,     // A folder, a pipe or a device stands in its place.
-    Newer = 4,        // Written by a later version of the program.
-    DanglingLink = 5, // A link whose file is not there.
-    InUse = 6,        // Another process holds the lock.
+    Newer = 3,        // Written by a later version of the program.
+    DanglingLink = 4, // A link whose file is not there.
+    InUse = 5,        // Another process holds the lock.
+    Changed = 6,      // Another library stands there than the one that was read or written last.
 };
 
 } // namespace ardeno

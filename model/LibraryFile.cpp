@@ -2,7 +2,7 @@
 #include "model/LibraryFile.h"
 
 #include "support/Failure.h"
-#include "support/FileDescriptor.h"
+#include "support/OwnFile.h"
 
 #include <QFile>
 
@@ -72,23 +72,10 @@ QString nameOf(const QString &path)
 // No descriptor when there is no file.
 FileDescriptor openLibrary(const QString &path)
 {
-    // Not to wait for a pipe that stands in the place of the file.
-    constexpr int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
-    FileDescriptor file(uninterrupted([&] { return ::open(QFile::encodeName(path).constData(), flags); }));
-    if (!file && errno == ENOENT) {
-        if (isLink(path))
-            throw failure(LibraryFailure::DanglingLink,
-                          u"“%1” is a link to a file that is not there."_qs.arg(nameOf(path)));
-        return file;
-    }
-    struct stat status;
-    if (!file || ::fstat(file.number(), &status) != 0)
-        throw Failure::system(errno, nameOf(path));
-    if (!S_ISREG(status.st_mode))
-        throw failure(LibraryFailure::NotAFile, u"“%1” is not a file."_qs.arg(nameOf(path)));
-    if (status.st_size > LibraryFile::largest)
-        throw failure(LibraryFailure::TooLarge,
-                      u"“%1” is larger than 1 GiB, more than a library can be."_qs.arg(nameOf(path)));
+    FileDescriptor file = OwnFile::open(path, O_RDONLY, OwnFile::Links::Followed);
+    if (!file && isLink(path))
+        throw failure(LibraryFailure::DanglingLink,
+                      u"“%1” is a link to a file that is not there."_qs.arg(nameOf(path)));
     return file;
 }
 
@@ -101,7 +88,7 @@ std::shared_ptr<const json::PaddedBytes> readAll(const FileDescriptor &file, qin
         if (got < 0)
             throw Failure::system(errno, nameOf(path));
         if (got == 0)
-            throw failure(LibraryFailure::Damaged, u"“%1” became shorter while it was read."_qs.arg(nameOf(path)));
+            throw failure(LibraryFailure::Changed, u"“%1” became shorter while it was read."_qs.arg(nameOf(path)));
         done += got;
     }
     return bytes;
@@ -113,6 +100,24 @@ std::optional<bool> isLegacyStart(QByteArrayView bytes)
     const auto isContent = [](char byte) { return byte != '\t' && byte != '\n' && byte != '\r' && byte != ' '; };
     const auto first = std::find_if(bytes.begin(), bytes.end(), isContent);
     return first == bytes.end() ? std::nullopt : std::optional(*first == '[');
+}
+
+// The version alone, wherever it stands in the file.
+struct VersionedLibrary {
+    FormatVersion version = {};
+
+    static constexpr auto fields() { return std::tuple{Field{"version", &VersionedLibrary::version}}; }
+};
+
+// What could not be decoded may be of a newer version, whose keys need not have the order of this one's.
+void refuseNewer(const json::PaddedBytes &bytes)
+{
+    try {
+        json::decode<VersionedLibrary>(bytes);
+    } catch (const Failure &problem) {
+        if (problem.domain() == "Library")
+            throw;
+    }
 }
 
 bool isMerged(const Checkpoint &checkpoint)
@@ -144,6 +149,9 @@ std::optional<LibraryFile> LibraryFile::read(const QString &path)
     if (!descriptor)
         return std::nullopt;
     const FileStamp stamp = FileStamp::ofDescriptor(descriptor.number());
+    if (stamp.size > largest)
+        throw failure(LibraryFailure::TooLarge,
+                      u"“%1” is larger than 1 GiB, more than a library can be."_qs.arg(nameOf(path)));
     const auto bytes = readAll(descriptor, stamp.size, path);
     try {
         LibraryFile file = decode(bytes);
@@ -152,6 +160,7 @@ std::optional<LibraryFile> LibraryFile::read(const QString &path)
     } catch (const Failure &problem) {
         if (problem.domain() == "Library")
             throw;
+        refuseNewer(*bytes);
         throw failure(LibraryFailure::Damaged, u"“%1” is damaged. %2"_qs.arg(nameOf(path), problem.description()));
     }
 }
@@ -170,7 +179,7 @@ bool LibraryFile::startsAsLegacy(const QString &path)
     }
 }
 
-void LibraryFile::write(const QString &path)
+bool LibraryFile::write(const QString &path, const std::function<void()> &check)
 {
     QByteArray head = "{\"version\":" + QByteArray::number(WorkspaceLibrary::currentVersion) + ",\"projects\":";
     json::append(head, projects);
@@ -178,7 +187,9 @@ void LibraryFile::write(const QString &path)
     std::vector<QByteArrayView> pieces = {head};
     checkpoints.appendTo(pieces);
     pieces.emplace_back("]}");
-    stamp = AtomicFile::write(path, pieces);
+    const AtomicFile::Written written = AtomicFile::write(path, pieces, check);
+    stamp = written.stamp;
+    return written.isDurable;
 }
 
 } // namespace ardeno

@@ -9,6 +9,7 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace ardeno {
@@ -27,8 +28,9 @@ struct LibraryFile {
     static std::optional<LibraryFile> read(const QString &path);
     // Whether a file that could not be read begins like a bare list.
     static bool startsAsLegacy(const QString &path);
-    // Replaces the file by this and sets the stamp.
-    void write(const QString &path);
+    // Replaces the file by this and sets the stamp. The check is called last before, and ends the write by what it
+    // throws. False when the new file may not survive a power cut.
+    bool write(const QString &path, const std::function<void()> &check);
 };
 
 } // namespace ardeno

@@ -4,11 +4,13 @@
 #include "model/LibraryFailure.h"
 #include "support/AtomicFile.h"
 #include "support/Failure.h"
+#include "support/OwnFile.h"
 
 #include <QFile>
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -21,16 +23,16 @@ namespace {
 constexpr const char *applicationWord = "application";
 constexpr const char *commandWord = "command";
 
-QByteArray lockPath(const QString &root)
-{
-    return QFile::encodeName(root + "/lock");
-}
-
+// Close on exec, so that what is started meanwhile does not keep the lock.
 FileDescriptor openLock(const QString &root, int flags)
 {
-    const QByteArray path = lockPath(root);
-    // Close on exec, so that what is started meanwhile does not keep the lock.
-    return FileDescriptor(uninterrupted([&] { return ::open(path.constData(), flags | O_CLOEXEC, 0600); }));
+    return OwnFile::open(root + "/lock", flags);
+}
+
+bool isNotAllowed(const Failure &failure)
+{
+    return failure.domain() == "POSIX" &&
+           (failure.code() == EACCES || failure.code() == EROFS || failure.code() == EPERM);
 }
 
 // No descriptor for a reader who needs no lock.
@@ -39,16 +41,27 @@ FileDescriptor openFor(const LibraryLock::Request &request)
     const bool isWriter = request.access == LibraryLock::Access::Write;
     if (isWriter)
         AtomicFile::createFolder(request.root);
-    FileDescriptor file = openLock(request.root, O_RDWR | O_CREAT);
-    if (file || isWriter) {
-        if (!file)
-            throw Failure::system(errno, "lock");
+    try {
+        FileDescriptor file = openLock(request.root, O_RDWR | O_CREAT);
+        if (!file && isWriter)
+            throw Failure::system(ENOENT, "lock");
         return file;
+    } catch (const Failure &failure) {
+        if (isWriter || !isNotAllowed(failure))
+            throw;
     }
-    if (errno != ENOENT && errno != EACCES && errno != EROFS && errno != EPERM)
-        throw Failure::system(errno, "lock");
     // Somebody else may be allowed to write there, and then has made the file.
     return openLock(request.root, O_RDONLY);
+}
+
+// Whether the path still names the file: one that was removed or replaced keeps nobody out.
+bool isInPlace(const FileDescriptor &file, const QString &root)
+{
+    struct stat opened;
+    struct stat named;
+    return ::fstat(file.number(), &opened) == 0 &&
+           ::lstat(QFile::encodeName(root + "/lock").constData(), &named) == 0 && opened.st_dev == named.st_dev &&
+           opened.st_ino == named.st_ino;
 }
 
 // The name of a running process, empty when there is none of that number.
@@ -60,11 +73,13 @@ QString processName(qint64 process)
 
 void writeHolder(const FileDescriptor &file, LibraryLock::Kind kind)
 {
+    struct stat status;
+    // The lock holds without the name of its holder, too; a second name of somebody's file is not written to.
+    if (::fstat(file.number(), &status) != 0 || status.st_nlink != 1 || ::ftruncate(file.number(), 0) != 0)
+        return;
     const char *word = kind == LibraryLock::Kind::Application ? applicationWord : commandWord;
     const QByteArray text = QByteArray::number(qint64{::getpid()}) + ' ' + word + '\n';
-    // The lock holds without the name of its holder, too.
-    if (::ftruncate(file.number(), 0) == 0)
-        uninterrupted([&] { return ::pwrite(file.number(), text.constData(), static_cast<size_t>(text.size()), 0); });
+    uninterrupted([&] { return ::pwrite(file.number(), text.constData(), static_cast<size_t>(text.size()), 0); });
 }
 
 Failure inUse(const std::optional<LibraryLock::Holder> &holder)
@@ -81,14 +96,26 @@ std::optional<LibraryLock> LibraryLock::tryLock(const Request &request)
 {
     FileDescriptor file = openFor(request);
     if (!file)
-        return LibraryLock(FileDescriptor());
+        return LibraryLock(request, FileDescriptor());
     if (uninterrupted([&] { return ::flock(file.number(), LOCK_EX | LOCK_NB); }) == 0) {
+        if (!isInPlace(file, request.root))
+            return std::nullopt; // Somebody has taken it away since it was opened.
         writeHolder(file, request.kind);
-        return LibraryLock(std::move(file));
+        return LibraryLock(request, std::move(file));
     }
     if (errno != EWOULDBLOCK)
         throw Failure::system(errno, "lock");
     return std::nullopt;
+}
+
+void LibraryLock::ensure()
+{
+    if (!m_file || isInPlace(m_file, m_request.root))
+        return;
+    std::optional<LibraryLock> again = tryLock(m_request);
+    if (!again)
+        throw inUse(holder(m_request.root));
+    m_file = std::move(again->m_file);
 }
 
 LibraryLock LibraryLock::waitFor(const Request &request, std::chrono::milliseconds atMost)
@@ -107,7 +134,12 @@ LibraryLock LibraryLock::waitFor(const Request &request, std::chrono::millisecon
 
 std::optional<LibraryLock::Holder> LibraryLock::holder(const QString &root)
 {
-    const FileDescriptor file = openLock(root, O_RDONLY);
+    FileDescriptor file;
+    try {
+        file = openLock(root, O_RDONLY);
+    } catch (const Failure &) {
+        return std::nullopt; // Whoever needs the lock is told.
+    }
     if (!file)
         return std::nullopt;
     // Whoever held it last left the name there. The shared lock is given back at once, with the descriptor.

@@ -39,6 +39,10 @@ public:
     // Blocks up to that long, then throws Failure that names the process in the way.
     static LibraryLock waitFor(const Request &request, std::chrono::milliseconds atMost);
 
+    // To be called before every write: takes the lock again where its file was removed or replaced, and throws Failure
+    // when another process has it by now. A reader's lock needs nothing.
+    void ensure();
+
     // Who holds the lock now; absent when nobody does or the holder has not said yet.
     static std::optional<Holder> holder(const QString &root);
 
@@ -50,8 +54,9 @@ public:
     bool isHeld() const { return static_cast<bool>(m_file); }
 
 private:
-    explicit LibraryLock(FileDescriptor file) : m_file(std::move(file)) {}
+    LibraryLock(Request request, FileDescriptor file) : m_request(std::move(request)), m_file(std::move(file)) {}
 
+    Request m_request;
     FileDescriptor m_file;
 };
 

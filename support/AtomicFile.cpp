@@ -3,8 +3,11 @@
 
 #include "support/Failure.h"
 #include "support/FileDescriptor.h"
+#include "support/OwnFile.h"
 
+#include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -68,11 +71,18 @@ bool isSameFile(int descriptor, const QByteArray &path)
            opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }
 
+bool isRegularFile(int descriptor)
+{
+    struct stat status;
+    return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
 // Removes what a writer that ended before its time left under a temporary name. A living one holds a lock on it.
 void removeLeftover(const QByteArray &path)
 {
     const FileDescriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
-    if (file && ::flock(file.number(), LOCK_EX | LOCK_NB) == 0 && isSameFile(file.number(), path))
+    if (file && isRegularFile(file.number()) && ::flock(file.number(), LOCK_EX | LOCK_NB) == 0 &&
+        isSameFile(file.number(), path))
         ::unlink(path.constData());
 }
 
@@ -109,20 +119,21 @@ public:
 
     int descriptor() const { return m_file.number(); }
 
-    // Puts it in the place of the target and returns its stamp; both are on disk then.
-    FileStamp replaceTarget()
+    // Puts it in the place of the target; both are on disk then.
+    AtomicFile::Written replaceTarget(const std::function<void()> &check)
     {
         synchronise();
-        if (::rename(m_path.constData(), m_target.constData()) != 0)
-            throw Failure::system(errno);
+        if (check)
+            check();
+        rename();
         return finish();
     }
 
     // The same where nothing may be replaced.
-    void becomeNewTarget()
+    AtomicFile::Written becomeNewTarget()
     {
         synchronise();
-        if (::link(m_path.constData(), m_target.constData()) == 0) {
+        if (::link(m_path.constData(), m_target.constData()) == 0 || isTarget()) {
             ::unlink(m_path.constData());
         } else {
             // Some file systems have no second names for a file.
@@ -130,10 +141,9 @@ public:
             struct stat existing;
             if ((error != EPERM && error != ENOTSUP) || ::lstat(m_target.constData(), &existing) == 0)
                 throw Failure::system(error == EPERM || error == ENOTSUP ? EEXIST : error);
-            if (::rename(m_path.constData(), m_target.constData()) != 0)
-                throw Failure::system(errno);
+            rename();
         }
-        finish();
+        return finish();
     }
 
 private:
@@ -161,17 +171,40 @@ private:
             throw Failure::system(errno);
     }
 
-    FileStamp finish()
+    // Over a network a call can report a failure though it has been carried out.
+    bool isTarget() const
+    {
+        const int error = errno;
+        const bool isDone = isSameFile(descriptor(), m_target);
+        errno = error;
+        return isDone;
+    }
+
+    void rename()
+    {
+        if (::rename(m_path.constData(), m_target.constData()) != 0 && !isTarget())
+            throw Failure::system(errno);
+    }
+
+    // The change is made: whatever cannot be done now does not undo it.
+    AtomicFile::Written finish()
     {
         const FileDescriptor file = std::move(m_file); // From here on there is nothing to remove.
-        const FileStamp stamp = FileStamp::ofDescriptor(file.number());
         const qsizetype slash = m_target.lastIndexOf('/');
-        const QByteArray path = slash < 0 ? QByteArray(".") : m_target.first(std::max<qsizetype>(slash, 1));
-        const FileDescriptor folder(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        const QByteArray folder = slash < 0 ? QByteArray(".") : m_target.first(std::max<qsizetype>(slash, 1));
+        AtomicFile::Written written{.isDurable = isSynchronised(folder)};
+        struct stat status;
+        if (uninterrupted([&] { return ::fstat(file.number(), &status); }) == 0)
+            written.stamp = stampOf(status);
+        return written;
+    }
+
+    static bool isSynchronised(const QByteArray &path)
+    {
+        constexpr int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+        const FileDescriptor folder(uninterrupted([&] { return ::open(path.constData(), flags); }));
         const bool isDone = folder && uninterrupted([&] { return ::fsync(folder.number()); }) == 0;
-        if (!isDone && errno != EINVAL && errno != EACCES) // Not every folder can be opened or synchronised.
-            throw Failure::system(errno);
-        return stamp;
+        return isDone || errno == EINVAL || errno == EACCES; // Not every folder can be opened or synchronised.
     }
 
     QByteArray m_target;
@@ -207,19 +240,6 @@ void writePieces(int descriptor, std::span<const QByteArrayView> pieces)
             vectors.push_back({const_cast<char *>(piece.data()), static_cast<size_t>(piece.size())});
     }
     writeVectors(descriptor, vectors);
-}
-
-FileDescriptor openRegularFile(const QString &path)
-{
-    // Not to wait for a pipe that stands in the place of a file.
-    constexpr int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
-    FileDescriptor file(uninterrupted([&] { return ::open(QFile::encodeName(path).constData(), flags); }));
-    struct stat status;
-    if (!file || ::fstat(file.number(), &status) != 0)
-        throw Failure::system(errno);
-    if (!S_ISREG(status.st_mode))
-        throw Failure::system(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
-    return file;
 }
 
 void copyRange(int source, int target, off_t begin, off_t end)
@@ -266,7 +286,7 @@ void copySparsely(int source, int target)
 FileStamp FileStamp::ofDescriptor(int descriptor)
 {
     struct stat status;
-    if (::fstat(descriptor, &status) != 0)
+    if (uninterrupted([&] { return ::fstat(descriptor, &status); }) != 0)
         throw Failure::system(errno);
     return stampOf(status);
 }
@@ -274,39 +294,42 @@ FileStamp FileStamp::ofDescriptor(int descriptor)
 std::optional<FileStamp> FileStamp::ofFile(const QString &path)
 {
     struct stat status;
-    if (::stat(QFile::encodeName(path).constData(), &status) == 0)
+    if (uninterrupted([&] { return ::stat(QFile::encodeName(path).constData(), &status); }) == 0)
         return stampOf(status);
     if (errno != ENOENT)
-        throw Failure::system(errno);
+        throw Failure::system(errno, nameOf(path));
     return std::nullopt;
 }
 
-FileStamp AtomicFile::write(const QString &path, std::span<const QByteArrayView> pieces)
+AtomicFile::Written AtomicFile::write(const QString &path, std::span<const QByteArrayView> pieces,
+                                      const std::function<void()> &check)
 {
     TemporaryFile file(linkTarget(path));
     writePieces(file.descriptor(), pieces);
-    return file.replaceTarget();
+    return file.replaceTarget(check);
 }
 
-FileStamp AtomicFile::write(const QString &path, QByteArrayView bytes)
+AtomicFile::Written AtomicFile::write(const QString &path, QByteArrayView bytes)
 {
     return write(path, std::span(&bytes, 1));
 }
 
-void AtomicFile::writeNew(const QString &path,
-                          const std::function<void(const std::function<void(QByteArrayView)> &)> &fill)
+AtomicFile::Written AtomicFile::writeNew(const QString &path,
+                                         const std::function<void(const std::function<void(QByteArrayView)> &)> &fill)
 {
     TemporaryFile file(path);
     fill([&](QByteArrayView bytes) { writePieces(file.descriptor(), std::span(&bytes, 1)); });
-    file.becomeNewTarget();
+    return file.becomeNewTarget();
 }
 
-void AtomicFile::copyToNew(const QString &source, const QString &target)
+AtomicFile::Written AtomicFile::copyToNew(const QString &source, const QString &target)
 {
-    const FileDescriptor original = openRegularFile(source);
+    const FileDescriptor original = OwnFile::open(source, O_RDONLY, OwnFile::Links::Followed);
+    if (!original)
+        throw Failure::system(ENOENT);
     TemporaryFile copy(target);
     copySparsely(original.number(), copy.descriptor());
-    copy.becomeNewTarget();
+    return copy.becomeNewTarget();
 }
 
 void AtomicFile::createFolder(const QString &path)
@@ -325,6 +348,15 @@ void AtomicFile::createFolder(const QString &path)
         throw Failure::system(error);
     if (!S_ISDIR(status.st_mode))
         throw Failure::system(ENOTDIR);
+}
+
+void AtomicFile::removeLeftovers(const QString &folder)
+{
+    static const QRegularExpression form("^\\..+\\.[0-9a-f]+\\.writing$");
+    for (const QString &name : QDir(folder).entryList({".*.writing"}, QDir::Files | QDir::Hidden | QDir::NoSymLinks)) {
+        if (form.match(name).hasMatch())
+            removeLeftover(QFile::encodeName(folder + '/' + name));
+    }
 }
 
 } // namespace ardeno

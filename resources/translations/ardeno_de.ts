@@ -1631,5 +1631,9 @@ für die Arbeit.</translation>
         <source>New project…</source>
         <translation>Neues Projekt …</translation>
     </message>
+    <message>
+        <source>Other users may change the files in “%1”, where your checkpoints are.</source>
+        <translation>Andere Benutzer können die Dateien in „%1“ ändern, wo Ihre Checkpoints liegen.</translation>
+    </message>
 </context>
 </TS>

@@ -112,8 +112,9 @@ TEST_CASE_FIXTURE(RepositoryFixture, "a bare list of checkpoints is loaded with 
     CHECK(files().size() == 2);
     CHECK(CheckpointRepository(root).loadLibrary() == library);
 
-    // A second old file does not replace the way back, whether it was loaded or not.
+    // A second old file does not replace the way back.
     put("[]");
+    CHECK(repository.loadLibrary() == WorkspaceLibrary{});
     repository.saveLibrary(library);
     CHECK(bytes("checkpoints-before-projects.json") == legacy);
     CHECK(bytes() == json::encode(library));
@@ -130,13 +131,12 @@ TEST_CASE_FIXTURE(RepositoryFixture, "a library with decisions to merge is kept 
     library.checkpoints[1].decision = "Decided";
     const QByteArray old = json::encode(library);
     put(old);
-    // By a repository that never loaded it.
-    CheckpointRepository(root).saveLibrary(makeLibrary(1));
-    CHECK(bytes("checkpoints-before-context-merge.json") == old);
-
-    put(old);
     const WorkspaceLibrary merged = repository.loadLibrary();
     CHECK(merged.checkpoints[1].objective == "Decided");
+    repository.saveLibrary(merged);
+    CHECK(bytes("checkpoints-before-context-merge.json") == old);
+    put(old);
+    CHECK(repository.loadLibrary() == merged);
     put("changed", "checkpoints-before-context-merge.json");
     repository.saveLibrary(merged);
     CHECK(bytes("checkpoints-before-context-merge.json") == "changed");
@@ -191,34 +191,113 @@ TEST_CASE_FIXTURE(RepositoryFixture, "what cannot be read is kept beside the new
         CHECK(loadFailure().startsWith(u"“checkpoints.json” is damaged. "_qs));
         CHECK(bytes() == content);
 
-        CHECK(saveFailure(makeLibrary(1)) == "no failure");
+        const LibraryWrite written = repository.saveLibrary(makeLibrary(1));
+        REQUIRE(written.keptCopy.has_value());
+        CHECK(bytes(QFileInfo(*written.keptCopy).fileName()) == content);
+        kept.append(QFileInfo(*written.keptCopy).fileName());
         CHECK(repository.loadLibrary().checkpoints.size() == 1);
-        CHECK(saveFailure(makeLibrary(2)) == "no failure");
-        for (const QString &name : keptCopies()) {
-            if (!kept.contains(name)) {
-                kept.append(name);
-                CHECK(bytes(name) == content);
-            }
-        }
+        CHECK_FALSE(repository.saveLibrary(makeLibrary(2)).keptCopy.has_value());
     }
-    CHECK(kept.size() == std::size(contents));
+    kept.sort();
+    CHECK(keptCopies() == kept);
+}
+
+TEST_CASE_FIXTURE(RepositoryFixture, "a library that somebody else put there is never replaced")
+{
+    const WorkspaceLibrary mine = makeLibrary(2);
+    const QByteArray theirs = json::encode(makeLibrary(5));
+
+    struct Past {
+        const char *name;
+        std::function<void()> happen;
+    };
+
+    const Past pasts[] = {
+        {"nothing was read", [] {}},
+        {"there was none", [&] { loadFailure(); }},
+        {"it was damaged", [&] { put("damaged"), loadFailure(); }},
+        {"it was a folder", [&] { QDir(root).mkdir("checkpoints.json"), loadFailure(); }},
+        {"another was read", [&] { put(json::encode(mine)), loadFailure(); }},
+        {"another was written", [&] { saveFailure(mine); }},
+        {"another was removed", [&] { saveFailure(mine), QFile::remove(path()); }},
+    };
+    QDir().mkpath(root);
+    for (const Past &past : pasts) {
+        CAPTURE(past.name);
+        repository = CheckpointRepository(root);
+        past.happen();
+        QDir(root).rmdir("checkpoints.json");
+        put(theirs);
+        CHECK(saveFailure(mine).contains("changed by another program"));
+        CHECK(saveFailure(mine).contains("changed by another program"));
+        CHECK(bytes() == theirs);
+        WorkspaceLibrary taken = repository.loadLibrary();
+        taken.checkpoints.append(makeCheckpoint("new", taken.projects[0].id));
+        CHECK(saveFailure(taken) == "no failure");
+        CHECK(bytes() == json::encode(taken));
+        CHECK(QFile::remove(path()));
+    }
+    CHECK(files().isEmpty());
+
+    // The same library once more, as a tool that restores it writes it, is nothing new; one that is gone can be
+    // replaced.
+    repository.saveLibrary(mine);
+    const QByteArray same = bytes();
+    QFile::remove(path());
+    put(same);
+    CHECK(saveFailure(mine) == "no failure");
+    QFile::remove(path());
+    CHECK(saveFailure(mine) == "no failure");
+    CHECK(bytes() == same);
 }
 
 TEST_CASE_FIXTURE(RepositoryFixture, "a library of a newer version is neither read nor replaced")
 {
-    const QByteArray newer = R"({"version":3,"projects":[{"a":1}],"timeline":[]})";
-    put(newer);
-    CHECK(loadFailure().contains("newer version"));
-    CHECK(saveFailure(makeLibrary(1)).contains("newer version"));
-    CHECK(bytes() == newer);
-    CHECK(files().size() == 1);
+    const QByteArray contents[] = {
+        R"({"version":3,"projects":[{"a":1}],"timeline":[]})",
+        R"({"checkpoints":[{"id":7}],"projects":[],"version":3})", // A tool has sorted its keys.
+        R"({"checkpoints":{"byMonth":[]},"projects":"elsewhere","theme":{"a":[1,{}]},"version":4e0})",
+    };
+    for (const QByteArray &newer : contents) {
+        put(newer);
+        CHECK(loadFailure().contains("newer version"));
+        CHECK(saveFailure(makeLibrary(1)).contains("newer version"));
+        CHECK(bytes() == newer);
+        CHECK(files().size() == 1);
 
-    // Also when it comes while the program runs.
-    put(json::encode(makeLibrary(1)));
+        // Also when it comes while the program runs.
+        put(json::encode(makeLibrary(1)));
+        repository.saveLibrary(repository.loadLibrary());
+        put(newer);
+        CHECK(saveFailure(makeLibrary(1)).contains("newer version"));
+        CHECK(bytes() == newer);
+    }
+}
+
+TEST_CASE_FIXTURE(RepositoryFixture, "identifiers are written in capitals, also those of records that did not change")
+{
+    const WorkspaceLibrary library = makeLibrary(3);
+    const QByteArray capitals = json::encode(library);
+    QByteArray small = capitals;
+    for (const Checkpoint &checkpoint : library.checkpoints.first(2))
+        small.replace(uuidText(checkpoint.id).toUtf8(), uuidText(checkpoint.id).toLower().toUtf8());
+    small.replace(uuidText(library.projects[0].id).toUtf8(), uuidText(library.projects[0].id).toLower().toUtf8());
+    REQUIRE(small != capitals);
+    put(small);
     repository.saveLibrary(repository.loadLibrary());
-    put(newer);
-    CHECK(saveFailure(makeLibrary(1)).contains("newer version"));
-    CHECK(bytes() == newer);
+    CHECK(bytes() == capitals);
+}
+
+TEST_CASE_FIXTURE(RepositoryFixture, "a folder that others may write to is told of")
+{
+    CHECK(repository.warnings().isEmpty());
+    repository.saveLibrary({});
+    for (const auto &[mode, isOpen] :
+         {std::pair(0700, false), {0755, false}, {0770, true}, {0707, true}, {01777, true}}) {
+        CAPTURE(mode);
+        ::chmod(QFile::encodeName(root).constData(), static_cast<mode_t>(mode));
+        CHECK(repository.warnings().size() == (isOpen ? 1 : 0));
+    }
 }
 
 TEST_CASE_FIXTURE(RepositoryFixture, "media folders come and go with their checkpoints")

@@ -6,13 +6,18 @@
 #include "support/Failure.h"
 #include "tests/Printing.h"
 #include "tests/support/Children.h"
+#include "tests/support/FailureOf.h"
 
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+
 #include <csignal>
+#include <cstdio>
+#include <functional>
 #include <thread>
 
 using namespace ardeno;
@@ -100,6 +105,50 @@ TEST_CASE_FIXTURE(LockFixture, "only a writer makes the folder; where there is n
     CHECK_THROWS_AS(LibraryLock::tryLock({.root = file.fileName()}), Failure);
     // In the system's own read-only places a reader needs none either, whoever the user is.
     CHECK_FALSE(LibraryLock::tryLock({.root = "/proc/self", .access = LibraryLock::Access::Read})->isHeld());
+}
+
+TEST_CASE_FIXTURE(LockFixture, "a lock whose file was taken away is taken again, or another process has it")
+{
+    std::optional<LibraryLock> lock = LibraryLock::tryLock(writer);
+    REQUIRE(lock.has_value());
+    QFile::remove(root + "/lock");
+    lock->ensure();
+    CHECK(LibraryLock::holder(root)->process == ::getpid());
+    lock->ensure();
+
+    QFile::rename(root + "/lock", root + "/away");
+    Child child = holder();
+    CHECK(failureOf([&] { lock->ensure(); }).contains(u"in use by test_model (process %1)"_qs.arg(child.id())));
+    CHECK(LibraryLock::holder(root)->process == child.id());
+}
+
+TEST_CASE_FIXTURE(LockFixture, "what stands in the place of the lock is neither followed nor waited for nor written to")
+{
+    QDir().mkpath(root);
+    const QByteArray path = QFile::encodeName(root + "/lock");
+    const QString foreign = home.filePath("foreign");
+    QFile file(foreign);
+    REQUIRE(file.open(QIODevice::WriteOnly));
+    file.write("theirs");
+    file.close();
+    const std::function<bool()> obstacles[] = {
+        [&] { return QFile::link(foreign, root + "/lock"); },
+        [&] { return QFile::link("nowhere", root + "/lock"); },
+        [&] { return ::mkfifo(path.constData(), 0600) == 0; },
+        [&] { return ::mkdir(path.constData(), 0700) == 0; },
+    };
+    for (const auto &make : obstacles) {
+        REQUIRE(make());
+        for (const LibraryLock::Request &request : {writer, reader})
+            CHECK(failureOf([&] { LibraryLock::tryLock(request); }).startsWith(u"“lock” is "_qs));
+        CHECK_FALSE(LibraryLock::holder(root).has_value());
+        CHECK(std::remove(path.constData()) == 0);
+    }
+    REQUIRE(::link(QFile::encodeName(foreign).constData(), path.constData()) == 0);
+    CHECK(LibraryLock::tryLock(writer).has_value());
+    REQUIRE(file.open(QIODevice::ReadOnly));
+    CHECK(file.readAll() == "theirs");
+    CHECK_FALSE(QFile::exists(root + "/nowhere"));
 }
 
 TEST_CASE_FIXTURE(LockFixture, "processes that load and save under the lock do not lose each other's changes")
