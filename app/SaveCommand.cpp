@@ -3,7 +3,6 @@
 #include "app/StoreAccess.h"
 #include "platform/MakeDesktop.h"
 #include "support/Finish.h"
-#include "support/Text.h"
 
 namespace ardeno {
 
@@ -53,12 +52,16 @@ SaveResult describe(const AppStore &store, const Checkpoint &checkpoint)
     };
 }
 
+QString counted(qint64 number, const QString &noun)
+{
+    return QString::number(number) + ' ' + noun + (number == 1 ? "" : "s");
+}
+
 void printText(const SaveResult &result)
 {
     print(u"%1 “%2” in “%3”: %4, %5, %6.\n"_qs.arg(result.notice, oneLine(result.title), oneLine(result.project),
-                                                   Text::counted(result.apps, u"app"_qs, u"apps"_qs),
-                                                   Text::counted(result.tabs, u"tab"_qs, u"tabs"_qs),
-                                                   Text::counted(result.windows, u"window"_qs, u"windows"_qs)));
+                                                   counted(result.apps, u"app"_qs), counted(result.tabs, u"tab"_qs),
+                                                   counted(result.windows, u"window"_qs)));
     print(u"%1\n%2\n"_qs.arg(result.captureNote, uuidText(result.id)));
     if (result.screenshot)
         print(*result.screenshot + '\n');

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/RestoreSummary.h"
 
-#include "support/Text.h"
-
 #include <QCoreApplication>
 #include <QStringList>
 
@@ -10,20 +8,14 @@ namespace ardeno {
 
 namespace {
 
-QString summaryText(const char *text)
+QString summaryText(const char *text, qint64 number = -1)
 {
-    return QCoreApplication::translate("ardeno::RestoreSummary", text);
-}
-
-void addReopened(QStringList &parts, qint64 number, const QString &one, const QString &many)
-{
-    if (number >= 1)
-        parts += Text::counted(number, one, many);
+    return QCoreApplication::translate("ardeno::RestoreSummary", text, "", static_cast<int>(number));
 }
 
 void addLayout(QStringList &parts, const RestoreResult &layout)
 {
-    parts += summaryText("%1 window positions restored").arg(layout.restoredCount);
+    parts += summaryText("%n window positions restored", layout.restoredCount);
     if (layout.accessibilityRequired)
         parts += summaryText("window positioning needs permission");
 }
@@ -41,17 +33,18 @@ QString RestoreSummary::text(const RestoreReport &report)
 {
     const RestoreOutcome &outcome = report.outcome;
     QStringList parts;
-    parts += summaryText("%1 opened").arg(outcome.openedApps + outcome.openedTabs);
-    parts += summaryText("%1 already active").arg(outcome.alreadyActive);
+    parts += summaryText("%n opened", outcome.openedApps + outcome.openedTabs);
+    parts += summaryText("%n already active", outcome.alreadyActive);
     if (outcome.unavailable >= 1)
-        parts += summaryText("%1 unavailable").arg(outcome.unavailable);
+        parts += summaryText("%n unavailable", outcome.unavailable);
     if (report.layout)
         addLayout(parts, *report.layout);
-    addReopened(parts, report.folders, summaryText("Finder location restored"),
-                summaryText("Finder locations restored"));
-    addReopened(parts, report.viewerDocuments, summaryText("Preview document restored"),
-                summaryText("Preview documents restored"));
-    addReopened(parts, report.documents, summaryText("document restored"), summaryText("documents restored"));
+    if (report.folders >= 1)
+        parts += summaryText("%n Finder locations restored", report.folders);
+    if (report.viewerDocuments >= 1)
+        parts += summaryText("%n Preview documents restored", report.viewerDocuments);
+    if (report.documents >= 1)
+        parts += summaryText("%n documents restored", report.documents);
     return summaryText("Workspace restored · ") + parts.join(u" · "_qs);
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/WindowLayout.h"
 #include "store/AppStore.h"
-#include "support/Text.h"
 
 #include <algorithm>
 #include <utility>
@@ -52,8 +51,8 @@ QCoro::Task<void> AppStore::addCurrentBrowserTabs(QUuid checkpointID)
         changed->tabs += added;
         if (!writeEdit(std::move(*changed)))
             co_return;
-        notice.set(tr("Added %1. Your screenshot is unchanged.")
-                       .arg(Text::counted(added.size(), tr("current browser tab"), tr("current browser tabs"))));
+        notice.set(
+            tr("Added %n current browser tabs. Your screenshot is unchanged.", "", static_cast<int>(added.size())));
     } else if (!open.tabs.isEmpty() || !open.warning) {
         notice.set(tr("No new browser tabs to add."));
     }
@@ -84,8 +83,8 @@ QCoro::Task<void> AppStore::addCurrentWindowLayout(QUuid checkpointID)
         co_return;
     changed->windows = windows;
     if (writeEdit(std::move(*changed)))
-        notice.set(tr("Saved current positions for %1. The screenshot is unchanged.")
-                       .arg(Text::counted(windows.size(), tr("window"), tr("windows"))));
+        notice.set(tr("Saved current positions for %n windows. The screenshot is unchanged.", "",
+                      static_cast<int>(windows.size())));
 }
 
 template <typename Item>

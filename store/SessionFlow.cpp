@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/AppStore.h"
 #include "store/SessionJournal.h"
-#include "support/Text.h"
 
 #include <QFile>
 #include <QScopeGuard>
@@ -167,8 +166,8 @@ void AppStore::recoverSessions()
         notice.set(tr("Your work session “%1” was interrupted. Its checkpoint has been saved with what was recorded.")
                        .arg(titles.first()));
     else if (!titles.isEmpty())
-        notice.set(tr("%1 were interrupted. Their checkpoints have been saved with what was recorded.")
-                       .arg(Text::counted(titles.size(), tr("work session"), tr("work sessions"))));
+        notice.set(tr("%n work sessions were interrupted. Their checkpoints have been saved with what was recorded.",
+                      "", static_cast<int>(titles.size())));
 }
 
 } // namespace ardeno

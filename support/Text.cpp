@@ -35,11 +35,6 @@ QString Text::folded(const QString &text)
     return fromIcu(composer->normalize(composed, status));
 }
 
-QString Text::counted(qint64 number, const QString &singular, const QString &plural)
-{
-    return QString::number(number) + ' ' + (number == 1 ? singular : plural);
-}
-
 struct NameOrder::Collator {
     std::unique_ptr<icu::Collator> icu;
 };

@@ -23,9 +23,6 @@ inline bool containsName(const QString &text, const QString &part)
     return folded(text).contains(folded(part));
 }
 
-// "1 window", "2 windows": the singular only for exactly one.
-QString counted(qint64 number, const QString &singular, const QString &plural);
-
 } // namespace Text
 
 // The order of the user's language, letter case ignored; kept while a list is sorted because making one is dear.

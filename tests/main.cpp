@@ -2,6 +2,8 @@
 #define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
+#include "words/Words.h"
+
 #include <QCoreApplication>
 #include <QLocale>
 
@@ -15,5 +17,6 @@ int main(int argc, char **argv)
     icu::Locale::setDefault(icu::Locale::getUS(), status);
 
     QCoreApplication application(argc, argv);
+    const ardeno::Words words(ardeno::Words::Language::OfCode);
     return doctest::Context(argc, argv).run();
 }

@@ -10,6 +10,7 @@ namespace ardeno {
 
 namespace {
 
+const QString countedTexts = "ardeno_en";
 const QString desktopCatalogue = "ardeno_linux";
 
 // One flat list of texts, whatever class they stand in.
@@ -26,14 +27,15 @@ public:
 
 Words::Words(Language language)
 {
-    load(desktopCatalogue);
+    load(countedTexts);
+    if (language != Language::OfCode)
+        load(desktopCatalogue);
     if (language == Language::OfUser)
         loadLanguage(QLocale().uiLanguages());
 }
 
-Words::Words(const QStringList &languages)
+Words::Words(const QStringList &languages) : Words(Language::English)
 {
-    load(desktopCatalogue);
     loadLanguage(languages);
 }
 

@@ -10,12 +10,13 @@ class QTranslator;
 
 namespace ardeno {
 
-// What the program says, beyond the sentences in its code: those that would be false on this desktop (its name, its
-// keys, its programs) are replaced by a catalogue of the desktop; then come the language's own catalogues. A text has
-// one translation wherever it stands. What is stored on disk is not touched. Ends with this object.
+// What the program says, beyond the sentences in its code: counted things have a singular; what would be false on this
+// desktop (its name, its keys, its programs) is replaced by a catalogue of the desktop; then come the language's own
+// catalogues. A text has one translation wherever it stands. Ends with this object.
 class Words final {
 public:
-    enum class Language { English, OfUser };
+    // OfCode: the sentences in the code with their singulars, and nothing of this desktop.
+    enum class Language { OfCode, English, OfUser };
 
     // The application object exists, and nothing is shown yet.
     explicit Words(Language language);

@@ -28,10 +28,6 @@
         <translation>Wählen Sie vor dem Sichern ein Projekt oder geben Sie den Namen eines neuen ein.</translation>
     </message>
     <message>
-        <source>Added %1. Your screenshot is unchanged.</source>
-        <translation>%1 hinzugefügt. Ihr Bildschirmfoto ist unverändert.</translation>
-    </message>
-    <message>
         <source>Could not save this checkpoint: </source>
         <translation>Dieser Checkpoint konnte nicht gesichert werden: </translation>
     </message>
@@ -42,26 +38,6 @@
     <message>
         <source>No visible windows matched this checkpoint’s saved apps.</source>
         <translation>Kein sichtbares Fenster gehört zu den Apps dieses Checkpoints.</translation>
-    </message>
-    <message>
-        <source>Saved current positions for %1. The screenshot is unchanged.</source>
-        <translation>Die Positionen von %1 wurden gesichert. Das Bildschirmfoto ist unverändert.</translation>
-    </message>
-    <message>
-        <source>current browser tab</source>
-        <translation>aktueller Browser-Tab</translation>
-    </message>
-    <message>
-        <source>current browser tabs</source>
-        <translation>aktuelle Browser-Tabs</translation>
-    </message>
-    <message>
-        <source>window</source>
-        <translation>Fenster</translation>
-    </message>
-    <message>
-        <source>windows</source>
-        <translation>Fenstern</translation>
     </message>
     <message>
         <source> Some media remains in </source>
@@ -156,10 +132,6 @@
         <translation> Das Bildschirmfoto ist vom Beginn der Sitzung.</translation>
     </message>
     <message>
-        <source>%1 were interrupted. Their checkpoints have been saved with what was recorded.</source>
-        <translation>%1 wurden unterbrochen. Ihre Checkpoints wurden mit dem Aufgenommenen gesichert.</translation>
-    </message>
-    <message>
         <source>. Use Stop &amp; save checkpoint to preserve the checkpoint.</source>
         <translation>. Wählen Sie „Stoppen &amp; Checkpoint sichern“, um den Checkpoint zu erhalten.</translation>
     </message>
@@ -198,14 +170,6 @@
     <message>
         <source>Your work session “%1” was interrupted. Its checkpoint has been saved with what was recorded.</source>
         <translation>Ihre Arbeitssitzung „%1“ wurde unterbrochen. Ihr Checkpoint wurde mit dem Aufgenommenen gesichert.</translation>
-    </message>
-    <message>
-        <source>work session</source>
-        <translation>Arbeitssitzung</translation>
-    </message>
-    <message>
-        <source>work sessions</source>
-        <translation>Arbeitssitzungen</translation>
     </message>
     <message>
         <source>A GLIMPSE OF YOUR NEXT RETURN</source>
@@ -568,10 +532,6 @@ für die Arbeit.</translation>
         <translation>Neuester</translation>
     </message>
     <message>
-        <source>%1 saved</source>
-        <translation>%1 gesichert</translation>
-    </message>
-    <message>
         <source>Actions for %1</source>
         <translation>Aktionen für %1</translation>
     </message>
@@ -716,14 +676,6 @@ für die Arbeit.</translation>
         <translation>Wartet auf</translation>
     </message>
     <message>
-        <source>%1 active · %2 blocked</source>
-        <translation>%1 aktiv · %2 blockiert</translation>
-    </message>
-    <message>
-        <source>%1 apps · %2 · Choose what to reopen</source>
-        <translation>Apps: %1 · %2 · Sie wählen, was geöffnet wird</translation>
-    </message>
-    <message>
         <source>First checkpoint</source>
         <translation>Erster Checkpoint</translation>
     </message>
@@ -734,22 +686,6 @@ für die Arbeit.</translation>
     <message>
         <source>Yesterday, %1</source>
         <translation>Gestern, %1</translation>
-    </message>
-    <message>
-        <source>checkpoint</source>
-        <translation>Checkpoint</translation>
-    </message>
-    <message>
-        <source>checkpoints</source>
-        <translation>Checkpoints</translation>
-    </message>
-    <message>
-        <source>page</source>
-        <translation>Seite</translation>
-    </message>
-    <message>
-        <source>pages</source>
-        <translation>Seiten</translation>
     </message>
     <message>
         <source>today, %1</source>
@@ -1160,18 +1096,6 @@ für die Arbeit.</translation>
         <translation>Fensterpositionen</translation>
     </message>
     <message>
-        <source>Show %1</source>
-        <translation>%1 zeigen</translation>
-    </message>
-    <message>
-        <source>saved window</source>
-        <translation>gesichertes Fenster</translation>
-    </message>
-    <message>
-        <source>saved windows</source>
-        <translation>gesicherte Fenster</translation>
-    </message>
-    <message>
         <source>Update to current positions</source>
         <translation>Aktuelle Positionen übernehmen</translation>
     </message>
@@ -1344,34 +1268,6 @@ für die Arbeit.</translation>
         <translation>Zugriff prüfen</translation>
     </message>
     <message>
-        <source>%1 to open</source>
-        <translation>%1 zu öffnen</translation>
-    </message>
-    <message>
-        <source>%1 active</source>
-        <translation>%1 aktiv</translation>
-    </message>
-    <message>
-        <source>%1 unavailable</source>
-        <translation>%1 nicht verfügbar</translation>
-    </message>
-    <message>
-        <source>%1 to review</source>
-        <translation>%1 zu prüfen</translation>
-    </message>
-    <message>
-        <source>Open %1</source>
-        <translation>%1 öffnen</translation>
-    </message>
-    <message>
-        <source>missing item</source>
-        <translation>fehlenden Eintrag</translation>
-    </message>
-    <message>
-        <source>missing items</source>
-        <translation>fehlende Einträge</translation>
-    </message>
-    <message>
         <source>Restore window positions</source>
         <translation>Fensterpositionen wiederherstellen</translation>
     </message>
@@ -1382,18 +1278,6 @@ für die Arbeit.</translation>
     <message>
         <source>A sample opens nothing.</source>
         <translation>Ein Beispiel öffnet nichts.</translation>
-    </message>
-    <message>
-        <source>%1 not placed by the last resume.</source>
-        <translation>%1 beim letzten Fortsetzen nicht angeordnet.</translation>
-    </message>
-    <message>
-        <source>window was</source>
-        <translation>Fenster wurde</translation>
-    </message>
-    <message>
-        <source>windows were</source>
-        <translation>Fenster wurden</translation>
     </message>
     <message>
         <source>Development</source>
@@ -1512,28 +1396,8 @@ für die Arbeit.</translation>
         <translation>Es gibt keinen Bildschirm.</translation>
     </message>
     <message>
-        <source>%1 window positions restored</source>
-        <translation>%1 Fensterpositionen wiederhergestellt</translation>
-    </message>
-    <message>
         <source>window positioning needs permission</source>
         <translation>Anordnen von Fenstern braucht eine Erlaubnis</translation>
-    </message>
-    <message>
-        <source>%1 opened</source>
-        <translation>%1 geöffnet</translation>
-    </message>
-    <message>
-        <source>%1 already active</source>
-        <translation>%1 schon aktiv</translation>
-    </message>
-    <message>
-        <source>document restored</source>
-        <translation>Dokument wiederhergestellt</translation>
-    </message>
-    <message>
-        <source>documents restored</source>
-        <translation>Dokumente wiederhergestellt</translation>
     </message>
     <message>
         <source>Workspace restored · </source>
@@ -1634,6 +1498,143 @@ für die Arbeit.</translation>
     <message>
         <source>Other users may change the files in “%1”, where your checkpoints are.</source>
         <translation>Andere Benutzer können die Dateien in „%1“ ändern, wo Ihre Checkpoints liegen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n checkpoints</source>
+        <translation>
+            <numerusform>%n Checkpoint</numerusform>
+            <numerusform>%n Checkpoints</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n apps</source>
+        <translation>
+            <numerusform>%n App</numerusform>
+            <numerusform>%n Apps</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pages</source>
+        <translation>
+            <numerusform>%n Seite</numerusform>
+            <numerusform>%n Seiten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n active</source>
+        <translation>
+            <numerusform>%n aktiv</numerusform>
+            <numerusform>%n aktiv</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n blocked</source>
+        <translation>
+            <numerusform>%n blockiert</numerusform>
+            <numerusform>%n blockiert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n saved</source>
+        <translation>
+            <numerusform>%n gesichert</numerusform>
+            <numerusform>%n gesichert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Show %n saved windows</source>
+        <translation>
+            <numerusform>%n gesichertes Fenster zeigen</numerusform>
+            <numerusform>%n gesicherte Fenster zeigen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n to open</source>
+        <translation>
+            <numerusform>%n zu öffnen</numerusform>
+            <numerusform>%n zu öffnen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unavailable</source>
+        <translation>
+            <numerusform>%n nicht verfügbar</numerusform>
+            <numerusform>%n nicht verfügbar</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n to review</source>
+        <translation>
+            <numerusform>%n zu prüfen</numerusform>
+            <numerusform>%n zu prüfen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n missing items</source>
+        <translation>
+            <numerusform>%n fehlenden Eintrag öffnen</numerusform>
+            <numerusform>%n fehlende Einträge öffnen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n windows were not placed by the last resume.</source>
+        <translation>
+            <numerusform>%n Fenster wurde beim letzten Fortsetzen nicht angeordnet.</numerusform>
+            <numerusform>%n Fenster wurden beim letzten Fortsetzen nicht angeordnet.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n work sessions were interrupted. Their checkpoints have been saved with what was recorded.</source>
+        <translation>
+            <numerusform>%n Arbeitssitzung wurde unterbrochen. Ihr Checkpoint wurde mit dem Aufgenommenen gesichert.</numerusform>
+            <numerusform>%n Arbeitssitzungen wurden unterbrochen. Ihre Checkpoints wurden mit dem Aufgenommenen gesichert.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Added %n current browser tabs. Your screenshot is unchanged.</source>
+        <translation>
+            <numerusform>%n aktueller Browser-Tab hinzugefügt. Ihr Bildschirmfoto ist unverändert.</numerusform>
+            <numerusform>%n aktuelle Browser-Tabs hinzugefügt. Ihr Bildschirmfoto ist unverändert.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Saved current positions for %n windows. The screenshot is unchanged.</source>
+        <translation>
+            <numerusform>Die Position von %n Fenster wurde gesichert. Das Bildschirmfoto ist unverändert.</numerusform>
+            <numerusform>Die Positionen von %n Fenstern wurden gesichert. Das Bildschirmfoto ist unverändert.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n window positions restored</source>
+        <translation>
+            <numerusform>%n Fensterposition wiederhergestellt</numerusform>
+            <numerusform>%n Fensterpositionen wiederhergestellt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n opened</source>
+        <translation>
+            <numerusform>%n geöffnet</numerusform>
+            <numerusform>%n geöffnet</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n already active</source>
+        <translation>
+            <numerusform>%n schon aktiv</numerusform>
+            <numerusform>%n schon aktiv</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n documents restored</source>
+        <translation>
+            <numerusform>%n Dokument wiederhergestellt</numerusform>
+            <numerusform>%n Dokumente wiederhergestellt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Choose what to reopen</source>
+        <translation>Sie wählen, was geöffnet wird</translation>
     </message>
 </context>
 </TS>

@@ -116,22 +116,6 @@
         <translation>All screens and workspace saved on this computer.</translation>
     </message>
     <message>
-        <source>Finder location restored</source>
-        <translation>folder restored</translation>
-    </message>
-    <message>
-        <source>Finder locations restored</source>
-        <translation>folders restored</translation>
-    </message>
-    <message>
-        <source>Preview document restored</source>
-        <translation>viewer document restored</translation>
-    </message>
-    <message>
-        <source>Preview documents restored</source>
-        <translation>viewer documents restored</translation>
-    </message>
-    <message>
         <source>macOS reopened the existing process.</source>
         <translation>The app that runs was opened again instead of a new one.</translation>
     </message>
@@ -154,6 +138,20 @@
     <message>
         <source>Show Applications Folder</source>
         <translation>Show the Folder</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n Finder locations restored</source>
+        <translation>
+            <numerusform>%n folder restored</numerusform>
+            <numerusform>%n folders restored</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n Preview documents restored</source>
+        <translation>
+            <numerusform>%n viewer document restored</numerusform>
+            <numerusform>%n viewer documents restored</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

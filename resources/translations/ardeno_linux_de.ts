@@ -116,22 +116,6 @@
         <translation>Bildschirme und Arbeitsumgebung bleiben auf diesem Computer.</translation>
     </message>
     <message>
-        <source>Finder location restored</source>
-        <translation>Ordner wiederhergestellt</translation>
-    </message>
-    <message>
-        <source>Finder locations restored</source>
-        <translation>Ordner wiederhergestellt</translation>
-    </message>
-    <message>
-        <source>Preview document restored</source>
-        <translation>Dokument im Betrachter wiederhergestellt</translation>
-    </message>
-    <message>
-        <source>Preview documents restored</source>
-        <translation>Dokumente im Betrachter wiederhergestellt</translation>
-    </message>
-    <message>
         <source>macOS reopened the existing process.</source>
         <translation>Statt einer neuen wurde die laufende App geöffnet.</translation>
     </message>
@@ -154,6 +138,20 @@
     <message>
         <source>Show Applications Folder</source>
         <translation>Ordner zeigen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n Finder locations restored</source>
+        <translation>
+            <numerusform>%n Ordner wiederhergestellt</numerusform>
+            <numerusform>%n Ordner wiederhergestellt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n Preview documents restored</source>
+        <translation>
+            <numerusform>%n Dokument im Betrachter wiederhergestellt</numerusform>
+            <numerusform>%n Dokumente im Betrachter wiederhergestellt</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

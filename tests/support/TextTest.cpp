@@ -27,13 +27,6 @@ TEST_CASE("names are ordered as people order them, not by code")
     CHECK(names.mid(3) == QStringList{"zebra", "Zoo"});
 }
 
-TEST_CASE("only exactly one is singular")
-{
-    CHECK(Text::counted(0, "window", "windows") == "0 windows");
-    CHECK(Text::counted(1, "window", "windows") == "1 window");
-    CHECK(Text::counted(2, "window", "windows") == "2 windows");
-}
-
 TEST_CASE("dates count from 2001 and damaged ones stay harmless")
 {
     CHECK(Date{0}.toIsoText() == "2001-01-01T00:00:00Z");

@@ -73,7 +73,7 @@ TEST_CASE_FIXTURE(GermanFixture, "the whole program speaks another language, and
     CHECK(store().notice() != QString("Checkpoint saved."));
     store().selectCheckpoint(latest.id);
     settle();
-    CHECK(seesText(u"Apps: 1 · 1 Seite · Sie wählen, was geöffnet wird"_qs));
+    CHECK(seesText(u"1 App · 1 Seite · Sie wählen, was geöffnet wird"_qs));
     look("detail");
     auto *const page = window->findChild<QScrollArea *>();
     page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum());

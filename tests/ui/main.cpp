@@ -4,6 +4,7 @@
 
 #include "ui/controls/Sheet.h"
 #include "ui/theme/AppStyle.h"
+#include "words/Words.h"
 
 #include <QApplication>
 #include <QLocale>
@@ -19,5 +20,6 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     ardeno::installSheetAccessibility();
+    const ardeno::Words words(ardeno::Words::Language::OfCode);
     return doctest::Context(argc, argv).run();
 }

@@ -78,6 +78,20 @@ bool isTranslated(const QList<Token> &all, qsizetype at)
     return (text(1) == "(" && isInFunction) || (text(1) == "," && text(3) == "(" && isInContext);
 }
 
+// Of the translation that the reader stands at: one, or those of a counted text.
+QStringList forms(QXmlStreamReader &xml)
+{
+    QStringList found;
+    QString alone;
+    while (xml.readNext() != QXmlStreamReader::EndElement) {
+        if (xml.isStartElement())
+            found << xml.readElementText();
+        else
+            alone += xml.text();
+    }
+    return found.isEmpty() ? QStringList{alone} : found;
+}
+
 } // namespace
 
 QList<SourceText> sourceTexts()
@@ -97,10 +111,10 @@ QList<SourceText> sourceTexts()
     return texts;
 }
 
-QHash<QString, QString> catalogue(const QString &name)
+QHash<QString, QStringList> catalogue(const QString &name)
 {
     QXmlStreamReader xml(fileText(sources + "/resources/translations/" + name + ".ts"));
-    QHash<QString, QString> translations;
+    QHash<QString, QStringList> translations;
     QString text;
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement)
@@ -109,8 +123,7 @@ QHash<QString, QString> catalogue(const QString &name)
             text = xml.readElementText();
         } else if (xml.name() == QLatin1String("translation")) {
             const bool isUnfinished = xml.attributes().hasAttribute("type");
-            const QString translation = xml.readElementText();
-            translations.insert(text, isUnfinished ? QString() : translation);
+            translations.insert(text, isUnfinished ? QStringList() : forms(xml));
         }
     }
     REQUIRE_FALSE(xml.hasError());

@@ -18,7 +18,7 @@ struct SourceText {
 // Every text of the rooms that say something to people.
 QList<SourceText> sourceTexts();
 
-// The translations of a catalogue by their texts; unfinished ones are empty.
-QHash<QString, QString> catalogue(const QString &name);
+// The translations of a catalogue by their texts: one each, or the forms of a counted text. None: it is unfinished.
+QHash<QString, QStringList> catalogue(const QString &name);
 
 } // namespace ardeno

@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 using namespace ardeno;
 
 namespace {
@@ -20,9 +22,14 @@ bool isForeign(const QString &text)
     return words.match(text).hasMatch();
 }
 
-QString shown(const QString &text)
+QString shown(const QString &text, int count = -1)
 {
-    return QCoreApplication::translate("ardeno::Words", text.toUtf8().constData());
+    return QCoreApplication::translate("ardeno::Words", text.toUtf8().constData(), "", count);
+}
+
+bool isCounted(const QString &text)
+{
+    return text.contains("%n");
 }
 
 QStringList placeholders(const QString &text)
@@ -55,43 +62,73 @@ TEST_CASE("no text that is shown names what this desktop does not have, in any l
         const Words words(languages);
         QStringList foreign;
         for (const QString &text : texts) {
-            if (isForeign(shown(text)))
-                foreign << shown(text);
+            for (const int count : isCounted(text) ? QList{1, 2} : QList{-1}) {
+                if (isForeign(shown(text, count)))
+                    foreign << shown(text, count);
+            }
         }
         CHECK(foreign == QStringList());
     }
 }
 
-TEST_CASE("the catalogue of the desktop keeps the places for values")
+TEST_CASE("catalogues keep the places for values, in every form of what is counted")
 {
-    for (const char *name : {"ardeno_linux", "ardeno_linux_de"}) {
-        CAPTURE(name);
-        const QHash<QString, QString> replaced = catalogue(name);
-        for (auto entry = replaced.begin(); entry != replaced.end(); ++entry) {
-            CAPTURE(entry.key());
-            CHECK_FALSE(entry.value().isEmpty());
-            CHECK(placeholders(entry.key()) == placeholders(entry.value()));
+    for (const char *name : {"ardeno_en", "ardeno_linux", "ardeno_de", "ardeno_linux_de"}) {
+        const QHash<QString, QStringList> translations = catalogue(name);
+        QStringList differing;
+        for (auto entry = translations.begin(); entry != translations.end(); ++entry) {
+            const bool hasForms = entry->size() == (isCounted(entry.key()) ? 2 : 1);
+            const bool isFaithful = std::all_of(entry->begin(), entry->end(), [&](const QString &form) {
+                return placeholders(form) == placeholders(entry.key()) &&
+                       form.endsWith(' ') == entry.key().endsWith(' ');
+            });
+            if (!hasForms || !isFaithful)
+                differing << entry.key();
         }
+        CAPTURE(name);
+        CHECK(translations.size() > 10);
+        CHECK(differing == QStringList());
     }
 }
 
-TEST_CASE("every text has a German translation with the same places for values")
+TEST_CASE("every text has a German translation, and what is counted an English singular")
 {
-    const QHash<QString, QString> german = catalogue("ardeno_de");
-    const QHash<QString, QString> onThisDesktop = catalogue("ardeno_linux_de");
-    const QSet<QString> texts = translatableTexts();
+    const auto german = catalogue("ardeno_de");
+    const auto onThisDesktop = catalogue("ardeno_linux_de");
+    const auto counted = catalogue("ardeno_en");
     QStringList missing;
-    QStringList differing;
-    for (const QString &text : texts) {
-        const QString translation = german.value(text, onThisDesktop.value(text));
-        if (translation.isEmpty() && !text.trimmed().isEmpty())
+    for (const QString &text : translatableTexts()) {
+        const bool isTranslated = german.contains(text) || onThisDesktop.contains(text) || text.trimmed().isEmpty();
+        if (!isTranslated || (isCounted(text) && !counted.contains(text)))
             missing << text;
-        else if (placeholders(text) != placeholders(translation) || text.endsWith(' ') != translation.endsWith(' '))
-            differing << text;
     }
     missing.sort();
     CHECK(missing == QStringList());
-    CHECK(differing == QStringList());
+}
+
+TEST_CASE("only exactly one is singular, in every language, and in the words of this desktop")
+{
+    struct Case {
+        const char *text;
+        QStringList english; // Of none, one and two.
+        QStringList german;
+    };
+
+    const Case cases[] = {
+        {"%n pages", {"0 pages", "1 page", "2 pages"}, {"0 Seiten", "1 Seite", "2 Seiten"}},
+        {"%n apps", {"0 apps", "1 apps", "2 apps"}, {"0 Apps", "1 App", "2 Apps"}},
+        {"%n Finder locations restored",
+         {"0 folders restored", "1 folder restored", "2 folders restored"},
+         {"0 Ordner wiederhergestellt", "1 Ordner wiederhergestellt", "2 Ordner wiederhergestellt"}},
+    };
+    for (const Case &tried : cases) {
+        for (int count = 0; count < 3; ++count) {
+            const Words english(Words::Language::English);
+            CHECK(shown(tried.text, count) == tried.english.at(count));
+            const Words german(QStringList{"de"});
+            CHECK(shown(tried.text, count) == tried.german.at(count));
+        }
+    }
 }
 
 TEST_CASE("the language's own words for this desktop come last, and an unknown language changes nothing")

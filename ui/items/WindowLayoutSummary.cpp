@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/items/WindowLayoutSummary.h"
 
-#include "support/Text.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
@@ -97,7 +96,7 @@ void WindowLayoutSummary::show(const Checkpoint &checkpoint)
     const bool hasWindows = !windows.isEmpty();
     m_none->setVisible(!hasWindows);
     m_disclosure->setVisible(hasWindows);
-    m_disclosure->setText(tr("Show %1").arg(Text::counted(windows.size(), tr("saved window"), tr("saved windows"))));
+    m_disclosure->setText(tr("Show %n saved windows", "", static_cast<int>(windows.size())));
     m_disclosure->updateGeometry();
     m_list->setVisible(hasWindows && m_disclosure->isChecked());
     if (m_update) {

@@ -131,7 +131,7 @@ void CheckpointManagerSheet::showCheckpoints()
         return;
     }
     m_model.setRows(m_store.checkpointsFor(m_projectID));
-    m_count->setText(tr("%1 saved").arg(m_model.rowCount()));
+    m_count->setText(tr("%n saved", "", m_model.rowCount()));
     m_list->setVisible(m_model.rowCount() > 0);
     m_empty->setVisible(m_model.rowCount() == 0);
     showChosen();

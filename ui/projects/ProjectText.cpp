@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/projects/ProjectText.h"
 
-#include "support/Text.h"
-
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -32,14 +30,15 @@ QString momentText(Date date, Date now, Place place)
 
 QString ProjectText::checkpointCount(qsizetype count)
 {
-    return Text::counted(count, ProjectTexts::tr("checkpoint"), ProjectTexts::tr("checkpoints"));
+    return ProjectTexts::tr("%n checkpoints", "", static_cast<int>(count));
 }
 
 QString ProjectText::overview(const QList<Project> &available)
 {
-    const auto blocked = std::count_if(available.begin(), available.end(),
-                                       [](const Project &project) { return project.blockedReason.has_value(); });
-    return ProjectTexts::tr("%1 active · %2 blocked").arg(available.size() - blocked).arg(blocked);
+    const auto blocked = static_cast<int>(std::count_if(
+        available.begin(), available.end(), [](const Project &project) { return project.blockedReason.has_value(); }));
+    const auto active = static_cast<int>(available.size()) - blocked;
+    return ProjectTexts::tr("%n active", "", active) + u" · "_qs + ProjectTexts::tr("%n blocked", "", blocked);
 }
 
 QString ProjectText::firstStep(const Checkpoint &checkpoint)
@@ -62,10 +61,10 @@ QString ProjectText::timelineTitle(const Checkpoint &checkpoint, const QString &
 
 QString ProjectText::resumeCaption(const Checkpoint &checkpoint)
 {
-    const qsizetype pages = checkpoint.tabs.size();
-    return ProjectTexts::tr("%1 apps · %2 · Choose what to reopen")
-        .arg(checkpoint.apps.size())
-        .arg(Text::counted(pages, ProjectTexts::tr("page"), ProjectTexts::tr("pages")));
+    const QStringList parts = {ProjectTexts::tr("%n apps", "", static_cast<int>(checkpoint.apps.size())),
+                               ProjectTexts::tr("%n pages", "", static_cast<int>(checkpoint.tabs.size())),
+                               ProjectTexts::tr("Choose what to reopen")};
+    return parts.join(u" · "_qs);
 }
 
 QString ProjectText::moment(Date date, Date now)

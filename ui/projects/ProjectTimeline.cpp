@@ -110,7 +110,7 @@ void ProjectTimeline::showCheckpoints()
     m_manage->setVisible(!project->isSample); // The sample stays as it is.
     m_model.setProjectName(project->name);
     m_model.setRows(m_store.checkpointsFor(project->id));
-    m_count->setText(tr("%1 saved").arg(m_model.rowCount()));
+    m_count->setText(tr("%n saved", "", m_model.rowCount()));
     showSelection();
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sheets/RestoreSheet.h"
 
-#include "support/Text.h"
 #include "ui/controls/Fields.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
@@ -14,9 +13,9 @@ namespace ardeno {
 
 namespace {
 
-void showChip(Chip *chip, qsizetype count, const QString &text, const QString &symbol, Role role)
+void showChip(Chip *chip, int count, const QString &text, const QString &symbol, Role role)
 {
-    chip->show(text.arg(count), symbol, count > 0 ? role : Role::Dim, Role::Card);
+    chip->show(text, symbol, count > 0 ? role : Role::Dim, Role::Card);
 }
 
 } // namespace
@@ -172,19 +171,25 @@ QCoro::Task<void> RestoreSheet::refreshPlan()
 void RestoreSheet::showPlan()
 {
     const RestorePlan &plan = *m_model.plan();
-    showChip(m_toOpen, plan.appsToOpen.size() + plan.tabsToOpen.size(), tr("%1 to open"), "arrow.up.right",
-             Role::AccentText);
-    showChip(m_active, plan.activeApps.size() + plan.activeTabs.size(), tr("%1 active"), "checkmark", Role::SageText);
-    showChip(m_unavailable, plan.unavailableApps.size() + plan.unavailableTabs.size(), tr("%1 unavailable"),
-             "exclamationmark.triangle", Role::AmberText);
-    showChip(m_toReview, plan.unverifiedTabs.size(), tr("%1 to review"), "questionmark", Role::Text);
+    const auto both = [](const QList<SavedApp> &apps, const QList<SavedTab> &tabs) {
+        return static_cast<int>(apps.size() + tabs.size());
+    };
+    const int toOpen = both(plan.appsToOpen, plan.tabsToOpen);
+    const int active = both(plan.activeApps, plan.activeTabs);
+    const int unavailable = both(plan.unavailableApps, plan.unavailableTabs);
+    const int toReview = both({}, plan.unverifiedTabs);
+    showChip(m_toOpen, toOpen, tr("%n to open", "", toOpen), "arrow.up.right", Role::AccentText);
+    showChip(m_active, active, tr("%n active", "", active), "checkmark", Role::SageText);
+    showChip(m_unavailable, unavailable, tr("%n unavailable", "", unavailable), "exclamationmark.triangle",
+             Role::AmberText);
+    showChip(m_toReview, toReview, tr("%n to review", "", toReview), "questionmark", Role::Text);
 }
 
 QString RestoreSheet::primaryActionTitle() const
 {
-    const qsizetype count = m_model.selectedCount();
+    const int count = static_cast<int>(m_model.selectedCount());
     if (count > 0)
-        return tr("Open %1").arg(Text::counted(count, tr("missing item"), tr("missing items")));
+        return tr("Open %n missing items", "", count);
     return m_restoreLayout->isChecked() ? tr("Restore window positions") : tr("Nothing to open");
 }
 
@@ -202,8 +207,8 @@ void RestoreSheet::showUnplaced()
     m_model.setUnplaced(m_store.unplacedWindows());
     m_list->setVisible(m_model.rowCount() > 0);
     m_remaining->setVisible(m_model.unplacedCount() > 0);
-    m_remainingText->setText(tr("%1 not placed by the last resume.")
-                                 .arg(Text::counted(m_model.unplacedCount(), tr("window was"), tr("windows were"))));
+    m_remainingText->setText(
+        tr("%n windows were not placed by the last resume.", "", static_cast<int>(m_model.unplacedCount())));
     m_place->setEnabled(!m_store.busy());
 }
 
