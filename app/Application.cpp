@@ -54,8 +54,10 @@ Application::Application(OpenedLibrary library, BusService &bus, ApplicationActi
 
 void Application::end()
 {
-    if (!std::exchange(m_isEnding, true))
-        m_observations.watch([this] { endWhenIdle(); }, m_store.busy, m_store.recording);
+    if (std::exchange(m_isEnding, true))
+        return;
+    m_bus.refuseCommands();
+    m_observations.watch([this] { endWhenIdle(); }, m_store.busy, m_store.recording);
 }
 
 void Application::endWhenIdle()

@@ -2,6 +2,7 @@
 #include "app/BusClient.h"
 
 #include "app/BusNames.h"
+#include "app/BusRequest.h"
 #include "app/Output.h"
 #include "desktop/Capability.h"
 #include "model/CheckpointRepository.h"
@@ -14,10 +15,9 @@
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <QDeadlineTimer>
+#include <QFileInfo>
 #include <QProcess>
 #include <QThread>
-
-#include <limits>
 
 namespace ardeno {
 
@@ -26,54 +26,67 @@ namespace {
 constexpr int patience = 10'000; // Milliseconds for an application that is about to serve.
 constexpr int pause = 20;        // Milliseconds.
 
-// The process of the application that holds this user's library.
-std::optional<qint64> applicationProcess()
+using Holder = LibraryLock::Holder;
+
+// The application that holds this user's library.
+std::optional<Holder> application()
 {
     const auto holder = LibraryLock::holder(CheckpointRepository::defaultRoot());
-    if (!holder || holder->kind != LibraryLock::Kind::Application)
-        return std::nullopt;
-    return holder->process;
+    return holder && holder->kind == LibraryLock::Kind::Application ? holder : std::nullopt;
 }
 
-bool servesOnBus(const QDBusConnection &connection, qint64 process)
+// The process that has the application's name on the bus; 0: nobody has it.
+qint64 nameOwner(const QDBusConnection &connection)
 {
     const QDBusReply<uint> owner = connection.interface()->servicePid(bus::service);
-    return owner.isValid() && owner.value() == process;
+    return owner.isValid() ? owner.value() : 0;
 }
 
-// Waits for an application that has just been started and is not on the bus yet.
-bool isReachable(const QDBusConnection &connection)
+// Whether this process is no application of ours, which may not have the library yet.
+bool isStranger(qint64 process)
+{
+    const QString program = QFileInfo(u"/proc/%1/exe"_qs.arg(process)).symLinkTarget().section('/', -1);
+    return process != 0 && !program.startsWith("ardeno-");
+}
+
+QString taken(qint64 owner)
+{
+    return owner == 0 ? QString() : u" Process %1 has its name there, %2."_qs.arg(owner).arg(bus::service);
+}
+
+// Waits for an application that has just been started and is not on the bus yet, or whose predecessor is about to go.
+std::optional<Holder> reachableApplication(const QDBusConnection &connection)
 {
     const QDeadlineTimer deadline(patience);
-    while (const auto process = applicationProcess()) {
-        if (servesOnBus(connection, *process))
-            return true;
+    const QDeadlineTimer strangerDeadline(patience / 10);
+    while (const std::optional<Holder> running = application()) {
+        const qint64 owner = nameOwner(connection);
+        if (owner == running->process)
+            return running;
+        if (isStranger(owner) || (owner != 0 && strangerDeadline.hasExpired()))
+            throw Failure(
+                "Command", 4,
+                u"The running application, %1 (process %2), cannot be reached on the session bus."_qs.arg(running->name)
+                        .arg(running->process) +
+                    taken(owner));
         if (deadline.hasExpired())
-            return false;
+            break;
         QThread::msleep(pause);
     }
-    return false;
+    return std::nullopt;
 }
 
 } // namespace
 
 std::optional<ExitStatus> BusClient::run(const QStringList &arguments)
 {
-    if (!applicationProcess())
+    if (!application())
         return std::nullopt;
     const QDBusConnection connection = QDBusConnection::sessionBus();
-    if (!connection.isConnected() || !isReachable(connection))
+    if (!connection.isConnected())
         return std::nullopt;
-    QDBusMessage call = QDBusMessage::createMethodCall(bus::service, bus::path, bus::commandLine, "Run");
-    call.setArguments({arguments});
-    call.setAutoStartService(false);
-    const QDBusMessage reply = connection.call(call, QDBus::Block, std::numeric_limits<int>::max());
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() != 3) {
-        printError(u"The running application did not answer: %1"_qs.arg(reply.errorMessage()));
-        return ExitStatus::Failed;
-    }
-    printBytes(reply.arguments()[1].toByteArray(), reply.arguments()[2].toByteArray());
-    return static_cast<ExitStatus>(reply.arguments()[0].toInt());
+    const std::optional<Holder> running = reachableApplication(connection);
+    return running ? std::optional(BusRequest(connection, *running).run(arguments)) : std::nullopt;
 }
 
 std::optional<ExitStatus> BusClient::showWindow()
@@ -106,11 +119,13 @@ void BusClient::startApplication()
         throw Failure("Command", 4, u"Ardeno could not be started: %1"_qs.arg(program.errorString()));
     const QDeadlineTimer deadline(patience);
     for (;;) {
-        const auto process = applicationProcess();
-        if (process && servesOnBus(connection, *process))
+        const std::optional<Holder> running = application();
+        const qint64 owner = nameOwner(connection);
+        if (running && running->process == owner)
             return;
-        if (deadline.hasExpired())
-            throw Failure("Command", 4, u"Ardeno was started and does not answer on the session bus."_qs);
+        if (deadline.hasExpired() || isStranger(owner))
+            throw Failure("Command", 4,
+                          u"Ardeno was started and does not answer on the session bus."_qs + taken(owner));
         QThread::msleep(pause);
     }
 }

@@ -12,8 +12,8 @@ namespace ardeno {
 // Commands for the application that runs.
 namespace BusClient {
 
-// Has the running application carry out the command and prints what it wrote. Absent when none runs, or when it cannot
-// be reached: then the library's lock tells who is in the way.
+// Has the running application carry out the command and prints what it wrote. Absent when none runs, or when there is
+// no bus to reach it: then the library's lock tells who is in the way. Throws Failure when it does not answer.
 std::optional<ExitStatus> run(const QStringList &arguments);
 
 // Asks the application that runs to show its window. Absent when nobody answers.

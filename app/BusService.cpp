@@ -2,10 +2,15 @@
 #include "app/BusService.h"
 
 #include "app/BusNames.h"
+#include "app/Caller.h"
+#include "support/Failure.h"
+#include "support/FileDescriptor.h"
 
-#include <QDBusError>
+#include <QDBusUnixFileDescriptor>
 #include <QFile>
 #include <QMetaObject>
+
+#include <sys/mman.h>
 
 #include <utility>
 
@@ -20,6 +25,24 @@ namespace ardeno {
 namespace {
 
 constexpr const char *wrongArguments = "org.freedesktop.DBus.Error.InvalidArgs";
+constexpr const char *failed = "org.freedesktop.DBus.Error.Failed";
+
+// A file in memory: answers of any length are handed over without a copy, and wait for nobody. Throws Failure.
+QVariant fileWith(const QByteArray &bytes)
+{
+    const FileDescriptor file(::memfd_create("answer", MFD_CLOEXEC));
+    QByteArrayView rest = bytes;
+    while (file && !rest.isEmpty()) {
+        const ssize_t written =
+            uninterrupted([&] { return ::write(file.number(), rest.data(), static_cast<size_t>(rest.size())); });
+        if (written < 0)
+            throw Failure::system(errno, "answer");
+        rest = rest.sliced(written);
+    }
+    if (!file)
+        throw Failure::system(errno, "answer");
+    return QVariant::fromValue(QDBusUnixFileDescriptor(file.number()));
+}
 
 } // namespace
 
@@ -35,14 +58,22 @@ bool BusService::begin(Actions actions)
 void BusService::serveCommands()
 {
     m_isServing = true;
-    QMetaObject::invokeMethod(this, [this] { workOff(); }, Qt::QueuedConnection);
+    schedule();
+}
+
+void BusService::refuseCommands()
+{
+    m_isRefusing = true;
+    while (!m_queue.isEmpty())
+        m_queue.dequeue().refuse();
 }
 
 void BusService::finishWith(const std::function<void()> &last)
 {
     if (std::exchange(m_isFinishing, true))
         return;
-    enqueue(last);
+    refuseCommands();
+    enqueue({.carryOut = last});
 }
 
 QString BusService::introspect(const QString &) const
@@ -63,12 +94,14 @@ bool BusService::handleMessage(const QDBusMessage &message, const QDBusConnectio
         return false;
     if (message.interface() == bus::application)
         return handleApplication(message);
-    if (message.interface() != bus::commandLine || message.member() != "Run")
+    if (message.interface() != bus::commandLine || message.member() != "Execute")
         return false;
     if (message.signature() != "as")
-        m_connection.send(message.createErrorReply(wrongArguments, "Run takes a list of texts."));
+        m_connection.send(message.createErrorReply(wrongArguments, "Execute takes a list of texts."));
+    else if (m_isRefusing)
+        refuse(message);
     else
-        enqueue([this, message] { carryOut(message); });
+        enqueue({.carryOut = [this, message] { carryOut(message); }, .refuse = [this, message] { refuse(message); }});
     return true;
 }
 
@@ -87,7 +120,7 @@ bool BusService::handleApplication(const QDBusMessage &message)
     }
     // What shows something does not wait for a command.
     if (wanted == &m_actions.stopRecording)
-        enqueue(*wanted);
+        enqueue({.carryOut = *wanted});
     else
         QMetaObject::invokeMethod(this, *wanted, Qt::QueuedConnection);
     m_connection.send(message.createReply());
@@ -107,24 +140,41 @@ const std::function<void()> *BusService::action(const QDBusMessage &message) con
 
 void BusService::carryOut(const QDBusMessage &message)
 {
+    const Caller caller(m_connection, message.service());
+    if (!caller.isThere())
+        return;
     const CommandAnswer answer = m_actions.run(message.arguments().value(0).toStringList());
-    m_connection.send(message.createReply({answer.status, answer.output, answer.errors}));
+    try {
+        m_connection.send(message.createReply({answer.status, fileWith(answer.output), fileWith(answer.errors)}));
+    } catch (const Failure &failure) {
+        m_connection.send(message.createErrorReply(failed, failure.description()));
+    }
 }
 
-void BusService::enqueue(const std::function<void()> &work)
+void BusService::refuse(const QDBusMessage &message)
 {
-    m_queue.enqueue(work);
+    m_connection.send(message.createErrorReply(bus::ending, "The running application is ending; nothing was done."));
+}
+
+void BusService::enqueue(const Task &task)
+{
+    m_queue.enqueue(task);
+    schedule();
+}
+
+void BusService::schedule()
+{
     QMetaObject::invokeMethod(this, [this] { workOff(); }, Qt::QueuedConnection);
 }
 
 // A command that waits runs the event loop, and what is asked for meanwhile waits here.
 void BusService::workOff()
 {
-    if (!m_isServing || std::exchange(m_isWorking, true))
+    if (!m_isServing || m_queue.isEmpty() || std::exchange(m_isWorking, true))
         return;
-    while (!m_queue.isEmpty())
-        m_queue.dequeue()();
+    m_queue.dequeue().carryOut();
     m_isWorking = false;
+    schedule();
 }
 
 } // namespace ardeno

@@ -20,7 +20,7 @@ struct CommandAnswer {
 };
 
 // The application on the session bus. Commands are carried out one after the other, on the main thread, also while one
-// of them waits for the system.
+// of them waits for the system. In between, whatever else the application has to do has its turn.
 class BusService final : public QDBusVirtualObject {
 public:
     // An action that is empty is refused.
@@ -39,24 +39,35 @@ public:
     // Commands wait until the library is open.
     void serveCommands();
 
-    // Runs after everything that has been asked for before, as the last thing.
+    // Refuses what has not begun and whatever is asked for from now on.
+    void refuseCommands();
+
+    // Runs after what has begun, as the last thing.
     void finishWith(const std::function<void()> &last);
 
     QString introspect(const QString &path) const override;
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
 
 private:
+    struct Task {
+        std::function<void()> carryOut = {};
+        std::function<void()> refuse = [] {};
+    };
+
     bool handleApplication(const QDBusMessage &message);
     const std::function<void()> *action(const QDBusMessage &message) const;
-    void enqueue(const std::function<void()> &work);
+    void enqueue(const Task &task);
+    void schedule();
     void workOff();
     void carryOut(const QDBusMessage &message);
+    void refuse(const QDBusMessage &message);
 
     QDBusConnection m_connection;
     Actions m_actions;
-    QQueue<std::function<void()>> m_queue = {};
+    QQueue<Task> m_queue = {};
     bool m_isServing = false;
     bool m_isWorking = false;
+    bool m_isRefusing = false;
     bool m_isFinishing = false;
 };
 

@@ -13,6 +13,7 @@ enum class ExitStatus {
     Failed = 1, // The operation failed; the reason is on standard error.
     WrongUsage = 2,
     NotAvailable = 3, // Not available in this session, or not in this version.
+    // 128 and the number of a signal that came before anything was changed.
 };
 
 // One command of the command line: what it takes and the function that carries it out.

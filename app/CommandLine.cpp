@@ -3,6 +3,7 @@
 
 #include "app/Background.h"
 #include "app/BusClient.h"
+#include "app/EndSignals.h"
 #include "app/Output.h"
 #include "app/StoreAccess.h"
 
@@ -113,6 +114,19 @@ ExitStatus wrongUsage(const QString &problem, const QString &command = {})
     return ExitStatus::WrongUsage;
 }
 
+// In a process of its own.
+ExitStatus carryOut(const Command &command, const QStringList &arguments, const QCommandLineParser &parsed)
+{
+    try {
+        // The application that runs has the library.
+        if (const auto status = BusClient::run(QStringList{command.name} + arguments))
+            return *status;
+    } catch (const Failure &failure) {
+        return report(failure);
+    }
+    return command.run(parsed);
+}
+
 ExitStatus runCommand(const Command &command, const QStringList &arguments)
 {
     QCommandLineParser parser;
@@ -131,12 +145,12 @@ ExitStatus runCommand(const Command &command, const QStringList &arguments)
                                                                                                : command.arguments),
                           command.name);
     }
-    // The application that runs has the library.
-    if (!ApplicationStore::current()) {
-        if (const auto status = BusClient::run(QStringList{command.name} + arguments))
-            return *status;
-    }
-    return command.run(parser);
+    if (ApplicationStore::current())
+        return command.run(parser);
+    const ExitStatus status = carryOut(command, arguments, parser);
+    // As shells tell it.
+    const int signal = EndSignals::caught();
+    return status == ExitStatus::Failed && signal != 0 ? static_cast<ExitStatus>(128 + signal) : status;
 }
 
 } // namespace

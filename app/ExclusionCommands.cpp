@@ -141,10 +141,12 @@ ExitStatus runExclusions(const QCommandLineParser &parsed)
             printJson(exclusions);
             return ExitStatus::Done;
         }
+        QString text;
         for (const SavedApp &app : exclusions.apps)
-            print(u"app     %1  %2\n"_qs.arg(oneLine(app.id), oneLine(app.name)));
+            text += "app     " + oneLine(app.id) + "  " + oneLine(app.name) + '\n';
         for (const QString &domain : exclusions.domains)
-            print(u"domain  %1\n"_qs.arg(oneLine(domain)));
+            text += "domain  " + oneLine(domain) + '\n';
+        print(text);
         return ExitStatus::Done;
     } catch (const Failure &failure) {
         return report(failure);

@@ -1,7 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Output.h"
 #include "app/StoreAccess.h"
+#include "store/ProjectOrder.h"
+#include "support/Finish.h"
+#include "support/InWorker.h"
 #include "support/Text.h"
+
+#include <QHash>
+
+#include <vector>
 
 namespace ardeno {
 
@@ -50,7 +57,12 @@ struct Listing {
     static constexpr auto fields() { return std::tuple{Field{"projects", &Listing::projects}}; }
 };
 
-ListedProject listed(const AppStore &store, const Project &project)
+ListedCheckpoint listed(const Checkpoint &checkpoint)
+{
+    return {checkpoint.id, checkpoint.displayName(), checkpoint.title, checkpoint.createdAt.toIsoText()};
+}
+
+ListedProject listed(const Project &project, std::vector<const Checkpoint *> history)
 {
     ListedProject result{
         .id = project.id,
@@ -58,9 +70,26 @@ ListedProject listed(const AppStore &store, const Project &project)
         .blocked = project.blockedReason.has_value(),
         .archived = project.archivedAt.has_value(),
     };
-    for (const Checkpoint &checkpoint : store.checkpointsFor(project.id))
-        result.checkpoints.append(
-            {checkpoint.id, checkpoint.displayName(), checkpoint.title, checkpoint.createdAt.toIsoText()});
+    ProjectOrder::sortNewestFirst(&history);
+    result.checkpoints.reserve(static_cast<qsizetype>(history.size()));
+    for (const Checkpoint *const checkpoint : history)
+        result.checkpoints.append(listed(*checkpoint));
+    return result;
+}
+
+Listing listing(const QList<Project> &projects, const QList<Checkpoint> &checkpoints)
+{
+    QHash<QUuid, std::vector<const Checkpoint *>> histories;
+    for (const Project &project : projects)
+        histories.insert(project.id, {});
+    for (const Checkpoint &checkpoint : checkpoints) {
+        const auto history = histories.find(checkpoint.projectID.value_or(QUuid()));
+        if (history != histories.end())
+            history->push_back(&checkpoint);
+    }
+    Listing result;
+    for (const Project &project : projects)
+        result.projects.append(listed(project, histories.take(project.id)));
     return result;
 }
 
@@ -74,14 +103,27 @@ QString marks(const ListedProject &project)
     return words.isEmpty() ? QString() : " (" + words.join(", ") + ')';
 }
 
-void printText(const Listing &listing)
+QString text(const Listing &listing)
 {
+    QString text;
     for (const ListedProject &project : listing.projects) {
-        print(oneLine(project.name) + marks(project) + '\n');
+        text += oneLine(project.name) + marks(project) + '\n';
         for (const ListedCheckpoint &checkpoint : project.checkpoints)
-            print(u"  %1  %2  %3\n"_qs.arg(uuidText(checkpoint.id).first(8), checkpoint.createdAt,
-                                           oneLine(checkpoint.displayName)));
+            text += "  " + uuidText(checkpoint.id).first(8) + "  " + checkpoint.createdAt + "  " +
+                    oneLine(checkpoint.displayName) + '\n';
     }
+    return text;
+}
+
+QList<Project> chosenProjects(const QCommandLineParser &parsed, QList<Project> projects)
+{
+    if (!parsed.isSet("project"))
+        return projects;
+    const QString wanted = parsed.value("project").trimmed();
+    projects.removeIf([&](const Project &project) { return !Text::equalNames(project.name, wanted); });
+    if (projects.isEmpty())
+        throw Failure("Command", 1, u"There is no project “%1”."_qs.arg(wanted));
+    return projects;
 }
 
 ExitStatus list(const QCommandLineParser &parsed)
@@ -90,20 +132,16 @@ ExitStatus list(const QCommandLineParser &parsed)
     LockedStore locked(desktop, LockedStore::Purpose::Read);
     if (!locked.store().isLibraryRead())
         return ExitStatus::Failed;
-    Listing listing;
-    const QString wanted = parsed.value("project").trimmed();
-    for (const Project &project : locked.store().projects()) {
-        if (!parsed.isSet("project") || Text::equalNames(project.name, wanted))
-            listing.projects.append(listed(locked.store(), project));
-    }
-    if (parsed.isSet("project") && listing.projects.isEmpty()) {
-        printError(u"There is no project “%1”."_qs.arg(wanted));
-        return ExitStatus::Failed;
-    }
-    if (parsed.isSet("json"))
-        printJson(listing);
-    else
-        printText(listing);
+    const QList<Project> projects = chosenProjects(parsed, locked.store().projects());
+    const QList<Checkpoint> checkpoints = locked.store().checkpoints();
+    locked.release();
+    const bool isJson = parsed.isSet("json");
+    // The library may be large, and the application has other things to do.
+    const auto answer = [projects, checkpoints, isJson] {
+        const Listing found = listing(projects, checkpoints);
+        return isJson ? jsonText(found) : text(found).toUtf8();
+    };
+    printBytes(finish(inWorker(answer)));
     return ExitStatus::Done;
 }
 

@@ -1,18 +1,63 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Output.h"
 
-#include <cstdio>
+#include "support/Failure.h"
+#include "support/FileDescriptor.h"
+
+#include <poll.h>
 
 namespace ardeno {
 
 namespace {
 
 OutputCapture *capture = nullptr;
+int outputProblem = 0; // Why standard output takes nothing any more.
 
-void write(std::FILE *stream, const QByteArray &bytes)
+// Whether the stream can be written to again, where it does not wait by itself.
+bool waitFor(int stream)
 {
-    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
-    std::fflush(stream);
+    pollfd ready{.fd = stream, .events = POLLOUT, .revents = 0};
+    return errno == EAGAIN && uninterrupted([&] { return ::poll(&ready, 1, -1); }) > 0;
+}
+
+// 0, or why not everything was written.
+int write(int stream, QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const ssize_t written =
+            uninterrupted([&] { return ::write(stream, bytes.data(), static_cast<size_t>(bytes.size())); });
+        if (written >= 0)
+            bytes = bytes.sliced(written);
+        else if (!waitFor(stream))
+            return errno;
+    }
+    return 0;
+}
+
+void writeOutput(QByteArrayView bytes)
+{
+    if (outputProblem == 0)
+        outputProblem = write(STDOUT_FILENO, bytes);
+}
+
+void writeErrors(QByteArrayView bytes)
+{
+    write(STDERR_FILENO, bytes); // There is nowhere to say that it failed.
+}
+
+void copy(int file, void (*writeTo)(QByteArrayView))
+{
+    QByteArray piece(1 << 18, Qt::Uninitialized);
+    for (off_t at = 0;;) {
+        const ssize_t length =
+            uninterrupted([&] { return ::pread(file, piece.data(), static_cast<size_t>(piece.size()), at); });
+        if (length < 0)
+            throw Failure::system(errno, "answer");
+        if (length == 0)
+            return;
+        writeTo(QByteArrayView(piece).first(length));
+        at += length;
+    }
 }
 
 } // namespace
@@ -27,36 +72,39 @@ OutputCapture::~OutputCapture()
     capture = nullptr;
 }
 
-void printBytes(const QByteArray &output, const QByteArray &errors)
-{
-    if (capture) {
-        capture->m_output += output;
-        capture->m_errors += errors;
-        return;
-    }
-    write(stdout, output);
-    write(stderr, errors);
-}
-
 void print(const QString &text)
 {
-    printBytes(text.toUtf8(), {});
+    printBytes(VisibleText::lines(text).toUtf8());
 }
 
 void printError(const QString &sentence)
 {
-    printBytes({}, sentence.toUtf8() + '\n');
+    const QByteArray line = oneLine(sentence).toUtf8() + '\n';
+    if (capture)
+        capture->m_errors += line;
+    else
+        writeErrors(line);
 }
 
-QString oneLine(const QString &text)
+void printBytes(const QByteArray &output)
 {
-    QString line = text;
-    for (QChar &character : line) {
-        const bool isBreak = character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
-        if (isBreak || character.category() == QChar::Other_Control)
-            character = ' ';
-    }
-    return line;
+    if (capture)
+        capture->m_output += output;
+    else
+        writeOutput(output);
+}
+
+void printFiles(int output, int errors)
+{
+    copy(errors, writeErrors);
+    copy(output, writeOutput);
+}
+
+bool isOutputComplete()
+{
+    if (outputProblem != 0 && outputProblem != EPIPE)
+        printError(u"The answer could not be written: %1"_qs.arg(Failure::system(outputProblem).description()));
+    return outputProblem == 0;
 }
 
 } // namespace ardeno

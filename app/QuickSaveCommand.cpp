@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/BusClient.h"
+#include "app/Caller.h"
 #include "app/StoreAccess.h"
 #include "platform/MakeDesktop.h"
 
@@ -11,6 +12,7 @@ ExitStatus runQuickSave(const QCommandLineParser &)
         if (ApplicationStore::current()) {
             if (!ApplicationStore::actions().quickSave)
                 throw notAvailable("Ardeno runs without a display, so it has no quick-save panel.");
+            Caller::begin();
             ApplicationStore::actions().quickSave();
             return ExitStatus::Done;
         }

@@ -5,7 +5,7 @@
 #include "support/Finish.h"
 #include "support/Text.h"
 
-#include <algorithm>
+#include <QSet>
 
 namespace ardeno {
 
@@ -128,30 +128,31 @@ OutcomeResult describe(const RestoreReport &report)
     };
 }
 
-void printList(const QString &label, const QList<SavedApp> &apps)
+QString lines(const QString &label, const QList<SavedApp> &apps)
 {
+    QString text;
     for (const SavedApp &app : apps)
-        print(u"%1  %2\n"_qs.arg(label, -16).arg(oneLine(app.name)));
+        text += label.leftJustified(16) + "  " + oneLine(app.name) + '\n';
+    return text;
 }
 
-void printList(const QString &label, const QList<SavedTab> &tabs)
+QString lines(const QString &label, const QList<SavedTab> &tabs)
 {
+    QString text;
     for (const SavedTab &tab : tabs)
-        print(u"%1  %2 <%3>\n"_qs.arg(label, -16).arg(oneLine(tab.title), oneLine(tab.url)));
+        text += label.leftJustified(16) + "  " + oneLine(tab.title) + " <" + oneLine(tab.url) + ">\n";
+    return text;
 }
 
 void printText(const RestorePlan &plan)
 {
-    printList("Running", plan.activeApps);
-    printList("To open", plan.appsToOpen);
-    printList("Not installed", plan.unavailableApps);
-    printList("Open page", plan.activeTabs);
-    printList("Page to open", plan.tabsToOpen);
-    printList("Repeated page", plan.duplicateTabs);
-    printList("Unverified page", plan.unverifiedTabs);
-    printList("Unusable page", plan.unavailableTabs);
+    QString text = lines("Running", plan.activeApps) + lines("To open", plan.appsToOpen) +
+                   lines("Not installed", plan.unavailableApps) + lines("Open page", plan.activeTabs) +
+                   lines("Page to open", plan.tabsToOpen) + lines("Repeated page", plan.duplicateTabs) +
+                   lines("Unverified page", plan.unverifiedTabs) + lines("Unusable page", plan.unavailableTabs);
     if (plan.tabCheckWarning)
-        print(*plan.tabCheckWarning + '\n');
+        text += *plan.tabCheckWarning + '\n';
+    print(text);
 }
 
 void printText(const RestoreReport &report, const QString &notice)
@@ -159,23 +160,25 @@ void printText(const RestoreReport &report, const QString &notice)
     print(oneLine(notice) + '\n');
     const RestoreResult layout = report.layout.value_or(RestoreResult());
     for (const SkippedWindow &window : layout.skipped)
-        print(u"Left alone: %1 “%2” (%3)\n"_qs.arg(window.appID, oneLine(window.title), window.reason));
+        print(
+            u"Left alone: %1 “%2” (%3)\n"_qs.arg(oneLine(window.appID), oneLine(window.title), oneLine(window.reason)));
 }
 
 // The newest checkpoint, of all projects or of the one of this name; throws Failure when there is none.
 Checkpoint latestCheckpoint(const AppStore &store, const QString &projectName)
 {
-    QList<Checkpoint> candidates = store.checkpoints();
-    if (!projectName.isEmpty()) {
-        candidates.removeIf([&](const Checkpoint &checkpoint) {
-            const Project *const project = store.project(checkpoint.projectID.value_or(QUuid()));
-            return !project || !Text::equalNames(project->name, projectName);
-        });
+    QSet<QUuid> named;
+    for (const Project &project : store.projects()) {
+        if (Text::equalNames(project.name, projectName))
+            named.insert(project.id);
     }
-    const auto newest =
-        std::max_element(candidates.begin(), candidates.end(),
-                         [](const Checkpoint &a, const Checkpoint &b) { return a.createdAt < b.createdAt; });
-    if (newest == candidates.end())
+    const Checkpoint *newest = nullptr;
+    for (const Checkpoint &checkpoint : store.checkpoints()) {
+        const bool isCandidate = projectName.isEmpty() || named.contains(checkpoint.projectID.value_or(QUuid()));
+        if (isCandidate && (!newest || newest->createdAt < checkpoint.createdAt))
+            newest = &checkpoint;
+    }
+    if (!newest)
         throw Failure("Command", 1,
                       projectName.isEmpty() ? u"There is no checkpoint yet."_qs
                                             : u"There is no checkpoint in “%1”."_qs.arg(projectName));
@@ -223,7 +226,7 @@ ExitStatus resume(const QCommandLineParser &parsed, Desktop &desktop)
         printJson(result);
     if (!turn || !store.error())
         return ExitStatus::Done;
-    printError(oneLine(*store.error()));
+    printError(*store.error());
     return ExitStatus::Failed;
 }
 

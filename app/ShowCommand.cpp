@@ -6,10 +6,9 @@ namespace ardeno {
 
 namespace {
 
-void printField(const QString &label, const QString &text)
+QString field(const QString &label, const QString &text)
 {
-    if (!text.isEmpty())
-        print(u"%1  %2\n"_qs.arg(label, -10).arg(oneLine(text)));
+    return text.isEmpty() ? QString() : label.leftJustified(10) + "  " + oneLine(text) + '\n';
 }
 
 QString frameText(const WindowRect &frame)
@@ -17,24 +16,25 @@ QString frameText(const WindowRect &frame)
     return u"%1×%2 at %3, %4"_qs.arg(frame.width).arg(frame.height).arg(frame.x).arg(frame.y);
 }
 
-void printText(const AppStore &store, const Checkpoint &checkpoint)
+QString text(const AppStore &store, const Checkpoint &checkpoint)
 {
     const Project *const project = store.project(checkpoint.projectID.value_or(QUuid()));
-    print(oneLine(checkpoint.title) + '\n');
-    printField("Identifier", uuidText(checkpoint.id));
-    printField("Project", project ? project->name : QString());
-    printField("Saved", DateText::mediumDateShortTime(checkpoint.createdAt));
-    printField("Next step", checkpoint.nextStep);
-    printField("Notes", checkpoint.objective);
-    printField("Picture", checkpoint.screenshot.value_or(QString()));
-    printField("Recording", checkpoint.recording.value_or(QString()));
-    printField("Capture", checkpoint.captureNote);
+    QString text = oneLine(checkpoint.title) + '\n';
+    text += field("Identifier", uuidText(checkpoint.id));
+    text += field("Project", project ? project->name : QString());
+    text += field("Saved", DateText::mediumDateShortTime(checkpoint.createdAt));
+    text += field("Next step", checkpoint.nextStep);
+    text += field("Notes", checkpoint.objective);
+    text += field("Picture", checkpoint.screenshot.value_or(QString()));
+    text += field("Recording", checkpoint.recording.value_or(QString()));
+    text += field("Capture", checkpoint.captureNote);
     for (const SavedApp &app : checkpoint.apps)
-        printField("App", app.name + " (" + app.id + ')');
+        text += field("App", app.name + " (" + app.id + ')');
     for (const SavedTab &tab : checkpoint.tabs)
-        printField("Tab", tab.title + " <" + tab.url + '>');
+        text += field("Tab", tab.title + " <" + tab.url + '>');
     for (const SavedWindow &window : checkpoint.windows.value_or(QList<SavedWindow>()))
-        printField("Window", window.appName + ": " + window.title + ", " + frameText(window.frame));
+        text += field("Window", window.appName + ": " + window.title + ", " + frameText(window.frame));
+    return text;
 }
 
 ExitStatus show(const QCommandLineParser &parsed)
@@ -47,7 +47,7 @@ ExitStatus show(const QCommandLineParser &parsed)
     if (parsed.isSet("json"))
         printJson(checkpoint);
     else
-        printText(locked.store(), checkpoint);
+        print(text(locked.store(), checkpoint));
     return ExitStatus::Done;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/StoreAccess.h"
 
+#include "app/Caller.h"
 #include "app/Output.h"
 #include "platform/null/NullDesktop.h"
 
@@ -23,6 +24,27 @@ LibraryLock lock(LockedStore::Purpose purpose)
     const std::chrono::seconds patience(isApplication ? 0 : 10);
     const auto access = purpose == LockedStore::Purpose::Read ? LibraryLock::Access::Read : LibraryLock::Access::Write;
     return LibraryLock::waitFor({CheckpointRepository::defaultRoot(), LibraryLock::Kind::Command, access}, patience);
+}
+
+void refuseWhenInterrupted()
+{
+    if (EndSignals::caught() != 0)
+        throw Failure("Command", 5, "The command was interrupted.");
+}
+
+void waitUntilIdle(const AppStore &store)
+{
+    while (store.busy()) {
+        QEventLoop loop;
+        Observations idle;
+        idle.watch(
+            [&] {
+                if (!store.busy())
+                    loop.quit();
+            },
+            store.busy);
+        loop.exec();
+    }
 }
 
 } // namespace
@@ -60,23 +82,18 @@ LockedStore::LockedStore(Desktop &desktop, Purpose purpose)
     m_lock = lock(purpose);
     StoreParts parts;
     parts.recoverSessions = m_lock->isHeld();
+    parts.beforeWrite = refuseWhenInterrupted;
     m_store = std::make_unique<AppStore>(desktop, std::move(parts));
     reportAtStart(*m_store);
+    if (purpose == Purpose::Write)
+        m_signals.emplace(EndSignals::Again::EndAtOnce);
 }
 
 CommandTurn::CommandTurn(AppStore &store) : m_store(store)
 {
-    while (store.busy()) {
-        QEventLoop loop;
-        Observations idle;
-        idle.watch(
-            [&] {
-                if (!store.busy())
-                    loop.quit();
-            },
-            store.busy);
-        loop.exec();
-    }
+    waitUntilIdle(store);
+    Caller::begin();
+    waitUntilIdle(store); // Its user may have begun something else.
     m_error = store.error();
     store.error.set(std::nullopt);
 }
@@ -113,10 +130,10 @@ void reportAtStart(const AppStore &store)
 
 Checkpoint findCheckpoint(const AppStore &store, const QString &prefix)
 {
-    const QString wanted = prefix.trimmed().toUpper();
+    const QString wanted = prefix.trimmed();
     QList<Checkpoint> found;
     for (const Checkpoint &checkpoint : store.checkpoints()) {
-        if (!wanted.isEmpty() && uuidText(checkpoint.id).startsWith(wanted))
+        if (!wanted.isEmpty() && checkpoint.id.toString(QUuid::WithoutBraces).startsWith(wanted, Qt::CaseInsensitive))
             found.append(checkpoint);
     }
     if (found.isEmpty())

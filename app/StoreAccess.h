@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/Command.h"
+#include "app/EndSignals.h"
 #include "model/LibraryLock.h"
 #include "store/AppStore.h"
 
@@ -35,7 +36,7 @@ public:
     enum class Purpose { Read, Write };
 
     // Throws Failure when another process holds the library. What else went wrong while the store was read is
-    // printed, and the command goes on.
+    // printed, and the command goes on. From then on a signal ends a writer tidily: nothing is written any more.
     LockedStore(Desktop &desktop, Purpose purpose);
 
     AppStore &store() { return m_store ? *m_store : *ApplicationStore::current(); }
@@ -46,9 +47,11 @@ public:
 private:
     std::optional<LibraryLock> m_lock;
     std::unique_ptr<AppStore> m_store;
+    std::optional<EndSignals> m_signals;
 };
 
-// In an application, lets what its user has begun come to its end first. While it lives, the messages of the store are
+// In an application, lets what its user has begun come to its end first; throws Failure when the command is not wanted
+// any more by then. While it lives, the messages of the store are
 // those of the command; then the user's are back.
 class CommandTurn final {
 public:

@@ -28,6 +28,7 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
     : m_desktop(desktop),
       m_preferences(std::move(parts.preferences)),
       m_repository(std::move(parts.repository)),
+      m_beforeWrite(std::move(parts.beforeWrite)),
       m_checkScreenAccess(std::move(parts.checkScreenAccess)),
       m_askScreenAccess(std::move(parts.askScreenAccess)),
       m_verifyScreenAccess(std::move(parts.verifyScreenAccess)),
@@ -190,6 +191,7 @@ bool AppStore::commit(WorkspaceLibrary library, const QString &failurePrefix)
 {
     library.assignMissingProjects(); // What is published is what is written.
     try {
+        m_beforeWrite();
         m_repository.saveLibrary(library);
     } catch (const Failure &failure) {
         error.set(failurePrefix + failure.description());

@@ -30,6 +30,8 @@ struct StoreParts {
     CheckpointRepository repository = CheckpointRepository(CheckpointRepository::defaultRoot());
     // Gives the library once, or throws Failure, where it was read before; else the repository is read.
     std::function<WorkspaceLibrary()> loadLibrary = {};
+    // Asked before every change of the library; throws Failure where it is not to be made any more.
+    std::function<void()> beforeWrite = [] {};
     std::function<bool()> checkScreenAccess = {};
     std::function<bool()> askScreenAccess = {};
     std::function<QCoro::Task<void>()> verifyScreenAccess = {};
@@ -250,6 +252,7 @@ private:
     Desktop &m_desktop;
     Preferences m_preferences;
     CheckpointRepository m_repository;
+    std::function<void()> m_beforeWrite;
     std::function<bool()> m_checkScreenAccess;
     std::function<bool()> m_askScreenAccess;
     std::function<QCoro::Task<void>()> m_verifyScreenAccess;

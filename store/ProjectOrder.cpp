@@ -5,7 +5,6 @@
 #include <QSet>
 
 #include <algorithm>
-#include <vector>
 
 namespace ardeno {
 
@@ -56,19 +55,23 @@ std::optional<QList<Project>> ProjectOrder::moved(const QList<Project> &projects
 
 QList<Checkpoint> ProjectOrder::newestFirst(const QList<Checkpoint> &checkpoints, const QUuid &projectID)
 {
-    // Records are large: what is sorted is where they are.
     std::vector<const Checkpoint *> order;
     for (const Checkpoint &checkpoint : checkpoints) {
         if (checkpoint.projectID == projectID)
             order.push_back(&checkpoint);
     }
-    std::stable_sort(order.begin(), order.end(),
-                     [](const Checkpoint *a, const Checkpoint *b) { return a->createdAt > b->createdAt; });
+    sortNewestFirst(&order);
     QList<Checkpoint> own;
     own.reserve(static_cast<qsizetype>(order.size()));
     for (const Checkpoint *const checkpoint : order)
         own.append(*checkpoint);
     return own;
+}
+
+void ProjectOrder::sortNewestFirst(std::vector<const Checkpoint *> *checkpoints)
+{
+    std::stable_sort(checkpoints->begin(), checkpoints->end(),
+                     [](const Checkpoint *a, const Checkpoint *b) { return a->createdAt > b->createdAt; });
 }
 
 std::optional<QUuid> ProjectOrder::newest(const QList<Checkpoint> &checkpoints, const QUuid &projectID)

@@ -3,6 +3,8 @@
 
 #include "model/WorkspaceRecords.h"
 
+#include <vector>
+
 // The rules of the project and checkpoint lists.
 namespace ardeno::ProjectOrder {
 
@@ -13,6 +15,9 @@ std::optional<QList<Project>> moved(const QList<Project> &projects, const QUuid 
 
 // The project's checkpoints, newest first.
 QList<Checkpoint> newestFirst(const QList<Checkpoint> &checkpoints, const QUuid &projectID);
+
+// The same order for checkpoints that stay where they are, as records are large.
+void sortNewestFirst(std::vector<const Checkpoint *> *checkpoints);
 
 // The first of newestFirst; absent when the project has none.
 std::optional<QUuid> newest(const QList<Checkpoint> &checkpoints, const QUuid &projectID);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/CommandLine.h"
+#include "app/Output.h"
 #include "words/Words.h"
 
 #include <QCoreApplication>
@@ -15,5 +16,7 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationName("ardeno");
     QCoreApplication::setApplicationVersion(ARDENO_VERSION);
     const Words words(Words::Language::English); // As programs that read the output expect.
-    return static_cast<int>(runCommandLine(QCoreApplication::arguments().mid(1)));
+    const ExitStatus status = runCommandLine(QCoreApplication::arguments().mid(1));
+    const bool isComplete = isOutputComplete();
+    return static_cast<int>(status == ExitStatus::Done && !isComplete ? ExitStatus::Failed : status);
 }

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -51,10 +52,21 @@ int become(const char *name, char **arguments)
     return 1;
 }
 
+// A file that is opened later must not become a standard stream that nobody gave. What is written there fails, as it
+// would without one.
+void holdStandardStreams()
+{
+    for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
+        if (::fcntl(stream, F_GETFD) < 0)
+            ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+}
+
 } // namespace
 
 int main(int count, char **arguments)
 {
+    holdStandardStreams();
     const bool isAlone = count == 1;
     const bool isBackground = count == 2 && arguments[1] == std::string_view("--background");
     const bool canShow = (isAlone || isBackground) && isDisplayReachable();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/app/Program.h"
+#include "tests/desktop/Desktop.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -224,16 +225,65 @@ TEST_CASE_FIXTURE(ProgramFixture, "a program killed at any moment leaves a libra
     CHECK(library().value("checkpoints").toArray().size() == before + 1);
 }
 
-TEST_CASE_FIXTURE(ProgramFixture, "names of any kind come through, and a terminal is never sent control characters")
+TEST_CASE_FIXTURE(ProgramFixture, "a save that is interrupted is complete or leaves nothing, and says which")
 {
-    const QString odd = u"🧪 שלום \u202e\u001b[31mred\nline2"_qs + QString(10'000, 'x');
+    REQUIRE(run({"save", "--project", "A", "--no-tabs"}).status == 0);
+    int refused = 0;
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGINT, SIGINT, SIGINT}) {
+        const auto process = start({"save", "--project", "A", "--no-tabs"});
+        const auto number = pid_t(process->processId());
+        REQUIRE(desktop_test::eventually([&] { return notes(*process, signal); }));
+        process->waitForFinished(20 * refused);
+        const auto before = library().value("checkpoints").toArray().size();
+        ::kill(number, signal);
+        const ProgramResult result = end(*process);
+        CAPTURE(result.error);
+        const bool isSaved = library().value("checkpoints").toArray().size() > before || result.status == 0;
+        CHECK(result.status == (isSaved ? 0 : 128 + signal));
+        CHECK(result.out.contains("Checkpoint saved.") == isSaved);
+        CHECK(result.error.contains("interrupted") == !isSaved);
+        refused += isSaved ? 0 : 1;
+        const auto folders = QDir(root()).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
+        CHECK(folders.size() == library().value("checkpoints").toArray().size());
+    }
+    CHECK(refused > 0);
+}
+
+TEST_CASE_FIXTURE(ProgramFixture, "what cannot be printed is said, and nothing is lost for it")
+{
+    const auto printingTo = [this](const QString &place, const QStringList &arguments) {
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start("sh", QStringList{"-c", "exec \"$0\" \"$@\" " + place, ARDENO_PROGRAM} + arguments);
+        return end(process);
+    };
+    for (const QString &place : {QString(">/dev/full"), QString(">&-")}) {
+        const ProgramResult saved = printingTo(place, {"save", "--project", "A", "--no-tabs"});
+        CHECK(saved.status == 1);
+        CHECK(saved.error.startsWith("The answer could not be written: "));
+        CHECK(printingTo(place, {"list", "--json"}).status == 1);
+    }
+    const ProgramResult unheard = printingTo("| :; echo $?", {"list"});
+    CHECK(unheard.error == "");
+    CHECK(library().value("checkpoints").toArray().size() == 2);
+}
+
+TEST_CASE_FIXTURE(ProgramFixture, "names of any kind come through, and a terminal is never sent what is hidden in them")
+{
+    const QString odd =
+        u"🧪 שלום \u202e\u001b[31mred\nline2 \u2067\u200b\u009b👩‍💻"_qs + QString(10'000, 'x');
     const ProgramResult saved = run({"save", "--project", odd, "--title", odd, "--no-tabs", "--json"});
     REQUIRE(saved.status == 0);
     CHECK(saved.json().value("title") == odd);
     CHECK(library().value("projects").toArray().at(0).toObject().value("name") == odd);
-    const QByteArray text = run({"list"}).out + run({"show", saved.json().value("id").toString()}).out;
-    CHECK_FALSE(text.contains('\x1b'));
-    CHECK(text.contains("🧪 שלום"));
+    const QString id = saved.json().value("id").toString();
+    const QByteArray text = run({"list"}).out + run({"show", id}).out + run({"list", "--project", odd + '?'}).error;
+    CHECK(text.contains("🧪 שלום  [31mred line2  👩‍💻xx"));
+    CHECK(text.count('\n') == run({"show", id}).out.count('\n') + 3);
+    for (const char *const hidden : {"\x1b", "\u202e", "\u2067", "\u200b", "\u009b"}) {
+        CHECK_FALSE(text.contains(hidden));
+        CHECK_FALSE(saved.out.contains(hidden));
+    }
 }
 
 TEST_CASE_FIXTURE(ProgramFixture, "a library that cannot be read is reported, kept, and replaced only beside its copy")

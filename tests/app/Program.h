@@ -54,6 +54,17 @@ struct ProgramFixture {
         return {isNormal ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
     }
 
+    // Whether the program has something to end tidily when this signal comes.
+    static bool notes(const QProcess &process, int signal)
+    {
+        QFile status(QString("/proc/%1/status").arg(process.processId()));
+        if (!status.open(QIODevice::ReadOnly))
+            return false;
+        const QByteArray text = status.readAll();
+        const QByteArray caught = text.mid(text.indexOf("SigCgt:") + 7).trimmed().left(16);
+        return (caught.toULongLong(nullptr, 16) >> (signal - 1) & 1) != 0;
+    }
+
     ProgramResult run(const QStringList &arguments) const { return end(*start(arguments)); }
 
     // The library's checkpoints as any JSON reader sees them.

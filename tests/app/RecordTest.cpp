@@ -193,7 +193,7 @@ TEST_CASE_FIXTURE(ApplicationFixture, "one application serves all commands, and 
     const QStringList target = {"--session", "--dest", "org.ardeno.Ardeno", "--object-path", "/org/ardeno/Ardeno"};
     const QString described = desktop_test::outputOf("gdbus", QStringList{"introspect"} + target);
     CHECK(described.contains("interface org.freedesktop.Application"));
-    CHECK(described.contains("Run(in  as arguments"));
+    CHECK(described.contains("Execute(in  as arguments"));
     REQUIRE(run({"record", "start", "--project", "Thesis"}).status == 0);
     desktop_test::outputOf("gdbus", QStringList{"call"} + target +
                                         QStringList{"--method", "org.freedesktop.Application.ActivateAction",

@@ -2,7 +2,11 @@
 #include "support/Text.h"
 
 #include "support/Date.h"
+#include "support/VisibleText.h"
 #include "tests/Printing.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
 
 #include <algorithm>
 
@@ -25,6 +29,24 @@ TEST_CASE("names are ordered as people order them, not by code")
     CHECK(names.at(1) == "eclair");
     CHECK(names.at(2) == u"Éclair"_qs);
     CHECK(names.mid(3) == QStringList{"zebra", "Zoo"});
+}
+
+TEST_CASE("what nobody sees in a name is left out, and what scripts and emoji need is kept")
+{
+    for (const char32_t hidden : {0x61c,  0x200e, 0x200f, 0x202a, 0x202b, 0x202c, 0x202d, 0x202e, 0x2066, 0x2067,
+                                  0x2068, 0x2069, 0xad,   0x180e, 0x200b, 0x2060, 0x206f, 0xfeff, 0xfffb, 0xe0041}) {
+        CAPTURE(uint(hidden));
+        const QString character = QStringView(QChar::fromUcs4(hidden)).toString();
+        CHECK(VisibleText::oneLine("a" + character + "b") == "ab");
+        const QByteArray json = VisibleText::escapedJson(("[\"" + character + "é\"]").toUtf8());
+        CHECK_FALSE(json.contains(character.toUtf8()));
+        CHECK(QJsonDocument::fromJson(json).array().at(0) == character + u"é"_qs);
+    }
+    CHECK(VisibleText::oneLine(u"a\tb\u0085c\u2028d\u007f"_qs) == "a b c d ");
+    CHECK(VisibleText::lines("a\r\nb") == "a \nb");
+    for (const QString &kept :
+         {u"👩‍💻"_qs, u"می\u200cخواهم"_qs, u"\u0600١"_qs, u"❤️"_qs, u"שלום"_qs, QString(QChar(0xd800))})
+        CHECK(VisibleText::oneLine(kept) == kept);
 }
 
 TEST_CASE("dates count from 2001 and damaged ones stay harmless")

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/BusRequest.h"
+
+#include "app/BusNames.h"
+#include "app/EndSignals.h"
+#include "app/Output.h"
+#include "support/Failure.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusUnixFileDescriptor>
+#include <QFile>
+#include <QTimer>
+
+#include <limits>
+
+namespace ardeno {
+
+namespace {
+
+constexpr int interval = 500;          // Milliseconds between two looks at whether the application lives.
+constexpr int stoppedPatience = 1'000; // Milliseconds of silence of an application that was stopped …
+constexpr int silentPatience = 30'000; // … and of one that may only be short of memory or of time.
+
+// Whether somebody stopped the process, which then does nothing until it is told to go on.
+bool isStopped(qint64 process)
+{
+    QFile status(u"/proc/%1/stat"_qs.arg(process));
+    if (!status.open(QIODevice::ReadOnly))
+        return false;
+    // The name in front may hold anything.
+    const QByteArray text = status.readAll();
+    return text.mid(text.lastIndexOf(')')).startsWith(") T");
+}
+
+} // namespace
+
+BusRequest::BusRequest(const QDBusConnection &connection, LibraryLock::Holder application)
+    : m_connection(connection), m_application(std::move(application))
+{
+    m_connection.registerVirtualObject(bus::path, this);
+}
+
+BusRequest::~BusRequest()
+{
+    m_connection.unregisterObject(bus::path);
+}
+
+ExitStatus BusRequest::run(const QStringList &arguments)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(bus::service, bus::path, bus::commandLine, "Execute");
+    call.setArguments({arguments});
+    call.setAutoStartService(false);
+    const QDBusMessage reply = waitForAnswer(call);
+    if (m_givenUp.isEmpty() || reply.type() == QDBusMessage::ReplyMessage)
+        return printAnswer(reply);
+    const QString rest =
+        m_hasBegun ? u"It had begun with the command and may still complete it."_qs : u"Nothing was done."_qs;
+    throw Failure("Command", 5, m_givenUp + ' ' + rest);
+}
+
+QDBusMessage BusRequest::waitForAnswer(const QDBusMessage &call)
+{
+    // The next signal ends the process at once, which takes back what was not begun.
+    const EndSignals interruption(EndSignals::Again::EndAtOnce, [this] {
+        giveUp(u"Interrupted while the running application (process %1) was asked."_qs.arg(m_application.process));
+    });
+    QTimer pulse;
+    QObject::connect(&pulse, &QTimer::timeout, this, &BusRequest::listen);
+    pulse.start(interval);
+    m_silence.start();
+    QDBusPendingCallWatcher answer(m_connection.asyncCall(call, std::numeric_limits<int>::max()));
+    QObject::connect(&answer, &QDBusPendingCallWatcher::finished, &m_waiting, &QEventLoop::quit);
+    m_waiting.exec();
+    return answer.isFinished() ? answer.reply() : QDBusMessage();
+}
+
+void BusRequest::giveUp(const QString &reason)
+{
+    m_givenUp = reason;
+    m_waiting.quit();
+}
+
+// The bus library answers on a thread of its own, so that an application that is busy is heard.
+void BusRequest::listen()
+{
+    const QDBusMessage ping =
+        QDBusMessage::createMethodCall(bus::service, bus::path, "org.freedesktop.DBus.Peer", "Ping");
+    auto *const answer = new QDBusPendingCallWatcher(m_connection.asyncCall(ping), this);
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        answer->deleteLater();
+        if (!answer->isError())
+            m_silence.start();
+    });
+    judgeSilence();
+}
+
+void BusRequest::judgeSilence()
+{
+    const QString who =
+        u"The running application, %1 (process %2), "_qs.arg(m_application.name).arg(m_application.process);
+    if (m_silence.hasExpired(stoppedPatience) && isStopped(m_application.process))
+        giveUp(who + "has been stopped and does not answer.");
+    else if (m_silence.hasExpired(silentPatience))
+        giveUp(who + "does not answer.");
+}
+
+QString BusRequest::introspect(const QString &) const
+{
+    return {};
+}
+
+bool BusRequest::handleMessage(const QDBusMessage &message, const QDBusConnection &)
+{
+    if (message.interface() != bus::caller || message.member() != "Begin")
+        return false;
+    m_hasBegun = m_hasBegun || m_givenUp.isEmpty();
+    m_connection.send(message.createReply(m_givenUp.isEmpty()));
+    return true;
+}
+
+ExitStatus BusRequest::printAnswer(const QDBusMessage &reply) const
+{
+    if (reply.errorName() == bus::ending)
+        throw Failure("Command", 5, reply.errorMessage());
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != "ihh") {
+        const QString rest = m_hasBegun ? u" It had begun with the command."_qs : QString();
+        throw Failure("Command", 5, u"The running application did not answer: %1%2"_qs.arg(reply.errorMessage(), rest));
+    }
+    const auto output = reply.arguments()[1].value<QDBusUnixFileDescriptor>();
+    const auto errors = reply.arguments()[2].value<QDBusUnixFileDescriptor>();
+    printFiles(output.fileDescriptor(), errors.fileDescriptor());
+    return static_cast<ExitStatus>(reply.arguments()[0].toInt());
+}
+
+} // namespace ardeno
