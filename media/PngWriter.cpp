@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <future>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -152,6 +153,16 @@ Piece writtenPiece(const Rows &rows)
     return PieceWriter(rows).written();
 }
 
+// On a thread of its own, if there is one left.
+std::future<Piece> begun(const Rows &rows)
+{
+    try {
+        return std::async(std::launch::async, writtenPiece, rows);
+    } catch (const std::system_error &) {
+        return std::async(std::launch::deferred, writtenPiece, rows);
+    }
+}
+
 // Several at once.
 std::vector<Piece> writtenPieces(Rows rows)
 {
@@ -164,7 +175,7 @@ std::vector<Piece> writtenPieces(Rows rows)
     std::vector<std::future<Piece>> others;
     for (int i = 1; i < count; ++i) {
         rows.to = int(qint64(height) * i / count);
-        others.push_back(std::async(std::launch::async, writtenPiece, rows));
+        others.push_back(begun(rows));
         rows.from = rows.to;
         rows.isFirst = false;
     }

@@ -4,6 +4,7 @@
 #include "media/PictureFile.h"
 #include "media/ThumbnailCache.h"
 #include "support/Failure.h"
+#include "support/Worker.h"
 
 #include <QMetaObject>
 #include <QObject>
@@ -180,8 +181,13 @@ void Thumbnails::keepOnly(const QSet<QString> &paths)
 // The mutex is held.
 void Thumbnails::wake()
 {
-    if (!m_queue->worker.joinable())
-        m_queue->worker = std::thread([queue = m_queue.get()] { queue->work(); });
+    try {
+        if (!m_queue->worker.joinable())
+            m_queue->worker = startWorker([queue = m_queue.get()] { queue->work(); });
+    } catch (const Failure &) {
+        for (const Job &job : std::exchange(m_queue->jobs, {}))
+            m_queue->post(job, Thumbnail{Thumbnail::State::Dropped});
+    }
     m_queue->changed.notify_one();
 }
 

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/Worker.h"
+
 #include <QCoroFuture>
 #include <QCoroTask>
-#include <QtConcurrent>
+#include <QPromise>
 
 #include <exception>
 #include <optional>
@@ -11,14 +13,17 @@
 
 namespace ardeno {
 
-// Runs work on a worker thread and resumes on the caller's; what it throws is thrown there as it is (a QFuture would
-// hand on a type of its own). Rooms that include this link QCoro6::Core and Qt6::Concurrent.
+// Runs work on a thread of its own and resumes on the caller's; what it throws is thrown there as it is. Throws Failure
+// when no thread can be started, where a pool would wait for ever. Rooms that include this link QCoro6::Core.
 template <typename Work>
 QCoro::Task<std::invoke_result_t<Work>> inWorker(Work work)
 {
     using Result = std::invoke_result_t<Work>;
     std::exception_ptr thrown;
     std::conditional_t<std::is_void_v<Result>, std::optional<bool>, std::optional<Result>> result;
+    QPromise<void> end;
+    const QFuture<void> ended = end.future();
+    end.start();
     const auto guarded = [&] {
         try {
             if constexpr (std::is_void_v<Result>)
@@ -28,8 +33,11 @@ QCoro::Task<std::invoke_result_t<Work>> inWorker(Work work)
         } catch (...) {
             thrown = std::current_exception();
         }
+        end.finish();
     };
-    co_await QtConcurrent::run(guarded);
+    std::thread worker = startWorker(guarded);
+    co_await ended;
+    worker.join();
     if (thrown)
         std::rethrow_exception(thrown);
     if constexpr (!std::is_void_v<Result>)

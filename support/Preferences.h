@@ -56,6 +56,7 @@ public:
     const QString &unreadableNote() const { return m_unreadableNote; }
 
 private:
+    bool isUnlocked() const;
     void write(const char *name, const QVariant &value);
 
     QString m_folder;

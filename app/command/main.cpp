@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/CommandLine.h"
 #include "app/Output.h"
+#include "app/WriteSignals.h"
 #include "words/Words.h"
 
 #include <QCoreApplication>
 
-#include <csignal>
-
 int main(int argc, char **argv)
 {
     using namespace ardeno;
-    // A closed pipe is an error of writing, not the end of a save.
-    std::signal(SIGPIPE, SIG_IGN);
+    takeWriteSignals();
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName("ardeno");
     QCoreApplication::setApplicationVersion(ARDENO_VERSION);

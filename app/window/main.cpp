@@ -2,14 +2,13 @@
 #include "app/BusClient.h"
 #include "app/EndRequest.h"
 #include "app/StoreAccess.h"
+#include "app/WriteSignals.h"
 #include "app/window/Successor.h"
 #include "app/window/WindowApplication.h"
 #include "ui/theme/AppStyle.h"
 #include "words/Words.h"
 
 #include <QApplication>
-
-#include <csignal>
 
 namespace {
 
@@ -46,7 +45,7 @@ int run(bool isBackground)
 
 int main(int argc, char **argv)
 {
-    std::signal(SIGPIPE, SIG_IGN);
+    takeWriteSignals();
     QApplication::setStyle(new AppStyle);
     QApplication application(argc, argv);
     QApplication::setApplicationName("ardeno");

@@ -1636,5 +1636,17 @@ für die Arbeit.</translation>
         <source>Choose what to reopen</source>
         <translation>Sie wählen, was geöffnet wird</translation>
     </message>
+    <message>
+        <source>The system lets the program start no more work: %1</source>
+        <translation>Das System lässt das Programm keine weitere Arbeit beginnen: %1</translation>
+    </message>
+    <message>
+        <source>Your settings could not be read (%1). They have been kept as %2.</source>
+        <translation>Ihre Einstellungen konnten nicht gelesen werden (%1). Sie wurden als %2 aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>Your settings could not be read (%1) nor moved away, so that changes to them are not kept.</source>
+        <translation>Ihre Einstellungen konnten weder gelesen (%1) noch beiseitegelegt werden; Änderungen an ihnen werden nicht gespeichert.</translation>
+    </message>
 </context>
 </TS>

@@ -6,6 +6,10 @@
 #include <QDir>
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+
+#include <functional>
+
 using namespace ardeno;
 
 namespace {
@@ -33,18 +37,48 @@ TEST_CASE("settings last, and only the user may enter their folder")
           QFile::Permissions());
 }
 
-TEST_CASE("damaged settings are kept beside the new ones")
+TEST_CASE("what cannot be read as settings is kept beside the new ones, and waited for by nobody")
+{
+    const std::function<void(const QString &)> obstacles[] = {
+        [](const QString &path) {
+            QFile file(path);
+            REQUIRE(file.open(QIODevice::WriteOnly));
+            file.write("[[[\nno equals sign\n=\n%zz");
+        },
+        [](const QString &path) { REQUIRE(::mkfifo(QFile::encodeName(path).constData(), 0600) == 0); },
+        [](const QString &path) { REQUIRE(QDir().mkpath(path + "/folder")); },
+        [](const QString &path) { REQUIRE(QFile::link(path, path)); },
+    };
+    for (const auto &make : obstacles) {
+        const QTemporaryDir folder;
+        make(folder.filePath("settings.ini"));
+        Preferences preferences(folder.path());
+        preferences.setValue(name, QString("new"));
+        REQUIRE(preferences.synchronise());
+
+        CHECK_FALSE(preferences.unreadableNote().isEmpty());
+        const auto all = QDir::AllEntries | QDir::System;
+        CHECK(QDir(folder.path()).entryList({"settings-unreadable-*.ini"}, all).size() == 1);
+    }
+}
+
+TEST_CASE("a lock that somebody left beside the settings holds nobody up")
 {
     const QTemporaryDir folder;
-    QFile file(folder.filePath("settings.ini"));
+    const QString lock = folder.filePath("settings.ini.lock");
+    QFile file(lock);
     REQUIRE(file.open(QIODevice::WriteOnly));
-    file.write("[[[\nno equals sign\n=\n%zz");
+    file.write("1\nother\nelsewhere\n\n\n");
+    // From a clock that is ahead, so that it never grows old.
+    REQUIRE(file.setFileTime(QDateTime::currentDateTime().addYears(1), QFileDevice::FileModificationTime));
     file.close();
-
     Preferences preferences(folder.path());
     preferences.setValue(name, QString("new"));
-    REQUIRE(preferences.synchronise());
+    CHECK(preferences.synchronise());
+    CHECK(Preferences(folder.path()).value(name) == "new");
 
-    CHECK_FALSE(preferences.unreadableNote().isEmpty());
-    CHECK(QDir(folder.path()).entryList({"settings-unreadable-*.ini"}).size() == 1);
+    REQUIRE(QDir().mkpath(lock + "/folder"));
+    preferences.setValue(name, QString("newer"));
+    CHECK_FALSE(preferences.synchronise());
+    CHECK(QDir(lock).exists("folder"));
 }

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Stands between the tested code and the system's library: a program's own functions go before those of libraries.
+#include "tests/faults/Faults.h"
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <pthread.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/uio.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <csignal>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+
+namespace ardeno::faults {
+
+namespace {
+
+Plan plan;
+std::atomic<int> count = 0;
+std::atomic<bool> hasThreads = true;
+
+bool strikes(const char *path)
+{
+    if (plan.folder.isEmpty() || !path || std::strncmp(path, plan.folder.constData(), size_t(plan.folder.size())) != 0)
+        return false;
+    const int call = ++count;
+    if (call != plan.call && (call < plan.call || plan.kind != Plan::Kind::LastingError))
+        return false;
+    if (plan.kind == Plan::Kind::Kill)
+        ::kill(::getpid(), SIGKILL);
+    errno = plan.error;
+    return true;
+}
+
+bool strikes(int descriptor)
+{
+    if (plan.folder.isEmpty())
+        return false;
+    char name[32];
+    char path[PATH_MAX] = {};
+    std::snprintf(name, sizeof name, "/proc/self/fd/%d", descriptor);
+    return ::syscall(SYS_readlinkat, AT_FDCWD, name, path, sizeof path - 1) > 0 && strikes(path);
+}
+
+template <typename Place, typename... Arguments>
+auto call(Place place, long number, Arguments... arguments)
+{
+    return strikes(place) ? -1L : ::syscall(number, arguments...);
+}
+
+} // namespace
+
+void begin(const Plan &next)
+{
+    count = 0;
+    plan = next;
+}
+
+int calls()
+{
+    return count;
+}
+
+void endThreads()
+{
+    hasThreads = false;
+}
+
+} // namespace ardeno::faults
+
+using ardeno::faults::call;
+
+extern "C" {
+
+int open(const char *path, int flags, ...)
+{
+    va_list list;
+    va_start(list, flags);
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(list, mode_t) : 0;
+    va_end(list);
+    return int(call(path, SYS_openat, AT_FDCWD, path, flags, mode));
+}
+
+int stat(const char *path, struct stat *status) noexcept
+{
+    return int(call(path, SYS_newfstatat, AT_FDCWD, path, status, 0));
+}
+
+int lstat(const char *path, struct stat *status) noexcept
+{
+    return int(call(path, SYS_newfstatat, AT_FDCWD, path, status, AT_SYMLINK_NOFOLLOW));
+}
+
+int fstat(int file, struct stat *status) noexcept
+{
+    return int(call(file, SYS_fstat, file, status));
+}
+
+ssize_t read(int file, void *bytes, size_t size)
+{
+    return call(file, SYS_read, file, bytes, size);
+}
+
+ssize_t write(int file, const void *bytes, size_t size)
+{
+    return call(file, SYS_write, file, bytes, size);
+}
+
+ssize_t writev(int file, const iovec *vectors, int number)
+{
+    return call(file, SYS_writev, file, vectors, number);
+}
+
+int ftruncate(int file, off_t size) noexcept
+{
+    return int(call(file, SYS_ftruncate, file, size));
+}
+
+int fsync(int file)
+{
+    return int(call(file, SYS_fsync, file));
+}
+
+int fdatasync(int file)
+{
+    return int(call(file, SYS_fdatasync, file));
+}
+
+int rename(const char *from, const char *to) noexcept
+{
+    return int(call(to, SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+}
+
+int link(const char *from, const char *to) noexcept
+{
+    return int(call(to, SYS_linkat, AT_FDCWD, from, AT_FDCWD, to, 0));
+}
+
+int unlink(const char *path) noexcept
+{
+    return int(call(path, SYS_unlinkat, AT_FDCWD, path, 0));
+}
+
+int rmdir(const char *path) noexcept
+{
+    return int(call(path, SYS_unlinkat, AT_FDCWD, path, AT_REMOVEDIR));
+}
+
+int mkdir(const char *path, mode_t mode) noexcept
+{
+    return int(call(path, SYS_mkdirat, AT_FDCWD, path, mode));
+}
+
+int pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*work)(void *), void *argument) noexcept
+{
+    if (!ardeno::faults::hasThreads)
+        return EAGAIN;
+    using Create = int (*)(pthread_t *, const pthread_attr_t *, void *(*)(void *), void *);
+    static const auto create = reinterpret_cast<Create>(::dlsym(RTLD_NEXT, "pthread_create"));
+    return create(thread, attributes, work, argument);
+}
+}
