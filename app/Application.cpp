@@ -16,8 +16,9 @@ namespace ardeno {
 
 namespace {
 
-StoreParts applicationParts(StoreParts parts, const OpenedLibrary &library)
+StoreParts applicationParts(StoreParts parts, const OpenedLibrary &library, LibraryLock &lock)
 {
+    library.repository.setWriteCheck([&lock] { lock.ensure(); });
     parts.repository = library.repository;
     parts.loadLibrary = library.load;
     parts.seedStarterExample = true;
@@ -45,7 +46,7 @@ Application::Application(OpenedLibrary library, BusService &bus, ApplicationActi
     : m_bus(bus),
       m_lock(std::move(library.lock)),
       m_desktop(makeDesktop()),
-      m_store(m_desktop, applicationParts(std::move(parts), library)),
+      m_store(m_desktop, applicationParts(std::move(parts), library, m_lock)),
       m_shared(m_store, std::move(actions))
 {
     m_observations.watch([this] { m_desktop.screenCapture->prepareExclusion(m_store.exclusions().appIDs()); },

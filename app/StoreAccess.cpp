@@ -81,6 +81,10 @@ LockedStore::LockedStore(Desktop &desktop, Purpose purpose)
     }
     m_lock = lock(purpose);
     StoreParts parts;
+    parts.repository.setWriteCheck([this] {
+        if (m_lock)
+            m_lock->ensure();
+    });
     parts.recoverSessions = m_lock->isHeld();
     parts.beforeWrite = refuseWhenInterrupted;
     m_store = std::make_unique<AppStore>(desktop, std::move(parts));

@@ -38,6 +38,9 @@ public:
     // Throws Failure when another process holds the library. What else went wrong while the store was read is
     // printed, and the command goes on. From then on a signal ends a writer tidily: nothing is written any more.
     LockedStore(Desktop &desktop, Purpose purpose);
+    LockedStore(const LockedStore &) = delete;
+    LockedStore &operator=(const LockedStore &) = delete;
+    ~LockedStore() = default;
 
     AppStore &store() { return m_store ? *m_store : *ApplicationStore::current(); }
 

@@ -4,9 +4,9 @@
 #include "model/Json.h"
 #include "support/AtomicFile.h"
 #include "support/Failure.h"
+#include "support/OwnFile.h"
 
 #include <QCryptographicHash>
-#include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QStandardPaths>
@@ -52,11 +52,11 @@ bool isRemembered(const OpenedPage &page, Date now)
 QList<OpenedPage> read(const QString &path, Date now)
 {
     constexpr qint64 longestFile = 4 << 20;
-    QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
-        return {};
     try {
-        QList<OpenedPage> pages = json::decode<OpenedPageList>(file.read(longestFile)).pages;
+        const std::optional<QByteArray> bytes = path.isEmpty() ? std::nullopt : OwnFile::read(path, longestFile);
+        if (!bytes)
+            return {};
+        QList<OpenedPage> pages = json::decode<OpenedPageList>(*bytes).pages;
         pages.removeIf([&](const OpenedPage &page) { return !isRemembered(page, now); });
         return pages;
     } catch (const Failure &) {

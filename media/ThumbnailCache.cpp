@@ -4,6 +4,7 @@
 #include "media/PictureShrinking.h"
 #include "media/PngWriter.h"
 #include "support/Failure.h"
+#include "support/OwnFile.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -50,11 +51,10 @@ QString ThumbnailCache::fileOf(const QString &path, const FileStamp &stamp) cons
 
 std::optional<Picture> ThumbnailCache::find(const QString &path, const FileStamp &stamp) const
 {
-    FileDescriptor file(
-        ::open(QFile::encodeName(fileOf(path, stamp)).constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
-    if (!file)
-        return std::nullopt;
     try {
+        FileDescriptor file = OwnFile::open(fileOf(path, stamp), O_RDONLY);
+        if (!file)
+            return std::nullopt;
         constexpr int asItIs = 1024; // Larger ones were not written here.
         std::optional<PngReader> reader = PngReader::opened(std::move(file));
         if (reader && reader->size().width() <= asItIs && reader->size().height() <= asItIs)

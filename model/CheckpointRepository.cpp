@@ -69,6 +69,7 @@ struct CheckpointRepository::Memory {
 
     std::optional<LibraryFile> file = {};
     std::optional<Copy> kept = {}; // An undecodable file that has been copied aside.
+    std::function<void()> check = [] {};
 };
 
 CheckpointRepository::CheckpointRepository(QString root) : m_root(std::move(root)), m_memory(std::make_shared<Memory>())
@@ -109,12 +110,18 @@ LibraryWrite CheckpointRepository::saveLibrary(WorkspaceLibrary library) const
     next.checkpoints =
         known ? known->checkpoints.updated(library.checkpoints) : EncodedCheckpoints().updated(library.checkpoints);
     written.isDurable = next.write(path, [&] {
+        m_memory->check();
         const std::optional<FileStamp> now = FileStamp::ofFile(path);
         if (now && now != replaced)
             throw changed();
     });
     m_memory->file = std::move(next);
     return written;
+}
+
+void CheckpointRepository::setWriteCheck(std::function<void()> check) const
+{
+    m_memory->check = std::move(check);
 }
 
 // Looks at what is about to be replaced, unless it is the file that was read or written last. The copy that was made

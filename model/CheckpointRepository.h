@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QUuid>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -47,6 +48,9 @@ public:
     // damaged file holds is kept beside it before. Nothing is replaced that is of a newer version, that the system did
     // not let read, or that somebody else put there (LibraryFailure::Changed: load it, and make the change again).
     LibraryWrite saveLibrary(WorkspaceLibrary library) const;
+
+    // Called before each replacement of the file, which ends by what it throws: for whoever holds the library's lock.
+    void setWriteCheck(std::function<void()> check) const;
 
     // Sentences about the folder that the user should know.
     QStringList warnings() const;

@@ -120,6 +120,11 @@ TEST_CASE_FIXTURE(LockFixture, "a lock whose file was taken away is taken again,
     Child child = holder();
     CHECK(failureOf([&] { lock->ensure(); }).contains(u"in use by test_model (process %1)"_qs.arg(child.id())));
     CHECK(LibraryLock::holder(root)->process == child.id());
+
+    const CheckpointRepository repository(root);
+    repository.setWriteCheck([&] { lock->ensure(); });
+    CHECK(failureOf([&] { repository.saveLibrary({}); }).contains("in use by"));
+    CHECK(QDir(root).entryList(QDir::Files | QDir::Hidden) == QStringList{"away", "lock"});
 }
 
 TEST_CASE_FIXTURE(LockFixture, "what stands in the place of the lock is neither followed nor waited for nor written to")
