@@ -9,6 +9,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 
 #include <fcntl.h>
 
@@ -32,11 +33,14 @@ QSet<QString> pictureNames(const QSet<QString> &paths)
     return names;
 }
 
+// Touches nothing but what was made here: the folder may be a link to another one.
 void removeWhere(const QString &folder, const std::function<bool(const QString &pictureName)> &isChosen)
 {
+    static const QRegularExpression form("^([0-9a-f]{40})-[0-9a-f]+--?[0-9a-f]+\\.png(\\.new)?$");
     const QDir kept(folder);
     for (const QString &name : kept.entryList(QDir::Files)) {
-        if (isChosen(name.section('-', 0, 0)))
+        const QRegularExpressionMatch match = form.match(name);
+        if (match.hasMatch() && isChosen(match.captured(1)))
             QFile::remove(kept.filePath(name));
     }
 }
