@@ -98,9 +98,8 @@ void throwOutcome(ImageOutcome outcome)
     }
 }
 
-void readImage(const QString &path, int longestSide, Receiver &receiver)
+void readImage(const FileDescriptor &file, int longestSide, Receiver &receiver)
 {
-    const FileDescriptor file = openImage(path);
     const auto read = reinterpret_cast<ReadImage>(Module::function(imageModuleName, readImageName));
     Passage passage{receiver};
     ImageJob job;
@@ -181,21 +180,47 @@ private:
     const std::function<bool()> &m_isWanted;
 };
 
+// Wants no rows.
+class SizeReceiver final : public Receiver {
+public:
+    bool begin(QSize found) override
+    {
+        size = found;
+        return false;
+    }
+
+    bool add(const uchar *, int) override { return false; }
+
+    QSize size = {};
+};
+
 } // namespace
 
 void ImageImport::writePng(const QString &source, const QString &target)
 {
     AtomicFile::writeNew(target, [&](const std::function<void(QByteArrayView)> &write) {
         PngReceiver receiver([&](const QByteArray &bytes) { write(bytes); });
-        readImage(source, longestSide, receiver);
+        readImage(openImage(source), longestSide, receiver);
     });
 }
 
-Picture ImageImport::thumbnail(const QString &source, int longestSide, const std::function<bool()> &isWanted)
+Picture ImageImport::thumbnail(const FileDescriptor &source, int longestSide, const std::function<bool()> &isWanted)
 {
     PictureReceiver receiver(isWanted);
     readImage(source, longestSide, receiver);
     return std::move(receiver.picture);
+}
+
+QSize ImageImport::sizeOf(const FileDescriptor &source, int longestSide)
+{
+    SizeReceiver receiver;
+    try {
+        readImage(source, longestSide, receiver);
+    } catch (const Failure &) {
+        if (receiver.size.isEmpty()) // Else it was ended by the receiver.
+            throw;
+    }
+    return receiver.size;
 }
 
 } // namespace ardeno

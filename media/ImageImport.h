@@ -2,6 +2,7 @@
 #pragma once
 
 #include "media/Picture.h"
+#include "support/FileDescriptor.h"
 
 #include <QString>
 
@@ -22,8 +23,12 @@ inline constexpr int longestSide = 8192;
 // file behind then; a picture that is damaged or cut short, or too large to be read, is refused.
 void writePng(const QString &source, const QString &target);
 
-// The picture made small, never enlarged; ends early with Failure when isWanted turns false. Throws Failure.
-Picture thumbnail(const QString &source, int longestSide, const std::function<bool()> &isWanted);
+// The picture in this regular file made small, never enlarged; ends early with Failure when isWanted turns false.
+// Throws Failure.
+Picture thumbnail(const FileDescriptor &source, int longestSide, const std::function<bool()> &isWanted);
+
+// How large the thumbnail would be. Reads no pixels; throws Failure.
+QSize sizeOf(const FileDescriptor &source, int longestSide);
 
 } // namespace ImageImport
 

@@ -20,6 +20,7 @@ namespace ardeno {
 namespace {
 
 constexpr qint64 mostPixels = 500'000'000;
+constexpr quint32 longestSide = 100'000; // Beyond it the memory of a few rows is more than that of pictures.
 constexpr std::array<uchar, 8> signature = {0x89, 'P', 'N', 'G', 0x0d, 0x0a, 0x1a, 0x0a};
 
 Failure damaged()
@@ -102,7 +103,8 @@ std::optional<Header> readHeader(Input &input)
     const uchar colourType = bytes[25];
     const bool isPlain = bytes[24] == 8 && colourType < channelsOf.size() && channelsOf[colourType] > 0 &&
                          bytes[26] == 0 && bytes[27] == 0 && bytes[28] == 0;
-    if (!isPlain || width == 0 || height == 0 || qint64{width} * height > mostPixels)
+    if (!isPlain || width == 0 || height == 0 || std::max(width, height) > longestSide ||
+        qint64{width} * height > mostPixels)
         return std::nullopt;
     return Header{int(width), int(height), channelsOf[colourType]};
 }

@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/VideoFile.h"
 
+#include "support/Failure.h"
+#include "support/OwnFile.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QtEndian>
 
+#include <fcntl.h>
 #include <optional>
+#include <sys/stat.h>
 
 namespace ardeno {
 
@@ -35,12 +40,30 @@ std::optional<Box> wholeBoxAt(QFile &file, qint64 position)
     return Box{header.mid(4, 4), position + length};
 }
 
+// No descriptor when there is none, or something else in its place.
+FileDescriptor openVideo(const QString &path)
+{
+    try {
+        return OwnFile::open(path, O_RDWR);
+    } catch (const Failure &) {
+        return FileDescriptor();
+    }
+}
+
+// A file with a second name somewhere is not only ours to cut.
+bool isOurs(const FileDescriptor &file)
+{
+    struct stat status = {};
+    return ::fstat(file.number(), &status) == 0 && status.st_nlink == 1;
+}
+
 } // namespace
 
 bool VideoFile::repair(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
+    const FileDescriptor opened = openVideo(path);
+    QFile file;
+    if (!opened || !file.open(opened.number(), QIODevice::ReadWrite))
         return false;
     qint64 position = 0;
     qint64 playable = 0; // The end of the last fragment with its pictures, or of what belongs to the whole file.
@@ -53,7 +76,7 @@ bool VideoFile::repair(const QString &path)
         if (!isInFragment)
             playable = position;
     }
-    if (playable < file.size() && hasPictures)
+    if (playable < file.size() && hasPictures && isOurs(opened))
         file.resize(playable);
     return hasPictures;
 }

@@ -95,6 +95,11 @@ WorkspaceLibrary CheckpointRepository::loadLibrary() const
     return library;
 }
 
+bool CheckpointRepository::hasFile() const
+{
+    return m_memory->file.has_value();
+}
+
 LibraryWrite CheckpointRepository::saveLibrary(WorkspaceLibrary library) const
 {
     AtomicFile::createFolder(m_root);

@@ -52,6 +52,9 @@ public:
     // Called before each replacement of the file, which ends by what it throws: for whoever holds the library's lock.
     void setWriteCheck(std::function<void()> check) const;
 
+    // Whether there is a file that was read or written here; an empty library may also be one that is missing.
+    bool hasFile() const;
+
     // Sentences about the folder that the user should know.
     QStringList warnings() const;
 

@@ -2,7 +2,8 @@
 #include "store/AppStore.h"
 
 #include "model/Json.h"
-#include "store/MediaStaging.h"
+#include "store/MediaFolders.h"
+#include "store/MediaRecovery.h"
 #include "store/PreferenceKeys.h"
 #include "support/Identifiers.h"
 
@@ -60,7 +61,7 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
     readLibrary(parts.loadLibrary);
     m_capture.onFailure = [this](const Failure &failure) { recordingFailed(failure); };
     if (m_isLibraryRead && parts.recoverSessions)
-        recoverSessions();
+        recoverSessions(resolveMedia());
     prepareSamples();
     chooseFirstProject();
 }
@@ -124,10 +125,6 @@ void AppStore::readLibrary(const std::function<WorkspaceLibrary()> &load)
 {
     try {
         WorkspaceLibrary library = load ? load() : m_repository.loadLibrary();
-        const QSet<QUuid> existing = idsOf(library.checkpoints);
-        // Without any checkpoint the file may just be missing for the moment: then nothing is removed.
-        if (!existing.isEmpty())
-            MediaStaging::resolveLeftovers(m_repository.root(), existing);
         const PublishTogether group;
         projects.publish(std::move(library.projects));
         checkpoints.publish(std::move(library.checkpoints));
@@ -187,7 +184,7 @@ WorkspaceLibrary AppStore::library() const
     return {WorkspaceLibrary::currentVersion, projects(), checkpoints()};
 }
 
-bool AppStore::commit(WorkspaceLibrary library, const QString &failurePrefix)
+bool AppStore::commit(WorkspaceLibrary library, const QString &failurePrefix, const SettleMedia &settle)
 {
     library.assignMissingProjects(); // What is published is what is written.
     try {
@@ -197,10 +194,54 @@ bool AppStore::commit(WorkspaceLibrary library, const QString &failurePrefix)
         error.set(failurePrefix + failure.description());
         return false;
     }
+    try {
+        if (settle)
+            settle();
+    } catch (const Failure &failure) {
+        error.set(tr("Saved, but its media could not be put in their place, which the next start tries again: ") +
+                  failure.description());
+    }
     const PublishTogether group; // No observer sees half of the change.
     projects.publish(std::move(library.projects));
     checkpoints.publish(std::move(library.checkpoints));
     return true;
+}
+
+// Throws Failure, also where a link leads to media elsewhere.
+QString AppStore::mediaFolder(const QUuid &checkpointID) const
+{
+    QString folder = m_repository.directory(checkpointID);
+    if (!MediaFolders::isFolder(folder))
+        throw Failure::system(ENOTDIR, uuidText(checkpointID));
+    return folder;
+}
+
+std::optional<QString> AppStore::screenshotFile(const Checkpoint &checkpoint) const
+{
+    return checkpoint.screenshot ? MediaFolders::fileOf(m_repository.root(), checkpoint.id, *checkpoint.screenshot)
+                                 : std::nullopt;
+}
+
+QString AppStore::recordingFile(const Checkpoint &checkpoint) const
+{
+    const auto file =
+        MediaFolders::fileOf(m_repository.root(), checkpoint.id, checkpoint.recording.value_or(QString()));
+    if (!file)
+        throw Failure("Media", 1, tr("It is not in this checkpoint’s storage folder."));
+    if (!MediaFolders::isFolder(MediaFolders::own(m_repository.root(), checkpoint.id)) || !MediaFolders::isFile(*file))
+        throw Failure("Media", 2, tr("There is no such file."));
+    return *file;
+}
+
+void AppStore::discardUnsaved()
+{
+    if (m_isLibraryRead)
+        resolveMedia();
+}
+
+QSet<QUuid> AppStore::resolveMedia()
+{
+    return MediaRecovery::resolve(m_repository.root(), m_repository.hasFile() ? &checkpoints() : nullptr);
 }
 
 void AppStore::refreshRunningApplications()

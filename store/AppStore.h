@@ -12,6 +12,7 @@
 #include "store/AppState.h"
 #include "store/ProjectHistories.h"
 #include "store/ProjectSearch.h"
+#include "store/UnsavedMedia.h"
 #include "support/Preferences.h"
 
 #include <QCoreApplication>
@@ -23,6 +24,8 @@
 #include <vector>
 
 namespace ardeno {
+
+class MediaRemoval;
 
 // What the store is built from; the functions have the desktop's own as defaults and can be replaced.
 struct StoreParts {
@@ -98,8 +101,16 @@ public:
     QList<Checkpoint> checkpointsFor(const QUuid &projectID) const;
     const Checkpoint *selected() const; // The checkpoint shown.
     const Checkpoint *checkpoint(const QUuid &id) const;
-    bool save(Checkpoint checkpoint);
+
+    bool save(Checkpoint checkpoint) { return save(std::move(checkpoint), {}); }
+
     void deleteCheckpoint(QUuid id);
+    // The files of a checkpoint as its records name them, only from the folder of its own media. A picture's may be
+    // missing; a recording that cannot be opened throws Failure.
+    std::optional<QString> screenshotFile(const Checkpoint &checkpoint) const;
+    QString recordingFile(const Checkpoint &checkpoint) const;
+    // Removes media that are on their way into the library, for a process that ends before they got there.
+    void discardUnsaved();
     // Whether all of its applications run; false for one without any. Follows runningApplicationIDs.
     bool isWorkspaceActive(const Checkpoint &checkpoint) const;
     // Small pictures of screenshots; made at the first call.
@@ -204,28 +215,36 @@ private:
     void reportAtStart(const QString &sentence);
 
     // The only way to change the library: on disk first, on screen second.
-    bool commit(WorkspaceLibrary library, const QString &failurePrefix);
+    // In between, media settle where the library now says that they are; that may throw Failure.
+    using SettleMedia = std::function<void()>;
+    bool commit(WorkspaceLibrary library, const QString &failurePrefix, const SettleMedia &settle = {});
+    bool commitDeletion(WorkspaceLibrary library, const QSet<QUuid> &gone, const QString &failurePrefix,
+                        const QString &remainsPrefix);
     WorkspaceLibrary library() const;
     bool updateProject(QUuid id, const std::function<void(Project &)> &change);
-    bool write(Checkpoint checkpoint, const QString &failurePrefix);
-    bool writeEdit(Checkpoint checkpoint);
+    bool save(Checkpoint checkpoint, const SettleMedia &settle);
+    bool write(Checkpoint checkpoint, const QString &failurePrefix, const SettleMedia &settle = {});
+    bool writeEdit(Checkpoint checkpoint, const SettleMedia &settle = {});
     bool isShowingSamples() const;
     void clearMessages();
     void forgetProject(QUuid id);
-    void reportRemainingMedia(const QString &prefix, const QString &folder, const Failure &failure);
+    void reportRemainingMedia(const QString &prefix, const QString &path, const Failure &failure);
+    QString mediaFolder(const QUuid &checkpointID) const;
 
     // Changing a saved checkpoint.
     std::optional<Checkpoint> editable(const QUuid &id) const;
     template <typename Item>
     bool removeItem(QUuid checkpointID, QList<Item> Checkpoint::*list, Item item);
     void adoptScreenshot(QUuid checkpointID, const QString &path);
+    void putBack(MediaRemoval &removal);
     void forgetPictures(const QList<Checkpoint> &gone);
+    QSet<QString> screenshotFiles(const QList<Checkpoint> &of) const;
 
     // Capturing.
     std::optional<QUuid> draftProject();
     QCoro::Task<std::optional<QUuid>> capture(CaptureRequest request, CaptureKind kind);
-    QCoro::Task<void> fill(Checkpoint *checkpoint, bool withTabs);
-    QCoro::Task<void> takePicture(Checkpoint *checkpoint);
+    QCoro::Task<void> fill(Checkpoint *checkpoint, QString mediaFolder, bool withTabs);
+    QCoro::Task<void> takePicture(Checkpoint *checkpoint, QString mediaFolder);
     void finishForm();
     void considerNewsletter();
     bool saveExclusions(const CaptureExclusions &changed);
@@ -239,15 +258,15 @@ private:
     void keepUnplaced(const QList<SavedWindow> &windows, const RestoreResult &result);
     // Work sessions.
     bool refuseSession();
-    QCoro::Task<void> beginRecording(Checkpoint *checkpoint);
+    QCoro::Task<void> beginRecording(Checkpoint *checkpoint, UnsavedMedia *media);
     void recordingFailed(const Failure &failure);
     void endSession();
     QCoro::Task<std::optional<QString>> finishVideo(Checkpoint *checkpoint);
     QCoro::Task<void> captureEnd(Checkpoint *checkpoint);
     void saveSession(const Checkpoint &checkpoint, const std::optional<QString> &problem);
-    QString videoPath(const Checkpoint &checkpoint) const;
-    // Saves the checkpoints of sessions that were cut short.
-    void recoverSessions();
+    QSet<QUuid> resolveMedia();
+    // Saves the checkpoints of sessions that were cut short, whose journals are in these folders.
+    void recoverSessions(const QSet<QUuid> &journals);
 
     Desktop &m_desktop;
     Preferences m_preferences;

@@ -2,6 +2,7 @@
 #include "capture/WindowLayout.h"
 #include "capture/WorkspaceCapture.h"
 #include "store/AppStore.h"
+#include "store/MediaFolders.h"
 #include "store/PreferenceKeys.h"
 
 #include <QScopeGuard>
@@ -101,18 +102,12 @@ QCoro::Task<std::optional<QUuid>> AppStore::capture(CaptureRequest request, Capt
     checkpoint.nextStep = request.next;
     checkpoint.projectID = request.projectID;
     const QUuid id = checkpoint.id;
-    // A capture that fails leaves no media behind that nobody could see or delete.
-    auto cleanUp = qScopeGuard([this, id] {
-        try {
-            m_repository.removeFiles(id);
-        } catch (const Failure &) {
-            // The message of the failed capture is the one that matters.
-        }
-    });
+    UnsavedMedia media(m_repository.root(), id);
     try {
-        co_await fill(&checkpoint, request.includeBrowser);
+        media.create();
+        co_await fill(&checkpoint, media.folder(), request.includeBrowser);
         if (kind == CaptureKind::Session)
-            co_await beginRecording(&checkpoint);
+            co_await beginRecording(&checkpoint, &media);
     } catch (const Failure &failure) {
         captureIssue.set(tr("Capture could not finish. Your draft is safe. Check Screen Recording settings; if access "
                             "was just enabled, quit and reopen this app, then try again. ") +
@@ -120,15 +115,19 @@ QCoro::Task<std::optional<QUuid>> AppStore::capture(CaptureRequest request, Capt
         co_return std::nullopt;
     }
     if (kind == CaptureKind::Checkpoint) {
-        if (!save(checkpoint))
+        const SettleMedia settle = [&media] {
+            media.keep(); // Whatever becomes of the folder's name.
+            media.adopt();
+        };
+        if (!save(checkpoint, settle))
             co_return std::nullopt;
         notice.set(tr("Checkpoint saved."));
     }
-    cleanUp.dismiss();
     co_return id;
 }
 
-QCoro::Task<void> AppStore::fill(Checkpoint *checkpoint, bool withTabs)
+// The media go into that folder; the checkpoint names them where they will be.
+QCoro::Task<void> AppStore::fill(Checkpoint *checkpoint, QString mediaFolder, bool withTabs)
 {
     const QSet<QString> excluded = exclusions().appIDs();
     m_desktop.screenCapture->prepareExclusion(excluded);
@@ -142,7 +141,7 @@ QCoro::Task<void> AppStore::fill(Checkpoint *checkpoint, bool withTabs)
         reading = capturedTabs();
     std::exception_ptr failure;
     try {
-        co_await takePicture(checkpoint);
+        co_await takePicture(checkpoint, mediaFolder);
     } catch (...) {
         failure = std::current_exception(); // What is being read is awaited all the same.
     }
@@ -156,11 +155,11 @@ QCoro::Task<void> AppStore::fill(Checkpoint *checkpoint, bool withTabs)
         std::rethrow_exception(failure);
 }
 
-QCoro::Task<void> AppStore::takePicture(Checkpoint *checkpoint)
+QCoro::Task<void> AppStore::takePicture(Checkpoint *checkpoint, QString mediaFolder)
 {
-    const QString picture = m_repository.directory(checkpoint->id) + '/' + MediaFile::screenshot;
-    co_await m_capture.screenshot(picture, exclusions().appIDs());
-    checkpoint->screenshot = picture;
+    const QString name = '/' + QString(MediaFile::screenshot);
+    co_await m_capture.screenshot(mediaFolder + name, exclusions().appIDs());
+    checkpoint->screenshot = MediaFolders::own(m_repository.root(), checkpoint->id) + name;
 }
 
 QCoro::Task<WorkspaceCapture::OpenTabs> AppStore::capturedTabs()
@@ -188,13 +187,13 @@ void AppStore::considerNewsletter()
         showNewsletterPrompt.set(true);
 }
 
-bool AppStore::save(Checkpoint checkpoint)
+bool AppStore::save(Checkpoint checkpoint, const SettleMedia &settle)
 {
     clearMessages();
     if (checkpoint.isSample)
         return false;
     const QUuid id = checkpoint.id;
-    if (!write(std::move(checkpoint), tr("Could not save this checkpoint: ")))
+    if (!write(std::move(checkpoint), tr("Could not save this checkpoint: "), settle))
         return false;
     const PublishTogether group;
     setSelectedProjectID(this->checkpoint(id)->projectID);
@@ -203,7 +202,7 @@ bool AppStore::save(Checkpoint checkpoint)
 }
 
 // In the place of the one with its identifier, or as a new one.
-bool AppStore::write(Checkpoint checkpoint, const QString &failurePrefix)
+bool AppStore::write(Checkpoint checkpoint, const QString &failurePrefix, const SettleMedia &settle)
 {
     const QUuid id = checkpoint.id;
     WorkspaceLibrary changed = library();
@@ -213,7 +212,7 @@ bool AppStore::write(Checkpoint checkpoint, const QString &failurePrefix)
         changed.checkpoints.prepend(std::move(checkpoint));
     else
         *same = std::move(checkpoint);
-    return commit(std::move(changed), failurePrefix);
+    return commit(std::move(changed), failurePrefix, settle);
 }
 
 } // namespace ardeno

@@ -16,9 +16,9 @@ std::optional<Checkpoint> AppStore::editable(const QUuid &id) const
 }
 
 // What the user looks at stays as it is: a note may be saved because another checkpoint was chosen.
-bool AppStore::writeEdit(Checkpoint checkpoint)
+bool AppStore::writeEdit(Checkpoint checkpoint, const SettleMedia &settle)
 {
-    return write(std::move(checkpoint), tr("Could not save this checkpoint: "));
+    return write(std::move(checkpoint), tr("Could not save this checkpoint: "), settle);
 }
 
 bool AppStore::updateNote(QString Checkpoint::*field, const QString &text, QUuid checkpointID)

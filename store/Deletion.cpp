@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/AppStore.h"
+#include "store/MediaFolders.h"
 #include "store/MediaStaging.h"
 #include "store/PreferenceKeys.h"
 #include "store/ProjectOrder.h"
@@ -7,9 +8,31 @@
 
 namespace ardeno {
 
-void AppStore::reportRemainingMedia(const QString &prefix, const QString &folder, const Failure &failure)
+void AppStore::reportRemainingMedia(const QString &prefix, const QString &path, const Failure &failure)
 {
-    error.set(prefix + folder + ": " + failure.description());
+    error.set(prefix + path + ": " + failure.description());
+}
+
+// The media go aside first: cut short at any moment, the library says at the next start whether they come back.
+bool AppStore::commitDeletion(WorkspaceLibrary library, const QSet<QUuid> &gone, const QString &failurePrefix,
+                              const QString &remainsPrefix)
+{
+    MediaStaging staging(m_repository.root());
+    bool isAside = true;
+    for (auto id = gone.begin(); isAside && id != gone.end(); ++id) {
+        const auto failure = staging.add(MediaFolders::own(m_repository.root(), *id), *id);
+        isAside = !failure;
+        if (failure)
+            error.set(failurePrefix + failure->description());
+    }
+    if (!isAside || !commit(std::move(library), failurePrefix)) {
+        if (const auto remains = staging.putBack())
+            reportRemainingMedia(*error() + tr(" Some media remains in "), remains->folder, remains->reason);
+        return false;
+    }
+    if (const auto remains = staging.remove())
+        reportRemainingMedia(remainsPrefix, remains->folder, remains->reason);
+    return true;
 }
 
 void AppStore::deleteProject(QUuid id)
@@ -30,24 +53,11 @@ void AppStore::deleteProject(QUuid id)
         gone.append(checkpoint);
         return true;
     });
-    const QString failed = tr("Could not delete the project: ");
-    std::optional<MediaStaging> staging;
-    try {
-        staging.emplace(m_repository.root(), idsOf(gone).values());
-    } catch (const Failure &failure) {
-        error.set(failed + failure.description());
+    if (!commitDeletion(std::move(changed), idsOf(gone), tr("Could not delete the project: "),
+                        tr("Project deleted, but some local media could not be removed from ")))
         return;
-    }
-    if (!commit(std::move(changed), failed)) {
-        if (const auto failure = staging->putBack())
-            reportRemainingMedia(*error() + tr(" Some media remains in "), staging->folder(), *failure);
-        return;
-    }
     forgetProject(id);
     forgetPictures(gone);
-    if (const auto failure = staging->remove())
-        reportRemainingMedia(tr("Project deleted, but some local media could not be removed from "), staging->folder(),
-                             *failure);
 }
 
 void AppStore::forgetProject(QUuid id)
@@ -83,19 +93,14 @@ void AppStore::deleteCheckpoint(QUuid id)
     const QList<Checkpoint> timeline = checkpointsFor(found->projectID.value_or(QUuid()));
     WorkspaceLibrary changed = library();
     changed.checkpoints.removeIf([&](const Checkpoint &candidate) { return candidate.id == id; });
-    if (!commit(std::move(changed), tr("Could not delete the checkpoint: ")))
+    if (!commitDeletion(std::move(changed), {id}, tr("Could not delete the checkpoint: "),
+                        tr("Checkpoint deleted, but some local media could not be removed from ")))
         return;
     if (selection() == id)
         selection.set(ProjectOrder::neighbour(timeline, id));
     if (lastRemoval() && lastRemoval()->checkpointID == id)
         lastRemoval.set(std::nullopt);
     forgetPictures({gone});
-    try {
-        m_repository.removeFiles(id);
-    } catch (const Failure &failure) {
-        reportRemainingMedia(tr("Checkpoint deleted, but some local media could not be removed from "),
-                             m_repository.root() + '/' + uuidText(id), failure);
-    }
 }
 
 } // namespace ardeno

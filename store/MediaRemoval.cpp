@@ -1,63 +1,39 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/MediaRemoval.h"
 
-#include "model/WorkspaceRecords.h"
-#include "support/Failure.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-#include <cerrno>
-#include <cstdio>
-#include <unistd.h>
+#include "store/MediaFolders.h"
 
 namespace ardeno {
 
-namespace {
-
-void rename(const QString &from, const QString &to)
+std::optional<QString> MediaRemoval::allowed(const QString &root, const QUuid &checkpointID, const QString &recorded)
 {
-    if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
-        throw Failure::system(errno);
+    const std::optional<QString> path = MediaFolders::fileOf(root, checkpointID, recorded);
+    const QString folder = MediaFolders::own(root, checkpointID);
+    if (!path || (MediaFolders::exists(folder) && !MediaFolders::isFolder(folder)) ||
+        (MediaFolders::exists(*path) && !MediaFolders::isFile(*path)))
+        return std::nullopt;
+    return path;
 }
 
-} // namespace
+MediaRemoval::MediaRemoval(const QString &path) : m_path(path), m_aside(MediaFolders::leaving(path)) {}
 
-bool MediaRemoval::isAllowed(const QString &path, const QString &root, const QUuid &checkpointID)
+std::optional<Failure> MediaRemoval::begin()
 {
-    if (!QDir::isAbsolutePath(path))
-        return false;
-    const QFileInfo file(path);
-    if (file.isSymLink() || (file.exists() && !file.isFile()))
-        return false;
-    const QFileInfo folder(file.path());
-    const QString name = '/' + uuidText(checkpointID);
-    return folder.exists() ? folder.canonicalFilePath() == QFileInfo(root).canonicalFilePath() + name
-                           : QDir::cleanPath(folder.filePath()) == QDir::cleanPath(root + name);
+    if (m_path.isEmpty() || !MediaFolders::exists(m_path))
+        return std::nullopt;
+    auto failure = MediaFolders::move(m_path, m_aside);
+    m_isAside = !failure;
+    return failure;
 }
 
-MediaRemoval::MediaRemoval(const QString &path)
-    : m_path(path), m_aside(QFileInfo(path).path() + "/." + QFileInfo(path).fileName() + ".removing")
+std::optional<Failure> MediaRemoval::putBack()
 {
-    if (!QFileInfo::exists(path))
-        return;
-    rename(m_path, m_aside);
-    m_isAside = true;
+    return m_isAside ? MediaFolders::move(m_aside, m_path) : std::nullopt;
 }
 
-void MediaRemoval::putBack()
+std::optional<Failure> MediaRemoval::finish()
 {
-    if (m_isAside)
-        rename(m_aside, m_path);
-    m_isAside = false;
-}
-
-void MediaRemoval::finish()
-{
-    if (m_isAside && ::unlink(QFile::encodeName(m_aside).constData()) != 0)
-        throw Failure::system(errno);
-    m_isAside = false;
+    return m_isAside ? MediaFolders::removeAll(m_aside) : std::nullopt;
 }
 
 } // namespace ardeno

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/Failure.h"
+
 #include <QString>
 #include <QUuid>
+
+#include <optional>
 
 namespace ardeno {
 
@@ -10,16 +14,20 @@ namespace ardeno {
 // written without it.
 class MediaRemoval final {
 public:
-    // Whether the path may be removed at all: a plain file, or nothing any more, directly in the checkpoint's media
-    // folder; neither the file nor the folder is a link.
-    static bool isAllowed(const QString &path, const QString &root, const QUuid &checkpointID);
+    // The file that a record names, when it may be removed at all: a plain one, or none any more, directly in the
+    // checkpoint's media folder; neither the file nor the folder is a link.
+    static std::optional<QString> allowed(const QString &root, const QUuid &checkpointID, const QString &recorded);
 
-    // Moves the file aside; a missing one is fine. Throws Failure, and then nothing has changed.
+    // Of no file when the path is empty. Nothing happens before begin().
     explicit MediaRemoval(const QString &path);
 
-    // Both throw Failure.
-    void putBack();
-    void finish();
+    const QString &aside() const { return m_aside; }
+
+    // Moves the file aside; a missing one is fine. Like the others it gives the failure, if any, and has then changed
+    // nothing.
+    std::optional<Failure> begin();
+    std::optional<Failure> putBack();
+    std::optional<Failure> finish();
 
 private:
     QString m_path;

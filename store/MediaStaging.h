@@ -3,8 +3,6 @@
 
 #include "support/Failure.h"
 
-#include <QList>
-#include <QSet>
 #include <QString>
 #include <QUuid>
 
@@ -16,26 +14,31 @@ namespace ardeno {
 // short, can put them back.
 class MediaStaging final {
 public:
-    // Moves the media folders of these checkpoints aside. When one cannot be moved, those moved already go back and
-    // the Failure is thrown.
-    MediaStaging(const QString &root, const QList<QUuid> &checkpointIDs);
+    // What could not be put back or removed, and why.
+    struct Remains {
+        QString folder;
+        Failure reason;
+    };
 
-    const QString &folder() const { return m_folder; }
+    // There is no folder before the first media.
+    explicit MediaStaging(const QString &root);
 
-    // Where the media came from. The failure of a folder that could not be moved, if any; it then stays in folder().
-    std::optional<Failure> putBack();
-    // Removes what was set aside, for good. The failure if anything remains.
-    std::optional<Failure> remove();
+    // Moves this folder aside, as that of the checkpoint; a missing one is fine. One that is a link is not followed: it
+    // stays and is among what remains in the end. The failure if it is still in its place.
+    std::optional<Failure> add(const QString &mediaFolder, const QUuid &checkpointID);
 
-    // What a deletion that was cut short left behind: media of checkpoints that still exist go back, the rest is
-    // removed. What cannot be moved or removed stays for the next time.
-    static void resolveLeftovers(const QString &root, const QSet<QUuid> &existingCheckpointIDs);
+    // To the checkpoints' own folders.
+    std::optional<Remains> putBack();
+    // For good.
+    std::optional<Remains> remove();
+
+    // Whether it is the name of a folder of this kind.
+    static bool isName(const QString &name);
 
 private:
-    explicit MediaStaging(const QString &folder, const QString &root) : m_root(root), m_folder(folder) {}
-
     QString m_root;
     QString m_folder;
+    std::optional<Remains> m_link = {};
 };
 
 } // namespace ardeno

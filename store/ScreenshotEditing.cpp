@@ -2,6 +2,7 @@
 #include "media/ImageImport.h"
 #include "media/ThumbnailCache.h"
 #include "store/AppStore.h"
+#include "store/MediaFolders.h"
 #include "store/MediaRemoval.h"
 #include "support/InWorker.h"
 
@@ -13,20 +14,6 @@
 
 namespace ardeno {
 
-namespace {
-
-QSet<QString> screenshots(const QList<Checkpoint> &checkpoints)
-{
-    QSet<QString> paths;
-    for (const Checkpoint &checkpoint : checkpoints) {
-        if (checkpoint.screenshot)
-            paths.insert(*checkpoint.screenshot);
-    }
-    return paths;
-}
-
-} // namespace
-
 QCoro::Task<void> AppStore::importScreenshot(QString file, QUuid checkpointID)
 {
     if (!editable(checkpointID))
@@ -35,8 +22,8 @@ QCoro::Task<void> AppStore::importScreenshot(QString file, QUuid checkpointID)
     QString path;
     std::optional<Failure> failure;
     try {
-        path = m_repository.directory(checkpointID) + '/' + MediaFile::importedImage();
-        const auto copy = [&] { ImageImport::writePng(file, path); };
+        path = mediaFolder(checkpointID) + '/' + MediaFile::importedImage();
+        const auto copy = [&] { ImageImport::writePng(file, MediaFolders::arriving(path)); };
         co_await inWorker(copy);
     } catch (const Failure &thrown) {
         failure = thrown;
@@ -58,28 +45,41 @@ QCoro::Task<void> AppStore::importScreenshot(QString file, QUuid checkpointID)
 // The new picture has been written; now it belongs to the checkpoint, or goes again.
 void AppStore::adoptScreenshot(QUuid checkpointID, const QString &path)
 {
+    const QString arriving = MediaFolders::arriving(path);
     std::optional<Checkpoint> changed = editable(checkpointID);
     if (!changed) { // The checkpoint was deleted meanwhile; what it had by then went with it.
-        QFile::remove(path);
+        QFile::remove(arriving);
         QDir().rmdir(QFileInfo(path).path());
         return;
     }
     const Checkpoint before = *changed;
+    const auto replaced =
+        before.screenshot ? MediaRemoval::allowed(m_repository.root(), checkpointID, *before.screenshot) : std::nullopt;
+    MediaRemoval removal(replaced.value_or(QString()));
+    std::optional<Failure> remains = removal.begin();
     changed->screenshot = path;
-    if (!writeEdit(std::move(*changed))) {
-        if (!QFile::remove(path))
-            error.set(*error() + tr(" The new image remains in ") + path + '.');
+    const SettleMedia settle = [&] {
+        if (const auto failure = MediaFolders::move(arriving, path))
+            throw Failure(*failure);
+    };
+    if (!writeEdit(std::move(*changed), settle)) {
+        putBack(removal);
+        if (!QFile::remove(arriving))
+            error.set(*error() + tr(" The new image remains in ") + arriving + '.');
         return;
     }
     notice.set(tr("Image added. A copy is saved with this checkpoint."));
     forgetPictures({before});
-    if (!before.screenshot || !MediaRemoval::isAllowed(*before.screenshot, m_repository.root(), checkpointID))
-        return;
-    try {
-        MediaRemoval(*before.screenshot).finish();
-    } catch (const Failure &failure) {
-        notice.set(tr("Image added, but the previous image file could not be removed: ") + failure.description());
-    }
+    if (!remains)
+        remains = removal.finish();
+    if (remains)
+        notice.set(tr("Image added, but the previous image file could not be removed: ") + remains->description());
+}
+
+void AppStore::putBack(MediaRemoval &removal)
+{
+    if (const auto failure = removal.putBack())
+        reportRemainingMedia(*error() + tr(" Some media remains in "), removal.aside(), *failure);
 }
 
 void AppStore::removeScreenshot(QUuid checkpointID)
@@ -88,26 +88,29 @@ void AppStore::removeScreenshot(QUuid checkpointID)
     if (!changed || !changed->screenshot)
         return;
     clearMessages();
-    if (!MediaRemoval::isAllowed(*changed->screenshot, m_repository.root(), checkpointID)) {
+    const auto file = MediaRemoval::allowed(m_repository.root(), checkpointID, *changed->screenshot);
+    if (!file) {
         error.set(tr("Could not remove a screenshot outside this checkpoint’s storage folder."));
         return;
     }
-    const Checkpoint before = *changed;
     const QString failed = tr("Could not remove the screenshot: ");
-    try {
-        MediaRemoval removal(*before.screenshot);
-        changed->screenshot.reset();
-        if (!write(std::move(*changed), failed)) {
-            removal.putBack();
-            return;
-        }
-        forgetPictures({before});
-        removal.finish();
-        notice.set(tr("Screenshot removed. Your notes and workspace are saved."));
-    } catch (const Failure &failure) {
-        // A file that could not be put back is named after the write that failed.
-        error.set((error() ? *error() + ' ' : failed) + failure.description());
+    MediaRemoval removal(*file);
+    if (const auto failure = removal.begin()) {
+        error.set(failed + failure->description());
+        return;
     }
+    const Checkpoint before = *changed;
+    changed->screenshot.reset();
+    if (!write(std::move(*changed), failed)) {
+        putBack(removal);
+        return;
+    }
+    forgetPictures({before});
+    if (const auto failure = removal.finish())
+        reportRemainingMedia(tr("Screenshot removed, but its file could not be deleted from "), removal.aside(),
+                             *failure);
+    else
+        notice.set(tr("Screenshot removed. Your notes and workspace are saved."));
 }
 
 Thumbnails &AppStore::thumbnails()
@@ -115,7 +118,7 @@ Thumbnails &AppStore::thumbnails()
     if (!m_thumbnails) {
         m_thumbnails = std::make_unique<Thumbnails>(m_thumbnailFolder);
         if (m_isLibraryRead)
-            m_thumbnails->keepOnly(screenshots(checkpoints()));
+            m_thumbnails->keepOnly(screenshotFiles(checkpoints()));
     }
     return *m_thumbnails;
 }
@@ -124,9 +127,19 @@ Thumbnails &AppStore::thumbnails()
 void AppStore::forgetPictures(const QList<Checkpoint> &gone)
 {
     if (m_thumbnails)
-        m_thumbnails->forget(screenshots(gone));
+        m_thumbnails->forget(screenshotFiles(gone));
     else
-        ThumbnailCache(m_thumbnailFolder).remove(screenshots(gone));
+        ThumbnailCache(m_thumbnailFolder).remove(screenshotFiles(gone));
+}
+
+QSet<QString> AppStore::screenshotFiles(const QList<Checkpoint> &of) const
+{
+    QSet<QString> paths;
+    for (const Checkpoint &checkpoint : of) {
+        if (const auto file = screenshotFile(checkpoint))
+            paths.insert(*file);
+    }
+    return paths;
 }
 
 } // namespace ardeno

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/AppStore.h"
+#include "store/MediaFolders.h"
 #include "store/SessionJournal.h"
 
 #include <QFile>
@@ -43,15 +44,16 @@ bool AppStore::refuseSession()
 }
 
 // From here on the session outlives the program: what was captured so far lies beside the video that begins now.
-QCoro::Task<void> AppStore::beginRecording(Checkpoint *checkpoint)
+QCoro::Task<void> AppStore::beginRecording(Checkpoint *checkpoint, UnsavedMedia *media)
 {
-    const QString folder = m_repository.directory(checkpoint->id);
-    const QString video = folder + '/' + MediaFile::recording;
+    const QString video = MediaFolders::own(m_repository.root(), checkpoint->id) + '/' + MediaFile::recording;
     checkpoint->recording = video;
     Checkpoint interrupted = *checkpoint;
     interrupted.captureNote = "Workspace captured at the start of your session, which ended before it was stopped.";
-    SessionJournal::write(folder, interrupted);
+    SessionJournal::write(media->folder(), interrupted);
+    media->adopt();
     co_await m_capture.startRecording(video, exclusions().appIDs());
+    media->keep();
     const PublishTogether group;
     m_active = *checkpoint;
     startedAt.set(Date::now());
@@ -105,7 +107,7 @@ QCoro::Task<void> AppStore::captureEnd(Checkpoint *checkpoint)
     Checkpoint end = *checkpoint;
     bool hasPicture = true;
     try {
-        co_await fill(&end, includeBrowser());
+        co_await fill(&end, mediaFolder(end.id), includeBrowser());
     } catch (const Failure &) {
         hasPicture = false;
     }
@@ -118,22 +120,19 @@ QCoro::Task<void> AppStore::captureEnd(Checkpoint *checkpoint)
         if (!hasPicture)
             checkpoint->captureNote += " The screenshot is from the start of the session.";
     }
-    if (!checkpoint->recording && QFile::exists(videoPath(*checkpoint)))
+    const QString folder = MediaFolders::own(m_repository.root(), checkpoint->id);
+    if (!checkpoint->recording && QFile::exists(folder + '/' + MediaFile::recording))
         checkpoint->captureNote +=
             u" The recording broke off; what there is of it is kept with the media as %1."_qs.arg(
                 QString(MediaFile::recording));
 }
 
-QString AppStore::videoPath(const Checkpoint &checkpoint) const
-{
-    return m_repository.root() + '/' + uuidText(checkpoint.id) + '/' + MediaFile::recording;
-}
-
 void AppStore::saveSession(const Checkpoint &checkpoint, const std::optional<QString> &problem)
 {
-    const QString folder = m_repository.root() + '/' + uuidText(checkpoint.id);
+    const QString folder = MediaFolders::own(m_repository.root(), checkpoint.id);
     try {
-        SessionJournal::write(folder, checkpoint); // Should the library refuse, the next start tries again.
+        SessionJournal::write(mediaFolder(checkpoint.id),
+                              checkpoint); // Should the library refuse, the next start tries again.
     } catch (const Failure &) {
         // The journal of the start is still there.
     }
@@ -147,11 +146,11 @@ void AppStore::saveSession(const Checkpoint &checkpoint, const std::optional<QSt
     considerNewsletter();
 }
 
-void AppStore::recoverSessions()
+void AppStore::recoverSessions(const QSet<QUuid> &journals)
 {
     WorkspaceLibrary changed = library();
     QStringList titles;
-    const QList<Checkpoint> pending = SessionJournal::pending(m_repository.root());
+    const QList<Checkpoint> pending = SessionJournal::pending(m_repository.root(), journals);
     for (const Checkpoint &session : pending) {
         if (checkpoint(session.id))
             continue; // Only the journal was left behind.
@@ -161,7 +160,7 @@ void AppStore::recoverSessions()
     if (!titles.isEmpty() && !commit(std::move(changed), tr("Could not save an interrupted work session: ")))
         return;
     for (const Checkpoint &session : pending)
-        SessionJournal::remove(m_repository.root() + '/' + uuidText(session.id));
+        SessionJournal::remove(MediaFolders::own(m_repository.root(), session.id));
     if (titles.size() == 1)
         notice.set(tr("Your work session “%1” was interrupted. Its checkpoint has been saved with what was recorded.")
                        .arg(titles.first()));

@@ -4,10 +4,11 @@
 #include "media/VideoFile.h"
 #include "model/CheckpointRepository.h"
 #include "model/Json.h"
+#include "store/MediaFolders.h"
 #include "support/AtomicFile.h"
 #include "support/Failure.h"
+#include "support/OwnFile.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -20,7 +21,7 @@ const QString fileName = "session.json";
 // The file if it is there.
 std::optional<QString> existing(const QString &path)
 {
-    return QFileInfo::exists(path) ? std::optional(path) : std::nullopt;
+    return MediaFolders::isFile(path) ? std::optional(path) : std::nullopt;
 }
 
 Checkpoint unknownCheckpoint(const QString &mediaFolder)
@@ -34,10 +35,10 @@ Checkpoint unknownCheckpoint(const QString &mediaFolder)
 
 Checkpoint read(const QString &mediaFolder)
 {
-    QFile file(mediaFolder + '/' + fileName);
+    constexpr qint64 largest = 64 * 1024 * 1024;
     try {
-        if (file.open(QIODevice::ReadOnly))
-            return json::decode<Checkpoint>(file.readAll());
+        if (const auto bytes = OwnFile::read(mediaFolder + '/' + fileName, largest))
+            return json::decode<Checkpoint>(*bytes);
     } catch (const Failure &) {
         return unknownCheckpoint(mediaFolder);
     }
@@ -56,14 +57,16 @@ void SessionJournal::remove(const QString &mediaFolder)
     QFile::remove(mediaFolder + '/' + fileName);
 }
 
-QList<Checkpoint> SessionJournal::pending(const QString &libraryRoot)
+bool SessionJournal::isIn(const QString &mediaFolder)
+{
+    return MediaFolders::isFile(mediaFolder + '/' + fileName);
+}
+
+QList<Checkpoint> SessionJournal::pending(const QString &libraryRoot, const QSet<QUuid> &checkpointIDs)
 {
     QList<Checkpoint> found;
-    for (const QString &name : QDir(libraryRoot).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        const QUuid id(name);
-        const QString folder = libraryRoot + '/' + name;
-        if (id.isNull() || name != uuidText(id) || !QFileInfo::exists(folder + '/' + fileName))
-            continue;
+    for (const QUuid &id : checkpointIDs) {
+        const QString folder = MediaFolders::own(libraryRoot, id);
         Checkpoint checkpoint = read(folder);
         checkpoint.id = id;
         checkpoint.screenshot = existing(folder + '/' + MediaFile::screenshot);

@@ -4,6 +4,7 @@
 #include "model/WorkspaceRecords.h"
 
 #include <QList>
+#include <QSet>
 #include <QString>
 
 namespace ardeno {
@@ -17,9 +18,11 @@ void write(const QString &mediaFolder, const Checkpoint &checkpoint);
 // A missing one is fine, and one that cannot be removed harms nobody: its checkpoint is in the library.
 void remove(const QString &mediaFolder);
 
-// What sessions that were cut short have left, with the media that are really there. Of a session whose journal cannot
-// be read only the media are known.
-QList<Checkpoint> pending(const QString &libraryRoot);
+// What sessions of these checkpoints that were cut short have left, with the media that are really there. Of a session
+// whose journal cannot be read only the media are known.
+QList<Checkpoint> pending(const QString &libraryRoot, const QSet<QUuid> &checkpointIDs);
+// Whether there is one. A link, or anything else that is no file, is none.
+bool isIn(const QString &mediaFolder);
 
 } // namespace SessionJournal
 

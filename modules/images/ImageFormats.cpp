@@ -9,6 +9,7 @@ namespace ardeno {
 
 namespace {
 
+constexpr int longestSide = 100'000; // Many rows of a wider picture are kept at a time.
 constexpr gint64 mostStreamed = 500'000'000;
 constexpr gint64 mostInMemory = 64'000'000;
 
@@ -43,11 +44,14 @@ bool ImageFormats::isWanted(const char *loader)
     return known(loader) != nullptr;
 }
 
-gint64 ImageFormats::mostPixels(const char *loader, VipsImage *header)
+bool ImageFormats::isTooLarge(const char *loader, VipsImage *header)
 {
+    const int width = vips_image_get_width(header);
+    const int height = vips_image_get_height(header);
     // The first rows of an interlaced or progressive picture are only known when all of it has been read.
     const bool isInterlaced = isSet(header, "interlaced") || isSet(header, "jpeg-multiscan");
-    return known(loader)->streams && !isInterlaced ? mostStreamed : mostInMemory;
+    const gint64 mostPixels = known(loader)->streams && !isInterlaced ? mostStreamed : mostInMemory;
+    return std::max(width, height) > longestSide || gint64{width} * height > mostPixels;
 }
 
 } // namespace ardeno

@@ -12,8 +12,8 @@ namespace ImageFormats {
 // scripts.
 bool isWanted(const char *loader);
 
-// How many pixels a picture may have whose header is this, by what the format keeps in memory.
-gint64 mostPixels(const char *loader, VipsImage *header);
+// Whether a picture of this header would take too much memory, by what the format keeps of it.
+bool isTooLarge(const char *loader, VipsImage *header);
 
 } // namespace ImageFormats
 

@@ -67,9 +67,7 @@ Header readHeader(VipsSource *source)
     const VipsImagePointer header(vips_image_new_from_source(source, "", "access", VIPS_ACCESS_SEQUENTIAL, nullptr));
     if (!header)
         return {};
-    const gint64 pixels = gint64{vips_image_get_width(header.get())} * vips_image_get_height(header.get());
-    const bool isTooLarge = pixels > ImageFormats::mostPixels(loader, header.get());
-    return {isTooLarge ? ImageOutcome::TooLarge : ImageOutcome::Done,
+    return {ImageFormats::isTooLarge(loader, header.get()) ? ImageOutcome::TooLarge : ImageOutcome::Done,
             vips_image_get_typeof(header.get(), VIPS_META_ICC_NAME) != 0};
 }
 

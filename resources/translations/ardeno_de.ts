@@ -204,6 +204,26 @@
         <translation>Die Aufnahme konnte nicht geöffnet werden: Es gibt keine App dafür.</translation>
     </message>
     <message>
+        <source>Could not open the recording. </source>
+        <translation>Die Aufnahme konnte nicht geöffnet werden. </translation>
+    </message>
+    <message>
+        <source>It is not in this checkpoint’s storage folder.</source>
+        <translation>Sie liegt nicht im Speicherordner dieses Checkpoints.</translation>
+    </message>
+    <message>
+        <source>There is no such file.</source>
+        <translation>Es gibt keine solche Datei.</translation>
+    </message>
+    <message>
+        <source>Saved, but its media could not be put in their place, which the next start tries again: </source>
+        <translation>Gesichert, aber die Medien konnten nicht an ihren Platz gebracht werden; der nächste Start versucht es wieder: </translation>
+    </message>
+    <message>
+        <source>Screenshot removed, but its file could not be deleted from </source>
+        <translation>Bildschirmfoto entfernt, aber seine Datei konnte nicht gelöscht werden aus </translation>
+    </message>
+    <message>
         <source>Resume workspace</source>
         <translation>Arbeitsumgebung fortsetzen</translation>
     </message>

@@ -106,6 +106,15 @@ TEST_CASE_FIXTURE(ThumbnailsFixture, "what is missing, empty or no picture is an
     CHECK(of(file("empty.png", {})).state == Thumbnail::State::Unreadable);
     CHECK(of(file("text.png", "some words")).state == Thumbnail::State::Unreadable);
     CHECK(of(home.path()).state == Thumbnail::State::Unreadable);
+    CHECK(of(screenshot("wide.png", {150'000, 1}, 200, 10)).state == Thumbnail::State::Unreadable);
+    QDir(home.path()).mkdir("media");
+    const QString inFolder = screenshot("media/one.png", {640, 480}, 200, 10);
+    QFile::link(inFolder, home.filePath("link.png"));
+    QFile::link(home.filePath("media"), home.filePath("linked"));
+    CHECK(of(inFolder).state == Thumbnail::State::Ready);
+    CHECK(of(home.filePath("link.png")).state == Thumbnail::State::Unreadable);
+    CHECK(of(home.filePath("linked/one.png")).state == Thumbnail::State::Unreadable);
+    QDir(home.filePath("cache")).removeRecursively();
     const QString path = screenshot("cut.png", {640, 480}, 200, 10);
     QFile::resize(path, QFile(path).size() - 20);
     CHECK(of(path).state == Thumbnail::State::Unreadable);

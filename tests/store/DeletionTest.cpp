@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "store/MediaStaging.h"
 #include "tests/store/StoreFixture.h"
 
 using namespace ardeno;
@@ -79,7 +78,8 @@ TEST_CASE_FIXTURE(StoreFixture, "media that stand in the way of a leftover are k
 {
     const QUuid id = *store().createProject("Thesis");
     const Checkpoint checkpoint = saveCheckpoint(id, "one", 1);
-    const QString leftover = root() + "/.deleting-X/" + uuidText(checkpoint.id) + "/snapshot.png";
+    const QString leftover =
+        root() + "/.deleting-" + uuidText(QUuid::createUuid()) + '/' + uuidText(checkpoint.id) + "/snapshot.png";
     writeFile(leftover, "older");
 
     reopen();

@@ -19,9 +19,10 @@ namespace {
 struct BadInput : WindowFixture {
     QUuid project;
 
-    void showPicture(const QString &path)
+    void showPicture(Checkpoint checkpoint, const QString &path)
     {
-        REQUIRE(store().save({.title = "One", .projectID = project, .screenshot = path}));
+        checkpoint.screenshot = path;
+        REQUIRE(store().save(checkpoint));
         settle();
         REQUIRE(shownPicture(*this));
     }
@@ -47,6 +48,20 @@ QByteArray bomb()
     const QByteArray side("\x00\x00\xff\xff", 4);
     return QByteArray("\x89PNG\r\n\x1a\n") + chunk("IHDR", side + side + QByteArray("\x01\x00\x00\x00\x00", 5)) +
            chunk("IDAT", qCompress(QByteArray(8192, '\0')).mid(4)) + chunk("IEND", {});
+}
+
+// A few kilobytes that take years to draw, or only to be measured.
+QByteArray endlessDrawing()
+{
+    QByteArray drawing = "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink'>"
+                         "<rect id='a0' width='1' height='1'/>";
+    for (int level = 1; level < 24; ++level) {
+        drawing += "<g id='a" + QByteArray::number(level) + "'>";
+        for (int i = 0; i < 10; ++i)
+            drawing += "<use xlink:href='#a" + QByteArray::number(level - 1) + "'/>";
+        drawing += "</g>";
+    }
+    return drawing + "</svg>";
 }
 
 } // namespace
@@ -106,25 +121,32 @@ TEST_CASE_FIXTURE(BadInput, "a note of a megabyte is pasted, written on and kept
     }
 }
 
-TEST_CASE_FIXTURE(BadInput, "what is no picture is named as unavailable, in little memory and without waiting")
+TEST_CASE_FIXTURE(BadInput, "what is no picture of the checkpoint is named as unavailable, without waiting for it")
 {
     project = openProject();
-    const QString pipe = home.filePath("pipe.png");
+    const Checkpoint one = saveCheckpoint(project, "One", 10);
+    const QString folder = QFileInfo(*one.screenshot).path() + '/';
+    const QString pipe = folder + "pipe.png";
     REQUIRE(::mkfifo(QFile::encodeName(pipe).constData(), 0600) == 0);
-    writeFile(home.filePath("empty.png"), {});
-    writeFile(home.filePath("bomb.png"), bomb());
+    QDir().mkpath(folder + "folder.png");
+    writeFile(folder + "empty.png", {});
+    writeFile(folder + "bomb.png", bomb());
+    writeFile(folder + "drawing.svg", endlessDrawing());
     QImage image(64, 64, QImage::Format_RGB32);
     image.fill(Qt::darkCyan);
-    REQUIRE(image.save(home.filePath("whole.png")));
-    const QByteArray whole = fileBytes(home.filePath("whole.png"));
-    writeFile(home.filePath("cut.png"), whole.left(whole.size() - 30));
-    for (const QString &path : {pipe, home.path(), home.filePath("empty.png"), home.filePath("bomb.png"),
-                                home.filePath("cut.png"), home.filePath("nowhere.png"), QString()}) {
+    REQUIRE(image.save(folder + "whole.png"));
+    const QByteArray whole = fileBytes(folder + "whole.png");
+    writeFile(folder + "cut.png", whole.left(whole.size() - 30));
+    writeFile(home.filePath("elsewhere.png"), whole);
+    QFile::link(home.filePath("elsewhere.png"), folder + "link.png");
+    for (const QString &path : {pipe, folder + "folder.png", folder + "empty.png", folder + "bomb.png",
+                                folder + "drawing.svg", folder + "cut.png", folder + "nowhere.png", folder + "link.png",
+                                home.filePath("elsewhere.png"), home.path(), QString()}) {
         CAPTURE(path);
-        showPicture(path);
+        showPicture(one, path);
         CHECK(eventually([this] { return shownPicture(*this)->isUnavailable(); }));
     }
-    showPicture(home.filePath("whole.png"));
+    showPicture(one, folder + "whole.png");
     CHECK(eventually([this] { return shownPicture(*this)->isShown(); }));
 }
 

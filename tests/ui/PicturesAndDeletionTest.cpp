@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/ShownPicture.h"
 
+#include <map>
+
 using namespace ardeno;
 
 TEST_CASE_FIXTURE(WindowFixture, "a screenshot that is missing or damaged is named, never an empty frame")
@@ -11,7 +13,7 @@ TEST_CASE_FIXTURE(WindowFixture, "a screenshot that is missing or damaged is nam
     REQUIRE(store().save(missing));
     settle();
     REQUIRE(shownPicture(*this));
-    CHECK(shownPicture(*this)->isUnavailable());
+    CHECK(eventually([this] { return shownPicture(*this)->isUnavailable(); }));
     picture("screenshot-unavailable");
     store().selectCheckpoint(damaged.id);
     settle();
@@ -81,4 +83,30 @@ TEST_CASE_FIXTURE(WindowFixture, "the manager opens and deletes checkpoints, and
     picture("manager-empty");
     click("Done");
     CHECK(seesText("Your project is ready"));
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "a recording is viewed only from the checkpoint's own folder")
+{
+    const QUuid project = openProject();
+    Checkpoint checkpoint = saveCheckpoint(project, "Session", 10);
+    const QString folder = QFileInfo(*checkpoint.screenshot).path() + '/';
+    const QString video = home.filePath("holiday.mp4");
+    writeFile(video, "mine");
+    QFile::link(video, folder + "session.mp4");
+    const QString failed = "Could not open the recording. ";
+    const std::map<QString, QString> cases = {
+        {video, "It is not in this checkpoint’s storage folder."},
+        {"https://example.org/session.mp4", "It is not in this checkpoint’s storage folder."},
+        {folder + "../../holiday.mp4", "It is not in this checkpoint’s storage folder."},
+        {folder + "session.mp4", "There is no such file."},
+        {folder + "gone.mp4", "There is no such file."},
+    };
+    for (const auto &[path, reason] : cases) {
+        CAPTURE(path);
+        checkpoint.recording = path;
+        REQUIRE(store().save(checkpoint));
+        settle();
+        click("View recording");
+        CHECK(seesText(failed + reason));
+    }
 }

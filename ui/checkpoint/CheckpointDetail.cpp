@@ -118,9 +118,8 @@ QWidget *CheckpointDetail::makeFooter(const Checkpoint &checkpoint)
         return footer;
     m_recording = new Button(tr("View recording"), Button::Kind::Plain, "film");
     connect(m_recording, &QAbstractButton::clicked, this, [this] {
-        const Checkpoint *const shown = current();
-        if (shown && shown->recording && !QDesktopServices::openUrl(QUrl::fromLocalFile(*shown->recording)))
-            m_store.error.set(tr("Could not open the recording: there is no application for it."));
+        if (const Checkpoint *const shown = current(); shown && shown->recording)
+            viewRecording(*shown);
     });
     row->addWidget(m_recording);
     if (m_screens.edit) {
@@ -133,6 +132,16 @@ QWidget *CheckpointDetail::makeFooter(const Checkpoint &checkpoint)
         row->addWidget(edit);
     }
     return footer;
+}
+
+void CheckpointDetail::viewRecording(const Checkpoint &checkpoint)
+{
+    try {
+        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(m_store.recordingFile(checkpoint))))
+            m_store.error.set(tr("Could not open the recording: there is no application for it."));
+    } catch (const Failure &failure) {
+        m_store.error.set(tr("Could not open the recording. ") + failure.description());
+    }
 }
 
 InlineNote *CheckpointDetail::makeNote(QString Checkpoint::*field)

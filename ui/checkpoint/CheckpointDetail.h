@@ -33,6 +33,7 @@ private:
     InlineNote *makeNote(QString Checkpoint::*field);
     void showCheckpoint();
     void showResume(const Checkpoint &checkpoint);
+    void viewRecording(const Checkpoint &checkpoint);
     const Checkpoint *current() const;
 
     AppStore &m_store;

@@ -67,12 +67,13 @@ QWidget *ScreenshotCard::makePicture(const Checkpoint &checkpoint)
     if (!checkpoint.screenshot)
         return makePlaceholder();
     const auto enlarging = m_screens.viewScreenshot ? ScreenshotImage::Enlarging::Yes : ScreenshotImage::Enlarging::No;
-    auto *image = new ScreenshotImage(*checkpoint.screenshot, enlarging);
-    m_preview = m_store.thumbnails().request(*checkpoint.screenshot,
-                                             [shown = QPointer<ScreenshotImage>(image)](const Thumbnail &thumbnail) {
-                                                 if (shown && thumbnail.state == Thumbnail::State::Ready)
-                                                     shown->setPreview(toImage(thumbnail.picture));
-                                             });
+    const QString file = m_store.screenshotFile(checkpoint).value_or(QString());
+    auto *image = new ScreenshotImage(file, enlarging);
+    m_preview =
+        m_store.thumbnails().request(file, [shown = QPointer<ScreenshotImage>(image)](const Thumbnail &thumbnail) {
+            if (shown && thumbnail.state == Thumbnail::State::Ready)
+                shown->setPreview(toImage(thumbnail.picture));
+        });
     connect(image, &QAbstractButton::clicked, this, [this] { expand(); });
     return image;
 }
@@ -113,7 +114,7 @@ void ScreenshotCard::expand()
 {
     const Checkpoint *const checkpoint = m_store.checkpoint(m_id);
     if (checkpoint && checkpoint->screenshot && m_screens.viewScreenshot)
-        m_screens.viewScreenshot(*checkpoint);
+        m_screens.viewScreenshot(m_store.screenshotFile(*checkpoint).value_or(QString()));
 }
 
 } // namespace ardeno

@@ -7,12 +7,11 @@
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
 #include "ui/viewer/PicturePreviews.h"
+#include "ui/viewer/ScaledPicture.h"
 
-#include <QFileInfo>
 #include <QFocusEvent>
 #include <QFontMetricsF>
 #include <QFutureWatcher>
-#include <QImageReader>
 #include <QPainter>
 #include <QPainterPath>
 #include <QtConcurrent>
@@ -43,34 +42,24 @@ QImage readScaled(const QString &path, QSize wanted, const std::shared_ptr<std::
     return {};
 }
 
-// Empty when it is not known.
-QSize sizeOf(const QString &path)
-{
-    // Nothing else is opened here: a pipe would be waited for.
-    return QFileInfo(path).isFile() ? QImageReader(path).size() : QSize();
-}
-
 } // namespace
 
 ScreenshotImage::ScreenshotImage(const QString &path, Enlarging enlarging, QWidget *parent)
     : QAbstractButton(parent), m_path(path)
 {
-    m_fullSize = sizeOf(path);
-    m_isUnavailable = m_fullSize.isEmpty();
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
-    if (enlarging == Enlarging::Yes && !m_isUnavailable) {
-        setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(enlarging == Enlarging::Yes ? Qt::StrongFocus : Qt::NoFocus);
+    setAccessibleName(tr("Saved screenshot"));
+    if (enlarging == Enlarging::Yes) {
         setAttribute(Qt::WA_Hover);
         setCursor(Qt::PointingHandCursor);
         setAccessibleName(tr("Expand saved screenshot"));
         setAccessibleDescription(tr("Click to view, zoom and pan the full screenshot"));
         setToolTip(tr("Open full-size screenshot"));
-    } else {
-        setFocusPolicy(Qt::NoFocus);
-        setAccessibleName(m_isUnavailable ? tr("Screenshot unavailable") : tr("Saved screenshot"));
     }
+    readSize();
 }
 
 ScreenshotImage::~ScreenshotImage()
@@ -94,6 +83,8 @@ int ScreenshotImage::heightForWidth(int width) const
 {
     if (m_isUnavailable)
         return 160;
+    if (m_fullSize.isEmpty())
+        return qMax(1, width * 9 / 16); // As most screens are.
     // Never larger than it is.
     const int shown = qMin(width, qRound(m_fullSize.width() / devicePixelRatioF()));
     return qMax(1, qRound(double(shown) * m_fullSize.height() / m_fullSize.width()));
@@ -102,6 +93,31 @@ int ScreenshotImage::heightForWidth(int width) const
 void ScreenshotImage::resizeEvent(QResizeEvent *)
 {
     read();
+}
+
+void ScreenshotImage::readSize()
+{
+    auto *reading = new QFutureWatcher<QSize>(this);
+    connect(reading, &QFutureWatcherBase::finished, this, [this, reading] {
+        reading->deleteLater();
+        m_fullSize = reading->result();
+        if (m_fullSize.isEmpty())
+            setUnavailable();
+        updateGeometry();
+        read();
+    });
+    reading->setFuture(QtConcurrent::run(PictureReading::size, m_path));
+}
+
+void ScreenshotImage::setUnavailable()
+{
+    m_isUnavailable = true;
+    setFocusPolicy(Qt::NoFocus);
+    unsetCursor();
+    setAccessibleName(tr("Screenshot unavailable"));
+    setAccessibleDescription({});
+    setToolTip({});
+    updateGeometry();
 }
 
 void ScreenshotImage::read()
@@ -126,13 +142,10 @@ void ScreenshotImage::read()
 void ScreenshotImage::take(const QImage &image)
 {
     m_image = image;
-    if (image.isNull()) {
-        m_isUnavailable = true;
-        setAccessibleName(tr("Screenshot unavailable"));
-        updateGeometry();
-    } else {
+    if (image.isNull())
+        setUnavailable();
+    else
         PicturePreviews::keep(m_path, image);
-    }
     update();
 }
 
@@ -144,7 +157,8 @@ void ScreenshotImage::paintEvent(QPaintEvent *)
         drawUnavailable(painter);
         return;
     }
-    const int shown = qMin(width(), qRound(m_fullSize.width() / devicePixelRatioF()));
+    const int whole = m_fullSize.isEmpty() ? width() : qRound(m_fullSize.width() / devicePixelRatioF());
+    const int shown = qMin(width(), whole);
     const QRectF target((width() - shown) / 2.0, 0, shown, height());
     QPainterPath rounded;
     rounded.addRoundedRect(target, 8, 8);

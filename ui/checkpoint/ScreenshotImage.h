@@ -15,7 +15,7 @@ class ScreenshotImage final : public QAbstractButton {
 public:
     enum class Enlarging { No, Yes };
 
-    // Where the file is missing or cannot be read it says so.
+    // Where the file is missing or cannot be read it says so, once that is known.
     ScreenshotImage(const QString &path, Enlarging enlarging, QWidget *parent = nullptr);
     ~ScreenshotImage() override;
     ScreenshotImage(const ScreenshotImage &) = delete;
@@ -41,13 +41,15 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
+    void readSize();
+    void setUnavailable();
     void read();
     void take(const QImage &image);
     void drawHint(QPainter &painter);
     void drawUnavailable(QPainter &painter);
 
     QString m_path;
-    QSize m_fullSize; // Pixels of the file.
+    QSize m_fullSize; // Pixels of the file; empty until it has answered.
     QImage m_image;   // As large as it is drawn.
     QImage m_preview;
     std::shared_ptr<std::atomic<bool>> m_isWanted; // What is being read.

@@ -17,7 +17,7 @@ CheckpointManagerSheet::CheckpointManagerSheet(AppStore &store, const Project &p
       m_store(store),
       m_projectID(project.id),
       m_count(makeLabel({}, TextStyle::Body, Role::Dim)),
-      m_pictures(store.thumbnails(), [this] { m_list->viewport()->update(); }),
+      m_pictures(store, [this] { m_list->viewport()->update(); }),
       m_list(makeList()),
       m_empty(makeEmpty()),
       m_chosen(new LineLabel({}, TextStyle::Small, Role::Dim)),

@@ -5,12 +5,15 @@
 
 namespace ardeno {
 
-const QImage *ThumbnailShelf::find(const QString &path, qreal ratio)
+const QImage *ThumbnailShelf::find(const Checkpoint &checkpoint, qreal ratio)
 {
+    const QString path = m_store.screenshotFile(checkpoint).value_or(QString());
+    if (path.isEmpty())
+        return nullptr;
     if (const QImage *const known = m_images.object(path))
         return known->isNull() ? nullptr : known;
     if (!m_asked.contains(path)) {
-        m_asked.insert(path, m_thumbnails.request(path, [this, path, ratio](const Thumbnail &thumbnail) {
+        m_asked.insert(path, m_store.thumbnails().request(path, [this, path, ratio](const Thumbnail &thumbnail) {
             take(path, thumbnail, ratio);
         }));
     }

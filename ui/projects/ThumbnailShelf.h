@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "media/Thumbnails.h"
+#include "store/AppStore.h"
 
 #include <QCache>
 #include <QHash>
@@ -17,13 +17,10 @@ public:
     static constexpr QSize shownSize = QSize(72, 40); // Logical pixels.
 
     // Arrived is called when a picture is there that was drawn as missing before.
-    ThumbnailShelf(Thumbnails &thumbnails, std::function<void()> arrived)
-        : m_thumbnails(thumbnails), m_arrived(std::move(arrived))
-    {
-    }
+    ThumbnailShelf(AppStore &store, std::function<void()> arrived) : m_store(store), m_arrived(std::move(arrived)) {}
 
-    // Null while there is none. The ratio is that of the screen.
-    const QImage *find(const QString &path, qreal ratio);
+    // The checkpoint's picture, null while there is none. The ratio is that of the screen.
+    const QImage *find(const Checkpoint &checkpoint, qreal ratio);
 
 private:
     // As many as several pages of a list show; a row that comes back asks again.
@@ -31,7 +28,7 @@ private:
 
     void take(const QString &path, const Thumbnail &thumbnail, qreal ratio);
 
-    Thumbnails &m_thumbnails;
+    AppStore &m_store;
     std::function<void()> m_arrived;
     QCache<QString, QImage> m_images = QCache<QString, QImage>(mostKept); // A null one: there is nothing to show.
     QHash<QString, Thumbnails::Request> m_asked;

@@ -81,8 +81,8 @@ void ManagerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
 
 void ManagerDelegate::drawPicture(QPainter &painter, const QRectF &area, const QModelIndex &index) const
 {
-    const std::optional<QString> &path = modelOf(index).rows().at(index.row()).screenshot;
-    const QImage *const image = path ? m_pictures.find(*path, painter.device()->devicePixelRatio()) : nullptr;
+    const Checkpoint &checkpoint = modelOf(index).rows().at(index.row());
+    const QImage *const image = m_pictures.find(checkpoint, painter.device()->devicePixelRatio());
     if (!image) {
         Drawing::panel(painter, area, 4, themeColor(Role::Card), themeColor(Role::Line));
         Symbols::draw(painter, "photo", {area.center().x() - 8, area.center().y() - 8, 16, 16},

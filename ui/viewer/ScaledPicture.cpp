@@ -1,17 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/viewer/ScaledPicture.h"
 
-#include "media/PngReader.h"
+#include "media/PictureFile.h"
 #include "support/Failure.h"
+#include "ui/controls/PictureImage.h"
 
-#include <QFile>
-#include <QImageReader>
-#include <QPainter>
-
-#include <cstring>
-#include <fcntl.h>
+#include <new>
 #include <optional>
-#include <sys/stat.h>
 
 namespace ardeno {
 
@@ -19,37 +14,18 @@ namespace {
 
 constexpr int smallestHalf = 256; // Pixels of the longer side.
 
-bool isShowable(const QSize &size)
+// The answer of the file, or an empty one.
+template <typename Answer, typename Question>
+Answer askedOf(const QString &path, Question question)
 {
-    return !size.isEmpty() && qint64(size.width()) * size.height() * 4 <= PictureReading::mostMegabytes << 20;
-}
-
-// The usual kind of file, read with the program's own reader. Absent when it is another kind. Throws Failure.
-std::optional<QImage> readScreenshot(const QString &path)
-{
-    FileDescriptor file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    struct stat status = {};
-    if (!file || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
-        return QImage(); // What is no file is not opened by anyone else either.
-    std::optional<PngReader> reader = PngReader::opened(std::move(file));
-    if (!reader)
-        return std::nullopt;
-    if (!isShowable(reader->size()))
-        return QImage();
-    QImage image(reader->size(), QImage::Format_RGB32);
-    for (int y = 0; y < image.height(); ++y)
-        std::memcpy(image.scanLine(y), reader->nextRow(), size_t(image.width()) * 4);
-    return image;
-}
-
-QImage overWhite(const QImage &image)
-{
-    if (image.isNull() || !image.hasAlphaChannel())
-        return image.convertToFormat(QImage::Format_RGB32);
-    QImage opaque(image.size(), QImage::Format_RGB32);
-    opaque.fill(Qt::white);
-    QPainter(&opaque).drawImage(0, 0, image);
-    return opaque;
+    try {
+        if (std::optional<PictureFile> file = PictureFile::opened(path))
+            return question(*file);
+    } catch (const Failure &) {
+        // It is shown as unavailable.
+    } catch (const std::bad_alloc &) {
+    }
+    return {};
 }
 
 } // namespace
@@ -71,18 +47,14 @@ QImage ScaledPicture::averaged(const QSize &size) const
     return atLeast(2.0 * size.width()).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
+QSize PictureReading::size(const QString &path)
+{
+    return askedOf<QSize>(path, [](PictureFile &file) { return file.size(); });
+}
+
 QImage PictureReading::read(const QString &path)
 {
-    try {
-        if (const std::optional<QImage> screenshot = readScreenshot(path))
-            return *screenshot;
-    } catch (const Failure &) {
-        return {};
-    }
-    QImageReader::setAllocationLimit(mostMegabytes);
-    QImageReader reader(path);
-    reader.setAutoTransform(true);
-    return isShowable(reader.size()) ? overWhite(reader.read()) : QImage();
+    return askedOf<QImage>(path, [](PictureFile &file) { return toImage(file.whole()); });
 }
 
 QList<QImage> PictureReading::halves(const QImage &full)

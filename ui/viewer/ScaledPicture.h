@@ -23,8 +23,8 @@ struct ScaledPicture {
 // These take time and are meant for a worker.
 namespace PictureReading {
 
-// Pictures of more bytes are not shown; our own have at most 8192 × 8192 pixels.
-constexpr qint64 mostMegabytes = 512;
+// Of the whole picture; empty where nothing can be shown.
+QSize size(const QString &path);
 
 // Over white. Null when the file is missing, damaged or too large.
 QImage read(const QString &path);

@@ -7,7 +7,6 @@
 #include <QCoreApplication>
 #include <QFocusEvent>
 #include <QFutureWatcher>
-#include <QImageReader>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -51,11 +50,7 @@ ScreenshotCanvas::ScreenshotCanvas(const QString &path, QWidget *parent)
     m_rest.setSingleShot(true);
     m_rest.setInterval(restAfter);
     connect(&m_rest, &QTimer::timeout, this, [this] { rest(); });
-    QImageReader header(path);
-    m_pixels = header.size();
-    m_isUnavailable = m_pixels.isEmpty();
-    if (!m_isUnavailable)
-        read();
+    read();
 }
 
 template <typename Result>
@@ -71,8 +66,22 @@ void ScreenshotCanvas::inBackground(std::function<Result()> work, std::function<
 
 void ScreenshotCanvas::read()
 {
+    // The size comes first, so that what stands for the picture until it has been read lies where it will.
+    inBackground<QSize>([path = m_path] { return PictureReading::size(path); },
+                        [this](const QSize &size) { takeSize(size); });
     inBackground<QImage>([path = m_path] { return PictureReading::read(path); },
                          [this](const QImage &image) { take(image); });
+}
+
+void ScreenshotCanvas::takeSize(const QSize &size)
+{
+    if (isKnown())
+        return;
+    m_pixels = size;
+    m_isUnavailable = size.isEmpty();
+    layOut();
+    if (m_changed)
+        m_changed();
 }
 
 void ScreenshotCanvas::take(const QImage &image)
@@ -225,6 +234,8 @@ void ScreenshotCanvas::paintEvent(QPaintEvent *event)
 {
     QPainter painter(viewport());
     painter.fillRect(event->rect(), themeColor(Role::Sidebar));
+    if (!isKnown())
+        return;
     const QRectF picture = pictureRect();
     drawPictureShadow(painter, picture);
     painter.fillRect(picture, Qt::white);

@@ -21,10 +21,13 @@ class ScreenshotCanvas final : public QAbstractScrollArea {
 public:
     explicit ScreenshotCanvas(const QString &path, QWidget *parent = nullptr);
 
-    // The scale in use changed, or the picture turned out to be unreadable.
+    // The scale in use changed, or the picture turned out to be readable or not.
     void setOnChange(std::function<void()> changed) { m_changed = std::move(changed); }
 
     bool isUnavailable() const { return m_isUnavailable; }
+
+    // Whether the file has answered.
+    bool isKnown() const { return m_isUnavailable || !m_pixels.isEmpty(); }
 
     // Whether the next painting shows the picture as well as it can be.
     bool isSharp() const;
@@ -58,6 +61,7 @@ protected:
 private:
     // Reading, each step on a worker.
     void read();
+    void takeSize(const QSize &size);
     void take(const QImage &image);
     void rest();
     void makeHalves();

@@ -96,7 +96,8 @@ void ScreenshotViewer::showState()
     m_canvas->setVisible(!isUnavailable);
     m_unavailable->setVisible(isUnavailable);
     m_tools->setEnabled(!isUnavailable);
-    m_percent->setText(isUnavailable ? QString() : QString("%1%").arg(ScreenshotScale::percent(m_canvas->scale())));
+    const bool hasScale = m_canvas->isKnown() && !isUnavailable;
+    m_percent->setText(hasScale ? QString("%1%").arg(ScreenshotScale::percent(m_canvas->scale())) : QString());
 }
 
 ScreenshotViewers::~ScreenshotViewers()
