@@ -249,6 +249,18 @@ TEST_CASE_FIXTURE(ProgramFixture, "a save that is interrupted is complete or lea
     CHECK(refused > 0);
 }
 
+TEST_CASE_FIXTURE(ProgramFixture, "where files may not grow, a save is refused and does not die of it")
+{
+    REQUIRE(run({"save", "--project", "A", "--no-tabs"}).status == 0);
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start("sh", {"-c", "ulimit -f 4; exec \"$0\" save --project A --no-tabs", ARDENO_PROGRAM});
+    const ProgramResult result = end(process);
+    CHECK(result.status == 1);
+    CHECK(result.error.contains("File too large."));
+    CHECK(library().value("checkpoints").toArray().size() == 1);
+}
+
 TEST_CASE_FIXTURE(ProgramFixture, "what cannot be printed is said, and nothing is lost for it")
 {
     const auto printingTo = [this](const QString &place, const QStringList &arguments) {
