@@ -67,7 +67,9 @@ DoctorReport examine(Desktop &desktop)
         reported("window list", desktop.windowServer->availability()),
         reported("moving windows", desktop.windowMover->availability()),
     };
-    for (const Browser &browser : WorkspaceCapture::browsers(*desktop.tabSource))
+    QList<Browser> browsers = WorkspaceCapture::browsers(*desktop.tabSource);
+    browsers.removeIf([&](const Browser &browser) { return desktop.roles.foreignBrowserIDs.contains(browser.id); });
+    for (const Browser &browser : std::as_const(browsers))
         report.capabilities.append(reported("tabs of " + browser.name, desktop.tabSource->availability(browser.id)));
     report.capabilities += {
         reported("folders", desktop.fileBrowser->availability()),

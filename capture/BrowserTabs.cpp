@@ -2,6 +2,7 @@
 #include "capture/BrowserTabs.h"
 
 #include "capture/AppleScripts.h"
+#include "support/StoredText.h"
 
 #include <QCoreApplication>
 #include <QRandomGenerator>
@@ -30,9 +31,10 @@ const char *const noBrowserText =
 OpenTabs unread(const Browser &browser)
 {
     OpenTabs answer;
-    answer.warning = QString::fromUtf8(unreadText).arg(browser.name);
+    answer.warning = storedText(unreadText).arg(browser.name);
     answer.shownWarning = QCoreApplication::translate("ardeno::BrowserTabs", unreadText).arg(browser.name);
     answer.unreadBrowserIDs.insert(browser.id);
+    answer.unreadBrowserNames.append(browser.name);
     return answer;
 }
 
@@ -164,6 +166,7 @@ QCoro::Task<OpenTabs> WorkspaceCapture::browserTabs(TabSource &source, QSet<QStr
         const OpenTabs one = co_await tabsByFamily(source, browser);
         all.tabs += one.tabs;
         all.unreadBrowserIDs += one.unreadBrowserIDs;
+        all.unreadBrowserNames += one.unreadBrowserNames;
         all.writtenAt = older(all.writtenAt, one.writtenAt);
         if (one.warning) {
             warnings += *one.warning;
@@ -171,7 +174,7 @@ QCoro::Task<OpenTabs> WorkspaceCapture::browserTabs(TabSource &source, QSet<QStr
         }
     }
     if (!isBrowserSeen) {
-        warnings += QString::fromUtf8(noBrowserText);
+        warnings += storedText(noBrowserText);
         shownWarnings += QCoreApplication::translate("ardeno::BrowserTabs", noBrowserText);
     }
     if (!warnings.isEmpty()) {

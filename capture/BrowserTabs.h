@@ -21,7 +21,8 @@ struct OpenTabs {
     std::optional<QString> shownWarning = {}; // The same in the words of the desktop and the user's language.
     // Browsers about whose tabs nothing is known: those left out on request and those that could not be read.
     QSet<QString> unreadBrowserIDs = {};
-    std::optional<Date> writtenAt = {}; // When the oldest of the sources was written; absent: all were live.
+    QStringList unreadBrowserNames = {}; // Of those that could not be read.
+    std::optional<Date> writtenAt = {};  // When the oldest of the sources was written; absent: all were live.
 };
 
 // The browsers that are known, in the order in which they are asked.

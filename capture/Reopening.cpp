@@ -5,6 +5,7 @@
 #include "capture/BrowserTabs.h"
 #include "support/Identifiers.h"
 
+#include <QCoreApplication>
 #include <QCoroTimer>
 
 #include <algorithm>
@@ -62,6 +63,18 @@ QSet<QString> neverReadable(Desktop &desktop)
             ids.insert(browser.id);
     }
     return ids;
+}
+
+// What the plan says of browsers that could not be read; that none is open is no fault here.
+std::optional<QString> whatIsUncertain(const QStringList &browserNames)
+{
+    QStringList sentences;
+    for (const QString &name : browserNames)
+        sentences +=
+            QCoreApplication::translate("ardeno::Reopening", "%1 tabs weren’t available. Whether its saved pages "
+                                                             "are open is not known.")
+                .arg(name);
+    return sentences.isEmpty() ? std::nullopt : std::optional(sentences.join(' '));
 }
 
 // Tabs that go to the same place in one command.
@@ -257,7 +270,7 @@ QCoro::Task<RestorePlan> WorkspaceCapture::presentPlan(QList<SavedApp> apps, QLi
     }
     if (!tabs.isEmpty()) {
         const OpenTabs open = co_await browserTabs(*desktop.tabSource, tools.excludedAppIDs);
-        warning = open.shownWarning;
+        warning = whatIsUncertain(open.unreadBrowserNames);
         present.unreadBrowserIDs = open.unreadBrowserIDs + neverReadable(desktop);
         present.openPageKeys = pageKeys(open.tabs) + tools.openedPages.pendingKeys(tabs, open);
     }

@@ -55,6 +55,24 @@ QList<WindowLayout::DisplayEntry> entries(const QList<Display> &displays)
     return list;
 }
 
+WindowLayout::Captured look(const QList<SavedApp> &apps, WindowServer &server, qint64 ownProcessID)
+{
+    const QSet<QString> allowedIDs = idsOf(apps);
+    const QList<WindowInfo> all = server.allWindows();
+    const QList<Display> displays = server.displays();
+    const QList<WindowLayout::DisplayEntry> choices = entries(displays);
+    WindowLayout::Captured captured;
+    for (const WindowInfo &window : all) {
+        if (!isRecorded(window, allowedIDs, ownProcessID))
+            continue;
+        if (!window.isOnScreen)
+            ++captured.outOfSight;
+        else if (const auto best = WindowLayout::bestDisplay(*window.frame, choices))
+            captured.windows.append(saved(window, displays[*best]));
+    }
+    return captured;
+}
+
 // The windows whose page may be a private one.
 QCoro::Task<QSet<quint32>> possiblyPrivate(QList<SavedWindow> layout, TabSource &source)
 {
@@ -124,18 +142,7 @@ std::optional<qsizetype> WindowLayout::bestDisplay(const WindowRect &frame, cons
 
 QList<SavedWindow> WindowLayout::windows(const QList<SavedApp> &apps, WindowServer &server, qint64 ownProcessID)
 {
-    const QSet<QString> allowedIDs = idsOf(apps);
-    const QList<WindowInfo> shown = server.windows();
-    const QList<Display> displays = server.displays();
-    const QList<DisplayEntry> choices = entries(displays);
-    QList<SavedWindow> layout;
-    for (const WindowInfo &window : shown) {
-        if (!isRecorded(window, allowedIDs, ownProcessID))
-            continue;
-        if (const auto best = bestDisplay(*window.frame, choices))
-            layout.append(saved(window, displays[*best]));
-    }
-    return layout;
+    return look(apps, server, ownProcessID).windows;
 }
 
 std::optional<QString> WindowLayout::location(const SavedWindow &window, const QList<WindowLocation> &locations)
@@ -153,17 +160,18 @@ std::optional<QString> WindowLayout::location(const SavedWindow &window, const Q
     return isSure ? std::optional(sameTitle.first().path) : std::nullopt;
 }
 
-QCoro::Task<QList<SavedWindow>> WindowLayout::capture(QList<SavedApp> apps, const Desktop &desktop, qint64 ownProcessID)
+QCoro::Task<WindowLayout::Captured> WindowLayout::capture(QList<SavedApp> apps, const Desktop &desktop,
+                                                          qint64 ownProcessID)
 {
-    const QList<SavedWindow> seen = windows(apps, *desktop.windowServer, ownProcessID);
-    const QCoro::Task<QSet<quint32>> asking = possiblyPrivate(seen, *desktop.tabSource);
-    QList<SavedWindow> layout = co_await withLocations(seen, desktop);
+    Captured seen = look(apps, *desktop.windowServer, ownProcessID);
+    const QCoro::Task<QSet<quint32>> asking = possiblyPrivate(seen.windows, *desktop.tabSource);
+    seen.windows = co_await withLocations(seen.windows, desktop);
     const QSet<quint32> unnamed = co_await asking;
-    for (SavedWindow &window : layout) {
+    for (SavedWindow &window : seen.windows) {
         if (unnamed.contains(window.windowID))
             window.title.clear();
     }
-    co_return layout;
+    co_return seen;
 }
 
 } // namespace ardeno

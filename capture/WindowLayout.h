@@ -38,9 +38,14 @@ QList<SavedWindow> windows(const QList<SavedApp> &apps, WindowServer &server, qi
 // owner only those of the window's own process count.
 std::optional<QString> location(const SavedWindow &window, const QList<WindowLocation> &locations);
 
+struct Captured {
+    QList<SavedWindow> windows = {};
+    qsizetype outOfSight = 0; // Further ones of these applications, minimised or on another workspace.
+};
+
 // The same windows as `windows()`, each with the folder or the document it shows where that is certain. The windows are
 // read before the first wait. The parts of the desktop outlive the task. Never throws.
-QCoro::Task<QList<SavedWindow>> capture(QList<SavedApp> apps, const Desktop &desktop, qint64 ownProcessID);
+QCoro::Task<Captured> capture(QList<SavedApp> apps, const Desktop &desktop, qint64 ownProcessID);
 
 } // namespace WindowLayout
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/WorkspaceCapture.h"
 
+#include "support/StoredText.h"
 #include "support/Text.h"
 
 #include <algorithm>
@@ -33,6 +34,23 @@ QList<SavedApp> WorkspaceCapture::applications(Workspace &workspace, const Deskt
     std::stable_sort(apps.begin(), apps.end(),
                      [&](const SavedApp &a, const SavedApp &b) { return isBefore(a.name, b.name); });
     return apps;
+}
+
+QString WorkspaceCapture::limits(const QList<SavedApp> &apps, qsizetype windowsOutOfSight)
+{
+    QString text;
+    QStringList names;
+    for (const SavedApp &app : apps) {
+        if (WindowClass::isIdentifier(app.id))
+            names.append(app.name);
+    }
+    if (!names.isEmpty())
+        text += ' ' + storedText("Not among the installed apps, so saved by the name of their windows: %1.")
+                          .arg(names.join(u", "_qs));
+    if (windowsOutOfSight > 0)
+        text += ' ' + storedText("%n windows were minimised or on another workspace: what they show is not saved.",
+                                 windowsOutOfSight);
+    return text;
 }
 
 } // namespace ardeno

@@ -16,6 +16,9 @@ namespace WorkspaceCapture {
 // The applications that a user sees running, one entry each, by name. Without this program and the excluded ones.
 QList<SavedApp> applications(Workspace &workspace, const DesktopRoles &roles, const QSet<QString> &excludedAppIDs);
 
+// What a checkpoint of these applications cannot do or does not hold, for its note: each sentence begins with a space.
+QString limits(const QList<SavedApp> &apps, qsizetype windowsOutOfSight);
+
 } // namespace WorkspaceCapture
 
 } // namespace ardeno

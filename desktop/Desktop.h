@@ -27,6 +27,7 @@ struct DesktopRoles {
     QStringList fileBrowserIDs = {};    // Applications whose windows show folders.
     QStringList documentViewerIDs = {}; // The desktop's own viewers of documents.
     QStringList alwaysListedIDs = {};   // Kept among the running applications even without a window.
+    QStringList foreignBrowserIDs = {}; // Browsers that exist on other desktops alone.
 
     bool operator==(const DesktopRoles &) const = default;
 };

@@ -21,7 +21,7 @@ struct Display {
     bool operator==(const Display &) const = default;
 };
 
-// A window on screen, as the window server sees it.
+// A window as the window server sees it.
 struct WindowInfo {
     quint32 windowID = 0;
     std::optional<qint32> processID = {};      // The owner's; absent when the desktop does not know it.
@@ -30,6 +30,7 @@ struct WindowInfo {
     QString title = {};                        // Empty when it has none.
     std::optional<WindowRect> frame = {};      // Incl. decoration, without client-side shadows.
     bool isNormalLayer = false;                // Not a panel, menu, dock or overlay.
+    bool isOnScreen = true;                    // Not minimised, and on the current desktop.
 
     bool operator==(const WindowInfo &) const = default;
 };
@@ -42,8 +43,16 @@ public:
     virtual Capability availability() const = 0;
     // In the desktop's own order; the main display need not come first.
     virtual QList<Display> displays() = 0;
-    // On screen now (not minimised, on the current desktop), front to back.
-    virtual QList<WindowInfo> windows() = 0;
+    // Front to back, incl. those that are not on screen now.
+    virtual QList<WindowInfo> allWindows() = 0;
+
+    // On screen now, front to back.
+    QList<WindowInfo> windows()
+    {
+        QList<WindowInfo> shown = allWindows();
+        shown.removeIf([](const WindowInfo &window) { return !window.isOnScreen; });
+        return shown;
+    }
 };
 
 } // namespace ardeno

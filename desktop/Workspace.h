@@ -10,7 +10,21 @@
 
 namespace ardeno {
 
-// An application with at least one process. Its identifier is the desktop's stable one (a desktop-file id).
+// An application that the desktop has no identifier for is known by the class of its windows. Nothing that is installed
+// has such an identifier: the name of a desktop file holds no slash.
+namespace WindowClass {
+
+inline constexpr QLatin1String prefix("window-class/");
+
+inline bool isIdentifier(const QString &appID)
+{
+    return appID.startsWith(prefix);
+}
+
+} // namespace WindowClass
+
+// An application with at least one process. Its identifier is the desktop's stable one (a desktop-file id), or the
+// class of its windows.
 struct RunningApplication {
     QString id = {};        // Empty when the desktop knows no identifier for it.
     QString name = {};      // The localised name; empty when it has none.

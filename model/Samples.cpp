@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/WorkspaceRecords.h"
 
+#include "support/StoredText.h"
+
 namespace ardeno {
 
 namespace {
@@ -56,7 +58,7 @@ Checkpoint Checkpoint::sample()
                         .url = "https://developer.gnome.org/hig/",
                         .browserID = "com.brave.Browser",
                         .browserName = "Brave"}};
-    checkpoint.captureNote = "An illustrative checkpoint. Nothing on your Mac has been captured.";
+    checkpoint.captureNote = storedText("An illustrative checkpoint. Nothing on your Mac has been captured.");
     return checkpoint;
 }
 

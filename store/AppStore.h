@@ -243,7 +243,8 @@ private:
     // Capturing.
     std::optional<QUuid> draftProject();
     QCoro::Task<std::optional<QUuid>> capture(CaptureRequest request, CaptureKind kind);
-    QCoro::Task<void> fill(Checkpoint *checkpoint, QString mediaFolder, bool withTabs);
+    // The limits are what the note says beside how the capture went.
+    QCoro::Task<void> fill(Checkpoint *checkpoint, QString mediaFolder, bool withTabs, QString *limits = nullptr);
     QCoro::Task<void> takePicture(Checkpoint *checkpoint, QString mediaFolder);
     void finishForm();
     void considerNewsletter();

@@ -127,14 +127,14 @@ QCoro::Task<std::optional<QUuid>> AppStore::capture(CaptureRequest request, Capt
 }
 
 // The media go into that folder; the checkpoint names them where they will be.
-QCoro::Task<void> AppStore::fill(Checkpoint *checkpoint, QString mediaFolder, bool withTabs)
+QCoro::Task<void> AppStore::fill(Checkpoint *checkpoint, QString mediaFolder, bool withTabs, QString *limits)
 {
     const QSet<QString> excluded = exclusions().appIDs();
     m_desktop.screenCapture->prepareExclusion(excluded);
     checkpoint->apps = WorkspaceCapture::applications(*m_desktop.workspace, m_desktop.roles, excluded);
     checkpoint->captureNote = u"Open apps captured. Browser capture was off."_qs;
     // What windows and browsers show is read while the picture is taken.
-    const QCoro::Task<QList<SavedWindow>> windows =
+    const QCoro::Task<WindowLayout::Captured> looking =
         WindowLayout::capture(checkpoint->apps, m_desktop, QCoreApplication::applicationPid());
     std::optional<QCoro::Task<WorkspaceCapture::OpenTabs>> reading;
     if (withTabs)
@@ -145,12 +145,20 @@ QCoro::Task<void> AppStore::fill(Checkpoint *checkpoint, QString mediaFolder, bo
     } catch (...) {
         failure = std::current_exception(); // What is being read is awaited all the same.
     }
-    checkpoint->windows = co_await windows;
+    const WindowLayout::Captured seen = co_await looking;
+    checkpoint->windows = seen.windows;
+    QString unread;
     if (reading) {
         const WorkspaceCapture::OpenTabs open = co_await *reading;
         checkpoint->tabs = open.tabs;
         checkpoint->captureNote = open.warning.value_or(u"Browser tabs and open apps captured."_qs);
+        if (!open.unreadBrowserNames.isEmpty())
+            unread = ' ' + *open.warning;
     }
+    const QString missing = WorkspaceCapture::limits(checkpoint->apps, seen.outOfSight);
+    checkpoint->captureNote += missing;
+    if (limits)
+        *limits = unread + missing;
     if (failure)
         std::rethrow_exception(failure);
 }

@@ -70,8 +70,9 @@ QCoro::Task<void> AppStore::addCurrentWindowLayout(QUuid checkpointID)
         error.set(server.reason);
         co_return;
     }
-    QList<SavedWindow> windows =
+    const WindowLayout::Captured captured =
         co_await WindowLayout::capture(changed->apps, m_desktop, QCoreApplication::applicationPid());
+    QList<SavedWindow> windows = captured.windows;
     const QSet<QString> excluded = exclusions().appIDs();
     windows.removeIf([&](const SavedWindow &window) { return excluded.contains(window.appID); });
     if (windows.isEmpty()) {

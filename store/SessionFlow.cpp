@@ -105,9 +105,10 @@ QCoro::Task<std::optional<QString>> AppStore::finishVideo(Checkpoint *checkpoint
 QCoro::Task<void> AppStore::captureEnd(Checkpoint *checkpoint)
 {
     Checkpoint end = *checkpoint;
+    QString limits;
     bool hasPicture = true;
     try {
-        co_await fill(&end, mediaFolder(end.id), includeBrowser());
+        co_await fill(&end, mediaFolder(end.id), includeBrowser(), &limits);
     } catch (const Failure &) {
         hasPicture = false;
     }
@@ -116,7 +117,7 @@ QCoro::Task<void> AppStore::captureEnd(Checkpoint *checkpoint)
         checkpoint->captureNote = "Workspace captured at the start of your session; at its end the desktop had gone.";
     } else {
         *checkpoint = std::move(end);
-        checkpoint->captureNote = "Workspace captured at the end of your session.";
+        checkpoint->captureNote = "Workspace captured at the end of your session." + limits;
         if (!hasPicture)
             checkpoint->captureNote += " The screenshot is from the start of the session.";
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "words/Words.h"
 
+#include "support/StoredText.h"
+
 #include <QCoreApplication>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -16,11 +18,19 @@ const QString desktopCatalogue = "ardeno_linux";
 // One flat list of texts, whatever class they stand in.
 class FlatCatalogue final : public QTranslator {
 public:
+    explicit FlatCatalogue(bool isEnglish) : m_isEnglish(isEnglish) {}
+
     QString translate(const char *context, const char *text, const char *hint, int n) const override
     {
         Q_UNUSED(context)
-        return QTranslator::translate("ardeno", text, hint, n);
+        const bool isStored = qstrcmp(hint, storedOnDisk) == 0;
+        if (isStored && !m_isEnglish)
+            return {};
+        return QTranslator::translate("ardeno", text, isStored ? nullptr : hint, n);
     }
+
+private:
+    bool m_isEnglish;
 };
 
 } // namespace
@@ -43,7 +53,7 @@ Words::~Words() = default; // A translator takes itself off the application.
 
 bool Words::load(const QString &name)
 {
-    auto catalogue = std::make_unique<FlatCatalogue>();
+    auto catalogue = std::make_unique<FlatCatalogue>(name == countedTexts || name == desktopCatalogue);
     // Exactly this file: by itself a translator would also try shorter names.
     if (!catalogue->load(name, ":/words", " ") || !QCoreApplication::installTranslator(catalogue.get()))
         return false;

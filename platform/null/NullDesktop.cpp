@@ -38,7 +38,7 @@ public:
 
     QList<Display> displays() override { return {}; }
 
-    QList<WindowInfo> windows() override { return {}; }
+    QList<WindowInfo> allWindows() override { return {}; }
 
 private:
     QString m_reason;

@@ -32,6 +32,10 @@
         <translation>Dieser Checkpoint konnte nicht gesichert werden: </translation>
     </message>
     <message>
+        <source>%1 tabs weren’t available. Whether its saved pages are open is not known.</source>
+        <translation>Die Tabs von %1 waren nicht verfügbar. Ob die gesicherten Seiten offen sind, ist nicht bekannt.</translation>
+    </message>
+    <message>
         <source>No new browser tabs to add.</source>
         <translation>Es gibt keine neuen Browser-Tabs.</translation>
     </message>
@@ -439,9 +443,12 @@ für die Arbeit.</translation>
         <source>Delete this checkpoint and its local recording?</source>
         <translation>Diesen Checkpoint und seine Aufnahme löschen?</translation>
     </message>
-    <message>
-        <source>Delete “%1” and all %2 checkpoints, including their local screenshots and recordings? This cannot be undone.</source>
-        <translation>„%1“ und alle %2 Checkpoints mit ihren Bildschirmfotos und Aufnahmen löschen? Das lässt sich nicht widerrufen.</translation>
+    <message numerus="yes">
+        <source>Delete “%1” and all %n checkpoints, including their local screenshots and recordings? This cannot be undone.</source>
+        <translation>
+            <numerusform>„%1“ und %n Checkpoint mit seinem Bildschirmfoto und seiner Aufnahme löschen? Das lässt sich nicht widerrufen.</numerusform>
+            <numerusform>„%1“ und alle %n Checkpoints mit ihren Bildschirmfotos und Aufnahmen löschen? Das lässt sich nicht widerrufen.</numerusform>
+        </translation>
     </message>
     <message>
         <source>Drag a project to another place, or press Alt with an arrow key</source>

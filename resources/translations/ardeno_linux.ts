@@ -4,6 +4,10 @@
 <context>
     <name>ardeno</name>
     <message>
+        <source>An illustrative checkpoint. Nothing on your Mac has been captured.</source>
+        <translation>An illustrative checkpoint. Nothing on this computer has been captured.</translation>
+    </message>
+    <message>
         <source>⌃⌥⌘S (default)</source>
         <translation>Ctrl+Alt+Super+S (default)</translation>
     </message>

@@ -173,6 +173,8 @@ TEST_CASE_FIXTURE(ProgramFixture, "a session without pictures is refused with it
     CHECK_FALSE(capabilities.at(0).toObject().value("reason").toString().isEmpty());
 
     environment.insert("DISPLAY", display);
+    CHECK_FALSE(run({"doctor"}).out.contains("Safari")); // There is none on this desktop.
+    CHECK(run({"doctor"}).out.contains("tabs of Firefox"));
     const QJsonObject report = run({"doctor", "--json"}).json();
     CHECK(report.value("session") == "x11");
     CHECK(report.value("capabilities").toArray().at(0).toObject().value("state") == "available");

@@ -21,13 +21,13 @@ public:
 
     QList<Display> displays() override { return allDisplays; }
 
-    QList<WindowInfo> windows() override { return allWindows; }
+    QList<WindowInfo> allWindows() override { return all; }
 
     QList<Display> allDisplays = {
         Display{.id = 1, .name = "Left", .bounds = {0, 0, 1000, 800}, .usableFrame = {0, 30, 1000, 770}},
         Display{.id = 2, .bounds = {1000, 0, 1000, 800}, .usableFrame = {1000, 0, 1000, 800}, .isMain = true},
     };
-    QList<WindowInfo> allWindows = {};
+    QList<WindowInfo> all = {};
 };
 
 WindowInfo editorWindow(const WindowRect &frame = {10, 40, 400, 300})
@@ -48,10 +48,10 @@ const QList<SavedApp> editor = {{"org.example.Editor", "Editor"}};
 TEST_CASE("a window is recorded with everything that placing it needs")
 {
     WindowsInMemory server;
-    server.allWindows = {editorWindow(), editorWindow({1200, 100, 400, 300})};
-    server.allWindows[1].windowID = 6;
-    server.allWindows[1].applicationName = "";
-    server.allWindows[1].title = "";
+    server.all = {editorWindow(), editorWindow({1200, 100, 400, 300})};
+    server.all[1].windowID = 6;
+    server.all[1].applicationName = "";
+    server.all[1].title = "";
 
     const QList<SavedWindow> layout = WindowLayout::windows(editor, server, ownProcessID);
 
@@ -106,7 +106,7 @@ TEST_CASE("only windows that belong to a layout are recorded")
     for (const Case &tried : cases) {
         CAPTURE(QString(tried.what));
         WindowsInMemory server;
-        server.allWindows = {tried.window};
+        server.all = {tried.window};
         CHECK(WindowLayout::windows(editor, server, ownProcessID).isEmpty() != tried.isRecorded);
     }
 }
@@ -114,7 +114,7 @@ TEST_CASE("only windows that belong to a layout are recorded")
 TEST_CASE("without a display or an application no window is recorded")
 {
     WindowsInMemory server;
-    server.allWindows = {editorWindow()};
+    server.all = {editorWindow()};
     CHECK(WindowLayout::windows({}, server, ownProcessID).isEmpty());
     server.allDisplays.clear();
     CHECK(WindowLayout::windows(editor, server, ownProcessID).isEmpty());
@@ -196,7 +196,7 @@ TEST_CASE("folders belong to windows of file browsers, documents to all others, 
     desktop.roles.fileBrowserIDs = {"files"};
     const QList<SavedApp> apps = {{"files", "Files"}, {"editor", "Editor"}};
 
-    const QList<SavedWindow> layout = finish(WindowLayout::capture(apps, desktop, ownProcessID));
+    const QList<SavedWindow> layout = finish(WindowLayout::capture(apps, desktop, ownProcessID)).windows;
 
     REQUIRE(layout.size() == 3);
     CHECK(layout[0].locationURL == "/home/me/Thesis");
@@ -220,7 +220,7 @@ TEST_CASE("a browser's window keeps its place but not its title unless it certai
     const Desktop desktop = memory.makeDesktop();
     const QList<SavedApp> apps = {{"browser", "Browser"}, {"editor", "Editor"}};
 
-    const QList<SavedWindow> layout = finish(WindowLayout::capture(apps, desktop, ownProcessID));
+    const QList<SavedWindow> layout = finish(WindowLayout::capture(apps, desktop, ownProcessID)).windows;
 
     REQUIRE(layout.size() == 3);
     CHECK(layout[0].title == "Related work");

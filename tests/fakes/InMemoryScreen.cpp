@@ -17,7 +17,7 @@ public:
 
     QList<Display> displays() override { return m_desktop.displays; }
 
-    QList<WindowInfo> windows() override { return m_desktop.windows; }
+    QList<WindowInfo> allWindows() override { return m_desktop.windows; }
 };
 
 class InMemoryScreenCapture final : public Available<ScreenCapture> {

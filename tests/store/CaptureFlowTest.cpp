@@ -43,6 +43,39 @@ TEST_CASE_FIXTURE(StoreFixture, "the form saves a checkpoint of the workspace, c
     CHECK(memory.preparedExclusions.last() == QSet<QString>{"org.secret"});
 }
 
+TEST_CASE_FIXTURE(StoreFixture,
+                  "the note says what is saved by name alone and what was out of sight, never of what is excluded")
+{
+    const QString windowClass = "window-class/";
+    const auto hide = [this](const QString &id) {
+        memory.addApplication(id, id.section('/', -1), {0, 0, 500, 500}, "hidden");
+        memory.windows.last().isOnScreen = false;
+    };
+    hide("org.secret");
+    hide(windowClass + "Secret");
+    for (const char *excluded : {"org.secret", "window-class/Secret"})
+        store().excludeApp({excluded, "Secret"});
+    hide("org.second");
+    memory.addApplication(windowClass + "Xmessage", "Xmessage", {0, 0, 500, 500});
+    store().draftProjectName.set("Thesis");
+    finish(store().captureMoment({}, {}, CaptureKind::Checkpoint));
+    const QString named = " Not among the installed apps, so saved by the name of their windows: Xmessage.";
+    CHECK(store().selected()->captureNote ==
+          "Open apps captured. Browser capture was off." + named +
+              " 1 window was minimised or on another workspace: what it shows is not saved.");
+    CHECK(store().selected()->windows->size() == 2);
+
+    hide("org.third");
+    store().includeBrowser.set(true);
+    memory.tabRecords["com.google.Chrome"] = QString(); // Runs and cannot be read.
+    finish(store().captureMoment({}, {}, CaptureKind::Session));
+    finish(store().stop());
+    const QString note = store().selected()->captureNote;
+    CHECK(note.startsWith(u"Workspace captured at the end of your session. Chrome tabs weren’t available."_qs));
+    CHECK(note.endsWith(named + " 2 windows were minimised or on another workspace: what they show is not saved."));
+    CHECK(store().selected()->apps.last().id == windowClass + "Xmessage");
+}
+
 TEST_CASE_FIXTURE(StoreFixture, "a checkpoint without a title is named after the time")
 {
     store().draftProjectName.set("Thesis");

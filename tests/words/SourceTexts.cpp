@@ -103,8 +103,9 @@ QList<SourceText> sourceTexts()
             const QString path = files.next();
             const QList<Token> all = tokens(fileText(path));
             for (qsizetype i = 0; i < all.size(); ++i) {
+                const bool isStored = i >= 2 && all.at(i - 2).text == "storedText";
                 if (all.at(i).kind == Token::Kind::Text)
-                    texts.append({path.mid(sources.size() + 1), all.at(i).text, isTranslated(all, i)});
+                    texts.append({path.mid(sources.size() + 1), all.at(i).text, isTranslated(all, i), isStored});
             }
         }
     }

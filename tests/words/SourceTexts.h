@@ -13,6 +13,7 @@ struct SourceText {
     QString file = {}; // Below the folder of the sources.
     QString text = {};
     bool isTranslatable = false; // It stands in tr() or translate().
+    bool isStored = false;       // It stands in storedText().
 };
 
 // Every text of the rooms that say something to people.

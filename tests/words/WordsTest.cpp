@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "words/Words.h"
+#include "support/StoredText.h"
 #include "tests/Printing.h"
 #include "tests/words/SourceTexts.h"
 
@@ -42,14 +43,19 @@ QStringList placeholders(const QString &text)
     return found;
 }
 
-QSet<QString> translatableTexts()
+QSet<QString> textsThat(bool SourceText::*property)
 {
     QSet<QString> texts;
     for (const SourceText &text : sourceTexts()) {
-        if (text.isTranslatable)
+        if (text.*property)
             texts.insert(text.text);
     }
     return texts;
+}
+
+QSet<QString> translatableTexts()
+{
+    return textsThat(&SourceText::isTranslatable);
 }
 
 } // namespace
@@ -98,8 +104,11 @@ TEST_CASE("every text has a German translation, and what is counted an English s
     const auto counted = catalogue("ardeno_en");
     QStringList missing;
     for (const QString &text : translatableTexts()) {
-        const bool isTranslated = german.contains(text) || onThisDesktop.contains(text) || text.trimmed().isEmpty();
-        if (!isTranslated || (isCounted(text) && !counted.contains(text)))
+        if (!german.contains(text) && !onThisDesktop.contains(text) && !text.trimmed().isEmpty())
+            missing << text;
+    }
+    for (const QString &text : translatableTexts() + textsThat(&SourceText::isStored)) {
+        if (isCounted(text) && !counted.contains(text))
             missing << text;
     }
     missing.sort();
@@ -146,16 +155,28 @@ TEST_CASE("the language's own words for this desktop come last, and an unknown l
     CHECK(shown(u"⌃⌥⌘S (default)"_qs) == u"⌃⌥⌘S (default)"_qs);
 }
 
-TEST_CASE("what names another desktop and cannot be replaced is stored on disk")
+TEST_CASE("what is stored is English in the words of this desktop, whatever the user's language is")
 {
-    // Sentences of records, which stay as they are wherever they are read.
-    const QSet<QString> stored = {
-        "An illustrative checkpoint. Nothing on your Mac has been captured.",
+    // Some sentences are shown and stored.
+    const QSet<QString> texts = translatableTexts() + textsThat(&SourceText::isStored);
+    const auto storedTexts = [&](const Words &) {
+        QStringList stored;
+        for (const QString &text : texts)
+            stored << storedText(text.toUtf8().constData(), isCounted(text) ? 1 : -1);
+        return stored;
     };
+    const QStringList english = storedTexts(Words(Words::Language::English));
+    CHECK(storedTexts(Words(QStringList{"de"})) == english);
+    CHECK(english.filter("computer").size() > 1);
+    CHECK(std::none_of(english.begin(), english.end(), isForeign));
+}
+
+TEST_CASE("what names another desktop can be replaced")
+{
     QStringList others;
     for (const SourceText &text : sourceTexts()) {
         const bool isSentence = text.text.contains(' '); // Not a name of a browser or the like.
-        if (isSentence && !text.isTranslatable && isForeign(text.text) && !stored.contains(text.text))
+        if (isSentence && !text.isTranslatable && !text.isStored && isForeign(text.text))
             others << text.file + ": " + text.text;
     }
     CHECK(others == QStringList());

@@ -57,9 +57,10 @@ void Presentations::showDeletingProject()
     const AlertText question{
         .title = PresentationTexts::tr("Delete project?"),
         .message = PresentationTexts::tr(
-                       "Delete “%1” and all %2 checkpoints, including their local screenshots and recordings? This "
-                       "cannot be undone.")
-                       .arg(project.name, QString::number(m_store.checkpointsFor(project.id).size())),
+                       "Delete “%1” and all %n checkpoints, including their local screenshots and recordings? This "
+                       "cannot be undone.",
+                       "", static_cast<int>(m_store.checkpointsFor(project.id).size()))
+                       .arg(project.name),
         .confirm = PresentationTexts::tr("Delete project"),
         .cancel = PresentationTexts::tr("Cancel"),
         .kind = Button::Kind::Destructive,

@@ -25,6 +25,7 @@ DesktopRoles linuxRoles()
     };
     // A file browser that draws the desktop has no window of its own, and yet it runs.
     roles.alwaysListedIDs = roles.fileBrowserIDs;
+    roles.foreignBrowserIDs = {"com.apple.Safari"};
     return roles;
 }
 

@@ -99,7 +99,7 @@ public:
         const bool isPopup = window.isOverrideRedirect && owner.client == window.id;
         if (isPopup && owner.processID && m_processes.contains(*owner.processID))
             return true; // Of which of its applications, a process with several does not say.
-        if (owner.applicationID)
+        if (owner.isIdentified)
             return false;
         return !owner.processID || m_processes.contains(*owner.processID) ||
                m_connections.contains(connectionOf(owner));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/WindowOwners.h"
 
+#include "desktop/Workspace.h"
 #include "platform/linux/common/ProcessFacts.h"
 #include "platform/linux/x11/WindowTree.h"
 #include "platform/linux/x11/X11Property.h"
@@ -175,8 +176,35 @@ WindowOwner owner(const Hints &hints, const std::optional<DesktopEntry> &entry)
     if (entry) {
         result.applicationID = entry->id;
         result.applicationName = entry->name;
+        result.isIdentified = true;
     }
     return result;
+}
+
+// What a window calls itself, else the file that its process runs; empty when neither is known.
+QString ownName(const Hints &hints)
+{
+    if (!hints.windowClass.isEmpty())
+        return hints.windowClass;
+    if (!hints.instance.isEmpty() || !hints.processID)
+        return hints.instance;
+    return ProcessFacts(*hints.processID).program().section('/', -1);
+}
+
+// A managed window that says nothing of an installed application: that of the other windows of its process, or a name
+// of its own. Of which of several applications it is, nobody knows.
+void name(WindowOwner &owner, const Hints &hints, const QList<DesktopEntry> &ofProcess)
+{
+    if (ofProcess.size() == 1) {
+        owner.applicationID = ofProcess.first().id;
+        owner.applicationName = ofProcess.first().name;
+        return;
+    }
+    const QString name = ownName(hints);
+    if (!ofProcess.isEmpty() || name.isEmpty())
+        return;
+    owner.applicationID = WindowClass::prefix + name;
+    owner.applicationName = name;
 }
 
 QHash<xcb_window_t, Hints> readHints(const X11Connection &connection, const QList<xcb_window_t> &windows)
@@ -232,7 +260,9 @@ QHash<xcb_window_t, WindowOwner> WindowOwners::owners(const QList<xcb_window_t> 
             if (!entry)
                 entry = identification.byProcess(hint.processID);
         }
-        result.insert(window, owner(hint, entry));
+        WindowOwner &found = *result.insert(window, owner(hint, entry));
+        if (hint.isManaged && !entry)
+            name(found, hint, applications.value(hint.processID.value_or(0)));
     }
     return result;
 }

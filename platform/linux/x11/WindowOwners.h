@@ -16,8 +16,9 @@ namespace ardeno {
 struct WindowOwner {
     xcb_window_t client = XCB_NONE; // The application's own window: the one inside a frame, or the window itself.
     std::optional<qint32> processID = {};
-    std::optional<QString> applicationID = {}; // Absent when no installed application is known by the window.
+    std::optional<QString> applicationID = {}; // Absent when nothing is known of it.
     QString applicationName = {};              // Localised; empty when it has none.
+    bool isIdentified = false;                 // The window itself or its program is one of an installed application.
 
     bool operator==(const WindowOwner &) const = default;
 };

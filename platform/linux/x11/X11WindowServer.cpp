@@ -26,7 +26,7 @@ QList<Display> X11WindowServer::displays()
     return readDisplays(*m_connection);
 }
 
-QList<WindowInfo> X11WindowServer::windows()
+QList<WindowInfo> X11WindowServer::allWindows()
 {
     QList<xcb_window_t> frontToBack = WindowTree::clients(*m_connection);
     std::reverse(frontToBack.begin(), frontToBack.end());
@@ -34,8 +34,6 @@ QList<WindowInfo> X11WindowServer::windows()
     const QHash<xcb_window_t, WindowOwner> owners = WindowOwners(*m_connection, *m_entries).owners(frontToBack);
     QList<WindowInfo> windows;
     for (const X11WindowFacts &window : facts) {
-        if (!window.isOnScreen)
-            continue;
         const WindowOwner owner = owners.value(window.window);
         windows.append(WindowInfo{
             .windowID = window.window,
@@ -45,6 +43,7 @@ QList<WindowInfo> X11WindowServer::windows()
             .title = window.title,
             .frame = window.frame,
             .isNormalLayer = window.isOrdinary && !window.isAbove,
+            .isOnScreen = window.isOnScreen,
         });
     }
     return windows;

@@ -16,7 +16,7 @@ public:
 
     Capability availability() const override;
     QList<Display> displays() override;
-    QList<WindowInfo> windows() override;
+    QList<WindowInfo> allWindows() override;
 
 private:
     std::shared_ptr<X11Connection> m_connection;

@@ -5,6 +5,7 @@
 #include "platform/linux/x11/WindowTree.h"
 #include "platform/linux/x11/X11Windows.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QSet>
 
@@ -32,6 +33,8 @@ QList<RunningApplication> X11Workspace::runningApplications()
         const WindowOwner owner = owners.value(window.window);
         if (!owner.applicationID || !window.frame) // Nobody knows it, or it has just gone.
             continue;
+        if (!owner.isIdentified && owner.processID == qint32(QCoreApplication::applicationPid()))
+            continue; // This program, where it is not installed.
         const auto known = positions.constFind(*owner.applicationID);
         if (known == positions.constEnd()) {
             positions.insert(*owner.applicationID, applications.size());

@@ -78,8 +78,9 @@ TEST_CASE_FIXTURE(SessionFixture,
              Case{"the class before the file", "", "", "testfile", "TestClass", "org.test.ByClass"},
              Case{"only the class counts as a class", "", "", "TestClass", "Testfile", "testfile"},
              Case{"the instance as a file", "", "", "TESTFILE", "Unknown", "testfile"},
-             Case{"a path is no name", "../applications/org.test.Gtk", "", "/testfile", "", "none"},
-             Case{"nothing known", "", "", "unknown", "Unknown", "none"},
+             Case{"a path is no name", "../applications/org.test.Gtk", "", "/testfile", "", "window-class//testfile"},
+             Case{"a class that no application has", "", "", "unknown", "Unknown", "window-class/Unknown"},
+             Case{"nothing at all", "", "", "", "", "window-class/test_platform_x11desktop"},
          }) {
         CAPTURE(QString(tried.what));
         desktop_test::TestWindow window;
@@ -89,6 +90,32 @@ TEST_CASE_FIXTURE(SessionFixture,
         window.show();
         CHECK(idOf(window.id()) == tried.id);
     }
+}
+
+TEST_CASE_FIXTURE(SessionFixture,
+                  "what is not installed is an application by the class of its windows, unless they are another's")
+{
+    CHECK_FALSE(entries->find("window-class/Xmessage"));
+    Application message("xmessage", {"-title", "not installed", "Hello"});
+    REQUIRE(message.waitForWindow("not installed") != 0);
+    CHECK(eventually([&] { return running("window-class/Xmessage").has_value(); }));
+    CHECK(*running("window-class/Xmessage") == RunningApplication{"window-class/Xmessage", "Xmessage", true});
+
+    install("org.test.Own", "Name=Own");
+    install("org.test.Second", "Name=Second");
+    desktop_test::TestWindow unknown;
+    unknown.setClass("helper", "Helper");
+    unknown.show();
+    CHECK(idOf(unknown.id()) == "window-class/Helper");
+    CHECK_FALSE(running("window-class/Helper")); // This very program is none of the user's applications.
+    desktop_test::TestWindow own;
+    own.setText("_GTK_APPLICATION_ID", "org.test.Own");
+    own.show();
+    CHECK(idOf(unknown.id()) == "org.test.Own");
+    desktop_test::TestWindow second;
+    second.setText("_GTK_APPLICATION_ID", "org.test.Second");
+    second.show();
+    CHECK(idOf(unknown.id()) == "none"); // Of which of the two, nobody knows.
 }
 
 TEST_CASE_FIXTURE(SessionFixture, "a window without hints is attributed by how its process was started")
