@@ -39,6 +39,9 @@ constexpr std::chrono::milliseconds lookInterval = 100ms;
 constexpr qint64 timeToSettle = 400;
 // Milliseconds in which an application that has just opened a window may still change it by itself.
 constexpr qint64 timeToAdjust = 600;
+// Milliseconds in which an application that has shown a window may open another one or name the one it has: some show
+// a page or a document only afterwards, and titles that never come back are not waited for any longer.
+constexpr qint64 timeToName = 2000;
 
 bool isAt(const WindowRect &frame, const WindowRect &place)
 {
@@ -60,6 +63,7 @@ struct Pending {
 
 // Where a live window was seen, and since when it has been there.
 struct Sighting {
+    QString title = {};
     WindowRect frame = {};
     qint64 since = 0; // Milliseconds of the restore's clock.
     bool isMovedByUser = false;
@@ -95,6 +99,7 @@ private:
     Decision decide(const Pending &pending, const QList<MovableWindow> &live) const;
     Decision decide(const Pending &pending, const MovableWindow &window) const;
     bool isStill(const MovableWindow &window) const;
+    bool isComing(const Pending &pending) const;
     void skip(const SavedWindow &saved, const QString &why);
     void finish(const SavedWindow &saved, MoveResult result);
 
@@ -107,6 +112,7 @@ private:
     QList<Pending> m_pending;
     QList<Placed> m_late;
     QHash<quint32, Sighting> m_sightings;
+    QHash<QString, qint64> m_news; // When an application last showed a window or changed a title.
     RestoreResult m_result;
 };
 
@@ -155,9 +161,13 @@ void Restore::look(const QList<MovableWindow> &live)
     for (const MovableWindow &window : live) {
         const auto known = m_sightings.find(window.windowID);
         if (known == m_sightings.end()) {
-            m_sightings.insert(window.windowID, {window.frame, now, false});
+            m_sightings.insert(window.windowID, {window.title, window.frame, now, false});
+            m_news.insert(window.applicationID, now);
             continue;
         }
+        if (known->title != window.title)
+            m_news.insert(window.applicationID, now);
+        known->title = window.title;
         if (known->frame == window.frame)
             continue;
         const bool isMoved = known->frame.x != window.frame.x || known->frame.y != window.frame.y;
@@ -170,6 +180,13 @@ void Restore::look(const QList<MovableWindow> &live)
 bool Restore::isStill(const MovableWindow &window) const
 {
     return m_clock.elapsed() - m_sightings.value(window.windowID).since >= lookInterval.count();
+}
+
+bool Restore::isComing(const Pending &pending) const
+{
+    const QString &appID = pending.saved.appID;
+    return pending.isAwaited && (!m_request.isStarting || m_request.isStarting(appID) ||
+                                 m_clock.elapsed() - m_news.value(appID) < timeToName);
 }
 
 Restore::Decision Restore::decide(const Pending &pending, const MovableWindow &window) const
@@ -201,7 +218,7 @@ Restore::Decision Restore::decide(const Pending &pending, const QList<MovableWin
     const bool isUntitled = pending.saved.title.isEmpty();
     const bool isThere = isUntitled ? !titles.isEmpty() : titles.contains(pending.saved.title);
     if (!isThere)
-        return {.skip = pending.isAwaited ? nullptr : reason::noSuchWindow};
+        return {.skip = isComing(pending) ? nullptr : reason::noSuchWindow};
     const auto index = WindowPlacement::matchIndex(pending.saved.title, titles, pending.groupSize);
     if (!index || pending.isAmbiguous)
         return {.skip = reason::several};

@@ -12,6 +12,7 @@
 #include <QUuid>
 
 #include <chrono>
+#include <functional>
 
 namespace ardeno::WindowLayout {
 
@@ -21,6 +22,8 @@ struct RestoreRequest {
     QSet<QString> allowedAppIDs = {}; // Windows of other applications are neither touched nor counted.
     QSet<QUuid> onlyIDs = {};         // When not empty, the others count only for telling windows apart.
     QSet<QUuid> awaitedIDs = {};      // Saved windows that this resume caused to be opened: they may come late.
+    // Whether what was opened with an application has yet to show its window; without an answer the patience decides.
+    std::function<bool(const QString &)> isStarting = {};
     std::chrono::milliseconds firstWait = std::chrono::milliseconds(650);
     std::chrono::milliseconds patience = std::chrono::seconds(10); // For awaited windows.
 };

@@ -38,6 +38,8 @@ public:
     // The tabs were saved from one window of one browser. False, and nothing opened, unless it is certain which window
     // that is now.
     virtual QCoro::Task<bool> openInSavedWindow(QList<TabToReopen> tabs) = 0;
+    // Whether what was opened with this application has yet to show its window, or to hand over to one that is there.
+    virtual bool isStarting(const QString &appID) const = 0;
     // The focus stays with the user from the first that is opened until this returns: it waits until what was started
     // has settled, at most some seconds, and names the applications that ended at once with an error.
     virtual QCoro::Task<QStringList> settle() = 0;

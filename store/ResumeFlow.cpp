@@ -64,6 +64,7 @@ QCoro::Task<void> AppStore::restorePlaces(WindowLayout::LocationRequest places, 
     report->documents = opened.documents;
     report->outcome.failures += opened.failures;
     WindowLayout::RestoreRequest request{.windows = places.windows, .allowedAppIDs = places.allowedAppIDs};
+    request.isStarting = [this](const QString &appID) { return m_desktop.launcher->isStarting(appID); };
     for (const SavedWindow &window : std::as_const(places.windows)) {
         const bool isStarting = places.launchedAppIDs.contains(window.appID) && !opened.failedIDs.contains(window.id);
         if (isStarting || opened.openedIDs.contains(window.id))

@@ -26,6 +26,8 @@ public:
 
     QCoro::Task<bool> openInSavedWindow(QList<TabToReopen>) override { co_return false; }
 
+    bool isStarting(const QString &) const override { return false; }
+
     QCoro::Task<QStringList> settle() override { co_return QStringList(); }
 
 private:

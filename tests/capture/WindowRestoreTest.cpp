@@ -143,6 +143,33 @@ TEST_CASE_FIXTURE(RestoreFixture, "late windows of started applications are awai
     CHECK(memory.movable[1].frame == otherFrame);
 }
 
+TEST_CASE_FIXTURE(RestoreFixture, "titles that do not come back are waited for only while something is starting")
+{
+    save("terminal", "me@host: ~/work");
+    save("editor", "slow.txt");
+    save("editor", "slower.txt");
+    request.awaitedIDs = {request.windows[0].id, request.windows[1].id, request.windows[2].id};
+    request.patience = 1h;
+    QSet<QString> starting = {"terminal", "editor"};
+    request.isStarting = [&](const QString &app) { return starting.contains(app); };
+    QTimer::singleShot(300, [&] {
+        open(1, "terminal", "me@host: ~");
+        starting.remove("terminal");
+    });
+    // One window after the other, and each gets its title late.
+    QTimer::singleShot(2500, [&] {
+        open(2, "editor", "Untitled");
+        starting.remove("editor");
+    });
+    QTimer::singleShot(4000, [&] { memory.movable[1].title = "slow.txt"; });
+    QTimer::singleShot(5500, [&] { open(3, "editor", "slower.txt"); });
+
+    const RestoreResult result = run();
+
+    CHECK(result.restoredCount == 2);
+    CHECK(skipped(result) == QStringList{"me@host: ~/work: no such window"});
+}
+
 TEST_CASE_FIXTURE(RestoreFixture, "without consent nothing is counted, without a way to move everything is skipped")
 {
     save("app", "window");

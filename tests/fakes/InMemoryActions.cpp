@@ -75,6 +75,8 @@ public:
         co_return true;
     }
 
+    bool isStarting(const QString &appID) const override { return m_desktop.starting.contains(appID); }
+
     QCoro::Task<QStringList> settle() override { co_return std::exchange(m_desktop.endedWithError, {}); }
 
 private:

@@ -37,6 +37,7 @@ struct InMemoryDesktop {
     QHash<QString, QString> openFailures = {}; // Why an application or the default browser ("") cannot be opened.
     QSet<QString> certainWindowIDs = {};       // The browser windows that can be found again.
     QStringList endedWithError = {};           // Names of applications.
+    QSet<QString> starting = {};               // Applications that have yet to show what they were opened for.
     std::function<void(const QString &)> whenOpened = {}; // Called with each entry of opened.
     QList<RecordingRequest> recordings = {};              // As they were asked for.
     RecordingEvents recordingEvents = {};                 // Of the last one, for what a test lets happen to it.

@@ -44,7 +44,7 @@ DesktopEntry ApplicationLauncher::entry(const QString &appID)
 std::function<void(pid_t)> ApplicationLauncher::startedFor(const DesktopEntry &entry)
 {
     return [this, entry](pid_t process) {
-        m_children.add(process, entry.name);
+        m_children.add(process, entry.name, [this, id = entry.id] { m_focus.cancel(id); });
         m_focus.setStarter(entry.id, [this, process] { return m_children.isRunning(process); });
     };
 }

@@ -25,6 +25,9 @@ public:
     QCoro::Task<void> reveal(QString path) override;
     QCoro::Task<void> openPages(QString appID, QStringList addresses) override;
     QCoro::Task<bool> openInSavedWindow(QList<TabToReopen> tabs) override;
+
+    bool isStarting(const QString &appID) const override { return m_focus.isStarting(appID); }
+
     QCoro::Task<QStringList> settle() override;
 
 private:

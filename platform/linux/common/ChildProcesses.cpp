@@ -10,7 +10,7 @@
 
 namespace ardeno {
 
-void ChildProcesses::add(pid_t process, const QString &name)
+void ChildProcesses::add(pid_t process, const QString &name, std::function<void()> whenFailed)
 {
     FileDescriptor descriptor(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
     std::unique_ptr<QSocketNotifier> notifier;
@@ -19,12 +19,8 @@ void ChildProcesses::add(pid_t process, const QString &name)
         QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(),
                          [this, process] { collect(process); });
     }
-    m_children.push_back(std::make_unique<Child>(Child{process, name, std::move(descriptor), std::move(notifier)}));
-}
-
-bool ChildProcesses::isRunning(const QString &name) const
-{
-    return std::any_of(m_children.begin(), m_children.end(), [&](const auto &child) { return child->name == name; });
+    m_children.push_back(std::make_unique<Child>(
+        Child{process, name, std::move(whenFailed), std::move(descriptor), std::move(notifier)}));
 }
 
 bool ChildProcesses::isRunning(pid_t process) const
@@ -35,6 +31,8 @@ bool ChildProcesses::isRunning(pid_t process) const
 
 QStringList ChildProcesses::takeFailures()
 {
+    for (const auto &child : m_children)
+        child->whenFailed = {};
     return std::exchange(m_failures, {});
 }
 
@@ -45,8 +43,10 @@ void ChildProcesses::collect(pid_t process)
     int status = 0;
     if (found == m_children.end() || ::waitpid(process, &status, WNOHANG) == 0)
         return;
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+    if ((*found)->whenFailed && (!WIFEXITED(status) || WEXITSTATUS(status) != 0)) {
         m_failures.append((*found)->name);
+        (*found)->whenFailed();
+    }
     // This function was called by the notifier, which therefore outlives it.
     (*found)->notifier->setEnabled(false);
     (*found)->notifier.release()->deleteLater();

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -18,18 +19,19 @@ namespace ardeno {
 // those that end with an error are remembered.
 class ChildProcesses final {
 public:
-    // The name is what failures() calls it.
-    void add(pid_t process, const QString &name);
-    bool isRunning(const QString &name) const;
+    // The name is what takeFailures() calls it. Whoever wants to know is told when it ends with an error.
+    void add(pid_t process, const QString &name, std::function<void()> whenFailed);
     bool isRunning(pid_t process) const;
-    // The names of those that have ended with an error since the last call.
+    // The names of those that have ended with an error since they were added or since the last call. How those that
+    // still run will end is nobody's concern any more: their user may end them in any way.
     QStringList takeFailures();
 
 private:
     struct Child {
         pid_t process;
         QString name;
-        FileDescriptor descriptor; // Readable once the process has ended.
+        std::function<void()> whenFailed; // Empty once it counts as started.
+        FileDescriptor descriptor;        // Readable once the process has ended.
         std::unique_ptr<QSocketNotifier> notifier;
     };
 

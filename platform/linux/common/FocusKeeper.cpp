@@ -49,8 +49,10 @@ void FocusKeeper::expect(const QString &appID)
         m_watch.start();
     }
     m_started.insert(appID);
-    m_expected.removeIf([&](const Expected &expected) { return expected.appID == appID; });
-    m_expected.append({.appID = appID, .windowsBefore = windows().values().count(appID)});
+    cancel(appID);
+    m_expected.append({.appID = appID,
+                       .windowsBefore = windows().values().count(appID),
+                       .patience = QDeadlineTimer(patienceForWindow)});
     m_patience.setRemainingTime(longestWatch);
 }
 
@@ -60,6 +62,17 @@ void FocusKeeper::setStarter(const QString &appID, const std::function<bool()> &
         if (expected.appID == appID)
             expected.isStarting = isAtWork;
     }
+}
+
+void FocusKeeper::cancel(const QString &appID)
+{
+    m_expected.removeIf([&](const Expected &expected) { return expected.appID == appID; });
+}
+
+bool FocusKeeper::isStarting(const QString &appID) const
+{
+    return std::any_of(m_expected.begin(), m_expected.end(),
+                       [&](const Expected &expected) { return expected.appID == appID && !expected.hasCome; });
 }
 
 QCoro::Task<bool> FocusKeeper::lend(quint32 window)
@@ -144,7 +157,9 @@ void FocusKeeper::notice(const QList<QString> &appIDs)
         expected.hasCome = true;
         expected.calm.setRemainingTime(timeToFocus);
     }
-    m_expected.removeIf([](const Expected &expected) { return expected.hasCome && expected.calm.hasExpired(); });
+    m_expected.removeIf([](const Expected &expected) {
+        return expected.hasCome ? expected.calm.hasExpired() : expected.patience.hasExpired();
+    });
 }
 
 } // namespace ardeno

@@ -32,6 +32,11 @@ public:
     // Tells, for an application that has windows already, whether what hands over to it is still at work.
     void setStarter(const QString &appID, const std::function<bool()> &isAtWork);
 
+    // It will show nothing.
+    void cancel(const QString &appID);
+    // Whether the application has yet to show what it was started for.
+    bool isStarting(const QString &appID) const;
+
     // Makes the window the active one, until resume() gives the focus back. False when it did not become so in time.
     QCoro::Task<bool> lend(quint32 window);
     void resume();
@@ -44,6 +49,7 @@ private:
         QString appID;
         qsizetype windowsBefore = 0;
         std::function<bool()> isStarting = {};
+        QDeadlineTimer patience = {};
         bool hasCome = false;
         QDeadlineTimer calm = {}; // From when on its window has had its chance to take the focus.
     };

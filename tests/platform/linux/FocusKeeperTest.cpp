@@ -94,6 +94,36 @@ TEST_CASE_FIXTURE(ScriptedSession, "an application that runs may take the focus 
     CHECK_FALSE(isAtWork);
 }
 
+TEST_CASE_FIXTURE(ScriptedSession, "an application is starting until it shows a window, hands over or fails")
+{
+    bool isAtWork = true;
+    keeper.expect("editor");
+    keeper.setStarter("editor", [&] { return isAtWork; });
+    waitForLook();
+    CHECK(keeper.isStarting("editor"));
+    CHECK_FALSE(keeper.isStarting("terminal"));
+    SUBCASE("it shows one")
+    {
+        appear(new1, "editor");
+    }
+    SUBCASE("it hands over")
+    {
+        keeper.expect("terminal");
+        keeper.setStarter("terminal", [&] { return isAtWork; });
+        waitForLook();
+        CHECK(keeper.isStarting("terminal"));
+        isAtWork = false;
+        keeper.cancel("editor");
+    }
+    SUBCASE("it fails")
+    {
+        keeper.cancel("editor");
+    }
+    waitForLook();
+    CHECK_FALSE(keeper.isStarting("editor"));
+    CHECK_FALSE(keeper.isStarting("terminal"));
+}
+
 TEST_CASE_FIXTURE(ScriptedSession, "a window that is lent the focus has it until it gives it back")
 {
     windows.append({.applicationID = "browser", .windowID = browser});
