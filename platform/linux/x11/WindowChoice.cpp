@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/WindowChoice.h"
 
+#include "platform/linux/x11/ServerGrab.h"
 #include "platform/linux/x11/WindowTree.h"
 #include "platform/linux/x11/X11Property.h"
 
@@ -177,6 +178,16 @@ Clients clientsOf(const QHash<xcb_window_t, WindowOwner> &owners)
 
 } // namespace
 
+void WindowChoice::leaveOutStrangers(const QList<TopLevel> &windows, const std::function<bool(xcb_window_t)> &isNew)
+{
+    for (const TopLevel &window : windows) {
+        if (knows(window.id) && !isNew(window.id))
+            continue;
+        allowed.remove(window.id);
+        leftOut.insert(window.id);
+    }
+}
+
 // A compositing manager shows windows for a while after
 // they have gone, so there it is enough that there might have been one.
 bool mayShowLeftOut(const WindowChoice &choice, const QList<TopLevel> &windows, const Exclusion &exclusion)
@@ -192,6 +203,7 @@ bool mayShowLeftOut(const WindowChoice &choice, const QList<TopLevel> &windows, 
 WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entries, const QList<TopLevel> &windows,
                            const Exclusion &exclusion)
 {
+    Q_ASSERT(!ServerGrab::isHeld());
     WindowChoice choice;
     Clients clients;
     if (exclusion.appIDs.isEmpty()) {

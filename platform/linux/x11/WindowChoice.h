@@ -10,6 +10,7 @@
 #include <QSet>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace ardeno {
@@ -23,6 +24,9 @@ struct WindowChoice {
     bool isComposited = false; // A compositing manager runs, which gives alpha its meaning.
 
     bool knows(xcb_window_t window) const { return allowed.contains(window) || leftOut.contains(window); }
+
+    // Whom nobody has judged, or whose number was another window's then, is not shown.
+    void leaveOutStrangers(const QList<TopLevel> &windows, const std::function<bool(xcb_window_t)> &isNew);
 };
 
 // What is to be left out.
@@ -32,7 +36,8 @@ struct Exclusion {
     std::optional<RunningProcesses> onlyProcesses = {}; // With excluded applications: windows of others go, too.
 };
 
-// Judges these windows, mapped or not. The owners are asked for only when an application is excluded.
+// Judges these windows, mapped or not. The owners are asked for only when an application is excluded. Reads files, and
+// so never while the server is grabbed: a disk that does not answer would stop the whole screen.
 WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entries, const QList<TopLevel> &windows,
                            const Exclusion &exclusion);
 

@@ -53,11 +53,14 @@ std::optional<FetchedPixels> X11Composition::frame(const DisplayPlacement &place
         pixels = grabbed(redirection, placement, changes);
     }
     if (!pixels) {
-        // Windows come and go faster than they can be judged, so the server must stand still for that, too.
+        // Windows come and go faster than they can be judged.
         const ServerGrab grab(redirection.connection());
         redirection.processAllEvents();
-        choose(redirection);
+        m_choice->leaveOutStrangers(topLevels(redirection.connection()),
+                                    [&](xcb_window_t window) { return redirection.hasComeSince(window, m_revision); });
+        m_revision = redirection.revision();
         pixels = grabbed(redirection, placement, changes);
+        m_choice.reset(); // The strangers are judged for the next frame.
     }
     redirection.processEvents(); // What was read meanwhile does not wake the hold's own thread.
     requireAlive(redirection.connection());

@@ -109,23 +109,24 @@ Canvas X11Picture::ofWindows(X11Redirection &redirection)
 {
     const X11Connection &connection = redirection.connection();
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
-        const quint64 departures = redirection.departures();
-        if (!m_choice)
+        if (!m_choice || attempt > 0) {
+            m_revision = redirection.revision();
+            const quint64 departures = redirection.departures();
             choose(connection, topLevels(connection), departures);
+        }
         waitForDrawing(redirection, *m_choice, displayAreas());
         std::optional<ServerGrab> grab(connection);
         const Moment now = moment(connection, redirection.extensions());
         redirection.processAllEvents();
         if (knowsAll(now.windows, redirection.departures()))
             return grabbedWindows(redirection, now, grab);
-        m_choice.reset();
     }
-    // Windows come and go faster than they can be judged, so the server must stand still for that, too. Then windows
-    // may still go, with programs that end, but none comes.
+    // Windows come and go faster than they can be judged.
     std::optional<ServerGrab> grab(connection);
-    choose(connection, topLevels(connection), redirection.departures());
     const Moment now = moment(connection, redirection.extensions());
     redirection.processAllEvents();
+    m_choice->leaveOutStrangers(now.windows,
+                                [&](xcb_window_t window) { return redirection.hasComeSince(window, m_revision); });
     return grabbedWindows(redirection, now, grab);
 }
 

@@ -58,6 +58,7 @@ private:
     Exclusion m_exclusion;
     std::optional<WindowChoice> m_choice = {}; // Of the last attempt; new windows are not in it.
     quint64 m_departures = 0;                  // When the choice was made.
+    quint32 m_revision = 0;                    // Of the redirection, when a choice was made while there was one.
     DesktopEntries &m_entries;
 };
 

@@ -103,6 +103,7 @@ void X11Redirection::forget(xcb_window_t id)
     m_watch.forget(id);
     m_borders.remove(id);
     m_awaited.remove(id);
+    m_arrivals.remove(id);
 }
 
 void X11Redirection::processEvents()
@@ -215,6 +216,7 @@ void X11Redirection::handleCreate(const xcb_create_notify_event_t &event)
 {
     if (isOwn(event.window))
         return;
+    m_arrivals.insert(event.window, m_revision);
     m_borders.insert(event.window, event.border_width);
     m_pixels.add(event.window, outerRectangle(event.x, event.y, event.width, event.height, event.border_width), false);
     m_watch.follow(event.window);
@@ -240,6 +242,7 @@ void X11Redirection::handleReparent(const xcb_reparent_notify_event_t &event)
     if (!geometry)
         return;
     const int border = geometry->border_width;
+    m_arrivals.insert(event.window, m_revision);
     m_borders.insert(event.window, border);
     m_pixels.add(event.window, outerRectangle(event.x, event.y, geometry->width, geometry->height, border), false);
     m_watch.follow(event.window);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/linux/x11/InheritedPixels.h"
+#include "platform/linux/x11/ServerGrab.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11DrawingWatch.h"
 #include "platform/linux/x11/X11Extensions.h"
@@ -54,6 +55,12 @@ public:
     // Changes with every window that comes, goes or passes into other hands, as far as has been reported.
     quint32 revision() const { return m_revision; }
 
+    // Whether the window, or another one of its number, has come after that revision.
+    bool hasComeSince(xcb_window_t window, quint32 revision) const
+    {
+        return m_arrivals.contains(window) && m_arrivals.value(window) > revision;
+    }
+
     // Until when it is worth waiting for the window's owner.
     Clock::time_point patience(xcb_window_t window) const;
 
@@ -88,30 +95,10 @@ private:
     InheritedPixels m_pixels = {};
     QHash<xcb_window_t, int> m_borders = {};
     QHash<xcb_window_t, Awaited> m_awaited = {};
+    QHash<xcb_window_t, quint32> m_arrivals = {}; // The revisions of those that have come since the beginning.
     quint64 m_departures = 0;
     bool m_onlyServerDraws = false;
     quint32 m_revision = 0;
-};
-
-// Keeps other clients waiting, so that windows and pixels stay as they are. Keep it short.
-class ServerGrab final {
-public:
-    explicit ServerGrab(const X11Connection &connection) : m_connection(connection)
-    {
-        xcb_grab_server(connection.xcb());
-    }
-
-    ServerGrab(const ServerGrab &) = delete;
-    ServerGrab &operator=(const ServerGrab &) = delete;
-
-    ~ServerGrab()
-    {
-        xcb_ungrab_server(m_connection.xcb());
-        xcb_flush(m_connection.xcb());
-    }
-
-private:
-    const X11Connection &m_connection;
 };
 
 } // namespace ardeno
