@@ -3,8 +3,6 @@
 
 #include "support/Failure.h"
 
-#include <QFileInfo>
-
 #include <algorithm>
 #include <utility>
 
@@ -21,23 +19,34 @@ QString savedPath(const SavedWindow &window)
     return window.locationURL ? *window.locationURL : window.documentURL.value_or(QString());
 }
 
+using WindowLayout::SavedPlaces;
+using Kind = PathFacts::Kind;
+
 // A device or a pipe is nothing to open, and a relative path would mean something else in every folder.
-bool canOpen(const QString &path)
+bool canOpen(const QString &path, const SavedPlaces &places)
 {
-    const QFileInfo file(path);
-    return path.startsWith('/') && file.exists() && (file.isDir() || file.isFile());
+    const Kind kind = places.value(path).kind;
+    return path.startsWith('/') && (kind == Kind::Folder || kind == Kind::File);
 }
 
 // A file that a file browser showed in its folder; it is not opened but pointed at.
-bool isShownInFolder(const SavedWindow &window)
+bool isShownInFolder(const SavedWindow &window, const SavedPlaces &places)
 {
-    return window.locationURL && !QFileInfo(*window.locationURL).isDir();
+    return window.locationURL && places.value(*window.locationURL).kind != Kind::Folder;
 }
 
 QString shortName(const QString &path)
 {
-    const QString name = QFileInfo(path).fileName();
+    const QString name = path.mid(path.lastIndexOf('/') + 1);
     return name.isEmpty() ? path : name;
+}
+
+QStringList pathsOf(const QList<WindowLocation> &locations)
+{
+    QStringList paths;
+    for (const WindowLocation &location : locations)
+        paths += location.path;
+    return paths;
 }
 
 // The restore of all saved places of one checkpoint.
@@ -51,8 +60,9 @@ public:
             const QString path = savedPath(window);
             if (path.isEmpty() || !m_request.allowedAppIDs.contains(window.appID))
                 continue;
-            if (!canOpen(path)) {
-                fail(window, path, "it no longer exists");
+            if (!canOpen(path, m_request.places)) {
+                const bool isSilent = m_request.places.value(path).kind == Kind::Silent;
+                fail(window, path, isSilent ? "its disk did not answer" : "it no longer exists");
                 continue;
             }
             if (isNew(window, path))
@@ -65,7 +75,7 @@ private:
     // Whether it is neither open nor has been opened by this restore.
     bool isNew(const SavedWindow &window, const QString &path)
     {
-        const QString canonical = QFileInfo(path).canonicalFilePath();
+        const QString canonical = m_request.places.value(path).canonicalPath;
         const bool isOpen = window.locationURL ? m_request.open.folders.contains(canonical)
                                                : m_request.open.documentsByApp.value(window.appID).contains(canonical);
         const std::pair key(window.locationURL ? QString() : window.appID, canonical);
@@ -78,7 +88,7 @@ private:
     QCoro::Task<void> open(SavedWindow window, QString path)
     {
         try {
-            if (isShownInFolder(window) || !m_request.launchedAppIDs.contains(window.appID))
+            if (isShownInFolder(window, m_request.places) || !m_request.launchedAppIDs.contains(window.appID))
                 co_await openWith(window, path);
             ++count(window);
             m_result.openedIDs.insert(window.id);
@@ -91,7 +101,7 @@ private:
     {
         Launcher &launcher = *m_desktop.launcher;
         const QStringList paths{path};
-        if (isShownInFolder(window) || (window.locationURL && !launcher.isInstalled(window.appID)))
+        if (isShownInFolder(window, m_request.places) || (window.locationURL && !launcher.isInstalled(window.appID)))
             co_await launcher.reveal(path);
         else if (launcher.isInstalled(window.appID))
             co_await launcher.openApplication(window.appID, paths);
@@ -129,24 +139,24 @@ public:
                            [&](const MovableWindow &window) { return window.applicationID == appID; });
     }
 
-    void addFolders(const QList<WindowLocation> &folders)
+    void addFolders(const QList<WindowLocation> &folders, const SavedPlaces &facts)
     {
         for (const WindowLocation &folder : folders) {
-            m_places.folders.insert(QFileInfo(folder.path).canonicalFilePath());
+            m_places.folders.insert(facts.value(folder.path).canonicalPath);
             forget(folder);
         }
     }
 
-    void addDocuments(const QString &appID, const QList<WindowLocation> &documents)
+    void addDocuments(const QString &appID, const QList<WindowLocation> &documents, const SavedPlaces &facts)
     {
         for (const WindowLocation &document : documents) {
-            m_places.documentsByApp[appID].insert(QFileInfo(document.path).canonicalFilePath());
+            m_places.documentsByApp[appID].insert(facts.value(document.path).canonicalPath);
             forget(document);
         }
     }
 
     // With what the remaining windows name in their titles.
-    OpenPlaces places(const QList<SavedWindow> &windows)
+    OpenPlaces places(const QList<SavedWindow> &windows, const SavedPlaces &saved)
     {
         for (const SavedWindow &window : windows) {
             const QString path = savedPath(window);
@@ -155,7 +165,7 @@ public:
             };
             if (path.isEmpty() || std::none_of(m_unknown.begin(), m_unknown.end(), names))
                 continue;
-            const QString canonical = QFileInfo(path).canonicalFilePath();
+            const QString canonical = saved.value(path).canonicalPath;
             (window.locationURL ? m_places.folders : m_places.documentsByApp[window.appID]).insert(canonical);
         }
         return m_places;
@@ -175,18 +185,29 @@ private:
 
 } // namespace
 
-QHash<QString, QStringList> WindowLayout::pathsByApp(const QList<SavedWindow> &windows)
+QCoro::Task<SavedPlaces> WindowLayout::savedPlaces(QList<SavedWindow> windows, Desktop &desktop)
+{
+    QStringList paths;
+    for (const SavedWindow &window : std::as_const(windows)) {
+        if (const QString path = savedPath(window); path.startsWith('/'))
+            paths += path;
+    }
+    co_return co_await desktop.files->facts(paths);
+}
+
+QHash<QString, QStringList> WindowLayout::pathsByApp(const QList<SavedWindow> &windows, const SavedPlaces &places)
 {
     QHash<QString, QStringList> paths;
     for (const SavedWindow &window : windows) {
         const QString path = savedPath(window);
-        if (canOpen(path) && !isShownInFolder(window) && !paths[window.appID].contains(path))
+        if (canOpen(path, places) && !isShownInFolder(window, places) && !paths[window.appID].contains(path))
             paths[window.appID].append(path);
     }
     return paths;
 }
 
-QCoro::Task<WindowLayout::OpenPlaces> WindowLayout::openPlaces(QList<SavedWindow> windows, Desktop &desktop)
+QCoro::Task<WindowLayout::OpenPlaces> WindowLayout::openPlaces(QList<SavedWindow> windows, SavedPlaces places,
+                                                               Desktop &desktop)
 {
     Presence presence(desktop.windowMover->windows());
     bool hasFolders = false;
@@ -198,13 +219,15 @@ QCoro::Task<WindowLayout::OpenPlaces> WindowLayout::openPlaces(QList<SavedWindow
     }
     if (hasFolders) {
         const QList<WindowLocation> folders = co_await desktop.fileBrowser->locations();
-        presence.addFolders(folders);
+        const SavedPlaces facts = co_await desktop.files->facts(pathsOf(folders));
+        presence.addFolders(folders, facts);
     }
     for (const QString &appID : std::as_const(documentApps)) {
         const QList<WindowLocation> documents = co_await desktop.documents->locationsOf(appID);
-        presence.addDocuments(appID, documents);
+        const SavedPlaces facts = co_await desktop.files->facts(pathsOf(documents));
+        presence.addDocuments(appID, documents, facts);
     }
-    co_return presence.places(windows);
+    co_return presence.places(windows, places);
 }
 
 QCoro::Task<LocationResult> WindowLayout::restoreLocations(LocationRequest request, Desktop &desktop)

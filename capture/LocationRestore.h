@@ -18,10 +18,14 @@ struct OpenPlaces {
     QHash<QString, QSet<QString>> documentsByApp = {};
 };
 
+// What there is now at the saved paths.
+using SavedPlaces = QHash<QString, PathFacts>;
+
 // The folders and documents that the saved windows of these applications showed and that are to be opened again.
 struct LocationRequest {
     QList<SavedWindow> windows = {};
     QSet<QString> allowedAppIDs = {};
+    SavedPlaces places = {};
     OpenPlaces open = {};
     QSet<QString> launchedAppIDs = {}; // Already opened with what they had, see pathsByApp().
 };
@@ -35,12 +39,15 @@ struct LocationResult {
     QSet<QUuid> failedIDs = {};
 };
 
+// Asked once for a whole resume: nothing else of it looks at a disk, which may never answer. Never throws.
+QCoro::Task<SavedPlaces> savedPlaces(QList<SavedWindow> windows, Desktop &desktop);
+
 // The existing folders and documents of each application, each once, in saved order.
-QHash<QString, QStringList> pathsByApp(const QList<SavedWindow> &windows);
+QHash<QString, QStringList> pathsByApp(const QList<SavedWindow> &windows, const SavedPlaces &places);
 
 // Which of the saved places are open now. Windows whose contents nobody knows for certain are judged by their titles:
 // rather one place too many than a document opened twice. Never throws.
-QCoro::Task<OpenPlaces> openPlaces(QList<SavedWindow> windows, Desktop &desktop);
+QCoro::Task<OpenPlaces> openPlaces(QList<SavedWindow> windows, SavedPlaces places, Desktop &desktop);
 
 // Opens each that exists and is not open: with the application that had it, else with the session's own choice. Never
 // throws.

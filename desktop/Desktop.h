@@ -3,6 +3,7 @@
 
 #include "desktop/Documents.h"
 #include "desktop/FileBrowser.h"
+#include "desktop/Files.h"
 #include "desktop/HotKeys.h"
 #include "desktop/Launcher.h"
 #include "desktop/MailProgram.h"
@@ -46,6 +47,7 @@ struct Desktop {
     std::unique_ptr<Launcher> launcher = {};
     std::unique_ptr<FileBrowser> fileBrowser = {};
     std::unique_ptr<Documents> documents = {};
+    std::unique_ptr<Files> files = {};
     std::unique_ptr<MailProgram> mailProgram = {};
     std::unique_ptr<HotKeys> hotKeys = {};
     std::unique_ptr<OwnWindows> ownWindows = {};

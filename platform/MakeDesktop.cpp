@@ -3,6 +3,7 @@
 
 #include "platform/linux/common/ApplicationLauncher.h"
 #include "platform/linux/common/DesktopEntries.h"
+#include "platform/linux/common/LinuxFiles.h"
 #include "platform/linux/common/LinuxMailProgram.h"
 #include "platform/linux/common/LinuxRoles.h"
 #include "platform/linux/common/SessionTabs.h"
@@ -68,6 +69,7 @@ Desktop makeX11Desktop()
     desktop.tabSource = std::make_unique<SessionTabs>(windows);
     desktop.fileBrowser = std::make_unique<LinuxFileBrowser>(windows, desktop.roles.fileBrowserIDs);
     desktop.documents = std::make_unique<LinuxDocuments>(windows, desktop.roles.fileBrowserIDs);
+    desktop.files = std::make_unique<LinuxFiles>();
     desktop.windowMover = std::make_unique<X11WindowMover>(connection, entries);
     desktop.launcher = std::make_unique<ApplicationLauncher>(entries, x11Focus(connection, entries));
     desktop.mailProgram = std::make_unique<LinuxMailProgram>();

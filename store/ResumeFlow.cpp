@@ -31,9 +31,11 @@ QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> sel
     WorkspaceCapture::ReopenRequest request{.plan = plan, .appIDs = selectedAppIDs, .tabIDs = selectedTabIDs};
     // What is open is found out while applications start.
     std::optional<QCoro::Task<WindowLayout::OpenPlaces>> looking;
+    WindowLayout::SavedPlaces saved;
     if (restoreLayout) {
-        request.pathsByApp = WindowLayout::pathsByApp(windows);
-        looking = WindowLayout::openPlaces(windows, m_desktop);
+        saved = co_await WindowLayout::savedPlaces(windows, m_desktop);
+        request.pathsByApp = WindowLayout::pathsByApp(windows, saved);
+        looking = WindowLayout::openPlaces(windows, saved, m_desktop);
     }
     const WorkspaceCapture::ReopeningTools tools{m_desktop, m_openedPages, exclusions().appIDs()};
     const WorkspaceCapture::Reopened reopened = co_await WorkspaceCapture::reopen(request, tools);
@@ -41,6 +43,7 @@ QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> sel
     if (restoreLayout) {
         const QSet<QString> allowed = selectedAppIDs + idsOf(plan.activeApps);
         WindowLayout::LocationRequest places{.windows = windows, .allowedAppIDs = allowed};
+        places.places = saved;
         places.open = co_await *looking;
         places.launchedAppIDs = reopened.startedAppIDs;
         co_await restorePlaces(places, &report);

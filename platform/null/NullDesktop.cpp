@@ -129,6 +129,12 @@ private:
     QString m_reason;
 };
 
+// Nothing is opened, so nothing is looked at.
+class NullFiles final : public Files {
+public:
+    QCoro::Task<QHash<QString, PathFacts>> facts(QStringList) override { co_return {}; }
+};
+
 // No mail program.
 class NullMailProgram final : public MailProgram {
 public:
@@ -157,6 +163,7 @@ Desktop makeNullDesktop(const QString &session, const QString &reason, const Des
     desktop.launcher = std::make_unique<NullLauncher>(reason);
     desktop.fileBrowser = std::make_unique<NullFileBrowser>(reason);
     desktop.documents = std::make_unique<NullDocuments>(reason);
+    desktop.files = std::make_unique<NullFiles>();
     desktop.mailProgram = std::make_unique<NullMailProgram>();
     desktop.hotKeys = std::make_unique<NullHotKeys>(reason);
     desktop.ownWindows = std::make_unique<NullOwnWindows>();

@@ -2,6 +2,7 @@
 #include "tests/fakes/InMemoryParts.h"
 
 #include <QCoroTimer>
+#include <QFileInfo>
 
 #include <chrono>
 
@@ -90,6 +91,28 @@ public:
     }
 };
 
+// The files are real ones, but for those whose disk is silent.
+class InMemoryFiles final : public InMemory<Files> {
+public:
+    using InMemory::InMemory;
+
+    QCoro::Task<QHash<QString, PathFacts>> facts(QStringList paths) override
+    {
+        co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        QHash<QString, PathFacts> found;
+        for (const QString &path : paths) {
+            const QFileInfo file(path);
+            const auto kind = m_desktop.silentPaths.contains(path) ? PathFacts::Kind::Silent
+                              : file.isDir()                       ? PathFacts::Kind::Folder
+                              : file.isFile()                      ? PathFacts::Kind::File
+                              : file.exists()                      ? PathFacts::Kind::Other
+                                                                   : PathFacts::Kind::Missing;
+            found.insert(path, {kind, file.exists() ? file.canonicalFilePath() : path});
+        }
+        co_return found;
+    }
+};
+
 } // namespace
 
 void addContents(InMemoryDesktop &memory, Desktop *desktop)
@@ -98,6 +121,7 @@ void addContents(InMemoryDesktop &memory, Desktop *desktop)
     desktop->tabSource = std::make_unique<InMemoryTabSource>(memory);
     desktop->fileBrowser = std::make_unique<InMemoryFileBrowser>(memory);
     desktop->documents = std::make_unique<InMemoryDocuments>(memory);
+    desktop->files = std::make_unique<InMemoryFiles>(memory);
 }
 
 } // namespace ardeno::fakes

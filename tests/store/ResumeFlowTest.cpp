@@ -148,6 +148,9 @@ TEST_CASE_FIXTURE(ResumeFixture, "folders, documents and window places follow th
     addWindow("org.editor", "open.txt").documentURL = existing("open.txt");
     addWindow("org.editor", "notes.txt").documentURL = existing("notes.txt");
     addWindow("org.editor", "lost.txt").documentURL = home.filePath("lost.txt");
+    addWindow("viewer", "far.pdf").documentURL = existing("far.pdf");
+    addWindow("files", "far").locationURL = home.filePath("far");
+    memory.silentPaths = {existing("far.pdf"), home.filePath("far")};
     addWindow("files", "home").locationURL = home.path();
     addWindow("gone", "theirs").documentURL = existing("theirs.txt");
     checkpoint.apps.append(SavedApp{"files", "Files"});
@@ -174,6 +177,8 @@ TEST_CASE_FIXTURE(ResumeFixture, "folders, documents and window places follow th
     CHECK(report.documents == 1);
     CHECK(report.folders == 1);
     CHECK(report.outcome.failures.filter("lost.txt (it no longer exists)").size() == 1);
+    CHECK(report.outcome.failures.filter("far.pdf (its disk did not answer)").size() == 1);
+    CHECK(report.outcome.failures.filter("far (its disk did not answer)").size() == 1);
     REQUIRE(report.layout.has_value());
     CHECK(report.layout->restoredCount == 3);
     CHECK(report.layout->skippedCount == report.layout->skipped.size());

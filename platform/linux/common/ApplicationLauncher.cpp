@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/common/ApplicationLauncher.h"
 
-#include "platform/linux/common/DesktopLaunch.h"
+#include "platform/linux/common/SlowWork.h"
 #include "support/Failure.h"
-#include "support/InWorker.h"
 
 #include <QCoroTimer>
 
 #include <QDeadlineTimer>
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -20,6 +20,14 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto lookInterval = 50ms;
+constexpr auto timeToLaunch = 10s; // A file browser may have to be started, a program come from a slow disk.
+
+// The desktop file of what opens things like this one.
+QCoro::Task<QString> handlerOf(QString path)
+{
+    const auto work = [path] { return DesktopLaunch::handlerOfPath(path); };
+    return SlowWork::withinDeadline(work, timeToLaunch, SlowWork::Kind::Launches);
+}
 
 } // namespace
 
@@ -41,44 +49,62 @@ DesktopEntry ApplicationLauncher::entry(const QString &appID)
     return *found;
 }
 
-std::function<void(pid_t)> ApplicationLauncher::startedFor(const DesktopEntry &entry)
+bool ApplicationLauncher::areRunning(const DesktopLaunch::Processes &processes) const
 {
-    return [this, entry](pid_t process) {
-        m_children.add(process, entry.name, [this, id = entry.id] { m_focus.cancel(id); });
-        m_focus.setStarter(entry.id, [this, process] { return m_children.isRunning(process); });
-    };
+    return std::any_of(processes.begin(), processes.end(),
+                       [this](pid_t process) { return m_children.isRunning(process); });
+}
+
+QCoro::Task<DesktopLaunch::Processes> ApplicationLauncher::launch(DesktopEntry entry,
+                                                                  std::function<DesktopLaunch::Processes()> work)
+{
+    m_focus.expect(entry.id);
+    m_focus.setStarter(entry.id, [] { return true; });
+    try {
+        const auto processes = co_await SlowWork::withinDeadline(work, timeToLaunch, SlowWork::Kind::Launches);
+        for (const pid_t process : processes)
+            m_children.add(process, entry.name, [this, id = entry.id] { m_focus.cancel(id); });
+        m_focus.setStarter(entry.id, [this, processes] { return areRunning(processes); });
+        co_return processes;
+    } catch (const Failure &) {
+        m_focus.cancel(entry.id);
+        throw;
+    }
 }
 
 QCoro::Task<void> ApplicationLauncher::openApplication(QString appID, QStringList paths)
 {
     const DesktopEntry found = entry(appID);
-    m_focus.expect(found.id);
-    DesktopLaunch::open(found, paths, startedFor(found));
-    co_return;
+    const auto work = [found, paths] { return DesktopLaunch::open(found, paths); };
+    co_await launch(found, work);
 }
 
 QCoro::Task<void> ApplicationLauncher::openPath(QString path)
 {
-    const DesktopEntry found = entry(DesktopLaunch::handlerOfPath(path));
+    const QString handler = co_await handlerOf(path);
+    const DesktopEntry found = entry(handler);
     const QStringList paths{path};
     co_await openApplication(found.id, paths);
 }
 
 QCoro::Task<void> ApplicationLauncher::reveal(QString path)
 {
-    const QString browser = DesktopLaunch::handlerOfPath("/");
+    const QString root = "/";
+    const QString browser = co_await handlerOf(root);
     if (!browser.isEmpty() && isInstalled(browser))
         m_focus.expect(entry(browser).id);
-    const auto work = [path] { DesktopLaunch::showInFileBrowser(path); };
-    co_await inWorker(work);
+    const auto work = [path] {
+        DesktopLaunch::showInFileBrowser(path);
+        return true;
+    };
+    co_await SlowWork::withinDeadline(work, timeToLaunch, SlowWork::Kind::Launches);
 }
 
 QCoro::Task<void> ApplicationLauncher::openPages(QString appID, QStringList addresses)
 {
     const DesktopEntry found = entry(appID.isEmpty() ? DesktopLaunch::handlerOfWeb() : appID);
-    m_focus.expect(found.id);
-    DesktopLaunch::openAddresses(found, addresses, startedFor(found));
-    co_return;
+    const auto work = [found, addresses] { return DesktopLaunch::openAddresses(found, addresses); };
+    co_await launch(found, work);
 }
 
 QCoro::Task<bool> ApplicationLauncher::openInSavedWindow(QList<TabToReopen> tabs)
@@ -91,7 +117,6 @@ QCoro::Task<bool> ApplicationLauncher::openInSavedWindow(QList<TabToReopen> tabs
     if (!window || !isInstalled(appID))
         co_return false;
     const DesktopEntry found = entry(appID);
-    m_focus.expect(found.id);
     QStringList addresses;
     for (const TabToReopen &tab : std::as_const(tabs))
         addresses += tab.address;
@@ -99,11 +124,8 @@ QCoro::Task<bool> ApplicationLauncher::openInSavedWindow(QList<TabToReopen> tabs
     const auto giveBack = qScopeGuard([this] { m_focus.resume(); });
     const bool isActive = co_await m_focus.lend(*window);
     if (isActive) {
-        pid_t started = 0;
-        DesktopLaunch::openAddresses(found, addresses, [&](pid_t process) {
-            startedFor(found)(process);
-            started = process;
-        });
+        const auto work = [found, addresses] { return DesktopLaunch::openAddresses(found, addresses); };
+        const auto started = co_await launch(found, work);
         co_await waitForEnd(started);
         co_await QCoro::sleepFor(timeToOpen);
     }
@@ -111,10 +133,10 @@ QCoro::Task<bool> ApplicationLauncher::openInSavedWindow(QList<TabToReopen> tabs
 }
 
 // A browser that hands pages to the one that runs ends at once.
-QCoro::Task<void> ApplicationLauncher::waitForEnd(pid_t process)
+QCoro::Task<void> ApplicationLauncher::waitForEnd(DesktopLaunch::Processes processes)
 {
     const QDeadlineTimer deadline(5s);
-    while (m_children.isRunning(process) && !deadline.hasExpired())
+    while (areRunning(processes) && !deadline.hasExpired())
         co_await QCoro::sleepFor(lookInterval);
 }
 

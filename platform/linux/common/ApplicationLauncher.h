@@ -4,6 +4,7 @@
 #include "desktop/Launcher.h"
 #include "platform/linux/common/ChildProcesses.h"
 #include "platform/linux/common/DesktopEntries.h"
+#include "platform/linux/common/DesktopLaunch.h"
 #include "platform/linux/common/FocusKeeper.h"
 #include "platform/linux/common/SavedWindowFinder.h"
 
@@ -32,8 +33,9 @@ public:
 
 private:
     DesktopEntry entry(const QString &appID);
-    std::function<void(pid_t)> startedFor(const DesktopEntry &entry);
-    QCoro::Task<void> waitForEnd(pid_t process);
+    QCoro::Task<DesktopLaunch::Processes> launch(DesktopEntry entry, std::function<DesktopLaunch::Processes()> work);
+    QCoro::Task<void> waitForEnd(DesktopLaunch::Processes processes);
+    bool areRunning(const DesktopLaunch::Processes &processes) const;
 
     std::shared_ptr<DesktopEntries> m_entries;
     SavedWindowFinder m_finder;

@@ -4,11 +4,11 @@
 #include "platform/linux/common/BrowserIdentities.h"
 #include "platform/linux/common/DesktopFileSummary.h"
 #include "platform/linux/common/DesktopFolders.h"
+#include "platform/linux/common/PathEntry.h"
 
 #include <gio/gdesktopappinfo.h>
 
 #include <QFile>
-#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -23,15 +23,6 @@ struct Unreference {
 };
 
 using AppInfo = std::unique_ptr<GDesktopAppInfo, Unreference>;
-
-// Empty when the file is damaged, removed by the user or its program is not installed.
-AppInfo openDesktopFile(const QString &path)
-{
-    AppInfo info(g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData()));
-    if (info && g_desktop_app_info_get_is_hidden(info.get()))
-        info.reset();
-    return info;
-}
 
 QString iconName(GAppInfo *info)
 {
@@ -60,11 +51,30 @@ DesktopFileSummary readSummary(const QString &path)
     return file.open(QIODevice::ReadOnly) ? DesktopFileSummary::parsed(file.read(longestFile)) : DesktopFileSummary();
 }
 
+// A program on a disk that does not answer, which whoever opens the file would wait for.
+bool isSilent(const QString &program)
+{
+    return program.startsWith('/') && PathEntry::of(program).facts.kind == PathFacts::Kind::Silent;
+}
+
+// Empty when the file is damaged, removed by the user or its program is not installed or cannot be reached.
+AppInfo openDesktopFile(const QString &path)
+{
+    const DesktopFileSummary summary = readSummary(path);
+    if (isSilent(summary.program) || isSilent(summary.neededProgram))
+        return {};
+    AppInfo info(g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData()));
+    if (info && g_desktop_app_info_get_is_hidden(info.get()))
+        info.reset();
+    return info;
+}
+
 // The file that is run for the first word of a command, links followed; empty when there is none.
 QString programFile(const QString &program)
 {
     const QString path = program.startsWith('/') ? program : QStandardPaths::findExecutable(program);
-    return path.isEmpty() ? path : QFileInfo(path).canonicalFilePath();
+    const PathFacts facts = path.isEmpty() ? PathFacts() : PathEntry::of(path).facts;
+    return facts.kind == PathFacts::Kind::File ? facts.canonicalPath : QString();
 }
 
 bool containsAll(const QStringList &arguments, const QStringList &wanted)

@@ -31,6 +31,8 @@ void apply(const QByteArray &key, const QByteArray &value, DesktopFileSummary &s
     const bool yes = value == "true" || value == "1";
     if (key == "StartupWMClass") {
         summary.windowClass = QString::fromUtf8(value);
+    } else if (key == "TryExec") {
+        summary.neededProgram = QString::fromUtf8(value);
     } else if (key == "Hidden") {
         summary.isHidden = yes;
     } else if ((key == "NoDisplay" || key == "Terminal") && yes) {

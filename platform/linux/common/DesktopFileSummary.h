@@ -15,8 +15,9 @@ struct DesktopFileSummary {
     QString windowClass = {}; // Empty when the file claims none.
     QString program = {};     // As written: a name or a full path.
     QStringList arguments = {};
-    bool isHidden = false;  // The file stands for an application that was removed.
-    bool hasWindows = true; // Not a terminal program, and shown in menus.
+    QString neededProgram = {}; // Without it the application counts as not installed; empty when there is none.
+    bool isHidden = false;      // The file stands for an application that was removed.
+    bool hasWindows = true;     // Not a terminal program, and shown in menus.
 
     bool operator==(const DesktopFileSummary &) const = default;
 

@@ -57,9 +57,9 @@ Object<GDesktopAppInfo> appInfo(const DesktopEntry &entry)
     return info;
 }
 
-void tell(GDesktopAppInfo *, GPid pid, gpointer started)
+void keep(GDesktopAppInfo *, GPid pid, gpointer processes)
 {
-    (*static_cast<const DesktopLaunch::Started *>(started))(pid);
+    static_cast<DesktopLaunch::Processes *>(processes)->append(pid);
 }
 
 QByteArray uri(const QString &path)
@@ -122,7 +122,7 @@ bool isRunnable(const char *type)
 
 } // namespace
 
-void DesktopLaunch::open(const DesktopEntry &entry, const QStringList &paths, const Started &started)
+DesktopLaunch::Processes DesktopLaunch::open(const DesktopEntry &entry, const QStringList &paths)
 {
     const Object<GDesktopAppInfo> info = appInfo(entry);
     const Object<GAppLaunchContext> context(g_app_launch_context_new());
@@ -133,16 +133,17 @@ void DesktopLaunch::open(const DesktopEntry &entry, const QStringList &paths, co
     for (auto address = addresses.rbegin(); address != addresses.rend(); ++address)
         uris = g_list_prepend(uris, address->data());
     QByteArray home = QFile::encodeName(QDir::homePath());
-    Started callback = started;
+    Processes started;
     GError *error = nullptr;
     const bool isDone = g_desktop_app_info_launch_uris_as_manager(info.get(), uris, context.get(), spawnFlags,
-                                                                  prepareProcess, home.data(), tell, &callback, &error);
+                                                                  prepareProcess, home.data(), keep, &started, &error);
     g_list_free(uris);
     if (!isDone)
         fail(error);
+    return started;
 }
 
-void DesktopLaunch::openAddresses(const DesktopEntry &entry, const QStringList &addresses, const Started &started)
+DesktopLaunch::Processes DesktopLaunch::openAddresses(const DesktopEntry &entry, const QStringList &addresses)
 {
     QList<QByteArray> words = withAddresses(commandOf(appInfo(entry).get()), addresses);
     std::vector<char *> arguments;
@@ -154,7 +155,7 @@ void DesktopLaunch::openAddresses(const DesktopEntry &entry, const QStringList &
     GError *error = nullptr;
     if (!g_spawn_async(nullptr, arguments.data(), nullptr, spawnFlags, prepareProcess, home.data(), &pid, &error))
         fail(error);
-    started(pid);
+    return {pid};
 }
 
 void DesktopLaunch::showInFileBrowser(const QString &path)

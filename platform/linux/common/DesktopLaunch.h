@@ -7,26 +7,23 @@
 #include <QString>
 #include <QStringList>
 
-#include <functional>
-#include <optional>
-
 #include <sys/types.h>
 
 // Starts programs. They get a session of their own, the home as their folder, nothing on their standard streams and no
-// other descriptor of this process, and no signal is ignored in them. All functions throw Failure.
+// other descriptor of this process, and no signal is ignored in them. All functions throw Failure and may wait for a
+// disk that does not answer, so they belong on a worker thread.
 namespace ardeno::DesktopLaunch {
 
-// Told of each process that was started; it must be waited for.
-using Started = std::function<void(pid_t)>;
+// Those that were started; they must be waited for.
+using Processes = QList<pid_t>;
 
 // Starts the application of a desktop file, or asks the running one, with these files and folders.
-void open(const DesktopEntry &entry, const QStringList &paths, const Started &started);
+Processes open(const DesktopEntry &entry, const QStringList &paths);
 
 // Starts the application of a desktop file with these addresses, all in one command.
-void openAddresses(const DesktopEntry &entry, const QStringList &addresses, const Started &started);
+Processes openAddresses(const DesktopEntry &entry, const QStringList &addresses);
 
-// Shows the folder, or the file in its folder, in the session's file browser; waits for its answer, so it belongs on a
-// worker thread.
+// Shows the folder, or the file in its folder, in the session's file browser, and waits for its answer.
 void showInFileBrowser(const QString &path);
 
 // The desktop files that the user has chosen for web addresses, and for the kind of a file or folder; empty when there

@@ -3,6 +3,7 @@
 
 #include "platform/linux/common/KnownFolders.h"
 #include "platform/linux/common/OpenFiles.h"
+#include "platform/linux/common/PathEntry.h"
 #include "platform/linux/common/PathText.h"
 #include "platform/linux/common/ProcessFacts.h"
 #include "platform/linux/common/WindowTitles.h"
@@ -12,19 +13,12 @@
 
 #include <algorithm>
 #include <chrono>
-#include <sys/stat.h>
 
 namespace ardeno {
 
 namespace {
 
 constexpr std::chrono::milliseconds managerPatience(250);
-
-quint64 inode(const QString &path)
-{
-    struct stat facts = {};
-    return ::stat(path.toUtf8().constData(), &facts) == 0 ? facts.st_ino : 0;
-}
 
 WindowLocation located(const LiveWindow &window, const QString &path)
 {
@@ -71,7 +65,7 @@ public:
         const OpenFiles &open = *m_open.constFind(*window.processID);
         QHash<quint64, QString> found; // A folder may have several paths; the first is as good as any.
         for (const QString &folder : m_folders.value(name)) {
-            const quint64 number = inode(folder);
+            const quint64 number = PathEntry::of(folder).inode;
             if ((!open.watchesFiles || open.watched.contains(number)) && !found.contains(number))
                 found.insert(number, folder);
         }

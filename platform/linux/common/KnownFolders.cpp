@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/common/KnownFolders.h"
 
+#include "platform/linux/common/PathEntry.h"
 #include "platform/linux/common/PathText.h"
 #include "platform/linux/common/RecentDocuments.h"
 
@@ -12,6 +13,7 @@
 #include <QFile>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <dirent.h>
 #include <memory>
 
@@ -33,15 +35,55 @@ QStringList bookmarks()
     return found;
 }
 
+// What a folder holds, as far as it may matter. Most names are looked at and forgotten: they stay bytes.
+struct Listing {
+    QByteArrayList folders = {}; // Also what may be one.
+    QByteArrayList named = {};   // Folders and links of the names that were asked for.
+};
+
+Listing listingOf(const QByteArray &folder, const QSet<QByteArray> &names)
+{
+    Listing listing;
+    const std::unique_ptr<DIR, int (*)(DIR *)> opened(::opendir(folder.constData()), ::closedir);
+    for (const dirent *entry = nullptr; opened && (entry = ::readdir(opened.get()));) {
+        const QByteArrayView name(entry->d_name);
+        const bool isFolder = entry->d_type == DT_DIR || entry->d_type == DT_UNKNOWN;
+        if (!(isFolder || entry->d_type == DT_LNK) || name == QByteArrayView(".") || name == QByteArrayView(".."))
+            continue;
+        const QByteArray path = folder + '/' + name.toByteArray();
+        if (names.contains(name.toByteArray()))
+            listing.named.append(path);
+        // Links are not followed further, so that none leads round in circles.
+        if (isFolder && !name.startsWith('.'))
+            listing.folders.append(path);
+    }
+    return listing;
+}
+
+Listing askedFor(const QByteArray &folder, const QSet<QByteArray> &names)
+{
+    constexpr std::chrono::milliseconds timeForDisk(300);
+    const auto question = [folder, names] { return listingOf(folder, names); };
+    return SlowMounts::ofMachine().ask(folder, question, timeForDisk).value_or(Listing());
+}
+
 QStringList mountPoints()
 {
     QStringList found;
     const QString user = qEnvironmentVariable("USER");
     for (const QString &folder : {"/media/" + user, "/run/media/" + user, QString("/media"), QString("/mnt")}) {
-        for (const QString &name : QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-            found.append(folder + '/' + name);
+        for (const QByteArray &path : askedFor(folder.toUtf8(), {}).folders)
+            found.append(QString::fromUtf8(path));
     }
     return found;
+}
+
+// Those on disks that may never answer last.
+QStringList quickFirst(QStringList paths)
+{
+    std::stable_partition(paths.begin(), paths.end(),
+                          [](const QString &path) { return !SlowMounts::ofMachine().isSlow(path.toUtf8()); });
+    return paths;
 }
 
 QStringList userFolders()
@@ -84,9 +126,12 @@ public:
 
     void addContents(const QStringList &roots)
     {
-        QByteArrayList queue;
+        QStringList folders;
         for (const QString &root : roots)
-            queue.append(root.toUtf8());
+            folders.append(PathEntry::of(root).facts.canonicalPath);
+        QByteArrayList queue;
+        for (const QString &folder : quickFirst(folders))
+            queue.append(folder.toUtf8());
         for (qsizetype i = 0; i < queue.size() && m_left > 0 && !m_deadline.hasExpired(); ++i) {
             const QByteArray folder = queue[i];
             if (m_listed.contains(folder))
@@ -107,21 +152,12 @@ private:
             paths.append(path);
     }
 
-    // Most names are looked at and forgotten: they stay bytes.
     void list(const QByteArray &folder, QByteArrayList *queue)
     {
-        const std::unique_ptr<DIR, int (*)(DIR *)> opened(::opendir(folder.constData()), ::closedir);
-        for (const dirent *entry = nullptr; opened && (entry = ::readdir(opened.get()));) {
-            const QByteArrayView name(entry->d_name);
-            const bool isFolder = entry->d_type == DT_DIR || entry->d_type == DT_UNKNOWN;
-            if (!(isFolder || entry->d_type == DT_LNK) || name == QByteArrayView(".") || name == QByteArrayView(".."))
-                continue;
-            if (m_encodedNames.contains(name.toByteArray()))
-                keepEntry(folder + '/' + name.toByteArray());
-            // Links are not followed further, so that none leads round in circles.
-            if (isFolder && !name.startsWith('.'))
-                queue->append(folder + '/' + name.toByteArray());
-        }
+        const Listing listing = askedFor(folder, m_encodedNames);
+        for (const QByteArray &path : listing.named)
+            keepEntry(path);
+        *queue += listing.folders;
     }
 
     void keepEntry(const QByteArray &bytes)
@@ -155,7 +191,7 @@ QHash<QString, QStringList> KnownFolders::named(const QSet<QString> &names, cons
                                                 const Bounds &bounds)
 {
     FolderSearch search(names, bounds);
-    for (const QString &path : furtherPaths + places())
+    for (const QString &path : quickFirst(furtherPaths + places()))
         search.addWithParents(path);
     search.addContents(userFolders() + bookmarks() + mountPoints());
     return search.found();

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/common/OpenFiles.h"
 
+#include "platform/linux/common/PathEntry.h"
 #include "platform/linux/common/PathText.h"
 
 #include <QByteArray>
 #include <QFile>
 
 #include <array>
+#include <chrono>
 #include <climits>
 #include <dirent.h>
 #include <memory>
@@ -16,6 +18,8 @@
 namespace ardeno {
 
 namespace {
+
+constexpr std::chrono::milliseconds timeForDisk(300);
 
 QByteArray linkTarget(const QByteArray &link)
 {
@@ -44,15 +48,17 @@ void readWatches(const QByteArray &path, OpenFiles *found)
 // The path in a link of /proc is a thing of the past when the file was deleted, moved or replaced.
 void readFile(const QByteArray &link, const QByteArray &target, OpenFiles *found)
 {
-    struct stat open = {};
-    struct stat there = {};
-    if (::stat(link.constData(), &open) != 0 || !(S_ISREG(open.st_mode) || S_ISDIR(open.st_mode)))
-        return;
     const auto path = PathText::fromBytes(target);
-    const bool isThere =
-        path && ::stat(target.constData(), &there) == 0 && there.st_ino == open.st_ino && there.st_dev == open.st_dev;
-    if (isThere)
-        (S_ISREG(open.st_mode) ? found->files : found->folders).append(*path);
+    const PathEntry there = path ? PathEntry::of(*path) : PathEntry();
+    const bool isFile = there.facts.kind == PathFacts::Kind::File;
+    if (!isFile && there.facts.kind != PathFacts::Kind::Folder)
+        return;
+    const auto isOpen = [link, there] {
+        struct stat open = {};
+        return ::stat(link.constData(), &open) == 0 && open.st_ino == there.inode && open.st_dev == there.device;
+    };
+    if (SlowMounts::ofMachine().ask(target, isOpen, timeForDisk).value_or(false))
+        (isFile ? found->files : found->folders).append(*path);
 }
 
 } // namespace

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/common/PathText.h"
 
+#include "platform/linux/common/PathEntry.h"
+
 #include <QDir>
 #include <QStringDecoder>
 #include <QSysInfo>
-
-#include <sys/stat.h>
 
 namespace ardeno {
 
@@ -37,14 +37,6 @@ std::optional<QByteArray> unescaped(const QByteArray &text)
         i += 2;
     }
     return bytes;
-}
-
-std::optional<mode_t> mode(const QString &path)
-{
-    struct stat facts = {};
-    if (path.contains(QChar(u'\0')) || ::stat(path.toUtf8().constData(), &facts) != 0)
-        return std::nullopt;
-    return facts.st_mode;
 }
 
 } // namespace
@@ -79,14 +71,12 @@ std::optional<QString> PathText::fromAddress(const QByteArray &address)
 
 bool PathText::isFile(const QString &path)
 {
-    const auto found = mode(path);
-    return found && S_ISREG(*found);
+    return PathEntry::of(path).facts.kind == PathFacts::Kind::File;
 }
 
 bool PathText::isFolder(const QString &path)
 {
-    const auto found = mode(path);
-    return found && S_ISDIR(*found);
+    return PathEntry::of(path).facts.kind == PathFacts::Kind::Folder;
 }
 
 QString PathText::baseName(const QString &path)

@@ -17,6 +17,7 @@ std::optional<QString> fromBytes(const QByteArray &path);
 // Of a file's address ("file:///a%20b", also with the name of this machine); absent for others and for broken ones.
 std::optional<QString> fromAddress(const QByteArray &address);
 
+// What a disk does not tell in time is neither.
 bool isFile(const QString &path);
 bool isFolder(const QString &path);
 

@@ -8,6 +8,8 @@
 #include <QRegularExpression>
 #include <QSet>
 
+#include <array>
+#include <climits>
 #include <ctime>
 #include <optional>
 #include <unistd.h>
@@ -60,9 +62,18 @@ QByteArray ProcessFacts::read(const char *file) const
     return opened.open(QIODevice::ReadOnly) ? opened.read(longest) : QByteArray();
 }
 
+// Qt would look at what the link leads to, which may lie on a disk that does not answer.
+QString ProcessFacts::link(const char *name) const
+{
+    std::array<char, PATH_MAX> text;
+    const QByteArray path = "/proc/" + QByteArray::number(m_processID) + '/' + name;
+    const ssize_t length = ::readlink(path.constData(), text.data(), text.size());
+    return length > 0 ? QFile::decodeName(QByteArray(text.data(), length)) : QString();
+}
+
 QString ProcessFacts::program() const
 {
-    return QFile::symLinkTarget(u"/proc/%1/exe"_qs.arg(m_processID));
+    return link("exe");
 }
 
 QStringList ProcessFacts::arguments() const
@@ -78,7 +89,7 @@ QStringList ProcessFacts::arguments() const
 // Where the process is and where it was started; each ends in a slash.
 QSet<QByteArray> ProcessFacts::workingFolders() const
 {
-    const QString current = QFile::symLinkTarget(u"/proc/%1/cwd"_qs.arg(m_processID));
+    const QString current = link("cwd");
     QSet<QByteArray> folders;
     for (const QByteArray &folder : {current.toUtf8(), environmentValue(read("environ"), "PWD")}) {
         if (folder.startsWith('/'))

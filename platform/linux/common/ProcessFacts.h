@@ -33,6 +33,7 @@ public:
 
 private:
     QByteArray read(const char *file) const;
+    QString link(const char *name) const;
     QSet<QByteArray> workingFolders() const;
 
     qint32 m_processID;

@@ -2,7 +2,7 @@
 #include "platform/linux/common/SavedWindowFinder.h"
 
 #include "platform/linux/common/BrowserProcesses.h"
-#include "platform/linux/common/ChromiumSession.h"
+#include "platform/linux/common/SessionReading.h"
 #include "platform/linux/common/SlowWork.h"
 
 #include <chrono>
@@ -26,7 +26,7 @@ std::optional<quint32> TabSearch::searched(const BrowserProcess &process) const
 {
     QList<LiveWindow> own = live;
     own.removeIf([&](const LiveWindow &window) { return window.processID != process.id; });
-    const BrowserSession session = ChromiumSession::read(process);
+    const BrowserSession session = SessionReading::read(process, BrowserFamily::Chromium);
     for (const SessionWindow &window : session.windows) {
         if (!window.isOrdinary || window.id != tab.browserWindowID)
             continue;
@@ -57,7 +57,7 @@ QCoro::Task<std::optional<quint32>> SavedWindowFinder::find(SavedTab tab)
     const TabSearch search{std::move(tab), std::move(*live)};
     const auto work = [search] { return search.run(); };
     try {
-        co_return co_await SlowWork::withinDeadline(work, deadline);
+        co_return co_await SlowWork::withinDeadline(work, deadline, SlowWork::Kind::Tabs);
     } catch (const std::exception &) {
         co_return std::nullopt; // What is not known is not certain.
     }

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/common/SessionTabs.h"
 
-#include "platform/linux/common/ChromiumSession.h"
-#include "platform/linux/common/FirefoxSession.h"
+#include "platform/linux/common/SessionReading.h"
 #include "platform/linux/common/SlowWork.h"
 
 #include <QDeadlineTimer>
@@ -70,12 +69,11 @@ struct SessionTabs::Reading {
 BrowserSession SessionTabs::Reading::written(BrowserProcess process, QDeadlineTimer end) const
 {
     constexpr unsigned long pause = 50; // Milliseconds.
-    const auto read = browser.family == BrowserFamily::Firefox ? FirefoxSession::read : ChromiumSession::read;
-    BrowserSession session = read(process);
+    BrowserSession session = SessionReading::read(process, browser.family);
     while (session.unreadProfiles > 0 && !end.hasExpired()) {
         QThread::msleep(pause);
         BrowserProcesses::refresh(process);
-        session = read(process);
+        session = SessionReading::read(process, browser.family);
     }
     return session;
 }
@@ -176,7 +174,7 @@ SessionTabs::Reading SessionTabs::reading(const Browser &browser)
 QCoro::Task<TabReport> SessionTabs::openTabs(Browser browser, QString)
 {
     const auto work = [reading = reading(browser)] { return reading.report(); };
-    return SlowWork::withinDeadline(work, m_options.deadline);
+    return SlowWork::withinDeadline(work, m_options.deadline, SlowWork::Kind::Tabs);
 }
 
 QCoro::Task<std::optional<QSet<quint32>>> SessionTabs::ordinaryWindows(QString appID)
@@ -189,7 +187,7 @@ QCoro::Task<std::optional<QSet<quint32>>> SessionTabs::ordinaryWindows(QString a
     now.patience = {};
     const auto work = [now] { return now.ordinaryWindows(); };
     try {
-        co_return co_await SlowWork::withinDeadline(work, m_options.deadline);
+        co_return co_await SlowWork::withinDeadline(work, m_options.deadline, SlowWork::Kind::Tabs);
     } catch (const Failure &) {
         co_return QSet<quint32>();
     }

@@ -68,7 +68,7 @@ QCoro::Task<QList<WindowLocation>> findDocuments(QList<LiveWindow> windows)
     const auto work = [search] { return search->work(); };
     std::vector<QCoro::Task<bool>> workers;
     for (qsizetype i = 0; i < std::min(byProcess.size(), mostWorkers); ++i)
-        workers.push_back(SlowWork::withinDeadline(work, longest));
+        workers.push_back(SlowWork::withinDeadline(work, longest, SlowWork::Kind::Documents));
     for (QCoro::Task<bool> &worker : workers) {
         try {
             co_await worker;
@@ -83,7 +83,7 @@ QCoro::Task<QList<WindowLocation>> findFolders(QList<LiveWindow> windows)
 {
     const auto work = [windows] { return FileManagers::locations(windows); };
     try {
-        co_return co_await SlowWork::withinDeadline(work, longest);
+        co_return co_await SlowWork::withinDeadline(work, longest, SlowWork::Kind::Folders);
     } catch (const Failure &) {
         co_return {};
     }

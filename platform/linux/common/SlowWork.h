@@ -8,11 +8,14 @@
 #include <QPromise>
 #include <QTimer>
 
+#include <array>
 #include <atomic>
 #include <chrono>
+#include <cstddef>
 #include <exception>
 #include <memory>
 #include <optional>
+#include <system_error>
 #include <thread>
 #include <type_traits>
 #include <utility>
@@ -23,31 +26,51 @@ namespace ardeno {
 // others need, nor the end of the program.
 class SlowWork final {
 public:
+    // However much of one kind does not end, there are threads for the others.
+    enum class Kind { Files, Documents, Folders, Tabs, Launches };
+
     // Runs the work on a thread of its own and resumes on the caller's with what it answers or throws. Throws Failure
-    // once the deadline has passed; the thread is left to itself then, so the work must own all that it uses.
+    // once the deadline has passed, and when no thread can be had; the thread is left to itself then, so the work must
+    // own all that it uses.
     template <typename Work>
-    static QCoro::Task<std::invoke_result_t<Work>> withinDeadline(Work work, std::chrono::milliseconds deadline)
+    static QCoro::Task<std::invoke_result_t<Work>> withinDeadline(Work work, std::chrono::milliseconds deadline,
+                                                                  Kind kind)
     {
         using Result = std::invoke_result_t<Work>;
         const auto race = std::make_shared<Race<Result>>();
         const QFuture<void> end = race->ended.future();
         race->ended.start();
-        if (unfinished < mostUnfinished)
-            std::thread([race, work = std::move(work)] { run(race, work); }).detach();
-        else
-            deadline = {};
+        start([race, work = std::move(work)] { run(race, work); }, unfinished[std::size_t(kind)]);
         QTimer::singleShot(deadline, [race] { race->end([] {}); });
         co_await end;
         if (race->thrown)
             std::rethrow_exception(race->thrown);
         if (!race->result)
-            throw Failure("SlowWork", 1, "The disk did not answer in time.");
+            throw Failure("SlowWork", 1, "It did not answer in time.");
         co_return std::move(*race->result);
     }
 
 private:
     static constexpr int mostUnfinished = 16;
-    inline static std::atomic<int> unfinished = 0;
+    inline static std::array<std::atomic<int>, 5> unfinished = {};
+
+    template <typename Run>
+    static void start(Run run, std::atomic<int> &count)
+    {
+        if (++count > mostUnfinished) {
+            --count;
+            throw Failure("SlowWork", 2, "Too much is waiting for disks that do not answer.");
+        }
+        try {
+            std::thread([run = std::move(run), &count] {
+                run();
+                --count;
+            }).detach();
+        } catch (const std::system_error &error) {
+            --count;
+            throw Failure::system(error.code().value());
+        }
+    }
 
     // Between the work and the deadline; the first one to end decides.
     template <typename Result>
@@ -70,14 +93,12 @@ private:
     template <typename Result, typename Work>
     static void run(const std::shared_ptr<Race<Result>> &race, const Work &work)
     {
-        ++unfinished;
         try {
             Result result = work();
             race->end([&] { race->result = std::move(result); });
         } catch (...) {
             race->end([&] { race->thrown = std::current_exception(); });
         }
-        --unfinished;
     }
 };
 

@@ -13,6 +13,8 @@
 
 #include <semaphore>
 
+#include <pthread.h>
+
 using namespace ardeno;
 using namespace ardeno::sessions;
 
@@ -222,16 +224,32 @@ TEST_CASE_FIXTURE(Machine, "only windows that exist on this desktop count")
     CHECK(tabs.isRunning(chromium.id));
 }
 
-TEST_CASE("work that does not end is given up, what it throws is thrown on")
+TEST_CASE("work that does not end is given up and takes nobody else's thread, what it throws is thrown on")
 {
-    const auto gate = std::make_shared<std::binary_semaphore>(0);
+    using Kind = SlowWork::Kind;
+    constexpr std::chrono::minutes longTime(1);
+    const auto gate = std::make_shared<std::counting_semaphore<>>(0);
     const auto stuck = [gate] {
         gate->acquire();
         return 1;
     };
-    CHECK_THROWS_AS(finish(SlowWork::withinDeadline(stuck, std::chrono::milliseconds(1))), Failure);
-    gate->release();
-    CHECK(finish(SlowWork::withinDeadline([] { return 7; }, std::chrono::minutes(1))) == 7);
+    for (int i = 0; i < 20; ++i)
+        CHECK_THROWS_AS(finish(SlowWork::withinDeadline(stuck, std::chrono::milliseconds(1), Kind::Documents)),
+                        Failure);
+    CHECK(finish(SlowWork::withinDeadline([] { return 7; }, longTime, Kind::Tabs)) == 7);
+    gate->release(20);
     const auto failing = []() -> int { throw Failure("Test", 3, "No."); };
-    CHECK_THROWS_AS(finish(SlowWork::withinDeadline(failing, std::chrono::minutes(1))), Failure);
+    CHECK_THROWS_AS(finish(SlowWork::withinDeadline(failing, longTime, Kind::Tabs)), Failure);
+}
+
+TEST_CASE("without a thread there is a failure, not a wait")
+{
+    pthread_attr_t usual;
+    REQUIRE(::pthread_getattr_default_np(&usual) == 0);
+    pthread_attr_t tooLarge = usual;
+    ::pthread_attr_setstacksize(&tooLarge, std::size_t(1) << 46);
+    REQUIRE(::pthread_setattr_default_np(&tooLarge) == 0);
+    CHECK_THROWS_AS(finish(SlowWork::withinDeadline([] { return 7; }, std::chrono::minutes(1), SlowWork::Kind::Tabs)),
+                    Failure);
+    ::pthread_setattr_default_np(&usual);
 }
