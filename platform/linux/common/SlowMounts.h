@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/Failure.h"
+#include "support/Worker.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QList>
@@ -13,8 +16,6 @@
 #include <memory>
 #include <mutex>
 #include <optional>
-#include <system_error>
-#include <thread>
 #include <type_traits>
 #include <utility>
 
@@ -48,20 +49,21 @@ public:
         using Answer = std::invoke_result_t<Question>;
         const auto promise = std::make_shared<std::promise<Answer>>();
         std::future<Answer> answer = promise->get_future();
+        const auto visit = [visitor, promise, question = std::move(question)] {
+            try {
+                Answer found = question();
+                visitor->leave();
+                promise->set_value(std::move(found));
+            } catch (...) {
+                visitor->leave();
+                promise->set_exception(std::current_exception());
+            }
+        };
         try {
-            std::thread([visitor, promise, question = std::move(question)] {
-                try {
-                    Answer found = question();
-                    visitor->leave();
-                    promise->set_value(std::move(found));
-                } catch (...) {
-                    visitor->leave();
-                    promise->set_exception(std::current_exception());
-                }
-            }).detach();
-        } catch (const std::system_error &) {
+            startWorker(visit).detach();
+        } catch (const Failure &) {
             visitor->leave();
-            return std::nullopt; // No thread could be started.
+            return std::nullopt;
         }
         return answer.wait_for(time) == std::future_status::ready ? std::optional(answer.get()) : std::nullopt;
     }

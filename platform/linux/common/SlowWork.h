@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/Failure.h"
+#include "support/Worker.h"
 
 #include <QCoroFuture>
 #include <QCoroTask>
@@ -15,8 +16,6 @@
 #include <exception>
 #include <memory>
 #include <optional>
-#include <system_error>
-#include <thread>
 #include <type_traits>
 #include <utility>
 
@@ -62,13 +61,14 @@ private:
             throw Failure("SlowWork", 2, "Too much is waiting for disks that do not answer.");
         }
         try {
-            std::thread([run = std::move(run), &count] {
+            const auto counted = [run = std::move(run), &count] {
                 run();
                 --count;
-            }).detach();
-        } catch (const std::system_error &error) {
+            };
+            startWorker(counted).detach();
+        } catch (const Failure &) {
             --count;
-            throw Failure::system(error.code().value());
+            throw;
         }
     }
 

@@ -2,6 +2,7 @@
 #include "platform/linux/x11/X11Recording.h"
 
 #include "support/Failure.h"
+#include "support/Worker.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -129,7 +130,7 @@ struct X11RecordingStream::Outlet {
 X11RecordingStream::X11RecordingStream(std::shared_ptr<X11Recording> recording, RecordingEvents events)
     : m_recording(std::move(recording)), m_outlet(std::make_shared<Outlet>(std::move(events)))
 {
-    std::thread([running = m_recording, outlet = m_outlet]() mutable {
+    const auto work = [running = m_recording, outlet = m_outlet]() mutable {
         std::optional<Failure> problem;
         try {
             running->run();
@@ -138,7 +139,8 @@ X11RecordingStream::X11RecordingStream(std::shared_ptr<X11Recording> recording, 
         }
         running.reset();
         outlet->report(problem);
-    }).detach();
+    };
+    startWorker(work).detach();
 }
 
 // A disk that does not answer must not keep the program from going on.

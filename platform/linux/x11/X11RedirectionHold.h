@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/linux/x11/X11Redirection.h"
+#include "support/FileDescriptor.h"
 
 #include <mutex>
 #include <thread>
@@ -33,7 +34,7 @@ private:
 
     X11Redirection m_redirection;
     std::mutex m_mutex;
-    int m_wake; // An eventfd; readable when the thread must end.
+    FileDescriptor m_wake; // An eventfd; readable when the thread must end.
     std::thread m_thread;
 };
 
