@@ -58,12 +58,12 @@ void Application::end()
     if (std::exchange(m_isEnding, true))
         return;
     m_bus.refuseCommands();
-    m_observations.watch([this] { endWhenIdle(); }, m_store.busy, m_store.recording);
+    m_observations.watch([this] { endWhenIdle(); }, m_store.working, m_store.recording);
 }
 
 void Application::endWhenIdle()
 {
-    if (m_store.busy())
+    if (m_store.working())
         return;
     if (m_store.recording())
         m_store.stop();

@@ -2,6 +2,7 @@
 #include "app/Output.h"
 #include "app/StoreAccess.h"
 #include "platform/MakeDesktop.h"
+#include "support/Finish.h"
 
 #include <algorithm>
 #include <functional>
@@ -38,20 +39,17 @@ std::optional<QString> knownName(Desktop &desktop, const QString &id)
     return std::nullopt;
 }
 
-ExitStatus failed(const AppStore &store, const QString &otherwise)
-{
-    printError(store.error().value_or(otherwise));
-    return ExitStatus::Failed;
-}
+using Change = std::function<Outcome(AppStore &)>;
 
-using Change = std::function<ExitStatus(AppStore &)>;
-
-// Changes the exclusions with the library locked, so that two commands at once lose nothing.
-ExitStatus change(Desktop &desktop, const Change &apply)
+// Changes the exclusions with the library locked, so that two commands at once lose nothing, and says what was done.
+ExitStatus change(Desktop &desktop, const Change &apply, const QString &done)
 {
     LockedStore locked(desktop, LockedStore::Purpose::Write);
-    const CommandTurn turn(locked.store());
-    return apply(locked.store());
+    takeTurn(locked.store());
+    const Outcome outcome = apply(locked.store());
+    if (outcome)
+        print(done + '\n');
+    return locked.report(outcome);
 }
 
 ExitStatus excludeApp(const QString &id)
@@ -61,12 +59,8 @@ ExitStatus excludeApp(const QString &id)
     if (!name)
         printError(u"No application “%1” is installed or running; it is left out should there be one."_qs.arg(id));
     const SavedApp app{id, name && !name->isEmpty() ? *name : id};
-    return change(desktop, [&](AppStore &store) {
-        if (!store.excludeApp(app))
-            return failed(store, {});
-        print(u"%1 is left out of captures.\n"_qs.arg(oneLine(app.name)));
-        return ExitStatus::Done;
-    });
+    const auto exclude = [&](AppStore &store) { return store.excludeApp(app, Audience::Caller); };
+    return change(desktop, exclude, u"%1 is left out of captures."_qs.arg(oneLine(app.name)));
 }
 
 ExitStatus excludeDomain(const QString &text)
@@ -75,12 +69,8 @@ ExitStatus excludeDomain(const QString &text)
     if (!domain)
         throw Failure("Command", 3, u"Enter a valid website domain or an http/https URL."_qs);
     Desktop desktop = libraryOnlyDesktop();
-    return change(desktop, [&](AppStore &store) {
-        if (!store.excludeDomain(text))
-            return failed(store, {});
-        print(u"%1 is left out of captures.\n"_qs.arg(*domain));
-        return ExitStatus::Done;
-    });
+    const auto exclude = [&](AppStore &store) { return store.excludeDomain(text, Audience::Caller); };
+    return change(desktop, exclude, u"%1 is left out of captures."_qs.arg(*domain));
 }
 
 bool hasApp(const AppStore &store, const QString &id)
@@ -93,15 +83,14 @@ ExitStatus allow(RuleKind kind, const QString &text)
     Desktop desktop = libraryOnlyDesktop();
     // A rule can be named as it was typed or as it is stored.
     const QString rule = kind == RuleKind::App ? text : CaptureExclusions::domainFrom(text).value_or(text);
-    return change(desktop, [&](AppStore &store) {
+    const auto allowRule = [&](AppStore &store) -> Outcome {
         const bool exists = kind == RuleKind::App ? hasApp(store, rule) : store.exclusions().domains.contains(rule);
         if (!exists)
-            return failed(store, u"“%1” is not excluded."_qs.arg(text));
-        if (!(kind == RuleKind::App ? store.allowApp(rule) : store.allowDomain(rule)))
-            return failed(store, {});
-        print(u"%1 is no longer left out of captures.\n"_qs.arg(oneLine(rule)));
-        return ExitStatus::Done;
-    });
+            return {.error = u"“%1” is not excluded."_qs.arg(text)};
+        return kind == RuleKind::App ? store.allowApp(rule, Audience::Caller)
+                                     : store.allowDomain(rule, Audience::Caller);
+    };
+    return change(desktop, allowRule, u"%1 is no longer left out of captures."_qs.arg(oneLine(rule)));
 }
 
 } // namespace

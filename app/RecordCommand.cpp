@@ -11,39 +11,36 @@ namespace {
 
 ExitStatus start(AppStore &store, const QCommandLineParser &parsed)
 {
-    const CommandTurn turn(store);
+    takeTurn(store);
     if (store.recording()) {
         printError(u"A work session is being recorded already. Stop it before you start another one."_qs);
         return ExitStatus::Failed;
     }
-    const std::optional<QUuid> project = store.createProject(parsed.value("project"));
+    const Outcome project = store.createProject(parsed.value("project"), Audience::Caller);
     if (!project)
-        return reportError(store);
+        return report(project);
     const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), store.includeBrowser()};
-    const std::optional<QUuid> id = finish(store.startSession(request));
-    if (!id)
-        return reportFailure(store);
-    print(store.notice().value_or(QString()) + '\n' + uuidText(*id) + '\n');
-    return ExitStatus::Done;
+    const Outcome outcome = finish(store.startSession(request, Audience::Caller));
+    if (outcome)
+        print(outcome.notice.value_or(QString()) + '\n' + uuidText(*outcome) + '\n');
+    return report(outcome);
 }
 
 ExitStatus stop(AppStore &store)
 {
-    const CommandTurn turn(store);
-    if (!store.recording()) {
+    const Outcome outcome = finish(store.stop(Audience::Caller));
+    if (!outcome.id) {
         printError(u"No work session is being recorded."_qs);
         return ExitStatus::Failed;
     }
-    finish(store.stop());
-    if (store.error())
-        printError(*store.error());
-    const Checkpoint *const saved = store.notice() ? store.selected() : nullptr;
-    if (!saved)
-        return ExitStatus::Failed;
-    print(*store.notice() + '\n' + uuidText(saved->id) + '\n');
-    if (saved->recording)
-        print(*saved->recording + '\n');
-    return ExitStatus::Done;
+    const Checkpoint *const saved = outcome ? store.checkpoint(*outcome) : nullptr;
+    if (saved) {
+        print(outcome.notice.value_or(QString()) + '\n' + uuidText(saved->id) + '\n');
+        if (saved->recording)
+            print(*saved->recording + '\n');
+    }
+    report(outcome);
+    return saved ? ExitStatus::Done : ExitStatus::Failed; // The checkpoint counts, also without its video.
 }
 
 // Only an application that goes on can record; the one that is started serves the same command.

@@ -192,12 +192,13 @@ Checkpoint chosenCheckpoint(const QCommandLineParser &parsed, const AppStore &st
     return findCheckpoint(store, parsed.positionalArguments().first());
 }
 
-RestoreReport carryOut(AppStore &store, const Checkpoint &checkpoint, const RestorePlan &plan, bool withLayout)
+ResumeOutcome carryOut(AppStore &store, const Checkpoint &checkpoint, const RestorePlan &plan, bool withLayout)
 {
     const QStringList apps = identifiers(plan.appsToOpen);
     const QList<QUuid> tabs = identifiers(plan.tabsToOpen);
     const QList<SavedWindow> windows = checkpoint.windows.value_or(QList<SavedWindow>());
-    return finish(store.restore(plan, {apps.begin(), apps.end()}, {tabs.begin(), tabs.end()}, windows, withLayout));
+    return finish(store.restore(plan, {apps.begin(), apps.end()}, {tabs.begin(), tabs.end()}, windows, withLayout,
+                                Audience::Caller));
 }
 
 ExitStatus resume(const QCommandLineParser &parsed, Desktop &desktop)
@@ -213,21 +214,19 @@ ExitStatus resume(const QCommandLineParser &parsed, Desktop &desktop)
     ResumeResult result{.plan = describe(plan)};
     if (isText)
         printText(plan);
-    std::optional<CommandTurn> turn;
+    Outcome outcome{.isDone = true};
     if (!parsed.isSet("dry-run")) {
-        turn.emplace(store);
-        const RestoreReport report = carryOut(store, checkpoint, plan, !parsed.isSet("no-layout"));
-        result.outcome = describe(report);
-        result.notice = store.notice().value_or(QString());
+        takeTurn(store);
+        const ResumeOutcome resumed = carryOut(store, checkpoint, plan, !parsed.isSet("no-layout"));
+        outcome = resumed;
+        result.outcome = describe(resumed.report);
+        result.notice = resumed.notice.value_or(QString());
         if (isText)
-            printText(report, result.notice);
+            printText(resumed.report, result.notice);
     }
     if (!isText)
         printJson(result);
-    if (!turn || !store.error())
-        return ExitStatus::Done;
-    printError(*store.error());
-    return ExitStatus::Failed;
+    return locked.report(outcome);
 }
 
 // A sentence when the arguments contradict each other.

@@ -36,7 +36,7 @@ struct SaveResult {
     }
 };
 
-SaveResult describe(const AppStore &store, const Checkpoint &checkpoint)
+SaveResult describe(const AppStore &store, const Checkpoint &checkpoint, const Outcome &outcome)
 {
     const Project *const project = store.project(checkpoint.projectID.value_or(QUuid()));
     return {
@@ -48,7 +48,7 @@ SaveResult describe(const AppStore &store, const Checkpoint &checkpoint)
         .windows = checkpoint.windows ? checkpoint.windows->size() : 0,
         .screenshot = checkpoint.screenshot,
         .captureNote = checkpoint.captureNote,
-        .notice = store.notice().value_or(QString()),
+        .notice = outcome.notice.value_or(QString()),
     };
 }
 
@@ -78,21 +78,21 @@ ExitStatus save(const QCommandLineParser &parsed, Desktop &desktop)
 {
     LockedStore locked(desktop, LockedStore::Purpose::Write);
     AppStore &store = locked.store();
-    const CommandTurn turn(store);
-    const std::optional<QUuid> project = store.createProject(parsed.value("project"));
+    takeTurn(store);
+    const Outcome project = store.createProject(parsed.value("project"), Audience::Caller);
     if (!project)
-        return reportError(store);
+        return locked.report(project);
     const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), wantsTabs(parsed, store)};
-    const std::optional<QUuid> id = finish(store.saveMoment(request));
-    const Checkpoint *const saved = id ? store.checkpoint(*id) : nullptr;
+    const Outcome outcome = finish(store.saveMoment(request, Audience::Caller));
+    const Checkpoint *const saved = outcome ? store.checkpoint(*outcome) : nullptr;
     if (!saved)
-        return reportFailure(store);
-    const SaveResult result = describe(store, *saved);
+        return locked.report(outcome);
+    const SaveResult result = describe(store, *saved, outcome);
     if (parsed.isSet("json"))
         printJson(result);
     else
         printText(result);
-    return ExitStatus::Done;
+    return locked.report(outcome);
 }
 
 } // namespace

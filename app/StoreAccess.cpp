@@ -4,8 +4,7 @@
 #include "app/Caller.h"
 #include "app/Output.h"
 #include "platform/null/NullDesktop.h"
-
-#include <QEventLoop>
+#include "support/Finish.h"
 
 #include <utility>
 
@@ -32,19 +31,14 @@ void refuseWhenInterrupted()
         throw Failure("Command", 5, "The command was interrupted.");
 }
 
-void waitUntilIdle(const AppStore &store)
+ExitStatus reportProblems(const Outcome &outcome)
 {
-    while (store.busy()) {
-        QEventLoop loop;
-        Observations idle;
-        idle.watch(
-            [&] {
-                if (!store.busy())
-                    loop.quit();
-            },
-            store.busy);
-        loop.exec();
-    }
+    const QStringList problems = outcome.problems();
+    for (const QString &sentence : problems)
+        printError(sentence);
+    if (!outcome && problems.isEmpty())
+        printError(u"Ardeno is busy with something else. Try again when it is done."_qs);
+    return outcome && problems.isEmpty() ? ExitStatus::Done : ExitStatus::Failed;
 }
 
 } // namespace
@@ -86,50 +80,42 @@ LockedStore::LockedStore(Desktop &desktop, Purpose purpose)
             m_lock->ensure();
     });
     parts.recoverSessions = m_lock->isHeld();
+    parts.remindOfCopies = false; // The command that made one has named it; the window goes on doing so.
     parts.beforeWrite = refuseWhenInterrupted;
     m_store = std::make_unique<AppStore>(desktop, std::move(parts));
-    reportAtStart(*m_store);
     if (purpose == Purpose::Write)
         m_signals.emplace(EndSignals::Again::EndAtOnce);
 }
 
-CommandTurn::CommandTurn(AppStore &store) : m_store(store)
+LockedStore::~LockedStore()
 {
-    waitUntilIdle(store);
+    if (m_store)
+        reportAtStart(*m_store);
+}
+
+void takeTurn(AppStore &store)
+{
+    finish(store.whenIdle());
     Caller::begin();
-    waitUntilIdle(store); // Its user may have begun something else.
-    m_error = store.error();
-    store.error.set(std::nullopt);
+    finish(store.whenIdle()); // Its user may have begun something else.
 }
 
-CommandTurn::~CommandTurn()
+ExitStatus LockedStore::report(const Outcome &outcome) const
 {
-    // Whoever gave the command was told what went wrong.
-    m_store.error.set(m_error);
-    if (m_store.captureIssue())
-        m_store.refreshScreenAccess();
+    return m_store ? reportProblems(outcome) : ardeno::report(outcome);
 }
 
-ExitStatus reportError(const AppStore &store)
+ExitStatus report(const Outcome &outcome)
 {
-    if (store.error())
-        printError(*store.error());
-    return ExitStatus::Failed;
-}
-
-ExitStatus reportFailure(const AppStore &store)
-{
-    if (store.captureIssue())
-        printError(*store.captureIssue());
-    return reportError(store);
+    for (const Remark &remark : outcome.remarks)
+        printError(remark.sentence);
+    return reportProblems(outcome);
 }
 
 void reportAtStart(const AppStore &store)
 {
-    for (const auto &sentence : {store.error(), store.notice()}) {
-        if (sentence)
-            printError(*sentence);
-    }
+    for (const QString &sentence : store.sentences())
+        printError(sentence);
 }
 
 Checkpoint findCheckpoint(const AppStore &store, const QString &prefix)

@@ -35,14 +35,18 @@ class LockedStore final {
 public:
     enum class Purpose { Read, Write };
 
-    // Throws Failure when another process holds the library. What else went wrong while the store was read is
-    // printed, and the command goes on. From then on a signal ends a writer tidily: nothing is written any more.
+    // Throws Failure when another process holds the library. From then on a signal ends a writer tidily: nothing is
+    // written any more.
     LockedStore(Desktop &desktop, Purpose purpose);
+    // Prints what else a store of its own has to say by then, for instance that something could not be read.
+    ~LockedStore();
     LockedStore(const LockedStore &) = delete;
     LockedStore &operator=(const LockedStore &) = delete;
-    ~LockedStore() = default;
 
     AppStore &store() { return m_store ? *m_store : *ApplicationStore::current(); }
+
+    // Prints what went wrong in an operation; the exit status that belongs to it.
+    ExitStatus report(const Outcome &outcome) const;
 
     // Lets others use the library: for a command that has read what it needs and goes on for a while.
     void release() { m_lock.reset(); }
@@ -54,23 +58,11 @@ private:
 };
 
 // In an application, lets what its user has begun come to its end first; throws Failure when the command is not wanted
-// any more by then. While it lives, the messages of the store are
-// those of the command; then the user's are back.
-class CommandTurn final {
-public:
-    explicit CommandTurn(AppStore &store);
-    CommandTurn(const CommandTurn &) = delete;
-    CommandTurn &operator=(const CommandTurn &) = delete;
-    ~CommandTurn();
+// any more by then.
+void takeTurn(AppStore &store);
 
-private:
-    AppStore &m_store;
-    std::optional<QString> m_error;
-};
-
-// Prints what the store has to say about an operation that failed, or about a capture.
-ExitStatus reportError(const AppStore &store);
-ExitStatus reportFailure(const AppStore &store);
+// The same for an operation of an application's store, with its remarks.
+ExitStatus report(const Outcome &outcome);
 
 // Prints what a store said when it was made.
 void reportAtStart(const AppStore &store);

@@ -4,7 +4,7 @@
 #include "capture/CaptureExclusions.h"
 #include "model/WorkspaceRecords.h"
 #include "services/AppUpdateManifest.h"
-#include "support/Observable.h"
+#include "store/Messages.h"
 
 #include <QSet>
 
@@ -21,7 +21,7 @@ struct UnplacedWindow {
 };
 
 // Everything the interface shows, one line a property. Main thread only.
-struct AppState {
+struct AppState : Messages {
     template <typename T>
     using Published = PublishedBy<T, AppStore>;
 
@@ -48,8 +48,10 @@ struct AppState {
     // Capture form and progress.
     Editable<bool> showCapture;
     Editable<bool> showQuickCapture;
-    Published<bool> busy;
+    Published<bool> busy;    // Something is captured, saved or resumed: nothing else of the kind can begin.
+    Published<bool> working; // Something goes on that the end of the program waits for.
     Published<bool> recording;
+    Published<std::optional<QString>> recordingFailure; // Why nothing is recorded any more, until the session ends.
     Editable<bool> pendingRecording;
     Editable<bool> includeBrowser;
     Published<std::optional<Date>> startedAt;
@@ -82,10 +84,6 @@ struct AppState {
     Published<std::optional<AppUpdateManifest>> availableUpdate;
     Published<bool> checkingForUpdates;
     Editable<bool> showNewsletterPrompt;
-
-    // Messages, one sentence each; a view clears them when the user dismisses them.
-    Editable<std::optional<QString>> error;
-    Editable<std::optional<QString>> notice;
 };
 
 } // namespace ardeno

@@ -5,6 +5,7 @@
 #include "store/MediaFolders.h"
 #include "store/MediaRecovery.h"
 #include "store/PreferenceKeys.h"
+#include "store/Subjects.h"
 #include "support/Identifiers.h"
 
 namespace ardeno {
@@ -58,6 +59,9 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
         };
     readPreferences();
     readExclusions();
+    m_mirrors.push_back(remarks.addNotifier([this] { keepCopiesInMind(); }));
+    if (parts.remindOfCopies)
+        remindOfCopies();
     readLibrary(parts.loadLibrary);
     m_capture.onFailure = [this](const Failure &failure) { recordingFailed(failure); };
     if (m_isLibraryRead && parts.recoverSessions)
@@ -82,7 +86,7 @@ void AppStore::mirror(Editable<T> &property, PreferenceKey<T> key)
 void AppStore::readPreferences()
 {
     if (!m_preferences.unreadableNote().isEmpty())
-        reportAtStart(m_preferences.unreadableNote());
+        report(m_preferences.unreadableNote());
     mirror(includeBrowser, keys::includeBrowser);
     mirror(shortcutChoice, keys::quickSaveShortcut);
     mirror(draftProjectName, keys::draftProjectName);
@@ -115,9 +119,18 @@ void AppStore::readExclusions()
         exclusions.set(json::decode<CaptureExclusions>(*stored));
     } catch (const Failure &failure) {
         m_preferences.setValue(keys::unreadableExclusions, *stored);
-        reportAtStart(tr("Your capture exclusions could not be read, so nothing is left out of captures until you set "
-                         "them again. ") +
-                      failure.description());
+        report(tr("Your capture exclusions could not be read, so nothing is left out of captures until you set them "
+                  "again. ") +
+                   failure.description(),
+               subjects::exclusions);
+    }
+}
+
+void AppStore::remindOfCopies()
+{
+    for (const QString &path : m_preferences.value(keys::keptCopies).value_or(QStringList())) {
+        if (QFile::exists(path))
+            remark(keptCopy(path));
     }
 }
 
@@ -125,13 +138,13 @@ void AppStore::readLibrary(const std::function<WorkspaceLibrary()> &load)
 {
     try {
         WorkspaceLibrary library = load ? load() : m_repository.loadLibrary();
-        const PublishTogether group;
-        projects.publish(std::move(library.projects));
-        checkpoints.publish(std::move(library.checkpoints));
-        m_isLibraryRead = true;
+        publish(std::move(library));
+        for (const QString &sentence : m_repository.warnings())
+            remark({.sentence = sentence});
     } catch (const Failure &failure) {
-        reportAtStart(tr("Your saved checkpoints could not be read. Existing files have been left in place. ") +
-                      failure.description());
+        report(tr("Your saved checkpoints could not be read. Existing files have been left in place. ") +
+                   failure.description(),
+               subjects::library);
     }
 }
 
@@ -165,46 +178,6 @@ void AppStore::chooseFirstProject()
         selectProject(m_sampleProject.id);
     else if (!available.isEmpty())
         selectProject(available.first().id);
-}
-
-void AppStore::reportAtStart(const QString &sentence)
-{
-    // Several things can be wrong at once; none hides another.
-    error.set(error() ? *error() + ' ' + sentence : sentence);
-}
-
-void AppStore::clearMessages()
-{
-    error.set(std::nullopt);
-    notice.set(std::nullopt);
-}
-
-WorkspaceLibrary AppStore::library() const
-{
-    return {WorkspaceLibrary::currentVersion, projects(), checkpoints()};
-}
-
-bool AppStore::commit(WorkspaceLibrary library, const QString &failurePrefix, const SettleMedia &settle)
-{
-    library.assignMissingProjects(); // What is published is what is written.
-    try {
-        m_beforeWrite();
-        m_repository.saveLibrary(library);
-    } catch (const Failure &failure) {
-        error.set(failurePrefix + failure.description());
-        return false;
-    }
-    try {
-        if (settle)
-            settle();
-    } catch (const Failure &failure) {
-        error.set(tr("Saved, but its media could not be put in their place, which the next start tries again: ") +
-                  failure.description());
-    }
-    const PublishTogether group; // No observer sees half of the change.
-    projects.publish(std::move(library.projects));
-    checkpoints.publish(std::move(library.checkpoints));
-    return true;
 }
 
 // Throws Failure, also where a link leads to media elsewhere.

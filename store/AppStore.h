@@ -6,6 +6,7 @@
 #include "capture/LocationRestore.h"
 #include "capture/OpenedPages.h"
 #include "capture/RestoreSummary.h"
+#include "capture/WindowRestore.h"
 #include "desktop/Desktop.h"
 #include "media/Thumbnails.h"
 #include "model/CheckpointRepository.h"
@@ -48,6 +49,8 @@ struct StoreParts {
     std::function<QCoro::Task<std::optional<AppUpdateManifest>>()> fetchUpdate = {};
     // Shows the sample project while there is no other, and opens it at the very first start.
     bool seedStarterExample = false;
+    // Names the copies of unreadable libraries again that nobody has dismissed.
+    bool remindOfCopies = true;
     // Without the library's lock there may be a session in progress elsewhere, which is not to be touched.
     bool recoverSessions = true;
 };
@@ -55,6 +58,10 @@ struct StoreParts {
 enum class CaptureKind { Checkpoint, Session };
 enum class CaptureForm { Sheet, QuickPanel };
 enum class Force { No, Yes };
+
+struct ResumeOutcome final : Outcome {
+    RestoreReport report = {};
+};
 
 // One immediate checkpoint to be saved, apart from the form and its drafts.
 struct CaptureRequest {
@@ -65,8 +72,10 @@ struct CaptureRequest {
 };
 
 // The application's one state object: its properties are those of AppState, its operations are all a user can do.
-// Every change of the library is written first and published second. Messages go to notice, error and captureIssue.
-// Changes take what they are about by value, since callers often have it from the lists that a change replaces.
+// Every change of the library is written first and published second. Operations tell how they ended by their Outcome;
+// the window shows it by notice, error, remarks and captureIssue, unless the caller says what went wrong itself. An
+// operation that is refused because another one is under way has no outcome. Changes take what they are about by value,
+// since callers often have it from the lists that a change replaces.
 class AppStore final : public AppState {
     Q_DECLARE_TR_FUNCTIONS(ardeno::AppStore)
 
@@ -80,31 +89,30 @@ public:
 
     // Projects. While the library has none, the sample project is the one in filteredProjects(), selectedProject(),
     // checkpointsFor() and selected(), and nowhere else: no operation changes or writes it.
-    std::optional<QUuid> createProject(const QString &name);
+    // The id is that of the new project, or of the one that has this name already. A blank name does nothing.
+    Outcome createProject(const QString &name, Audience audience = Audience::Window);
     void selectProject(QUuid id);
     void selectCheckpoint(const std::optional<QUuid> &id);
     // Back to the overview of all projects that are not archived.
     void showProjects();
-    bool setProjectBlocker(QUuid id, const std::optional<QString> &reason);
-    bool setProjectArchived(QUuid id, bool archived);
-    void reorderProjects(QUuid dragged, QUuid target, const QList<QUuid> &visibleIDs);
-    void deleteProject(QUuid id);
+    Outcome setProjectBlocker(QUuid id, const std::optional<QString> &reason);
+    Outcome setProjectArchived(QUuid id, bool archived);
+    Outcome reorderProjects(QUuid dragged, QUuid target, const QList<QUuid> &visibleIDs);
+    Outcome deleteProject(QUuid id);
     QList<Project> availableProjects() const;
     QList<Project> filteredProjects() const;
     const Project *selectedProject() const;
     const Project *project(const QUuid &id) const;
 
-    // False when the library exists and could not be read at start; the lists are then empty.
+    // False when the library exists and could not be read; the lists are then empty.
     bool isLibraryRead() const { return m_isLibraryRead; }
 
     // Checkpoints.
     QList<Checkpoint> checkpointsFor(const QUuid &projectID) const;
     const Checkpoint *selected() const; // The checkpoint shown.
     const Checkpoint *checkpoint(const QUuid &id) const;
-
-    bool save(Checkpoint checkpoint) { return save(std::move(checkpoint), {}); }
-
-    void deleteCheckpoint(QUuid id);
+    Outcome save(Checkpoint checkpoint);
+    Outcome deleteCheckpoint(QUuid id);
     // The files of a checkpoint as its records name them, only from the folder of its own media. A picture's may be
     // missing; a recording that cannot be opened throws Failure.
     std::optional<QString> screenshotFile(const Checkpoint &checkpoint) const;
@@ -116,31 +124,36 @@ public:
     // Small pictures of screenshots; made at the first call.
     Thumbnails &thumbnails();
 
-    // Changing a saved checkpoint. A write that fails leaves it as it was and puts a sentence into error; samples and
-    // checkpoints that are not in the library stay untouched, without a message.
-    // The field is title, objective, decision or nextStep; the text is kept as it is. False when it was not saved.
-    bool updateNote(QString Checkpoint::*field, const QString &text, QUuid checkpointID);
+    // Changing a saved checkpoint. A write that fails leaves it as it was; samples and checkpoints that are not in the
+    // library stay untouched, without a message.
+    // The field is title, objective, decision or nextStep; the text is kept as it is.
+    Outcome updateNote(QString Checkpoint::*field, const QString &text, QUuid checkpointID);
     // Makes a copy of the picture in this file the screenshot.
-    QCoro::Task<void> importScreenshot(QString file, QUuid checkpointID);
-    void removeScreenshot(QUuid checkpointID);
-    QCoro::Task<void> addCurrentBrowserTabs(QUuid checkpointID);
-    QCoro::Task<void> addCurrentWindowLayout(QUuid checkpointID);
-    // False when it was not removed; lastRemoval says what an undo brings back.
-    bool removeApp(SavedApp app, QUuid checkpointID);
-    bool removeTab(SavedTab tab, QUuid checkpointID);
-    void undoWorkspaceRemoval();
+    QCoro::Task<Outcome> importScreenshot(QString file, QUuid checkpointID);
+    Outcome removeScreenshot(QUuid checkpointID);
+    QCoro::Task<Outcome> addCurrentBrowserTabs(QUuid checkpointID);
+    QCoro::Task<Outcome> addCurrentWindowLayout(QUuid checkpointID);
+    // lastRemoval says what an undo brings back.
+    Outcome removeApp(SavedApp app, QUuid checkpointID);
+    Outcome removeTab(SavedTab tab, QUuid checkpointID);
+    Outcome undoWorkspaceRemoval();
 
     // Capturing.
     void requestCapture(CaptureKind kind, CaptureForm form);
-    QCoro::Task<void> captureMoment(QString title, QString next, CaptureKind kind);
+    QCoro::Task<Outcome> captureMoment(QString title, QString next, CaptureKind kind);
     void cancelCapture();
-    // Saves without the form: its drafts stay as they are. The id of the checkpoint, absent after a failure.
-    QCoro::Task<std::optional<QUuid>> saveMoment(CaptureRequest request);
-    // Starts a recorded session without the form; captureMoment() does so with it. The id of its checkpoint, which is
-    // saved by stop(); absent after a failure.
-    QCoro::Task<std::optional<QUuid>> startSession(CaptureRequest request);
-    // Ends the session and saves its checkpoint.
-    QCoro::Task<void> stop();
+    // Saves without the form: its drafts stay as they are. The id is that of the checkpoint.
+    QCoro::Task<Outcome> saveMoment(CaptureRequest request, Audience audience = Audience::Window);
+    // Starts a recorded session without the form; captureMoment() does so with it. The id is that of its checkpoint,
+    // which is saved by stop().
+    QCoro::Task<Outcome> startSession(CaptureRequest request, Audience audience = Audience::Window);
+    // Ends the session and saves its checkpoint, whose id it gives; waits for what is under way. Without a session
+    // nothing happens.
+    QCoro::Task<Outcome> stop(Audience audience = Audience::Window);
+    // Tries again to save the checkpoints of sessions that could not be written. Every other change tries it, too.
+    Outcome saveUnsavedSessions();
+    // Ends when nothing is busy.
+    QCoro::Task<void> whenIdle();
     // The open tabs that a capture keeps: without excluded browsers and websites.
     QCoro::Task<WorkspaceCapture::OpenTabs> capturedTabs();
     void refreshRunningApplications();
@@ -151,8 +164,8 @@ public:
     void refreshScreenAccess();
     // Asks the user, once in a run of the program.
     void requestScreenAccess();
-    // Looks again without asking.
-    void verifyAccessNow();
+    // Looks again without asking, also whether a picture can really be taken.
+    QCoro::Task<void> verifyAccessNow();
     // Shows where the user gives the consent.
     void openScreenSettings();
     // Replaces this process by a new one, which opens the form with its drafts.
@@ -167,17 +180,19 @@ public:
     // What resuming would do now. Never throws; what could not be checked is the plan's warning.
     QCoro::Task<RestorePlan> restorePlan(Checkpoint checkpoint);
     // Opens what was chosen of a plan made before and, with the layout, the folders and documents of the chosen and the
-    // active applications and their windows' places. The sentence goes to notice, what failed to error.
-    QCoro::Task<RestoreReport> restore(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
-                                       QList<SavedWindow> windows, bool restoreLayout);
+    // active applications and their windows' places.
+    QCoro::Task<ResumeOutcome> restore(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
+                                       QList<SavedWindow> windows, bool restoreLayout,
+                                       Audience audience = Audience::Window);
     // Tries those of unplacedWindows again that are among these, which are all of one checkpoint.
-    QCoro::Task<void> placeRemainingWindows(QList<SavedWindow> windows);
+    QCoro::Task<Outcome> placeRemainingWindows(QList<SavedWindow> windows);
 
     // Exclusions.
-    bool excludeApp(const SavedApp &app);
-    bool allowApp(const QString &id);
-    bool excludeDomain(const QString &text); // False when the text is no valid domain or address.
-    bool allowDomain(const QString &domain);
+    Outcome excludeApp(const SavedApp &app, Audience audience = Audience::Window);
+    Outcome allowApp(const QString &id, Audience audience = Audience::Window);
+    // Without an error where the text is no valid domain or address.
+    Outcome excludeDomain(const QString &text, Audience audience = Audience::Window);
+    Outcome allowDomain(const QString &domain, Audience audience = Audience::Window);
     // The applications that run now and could be excluded, by name.
     QList<SavedApp> runningApps() const;
     // Those that could be opened, by name, one entry each.
@@ -185,6 +200,9 @@ public:
 
     // Where everything is saved.
     const QString &storageFolder() const { return m_repository.root(); }
+
+    // Shows a file in its folder.
+    QCoro::Task<Outcome> showFile(QString path);
 
     // Opens a "mailto:" address as a draft; false without a mail program.
     bool openMail(const QUrl &address);
@@ -205,6 +223,9 @@ private:
     // Start-up.
     void readPreferences();
     void readExclusions();
+    void remindOfCopies();
+    void keepCopiesInMind();
+    static Remark keptCopy(const QString &path);
     void readLibrary(const std::function<WorkspaceLibrary()> &load);
     void prepareSamples();
     void chooseFirstProject();
@@ -212,62 +233,94 @@ private:
     void mirror(Editable<T> &property, PreferenceKey<T> key);
     void mirrorDraftProject();
     void setSelectedProjectID(const std::optional<QUuid> &id);
-    void reportAtStart(const QString &sentence);
 
+    // Ends an operation: its audience is told.
+    template <typename Result>
+    Result concluded(Result outcome, Audience audience = Audience::Window);
+    // The same for one that takes time, whatever ends it.
+    template <typename Result>
+    QCoro::Task<Result> carryOut(QCoro::Task<Result> work, Audience audience = Audience::Window);
+
+    // A change of the library; false when there is nothing to change. It is made once more where another program has
+    // changed the library meanwhile.
+    using Change = std::function<bool(WorkspaceLibrary &library)>;
     // The only way to change the library: on disk first, on screen second.
     // In between, media settle where the library now says that they are; that may throw Failure.
     using SettleMedia = std::function<void()>;
-    bool commit(WorkspaceLibrary library, const QString &failurePrefix, const SettleMedia &settle = {});
-    bool commitDeletion(WorkspaceLibrary library, const QSet<QUuid> &gone, const QString &failurePrefix,
-                        const QString &remainsPrefix);
+    bool commit(const Change &change, const QString &failurePrefix, Outcome *outcome, const SettleMedia &settle = {});
+
+    struct DeletionTexts {
+        QString failed;
+        QString remains; // What is said before the folder whose media could not be removed.
+    };
+
+    // Takes checkpoints out of the library and gives their identifiers; absent when there is nothing to take.
+    using TakeCheckpoints = std::function<std::optional<QSet<QUuid>>(WorkspaceLibrary &library)>;
+    bool commitDeletion(const TakeCheckpoints &take, const DeletionTexts &texts, Outcome *outcome);
+    bool writeChanged(const Change &change, Outcome *outcome, const SettleMedia &settle);
+    void publish(WorkspaceLibrary library);
+    void readAgain(Outcome *outcome);
     WorkspaceLibrary library() const;
-    bool updateProject(QUuid id, const std::function<void(Project &)> &change);
-    bool save(Checkpoint checkpoint, const SettleMedia &settle);
-    bool write(Checkpoint checkpoint, const QString &failurePrefix, const SettleMedia &settle = {});
-    bool writeEdit(Checkpoint checkpoint, const SettleMedia &settle = {});
+    Outcome updateProject(QUuid id, const std::function<void(Project &)> &change);
+    bool write(const Checkpoint &checkpoint, Outcome *outcome, const SettleMedia &settle = {});
     bool isShowingSamples() const;
-    void clearMessages();
     void forgetProject(QUuid id);
-    void reportRemainingMedia(const QString &prefix, const QString &path, const Failure &failure);
     QString mediaFolder(const QUuid &checkpointID) const;
 
     // Changing a saved checkpoint.
     std::optional<Checkpoint> editable(const QUuid &id) const;
+    // Not concluded yet; "what" is the matter. The change says whether there is anything to write.
+    Outcome edit(QUuid checkpointID, const char *what, const std::function<bool(Checkpoint &)> &change,
+                 const QString &failurePrefix = {}, const SettleMedia &settle = {});
     template <typename Item>
-    bool removeItem(QUuid checkpointID, QList<Item> Checkpoint::*list, Item item);
-    void adoptScreenshot(QUuid checkpointID, const QString &path);
-    void putBack(MediaRemoval &removal);
+    Outcome removeItem(QUuid checkpointID, QList<Item> Checkpoint::*list, Item item);
+    QCoro::Task<Outcome> addTabs(QUuid checkpointID);
+    QCoro::Task<Outcome> addLayout(QUuid checkpointID);
+    QCoro::Task<Outcome> addPicture(QString file, QUuid checkpointID);
+    void adoptScreenshot(QUuid checkpointID, const QString &path, Outcome *outcome);
+    static void putBack(MediaRemoval &removal, Outcome *outcome);
     void forgetPictures(const QList<Checkpoint> &gone);
     QSet<QString> screenshotFiles(const QList<Checkpoint> &of) const;
 
     // Capturing.
-    std::optional<QUuid> draftProject();
-    QCoro::Task<std::optional<QUuid>> capture(CaptureRequest request, CaptureKind kind);
+    std::optional<QUuid> draftProject(Outcome *outcome);
+    QCoro::Task<Outcome> captureForm(QString title, QString next, CaptureKind kind);
+    QCoro::Task<Outcome> capture(CaptureRequest request, CaptureKind kind);
     // The limits are what the note says beside how the capture went.
     QCoro::Task<void> fill(Checkpoint *checkpoint, QString mediaFolder, bool withTabs, QString *limits = nullptr);
     QCoro::Task<void> takePicture(Checkpoint *checkpoint, QString mediaFolder);
     void finishForm();
     void considerNewsletter();
-    bool saveExclusions(const CaptureExclusions &changed);
+    Outcome saveExclusions(const CaptureExclusions &changed, Audience audience);
+
+    QCoro::Task<Outcome> reveal(QString path);
 
     // Screen access.
     void endSheets();
     QCoro::Task<void> startSuccessor();
 
     // Resuming.
+    QCoro::Task<ResumeOutcome> resume(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
+                                      QList<SavedWindow> windows, bool restoreLayout);
+    QCoro::Task<Outcome> placeWindows(WindowLayout::RestoreRequest request);
     QCoro::Task<void> restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report);
     void keepUnplaced(const QList<SavedWindow> &windows, const RestoreResult &result);
     // Work sessions.
-    bool refuseSession();
+    // Why none can be started.
+    std::optional<QString> sessionObstacle() const;
     QCoro::Task<void> beginRecording(Checkpoint *checkpoint, UnsavedMedia *media);
     void recordingFailed(const Failure &failure);
+    QCoro::Task<Outcome> stopSession();
     void endSession();
     QCoro::Task<std::optional<QString>> finishVideo(Checkpoint *checkpoint);
     QCoro::Task<void> captureEnd(Checkpoint *checkpoint);
-    void saveSession(const Checkpoint &checkpoint, const std::optional<QString> &problem);
+    void saveSession(const Checkpoint &checkpoint, Outcome *outcome);
     QSet<QUuid> resolveMedia();
     // Saves the checkpoints of sessions that were cut short, whose journals are in these folders.
     void recoverSessions(const QSet<QUuid> &journals);
+    // Sessions whose checkpoints could not be written are kept beside their media and go with the next change.
+    Remark keepUnsaved(const Checkpoint &session);
+    void sessionsSaved(const WorkspaceLibrary &written, Outcome *outcome);
 
     Desktop &m_desktop;
     Preferences m_preferences;
@@ -294,6 +347,9 @@ private:
     Project m_sampleProject = {};
     bool m_isLibraryRead = false;
     std::optional<Checkpoint> m_active; // The checkpoint being recorded.
+    QList<Checkpoint> m_unsavedSessions;
+    QStringList m_shownCopies;
+    int m_running = 0; // Operations that take time.
     std::vector<QPropertyNotifier> m_mirrors;
 };
 

@@ -4,6 +4,7 @@
 #include "store/AppStore.h"
 #include "store/MediaFolders.h"
 #include "store/PreferenceKeys.h"
+#include "store/Subjects.h"
 
 #include <QScopeGuard>
 
@@ -37,63 +38,75 @@ void AppStore::cancelCapture()
     m_preferences.setValue(keys::resumeCaptureSetup, false);
 }
 
-QCoro::Task<void> AppStore::captureMoment(QString title, QString next, CaptureKind kind)
+QCoro::Task<Outcome> AppStore::captureMoment(QString title, QString next, CaptureKind kind)
 {
+    return carryOut(captureForm(std::move(title), std::move(next), kind));
+}
+
+QCoro::Task<Outcome> AppStore::captureForm(QString title, QString next, CaptureKind kind)
+{
+    Outcome outcome{.subject = subjects::capture};
     if (busy())
-        co_return;
-    clearMessages();
+        co_return outcome;
     draftTitle.set(title.trimmed());
     draftNext.set(next.trimmed());
     m_preferences.setValue(keys::captureDraftRecording, kind == CaptureKind::Session);
     refreshScreenAccess();
     if (!screenAccessGranted()) {
-        captureIssue.set(screenAccessReason().value_or(
+        outcome.captureIssue = screenAccessReason().value_or(
             tr("Screen access needs to be set up before saving. Use Allow screen access once, then finish in System "
-               "Settings. Your draft is saved.")));
-        co_return;
+               "Settings. Your draft is saved."));
+        co_return outcome;
     }
-    if (kind == CaptureKind::Session && refuseSession())
-        co_return;
-    const std::optional<QUuid> projectID = draftProject();
+    if (kind == CaptureKind::Session)
+        outcome.captureIssue = sessionObstacle();
+    const std::optional<QUuid> projectID = outcome.captureIssue ? std::nullopt : draftProject(&outcome);
     if (!projectID)
-        co_return;
+        co_return outcome;
     const CaptureRequest request{*projectID, draftTitle(), draftNext(), includeBrowser()};
-    if (!co_await capture(request, kind))
-        co_return;
+    outcome = co_await capture(request, kind);
+    if (!outcome)
+        co_return outcome;
     finishForm();
     if (kind == CaptureKind::Checkpoint)
         considerNewsletter();
+    co_return outcome;
 }
 
-QCoro::Task<std::optional<QUuid>> AppStore::saveMoment(CaptureRequest request)
+QCoro::Task<Outcome> AppStore::saveMoment(CaptureRequest request, Audience audience)
 {
-    if (busy())
-        co_return std::nullopt;
-    clearMessages();
-    captureIssue.set(std::nullopt);
-    request.title = request.title.trimmed();
-    request.next = request.next.trimmed();
-    co_return co_await capture(request, CaptureKind::Checkpoint);
+    return carryOut(capture(std::move(request), CaptureKind::Checkpoint), audience);
 }
 
-std::optional<QUuid> AppStore::draftProject()
+std::optional<QUuid> AppStore::draftProject(Outcome *outcome)
 {
     const QList<Project> available = availableProjects();
     const auto isDraft = [this](const Project &project) { return project.id == draftProjectID(); };
     if (std::any_of(available.begin(), available.end(), isDraft))
         return draftProjectID();
     if (draftProjectName().trimmed().isEmpty()) {
-        error.set(tr("Choose a project or enter a new project name before saving."));
+        outcome->fail(tr("Choose a project or enter a new project name before saving."));
         return std::nullopt;
     }
-    const std::optional<QUuid> created = createProject(draftProjectName());
+    const Outcome created = createProject(draftProjectName(), Audience::Caller);
     if (created)
-        draftProjectID.set(created);
-    return created;
+        draftProjectID.set(created.id);
+    else if (created.error)
+        outcome->fail(*created.error);
+    return created.id;
 }
 
-QCoro::Task<std::optional<QUuid>> AppStore::capture(CaptureRequest request, CaptureKind kind)
+QCoro::Task<Outcome> AppStore::capture(CaptureRequest request, CaptureKind kind)
 {
+    Outcome outcome{.subject = subjects::capture};
+    if (busy())
+        co_return outcome;
+    if (kind == CaptureKind::Session)
+        outcome.captureIssue = sessionObstacle();
+    if (outcome.captureIssue)
+        co_return outcome;
+    request.title = request.title.trimmed();
+    request.next = request.next.trimmed();
     busy.set(true);
     const auto idle = qScopeGuard([this] { busy.set(false); });
     Checkpoint checkpoint;
@@ -108,22 +121,25 @@ QCoro::Task<std::optional<QUuid>> AppStore::capture(CaptureRequest request, Capt
         co_await fill(&checkpoint, media.folder(), request.includeBrowser);
         if (kind == CaptureKind::Session)
             co_await beginRecording(&checkpoint, &media);
-    } catch (const Failure &failure) {
-        captureIssue.set(tr("Capture could not finish. Your draft is safe. Check Screen Recording settings; if access "
-                            "was just enabled, quit and reopen this app, then try again. ") +
-                         failure.description());
-        co_return std::nullopt;
+    } catch (...) {
+        outcome.captureIssue = tr("Capture could not finish. Your draft is safe. Check Screen Recording settings; if "
+                                  "access was just enabled, quit and reopen this app, then try again. ") +
+                               Failure::current().description();
+        co_return outcome;
     }
-    if (kind == CaptureKind::Checkpoint) {
-        const SettleMedia settle = [&media] {
-            media.keep(); // Whatever becomes of the folder's name.
-            media.adopt();
-        };
-        if (!save(checkpoint, settle))
-            co_return std::nullopt;
-        notice.set(tr("Checkpoint saved."));
-    }
-    co_return id;
+    const SettleMedia settle = [&media] {
+        media.keep(); // Whatever becomes of the folder's name.
+        media.adopt();
+    };
+    if (kind == CaptureKind::Session)
+        outcome.notice = tr("Recording your main display. Stop any time from the menu bar.");
+    else if (write(checkpoint, &outcome, settle))
+        outcome.notice = tr("Checkpoint saved.");
+    else
+        co_return outcome;
+    outcome.isDone = true;
+    outcome.id = id;
+    co_return outcome;
 }
 
 // The media go into that folder; the checkpoint names them where they will be.
@@ -195,32 +211,32 @@ void AppStore::considerNewsletter()
         showNewsletterPrompt.set(true);
 }
 
-bool AppStore::save(Checkpoint checkpoint, const SettleMedia &settle)
+Outcome AppStore::save(Checkpoint checkpoint)
 {
-    clearMessages();
-    if (checkpoint.isSample)
-        return false;
-    const QUuid id = checkpoint.id;
-    if (!write(std::move(checkpoint), tr("Could not save this checkpoint: "), settle))
-        return false;
-    const PublishTogether group;
-    setSelectedProjectID(this->checkpoint(id)->projectID);
-    selection.set(id);
-    return true;
+    Outcome outcome{.id = checkpoint.id, .subject = subjects::about("save", checkpoint.id)};
+    outcome.isDone = !checkpoint.isSample && write(checkpoint, &outcome);
+    return concluded(std::move(outcome));
 }
 
-// In the place of the one with its identifier, or as a new one.
-bool AppStore::write(Checkpoint checkpoint, const QString &failurePrefix, const SettleMedia &settle)
+// In the place of the one with its identifier, or as a new one, and then shown.
+bool AppStore::write(const Checkpoint &checkpoint, Outcome *outcome, const SettleMedia &settle)
 {
-    const QUuid id = checkpoint.id;
-    WorkspaceLibrary changed = library();
-    const auto same = std::find_if(changed.checkpoints.begin(), changed.checkpoints.end(),
-                                   [&](const Checkpoint &existing) { return existing.id == id; });
-    if (same == changed.checkpoints.end())
-        changed.checkpoints.prepend(std::move(checkpoint));
-    else
-        *same = std::move(checkpoint);
-    return commit(std::move(changed), failurePrefix, settle);
+    const auto put = [&](WorkspaceLibrary &library) {
+        const auto same = std::find_if(library.checkpoints.begin(), library.checkpoints.end(),
+                                       [&](const Checkpoint &existing) { return existing.id == checkpoint.id; });
+        if (same == library.checkpoints.end())
+            library.checkpoints.prepend(checkpoint);
+        else
+            *same = checkpoint;
+        return true;
+    };
+    if (!commit(put, tr("Could not save this checkpoint: "), outcome, settle))
+        return false;
+    const PublishTogether group;
+    setSelectedProjectID(this->checkpoint(checkpoint.id)->projectID);
+    showArchivedProjects.set(selectedProject() && selectedProject()->archivedAt); // The list that the project is in.
+    selection.set(checkpoint.id);
+    return true;
 }
 
 } // namespace ardeno

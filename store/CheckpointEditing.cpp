@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/WindowLayout.h"
 #include "store/AppStore.h"
+#include "store/Subjects.h"
 
 #include <algorithm>
 #include <utility>
@@ -16,121 +17,161 @@ std::optional<Checkpoint> AppStore::editable(const QUuid &id) const
 }
 
 // What the user looks at stays as it is: a note may be saved because another checkpoint was chosen.
-bool AppStore::writeEdit(Checkpoint checkpoint, const SettleMedia &settle)
+Outcome AppStore::edit(QUuid checkpointID, const char *what, const std::function<bool(Checkpoint &)> &change,
+                       const QString &failurePrefix, const SettleMedia &settle)
 {
-    return write(std::move(checkpoint), tr("Could not save this checkpoint: "), settle);
+    Outcome outcome{.id = checkpointID, .subject = subjects::about(what, checkpointID)};
+    const auto apply = [&](WorkspaceLibrary &library) {
+        const auto found = std::find_if(library.checkpoints.begin(), library.checkpoints.end(),
+                                        [&](const Checkpoint &candidate) { return candidate.id == checkpointID; });
+        return found != library.checkpoints.end() && !found->isSample && change(*found);
+    };
+    const QString prefix = failurePrefix.isEmpty() ? tr("Could not save this checkpoint: ") : failurePrefix;
+    outcome.isDone = commit(apply, prefix, &outcome, settle);
+    return outcome;
 }
 
-bool AppStore::updateNote(QString Checkpoint::*field, const QString &text, QUuid checkpointID)
+Outcome AppStore::updateNote(QString Checkpoint::*field, const QString &text, QUuid checkpointID)
 {
-    std::optional<Checkpoint> changed = editable(checkpointID);
-    if (!changed)
-        return false;
-    if (*changed.*field == text)
+    const std::optional<Checkpoint> existing = editable(checkpointID);
+    if (!existing)
+        return {};
+    if (*existing.*field == text)
+        return {.isDone = true, .id = checkpointID};
+    const auto write = [&](Checkpoint &checkpoint) {
+        checkpoint.*field = text;
         return true;
-    clearMessages();
-    *changed.*field = text;
-    return writeEdit(std::move(*changed));
+    };
+    return concluded(edit(checkpointID, "note", write));
 }
 
-QCoro::Task<void> AppStore::addCurrentBrowserTabs(QUuid checkpointID)
+QCoro::Task<Outcome> AppStore::addCurrentBrowserTabs(QUuid checkpointID)
 {
+    return carryOut(addTabs(checkpointID));
+}
+
+QCoro::Task<Outcome> AppStore::addTabs(QUuid checkpointID)
+{
+    Outcome outcome;
     if (!editable(checkpointID))
-        co_return;
-    clearMessages();
+        co_return outcome;
     const WorkspaceCapture::OpenTabs open = co_await capturedTabs();
-    std::optional<Checkpoint> changed = editable(checkpointID); // As it is by now.
+    const std::optional<Checkpoint> changed = editable(checkpointID); // As it is by now.
     if (!changed)
-        co_return;
+        co_return outcome;
     QSet<QString> saved;
     for (const SavedTab &tab : std::as_const(changed->tabs))
         saved.insert(tab.url);
     QList<SavedTab> added = open.tabs;
     added.removeIf([&](const SavedTab &tab) { return saved.contains(tab.url) || !exclusions().allows(tab); });
     if (!added.isEmpty()) {
-        changed->tabs += added;
-        if (!writeEdit(std::move(*changed)))
-            co_return;
-        notice.set(
-            tr("Added %n current browser tabs. Your screenshot is unchanged.", "", static_cast<int>(added.size())));
+        const auto append = [&](Checkpoint &checkpoint) {
+            checkpoint.tabs += added;
+            return true;
+        };
+        outcome = edit(checkpointID, "tabs", append);
+        if (!outcome)
+            co_return outcome;
+        outcome.notice =
+            tr("Added %n current browser tabs. Your screenshot is unchanged.", "", static_cast<int>(added.size()));
     } else if (!open.tabs.isEmpty() || !open.warning) {
-        notice.set(tr("No new browser tabs to add."));
+        outcome.isDone = true;
+        outcome.notice = tr("No new browser tabs to add.");
     }
-    error.set(open.shownWarning);
+    if (open.shownWarning)
+        outcome.fail(*open.shownWarning);
+    co_return outcome;
 }
 
-QCoro::Task<void> AppStore::addCurrentWindowLayout(QUuid checkpointID)
+QCoro::Task<Outcome> AppStore::addCurrentWindowLayout(QUuid checkpointID)
 {
-    std::optional<Checkpoint> changed = editable(checkpointID);
-    if (!changed)
-        co_return;
-    clearMessages();
+    return carryOut(addLayout(checkpointID));
+}
+
+QCoro::Task<Outcome> AppStore::addLayout(QUuid checkpointID)
+{
+    Outcome outcome;
+    const std::optional<Checkpoint> existing = editable(checkpointID);
+    if (!existing)
+        co_return outcome;
     const Capability server = m_desktop.windowServer->availability();
     if (!server.isAvailable()) {
-        error.set(server.reason);
-        co_return;
+        outcome.fail(server.reason);
+        co_return outcome;
     }
     const WindowLayout::Captured captured =
-        co_await WindowLayout::capture(changed->apps, m_desktop, QCoreApplication::applicationPid());
+        co_await WindowLayout::capture(existing->apps, m_desktop, QCoreApplication::applicationPid());
     QList<SavedWindow> windows = captured.windows;
     const QSet<QString> excluded = exclusions().appIDs();
     windows.removeIf([&](const SavedWindow &window) { return excluded.contains(window.appID); });
     if (windows.isEmpty()) {
-        notice.set(tr("No visible windows matched this checkpoint’s saved apps."));
-        co_return;
+        outcome.isDone = true;
+        outcome.notice = tr("No visible windows matched this checkpoint’s saved apps.");
+        co_return outcome;
     }
-    changed = editable(checkpointID); // As it is by now.
-    if (!changed)
-        co_return;
-    changed->windows = windows;
-    if (writeEdit(std::move(*changed)))
-        notice.set(tr("Saved current positions for %n windows. The screenshot is unchanged.", "",
-                      static_cast<int>(windows.size())));
+    if (!editable(checkpointID)) // It was deleted meanwhile.
+        co_return outcome;
+    const auto replace = [&](Checkpoint &checkpoint) {
+        checkpoint.windows = windows;
+        return true;
+    };
+    outcome = edit(checkpointID, "layout", replace);
+    if (outcome)
+        outcome.notice = tr("Saved current positions for %n windows. The screenshot is unchanged.", "",
+                            static_cast<int>(windows.size()));
+    co_return outcome;
 }
 
 template <typename Item>
-bool AppStore::removeItem(QUuid checkpointID, QList<Item> Checkpoint::*list, Item item)
+Outcome AppStore::removeItem(QUuid checkpointID, QList<Item> Checkpoint::*list, Item item)
 {
-    std::optional<Checkpoint> changed = editable(checkpointID);
-    const qsizetype index = changed ? (*changed.*list).indexOf(item) : -1;
-    if (index < 0)
-        return false;
-    clearMessages();
-    (*changed.*list).removeAt(index);
+    const std::optional<Checkpoint> existing = editable(checkpointID);
+    if (!existing || !(*existing.*list).contains(item))
+        return {};
+    qsizetype index = -1;
+    const auto remove = [&](Checkpoint &checkpoint) {
+        index = (checkpoint.*list).indexOf(item);
+        if (index >= 0)
+            (checkpoint.*list).removeAt(index);
+        return index >= 0;
+    };
     const PublishTogether group;
-    if (!writeEdit(std::move(*changed)))
-        return false;
-    lastRemoval.set(WorkspaceRemoval{checkpointID, {std::move(item), index}});
-    return true;
+    Outcome outcome = edit(checkpointID, "item", remove);
+    if (outcome)
+        lastRemoval.set(WorkspaceRemoval{checkpointID, {std::move(item), index}});
+    return concluded(std::move(outcome));
 }
 
-bool AppStore::removeApp(SavedApp app, QUuid checkpointID)
+Outcome AppStore::removeApp(SavedApp app, QUuid checkpointID)
 {
     return removeItem(checkpointID, &Checkpoint::apps, std::move(app));
 }
 
-bool AppStore::removeTab(SavedTab tab, QUuid checkpointID)
+Outcome AppStore::removeTab(SavedTab tab, QUuid checkpointID)
 {
     return removeItem(checkpointID, &Checkpoint::tabs, std::move(tab));
 }
 
-void AppStore::undoWorkspaceRemoval()
+Outcome AppStore::undoWorkspaceRemoval()
 {
     const std::optional<WorkspaceRemoval> removal = lastRemoval();
-    std::optional<Checkpoint> changed = removal ? editable(removal->checkpointID) : std::nullopt;
-    if (!changed)
-        return;
-    clearMessages();
-    const auto insert = [&](auto &list, const auto &item) {
-        list.insert(std::min(removal->item.index, list.size()), item);
+    if (!removal || !editable(removal->checkpointID))
+        return {};
+    const auto putBack = [&](Checkpoint &checkpoint) {
+        const auto insert = [&](auto &list, const auto &item) {
+            list.insert(std::min(removal->item.index, list.size()), item);
+        };
+        if (const SavedApp *const app = std::get_if<SavedApp>(&removal->item.item))
+            insert(checkpoint.apps, *app);
+        else
+            insert(checkpoint.tabs, std::get<SavedTab>(removal->item.item));
+        return true;
     };
-    if (const SavedApp *const app = std::get_if<SavedApp>(&removal->item.item))
-        insert(changed->apps, *app);
-    else
-        insert(changed->tabs, std::get<SavedTab>(removal->item.item));
     const PublishTogether group;
-    if (writeEdit(std::move(*changed)))
+    Outcome outcome = edit(removal->checkpointID, "item", putBack);
+    if (outcome)
         lastRemoval.set(std::nullopt);
+    return concluded(std::move(outcome));
 }
 
 } // namespace ardeno

@@ -4,60 +4,80 @@
 #include "store/MediaStaging.h"
 #include "store/PreferenceKeys.h"
 #include "store/ProjectOrder.h"
+#include "store/Subjects.h"
 #include "support/Identifiers.h"
 
 namespace ardeno {
 
-void AppStore::reportRemainingMedia(const QString &prefix, const QString &path, const Failure &failure)
+namespace {
+
+QString remaining(const MediaStaging::Remains &remains)
 {
-    error.set(prefix + path + ": " + failure.description());
+    return remains.folder + ": " + remains.reason.description();
 }
 
-// The media go aside first: cut short at any moment, the library says at the next start whether they come back.
-bool AppStore::commitDeletion(WorkspaceLibrary library, const QSet<QUuid> &gone, const QString &failurePrefix,
-                              const QString &remainsPrefix)
+QList<Checkpoint> takeCheckpoints(WorkspaceLibrary &library, const QUuid &projectID)
 {
-    MediaStaging staging(m_repository.root());
-    bool isAside = true;
-    for (auto id = gone.begin(); isAside && id != gone.end(); ++id) {
-        const auto failure = staging.add(MediaFolders::own(m_repository.root(), *id), *id);
-        isAside = !failure;
-        if (failure)
-            error.set(failurePrefix + failure->description());
-    }
-    if (!isAside || !commit(std::move(library), failurePrefix)) {
-        if (const auto remains = staging.putBack())
-            reportRemainingMedia(*error() + tr(" Some media remains in "), remains->folder, remains->reason);
+    QList<Checkpoint> taken;
+    library.checkpoints.removeIf([&](const Checkpoint &checkpoint) {
+        if (checkpoint.projectID != projectID)
+            return false;
+        taken.append(checkpoint);
+        return true;
+    });
+    return taken;
+}
+
+} // namespace
+
+// The media go aside first: cut short at any moment, the library says at the next start whether they come back.
+bool AppStore::commitDeletion(const TakeCheckpoints &take, const DeletionTexts &texts, Outcome *outcome)
+{
+    std::optional<MediaStaging> staging;
+    const auto setAside = [&](WorkspaceLibrary &library) {
+        if (staging)
+            staging->putBack(); // The library has been read again, and others may be gone with it.
+        staging.emplace(m_repository.root());
+        const std::optional<QSet<QUuid>> gone = take(library);
+        for (const QUuid &id : gone.value_or(QSet<QUuid>())) {
+            if (const auto failure = staging->add(MediaFolders::own(m_repository.root(), id), id))
+                throw Failure(*failure);
+        }
+        return gone.has_value();
+    };
+    if (!commit(setAside, texts.failed, outcome)) {
+        if (const auto remains = staging ? staging->putBack() : std::nullopt)
+            outcome->error = outcome->error.value_or(QString()) + tr(" Some media remains in ") + remaining(*remains);
         return false;
     }
-    if (const auto remains = staging.remove())
-        reportRemainingMedia(remainsPrefix, remains->folder, remains->reason);
+    if (const auto remains = staging->remove())
+        outcome->fail(texts.remains + remaining(*remains));
     return true;
 }
 
-void AppStore::deleteProject(QUuid id)
+Outcome AppStore::deleteProject(QUuid id)
 {
-    clearMessages();
-    if (!project(id))
-        return;
+    Outcome outcome{.subject = subjects::about("delete project", id)};
     if (m_active && m_active->projectID == id) {
-        error.set(tr("Finish the recording before deleting its project."));
-        return;
+        outcome.subject = subjects::whileRecording;
+        outcome.fail(tr("Finish the recording before deleting its project."));
+        return concluded(std::move(outcome));
     }
     QList<Checkpoint> gone;
-    WorkspaceLibrary changed = library();
-    changed.projects.removeIf([&](const Project &project) { return project.id == id; });
-    changed.checkpoints.removeIf([&](const Checkpoint &checkpoint) {
-        if (checkpoint.projectID != id)
-            return false;
-        gone.append(checkpoint);
-        return true;
-    });
-    if (!commitDeletion(std::move(changed), idsOf(gone), tr("Could not delete the project: "),
-                        tr("Project deleted, but some local media could not be removed from ")))
-        return;
-    forgetProject(id);
-    forgetPictures(gone);
+    const auto take = [&](WorkspaceLibrary &library) -> std::optional<QSet<QUuid>> {
+        if (library.projects.removeIf([&](const Project &project) { return project.id == id; }) == 0)
+            return std::nullopt;
+        gone = takeCheckpoints(library, id);
+        return idsOf(gone);
+    };
+    const DeletionTexts texts{tr("Could not delete the project: "),
+                              tr("Project deleted, but some local media could not be removed from ")};
+    outcome.isDone = commitDeletion(take, texts, &outcome);
+    if (outcome) {
+        forgetProject(id);
+        forgetPictures(gone);
+    }
+    return concluded(std::move(outcome));
 }
 
 void AppStore::forgetProject(QUuid id)
@@ -79,28 +99,35 @@ void AppStore::forgetProject(QUuid id)
         lastRemoval.set(std::nullopt);
 }
 
-void AppStore::deleteCheckpoint(QUuid id)
+Outcome AppStore::deleteCheckpoint(QUuid id)
 {
-    clearMessages();
+    Outcome outcome{.subject = subjects::about("delete checkpoint", id)};
     if (m_active && m_active->id == id) {
-        error.set(tr("Finish the recording before deleting its checkpoint."));
-        return;
+        outcome.subject = subjects::whileRecording;
+        outcome.fail(tr("Finish the recording before deleting its checkpoint."));
+        return concluded(std::move(outcome));
     }
     const Checkpoint *const found = checkpoint(id);
     if (!found)
-        return;
+        return outcome;
     const Checkpoint gone = *found;
     const QList<Checkpoint> timeline = checkpointsFor(found->projectID.value_or(QUuid()));
-    WorkspaceLibrary changed = library();
-    changed.checkpoints.removeIf([&](const Checkpoint &candidate) { return candidate.id == id; });
-    if (!commitDeletion(std::move(changed), {id}, tr("Could not delete the checkpoint: "),
-                        tr("Checkpoint deleted, but some local media could not be removed from ")))
-        return;
+    const auto take = [&](WorkspaceLibrary &library) -> std::optional<QSet<QUuid>> {
+        if (library.checkpoints.removeIf([&](const Checkpoint &candidate) { return candidate.id == id; }) == 0)
+            return std::nullopt;
+        return QSet<QUuid>{id};
+    };
+    const DeletionTexts texts{tr("Could not delete the checkpoint: "),
+                              tr("Checkpoint deleted, but some local media could not be removed from ")};
+    outcome.isDone = commitDeletion(take, texts, &outcome);
+    if (!outcome)
+        return concluded(std::move(outcome));
     if (selection() == id)
         selection.set(ProjectOrder::neighbour(timeline, id));
     if (lastRemoval() && lastRemoval()->checkpointID == id)
         lastRemoval.set(std::nullopt);
     forgetPictures({gone});
+    return concluded(std::move(outcome));
 }
 
 } // namespace ardeno

@@ -3,43 +3,44 @@
 #include "model/Json.h"
 #include "store/AppStore.h"
 #include "store/PreferenceKeys.h"
+#include "store/Subjects.h"
 #include "support/Text.h"
 
 #include <algorithm>
 
 namespace ardeno {
 
-bool AppStore::excludeApp(const SavedApp &app)
+Outcome AppStore::excludeApp(const SavedApp &app, Audience audience)
 {
     CaptureExclusions changed = exclusions();
     changed.apps.removeIf([&](const SavedApp &existing) { return existing.id == app.id; });
     changed.apps.append(app);
-    return saveExclusions(changed);
+    return saveExclusions(changed, audience);
 }
 
-bool AppStore::allowApp(const QString &id)
+Outcome AppStore::allowApp(const QString &id, Audience audience)
 {
     CaptureExclusions changed = exclusions();
     changed.apps.removeIf([&](const SavedApp &existing) { return existing.id == id; });
-    return saveExclusions(changed);
+    return saveExclusions(changed, audience);
 }
 
-bool AppStore::excludeDomain(const QString &text)
+Outcome AppStore::excludeDomain(const QString &text, Audience audience)
 {
     const std::optional<QString> domain = CaptureExclusions::domainFrom(text);
     if (!domain)
-        return false;
+        return {};
     CaptureExclusions changed = exclusions();
     if (!changed.domains.contains(*domain))
         changed.domains.append(*domain);
-    return saveExclusions(changed);
+    return saveExclusions(changed, audience);
 }
 
-bool AppStore::allowDomain(const QString &domain)
+Outcome AppStore::allowDomain(const QString &domain, Audience audience)
 {
     CaptureExclusions changed = exclusions();
     changed.domains.removeAll(domain);
-    return saveExclusions(changed);
+    return saveExclusions(changed, audience);
 }
 
 QList<SavedApp> AppStore::runningApps() const
@@ -63,20 +64,21 @@ QList<InstalledApplication> AppStore::installedApps() const
     return apps;
 }
 
-bool AppStore::saveExclusions(const CaptureExclusions &changed)
+Outcome AppStore::saveExclusions(const CaptureExclusions &changed, Audience audience)
 {
-    clearMessages();
+    Outcome outcome{.subject = subjects::exclusions};
     if (recording()) {
-        error.set(tr("Finish the recording before changing exclusions."));
-        return false;
+        outcome.subject = subjects::whileRecording;
+        outcome.fail(tr("Finish the recording before changing exclusions."));
+        return concluded(std::move(outcome), audience);
     }
     m_preferences.setValue(keys::captureExclusions, json::encode(changed));
-    if (!m_preferences.synchronise()) {
-        error.set(tr("Could not save the exclusions: the settings cannot be written."));
-        return false;
-    }
-    exclusions.set(changed);
-    return true;
+    outcome.isDone = m_preferences.synchronise();
+    if (outcome)
+        exclusions.set(changed);
+    else
+        outcome.fail(tr("Could not save the exclusions: the settings cannot be written."));
+    return concluded(std::move(outcome), audience);
 }
 
 } // namespace ardeno

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 
 // Every stored setting of the application, with its type.
 namespace ardeno::keys {
@@ -15,6 +16,8 @@ inline constexpr PreferenceKey<QDateTime> lastUpdateCheck{"lastUpdateCheck"};
 inline constexpr PreferenceKey<QByteArray> captureExclusions{"captureExclusions"}; // JSON of CaptureExclusions.
 // The bytes that were stored under "captureExclusions" and could not be decoded.
 inline constexpr PreferenceKey<QByteArray> unreadableExclusions{"captureExclusionsUnreadable"};
+// The copies of unreadable libraries that the user has not seen yet: their paths.
+inline constexpr PreferenceKey<QStringList> keptCopies{"keptCopies"};
 inline constexpr PreferenceKey<int> quickSaveShortcut{"quickSaveShortcut"};
 inline constexpr PreferenceKey<QString> draftProjectID{"draftProjectID"}; // UUID text.
 inline constexpr PreferenceKey<QString> draftProjectName{"draftProjectName"};

@@ -2,6 +2,7 @@
 #include "store/AppStore.h"
 #include "store/PreferenceKeys.h"
 #include "store/ProjectOrder.h"
+#include "store/Subjects.h"
 #include "support/Text.h"
 
 #include <algorithm>
@@ -20,27 +21,33 @@ const Record *find(const QList<Record> &records, const QUuid &id)
 
 } // namespace
 
-std::optional<QUuid> AppStore::createProject(const QString &name)
+Outcome AppStore::createProject(const QString &name, Audience audience)
 {
-    clearMessages();
-    const QString trimmed = name.trimmed();
-    if (trimmed.isEmpty())
-        return std::nullopt;
-    const QList<Project> &existing = projects();
-    const auto same = std::find_if(existing.begin(), existing.end(),
-                                   [&](const Project &other) { return Text::equalNames(other.name, trimmed); });
-    if (same != existing.end()) {
-        const QUuid id = same->id;
-        selectProject(id);
-        return id;
+    Outcome outcome{.subject = "create project"};
+    const Project created{.name = name.trimmed()};
+    if (created.name.isEmpty())
+        return outcome;
+    const auto existing = [&created](const QList<Project> &all) -> std::optional<QUuid> {
+        const auto same = std::find_if(
+            all.begin(), all.end(), [&](const Project &other) { return Text::equalNames(other.name, created.name); });
+        return same == all.end() ? std::nullopt : std::optional(same->id);
+    };
+    outcome.id = existing(projects());
+    outcome.isDone = outcome.id.has_value();
+    if (!outcome.isDone) {
+        const auto append = [&](WorkspaceLibrary &library) {
+            outcome.id = existing(library.projects).value_or(created.id);
+            if (outcome.id == created.id)
+                library.projects.append(created);
+            return true;
+        };
+        outcome.isDone = commit(append, tr("Could not create the project: "), &outcome);
     }
-    const Project created{.name = trimmed};
-    WorkspaceLibrary changed = library();
-    changed.projects.append(created);
-    if (!commit(std::move(changed), tr("Could not create the project: ")))
-        return std::nullopt;
-    selectProject(created.id);
-    return created.id;
+    if (outcome.isDone)
+        selectProject(*outcome.id);
+    else
+        outcome.id.reset();
+    return concluded(std::move(outcome), audience);
 }
 
 void AppStore::setSelectedProjectID(const std::optional<QUuid> &id)
@@ -72,40 +79,45 @@ void AppStore::showProjects()
     showArchivedProjects.set(false);
 }
 
-bool AppStore::updateProject(QUuid id, const std::function<void(Project &)> &change)
+Outcome AppStore::updateProject(QUuid id, const std::function<void(Project &)> &change)
 {
-    clearMessages();
-    WorkspaceLibrary changed = library();
-    const auto found = std::find_if(changed.projects.begin(), changed.projects.end(),
-                                    [&](const Project &candidate) { return candidate.id == id; });
-    if (found == changed.projects.end())
-        return false;
-    change(*found);
-    return commit(std::move(changed), tr("Could not update the project: "));
+    Outcome outcome{.subject = subjects::about("update project", id)};
+    const auto update = [&](WorkspaceLibrary &library) {
+        const auto found = std::find_if(library.projects.begin(), library.projects.end(),
+                                        [&](const Project &candidate) { return candidate.id == id; });
+        if (found == library.projects.end())
+            return false;
+        change(*found);
+        return true;
+    };
+    outcome.isDone = commit(update, tr("Could not update the project: "), &outcome);
+    return concluded(std::move(outcome));
 }
 
-bool AppStore::setProjectBlocker(QUuid id, const std::optional<QString> &reason)
+Outcome AppStore::setProjectBlocker(QUuid id, const std::optional<QString> &reason)
 {
     return updateProject(id, [&](Project &project) {
         project.blockedReason = reason ? std::optional(reason->trimmed()) : std::nullopt;
     });
 }
 
-bool AppStore::setProjectArchived(QUuid id, bool archived)
+Outcome AppStore::setProjectArchived(QUuid id, bool archived)
 {
     return updateProject(
         id, [&](Project &project) { project.archivedAt = archived ? std::optional(Date::now()) : std::nullopt; });
 }
 
-void AppStore::reorderProjects(QUuid dragged, QUuid target, const QList<QUuid> &visibleIDs)
+Outcome AppStore::reorderProjects(QUuid dragged, QUuid target, const QList<QUuid> &visibleIDs)
 {
-    std::optional<QList<Project>> moved = ProjectOrder::moved(projects(), dragged, target, visibleIDs);
-    if (!moved)
-        return;
-    clearMessages();
-    WorkspaceLibrary changed = library();
-    changed.projects = std::move(*moved);
-    commit(std::move(changed), tr("Could not reorder the projects: "));
+    Outcome outcome{.subject = "reorder projects"};
+    const auto reorder = [&](WorkspaceLibrary &library) {
+        std::optional<QList<Project>> moved = ProjectOrder::moved(library.projects, dragged, target, visibleIDs);
+        if (moved)
+            library.projects = std::move(*moved);
+        return moved.has_value();
+    };
+    outcome.isDone = commit(reorder, tr("Could not reorder the projects: "), &outcome);
+    return concluded(std::move(outcome));
 }
 
 QList<Project> AppStore::availableProjects() const

@@ -3,6 +3,7 @@
 #include "capture/Reopening.h"
 #include "capture/WindowRestore.h"
 #include "store/AppStore.h"
+#include "store/Subjects.h"
 #include "support/Identifiers.h"
 
 #include <QScopeGuard>
@@ -18,13 +19,22 @@ QCoro::Task<RestorePlan> AppStore::restorePlan(Checkpoint checkpoint)
     co_return co_await WorkspaceCapture::presentPlan(checkpoint.apps, checkpoint.tabs, tools);
 }
 
-QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
-                                             QList<SavedWindow> windows, bool restoreLayout)
+QCoro::Task<ResumeOutcome> AppStore::restore(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
+                                             QList<SavedWindow> windows, bool restoreLayout, Audience audience)
 {
-    RestoreReport report;
+    return carryOut(resume(std::move(plan), std::move(selectedAppIDs), std::move(selectedTabIDs), std::move(windows),
+                           restoreLayout),
+                    audience);
+}
+
+QCoro::Task<ResumeOutcome> AppStore::resume(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
+                                            QList<SavedWindow> windows, bool restoreLayout)
+{
+    ResumeOutcome outcome;
+    outcome.subject = subjects::resume;
     if (busy())
-        co_return report;
-    clearMessages();
+        co_return outcome;
+    RestoreReport &report = outcome.report;
     unplacedWindows.set({});
     busy.set(true);
     const auto idle = qScopeGuard([this] { busy.set(false); });
@@ -52,10 +62,11 @@ QCoro::Task<RestoreReport> AppStore::restore(RestorePlan plan, QSet<QString> sel
     const QStringList ended = co_await m_desktop.launcher->settle();
     for (const QString &name : ended)
         report.outcome.failures += tr("%1 (it ended with an error)").arg(name);
-    notice.set(RestoreSummary::text(report));
+    outcome.isDone = true;
+    outcome.notice = RestoreSummary::text(report);
     if (!report.outcome.failures.isEmpty())
-        error.set(tr("Could not open: ") + report.outcome.failures.join(", "));
-    co_return report;
+        outcome.fail(tr("Could not open: ") + report.outcome.failures.join(", "));
+    co_return outcome;
 }
 
 QCoro::Task<void> AppStore::restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report)
@@ -92,7 +103,7 @@ void AppStore::keepUnplaced(const QList<SavedWindow> &windows, const RestoreResu
     unplacedWindows.set(unplaced);
 }
 
-QCoro::Task<void> AppStore::placeRemainingWindows(QList<SavedWindow> windows)
+QCoro::Task<Outcome> AppStore::placeRemainingWindows(QList<SavedWindow> windows)
 {
     WindowLayout::RestoreRequest request{.windows = windows};
     for (const UnplacedWindow &unplaced : unplacedWindows()) {
@@ -101,16 +112,23 @@ QCoro::Task<void> AppStore::placeRemainingWindows(QList<SavedWindow> windows)
         request.onlyIDs.insert(unplaced.window.id);
         request.allowedAppIDs.insert(unplaced.window.appID);
     }
+    return carryOut(placeWindows(std::move(request)));
+}
+
+QCoro::Task<Outcome> AppStore::placeWindows(WindowLayout::RestoreRequest request)
+{
+    Outcome outcome{.subject = subjects::resume};
     if (busy() || request.onlyIDs.isEmpty())
-        co_return;
-    clearMessages();
+        co_return outcome;
     busy.set(true);
     const auto idle = qScopeGuard([this] { busy.set(false); });
     const RestoreResult result =
         co_await WindowLayout::restore(request, *m_desktop.windowMover, *m_desktop.windowServer);
     if (!result.accessibilityRequired)
-        keepUnplaced(windows, result);
-    notice.set(RestoreSummary::text(result));
+        keepUnplaced(request.windows, result);
+    outcome.isDone = true;
+    outcome.notice = RestoreSummary::text(result);
+    co_return outcome;
 }
 
 Capability AppStore::windowPositioning() const

@@ -35,14 +35,22 @@ void AppStore::requestScreenAccess()
                             "and reopen, your draft will be waiting."));
 }
 
-void AppStore::verifyAccessNow()
+QCoro::Task<void> AppStore::verifyAccessNow()
 {
     if (restartingApp() || requestingAccess())
-        return;
+        co_return;
     refreshScreenAccess();
-    if (!screenAccessGranted())
+    if (!screenAccessGranted()) {
         captureIssue.set(tr("Access is not active for this copy yet. Check Settings, then restart this app if macOS "
                             "asks. This check does not request permission."));
+        co_return;
+    }
+    try { // What the system says and what it does are two things.
+        co_await m_verifyScreenAccess();
+    } catch (...) {
+        screenAccessGranted.set(false);
+        captureIssue.set(Failure::current().description());
+    }
 }
 
 void AppStore::openScreenSettings()
@@ -64,15 +72,15 @@ void AppStore::endSheets()
 QCoro::Task<void> AppStore::restartForPermission()
 {
     // What is being saved or recorded would be lost.
-    if (restartingApp() || busy() || recording())
+    if (restartingApp() || working() || recording())
         co_return;
     const bool hadPanel = showQuickCapture();
     QString problem;
     restartingApp.set(true);
     try {
         co_await startSuccessor();
-    } catch (const Failure &failure) {
-        problem = failure.description();
+    } catch (...) {
+        problem = Failure::current().description();
     }
     if (problem.isEmpty()) {
         m_endApplication();

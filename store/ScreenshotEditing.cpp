@@ -4,6 +4,7 @@
 #include "store/AppStore.h"
 #include "store/MediaFolders.h"
 #include "store/MediaRemoval.h"
+#include "store/Subjects.h"
 #include "support/InWorker.h"
 
 #include <QDir>
@@ -14,103 +15,119 @@
 
 namespace ardeno {
 
-QCoro::Task<void> AppStore::importScreenshot(QString file, QUuid checkpointID)
+QCoro::Task<Outcome> AppStore::importScreenshot(QString file, QUuid checkpointID)
 {
+    return carryOut(addPicture(std::move(file), checkpointID));
+}
+
+QCoro::Task<Outcome> AppStore::addPicture(QString file, QUuid checkpointID)
+{
+    Outcome outcome{.subject = subjects::about("picture", checkpointID)};
     if (!editable(checkpointID))
-        co_return;
-    clearMessages();
+        co_return outcome;
     QString path;
     std::optional<Failure> failure;
     try {
         path = mediaFolder(checkpointID) + '/' + MediaFile::importedImage();
         const auto copy = [&] { ImageImport::writePng(file, MediaFolders::arriving(path)); };
         co_await inWorker(copy);
-    } catch (const Failure &thrown) {
-        failure = thrown;
+    } catch (...) {
+        failure = Failure::current();
     }
     if (!failure) {
-        adoptScreenshot(checkpointID, path);
-        co_return;
+        adoptScreenshot(checkpointID, path, &outcome);
+        co_return outcome;
     }
     QDir().rmdir(m_repository.root() + '/' + uuidText(checkpointID)); // Nothing happens when it holds anything.
     if (!editable(checkpointID)) // It was deleted meanwhile, and its folder with it.
-        co_return;
+        co_return outcome;
     if (failure->domain() == ImageImport::notAnImageDomain)
-        error.set(tr("This file could not be opened as an image. Choose a PNG, JPEG, HEIC or another supported "
-                     "image."));
+        outcome.fail(tr("This file could not be opened as an image. Choose a PNG, JPEG, HEIC or another supported "
+                        "image."));
     else
-        error.set(tr("Could not add the image: ") + failure->description());
+        outcome.fail(tr("Could not add the image: ") + failure->description());
+    co_return outcome;
 }
 
 // The new picture has been written; now it belongs to the checkpoint, or goes again.
-void AppStore::adoptScreenshot(QUuid checkpointID, const QString &path)
+void AppStore::adoptScreenshot(QUuid checkpointID, const QString &path, Outcome *outcome)
 {
     const QString arriving = MediaFolders::arriving(path);
-    std::optional<Checkpoint> changed = editable(checkpointID);
-    if (!changed) { // The checkpoint was deleted meanwhile; what it had by then went with it.
+    const std::optional<Checkpoint> before = editable(checkpointID);
+    if (!before) { // The checkpoint was deleted meanwhile; what it had by then went with it.
         QFile::remove(arriving);
         QDir().rmdir(QFileInfo(path).path());
         return;
     }
-    const Checkpoint before = *changed;
-    const auto replaced =
-        before.screenshot ? MediaRemoval::allowed(m_repository.root(), checkpointID, *before.screenshot) : std::nullopt;
+    const auto replaced = before->screenshot
+                              ? MediaRemoval::allowed(m_repository.root(), checkpointID, *before->screenshot)
+                              : std::nullopt;
     MediaRemoval removal(replaced.value_or(QString()));
     std::optional<Failure> remains = removal.begin();
-    changed->screenshot = path;
+    const auto show = [&](Checkpoint &checkpoint) {
+        checkpoint.screenshot = path;
+        return true;
+    };
     const SettleMedia settle = [&] {
         if (const auto failure = MediaFolders::move(arriving, path))
             throw Failure(*failure);
     };
-    if (!writeEdit(std::move(*changed), settle)) {
-        putBack(removal);
+    *outcome = edit(checkpointID, "picture", show, {}, settle);
+    if (!*outcome) {
+        putBack(removal, outcome);
         if (!QFile::remove(arriving))
-            error.set(*error() + tr(" The new image remains in ") + arriving + '.');
+            outcome->fail(tr("The new image remains in ") + arriving + '.');
         return;
     }
-    notice.set(tr("Image added. A copy is saved with this checkpoint."));
-    forgetPictures({before});
+    outcome->notice = tr("Image added. A copy is saved with this checkpoint.");
+    forgetPictures({*before});
     if (!remains)
         remains = removal.finish();
     if (remains)
-        notice.set(tr("Image added, but the previous image file could not be removed: ") + remains->description());
+        outcome->notice =
+            tr("Image added, but the previous image file could not be removed: ") + remains->description();
 }
 
-void AppStore::putBack(MediaRemoval &removal)
+void AppStore::putBack(MediaRemoval &removal, Outcome *outcome)
 {
     if (const auto failure = removal.putBack())
-        reportRemainingMedia(*error() + tr(" Some media remains in "), removal.aside(), *failure);
+        outcome->error = outcome->error.value_or(QString()) + tr(" Some media remains in ") + removal.aside() + ": " +
+                         failure->description();
 }
 
-void AppStore::removeScreenshot(QUuid checkpointID)
+Outcome AppStore::removeScreenshot(QUuid checkpointID)
 {
-    std::optional<Checkpoint> changed = editable(checkpointID);
-    if (!changed || !changed->screenshot)
-        return;
-    clearMessages();
-    const auto file = MediaRemoval::allowed(m_repository.root(), checkpointID, *changed->screenshot);
+    const std::optional<Checkpoint> before = editable(checkpointID);
+    if (!before || !before->screenshot)
+        return {};
+    Outcome outcome{.subject = subjects::about("picture", checkpointID)};
+    const auto file = MediaRemoval::allowed(m_repository.root(), checkpointID, *before->screenshot);
     if (!file) {
-        error.set(tr("Could not remove a screenshot outside this checkpoint’s storage folder."));
-        return;
+        outcome.fail(tr("Could not remove a screenshot outside this checkpoint’s storage folder."));
+        return concluded(std::move(outcome));
     }
     const QString failed = tr("Could not remove the screenshot: ");
     MediaRemoval removal(*file);
     if (const auto failure = removal.begin()) {
-        error.set(failed + failure->description());
-        return;
+        outcome.fail(failed + failure->description());
+        return concluded(std::move(outcome));
     }
-    const Checkpoint before = *changed;
-    changed->screenshot.reset();
-    if (!write(std::move(*changed), failed)) {
-        putBack(removal);
-        return;
+    const auto clear = [](Checkpoint &checkpoint) {
+        checkpoint.screenshot.reset();
+        return true;
+    };
+    outcome = edit(checkpointID, "picture", clear, failed);
+    if (!outcome) {
+        putBack(removal, &outcome);
+        return concluded(std::move(outcome));
     }
-    forgetPictures({before});
+    forgetPictures({*before});
     if (const auto failure = removal.finish())
-        reportRemainingMedia(tr("Screenshot removed, but its file could not be deleted from "), removal.aside(),
-                             *failure);
+        outcome.fail(tr("Screenshot removed, but its file could not be deleted from ") + removal.aside() + ": " +
+                     failure->description());
     else
-        notice.set(tr("Screenshot removed. Your notes and workspace are saved."));
+        outcome.notice = tr("Screenshot removed. Your notes and workspace are saved.");
+    return concluded(std::move(outcome));
 }
 
 Thumbnails &AppStore::thumbnails()

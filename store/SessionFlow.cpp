@@ -2,9 +2,13 @@
 #include "store/AppStore.h"
 #include "store/MediaFolders.h"
 #include "store/SessionJournal.h"
+#include "store/Subjects.h"
+#include "support/Identifiers.h"
 
 #include <QFile>
 #include <QScopeGuard>
+
+#include <utility>
 
 namespace ardeno {
 
@@ -20,27 +24,17 @@ QString withoutFullStop(QString sentence)
 
 } // namespace
 
-QCoro::Task<std::optional<QUuid>> AppStore::startSession(CaptureRequest request)
+QCoro::Task<Outcome> AppStore::startSession(CaptureRequest request, Audience audience)
 {
-    if (busy())
-        co_return std::nullopt;
-    clearMessages();
-    captureIssue.set(std::nullopt);
-    if (refuseSession())
-        co_return std::nullopt;
-    request.title = request.title.trimmed();
-    request.next = request.next.trimmed();
-    co_return co_await capture(request, CaptureKind::Session);
+    return carryOut(capture(std::move(request), CaptureKind::Session), audience);
 }
 
-bool AppStore::refuseSession()
+std::optional<QString> AppStore::sessionObstacle() const
 {
     const Capability recorder = m_desktop.screenRecorder->availability();
     if (recording())
-        captureIssue.set(tr("A work session is being recorded already. Stop it before you start another one."));
-    else if (!recorder.isAvailable())
-        captureIssue.set(recorder.reason);
-    return captureIssue().has_value();
+        return tr("A work session is being recorded already. Stop it before you start another one.");
+    return recorder.isAvailable() ? std::nullopt : std::optional(recorder.reason);
 }
 
 // From here on the session outlives the program: what was captured so far lies beside the video that begins now.
@@ -58,26 +52,38 @@ QCoro::Task<void> AppStore::beginRecording(Checkpoint *checkpoint, UnsavedMedia 
     m_active = *checkpoint;
     startedAt.set(Date::now());
     recording.set(true);
-    notice.set(tr("Recording your main display. Stop any time from the menu bar."));
 }
 
+// What is wrong stays to be seen until the session ends, also when the message has been dismissed.
 void AppStore::recordingFailed(const Failure &failure)
 {
-    error.set(tr("Recording stopped unexpectedly: ") + withoutFullStop(failure.description()) +
-              tr(". Use Stop & save checkpoint to preserve the checkpoint."));
+    recordingFailure.set(withoutFullStop(failure.description()));
+    report(tr("Recording stopped unexpectedly: ") + *recordingFailure() +
+               tr(". Use Stop & save checkpoint to preserve the checkpoint."),
+           subjects::recording);
 }
 
-QCoro::Task<void> AppStore::stop()
+QCoro::Task<Outcome> AppStore::stop(Audience audience)
 {
-    if (busy() || !recording() || !m_active)
-        co_return;
+    return carryOut(stopSession(), audience);
+}
+
+QCoro::Task<Outcome> AppStore::stopSession()
+{
+    Outcome outcome{.subject = subjects::recording};
+    co_await whenIdle();
+    if (!recording() || !m_active)
+        co_return outcome;
     busy.set(true);
-    clearMessages();
     const auto over = qScopeGuard([this] { endSession(); });
     Checkpoint checkpoint = *m_active;
     const std::optional<QString> problem = co_await finishVideo(&checkpoint);
+    if (problem)
+        outcome.fail(*problem);
     co_await captureEnd(&checkpoint);
-    saveSession(checkpoint, problem);
+    outcome.id = checkpoint.id;
+    saveSession(checkpoint, &outcome);
+    co_return outcome;
 }
 
 void AppStore::endSession()
@@ -86,6 +92,9 @@ void AppStore::endSession()
     recording.set(false);
     m_active.reset();
     startedAt.set(std::nullopt);
+    recordingFailure.set(std::nullopt);
+    resolve(subjects::recording); // What it asked for has been done.
+    resolve(subjects::whileRecording);
     busy.set(false);
 }
 
@@ -94,10 +103,10 @@ QCoro::Task<std::optional<QString>> AppStore::finishVideo(Checkpoint *checkpoint
 {
     try {
         co_await m_capture.stopRecording();
-    } catch (const Failure &failure) {
+    } catch (...) {
         checkpoint->recording.reset();
         co_return tr("The video could not be finalized. Your screenshot and workspace will still be saved. ") +
-            failure.description();
+            Failure::current().description();
     }
     co_return std::nullopt;
 }
@@ -109,8 +118,8 @@ QCoro::Task<void> AppStore::captureEnd(Checkpoint *checkpoint)
     bool hasPicture = true;
     try {
         co_await fill(&end, mediaFolder(end.id), includeBrowser(), &limits);
-    } catch (const Failure &) {
-        hasPicture = false;
+    } catch (...) {
+        hasPicture = false; // The note says so.
     }
     if (!hasPicture && !m_desktop.workspace->availability().isAvailable()) {
         // Nothing can be seen any more, which does not mean that nothing was there.
@@ -128,7 +137,7 @@ QCoro::Task<void> AppStore::captureEnd(Checkpoint *checkpoint)
                 QString(MediaFile::recording));
 }
 
-void AppStore::saveSession(const Checkpoint &checkpoint, const std::optional<QString> &problem)
+void AppStore::saveSession(const Checkpoint &checkpoint, Outcome *outcome)
 {
     const QString folder = MediaFolders::own(m_repository.root(), checkpoint.id);
     try {
@@ -137,37 +146,71 @@ void AppStore::saveSession(const Checkpoint &checkpoint, const std::optional<QSt
     } catch (const Failure &) {
         // The journal of the start is still there.
     }
-    const bool isSaved = save(checkpoint);
-    if (problem)
-        error.set(error() ? *problem + ' ' + *error() : *problem);
-    if (!isSaved)
+    if (!write(checkpoint, outcome)) {
+        outcome->remarks += keepUnsaved(checkpoint);
         return;
+    }
     SessionJournal::remove(folder);
-    notice.set(tr("Recording stopped and checkpoint saved. Add a next step to make returning easier."));
+    outcome->isDone = true;
+    outcome->notice = tr("Recording stopped and checkpoint saved. Add a next step to make returning easier.");
     considerNewsletter();
+}
+
+Remark AppStore::keepUnsaved(const Checkpoint &session)
+{
+    m_unsavedSessions.append(session);
+    return {.sentence = tr("Your work session “%1” is kept in %2 and will be saved as soon as the library can be "
+                           "written.")
+                            .arg(session.title, MediaFolders::own(m_repository.root(), session.id)),
+            .subject = subjects::about("session", session.id),
+            .hasUnsavedSession = true};
+}
+
+void AppStore::sessionsSaved(const WorkspaceLibrary &written, Outcome *outcome)
+{
+    const QSet<QUuid> saved = idsOf(written.checkpoints);
+    for (const Checkpoint &session : std::exchange(m_unsavedSessions, {})) {
+        if (!saved.contains(session.id))
+            continue; // It was to be deleted.
+        SessionJournal::remove(MediaFolders::own(m_repository.root(), session.id));
+        outcome->remarks += Remark{.sentence = tr("Your work session “%1” has been saved now.").arg(session.title),
+                                   .subject = subjects::about("session", session.id)};
+    }
+}
+
+Outcome AppStore::saveUnsavedSessions()
+{
+    Outcome outcome{.subject = "unsaved sessions"};
+    const auto nothingElse = [this](const WorkspaceLibrary &) { return !m_unsavedSessions.isEmpty(); };
+    outcome.isDone = commit(nothingElse, tr("Could not save this checkpoint: "), &outcome);
+    return concluded(std::move(outcome));
 }
 
 void AppStore::recoverSessions(const QSet<QUuid> &journals)
 {
-    WorkspaceLibrary changed = library();
-    QStringList titles;
     const QList<Checkpoint> pending = SessionJournal::pending(m_repository.root(), journals);
-    for (const Checkpoint &session : pending) {
-        if (checkpoint(session.id))
-            continue; // Only the journal was left behind.
-        changed.checkpoints.prepend(session);
-        titles.append(session.title);
-    }
-    if (!titles.isEmpty() && !commit(std::move(changed), tr("Could not save an interrupted work session: ")))
+    QList<Checkpoint> interrupted = pending;
+    interrupted.removeIf([this](const Checkpoint &session) { return checkpoint(session.id); });
+    const auto add = [&](WorkspaceLibrary &library) {
+        library.checkpoints = interrupted + library.checkpoints;
+        return true;
+    };
+    Outcome outcome;
+    if (!interrupted.isEmpty() && !commit(add, tr("Could not save an interrupted work session: "), &outcome)) {
+        for (const Checkpoint &session : std::as_const(interrupted))
+            outcome.remarks += keepUnsaved(session);
+        tell(outcome);
         return;
+    }
     for (const Checkpoint &session : pending)
-        SessionJournal::remove(MediaFolders::own(m_repository.root(), session.id));
-    if (titles.size() == 1)
-        notice.set(tr("Your work session “%1” was interrupted. Its checkpoint has been saved with what was recorded.")
-                       .arg(titles.first()));
-    else if (!titles.isEmpty())
-        notice.set(tr("%n work sessions were interrupted. Their checkpoints have been saved with what was recorded.",
-                      "", static_cast<int>(titles.size())));
+        SessionJournal::remove(MediaFolders::own(m_repository.root(), session.id)); // Some were left behind alone.
+    for (const Checkpoint &session : std::as_const(interrupted))
+        outcome.remarks +=
+            Remark{.sentence = tr("Your work session “%1” was interrupted. Its checkpoint has been saved with what was "
+                                  "recorded.")
+                                   .arg(session.title),
+                   .subject = subjects::about("session", session.id)};
+    tell(outcome);
 }
 
 } // namespace ardeno

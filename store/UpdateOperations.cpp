@@ -30,6 +30,23 @@ QString AppStore::currentAppVersion()
     return version.isEmpty() ? u"0.1.0"_qs : version;
 }
 
+QCoro::Task<Outcome> AppStore::showFile(QString path)
+{
+    return carryOut(reveal(std::move(path)));
+}
+
+QCoro::Task<Outcome> AppStore::reveal(QString path)
+{
+    Outcome outcome{.subject = "show file"};
+    try {
+        co_await m_desktop.launcher->reveal(path);
+        outcome.isDone = true;
+    } catch (...) {
+        outcome.fail(tr("Could not show the file: ") + Failure::current().description());
+    }
+    co_return outcome;
+}
+
 QCoro::Task<void> AppStore::checkForUpdates(Force force)
 {
     if (!m_fetchUpdate || checkingForUpdates() || (force == Force::No && wasRecent(m_lastUpdateCheck)))
@@ -39,7 +56,7 @@ QCoro::Task<void> AppStore::checkForUpdates(Force force)
     std::optional<AppUpdateManifest> manifest;
     try {
         manifest = co_await m_fetchUpdate();
-    } catch (const Failure &) {
+    } catch (...) {
         // As silent as every other failure of a check.
     }
     if (life.expired())

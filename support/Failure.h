@@ -17,6 +17,9 @@ public:
     // The same with the file named: "“checkpoints.json”: Permission denied."
     static Failure system(int errorNumber, const QString &fileName);
 
+    // Whatever is being handled, in a catch block, as a failure: what memory or a library could not do is one, too.
+    static Failure current();
+
     const QString &domain() const { return m_domain; }
 
     int code() const { return m_code; }

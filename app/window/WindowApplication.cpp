@@ -112,9 +112,9 @@ void WindowApplication::adopt(OpenedLibrary library)
     m_quickSave = std::make_unique<QuickSaveController>(store, m_application->desktop(), [this] { comeToFront(); });
     if (m_reach == Reach::Bus)
         m_tray = std::make_unique<TrayItem>(store, *m_menu, QDBusConnection::sessionBus());
-    else if (!store.notice())
-        store.notice.set(
-            tr("There is no session bus: commands cannot reach this window, and closing it quits Ardeno."));
+    else
+        store.remark({.sentence = tr("There is no session bus: commands cannot reach this window, and closing it "
+                                     "quits Ardeno.")});
     adviseMove();
     m_bus.serveCommands();
     store.checkForUpdates(Force::No);

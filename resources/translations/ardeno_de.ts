@@ -96,7 +96,7 @@
         <translation>Nicht geöffnet werden konnte: </translation>
     </message>
     <message>
-        <source> The new image remains in </source>
+        <source>The new image remains in </source>
         <translation> Das neue Bild verbleibt in </translation>
     </message>
     <message>
@@ -142,6 +142,54 @@
     <message>
         <source>A work session is being recorded already. Stop it before you start another one.</source>
         <translation>Es wird schon eine Arbeitssitzung aufgenommen. Stoppen Sie sie, bevor Sie eine neue beginnen.</translation>
+    </message>
+    <message>
+        <source>This could not be finished: </source>
+        <translation>Das konnte nicht abgeschlossen werden: </translation>
+    </message>
+    <message>
+        <source>What you wanted to change is no longer in the library.</source>
+        <translation>Was Sie ändern wollten, ist nicht mehr in der Bibliothek.</translation>
+    </message>
+    <message>
+        <source>Your saved checkpoints could not be read. The file is kept as %1, and a new library has been begun.</source>
+        <translation>Ihre gesicherten Checkpoints konnten nicht gelesen werden. Die Datei ist als %1 aufbewahrt, und eine neue Bibliothek wurde begonnen.</translation>
+    </message>
+    <message>
+        <source>The last change was written, but the system could not confirm that it would survive a power failure.</source>
+        <translation>Die letzte Änderung ist geschrieben, aber das System konnte nicht bestätigen, dass sie einen Stromausfall übersteht.</translation>
+    </message>
+    <message>
+        <source>Your library was replaced by another program, so it has been read again.</source>
+        <translation>Ein anderes Programm hat Ihre Bibliothek ersetzt; sie wurde deshalb neu gelesen.</translation>
+    </message>
+    <message>
+        <source>Your work session “%1” is kept in %2 and will be saved as soon as the library can be written.</source>
+        <translation>Ihre Arbeitssitzung „%1“ ist in %2 aufbewahrt und wird gesichert, sobald die Bibliothek geschrieben werden kann.</translation>
+    </message>
+    <message>
+        <source>Your work session “%1” has been saved now.</source>
+        <translation>Ihre Arbeitssitzung „%1“ ist jetzt gesichert.</translation>
+    </message>
+    <message>
+        <source>Could not show the file: </source>
+        <translation>Die Datei konnte nicht gezeigt werden: </translation>
+    </message>
+    <message>
+        <source>Show file</source>
+        <translation>Datei zeigen</translation>
+    </message>
+    <message>
+        <source>Save now</source>
+        <translation>Jetzt sichern</translation>
+    </message>
+    <message>
+        <source>Dismiss the remark</source>
+        <translation>Hinweis ausblenden</translation>
+    </message>
+    <message>
+        <source>Recording broken off</source>
+        <translation>Aufnahme abgebrochen</translation>
     </message>
     <message>
         <source>Could not save an interrupted work session: </source>
@@ -1608,13 +1656,6 @@ für die Arbeit.</translation>
         <translation>
             <numerusform>%n Fenster wurde beim letzten Fortsetzen nicht angeordnet.</numerusform>
             <numerusform>%n Fenster wurden beim letzten Fortsetzen nicht angeordnet.</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n work sessions were interrupted. Their checkpoints have been saved with what was recorded.</source>
-        <translation>
-            <numerusform>%n Arbeitssitzung wurde unterbrochen. Ihr Checkpoint wurde mit dem Aufgenommenen gesichert.</numerusform>
-            <numerusform>%n Arbeitssitzungen wurden unterbrochen. Ihre Checkpoints wurden mit dem Aufgenommenen gesichert.</numerusform>
         </translation>
     </message>
     <message numerus="yes">

@@ -88,13 +88,6 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n work sessions were interrupted. Their checkpoints have been saved with what was recorded.</source>
-        <translation>
-            <numerusform>%n work session was interrupted. Its checkpoint has been saved with what was recorded.</numerusform>
-            <numerusform>%n work sessions were interrupted. Their checkpoints have been saved with what was recorded.</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>Added %n current browser tabs. Your screenshot is unchanged.</source>
         <translation>
             <numerusform>Added %n current browser tab. Your screenshot is unchanged.</numerusform>

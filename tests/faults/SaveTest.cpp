@@ -50,9 +50,9 @@ struct FaultFixture : StoreFixture {
             const LibraryLock lock = LibraryLock::waitFor({.root = root()}, {});
             AppStore &own = reopen();
             const CaptureRequest request{.projectID = own.projects().value(0).id, .title = "new"};
-            const bool isSaved = finish(own.saveMoment(request)).has_value();
-            describe(own.error().value_or(QString()) + own.captureIssue().value_or(QString()));
-            return isSaved;
+            const Outcome outcome = finish(own.saveMoment(request));
+            describe(outcome.problems().join(' '));
+            return outcome.isDone;
         } catch (const Failure &failure) {
             describe(failure.description());
             return false;

@@ -158,7 +158,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a save beside the form leaves the form's drafts
     store().draftTitle.set("half written");
     const QUuid id = *store().createProject("Thesis");
     const auto saved = finish(store().saveMoment({id, " T ", {}, false}));
-    REQUIRE(saved.has_value());
+    REQUIRE(saved);
     CHECK(store().checkpoint(*saved)->title == "T");
     CHECK(store().draftTitle() == "half written");
 }

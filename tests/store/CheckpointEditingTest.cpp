@@ -91,7 +91,7 @@ TEST_CASE_FIXTURE(EditingFixture, "current tabs are added when their address is 
 TEST_CASE_FIXTURE(EditingFixture, "tabs that arrive after a checkpoint was changed or deleted undo neither")
 {
     openTabs({"https://a.org/"});
-    QCoro::Task<void> adding = store().addCurrentBrowserTabs(saved.id);
+    QCoro::Task<Outcome> adding = store().addCurrentBrowserTabs(saved.id);
     store().updateNote(&Checkpoint::title, "renamed meanwhile", saved.id);
     finish(std::move(adding));
     CHECK(now().title == "renamed meanwhile");

@@ -48,7 +48,7 @@ struct ResumeFixture : StoreFixture {
         const RestorePlan plan = finish(store().restorePlan(checkpoint));
         const QSet<QString> apps = idsOf(plan.appsToOpen);
         const QSet<QUuid> tabs = idsOf(plan.tabsToOpen);
-        return finish(store().restore(plan, apps, tabs, *checkpoint.windows, layout));
+        return finish(store().restore(plan, apps, tabs, *checkpoint.windows, layout)).report;
     }
 };
 
@@ -94,7 +94,7 @@ TEST_CASE_FIXTURE(ResumeFixture, "a page that opens after the plan was made is n
     REQUIRE(plan.tabsToOpen.size() == 1);
     memory.tabRecords[chrome] = u"1\u001f7\u001fHTTPS://a.example/\u001fOpen\u001e"_qs;
 
-    const auto report = finish(store().restore(plan, {}, {checkpoint.tabs[0].id}, {}, false));
+    const RestoreReport report = finish(store().restore(plan, {}, {checkpoint.tabs[0].id}, {}, false)).report;
 
     CHECK(memory.opened.isEmpty());
     CHECK(report.outcome.openedTabs == 0);

@@ -58,7 +58,7 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "an image that cannot be imported changes n
 TEST_CASE_FIXTURE(ScreenshotFixture,
                   "an image whose checkpoint cannot be written, or was deleted meanwhile, goes again")
 {
-    QCoro::Task<void> importing = store().importScreenshot(image, saved.id);
+    QCoro::Task<Outcome> importing = store().importScreenshot(image, saved.id);
     store().deleteCheckpoint(saved.id);
     finish(std::move(importing));
     CHECK_FALSE(QFile::exists(mediaFolder(saved)));

@@ -169,8 +169,11 @@ TEST_CASE_FIXTURE(SessionFixture, "a session that was cut short is saved by the 
     writeFile(folderOf(empty) + "/session.mp4", cutVideo().first(30));
 
     reopen();
-    CHECK(store().notice() ==
-          QString("2 work sessions were interrupted. Their checkpoints have been saved with what was recorded."));
+    const QString said =
+        u"Your work session “%1” was interrupted. Its checkpoint has been saved with what was recorded."_qs;
+    CHECK(store().sentences().size() == 2);
+    CHECK(store().sentences().contains(said.arg("Ablation")));
+    CHECK(store().sentences().contains(said.arg("Second")));
     REQUIRE(store().checkpoints().size() == 2);
     CHECK(store().checkpoint(whole)->title == "Ablation");
     CHECK(store().checkpoint(whole)->recording == folderOf(whole) + "/session.mp4");
@@ -180,7 +183,7 @@ TEST_CASE_FIXTURE(SessionFixture, "a session that was cut short is saved by the 
     CHECK_FALSE(store().checkpoint(empty)->screenshot.has_value());
     CHECK_FALSE(QFile::exists(journalOf(whole)));
     CHECK(reopen().checkpoints().size() == 2);
-    CHECK_FALSE(store().notice().has_value());
+    CHECK(store().sentences().isEmpty());
 }
 
 TEST_CASE_FIXTURE(SessionFixture, "a journal that cannot be read loses no video")
@@ -191,7 +194,7 @@ TEST_CASE_FIXTURE(SessionFixture, "a journal that cannot be read loses no video"
     const QByteArray journal = fileBytes(journalOf(id));
     writeFile(journalOf(id), journal.first(journal.size() / 2));
 
-    CHECK(reopen().notice()->contains("Recovered work session"));
+    CHECK(reopen().sentences().first().contains("Recovered work session"));
     const Checkpoint *const saved = store().checkpoint(id);
     REQUIRE(saved);
     CHECK(saved->recording.has_value());

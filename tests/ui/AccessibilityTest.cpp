@@ -106,7 +106,7 @@ TEST_CASE_FIXTURE(WindowFixture, "every control of every screen has a name")
     newer.windows = QList<SavedWindow>{SavedWindow{.appID = "org.editor", .appName = "Editor"}};
     REQUIRE(store().save(newer));
     store().setProjectBlocker(*newer.projectID, "Approval");
-    store().notice.set("Checkpoint saved.");
+    store().confirm("Checkpoint saved.");
     check("blocked project with checkpoints");
     click("Manage checkpoints");
     check("manager");
@@ -133,7 +133,7 @@ TEST_CASE_FIXTURE(WindowFixture, "every control of every screen has a name")
     press(Qt::Key_N, Qt::ControlModifier);
     check("new project");
     press(Qt::Key_Escape);
-    store().error.set("Could not update the project: the disk is full.");
+    store().report("Could not update the project: the disk is full.");
     check("error");
 }
 
@@ -179,7 +179,7 @@ TEST_CASE_FIXTURE(WindowFixture, "the keyboard alone reaches everything")
 {
     const QUuid project = openProject();
     saveTwoCheckpoints();
-    store().notice.set("Checkpoint saved.");
+    store().confirm("Checkpoint saved.");
     settle();
     const QStringList reached = tabOrder(*this);
     CAPTURE(reached);

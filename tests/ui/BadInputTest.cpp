@@ -83,7 +83,7 @@ TEST_CASE_FIXTURE(BadInput, "names, notes and messages of any length leave the w
                 FAIL_CHECK(each->metaObject()->className());
         }
         picture("long-word");
-        store().error.set("Could not update the project: " + text);
+        store().report("Could not update the project: " + text);
         settle();
         CHECK(window->sheets().topSheet()->width() == 420);
         CHECK(button("OK")->mapTo(window.get(), QPoint(0, 30)).y() < window->height());

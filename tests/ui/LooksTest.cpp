@@ -62,7 +62,7 @@ struct LooksFixture : WindowFixture {
                                                         .displayName = "Built-in display"}};
         REQUIRE(drawnScreen().save(*latest.screenshot));
         REQUIRE(store().save(latest));
-        store().notice.set("Checkpoint saved.");
+        store().confirm("Checkpoint saved.");
         settle();
     }
 

@@ -217,7 +217,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is excluded can be allowed again, also 
 
 TEST_CASE_FIXTURE(SettingsFixture, "exclusions are shown and stay as they are while a session is recorded")
 {
-    store().draftProjectID.set(store().createProject("Thesis"));
+    store().draftProjectID.set(store().createProject("Thesis").id);
     store().excludeDomain("example.com");
     openSettings();
     click(u"Capture exclusions…"_qs);

@@ -138,9 +138,9 @@ void CheckpointDetail::viewRecording(const Checkpoint &checkpoint)
 {
     try {
         if (!QDesktopServices::openUrl(QUrl::fromLocalFile(m_store.recordingFile(checkpoint))))
-            m_store.error.set(tr("Could not open the recording: there is no application for it."));
+            m_store.report(tr("Could not open the recording: there is no application for it."));
     } catch (const Failure &failure) {
-        m_store.error.set(tr("Could not open the recording. ") + failure.description());
+        m_store.report(tr("Could not open the recording. ") + failure.description());
     }
 }
 
@@ -158,8 +158,9 @@ InlineNote *CheckpointDetail::makeNote(QString Checkpoint::*field)
     auto *note = new InlineNote(text);
     note->installEventFilter(this);
     if (!m_sample.isSample)
-        note->setOnCommit(
-            [&store = m_store, id = m_id, field](const QString &typed) { return store.updateNote(field, typed, id); });
+        note->setOnCommit([&store = m_store, id = m_id, field](const QString &typed) {
+            return store.updateNote(field, typed, id).isDone;
+        });
     return note;
 }
 

@@ -240,8 +240,7 @@ void WorkspaceItemsView::fillAppMenu(QMenu *menu, const SavedApp &app)
     }
     addMenuItem(menu, tr("Always exclude %1").arg(menuText(appTitle(app))), {}, [this, app] {
         if (m_store.excludeApp(app))
-            m_store.notice.set(
-                tr("%1 excluded from future captures. This checkpoint is unchanged.").arg(appTitle(app)));
+            m_store.confirm(tr("%1 excluded from future captures. This checkpoint is unchanged.").arg(appTitle(app)));
     });
 }
 
@@ -254,9 +253,9 @@ void WorkspaceItemsView::fillTabMenu(QMenu *menu, const SavedTab &tab)
     } else if (domain) {
         addMenuItem(menu, tr("Always exclude %1").arg(menuText(*domain)), {}, [this, domain = *domain] {
             if (m_store.excludeDomain(domain))
-                m_store.notice.set(tr("%1 excluded from future tab lists. Visible pages and this checkpoint’s media "
-                                      "are unchanged.")
-                                       .arg(domain));
+                m_store.confirm(tr("%1 excluded from future tab lists. Visible pages and this checkpoint’s media "
+                                   "are unchanged.")
+                                    .arg(domain));
         });
     }
 }

@@ -66,7 +66,7 @@ DetailBar::DetailBar(AppStore &store, const Screens &screens, std::function<void
     row->addWidget(more);
     connect(&m_tick, &QTimer::timeout, this, [this] { showElapsed(); });
     m_observations.watch([this] { showState(); }, store.projects, store.selectedProjectID, store.busy, store.recording,
-                         store.startedAt);
+                         store.startedAt, store.recordingFailure);
 }
 
 QWidget *DetailBar::makeRecording()
@@ -87,7 +87,7 @@ void DetailBar::showState()
     m_recording->setVisible(m_store.recording());
     m_stop->setEnabled(!m_store.busy());
     m_progress->setVisible(m_store.busy());
-    if (m_store.recording())
+    if (m_store.recording() && !m_store.recordingFailure())
         m_tick.start(1000);
     else
         m_tick.stop();
@@ -96,6 +96,10 @@ void DetailBar::showState()
 
 void DetailBar::showElapsed()
 {
+    if (m_store.recordingFailure()) {
+        m_elapsed->setText(tr("Recording broken off"));
+        return;
+    }
     const std::optional<Date> start = m_store.startedAt();
     m_elapsed->setText(start ? elapsedText(static_cast<qint64>(Date::now().seconds - start->seconds)) : QString());
 }

@@ -7,6 +7,7 @@
 #include "ui/controls/Menu.h"
 #include "ui/main/DetailBar.h"
 #include "ui/main/Presentations.h"
+#include "ui/main/RemarkStrips.h"
 #include "ui/main/Sidebar.h"
 #include "ui/main/Strips.h"
 #include "ui/projects/CheckpointActions.h"
@@ -40,10 +41,12 @@ namespace {
 // What a session cannot do is said once, where messages are.
 void reportMissingServices(AppStore &store)
 {
-    if (!QDBusConnection::sessionBus().isConnected() && !store.notice())
-        store.notice.set(QCoreApplication::translate(
-            "ardeno::MainWindow", "There is no session bus: folders and documents of windows are not found, the "
-                                  "desktop’s appearance is not followed, and commands do not reach this window."));
+    if (!QDBusConnection::sessionBus().isConnected())
+        store.remark({.sentence = QCoreApplication::translate(
+                          "ardeno::MainWindow",
+                          "There is no session bus: folders and documents of windows are not found, the desktop’s "
+                          "appearance is not followed, and commands do not reach this window."),
+                      .subject = "session bus"});
 }
 
 } // namespace
@@ -103,6 +106,7 @@ QWidget *MainWindow::makeDetailColumn()
     m_foot = new QWidget;
     auto *foot = makeColumn(0, m_foot);
     foot->addWidget(new NewsletterPrompt(*m_store, m_screens));
+    foot->addWidget(new RemarkStrips(*m_store));
     foot->addWidget(new NoticeStrip(*m_store));
     column->addWidget(m_foot);
     return detail;

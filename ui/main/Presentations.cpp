@@ -85,7 +85,7 @@ void Presentations::showError()
     m_error = presentAlert(m_host, text, [this, sentence](bool) {
         // A newer one has an alert of its own.
         if (m_store.error() == sentence)
-            m_store.error.set(std::nullopt);
+            m_store.dismissError();
     });
 }
 

@@ -110,10 +110,10 @@ void ProjectListView::writeOrder()
         return;
     QElapsedTimer time;
     time.start();
-    m_store.reorderProjects(moved->first, moved->second, m_model.ids());
+    const Outcome outcome = m_store.reorderProjects(moved->first, moved->second, m_model.ids());
     m_writeMilliseconds = time.elapsed();
     // As the store has it: a write that failed takes the row back.
-    if (m_store.error())
+    if (!outcome)
         showProjects();
 }
 

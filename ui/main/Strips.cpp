@@ -13,8 +13,6 @@
 
 namespace ardeno {
 
-namespace {
-
 void drawStrip(QWidget *strip, Role ground, Qt::Edge edge)
 {
     QPainter painter(strip);
@@ -29,6 +27,8 @@ QHBoxLayout *makeStripRow(QWidget *strip)
     row->setContentsMargins(24, 5, 22, 5);
     return row;
 }
+
+namespace {
 
 Button *makeClose(const QString &name)
 {
@@ -98,7 +98,7 @@ NoticeStrip::NoticeStrip(AppStore &store, QWidget *parent) : QWidget(parent), m_
     row->addWidget(new SymbolView("checkmark.circle", Role::SageText));
     row->addWidget(m_text, 1);
     Button *const close = makeClose(tr("Dismiss the message"));
-    connect(close, &QAbstractButton::clicked, this, [this] { m_store.notice.set(std::nullopt); });
+    connect(close, &QAbstractButton::clicked, this, [this] { m_store.dismissNotice(); });
     row->addWidget(close);
     m_observations.watch([this] { showNotice(); }, store.notice);
 }

@@ -3,15 +3,21 @@
 
 #include "store/AppStore.h"
 #include "ui/Screens.h"
+#include "ui/theme/AppTheme.h"
 
 #include <QWidget>
 
+class QHBoxLayout;
 class QLabel;
 
 namespace ardeno {
 
 class LineLabel;
 class Sheet;
+
+// How every strip is drawn and laid out.
+void drawStrip(QWidget *strip, Role ground, Qt::Edge edge);
+QHBoxLayout *makeStripRow(QWidget *strip);
 
 // Offers a newer version above the detail; hidden while there is none.
 class UpdateBanner final : public QWidget {

@@ -23,10 +23,11 @@ QString titleOf(const AppStore &store, const Checkpoint &checkpoint)
 
 QCoro::Task<void> saveAtOnce(AppStore &store)
 {
-    co_await store.captureMoment(store.draftTitle(), store.draftNext(), CaptureKind::Checkpoint);
+    const Outcome outcome =
+        co_await store.captureMoment(store.draftTitle(), store.draftNext(), CaptureKind::Checkpoint);
     // Without a form there is no other place for what went wrong.
-    if (store.captureIssue())
-        store.error.set(*store.captureIssue());
+    if (outcome.captureIssue)
+        store.report(*outcome.captureIssue, outcome.subject);
 }
 
 } // namespace

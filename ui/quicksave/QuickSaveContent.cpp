@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QPointer>
 
 namespace ardeno {
 
@@ -19,6 +20,14 @@ namespace {
 
 constexpr int panelWidth = 470;
 constexpr int labelWidth = 62;
+
+QCoro::Task<void> saveDraft(AppStore &store, QPointer<QuickSaveContent> form)
+{
+    const Outcome outcome =
+        co_await store.captureMoment(store.draftTitle(), store.draftNext(), CaptureKind::Checkpoint);
+    if (form)
+        form->showError(outcome.error);
+}
 
 } // namespace
 
@@ -57,7 +66,7 @@ QuickSaveContent::QuickSaveContent(AppStore &store, QWidget *parent)
     m_observations.watch([this] { m_newProject->setVisible(DraftProject::isNew(m_store)); }, store.projects,
                          store.draftProjectID);
     m_observations.watch([this] { showState(); }, store.busy, store.requestingAccess, store.draftProjectID,
-                         store.draftProjectName, store.captureIssue, store.error);
+                         store.draftProjectName, store.captureIssue);
 }
 
 QWidget *QuickSaveContent::makeProjectRow()
@@ -108,9 +117,15 @@ void QuickSaveContent::showState()
     m_progress->setVisible(m_store.busy());
     m_cancel->setEnabled(!isBusy);
     m_save->setEnabled(!isBusy && !lacksName);
-    const std::optional<QString> problem = m_store.captureIssue() ? m_store.captureIssue() : m_store.error();
+    const std::optional<QString> problem = m_store.captureIssue() ? m_store.captureIssue() : m_error;
     m_problem->setText(problem.value_or(QString()));
     m_problem->setVisible(problem.has_value());
+}
+
+void QuickSaveContent::showError(const std::optional<QString> &error)
+{
+    m_error = error;
+    showState();
 }
 
 void QuickSaveContent::showDetails(bool isOpen)
@@ -127,7 +142,8 @@ void QuickSaveContent::takeFocus()
 
 void QuickSaveContent::save()
 {
-    m_store.captureMoment(m_store.draftTitle(), m_store.draftNext(), CaptureKind::Checkpoint);
+    m_error.reset();
+    saveDraft(m_store, this);
 }
 
 void QuickSaveContent::paintEvent(QPaintEvent *)

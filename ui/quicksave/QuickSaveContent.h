@@ -25,6 +25,9 @@ public:
     // The first thing to type.
     void takeFocus();
 
+    // What went wrong in a save from here, other than the capture itself.
+    void showError(const std::optional<QString> &error);
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -38,6 +41,7 @@ private:
     void save();
 
     AppStore &m_store;
+    std::optional<QString> m_error = {};
     Observations m_observations; // Before the fields, which it is about.
     Choice *m_project;
     TextField *m_newProject;

@@ -175,10 +175,10 @@ void ExclusionsView::chooseApplication()
 
 void ExclusionsView::excludeDomain()
 {
-    const bool isAccepted = m_store.excludeDomain(m_domain->text());
+    const Outcome outcome = m_store.excludeDomain(m_domain->text());
     // The store tells by itself when a good domain could not be written.
-    m_validation->setVisible(!isAccepted && !m_store.error());
-    if (isAccepted)
+    m_validation->setVisible(!outcome && !outcome.error);
+    if (outcome)
         m_domain->clear();
     QAccessibleEvent said(m_validation, QAccessible::Alert);
     if (m_validation->isVisible())

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/Outcome.h"
+#include "support/Observable.h"
+
+#include <QList>
+#include <QString>
+
+namespace ardeno {
+
+// What the window tells its user. Main thread only.
+class Messages {
+public:
+    template <typename T>
+    using Shown = PublishedBy<T, Messages>;
+
+    // The newest of the problems, which stay until they are dismissed or their matter has succeeded.
+    Shown<std::optional<QString>> error;
+    // What was done last, until something else is done or fails, or it is dismissed.
+    Shown<std::optional<QString>> notice;
+    Shown<QList<Remark>> remarks;
+
+    // Tells how an operation ended; its captureIssue is not among it.
+    void tell(const Outcome &outcome);
+    void report(const QString &problem, const QString &subject = {});
+    void confirm(const QString &sentence);
+    void remark(const Remark &remark);
+    // Takes back what was said about this.
+    void resolve(const QString &subject);
+
+    // All problems and remarks, oldest first.
+    QStringList sentences() const;
+
+    void dismissError();
+    void dismissNotice();
+    void dismiss(const Remark &remark);
+
+private:
+    struct Problem {
+        QString sentence = {};
+        QString subject = {};
+    };
+
+    void showNewest();
+
+    QList<Problem> m_problems; // Oldest first.
+};
+
+} // namespace ardeno

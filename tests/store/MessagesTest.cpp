@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Finish.h"
+#include "tests/store/StoreFixture.h"
+
+#include <new>
+#include <stdexcept>
+
+using namespace ardeno;
+
+namespace {
+
+struct MessagesFixture : StoreFixture {
+    QUuid project = *store().createProject("Thesis");
+    Checkpoint saved = saveCheckpoint(project, "one", 1);
+
+    // As another program does: a whole library under the same name.
+    void replaceLibrary(const WorkspaceLibrary &library) const
+    {
+        QFile::remove(libraryPath());
+        CheckpointRepository(root()).saveLibrary(library);
+    }
+
+    Outcome save(const QString &title)
+    {
+        const CaptureRequest request{project, title, {}, false};
+        return finish(store().saveMoment(request));
+    }
+};
+
+bool says(const AppStore &store, const QString &part)
+{
+    return !store.sentences().filter(part).isEmpty();
+}
+
+} // namespace
+
+TEST_CASE_FIXTURE(MessagesFixture, "what went wrong stays until it is dismissed or the same has succeeded")
+{
+    memory.endedWithError = {"Viewer"};
+    finish(store().restore({}, {}, {}, {}, false));
+    const QString ended = "Could not open: Viewer (it ended with an error)";
+    REQUIRE(store().error() == ended);
+    const std::optional<QString> notice = store().notice();
+    REQUIRE(notice.has_value());
+
+    // A note that is kept while somebody types, and a blank name, take nothing away.
+    CHECK(store().updateNote(&Checkpoint::objective, "typed", saved.id));
+    store().createProject("  ");
+    CHECK(store().error() == ended);
+    CHECK(store().notice() == notice);
+
+    breakLibrary();
+    CHECK_FALSE(store().updateNote(&Checkpoint::objective, "more", saved.id));
+    CHECK_FALSE(store().updateNote(&Checkpoint::objective, "even more", saved.id));
+    CHECK(store().error()->startsWith("Could not save this checkpoint: "));
+    CHECK_MESSAGE(store().sentences().size() == 2, "the same is said once");
+    REQUIRE(QDir(libraryPath()).removeRecursively());
+    REQUIRE(QFile::rename(root() + "/moved", libraryPath()));
+    CHECK(store().updateNote(&Checkpoint::objective, "even more", saved.id));
+    CHECK_MESSAGE(store().error() == ended, "the write that failed has succeeded, the resume has not");
+    store().dismissError();
+    CHECK_FALSE(store().error());
+}
+
+TEST_CASE_FIXTURE(MessagesFixture, "whoever gives a command is told how it ended, and the window keeps its own messages")
+{
+    store().report("Something else.");
+    memory.pictureFailure = Failure("Capture", 1, "There is no picture.");
+    const CaptureRequest request{project, "two", {}, false};
+    const Outcome failed = finish(store().saveMoment(request, Audience::Caller));
+    CHECK_FALSE(failed);
+    CHECK(failed.captureIssue->endsWith("There is no picture."));
+    CHECK_FALSE(store().captureIssue().has_value());
+    CHECK(store().sentences() == QStringList{"Something else."});
+
+    memory.pictureFailure.reset();
+    const Outcome done = finish(store().saveMoment(request, Audience::Caller));
+    REQUIRE(done);
+    CHECK(done.notice == "Checkpoint saved.");
+    CHECK(store().checkpoint(*done)->title == "two");
+}
+
+TEST_CASE_FIXTURE(MessagesFixture, "whatever ends an operation is said")
+{
+    memory.whileComposing = [] { throw std::bad_alloc(); };
+    CHECK(save("two").captureIssue.has_value());
+    memory.whileComposing = [] { throw std::runtime_error("a library's own words"); };
+    CHECK(save("two").captureIssue->contains("a library's own words"));
+    CHECK_FALSE(store().busy());
+    CHECK_FALSE(store().working());
+    memory.whileComposing = {};
+    CHECK(save("two"));
+}
+
+TEST_CASE_FIXTURE(MessagesFixture, "a library that another program put there is taken over, and the change made in it")
+{
+    Checkpoint theirs{.title = "theirs", .projectID = QUuid::createUuid(), .createdAt = {5}};
+    const WorkspaceLibrary other{.projects = {Project{.id = *theirs.projectID, .name = "Other"}},
+                                 .checkpoints = {theirs}};
+
+    SUBCASE("while the program runs")
+    {
+        replaceLibrary(other);
+    }
+    SUBCASE("after the library could not be read at the start")
+    {
+        writeFile(libraryPath(), "{");
+        reopen();
+        REQUIRE_FALSE(store().isLibraryRead());
+        replaceLibrary(other);
+        project = *theirs.projectID;
+    }
+    const Outcome outcome = save("ours");
+    REQUIRE(outcome);
+    CHECK(store().isLibraryRead());
+    CHECK(says(store(), "replaced by another program"));
+    CHECK_FALSE(says(store(), "could not be read"));
+    CHECK(store().checkpoint(theirs.id));
+    CHECK(reopen().checkpoint(*outcome)->title == "ours");
+    CHECK(store().checkpoint(theirs.id));
+
+    replaceLibrary(other);
+    const Outcome lost = store().updateNote(&Checkpoint::title, "x", *outcome);
+    CHECK_FALSE(lost);
+    CHECK_MESSAGE(lost.error->contains("no longer in the library"), "the other library does not have it");
+    CHECK_FALSE(store().checkpoint(*outcome));
+}
+
+TEST_CASE_FIXTURE(MessagesFixture, "the copy of an unreadable library is named until the user has seen it")
+{
+    writeFile(libraryPath(), "{\"version\":2,\"projects\":[");
+    CHECK(says(reopen(), "have been left in place"));
+    project = *store().createProject("New");
+    REQUIRE(store().remarks().size() == 1);
+    const Remark remark = store().remarks().first();
+    CHECK(fileBytes(remark.file.value()) == "{\"version\":2,\"projects\":[");
+    CHECK(remark.sentence.contains(*remark.file));
+    CHECK_FALSE(says(store(), "have been left in place"));
+
+    CHECK_MESSAGE(reopen().remarks().value(0).file == remark.file, "also at the next start");
+    store().dismiss(store().remarks().first());
+    CHECK(reopen().remarks().isEmpty());
+}
+
+TEST_CASE_FIXTURE(MessagesFixture, "a session that cannot be written is kept and goes with the next change")
+{
+    store().draftProjectID.set(project);
+    finish(store().captureMoment("Ablation", {}, CaptureKind::Session));
+    memory.recordingEvents.failed(Failure::system(ENOSPC));
+    QCoreApplication::processEvents();
+    store().dismissError();
+    CHECK_MESSAGE(store().recordingFailure() == QString("No space left on device"), "dismissing the message mends nothing");
+    breakLibrary();
+    const Outcome stopped = finish(store().stop());
+    REQUIRE_FALSE(stopped);
+    CHECK_FALSE(store().recordingFailure());
+    CHECK(says(store(), u"Your work session “Ablation” is kept in "_qs));
+    CHECK_FALSE(store().saveUnsavedSessions());
+
+    REQUIRE(QDir(libraryPath()).removeRecursively());
+    REQUIRE(QFile::rename(root() + "/moved", libraryPath()));
+    SUBCASE("asked for")
+    {
+        CHECK(store().saveUnsavedSessions());
+    }
+    SUBCASE("with whatever is written next")
+    {
+        CHECK(store().updateNote(&Checkpoint::title, "renamed", saved.id));
+    }
+    CHECK(says(store(), u"Your work session “Ablation” has been saved now."_qs));
+    CHECK_FALSE(says(store(), "is kept in "));
+    CHECK(reopen().checkpoint(*stopped.id)->title == "Ablation");
+    CHECK(store().checkpoints().size() == 2);
+}
+
+TEST_CASE_FIXTURE(MessagesFixture, "what was asked while something else went on is done after it, and waited for")
+{
+    store().draftProjectID.set(project);
+    finish(store().captureMoment("Ablation", {}, CaptureKind::Session));
+    QCoro::Task<ResumeOutcome> resuming = store().restore({}, {}, {}, {}, false);
+    REQUIRE(store().busy());
+    const Outcome stopped = finish(store().stop());
+    CHECK(stopped);
+    finish(std::move(resuming));
+    CHECK_FALSE(finish(store().stop()).id.has_value());
+
+    memory.tabRecords["com.google.Chrome"] = u"1\u001f7\u001fhttps://a.example/\u001fOpen\u001e"_qs;
+    QCoro::Task<Outcome> adding = store().addCurrentBrowserTabs(saved.id);
+    CHECK_MESSAGE(store().working(), "the end of the program waits for it");
+    finish(std::move(adding));
+    CHECK_FALSE(store().working());
+}
+
+TEST_CASE_FIXTURE(MessagesFixture, "a checkpoint that is saved while the archived projects are listed is shown in its list")
+{
+    const QUuid archived = *store().createProject("Old");
+    store().setProjectArchived(archived, true);
+    store().selectProject(archived);
+    REQUIRE(store().showArchivedProjects());
+    const Outcome outcome = save("two");
+    REQUIRE(outcome);
+    CHECK_FALSE(store().showArchivedProjects());
+    CHECK(store().selection() == outcome.id);
+}

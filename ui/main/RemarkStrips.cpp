@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/main/RemarkStrips.h"
+
+#include "ui/controls/Button.h"
+#include "ui/controls/Ground.h"
+#include "ui/controls/Label.h"
+#include "ui/main/Strips.h"
+
+#include <QAccessible>
+#include <QCoreApplication>
+#include <QLabel>
+
+#include <algorithm>
+
+namespace ardeno {
+
+namespace {
+
+struct RemarkTexts final {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::RemarkStrips)
+};
+
+class RemarkStrip final : public QWidget {
+public:
+    RemarkStrip(AppStore &store, const Remark &remark)
+    {
+        QHBoxLayout *const row = makeStripRow(this);
+        row->addWidget(new SymbolView("exclamationmark.circle", Role::AccentText));
+        row->addWidget(makeParagraph(remark.sentence), 1);
+        setAccessibleName(remark.sentence);
+        if (remark.file)
+            addAction(row, RemarkTexts::tr("Show file"), [&store, file = *remark.file] { store.showFile(file); });
+        if (remark.hasUnsavedSession)
+            addAction(row, RemarkTexts::tr("Save now"), [&store] { store.saveUnsavedSessions(); });
+        Button *const close = Button::makeIcon("xmark", RemarkTexts::tr("Dismiss the remark"));
+        QObject::connect(close, &QAbstractButton::clicked, this, [&store, remark] { store.dismiss(remark); });
+        row->addWidget(close);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override { drawStrip(this, Role::AccentSoft, Qt::TopEdge); }
+
+private:
+    void addAction(QHBoxLayout *row, const QString &text, const std::function<void()> &act)
+    {
+        auto *button = new Button(text);
+        QObject::connect(button, &QAbstractButton::clicked, this, act);
+        row->addWidget(button);
+    }
+};
+
+} // namespace
+
+RemarkStrips::RemarkStrips(AppStore &store, QWidget *parent) : QWidget(parent), m_store(store)
+{
+    makeColumn(0, this);
+    m_observations.watch([this] { showRemarks(); }, store.remarks);
+}
+
+void RemarkStrips::showRemarks()
+{
+    constexpr qsizetype most = 3; // What is below has its place, too; who dismisses one sees the next.
+    const bool hadFocus = isAncestorOf(window()->focusWidget());
+    qDeleteAll(findChildren<QWidget *>(Qt::FindDirectChildrenOnly));
+    const QList<Remark> &all = m_store.remarks();
+    const QList<Remark> newest = all.last(std::min(all.size(), most));
+    for (const Remark &remark : newest) {
+        auto *strip = new RemarkStrip(m_store, remark);
+        layout()->addWidget(strip);
+        QAccessibleEvent said(strip, QAccessible::Alert);
+        QAccessible::updateAccessibility(&said);
+    }
+    setVisible(!all.isEmpty());
+    const QList<Button *> buttons = findChildren<Button *>();
+    if (hadFocus && !buttons.isEmpty())
+        buttons.last()->setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace ardeno
