@@ -277,7 +277,9 @@ private:
     QCoro::Task<Outcome> addTabs(QUuid checkpointID);
     QCoro::Task<Outcome> addLayout(QUuid checkpointID);
     QCoro::Task<Outcome> addPicture(QString file, QUuid checkpointID);
+    void importFailed(QUuid checkpointID, const Failure &failure, Outcome *outcome) const;
     void adoptScreenshot(QUuid checkpointID, const QString &path, Outcome *outcome);
+    Outcome clearScreenshot(const Checkpoint &before, MediaRemoval &removal);
     static void putBack(MediaRemoval &removal, Outcome *outcome);
     void forgetPictures(const QList<Checkpoint> &gone);
     QSet<QString> screenshotFiles(const QList<Checkpoint> &of) const;
@@ -316,6 +318,7 @@ private:
     QCoro::Task<void> captureEnd(Checkpoint *checkpoint);
     void saveSession(const Checkpoint &checkpoint, Outcome *outcome);
     QSet<QUuid> resolveMedia();
+    QList<Checkpoint> interruptedSessions(const QSet<QUuid> &journals, Outcome *outcome) const;
     // Saves the checkpoints of sessions that were cut short, whose journals are in these folders.
     void recoverSessions(const QSet<QUuid> &journals);
     // Sessions whose checkpoints could not be written are kept beside their media and go with the next change.

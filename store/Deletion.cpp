@@ -35,14 +35,13 @@ bool AppStore::commitDeletion(const TakeCheckpoints &take, const DeletionTexts &
 {
     std::optional<MediaStaging> staging;
     const auto setAside = [&](WorkspaceLibrary &library) {
-        if (staging)
-            staging->putBack(); // The library has been read again, and others may be gone with it.
+        // The library has been read again, and others may be gone with it.
+        if (const auto remains = staging ? staging->putBack() : std::nullopt)
+            throw Failure(remains->reason);
         staging.emplace(m_repository.root());
         const std::optional<QSet<QUuid>> gone = take(library);
-        for (const QUuid &id : gone.value_or(QSet<QUuid>())) {
-            if (const auto failure = staging->add(MediaFolders::own(m_repository.root(), id), id))
-                throw Failure(*failure);
-        }
+        for (const QUuid &id : gone.value_or(QSet<QUuid>()))
+            staging->add(MediaFolders::own(m_repository.root(), id), id);
         return gone.has_value();
     };
     if (!commit(setAside, texts.failed, outcome)) {

@@ -25,11 +25,25 @@ QString hidden(const QString &path, const QString &suffix)
     return QFileInfo(path).path() + "/." + QFileInfo(path).fileName() + suffix;
 }
 
-// Of what stands there itself; zero when there is nothing.
+bool isAbsence(int error)
+{
+    return error == ENOENT || error == ENOTDIR;
+}
+
+Failure failureAt(const QString &path, int error)
+{
+    return Failure::system(error, QFileInfo(path).fileName());
+}
+
+// Of what stands there itself; zero when there is nothing. What does not answer is not taken for missing.
 mode_t typeOf(const QString &path)
 {
     struct stat status = {};
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & S_IFMT : 0;
+    if (::lstat(QFile::encodeName(path).constData(), &status) == 0)
+        return status.st_mode & S_IFMT;
+    if (!isAbsence(errno))
+        throw failureAt(path, errno);
+    return 0;
 }
 
 } // namespace
@@ -111,13 +125,19 @@ QStringList MediaFolders::entries(const QString &folder)
     for (std::filesystem::directory_iterator entry(QFile::encodeName(folder).toStdString(), error), end;
          !error && entry != end; entry.increment(error))
         names.append(QFile::decodeName(QByteArray::fromStdString(entry->path().filename().native())));
+    if (error && !isAbsence(error.value()))
+        throw failureAt(folder, error.value());
     return names;
 }
 
 std::optional<Failure> MediaFolders::move(const QString &from, const QString &to)
 {
-    if (!isFolder(from) && exists(to))
-        return Failure::system(EEXIST);
+    try {
+        if (!isFolder(from) && exists(to))
+            return Failure::system(EEXIST);
+    } catch (const Failure &failure) {
+        return failure;
+    }
     if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0)
         return std::nullopt;
     return Failure::system(errno);

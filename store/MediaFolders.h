@@ -33,11 +33,12 @@ std::optional<QString> settled(const QString &path);
 // the path was written. Absent when the path leads anywhere else. Touches no disk.
 std::optional<QString> fileOf(const QString &root, const QUuid &id, const QString &recorded);
 
+// These throw Failure when the system does not say what stands there.
 bool exists(const QString &path);
 bool isFolder(const QString &path);
 bool isFile(const QString &path);
 
-// The names in a folder, hidden ones included; empty when it cannot be read.
+// The names in a folder, hidden ones included; none where there is no folder. Throws Failure when it cannot be read.
 QStringList entries(const QString &folder);
 
 // The failure if any. What has content is never replaced.

@@ -21,20 +21,38 @@ public:
 
     QSet<QUuid> run()
     {
-        const QStringList names = MediaFolders::entries(m_root);
+        const QStringList names = namesInRoot();
         removeUnfinished(m_root, names);
         for (const QString &name : names) {
-            if (const QUuid own = MediaFolders::idOfOwn(name); !own.isNull())
-                resolveOwn(own);
-            else if (m_library && MediaStaging::isName(name))
-                resolveDeletion(m_root + '/' + name);
-            else if (const QUuid id = MediaFolders::idOfUnsaved(name); m_library && !id.isNull())
-                resolveUnsaved(id);
+            try {
+                resolve(name);
+            } catch (const Failure &) {
+                // What does not answer stays for the next time.
+            }
         }
         return m_sessions;
     }
 
 private:
+    QStringList namesInRoot() const
+    {
+        try {
+            return MediaFolders::entries(m_root);
+        } catch (const Failure &) {
+            return {};
+        }
+    }
+
+    void resolve(const QString &name)
+    {
+        if (const QUuid own = MediaFolders::idOfOwn(name); !own.isNull())
+            resolveOwn(own);
+        else if (m_library && MediaStaging::isName(name))
+            resolveDeletion(m_root + '/' + name);
+        else if (const QUuid id = MediaFolders::idOfUnsaved(name); m_library && !id.isNull())
+            resolveUnsaved(id);
+    }
+
     // Null when the library does not know it. Most starts never ask.
     const Checkpoint *checkpoint(const QUuid &id)
     {

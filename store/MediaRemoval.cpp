@@ -19,8 +19,12 @@ MediaRemoval::MediaRemoval(const QString &path) : m_path(path), m_aside(MediaFol
 
 std::optional<Failure> MediaRemoval::begin()
 {
-    if (m_path.isEmpty() || !MediaFolders::exists(m_path))
-        return std::nullopt;
+    try {
+        if (m_path.isEmpty() || !MediaFolders::exists(m_path))
+            return std::nullopt;
+    } catch (const Failure &failure) {
+        return failure;
+    }
     auto failure = MediaFolders::move(m_path, m_aside);
     m_isAside = !failure;
     return failure;
@@ -33,7 +37,7 @@ std::optional<Failure> MediaRemoval::putBack()
 
 std::optional<Failure> MediaRemoval::finish()
 {
-    return m_isAside ? MediaFolders::removeAll(m_aside) : std::nullopt;
+    return m_path.isEmpty() ? std::nullopt : MediaFolders::removeAll(m_isAside ? m_aside : m_path);
 }
 
 } // namespace ardeno

@@ -15,7 +15,7 @@ namespace ardeno {
 class MediaRemoval final {
 public:
     // The file that a record names, when it may be removed at all: a plain one, or none any more, directly in the
-    // checkpoint's media folder; neither the file nor the folder is a link.
+    // checkpoint's media folder; neither the file nor the folder is a link. Throws Failure when that cannot be known.
     static std::optional<QString> allowed(const QString &root, const QUuid &checkpointID, const QString &recorded);
 
     // Of no file when the path is empty. Nothing happens before begin().
@@ -27,6 +27,7 @@ public:
     // nothing.
     std::optional<Failure> begin();
     std::optional<Failure> putBack();
+    // Also of a file that could not be moved aside.
     std::optional<Failure> finish();
 
 private:

@@ -28,26 +28,31 @@ bool MediaStaging::isName(const QString &name)
     return name.startsWith(prefix) && !MediaFolders::idOfOwn(name.sliced(prefix.size())).isNull();
 }
 
-std::optional<Failure> MediaStaging::add(const QString &mediaFolder, const QUuid &checkpointID)
+void MediaStaging::add(const QString &mediaFolder, const QUuid &checkpointID)
 {
     if (!MediaFolders::exists(mediaFolder))
-        return std::nullopt;
+        return;
     if (!MediaFolders::isFolder(mediaFolder)) {
         m_link = Remains{mediaFolder, Failure::system(ENOTDIR)};
-        return std::nullopt;
+        return;
     }
     if (::mkdir(QFile::encodeName(m_folder).constData(), 0700) != 0 && errno != EEXIST)
-        return Failure::system(errno);
-    return MediaFolders::move(mediaFolder, MediaFolders::own(m_folder, checkpointID));
+        throw Failure::system(errno);
+    if (const auto failure = MediaFolders::move(mediaFolder, MediaFolders::own(m_folder, checkpointID)))
+        throw Failure(*failure);
 }
 
 std::optional<MediaStaging::Remains> MediaStaging::putBack()
 {
     std::optional<Remains> first;
-    for (const QString &name : MediaFolders::entries(m_folder)) {
-        const auto failure = MediaFolders::move(m_folder + '/' + name, m_root + '/' + name);
-        if (failure && !first)
-            first = Remains{m_folder, *failure};
+    try {
+        for (const QString &name : MediaFolders::entries(m_folder)) {
+            const auto failure = MediaFolders::move(m_folder + '/' + name, m_root + '/' + name);
+            if (failure && !first)
+                first = Remains{m_folder, *failure};
+        }
+    } catch (const Failure &failure) {
+        first = Remains{m_folder, failure};
     }
     QDir().rmdir(m_folder); // Nothing happens when it holds anything.
     return first;

@@ -24,8 +24,8 @@ public:
     explicit MediaStaging(const QString &root);
 
     // Moves this folder aside, as that of the checkpoint; a missing one is fine. One that is a link is not followed: it
-    // stays and is among what remains in the end. The failure if it is still in its place.
-    std::optional<Failure> add(const QString &mediaFolder, const QUuid &checkpointID);
+    // stays and is among what remains in the end. Throws Failure when the folder is still in its place.
+    void add(const QString &mediaFolder, const QUuid &checkpointID);
 
     // To the checkpoints' own folders.
     std::optional<Remains> putBack();

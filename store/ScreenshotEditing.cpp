@@ -15,6 +15,17 @@
 
 namespace ardeno {
 
+namespace {
+
+// Nothing happens when it is not there.
+void discard(const QString &arriving, Outcome *outcome)
+{
+    if (MediaFolders::removeAll(arriving))
+        outcome->fail(AppStore::tr("The new image remains in ") + arriving + '.');
+}
+
+} // namespace
+
 QCoro::Task<Outcome> AppStore::importScreenshot(QString file, QUuid checkpointID)
 {
     return carryOut(addPicture(std::move(file), checkpointID));
@@ -31,25 +42,32 @@ QCoro::Task<Outcome> AppStore::addPicture(QString file, QUuid checkpointID)
         path = mediaFolder(checkpointID) + '/' + MediaFile::importedImage();
         const auto copy = [&] { ImageImport::writePng(file, MediaFolders::arriving(path)); };
         co_await inWorker(copy);
+        adoptScreenshot(checkpointID, path, &outcome);
     } catch (...) {
         failure = Failure::current();
     }
-    if (!failure) {
-        adoptScreenshot(checkpointID, path, &outcome);
+    if (!failure)
         co_return outcome;
-    }
+    importFailed(checkpointID, *failure, &outcome);
+    if (!path.isEmpty())
+        discard(MediaFolders::arriving(path), &outcome);
     QDir().rmdir(m_repository.root() + '/' + uuidText(checkpointID)); // Nothing happens when it holds anything.
-    if (!editable(checkpointID)) // It was deleted meanwhile, and its folder with it.
-        co_return outcome;
-    if (failure->domain() == ImageImport::notAnImageDomain)
-        outcome.fail(tr("This file could not be opened as an image. Choose a PNG, JPEG, HEIC or another supported "
-                        "image."));
-    else
-        outcome.fail(tr("Could not add the image: ") + failure->description());
     co_return outcome;
 }
 
-// The new picture has been written; now it belongs to the checkpoint, or goes again.
+void AppStore::importFailed(QUuid checkpointID, const Failure &failure, Outcome *outcome) const
+{
+    if (!editable(checkpointID)) // It was deleted meanwhile, and its folder with it.
+        return;
+    if (failure.domain() == ImageImport::notAnImageDomain)
+        outcome->fail(tr("This file could not be opened as an image. Choose a PNG, JPEG, HEIC or another supported "
+                         "image."));
+    else
+        outcome->fail(tr("Could not add the image: ") + failure.description());
+}
+
+// The new picture has been written; now it belongs to the checkpoint, or goes again. Throws Failure when what is there
+// does not answer; nothing has changed then.
 void AppStore::adoptScreenshot(QUuid checkpointID, const QString &path, Outcome *outcome)
 {
     const QString arriving = MediaFolders::arriving(path);
@@ -63,7 +81,7 @@ void AppStore::adoptScreenshot(QUuid checkpointID, const QString &path, Outcome 
                               ? MediaRemoval::allowed(m_repository.root(), checkpointID, *before->screenshot)
                               : std::nullopt;
     MediaRemoval removal(replaced.value_or(QString()));
-    std::optional<Failure> remains = removal.begin();
+    removal.begin(); // What cannot go aside now is tried again in the end.
     const auto show = [&](Checkpoint &checkpoint) {
         checkpoint.screenshot = path;
         return true;
@@ -75,15 +93,12 @@ void AppStore::adoptScreenshot(QUuid checkpointID, const QString &path, Outcome 
     *outcome = edit(checkpointID, "picture", show, {}, settle);
     if (!*outcome) {
         putBack(removal, outcome);
-        if (!QFile::remove(arriving))
-            outcome->fail(tr("The new image remains in ") + arriving + '.');
+        discard(arriving, outcome);
         return;
     }
     outcome->notice = tr("Image added. A copy is saved with this checkpoint.");
     forgetPictures({*before});
-    if (!remains)
-        remains = removal.finish();
-    if (remains)
+    if (const auto remains = removal.finish())
         outcome->notice =
             tr("Image added, but the previous image file could not be removed: ") + remains->description();
 }
@@ -101,33 +116,41 @@ Outcome AppStore::removeScreenshot(QUuid checkpointID)
     if (!before || !before->screenshot)
         return {};
     Outcome outcome{.subject = subjects::about("picture", checkpointID)};
-    const auto file = MediaRemoval::allowed(m_repository.root(), checkpointID, *before->screenshot);
-    if (!file) {
-        outcome.fail(tr("Could not remove a screenshot outside this checkpoint’s storage folder."));
-        return concluded(std::move(outcome));
-    }
     const QString failed = tr("Could not remove the screenshot: ");
-    MediaRemoval removal(*file);
-    if (const auto failure = removal.begin()) {
-        outcome.fail(failed + failure->description());
-        return concluded(std::move(outcome));
+    std::optional<QString> file;
+    try {
+        file = MediaRemoval::allowed(m_repository.root(), checkpointID, *before->screenshot);
+        if (!file)
+            outcome.fail(tr("Could not remove a screenshot outside this checkpoint’s storage folder."));
+    } catch (const Failure &failure) {
+        outcome.fail(failed + failure.description());
     }
+    MediaRemoval removal(file.value_or(QString()));
+    if (const auto failure = removal.begin())
+        outcome.fail(failed + failure->description());
+    if (!outcome.error)
+        outcome = clearScreenshot(*before, removal);
+    return concluded(std::move(outcome));
+}
+
+Outcome AppStore::clearScreenshot(const Checkpoint &before, MediaRemoval &removal)
+{
     const auto clear = [](Checkpoint &checkpoint) {
         checkpoint.screenshot.reset();
         return true;
     };
-    outcome = edit(checkpointID, "picture", clear, failed);
+    Outcome outcome = edit(before.id, "picture", clear, tr("Could not remove the screenshot: "));
     if (!outcome) {
         putBack(removal, &outcome);
-        return concluded(std::move(outcome));
+        return outcome;
     }
-    forgetPictures({*before});
+    forgetPictures({before});
     if (const auto failure = removal.finish())
         outcome.fail(tr("Screenshot removed, but its file could not be deleted from ") + removal.aside() + ": " +
                      failure->description());
     else
         outcome.notice = tr("Screenshot removed. Your notes and workspace are saved.");
-    return concluded(std::move(outcome));
+    return outcome;
 }
 
 Thumbnails &AppStore::thumbnails()

@@ -186,30 +186,49 @@ Outcome AppStore::saveUnsavedSessions()
     return concluded(std::move(outcome));
 }
 
+QList<Checkpoint> AppStore::interruptedSessions(const QSet<QUuid> &journals, Outcome *outcome) const
+{
+    QList<Checkpoint> interrupted;
+    for (const QUuid &id : journals) {
+        const QString folder = MediaFolders::own(m_repository.root(), id);
+        if (checkpoint(id)) { // Its journal was left behind alone.
+            SessionJournal::remove(folder);
+            continue;
+        }
+        try {
+            interrupted.append(SessionJournal::read(m_repository.root(), id));
+        } catch (const Failure &failure) {
+            const QString sentence = tr("A work session was interrupted. What is kept of it in %1 could not be read, "
+                                        "which the next start tries again: %2");
+            outcome->remarks += Remark{.sentence = sentence.arg(folder, failure.description()),
+                                       .subject = subjects::about("session", id)};
+        }
+    }
+    return interrupted;
+}
+
 void AppStore::recoverSessions(const QSet<QUuid> &journals)
 {
-    const QList<Checkpoint> pending = SessionJournal::pending(m_repository.root(), journals);
-    QList<Checkpoint> interrupted = pending;
-    interrupted.removeIf([this](const Checkpoint &session) { return checkpoint(session.id); });
+    Outcome outcome;
+    const QList<Checkpoint> interrupted = interruptedSessions(journals, &outcome);
     const auto add = [&](WorkspaceLibrary &library) {
         library.checkpoints = interrupted + library.checkpoints;
         return true;
     };
-    Outcome outcome;
     if (!interrupted.isEmpty() && !commit(add, tr("Could not save an interrupted work session: "), &outcome)) {
-        for (const Checkpoint &session : std::as_const(interrupted))
+        for (const Checkpoint &session : interrupted)
             outcome.remarks += keepUnsaved(session);
         tell(outcome);
         return;
     }
-    for (const Checkpoint &session : pending)
-        SessionJournal::remove(MediaFolders::own(m_repository.root(), session.id)); // Some were left behind alone.
-    for (const Checkpoint &session : std::as_const(interrupted))
+    for (const Checkpoint &session : interrupted) {
+        SessionJournal::remove(MediaFolders::own(m_repository.root(), session.id));
         outcome.remarks +=
             Remark{.sentence = tr("Your work session “%1” was interrupted. Its checkpoint has been saved with what was "
                                   "recorded.")
                                    .arg(session.title),
                    .subject = subjects::about("session", session.id)};
+    }
     tell(outcome);
 }
 

@@ -33,11 +33,12 @@ Checkpoint unknownCheckpoint(const QString &mediaFolder)
     return checkpoint;
 }
 
-Checkpoint read(const QString &mediaFolder)
+Checkpoint recorded(const QString &mediaFolder)
 {
     constexpr qint64 largest = 64 * 1024 * 1024;
+    const std::optional<QByteArray> bytes = OwnFile::read(mediaFolder + '/' + fileName, largest);
     try {
-        if (const auto bytes = OwnFile::read(mediaFolder + '/' + fileName, largest))
+        if (bytes)
             return json::decode<Checkpoint>(*bytes);
     } catch (const Failure &) {
         return unknownCheckpoint(mediaFolder);
@@ -54,27 +55,28 @@ void SessionJournal::write(const QString &mediaFolder, const Checkpoint &checkpo
 
 void SessionJournal::remove(const QString &mediaFolder)
 {
-    QFile::remove(mediaFolder + '/' + fileName);
+    try {
+        if (isIn(mediaFolder))
+            QFile::remove(mediaFolder + '/' + fileName);
+    } catch (const Failure &) {
+        // It stays.
+    }
 }
 
 bool SessionJournal::isIn(const QString &mediaFolder)
 {
-    return MediaFolders::isFile(mediaFolder + '/' + fileName);
+    return MediaFolders::isFolder(mediaFolder) && MediaFolders::isFile(mediaFolder + '/' + fileName);
 }
 
-QList<Checkpoint> SessionJournal::pending(const QString &libraryRoot, const QSet<QUuid> &checkpointIDs)
+Checkpoint SessionJournal::read(const QString &libraryRoot, const QUuid &checkpointID)
 {
-    QList<Checkpoint> found;
-    for (const QUuid &id : checkpointIDs) {
-        const QString folder = MediaFolders::own(libraryRoot, id);
-        Checkpoint checkpoint = read(folder);
-        checkpoint.id = id;
-        checkpoint.screenshot = existing(folder + '/' + MediaFile::screenshot);
-        const QString video = folder + '/' + MediaFile::recording;
-        checkpoint.recording = VideoFile::repair(video) ? std::optional(video) : std::nullopt;
-        found.append(checkpoint);
-    }
-    return found;
+    const QString folder = MediaFolders::own(libraryRoot, checkpointID);
+    Checkpoint checkpoint = recorded(folder);
+    checkpoint.id = checkpointID;
+    checkpoint.screenshot = existing(folder + '/' + MediaFile::screenshot);
+    const QString video = folder + '/' + MediaFile::recording;
+    checkpoint.recording = VideoFile::repair(video) ? std::optional(video) : std::nullopt;
+    return checkpoint;
 }
 
 } // namespace ardeno

@@ -3,9 +3,8 @@
 
 #include "model/WorkspaceRecords.h"
 
-#include <QList>
-#include <QSet>
 #include <QString>
+#include <QUuid>
 
 namespace ardeno {
 
@@ -18,10 +17,10 @@ void write(const QString &mediaFolder, const Checkpoint &checkpoint);
 // A missing one is fine, and one that cannot be removed harms nobody: its checkpoint is in the library.
 void remove(const QString &mediaFolder);
 
-// What sessions of these checkpoints that were cut short have left, with the media that are really there. Of a session
-// whose journal cannot be read only the media are known.
-QList<Checkpoint> pending(const QString &libraryRoot, const QSet<QUuid> &checkpointIDs);
-// Whether there is one. A link, or anything else that is no file, is none.
+// What the session of this checkpoint that was cut short has left, with the media that are really there. Of one whose
+// journal makes no sense only the media are known. Throws Failure when anything of it cannot be read.
+Checkpoint read(const QString &libraryRoot, const QUuid &checkpointID);
+// Whether there is one. A link, or anything else that is no file, is none. Throws Failure when that cannot be known.
 bool isIn(const QString &mediaFolder);
 
 } // namespace SessionJournal

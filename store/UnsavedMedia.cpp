@@ -20,8 +20,12 @@ UnsavedMedia::~UnsavedMedia()
         return;
     // At once out of sight, whatever is in it. What is left then, the next start removes.
     MediaStaging staging(m_root);
-    if (!staging.add(m_folder, m_id))
-        staging.remove();
+    try {
+        staging.add(m_folder, m_id);
+    } catch (const Failure &) {
+        return;
+    }
+    staging.remove();
 }
 
 void UnsavedMedia::create() const

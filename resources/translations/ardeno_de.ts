@@ -220,6 +220,10 @@
         <translation>Arbeitsumgebung zu Beginn Ihrer Sitzung erfasst; an ihrem Ende gab es den Desktop nicht mehr.</translation>
     </message>
     <message>
+        <source>A work session was interrupted. What is kept of it in %1 could not be read, which the next start tries again: %2</source>
+        <translation>Eine Arbeitssitzung wurde unterbrochen. Was davon in %1 liegt, konnte nicht gelesen werden; der nächste Start versucht es noch einmal: %2</translation>
+    </message>
+    <message>
         <source>Your work session “%1” was interrupted. Its checkpoint has been saved with what was recorded.</source>
         <translation>Ihre Arbeitssitzung „%1“ wurde unterbrochen. Ihr Checkpoint wurde mit dem Aufgenommenen gesichert.</translation>
     </message>

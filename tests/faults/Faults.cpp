@@ -2,6 +2,7 @@
 // Stands between the tested code and the system's library: a program's own functions go before those of libraries.
 #include "tests/faults/Faults.h"
 
+#include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <pthread.h>
@@ -76,6 +77,7 @@ void endThreads()
 } // namespace ardeno::faults
 
 using ardeno::faults::call;
+using ardeno::faults::strikes;
 
 extern "C" {
 
@@ -86,6 +88,30 @@ int open(const char *path, int flags, ...)
     const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(list, mode_t) : 0;
     va_end(list);
     return int(call(path, SYS_openat, AT_FDCWD, path, flags, mode));
+}
+
+int openat(int folder, const char *path, int flags, ...)
+{
+    va_list list;
+    va_start(list, flags);
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(list, mode_t) : 0;
+    va_end(list);
+    if (folder == AT_FDCWD || path[0] == '/')
+        return int(call(path, SYS_openat, folder, path, flags, mode));
+    return int(call(folder, SYS_openat, folder, path, flags, mode));
+}
+
+DIR *opendir(const char *path)
+{
+    static const auto open = reinterpret_cast<DIR *(*)(const char *)>(::dlsym(RTLD_NEXT, "opendir"));
+    return strikes(path) ? nullptr : open(path);
+}
+
+int unlinkat(int folder, const char *path, int flags) noexcept
+{
+    if (folder == AT_FDCWD || path[0] == '/')
+        return int(call(path, SYS_unlinkat, folder, path, flags));
+    return int(call(folder, SYS_unlinkat, folder, path, flags));
 }
 
 int stat(const char *path, struct stat *status) noexcept
@@ -106,6 +132,11 @@ int fstat(int file, struct stat *status) noexcept
 ssize_t read(int file, void *bytes, size_t size)
 {
     return call(file, SYS_read, file, bytes, size);
+}
+
+ssize_t pread(int file, void *bytes, size_t size, off_t position)
+{
+    return call(file, SYS_pread64, file, bytes, size, position);
 }
 
 ssize_t write(int file, const void *bytes, size_t size)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/PngWriter.h"
+#include "model/Json.h"
 #include "support/Finish.h"
 #include "tests/faults/Faults.h"
 #include "tests/store/StoreFixture.h"
@@ -27,6 +28,8 @@ struct MediaFixture : StoreFixture {
         static_cast<int *>(::mmap(nullptr, sizeof(int), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
 
     QByteArray library;
+    const QUuid session = QUuid::createUuid();
+    bool isCutShort = false; // There is something to resolve, which the change itself then begins with.
 
     MediaFixture()
     {
@@ -52,6 +55,23 @@ struct MediaFixture : StoreFixture {
         writeFile(libraryPath(), library);
         for (const QUuid &id : {first, second})
             writeFile(pictureOf(id), picture);
+        if (isCutShort)
+            layLeftovers();
+    }
+
+    // A session, a deletion, a removal and a capture that nobody finished.
+    void layLeftovers()
+    {
+        const auto text = [](const QUuid &id) { return uuidText(id); };
+        const QString recording = root() + "/.saving-" + text(session);
+        writeFile(recording + "/session.json", json::encode(Checkpoint{.title = "session"}));
+        writeFile(recording + "/snapshot.png", picture);
+        writeFile(recording + "/session.mp4", QByteArray("\0\0\0\bmoof\0\0\0\bmdat\0\0\0\xffmoof", 24));
+        const QString deletion = root() + "/.deleting-" + text(project) + '/';
+        writeFile(deletion + text(QUuid::createUuid()) + "/snapshot.png", picture);
+        QDir().rename(root() + '/' + text(first), deletion + text(first));
+        QFile::rename(pictureOf(second), root() + '/' + text(second) + "/.snapshot.png.removing");
+        writeFile(root() + "/.saving-" + text(QUuid::createUuid()) + "/snapshot.png", picture);
     }
 
     // The status of a process that makes the change with such a fault; 2: its message is not true.
@@ -61,7 +81,8 @@ struct MediaFixture : StoreFixture {
         plan.folder = QFile::encodeName(root());
         Child child([&](const Child::Signal &ready) {
             ready();
-            reopen();
+            if (!isCutShort)
+                reopen();
             faults::begin(plan);
             work();
             *calls = faults::calls();
@@ -108,6 +129,8 @@ struct MediaFixture : StoreFixture {
             const QString file = QFileInfo(checkpoint.screenshot.value_or(QString())).fileName();
             CHECK(list(mediaFolder(checkpoint)).join(' ') == file);
         }
+        const Checkpoint *const recovered = store().checkpoint(session);
+        CHECK((recovered && recovered->title == "session" && recovered->recording) == isCutShort);
         expected.sort();
         CHECK(list(root()) == expected);
     }
@@ -146,4 +169,12 @@ TEST_CASE_FIXTURE(MediaFixture, "wherever a change is cut short, the next start 
         attack(work, {.kind = Kind::Error, .error = EIO});
         attack(work, {.kind = Kind::LastingError, .error = EIO});
     }
+    isCutShort = true;
+    const auto start = [&] {
+        reopen();
+        opened.reset();
+    };
+    attack(start, {.kind = Kind::Kill});
+    attack(start, {.kind = Kind::Error, .error = EIO});
+    attack(start, {.kind = Kind::LastingError, .error = EIO});
 }
