@@ -57,6 +57,7 @@ QCoro::Task<void> AppStore::beginRecording(Checkpoint *checkpoint, UnsavedMedia 
 // What is wrong stays to be seen until the session ends, also when the message has been dismissed.
 void AppStore::recordingFailed(const Failure &failure)
 {
+    dismissNotice(); // That it is being recorded.
     recordingFailure.set(withoutFullStop(failure.description()));
     report(tr("Recording stopped unexpectedly: ") + *recordingFailure() +
                tr(". Use Stop & save checkpoint to preserve the checkpoint."),

@@ -20,13 +20,20 @@ struct RemarkTexts final {
     Q_DECLARE_TR_FUNCTIONS(ardeno::RemarkStrips)
 };
 
+// Names have any length; the window keeps its room.
+QString shortened(const QString &sentence)
+{
+    constexpr qsizetype most = 400;
+    return sentence.size() <= most ? sentence : sentence.first(most - 1) + u'…';
+}
+
 class RemarkStrip final : public QWidget {
 public:
     RemarkStrip(AppStore &store, const Remark &remark)
     {
         QHBoxLayout *const row = makeStripRow(this);
         row->addWidget(new SymbolView("exclamationmark.circle", Role::AccentText));
-        row->addWidget(makeParagraph(remark.sentence), 1);
+        row->addWidget(makeParagraph(shortened(remark.sentence)), 1);
         setAccessibleName(remark.sentence);
         if (remark.file)
             addAction(row, RemarkTexts::tr("Show file"), [&store, file = *remark.file] { store.showFile(file); });
@@ -61,8 +68,9 @@ void RemarkStrips::showRemarks()
 {
     constexpr qsizetype most = 3; // What is below has its place, too; who dismisses one sees the next.
     const bool hadFocus = isAncestorOf(window()->focusWidget());
-    qDeleteAll(findChildren<QWidget *>(Qt::FindDirectChildrenOnly));
     const QList<Remark> &all = m_store.remarks();
+    setVisible(!all.isEmpty()); // Before its strips go: what is hidden hands the focus on.
+    qDeleteAll(findChildren<QWidget *>(Qt::FindDirectChildrenOnly));
     const QList<Remark> newest = all.last(std::min(all.size(), most));
     for (const Remark &remark : newest) {
         auto *strip = new RemarkStrip(m_store, remark);
@@ -70,7 +78,6 @@ void RemarkStrips::showRemarks()
         QAccessibleEvent said(strip, QAccessible::Alert);
         QAccessible::updateAccessibility(&said);
     }
-    setVisible(!all.isEmpty());
     const QList<Button *> buttons = findChildren<Button *>();
     if (hadFocus && !buttons.isEmpty())
         buttons.last()->setFocus(Qt::OtherFocusReason);
