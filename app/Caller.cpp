@@ -36,7 +36,7 @@ bool Caller::isThere() const
 void Caller::begin()
 {
     if (current && !current->isWaiting())
-        throw Failure("Command", 5, "Whoever gave the command does not wait for it any more; nothing was done.");
+        throw Failure("Command", 5, "Nothing was done: whoever gave the command did not answer when its turn came.");
 }
 
 bool Caller::isWaiting() const

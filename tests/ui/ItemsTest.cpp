@@ -17,7 +17,7 @@ struct ItemsFixture : WindowFixture {
         addSheetScreens(screens);
         Checkpoint checkpoint = saveCheckpoint(openProject(), "Chapter", 10);
         checkpoint.apps = {{"org.editor", "Editor"}, {"tom", "Tom & Jerry"}};
-        checkpoint.tabs = {{.title = "First", .url = "https://one.example/a"},
+        checkpoint.tabs = {{.title = u"Fi\u202er\u2066st"_qs, .url = "https://one.example/a"},
                            {.title = "", .url = "https://sub.two.example/b", .browserName = "Firefox"},
                            {.title = "Third", .url = "about:blank"}};
         REQUIRE(store().save(checkpoint));

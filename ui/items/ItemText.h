@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
+#include "support/VisibleText.h"
 
 // Texts that other programs wrote, as one line that can be drawn in no time.
 namespace ardeno::ItemText {
@@ -9,7 +9,7 @@ namespace ardeno::ItemText {
 inline QString line(const QString &text)
 {
     constexpr qsizetype most = 400; // Characters; no screen shows more of them in one line.
-    return text.left(2 * most).simplified().left(most);
+    return VisibleText::oneLine(text.left(2 * most)).simplified().left(most);
 }
 
 } // namespace ardeno::ItemText

@@ -2,6 +2,7 @@
 #include "ui/settings/ExclusionsView.h"
 
 #include "store/AppStore.h"
+#include "support/VisibleText.h"
 #include "ui/controls/Fields.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
@@ -124,7 +125,7 @@ Button *ExclusionsView::makeExcludeMenu()
     exclude->setSymbol("chevron.down", Button::SymbolSide::Trailing);
     setMenu(exclude, [this](QMenu *menu) {
         for (const SavedApp &app : std::as_const(m_runningApps)) {
-            QString name = app.name.simplified();
+            QString name = VisibleText::oneLine(app.name).simplified();
             QAction *const item =
                 addMenuItem(menu, name.replace('&', "&&"), {}, [this, app] { m_store.excludeApp(app); });
             item->setEnabled(!m_store.exclusions().appIDs().contains(app.id));
