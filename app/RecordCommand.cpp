@@ -20,7 +20,8 @@ ExitStatus start(AppStore &store, const QCommandLineParser &parsed)
     if (!project)
         return report(project);
     const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), store.includeBrowser()};
-    const Outcome outcome = finish(store.startSession(request, Audience::Caller));
+    Outcome outcome = finish(store.startSession(request, Audience::Caller));
+    outcome.remarks = project.remarks + outcome.remarks; // Both may have written.
     if (outcome)
         print(outcome.notice.value_or(QString()) + '\n' + uuidText(*outcome) + '\n');
     return report(outcome);

@@ -83,7 +83,8 @@ ExitStatus save(const QCommandLineParser &parsed, Desktop &desktop)
     if (!project)
         return locked.report(project);
     const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), wantsTabs(parsed, store)};
-    const Outcome outcome = finish(store.saveMoment(request, Audience::Caller));
+    Outcome outcome = finish(store.saveMoment(request, Audience::Caller));
+    outcome.remarks = project.remarks + outcome.remarks; // Both may have written.
     const Checkpoint *const saved = outcome ? store.checkpoint(*outcome) : nullptr;
     if (!saved)
         return locked.report(outcome);

@@ -67,12 +67,8 @@ const ApplicationActions &ApplicationStore::actions()
 
 LockedStore::LockedStore(Desktop &desktop, Purpose purpose)
 {
-    if (const AppStore *const running = ApplicationStore::current()) {
-        if (!running->isLibraryRead())
-            printError(u"The running application could not read your saved checkpoints. Existing files have been left "
-                       "in place."_qs);
+    if (ApplicationStore::current())
         return;
-    }
     m_lock = lock(purpose);
     StoreParts parts;
     parts.repository.setWriteCheck([this] {
@@ -91,6 +87,9 @@ LockedStore::~LockedStore()
 {
     if (m_store)
         reportAtStart(*m_store);
+    else if (!ApplicationStore::current()->isLibraryRead()) // Also by now: a save reads it again.
+        printError(u"The running application could not read your saved checkpoints. Existing files have been left in "
+                   "place."_qs);
 }
 
 void takeTurn(AppStore &store)

@@ -130,7 +130,7 @@ void AppStore::remindOfCopies()
 {
     for (const QString &path : m_preferences.value(keys::keptCopies).value_or(QStringList())) {
         if (QFile::exists(path))
-            remark(keptCopy(path));
+            remark(keptCopy(path, Successor::Empty));
     }
 }
 

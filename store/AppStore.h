@@ -225,7 +225,8 @@ private:
     void readExclusions();
     void remindOfCopies();
     void keepCopiesInMind();
-    static Remark keptCopy(const QString &path);
+    enum class Successor { Empty, FromMemory }; // Of an unreadable library.
+    static Remark keptCopy(const QString &path, Successor successor);
     void readLibrary(const std::function<WorkspaceLibrary()> &load);
     void prepareSamples();
     void chooseFirstProject();
@@ -262,7 +263,7 @@ private:
     void readAgain(Outcome *outcome);
     WorkspaceLibrary library() const;
     Outcome updateProject(QUuid id, const std::function<void(Project &)> &change);
-    bool write(const Checkpoint &checkpoint, Outcome *outcome, const SettleMedia &settle = {});
+    bool write(Checkpoint checkpoint, Outcome *outcome, const SettleMedia &settle = {});
     bool isShowingSamples() const;
     void forgetProject(QUuid id);
     QString mediaFolder(const QUuid &checkpointID) const;

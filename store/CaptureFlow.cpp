@@ -4,6 +4,7 @@
 #include "store/AppStore.h"
 #include "store/MediaFolders.h"
 #include "store/PreferenceKeys.h"
+#include "store/ProjectOrder.h"
 #include "store/Subjects.h"
 
 #include <QScopeGuard>
@@ -219,9 +220,13 @@ Outcome AppStore::save(Checkpoint checkpoint)
 }
 
 // In the place of the one with its identifier, or as a new one, and then shown.
-bool AppStore::write(const Checkpoint &checkpoint, Outcome *outcome, const SettleMedia &settle)
+bool AppStore::write(Checkpoint checkpoint, Outcome *outcome, const SettleMedia &settle)
 {
+    const Project *const known = checkpoint.projectID ? project(*checkpoint.projectID) : nullptr;
+    const std::optional<Project> owner = known ? std::optional(*known) : std::nullopt;
     const auto put = [&](WorkspaceLibrary &library) {
+        if (owner) // Another program's library may not have it.
+            checkpoint.projectID = ProjectOrder::adopt(&library.projects, *owner);
         const auto same = std::find_if(library.checkpoints.begin(), library.checkpoints.end(),
                                        [&](const Checkpoint &existing) { return existing.id == checkpoint.id; });
         if (same == library.checkpoints.end())

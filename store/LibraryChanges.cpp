@@ -108,7 +108,7 @@ bool AppStore::writeChanged(const Change &change, Outcome *outcome, const Settle
     m_beforeWrite();
     const LibraryWrite written = m_repository.saveLibrary(changed);
     if (written.keptCopy)
-        outcome->remarks += keptCopy(*written.keptCopy);
+        outcome->remarks += keptCopy(*written.keptCopy, m_isLibraryRead ? Successor::FromMemory : Successor::Empty);
     if (!written.isDurable)
         outcome->remarks += Remark{.sentence = tr("The last change was written, but the system could not confirm that "
                                                   "it would survive a power failure."),
@@ -126,10 +126,13 @@ bool AppStore::writeChanged(const Change &change, Outcome *outcome, const Settle
     return true;
 }
 
-Remark AppStore::keptCopy(const QString &path)
+Remark AppStore::keptCopy(const QString &path, Successor successor)
 {
-    const QString sentence = tr("Your saved checkpoints could not be read. The file is kept as %1, and a new library "
-                                "has been begun.");
+    const QString sentence =
+        successor == Successor::Empty
+            ? tr("Your saved checkpoints could not be read. The file is kept as %1, and a new library has been begun.")
+            : tr("Your library was damaged by another program. What it held is kept as %1, and your checkpoints have "
+                 "been written anew.");
     return {.sentence = sentence.arg(path), .subject = path, .file = path};
 }
 

@@ -27,18 +27,11 @@ Outcome AppStore::createProject(const QString &name, Audience audience)
     const Project created{.name = name.trimmed()};
     if (created.name.isEmpty())
         return outcome;
-    const auto existing = [&created](const QList<Project> &all) -> std::optional<QUuid> {
-        const auto same = std::find_if(
-            all.begin(), all.end(), [&](const Project &other) { return Text::equalNames(other.name, created.name); });
-        return same == all.end() ? std::nullopt : std::optional(same->id);
-    };
-    outcome.id = existing(projects());
+    outcome.id = ProjectOrder::named(projects(), created.name);
     outcome.isDone = outcome.id.has_value();
     if (!outcome.isDone) {
         const auto append = [&](WorkspaceLibrary &library) {
-            outcome.id = existing(library.projects).value_or(created.id);
-            if (outcome.id == created.id)
-                library.projects.append(created);
+            outcome.id = ProjectOrder::adopt(&library.projects, created);
             return true;
         };
         outcome.isDone = commit(append, tr("Could not create the project: "), &outcome);

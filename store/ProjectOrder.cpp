@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/ProjectOrder.h"
 
+#include "support/Text.h"
+
 #include <QHash>
 #include <QSet>
 
@@ -25,6 +27,23 @@ bool mayMove(const QList<Project> &projects, const QUuid &dragged, const QUuid &
 }
 
 } // namespace
+
+std::optional<QUuid> ProjectOrder::named(const QList<Project> &projects, const QString &name)
+{
+    const auto same = std::find_if(projects.begin(), projects.end(),
+                                   [&](const Project &project) { return Text::equalNames(project.name, name); });
+    return same == projects.end() ? std::nullopt : std::optional(same->id);
+}
+
+QUuid ProjectOrder::adopt(QList<Project> *projects, const Project &project)
+{
+    if (find(*projects, project.id))
+        return project.id;
+    if (const std::optional<QUuid> same = named(*projects, project.name))
+        return *same;
+    projects->append(project);
+    return project.id;
+}
 
 std::optional<QList<Project>> ProjectOrder::moved(const QList<Project> &projects, const QUuid &dragged,
                                                   const QUuid &target, const QList<QUuid> &visibleIDs)

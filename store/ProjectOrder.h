@@ -8,6 +8,13 @@
 // The rules of the project and checkpoint lists.
 namespace ardeno::ProjectOrder {
 
+// The project of this name, as people compare names.
+std::optional<QUuid> named(const QList<Project> &projects, const QString &name);
+
+// The identifier that this project has among these: the same record, or the one of its name; appended when there is
+// neither.
+QUuid adopt(QList<Project> *projects, const Project &project);
+
 // The list with the dragged project in front of the target; visibleIDs are the rows the user sees, in their order.
 // Projects that are not visible keep their places. Absent when the move is not allowed or changes nothing.
 std::optional<QList<Project>> moved(const QList<Project> &projects, const QUuid &dragged, const QUuid &target,

@@ -156,6 +156,10 @@
         <translation>Ihre gesicherten Checkpoints konnten nicht gelesen werden. Die Datei ist als %1 aufbewahrt, und eine neue Bibliothek wurde begonnen.</translation>
     </message>
     <message>
+        <source>Your library was damaged by another program. What it held is kept as %1, and your checkpoints have been written anew.</source>
+        <translation>Ein anderes Programm hat Ihre Bibliothek beschädigt. Was sie enthielt, ist als %1 aufbewahrt, und Ihre Checkpoints wurden neu geschrieben.</translation>
+    </message>
+    <message>
         <source>The last change was written, but the system could not confirm that it would survive a power failure.</source>
         <translation>Die letzte Änderung ist geschrieben, aber das System konnte nicht bestätigen, dass sie einen Stromausfall übersteht.</translation>
     </message>

@@ -62,7 +62,8 @@ TEST_CASE_FIXTURE(MessagesFixture, "what went wrong stays until it is dismissed 
     CHECK_FALSE(store().error());
 }
 
-TEST_CASE_FIXTURE(MessagesFixture, "whoever gives a command is told how it ended, and the window keeps its own messages")
+TEST_CASE_FIXTURE(MessagesFixture,
+                  "whoever gives a command is told how it ended, and the window keeps its own messages")
 {
     store().report("Something else.");
     memory.pictureFailure = Failure("Capture", 1, "There is no picture.");
@@ -98,6 +99,7 @@ TEST_CASE_FIXTURE(MessagesFixture, "a library that another program put there is 
     const WorkspaceLibrary other{.projects = {Project{.id = *theirs.projectID, .name = "Other"}},
                                  .checkpoints = {theirs}};
 
+    QString expectedProject = "Thesis";
     SUBCASE("while the program runs")
     {
         replaceLibrary(other);
@@ -109,9 +111,12 @@ TEST_CASE_FIXTURE(MessagesFixture, "a library that another program put there is 
         REQUIRE_FALSE(store().isLibraryRead());
         replaceLibrary(other);
         project = *theirs.projectID;
+        expectedProject = "Other";
     }
     const Outcome outcome = save("ours");
     REQUIRE(outcome);
+    CHECK_MESSAGE(store().project(*store().checkpoint(*outcome)->projectID)->name == expectedProject,
+                  "the project goes with its checkpoint");
     CHECK(store().isLibraryRead());
     CHECK(says(store(), "replaced by another program"));
     CHECK_FALSE(says(store(), "could not be read"));
@@ -140,6 +145,10 @@ TEST_CASE_FIXTURE(MessagesFixture, "the copy of an unreadable library is named u
     CHECK_MESSAGE(reopen().remarks().value(0).file == remark.file, "also at the next start");
     store().dismiss(store().remarks().first());
     CHECK(reopen().remarks().isEmpty());
+
+    writeFile(libraryPath(), "{}");
+    CHECK(store().setProjectBlocker(project, "waiting"));
+    CHECK_MESSAGE(says(store(), "your checkpoints have been written anew"), "what is in memory is not lost");
 }
 
 TEST_CASE_FIXTURE(MessagesFixture, "a session that cannot be written is kept and goes with the next change")
@@ -149,7 +158,8 @@ TEST_CASE_FIXTURE(MessagesFixture, "a session that cannot be written is kept and
     memory.recordingEvents.failed(Failure::system(ENOSPC));
     QCoreApplication::processEvents();
     store().dismissError();
-    CHECK_MESSAGE(store().recordingFailure() == QString("No space left on device"), "dismissing the message mends nothing");
+    CHECK_MESSAGE(store().recordingFailure() == QString("No space left on device"),
+                  "dismissing the message mends nothing");
     breakLibrary();
     const Outcome stopped = finish(store().stop());
     REQUIRE_FALSE(stopped);
@@ -191,7 +201,8 @@ TEST_CASE_FIXTURE(MessagesFixture, "what was asked while something else went on 
     CHECK_FALSE(store().working());
 }
 
-TEST_CASE_FIXTURE(MessagesFixture, "a checkpoint that is saved while the archived projects are listed is shown in its list")
+TEST_CASE_FIXTURE(MessagesFixture,
+                  "a checkpoint that is saved while the archived projects are listed is shown in its list")
 {
     const QUuid archived = *store().createProject("Old");
     store().setProjectArchived(archived, true);

@@ -108,5 +108,6 @@ TEST_CASE_FIXTURE(WindowFixture, "a recording is viewed only from the checkpoint
         settle();
         click("View recording");
         CHECK(seesText(failed + reason));
+        press(Qt::Key_Return);
     }
 }

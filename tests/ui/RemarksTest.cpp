@@ -35,7 +35,8 @@ struct RemarksFixture : WindowFixture {
 
 } // namespace
 
-TEST_CASE_FIXTURE(RemarksFixture, "what is to be known stays in strips until it is dismissed, also by the keyboard alone")
+TEST_CASE_FIXTURE(RemarksFixture,
+                  "what is to be known stays in strips until it is dismissed, also by the keyboard alone")
 {
     writeFile(libraryPath(), "{");
     openWindow();
