@@ -155,7 +155,10 @@ void AppStore::keepCopiesInMind()
 // Somebody else has put another library there: it counts, and what this program remembered of the former one does not.
 void AppStore::readAgain(Outcome *outcome)
 {
-    publish(m_repository.loadLibrary());
+    WorkspaceLibrary found = m_repository.loadLibrary();
+    if (!m_repository.hasFile())
+        return; // It has gone again: what is in memory may be the only copy.
+    publish(std::move(found));
     const PublishTogether group;
     if (selectedProjectID() && !selectedProject())
         selectedProjectID.set(std::nullopt);

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/LibraryFailure.h"
 #include "support/Finish.h"
 #include "tests/store/StoreFixture.h"
 
 #include <new>
 #include <stdexcept>
+#include <utility>
 
 using namespace ardeno;
 
@@ -129,6 +131,23 @@ TEST_CASE_FIXTURE(MessagesFixture, "a library that another program put there is 
     CHECK_FALSE(lost);
     CHECK_MESSAGE(lost.error->contains("no longer in the library"), "the other library does not have it");
     CHECK_FALSE(store().checkpoint(*outcome));
+}
+
+TEST_CASE_FIXTURE(MessagesFixture, "where the library goes for a moment or for good, what is in memory is kept")
+{
+    bool isCalled = false;
+    repository.setWriteCheck([&] { // Another library stands there when it is written, and none when it is read.
+        QFile::remove(libraryPath());
+        if (!std::exchange(isCalled, true))
+            throw Failure("Library", static_cast<int>(LibraryFailure::Changed), {});
+    });
+    const Outcome outcome = save("two");
+    REQUIRE(outcome);
+    CHECK(isCalled);
+    CHECK_FALSE(says(store(), "replaced"));
+    CHECK(store().checkpoints().size() == 2);
+    CHECK(reopen().checkpoint(saved.id));
+    CHECK(store().checkpoint(*outcome));
 }
 
 TEST_CASE_FIXTURE(MessagesFixture, "the copy of an unreadable library is named until the user has seen it")

@@ -27,6 +27,7 @@ struct StoreFixture {
     QTemporaryDir home;
     fakes::InMemoryDesktop memory;
     Desktop desktop = memory.makeDesktop();
+    CheckpointRepository repository{root()}; // That of the store.
     std::unique_ptr<AppStore> opened;
     bool seedStarterExample = false;
     std::function<QCoro::Task<std::optional<AppUpdateManifest>>()> fetchUpdate = {};
@@ -54,8 +55,9 @@ struct StoreFixture {
     AppStore &reopen()
     {
         opened.reset();
+        repository = CheckpointRepository(root());
         StoreParts parts{.preferences = preferences(),
-                         .repository = CheckpointRepository(root()),
+                         .repository = repository,
                          .openedPages = OpenedPages(home.filePath("opened-pages"))};
         parts.thumbnailFolder = home.filePath("thumbnails");
         parts.seedStarterExample = seedStarterExample;
