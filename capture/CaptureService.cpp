@@ -54,7 +54,7 @@ void writeScreenshot(const QString &path, const Canvas &canvas)
     if (png.isEmpty())
         throw captureFailure(
             2, QCoreApplication::translate("ardeno::CaptureService", "The screenshot could not be encoded."));
-    AtomicFile::write(path, png);
+    AtomicFile::replace(path, png);
 }
 
 } // namespace

@@ -50,7 +50,7 @@ Checkpoint recorded(const QString &mediaFolder)
 
 void SessionJournal::write(const QString &mediaFolder, const Checkpoint &checkpoint)
 {
-    AtomicFile::write(mediaFolder + '/' + fileName, json::encode(checkpoint));
+    AtomicFile::replace(mediaFolder + '/' + fileName, json::encode(checkpoint));
 }
 
 void SessionJournal::remove(const QString &mediaFolder)

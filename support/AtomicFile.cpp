@@ -314,6 +314,13 @@ AtomicFile::Written AtomicFile::write(const QString &path, QByteArrayView bytes)
     return write(path, std::span(&bytes, 1));
 }
 
+AtomicFile::Written AtomicFile::replace(const QString &path, QByteArrayView bytes)
+{
+    TemporaryFile file(path);
+    writePieces(file.descriptor(), std::span(&bytes, 1));
+    return file.replaceTarget({});
+}
+
 AtomicFile::Written AtomicFile::writeNew(const QString &path,
                                          const std::function<void(const std::function<void(QByteArrayView)> &)> &fill)
 {

@@ -41,6 +41,8 @@ struct Written {
 // left to do, and ends the write by what it throws.
 Written write(const QString &path, std::span<const QByteArrayView> pieces, const std::function<void()> &check = {});
 Written write(const QString &path, QByteArrayView bytes);
+// The same where nobody may have put a link: it is replaced itself, and what it names stays as it is.
+Written replace(const QString &path, QByteArrayView bytes);
 
 // Creates a file of pieces that are given one after the other to the function that fill gets; the same promises, also
 // for what fill throws. Fails with EEXIST when something is there already.

@@ -95,6 +95,35 @@ TEST_CASE_FIXTURE(HostileFixture, "a session's journal and video are files of it
     CHECK(QFileInfo::exists(folder + "/session.json/inside"));
 }
 
+TEST_CASE_FIXTURE(HostileFixture, "no link that was put there during a session is followed at its end")
+{
+    const Outcome session = finish(store().startSession({.projectID = project}));
+    REQUIRE(session);
+    const QString folder = root() + '/' + uuidText(*session);
+    const QStringList names = {"session.json", "snapshot.png"};
+    writeFile(own + "/snapshot.png", "a holiday");
+    SUBCASE("in the place of files")
+    {
+        for (const QString &name : names) {
+            REQUIRE(QFile::remove(folder + '/' + name));
+            REQUIRE(QFile::link(own + '/' + name, folder + '/' + name));
+        }
+        CHECK(finish(store().stop()));
+        CHECK(fileBytes(folder + "/snapshot.png").startsWith("\x89PNG"));
+        CHECK(QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System) ==
+              QStringList{"session.mp4", "snapshot.png"});
+    }
+    SUBCASE("in the place of the folder")
+    {
+        REQUIRE(QDir(folder).removeRecursively());
+        REQUIRE(QFile::link(own, folder));
+        CHECK(finish(store().stop()));
+    }
+    CHECK(store().checkpoint(*session));
+    checkOwn();
+    CHECK(fileBytes(own + "/snapshot.png") == "a holiday");
+}
+
 TEST_CASE_FIXTURE(HostileFixture, "what a killed process left is put where the library says, and unknown things stay")
 {
     const QString folder = mediaFolder(saved);
