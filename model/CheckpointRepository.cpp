@@ -15,7 +15,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <filesystem>
 #include <optional>
 #include <utility>
 
@@ -203,15 +202,6 @@ QString CheckpointRepository::directory(const QUuid &checkpointID) const
     const QString folder = pathOf(uuidText(checkpointID));
     AtomicFile::createFolder(folder);
     return folder;
-}
-
-void CheckpointRepository::removeFiles(const QUuid &checkpointID) const
-{
-    const QByteArray folder = QFile::encodeName(pathOf(uuidText(checkpointID)));
-    std::error_code error;
-    std::filesystem::remove_all(folder.constData(), error);
-    if (error && error != std::errc::no_such_file_or_directory)
-        throw Failure::system(error.value());
 }
 
 } // namespace ardeno

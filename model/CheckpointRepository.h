@@ -61,9 +61,6 @@ public:
     // The media folder of a checkpoint, created when it is missing.
     QString directory(const QUuid &checkpointID) const;
 
-    // Removes the media folder with everything in it; a missing one is fine.
-    void removeFiles(const QUuid &checkpointID) const;
-
 private:
     struct Memory;
 
