@@ -5,7 +5,6 @@
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <pthread.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/uio.h>
@@ -25,7 +24,6 @@ namespace {
 
 Plan plan;
 std::atomic<int> count = 0;
-std::atomic<bool> hasThreads = true;
 
 bool strikes(const char *path)
 {
@@ -67,11 +65,6 @@ void begin(const Plan &next)
 int calls()
 {
     return count;
-}
-
-void endThreads()
-{
-    hasThreads = false;
 }
 
 } // namespace ardeno::faults
@@ -187,14 +180,5 @@ int rmdir(const char *path) noexcept
 int mkdir(const char *path, mode_t mode) noexcept
 {
     return int(call(path, SYS_mkdirat, AT_FDCWD, path, mode));
-}
-
-int pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*work)(void *), void *argument) noexcept
-{
-    if (!ardeno::faults::hasThreads)
-        return EAGAIN;
-    using Create = int (*)(pthread_t *, const pthread_attr_t *, void *(*)(void *), void *);
-    static const auto create = reinterpret_cast<Create>(::dlsym(RTLD_NEXT, "pthread_create"));
-    return create(thread, attributes, work, argument);
 }
 }

@@ -19,7 +19,7 @@ struct Plan {
 void begin(const Plan &plan);
 // How many such calls there were since.
 int calls();
-// From now on no thread can be started.
-void endThreads();
+// Whether threads can be started from now on.
+void setThreads(bool available);
 
 } // namespace ardeno::faults

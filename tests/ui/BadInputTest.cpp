@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/faults/Faults.h"
 #include "tests/ui/ShownPicture.h"
 
 #include "ui/note/QuickListEditor.h"
@@ -146,6 +147,12 @@ TEST_CASE_FIXTURE(BadInput, "what is no picture of the checkpoint is named as un
         showPicture(one, path);
         CHECK(eventually([this] { return shownPicture(*this)->isUnavailable(); }));
     }
+    faults::setThreads(false);
+    showPicture(one, folder + "whole.png");
+    const bool isNamed = eventually([this] { return shownPicture(*this)->isUnavailable(); });
+    faults::setThreads(true);
+    CHECK_MESSAGE(isNamed, "no thread can be had to read it");
+    showPicture(one, {});
     showPicture(one, folder + "whole.png");
     CHECK(eventually([this] { return shownPicture(*this)->isShown(); }));
 }

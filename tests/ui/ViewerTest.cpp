@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/faults/Faults.h"
 #include "tests/ui/CutTexts.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/settings/SettingsScreens.h"
@@ -252,6 +253,14 @@ TEST_CASE_FIXTURE(ViewerFixture, "a file that is no picture says so, and extreme
         CHECK(canvas().isUnavailable());
     }
     viewerPicture("viewer-unavailable");
+
+    const QString whole = written(paintedScreens({2000, 1000}));
+    faults::setThreads(false);
+    openViewer(whole);
+    faults::setThreads(true);
+    CHECK_MESSAGE(canvas().isUnavailable(), "no thread can be had to read it");
+    openViewer(whole);
+    CHECK_FALSE(canvas().isUnavailable());
 
     QImage wide(30'000, 200, QImage::Format_RGB32);
     wide.fill(Qt::darkGreen);

@@ -3,6 +3,7 @@
 
 #include "media/PictureFile.h"
 #include "support/Failure.h"
+#include "ui/controls/InBackground.h"
 #include "ui/controls/PictureImage.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
@@ -11,10 +12,8 @@
 
 #include <QFocusEvent>
 #include <QFontMetricsF>
-#include <QFutureWatcher>
 #include <QPainter>
 #include <QPainterPath>
-#include <QtConcurrent>
 
 #include <algorithm>
 #include <new>
@@ -97,16 +96,15 @@ void ScreenshotImage::resizeEvent(QResizeEvent *)
 
 void ScreenshotImage::readSize()
 {
-    auto *reading = new QFutureWatcher<QSize>(this);
-    connect(reading, &QFutureWatcherBase::finished, this, [this, reading] {
-        reading->deleteLater();
-        m_fullSize = reading->result();
-        if (m_fullSize.isEmpty())
-            setUnavailable();
-        updateGeometry();
-        read();
-    });
-    reading->setFuture(QtConcurrent::run(PictureReading::size, m_path));
+    inBackground<QSize>(
+        this, [path = m_path] { return PictureReading::size(path); },
+        [this](const QSize &size) {
+            m_fullSize = size;
+            if (m_fullSize.isEmpty())
+                setUnavailable();
+            updateGeometry();
+            read();
+        });
 }
 
 void ScreenshotImage::setUnavailable()
@@ -129,14 +127,13 @@ void ScreenshotImage::read()
     if (m_isWanted)
         m_isWanted->store(false);
     m_isWanted = std::make_shared<std::atomic<bool>>(true);
-    auto *reading = new QFutureWatcher<QImage>(this);
-    connect(reading, &QFutureWatcherBase::finished, this, [this, reading, wanted] {
-        reading->deleteLater();
-        if (wanted == m_askedWidth)
-            take(reading->result());
-    });
-    const int height = std::max(1, qRound(double(wanted) * m_fullSize.height() / m_fullSize.width()));
-    reading->setFuture(QtConcurrent::run(readScaled, m_path, QSize(wanted, height), m_isWanted));
+    const QSize size(wanted, std::max(1, qRound(double(wanted) * m_fullSize.height() / m_fullSize.width())));
+    inBackground<QImage>(
+        this, [path = m_path, size, isWanted = m_isWanted] { return readScaled(path, size, isWanted); },
+        [this, wanted](const QImage &image) {
+            if (wanted == m_askedWidth)
+                take(image);
+        });
 }
 
 void ScreenshotImage::take(const QImage &image)

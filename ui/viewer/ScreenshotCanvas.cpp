@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/viewer/ScreenshotCanvas.h"
 
+#include "ui/controls/InBackground.h"
 #include "ui/theme/Drawing.h"
 #include "ui/viewer/PicturePreviews.h"
 
 #include <QCoreApplication>
 #include <QFocusEvent>
-#include <QFutureWatcher>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QtConcurrent>
 
 #include <chrono>
 #include <cmath>
@@ -53,24 +52,13 @@ ScreenshotCanvas::ScreenshotCanvas(const QString &path, QWidget *parent)
     read();
 }
 
-template <typename Result>
-void ScreenshotCanvas::inBackground(std::function<Result()> work, std::function<void(const Result &)> done)
-{
-    auto *const watcher = new QFutureWatcher<Result>(this);
-    connect(watcher, &QFutureWatcherBase::finished, this, [watcher, done = std::move(done)] {
-        watcher->deleteLater();
-        done(watcher->result());
-    });
-    watcher->setFuture(QtConcurrent::run(std::move(work)));
-}
-
 void ScreenshotCanvas::read()
 {
     // The size comes first, so that what stands for the picture until it has been read lies where it will.
-    inBackground<QSize>([path = m_path] { return PictureReading::size(path); },
-                        [this](const QSize &size) { takeSize(size); });
-    inBackground<QImage>([path = m_path] { return PictureReading::read(path); },
-                         [this](const QImage &image) { take(image); });
+    inBackground<QSize>(
+        this, [path = m_path] { return PictureReading::size(path); }, [this](const QSize &size) { takeSize(size); });
+    inBackground<QImage>(
+        this, [path = m_path] { return PictureReading::read(path); }, [this](const QImage &image) { take(image); });
 }
 
 void ScreenshotCanvas::takeSize(const QSize &size)
@@ -105,13 +93,14 @@ void ScreenshotCanvas::rest()
         makeHalves();
         return;
     }
-    inBackground<QImage>([picture = m_picture, size] { return picture.averaged(size); },
-                         [this, size](const QImage &image) {
-                             if (size == drawnPixels())
-                                 m_rested = image;
-                             viewport()->update();
-                             makeHalves();
-                         });
+    inBackground<QImage>(
+        this, [picture = m_picture, size] { return picture.averaged(size); },
+        [this, size](const QImage &image) {
+            if (size == drawnPixels())
+                m_rested = image;
+            viewport()->update();
+            makeHalves();
+        });
 }
 
 // For zooming; the first sharp picture comes before.
@@ -119,11 +108,12 @@ void ScreenshotCanvas::makeHalves()
 {
     if (!m_picture.halves.isEmpty() || m_picture.full.isNull())
         return;
-    inBackground<QList<QImage>>([full = m_picture.full] { return PictureReading::halves(full); },
-                                [this](const QList<QImage> &halves) {
-                                    m_picture.halves = halves;
-                                    viewport()->update();
-                                });
+    inBackground<QList<QImage>>(
+        this, [full = m_picture.full] { return PictureReading::halves(full); },
+        [this](const QList<QImage> &halves) {
+            m_picture.halves = halves;
+            viewport()->update();
+        });
 }
 
 bool ScreenshotCanvas::isSharp() const

@@ -65,8 +65,6 @@ private:
     void take(const QImage &image);
     void rest();
     void makeHalves();
-    template <typename Result>
-    void inBackground(std::function<Result()> work, std::function<void(const Result &)> done);
 
     QSize drawnPixels() const; // Of the screen.
     QSizeF drawnSize() const;  // Points.

@@ -109,6 +109,8 @@ ScreenshotViewers::~ScreenshotViewers()
 ScreenshotViewer *ScreenshotViewers::show(const QString &path)
 {
     QPointer<ScreenshotViewer> &viewer = m_open[path];
+    if (viewer && viewer->canvas().isUnavailable())
+        delete viewer; // It may be readable by now.
     if (!viewer)
         viewer = new ScreenshotViewer(path);
     viewer->setWindowState(viewer->windowState() & ~Qt::WindowMinimized);
