@@ -2,6 +2,7 @@
 #include "app/Background.h"
 
 #include "app/Application.h"
+#include "app/BusClient.h"
 #include "app/EndRequest.h"
 #include "app/Output.h"
 
@@ -21,8 +22,8 @@ ExitStatus serve(const QDBusConnection &connection)
 {
     BusService bus(connection);
     if (!bus.begin({.run = answerCommand})) {
-        printError(u"Another program has the name org.ardeno.Ardeno on the session bus."_qs);
-        return ExitStatus::Failed;
+        BusClient::refuseStranger();
+        return ExitStatus::Done; // Another application has just been quicker.
     }
     Application application(openLibrary(), bus);
     reportAtStart(application.store());

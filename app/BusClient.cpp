@@ -103,13 +103,18 @@ std::optional<ExitStatus> BusClient::showWindow()
     return ExitStatus::NotAvailable;
 }
 
+void BusClient::refuseStranger()
+{
+    if (const qint64 owner = nameOwner(QDBusConnection::sessionBus()); isStranger(owner))
+        throw Failure("Command", 4, u"Ardeno cannot be reached on the session bus."_qs + taken(owner));
+}
+
 void BusClient::startApplication()
 {
     const QDBusConnection connection = QDBusConnection::sessionBus();
     if (!connection.isConnected())
         throw notAvailable("There is no session bus, over which Ardeno could be reached again.");
-    if (const qint64 owner = nameOwner(connection); isStranger(owner)) // It could never be reached.
-        throw Failure("Command", 4, u"Ardeno could not be started."_qs + taken(owner));
+    refuseStranger();
     QProcess program;
     const QString kind = isDisplayReachable() ? "/ardeno-window" : "/ardeno-command";
     program.setProgram(QCoreApplication::applicationDirPath() + kind);

@@ -19,6 +19,9 @@ std::optional<ExitStatus> run(const QStringList &arguments);
 // Asks the application that runs to show its window. Absent when nobody answers.
 std::optional<ExitStatus> showWindow();
 
+// Throws Failure where a program that is none of ours has the application's name on the bus: nobody could be reached.
+void refuseStranger();
+
 // Starts the application without a window and returns when it serves commands. Throws Failure.
 void startApplication();
 

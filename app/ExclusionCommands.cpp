@@ -56,11 +56,12 @@ ExitStatus excludeApp(const QString &id)
 {
     Desktop desktop = makeDesktop();
     const std::optional<QString> name = knownName(desktop, id);
-    if (!name)
-        printError(u"No application “%1” is installed or running; it is left out should there be one."_qs.arg(id));
     const SavedApp app{id, name && !name->isEmpty() ? *name : id};
     const auto exclude = [&](AppStore &store) { return store.excludeApp(app, Audience::Caller); };
-    return change(desktop, exclude, u"%1 is left out of captures."_qs.arg(oneLine(app.name)));
+    const ExitStatus status = change(desktop, exclude, u"%1 is left out of captures."_qs.arg(oneLine(app.name)));
+    if (!name && status == ExitStatus::Done)
+        printError(u"No application “%1” is installed or running; it is left out should there be one."_qs.arg(id));
+    return status;
 }
 
 ExitStatus excludeDomain(const QString &text)

@@ -157,6 +157,9 @@ QString CheckpointRepository::keepUndecodable(const FileStamp &stamp, const QStr
     std::optional<Memory::Copy> &kept = m_memory->kept;
     if (kept && kept->original == stamp)
         return kept->path;
+    if (QFileInfo(pathOf(libraryName)).isSymLink())
+        throw Failure("Library", static_cast<int>(LibraryFailure::Damaged),
+                      reason + " It is a link, and the file that it leads to has been left as it is.");
     const QString copy = pathOf(unreadableName(m_root));
     try {
         AtomicFile::copyToNew(pathOf(libraryName), copy);

@@ -47,6 +47,10 @@ FileDescriptor openFor(const LibraryLock::Request &request)
             throw Failure::system(ENOENT, "lock");
         return file;
     } catch (const Failure &failure) {
+        if (isWriter && isNotAllowed(failure)) // Whoever reads it knows no lock, but the folder.
+            throw Failure(failure.domain(), failure.code(),
+                          u"Nothing can be written in “%1”: %2"_qs.arg(request.root,
+                                                                       Failure::system(failure.code()).description()));
         if (isWriter || !isNotAllowed(failure))
             throw;
     }

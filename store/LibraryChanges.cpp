@@ -158,6 +158,7 @@ void AppStore::readAgain(Outcome *outcome)
     WorkspaceLibrary found = m_repository.loadLibrary();
     if (!m_repository.hasFile())
         return; // It has gone again: what is in memory may be the only copy.
+    const bool wasRead = m_isLibraryRead;
     publish(std::move(found));
     const PublishTogether group;
     if (selectedProjectID() && !selectedProject())
@@ -167,7 +168,8 @@ void AppStore::readAgain(Outcome *outcome)
     if (lastRemoval() && !checkpoint(lastRemoval()->checkpointID))
         lastRemoval.set(std::nullopt);
     outcome->remarks +=
-        Remark{.sentence = tr("Your library was replaced by another program, so it has been read again."),
+        Remark{.sentence = wasRead ? tr("Your library was replaced by another program, so it has been read again.")
+                                   : tr("Your saved checkpoints could not be read at first. They have been read now."),
                .subject = "replaced"};
 }
 

@@ -352,9 +352,9 @@ void AtomicFile::createFolder(const QString &path)
     struct stat status;
     const int error = errno;
     if (error != EEXIST || ::stat(name.constData(), &status) != 0)
-        throw Failure::system(error);
+        throw Failure::system(error, path);
     if (!S_ISDIR(status.st_mode))
-        throw Failure::system(ENOTDIR);
+        throw Failure::system(ENOTDIR, path);
 }
 
 void AtomicFile::removeLeftovers(const QString &folder)

@@ -17,7 +17,14 @@ using namespace ardeno;
 // The application that has the name already is the one; absent when it does not answer.
 std::optional<ExitStatus> handOver(bool isBackground)
 {
-    return isBackground ? ExitStatus::Done : BusClient::showWindow();
+    if (!isBackground)
+        return BusClient::showWindow();
+    try {
+        BusClient::refuseStranger();
+        return ExitStatus::Done;
+    } catch (const Failure &failure) {
+        return report(failure);
+    }
 }
 
 int run(bool isBackground)

@@ -26,6 +26,7 @@ bool startLibrary()
     if (vips_init("ardeno") != 0)
         return false;
     vips_block_untrusted_set(TRUE);
+    vips_concurrency_set(1); // Among several threads the library loses the error of a picture that ends too early.
     vips_cache_set_max(0); // A picture that has been read stays nowhere.
     return true;
 }

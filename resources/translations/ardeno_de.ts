@@ -160,6 +160,10 @@
         <translation>Ein anderes Programm hat Ihre Bibliothek beschädigt. Was sie enthielt, ist als %1 aufbewahrt, und Ihre Checkpoints wurden neu geschrieben.</translation>
     </message>
     <message>
+        <source>Your saved checkpoints could not be read at first. They have been read now.</source>
+        <translation>Ihre gesicherten Checkpoints konnten zuerst nicht gelesen werden. Jetzt sind sie gelesen.</translation>
+    </message>
+    <message>
         <source>The last change was written, but the system could not confirm that it would survive a power failure.</source>
         <translation>Die letzte Änderung ist geschrieben, aber das System konnte nicht bestätigen, dass sie einen Stromausfall übersteht.</translation>
     </message>

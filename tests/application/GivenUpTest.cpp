@@ -91,7 +91,12 @@ TEST_CASE_FIXTURE(ApplicationFixture, "a stranger who has the application's name
     QDBusConnection bus = QDBusConnection::sessionBus();
     REQUIRE(bus.registerService("org.ardeno.Ardeno"));
     const QByteArray stranger = QByteArray::number(QCoreApplication::applicationPid());
-    CHECK(run({"record", "start", "--project", "Thesis"}).error.contains("Process " + stranger));
+    for (const QStringList &command :
+         {QStringList{"record", "start", "--project", "Thesis"}, QStringList{"--background"}}) {
+        const ProgramResult refused = run(command);
+        CHECK(refused.status == 1);
+        CHECK(refused.error.contains("Process " + stranger));
+    }
 
     // Something runs that has the library, but not the name.
     QProcess holder;

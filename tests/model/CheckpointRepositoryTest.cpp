@@ -310,7 +310,7 @@ TEST_CASE_FIXTURE(RepositoryFixture, "a checkpoint has a media folder of its own
 
     QDir().rmdir(folder);
     put("in the way", uuidText(id));
-    CHECK(failureOf([&] { repository.directory(id); }) == "Not a directory.");
+    CHECK(failureOf([&] { repository.directory(id); }).endsWith(": Not a directory."));
 }
 
 TEST_CASE_FIXTURE(RepositoryFixture, "a library too large to be one is not read, and is kept without its holes")
@@ -368,6 +368,12 @@ TEST_CASE_FIXTURE(RepositoryFixture, "a library behind a link is loaded and save
     CHECK(QFileInfo(path()).isSymLink());
     CHECK(CheckpointRepository(root).loadLibrary() == library);
     CHECK(bytes() == json::encode(library));
+
+    // What is no library belongs to somebody else.
+    put("A thesis.");
+    CHECK(failureOf([&] { repository.saveLibrary(library); }).contains("has been left as it is"));
+    CHECK(bytes() == "A thesis.");
+    CHECK(keptCopies().isEmpty());
 }
 
 TEST_CASE_FIXTURE(RepositoryFixture, "on a full disk nothing is lost, neither the library nor what could not be read")
@@ -396,7 +402,7 @@ TEST_CASE_FIXTURE(RepositoryFixture, "on a full disk nothing is lost, neither th
     CHECK(::mount("none", place.constData(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr) == 0);
     CHECK(repository.loadLibrary() == library);
     CHECK(saveFailure(library) == "Read-only file system.");
-    CHECK(failureOf([&] { repository.directory(QUuid::createUuid()); }) == "Read-only file system.");
+    CHECK(failureOf([&] { repository.directory(QUuid::createUuid()); }).endsWith(": Read-only file system."));
     ::umount(place.constData());
 }
 

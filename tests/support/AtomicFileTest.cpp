@@ -206,6 +206,7 @@ TEST_CASE_FIXTURE(FileFixture, "folders are made for the user alone, and existin
     AtomicFile::createFolder(deep);
     CHECK((statusOf(deep).st_mode & 0777) == 0755);
     AtomicFile::write(path, "x");
-    CHECK(failureOf([&] { AtomicFile::createFolder(path); }) == "Not a directory.");
-    CHECK(failureOf([&] { AtomicFile::createFolder(path + "/below"); }) == "Not a directory.");
+    const QString named = u"“%1”: Not a directory."_qs;
+    CHECK(failureOf([&] { AtomicFile::createFolder(path); }) == named.arg(path));
+    CHECK(failureOf([&] { AtomicFile::createFolder(path + "/below"); }) == named.arg(path + "/below"));
 }
