@@ -123,8 +123,8 @@ ExitStatus BusRequest::printAnswer(const QDBusMessage &reply) const
     if (reply.errorName() == bus::ending)
         throw Failure("Command", 5, reply.errorMessage());
     if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != "ihh") {
-        const QString rest = m_hasBegun ? u" It had begun with the command."_qs : QString();
-        throw Failure("Command", 5, u"The running application did not answer: %1%2"_qs.arg(reply.errorMessage(), rest));
+        const QString rest = m_hasBegun ? u", which had begun with the command,"_qs : QString();
+        throw Failure("Command", 5, u"The running application%1 did not answer: %2"_qs.arg(rest, reply.errorMessage()));
     }
     const auto output = reply.arguments()[1].value<QDBusUnixFileDescriptor>();
     const auto errors = reply.arguments()[2].value<QDBusUnixFileDescriptor>();

@@ -103,7 +103,8 @@ void printFiles(int output, int errors)
 bool isOutputComplete()
 {
     if (outputProblem != 0 && outputProblem != EPIPE)
-        printError(u"The answer could not be written: %1"_qs.arg(Failure::system(outputProblem).description()));
+        printError(u"The command was carried out, but its answer could not be written: %1"_qs.arg(
+            Failure::system(outputProblem).description()));
     return outputProblem == 0;
 }
 

@@ -76,6 +76,8 @@ Checkpoint SessionJournal::read(const QString &libraryRoot, const QUuid &checkpo
     checkpoint.screenshot = existing(folder + '/' + MediaFile::screenshot);
     const QString video = folder + '/' + MediaFile::recording;
     checkpoint.recording = VideoFile::repair(video) ? std::optional(video) : std::nullopt;
+    if (!checkpoint.recording && MediaFolders::isFile(video) && QFileInfo(video).size() == 0)
+        QFile::remove(video); // It had only just begun; nobody could see or delete it.
     return checkpoint;
 }
 

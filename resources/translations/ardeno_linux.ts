@@ -29,7 +29,7 @@
     </message>
     <message>
         <source>The saved image could not be found on this Mac.</source>
-        <translation>The saved image could not be found on this computer.</translation>
+        <translation>The saved image is missing, or is none that can be shown.</translation>
     </message>
     <message>
         <source>Your screenshots, recordings, browser URLs and notes stay on this Mac and are never uploaded. Delete a checkpoint from its menu to remove its saved media. Files are not additionally encrypted by this app.</source>
