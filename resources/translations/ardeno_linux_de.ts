@@ -25,7 +25,7 @@
     </message>
     <message>
         <source>The saved image could not be found on this Mac.</source>
-        <translation>Das gesicherte Bild fehlt oder ist keines, das gezeigt werden kann.</translation>
+        <translation>Das gespeicherte Bild fehlt oder ist keines, das gezeigt werden kann.</translation>
     </message>
     <message>
         <source>Your screenshots, recordings, browser URLs and notes stay on this Mac and are never uploaded. Delete a checkpoint from its menu to remove its saved media. Files are not additionally encrypted by this app.</source>
