@@ -136,11 +136,11 @@ void AppStore::remindOfCopies()
 
 void AppStore::readLibrary(const std::function<WorkspaceLibrary()> &load)
 {
+    for (const QString &sentence : m_repository.warnings())
+        remark({.sentence = sentence});
     try {
         WorkspaceLibrary library = load ? load() : m_repository.loadLibrary();
         publish(std::move(library));
-        for (const QString &sentence : m_repository.warnings())
-            remark({.sentence = sentence});
     } catch (const Failure &failure) {
         report(tr("Your saved checkpoints could not be read. Existing files have been left in place. ") +
                    failure.description(),

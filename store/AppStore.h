@@ -324,6 +324,7 @@ private:
     void recoverSessions(const QSet<QUuid> &journals);
     // Sessions whose checkpoints could not be written are kept beside their media and go with the next change.
     Remark keepUnsaved(const Checkpoint &session);
+    static Remark sessionSaved(const Checkpoint &session);
     void sessionsSaved(const WorkspaceLibrary &written, Outcome *outcome);
 
     Desktop &m_desktop;
@@ -351,7 +352,13 @@ private:
     Project m_sampleProject = {};
     bool m_isLibraryRead = false;
     std::optional<Checkpoint> m_active; // The checkpoint being recorded.
-    QList<Checkpoint> m_unsavedSessions;
+
+    struct UnsavedSession {
+        Checkpoint checkpoint;
+        std::optional<Project> project; // Another program's library may not have it.
+    };
+
+    QList<UnsavedSession> m_unsavedSessions;
     QStringList m_shownCopies;
     int m_running = 0; // Operations that take time.
     std::vector<QPropertyNotifier> m_mirrors;

@@ -100,9 +100,12 @@ bool AppStore::writeChanged(const Change &change, Outcome *outcome, const Settle
         return false;
     }
     const QSet<QUuid> existing = idsOf(changed.checkpoints);
-    for (const Checkpoint &session : std::as_const(m_unsavedSessions)) {
-        if (!existing.contains(session.id))
-            changed.checkpoints.prepend(session);
+    for (const UnsavedSession &session : std::as_const(m_unsavedSessions)) {
+        if (existing.contains(session.checkpoint.id))
+            continue;
+        changed.checkpoints.prepend(session.checkpoint);
+        if (session.project)
+            changed.checkpoints.first().projectID = ProjectOrder::adopt(&changed.projects, *session.project);
     }
     changed.assignMissingProjects(); // What is published is what is written.
     m_beforeWrite();

@@ -14,6 +14,8 @@ namespace ardeno {
 
 namespace {
 
+const QString noteOfEnd = "Workspace captured at the end of your session.";
+
 // The description of a failure as a part of a longer sentence.
 QString withoutFullStop(QString sentence)
 {
@@ -127,7 +129,7 @@ QCoro::Task<void> AppStore::captureEnd(Checkpoint *checkpoint)
         checkpoint->captureNote = "Workspace captured at the start of your session; at its end the desktop had gone.";
     } else {
         *checkpoint = std::move(end);
-        checkpoint->captureNote = "Workspace captured at the end of your session." + limits;
+        checkpoint->captureNote = noteOfEnd + limits;
         if (!hasPicture)
             checkpoint->captureNote += " The screenshot is from the start of the session.";
     }
@@ -157,9 +159,16 @@ void AppStore::saveSession(const Checkpoint &checkpoint, Outcome *outcome)
     considerNewsletter();
 }
 
+Remark AppStore::sessionSaved(const Checkpoint &session)
+{
+    return {.sentence = tr("Your work session “%1” has been saved now.").arg(session.title),
+            .subject = subjects::about("session", session.id)};
+}
+
 Remark AppStore::keepUnsaved(const Checkpoint &session)
 {
-    m_unsavedSessions.append(session);
+    const Project *const owner = session.projectID ? project(*session.projectID) : nullptr;
+    m_unsavedSessions.append({session, owner ? std::optional(*owner) : std::nullopt});
     return {.sentence = tr("Your work session “%1” is kept in %2 and will be saved as soon as the library can be "
                            "written.")
                             .arg(session.title, MediaFolders::own(m_repository.root(), session.id)),
@@ -170,12 +179,11 @@ Remark AppStore::keepUnsaved(const Checkpoint &session)
 void AppStore::sessionsSaved(const WorkspaceLibrary &written, Outcome *outcome)
 {
     const QSet<QUuid> saved = idsOf(written.checkpoints);
-    for (const Checkpoint &session : std::exchange(m_unsavedSessions, {})) {
+    for (const auto &[session, project] : std::exchange(m_unsavedSessions, {})) {
         if (!saved.contains(session.id))
             continue; // It was to be deleted.
         SessionJournal::remove(MediaFolders::own(m_repository.root(), session.id));
-        outcome->remarks += Remark{.sentence = tr("Your work session “%1” has been saved now.").arg(session.title),
-                                   .subject = subjects::about("session", session.id)};
+        outcome->remarks += sessionSaved(session);
     }
 }
 
@@ -224,11 +232,12 @@ void AppStore::recoverSessions(const QSet<QUuid> &journals)
     }
     for (const Checkpoint &session : interrupted) {
         SessionJournal::remove(MediaFolders::own(m_repository.root(), session.id));
-        outcome.remarks +=
-            Remark{.sentence = tr("Your work session “%1” was interrupted. Its checkpoint has been saved with what was "
-                                  "recorded.")
-                                   .arg(session.title),
-                   .subject = subjects::about("session", session.id)};
+        Remark remark = sessionSaved(session);
+        if (!session.captureNote.startsWith(noteOfEnd)) // Else it was stopped, and only could not be written.
+            remark.sentence =
+                tr("Your work session “%1” was interrupted. Its checkpoint has been saved with what was recorded.")
+                    .arg(session.title);
+        outcome.remarks += remark;
     }
     tell(outcome);
 }

@@ -8,10 +8,12 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <fcntl.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 
@@ -19,11 +21,34 @@ namespace ardeno {
 
 namespace {
 
+// QSettings takes any bytes for settings, and would write over them.
+bool areSettings(const QByteArray &bytes)
+{
+    const QList<QByteArray> lines = bytes.split('\n');
+    return !bytes.contains('\0') && std::all_of(lines.begin(), lines.end(), [](const QByteArray &line) {
+        const QByteArray text = line.trimmed();
+        return text.isEmpty() || text.startsWith(';') || text.startsWith('#') || text.startsWith('[') ||
+               text.indexOf('=') > 0;
+    });
+}
+
+// A link to settings of the same name is somebody's way to keep them; any other leads to what is not ours.
+bool isForeignLink(const QString &path)
+{
+    const QFileInfo file(path);
+    return file.isSymLink() && QFileInfo(file.canonicalFilePath()).fileName() != file.fileName();
+}
+
 // What stands in the way of reading the file; empty when it can be read or does not exist.
 QString obstacle(const QString &path)
 {
+    constexpr qint64 largest = 16 << 20;
     try {
-        OwnFile::open(path, O_RDONLY, OwnFile::Links::Followed);
+        if (isForeignLink(path))
+            return u"it is a link to something else"_qs;
+        const auto bytes = OwnFile::read(path, largest, OwnFile::Links::Followed);
+        if (bytes && !areSettings(*bytes))
+            return u"it is damaged"_qs;
     } catch (const Failure &failure) {
         return failure.description();
     }

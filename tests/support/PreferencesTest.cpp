@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 
 #include <sys/stat.h>
 
@@ -39,6 +40,10 @@ TEST_CASE("settings last, and only the user may enter their folder")
 
 TEST_CASE("what cannot be read as settings is kept beside the new ones, and waited for by nobody")
 {
+    QTemporaryFile thesis;
+    REQUIRE(thesis.open());
+    thesis.write("mine = yours\n");
+    thesis.close();
     const std::function<void(const QString &)> obstacles[] = {
         [](const QString &path) {
             QFile file(path);
@@ -48,6 +53,12 @@ TEST_CASE("what cannot be read as settings is kept beside the new ones, and wait
         [](const QString &path) { REQUIRE(::mkfifo(QFile::encodeName(path).constData(), 0600) == 0); },
         [](const QString &path) { REQUIRE(QDir().mkpath(path + "/folder")); },
         [](const QString &path) { REQUIRE(QFile::link(path, path)); },
+        [&](const QString &path) { REQUIRE(QFile::link(thesis.fileName(), path)); },
+        [](const QString &path) {
+            QFile file(path);
+            REQUIRE(file.open(QIODevice::WriteOnly));
+            file.write(QByteArray(100, '\0'));
+        },
     };
     for (const auto &make : obstacles) {
         const QTemporaryDir folder;
@@ -60,6 +71,8 @@ TEST_CASE("what cannot be read as settings is kept beside the new ones, and wait
         const auto all = QDir::AllEntries | QDir::System;
         CHECK(QDir(folder.path()).entryList({"settings-unreadable-*.ini"}, all).size() == 1);
     }
+    REQUIRE(thesis.open());
+    CHECK_MESSAGE(thesis.readAll() == "mine = yours\n", "what a link leads to is not ours");
 }
 
 TEST_CASE("a lock that somebody left beside the settings holds nobody up")
