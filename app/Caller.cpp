@@ -12,7 +12,7 @@ namespace ardeno {
 
 namespace {
 
-constexpr int patience = 3'000; // Milliseconds; a caller that was stopped says nothing.
+constexpr int callerPatience = 3'000; // Milliseconds; a caller that was stopped says nothing.
 
 const Caller *current = nullptr;
 
@@ -42,7 +42,7 @@ void Caller::begin()
 bool Caller::isWaiting() const
 {
     const QDBusMessage question = QDBusMessage::createMethodCall(m_name, bus::path, bus::caller, "Begin");
-    const QDBusMessage reply = m_connection.call(question, QDBus::BlockWithGui, patience);
+    const QDBusMessage reply = m_connection.call(question, QDBus::BlockWithGui, callerPatience);
     if (reply.type() == QDBusMessage::ReplyMessage)
         return reply.arguments().value(0).toBool();
     // Whoever calls by other means knows nothing of the question, but is there to say so.

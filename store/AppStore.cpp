@@ -8,6 +8,8 @@
 #include "store/Subjects.h"
 #include "support/Identifiers.h"
 
+#include <QFile>
+
 namespace ardeno {
 
 namespace {

@@ -185,7 +185,7 @@ public:
                                        QList<SavedWindow> windows, bool restoreLayout,
                                        Audience audience = Audience::Window);
     // Tries those of unplacedWindows again that are among these, which are all of one checkpoint.
-    QCoro::Task<Outcome> placeRemainingWindows(QList<SavedWindow> windows);
+    QCoro::Task<Outcome> placeRemainingWindows(const QList<SavedWindow> &windows);
 
     // Exclusions.
     Outcome excludeApp(const SavedApp &app, Audience audience = Audience::Window);
@@ -258,6 +258,7 @@ private:
     // Takes checkpoints out of the library and gives their identifiers; absent when there is nothing to take.
     using TakeCheckpoints = std::function<std::optional<QSet<QUuid>>(WorkspaceLibrary &library)>;
     bool commitDeletion(const TakeCheckpoints &take, const DeletionTexts &texts, Outcome *outcome);
+    void addUnsavedSessions(WorkspaceLibrary *library) const;
     bool writeChanged(const Change &change, Outcome *outcome, const SettleMedia &settle);
     void publish(WorkspaceLibrary library);
     void readAgain(Outcome *outcome);

@@ -14,6 +14,20 @@
 
 namespace ardeno {
 
+namespace {
+
+Checkpoint newCheckpoint(const CaptureRequest &request)
+{
+    Checkpoint checkpoint;
+    const QString title = request.title.trimmed();
+    checkpoint.title = title.isEmpty() ? u"Checkpoint · "_qs + DateText::shortTime(checkpoint.createdAt) : title;
+    checkpoint.nextStep = request.next.trimmed();
+    checkpoint.projectID = request.projectID;
+    return checkpoint;
+}
+
+} // namespace
+
 void AppStore::requestCapture(CaptureKind kind, CaptureForm form)
 {
     const auto isAvailable = [this](const std::optional<QUuid> &id) {
@@ -106,15 +120,9 @@ QCoro::Task<Outcome> AppStore::capture(CaptureRequest request, CaptureKind kind)
         outcome.captureIssue = sessionObstacle();
     if (outcome.captureIssue)
         co_return outcome;
-    request.title = request.title.trimmed();
-    request.next = request.next.trimmed();
     busy.set(true);
     const auto idle = qScopeGuard([this] { busy.set(false); });
-    Checkpoint checkpoint;
-    checkpoint.title =
-        request.title.isEmpty() ? u"Checkpoint · "_qs + DateText::shortTime(checkpoint.createdAt) : request.title;
-    checkpoint.nextStep = request.next;
-    checkpoint.projectID = request.projectID;
+    Checkpoint checkpoint = newCheckpoint(request);
     const QUuid id = checkpoint.id;
     UnsavedMedia media(m_repository.root(), id);
     try {

@@ -91,6 +91,18 @@ bool AppStore::commit(const Change &change, const QString &failurePrefix, Outcom
     }
 }
 
+void AppStore::addUnsavedSessions(WorkspaceLibrary *library) const
+{
+    const QSet<QUuid> existing = idsOf(library->checkpoints);
+    for (const UnsavedSession &session : std::as_const(m_unsavedSessions)) {
+        if (existing.contains(session.checkpoint.id))
+            continue;
+        library->checkpoints.prepend(session.checkpoint);
+        if (session.project)
+            library->checkpoints.first().projectID = ProjectOrder::adopt(&library->projects, *session.project);
+    }
+}
+
 bool AppStore::writeChanged(const Change &change, Outcome *outcome, const SettleMedia &settle)
 {
     WorkspaceLibrary changed = library();
@@ -99,14 +111,7 @@ bool AppStore::writeChanged(const Change &change, Outcome *outcome, const Settle
             outcome->fail(tr("What you wanted to change is no longer in the library."));
         return false;
     }
-    const QSet<QUuid> existing = idsOf(changed.checkpoints);
-    for (const UnsavedSession &session : std::as_const(m_unsavedSessions)) {
-        if (existing.contains(session.checkpoint.id))
-            continue;
-        changed.checkpoints.prepend(session.checkpoint);
-        if (session.project)
-            changed.checkpoints.first().projectID = ProjectOrder::adopt(&changed.projects, *session.project);
-    }
+    addUnsavedSessions(&changed);
     changed.assignMissingProjects(); // What is published is what is written.
     m_beforeWrite();
     const LibraryWrite written = m_repository.saveLibrary(changed);

@@ -103,7 +103,7 @@ void AppStore::keepUnplaced(const QList<SavedWindow> &windows, const RestoreResu
     unplacedWindows.set(unplaced);
 }
 
-QCoro::Task<Outcome> AppStore::placeRemainingWindows(QList<SavedWindow> windows)
+QCoro::Task<Outcome> AppStore::placeRemainingWindows(const QList<SavedWindow> &windows)
 {
     WindowLayout::RestoreRequest request{.windows = windows};
     for (const UnplacedWindow &unplaced : unplacedWindows()) {

@@ -12,21 +12,21 @@ namespace ardeno {
 
 namespace {
 
-constexpr mode_t ownerOnly = 0600;
+constexpr mode_t ownFileMode = 0600;
 
-QString nameOf(const QString &path)
+QString ownFileName(const QString &path)
 {
     return path.sliced(path.lastIndexOf('/') + 1);
 }
 
 Failure notAFile(const QString &path)
 {
-    return {"POSIX", EINVAL, u"“%1” is not a file."_qs.arg(nameOf(path))};
+    return {"POSIX", EINVAL, u"“%1” is not a file."_qs.arg(ownFileName(path))};
 }
 
 Failure isALink(const QString &path)
 {
-    return {"POSIX", ELOOP, u"“%1” is a link, which is not followed here."_qs.arg(nameOf(path))};
+    return {"POSIX", ELOOP, u"“%1” is a link, which is not followed here."_qs.arg(ownFileName(path))};
 }
 
 // What open(2) said of a path that it did not open.
@@ -37,7 +37,7 @@ Failure openingFailed(int error, const QString &path, OwnFile::Links links)
     // A folder that shall be written, a pipe without a reader, a socket.
     if (error == EISDIR || error == ENXIO)
         return notAFile(path);
-    return Failure::system(error, nameOf(path));
+    return Failure::system(error, ownFileName(path));
 }
 
 } // namespace
@@ -45,14 +45,14 @@ Failure openingFailed(int error, const QString &path, OwnFile::Links links)
 FileDescriptor OwnFile::open(const QString &path, int flags, Links links)
 {
     flags |= O_CLOEXEC | O_NONBLOCK | O_NOCTTY | (links == Links::Refused ? O_NOFOLLOW : 0);
-    FileDescriptor file(uninterrupted([&] { return ::open(QFile::encodeName(path).constData(), flags, ownerOnly); }));
+    FileDescriptor file(uninterrupted([&] { return ::open(QFile::encodeName(path).constData(), flags, ownFileMode); }));
     if (!file && errno == ENOENT)
         return file;
     if (!file)
         throw openingFailed(errno, path, links);
     struct stat status;
     if (uninterrupted([&] { return ::fstat(file.number(), &status); }) != 0)
-        throw Failure::system(errno, nameOf(path));
+        throw Failure::system(errno, ownFileName(path));
     if (!S_ISREG(status.st_mode))
         throw notAFile(path);
     return file;
@@ -70,10 +70,10 @@ std::optional<QByteArray> OwnFile::read(const QString &path, qint64 largest, Lin
         bytes.resize(done + step);
         const ssize_t got = uninterrupted([&] { return ::read(file.number(), bytes.data() + done, step); });
         if (got < 0)
-            throw Failure::system(errno, nameOf(path));
+            throw Failure::system(errno, ownFileName(path));
         bytes.resize(done + got);
         if (bytes.size() > largest)
-            throw Failure::system(EFBIG, nameOf(path));
+            throw Failure::system(EFBIG, ownFileName(path));
         if (got == 0)
             return bytes;
     }

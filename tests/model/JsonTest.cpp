@@ -52,7 +52,7 @@ QByteArray with(const char *key, const QByteArray &value)
 }
 
 template <typename T>
-QString failureOf(const QByteArray &text)
+QString decodingFailure(const QByteArray &text)
 {
     try {
         json::decode<T>(text);
@@ -143,7 +143,7 @@ TEST_CASE("escapes are read in all their forms")
     CHECK(withText(R"("\"\\\/\b\f\n\r\t\u00e9\u00E9\u0000")") == QString("\"\\/\b\f\n\r\té\u00e9") + QChar(0));
     CHECK(withText("\"spaces behind\" \n\t ") == "spaces behind");
     for (const char *bad : {R"("\x")", R"("\u12")", R"("\u12g4")", R"("\ud83")"})
-        CHECK(failureOf<Sample>(with("text", bad)).startsWith("text: the JSON is malformed"));
+        CHECK(decodingFailure<Sample>(with("text", bad)).startsWith("text: the JSON is malformed"));
 }
 
 TEST_CASE("numbers come back exactly")
@@ -203,10 +203,11 @@ TEST_CASE("a wrong value is named by its place and by what is needed there")
     };
     for (const Case &c : cases) {
         CAPTURE(c.text);
-        CHECK(failureOf<Sample>(c.text) == c.message);
+        CHECK(decodingFailure<Sample>(c.text) == c.message);
     }
-    CHECK(failureOf<WorkspaceLibrary>(R"({"version":2,"projects":[],"checkpoints":[)" + json::encode(fullCheckpoint()) +
-                                      R"(,{"id":"0A1B2C3D"}]})") == "checkpoints[1].id: a UUID is required.");
+    CHECK(decodingFailure<WorkspaceLibrary>(R"({"version":2,"projects":[],"checkpoints":[)" +
+                                            json::encode(fullCheckpoint()) + R"(,{"id":"0A1B2C3D"}]})") ==
+          "checkpoints[1].id: a UUID is required.");
 }
 
 TEST_CASE("what may be missing may be null, and what is unknown is passed over")
@@ -227,7 +228,7 @@ TEST_CASE("text that is not JSON is refused wherever it is cut or damaged")
     const QByteArray whole = json::encode(fullCheckpoint());
     for (qsizetype length = 0; length < whole.size(); ++length) {
         CAPTURE(length);
-        CHECK(failureOf<Checkpoint>(whole.first(length)) != "accepted");
+        CHECK(decodingFailure<Checkpoint>(whole.first(length)) != "accepted");
     }
     const QByteArray broken[] = {
         "",
@@ -254,11 +255,11 @@ TEST_CASE("text that is not JSON is refused wherever it is cut or damaged")
     };
     for (const QByteArray &text : broken) {
         CAPTURE(text);
-        CHECK(failureOf<Sample>(text) != "accepted");
+        CHECK(decodingFailure<Sample>(text) != "accepted");
     }
-    CHECK(failureOf<Sample>("{\"whole\":\"\xFF\"}") == "The text is not valid UTF-8.");
-    CHECK(failureOf<Sample>("") == "The text is empty.");
-    CHECK(failureOf<Sample>(with("flag", "true,,")).contains("near byte"));
+    CHECK(decodingFailure<Sample>("{\"whole\":\"\xFF\"}") == "The text is not valid UTF-8.");
+    CHECK(decodingFailure<Sample>("") == "The text is empty.");
+    CHECK(decodingFailure<Sample>(with("flag", "true,,")).contains("near byte"));
 }
 
 TEST_CASE("nesting without end is refused without filling the stack")
@@ -266,8 +267,9 @@ TEST_CASE("nesting without end is refused without filling the stack")
     const QByteArray deep(1'000'000, '[');
     for (const char *key : {"names", "frame", "unknown"}) {
         const QByteArray closed = deep + QByteArray(deep.size(), ']');
-        CHECK(failureOf<Sample>(with("names", QByteArray("[],\"") + key + "\":" + closed)) != "accepted");
+        CHECK(decodingFailure<Sample>(with("names", QByteArray("[],\"") + key + "\":" + closed)) != "accepted");
     }
-    CHECK(failureOf<Sample>(deep) != "accepted");
-    CHECK(failureOf<Sample>(with("names", "[],\"u\":" + deep + QByteArray(deep.size(), ']'))).contains("too deeply"));
+    CHECK(decodingFailure<Sample>(deep) != "accepted");
+    CHECK(decodingFailure<Sample>(with("names", "[],\"u\":" + deep + QByteArray(deep.size(), ']')))
+              .contains("too deeply"));
 }

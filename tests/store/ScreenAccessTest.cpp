@@ -121,6 +121,18 @@ TEST_CASE_FIXTURE(AccessFixture, "a restart ends this process only when another 
     CHECK(store().draftTitle() == "Chapter");
 }
 
+TEST_CASE_FIXTURE(AccessFixture, "access that is granted is tried, as the system says one thing and may do another")
+{
+    memory.screenAccess = true;
+    openForm();
+    finish(store().verifyAccessNow());
+    CHECK(store().screenAccessGranted());
+    memory.displays.clear();
+    finish(store().verifyAccessNow());
+    CHECK_FALSE(store().screenAccessGranted());
+    CHECK(store().captureIssue() == "No display is available.");
+}
+
 TEST_CASE_FIXTURE(AccessFixture, "where consent would not help, the desktop's reason is given instead")
 {
     memory.noScreenAccess = "There is no screen.";

@@ -23,7 +23,7 @@ constexpr auto lookInterval = 50ms;
 constexpr auto timeToLaunch = 10s; // A file browser may have to be started, a program come from a slow disk.
 
 // The desktop file of what opens things like this one.
-QCoro::Task<QString> handlerOf(QString path)
+QCoro::Task<QString> handlerOf(const QString &path)
 {
     const auto work = [path] { return DesktopLaunch::handlerOfPath(path); };
     return SlowWork::withinDeadline(work, timeToLaunch, SlowWork::Kind::Launches);

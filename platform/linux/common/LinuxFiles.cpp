@@ -17,7 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto timeForAll = 5s;
-constexpr auto timeForDisk = 1s;
+constexpr auto timeForPath = 1s;
 
 // What has been found out is there also when the rest never is.
 class PathQuestions final {
@@ -34,7 +34,7 @@ public:
         const auto isQuick = [&](const QString &path) { return !mounts.isSlow(QFile::encodeName(path)); };
         std::stable_partition(m_paths.begin(), m_paths.end(), isQuick);
         for (const QString &path : std::as_const(m_paths)) {
-            const PathFacts facts = PathEntry::of(path, mounts, timeForDisk).facts;
+            const PathFacts facts = PathEntry::of(path, mounts, timeForPath).facts;
             const std::scoped_lock lock(m_mutex);
             m_found.insert(path, facts);
         }

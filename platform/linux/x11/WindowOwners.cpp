@@ -207,6 +207,22 @@ void name(WindowOwner &owner, const Hints &hints, const QList<DesktopEntry> &ofP
     owner.applicationName = name;
 }
 
+WindowOwner managedOwner(const Hints &hints, const std::optional<DesktopEntry> &own,
+                         const QList<DesktopEntry> &sameProcess)
+{
+    WindowOwner found = owner(hints, own);
+    if (!own)
+        name(found, hints, sameProcess);
+    return found;
+}
+
+WindowOwner popupOwner(const Hints &hints, const std::optional<DesktopEntry> &own,
+                       const QList<DesktopEntry> &sameProcess, Identification &identification)
+{
+    const std::optional<DesktopEntry> entry = ofProcess(sameProcess, own);
+    return owner(hints, entry ? entry : identification.byProcess(hints.processID));
+}
+
 QHash<xcb_window_t, Hints> readHints(const X11Connection &connection, const QList<xcb_window_t> &windows)
 {
     const QHash<xcb_window_t, WindowTree::Client> clients = WindowTree::clientsInside(connection, windows);
@@ -254,15 +270,9 @@ QHash<xcb_window_t, WindowOwner> WindowOwners::owners(const QList<xcb_window_t> 
     QHash<xcb_window_t, WindowOwner> result;
     for (const xcb_window_t window : topLevels) {
         const Hints &hint = *hints.constFind(window);
-        auto entry = own.value(window);
-        if (!hint.isManaged) {
-            entry = ofProcess(applications.value(hint.processID.value_or(0)), entry);
-            if (!entry)
-                entry = identification.byProcess(hint.processID);
-        }
-        WindowOwner &found = *result.insert(window, owner(hint, entry));
-        if (hint.isManaged && !entry)
-            name(found, hint, applications.value(hint.processID.value_or(0)));
+        const QList<DesktopEntry> sameProcess = applications.value(hint.processID.value_or(0));
+        result.insert(window, hint.isManaged ? managedOwner(hint, own.value(window), sameProcess)
+                                             : popupOwner(hint, own.value(window), sameProcess, identification));
     }
     return result;
 }
