@@ -27,7 +27,7 @@ bool startLibrary()
         return false;
     vips_block_untrusted_set(TRUE);
     vips_concurrency_set(1); // Among several threads the library loses the error of a picture that ends too early.
-    vips_cache_set_max(0); // A picture that has been read stays nowhere.
+    vips_cache_set_max(0);   // A picture that has been read stays nowhere.
     return true;
 }
 
