@@ -1,82 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/CheckpointRepository.h"
-
 #include "model/Json.h"
 #include "support/Failure.h"
-#include "tests/Printing.h"
-#include "tests/support/Children.h"
-#include "tests/support/FailureOf.h"
+#include "tests/model/RepositoryFixture.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
-#include <sys/mount.h>
 #include <sys/stat.h>
 
-#include <csignal>
-#include <cstdio>
 #include <functional>
 
 using namespace ardeno;
-
-namespace {
-
-struct RepositoryFixture {
-    QTemporaryDir home;
-    QString root = home.filePath("data/Ardeno");
-    CheckpointRepository repository{root};
-
-    QString path(const QString &name = "checkpoints.json") const { return root + '/' + name; }
-
-    QByteArray bytes(const QString &name = "checkpoints.json") const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
-    }
-
-    void put(const QByteArray &content, const QString &name = "checkpoints.json") const
-    {
-        QDir().mkpath(root);
-        QFile file(path(name));
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-
-    QStringList files() const
-    {
-        return QDir(root).entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
-    }
-
-    QStringList keptCopies() const { return QDir(root).entryList({"checkpoints-unreadable-*.json"}); }
-
-    QString loadFailure() const
-    {
-        return failureOf([&] { repository.loadLibrary(); });
-    }
-
-    QString saveFailure(const WorkspaceLibrary &library) const
-    {
-        return failureOf([&] { repository.saveLibrary(library); });
-    }
-};
-
-Checkpoint makeCheckpoint(const QString &title, const QUuid &project)
-{
-    return {.title = title, .projectID = project, .nextStep = "next", .apps = {{"a", "A"}}, .tabs = {{.title = "t"}}};
-}
-
-WorkspaceLibrary makeLibrary(int count)
-{
-    WorkspaceLibrary library;
-    library.projects = {{.name = "Project"}};
-    for (int i = 0; i < count; ++i)
-        library.checkpoints.append(makeCheckpoint(QString::number(i), library.projects[0].id));
-    return library;
-}
-
-} // namespace
 
 TEST_CASE_FIXTURE(RepositoryFixture, "the first save makes a private folder and a private file, and nothing else")
 {
@@ -311,120 +244,4 @@ TEST_CASE_FIXTURE(RepositoryFixture, "a checkpoint has a media folder of its own
     QDir().rmdir(folder);
     put("in the way", uuidText(id));
     CHECK(failureOf([&] { repository.directory(id); }).endsWith(": Not a directory."));
-}
-
-TEST_CASE_FIXTURE(RepositoryFixture, "a library too large to be one is not read, and is kept without its holes")
-{
-    put("");
-    constexpr qint64 size = qint64{2} << 30;
-    REQUIRE(QFile::resize(path(), size));
-    CHECK(loadFailure().contains("larger than 1 GiB"));
-    CHECK(saveFailure(makeLibrary(1)) == "no failure");
-    REQUIRE(keptCopies().size() == 1);
-    struct stat status;
-    REQUIRE(::stat(QFile::encodeName(path(keptCopies()[0])).constData(), &status) == 0);
-    CHECK(status.st_size == size);
-    CHECK(status.st_blocks < 1000);
-}
-
-TEST_CASE_FIXTURE(RepositoryFixture, "what stands in the place of the library and cannot be copied is not replaced")
-{
-    struct Obstacle {
-        const char *name;
-        std::function<void()> make;
-        QString message;
-    };
-
-    const QByteArray library = QFile::encodeName(path());
-    const Obstacle obstacles[] = {
-        {"folder", [&] { QDir(root).mkdir("checkpoints.json"); }, u"“checkpoints.json” is not a file."_qs},
-        {"pipe", [&] { ::mkfifo(library.constData(), 0600); }, u"“checkpoints.json” is not a file."_qs},
-        {"circle", [&] { QFile::link("checkpoints.json", path()); },
-         u"“checkpoints.json”: Too many levels of symbolic links."_qs},
-        {"dangling", [&] { QFile::link("gone/library.json", path()); },
-         u"“checkpoints.json” is a link to a file that is not there."_qs},
-    };
-    QDir().mkpath(root);
-    for (const Obstacle &obstacle : obstacles) {
-        CAPTURE(obstacle.name);
-        obstacle.make();
-        CHECK(loadFailure() == obstacle.message);
-        CHECK(saveFailure(makeLibrary(1)) != "no failure");
-        CHECK(files() == QStringList{"checkpoints.json"});
-        CHECK(std::remove(library.constData()) == 0);
-    }
-}
-
-TEST_CASE_FIXTURE(RepositoryFixture, "a library behind a link is loaded and saved there")
-{
-    const QString real = home.filePath("real.json");
-    put(json::encode(makeLibrary(2)));
-    REQUIRE(QFile::rename(path(), real));
-    REQUIRE(QFile::link(real, path()));
-    WorkspaceLibrary library = repository.loadLibrary();
-    CHECK(library.checkpoints.size() == 2);
-    library.checkpoints.removeLast();
-    repository.saveLibrary(library);
-    CHECK(QFileInfo(path()).isSymLink());
-    CHECK(CheckpointRepository(root).loadLibrary() == library);
-    CHECK(bytes() == json::encode(library));
-
-    // What is no library belongs to somebody else.
-    put("A thesis.");
-    CHECK(failureOf([&] { repository.saveLibrary(library); }).contains("has been left as it is"));
-    CHECK(bytes() == "A thesis.");
-    CHECK(keptCopies().isEmpty());
-}
-
-TEST_CASE_FIXTURE(RepositoryFixture, "on a full disk nothing is lost, neither the library nor what could not be read")
-{
-    QDir().mkpath(root);
-    const QByteArray place = QFile::encodeName(root);
-    if (::mount("none", place.constData(), "tmpfs", 0, "size=256k") != 0) {
-        MESSAGE("A full disk was not tested: mounting one needs more rights than this user has.");
-        return;
-    }
-    const WorkspaceLibrary library = makeLibrary(3);
-    repository.saveLibrary(library);
-    CHECK(saveFailure(makeLibrary(3000)) == "No space left on device.");
-    CHECK(CheckpointRepository(root).loadLibrary() == library);
-    CHECK(files() == QStringList{"checkpoints.json"});
-    CHECK(saveFailure(makeLibrary(4)) == "no failure");
-
-    const QByteArray unreadable(200'000, '!');
-    put(unreadable);
-    CHECK(saveFailure(library).contains("has not been replaced: No space left on device."));
-    CHECK(bytes() == unreadable);
-    CHECK(files() == QStringList{"checkpoints.json"});
-
-    // Where nothing can be written, what is there can still be read.
-    put(json::encode(library));
-    CHECK(::mount("none", place.constData(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr) == 0);
-    CHECK(repository.loadLibrary() == library);
-    CHECK(saveFailure(library) == "Read-only file system.");
-    CHECK(failureOf([&] { repository.directory(QUuid::createUuid()); }).endsWith(": Read-only file system."));
-    ::umount(place.constData());
-}
-
-TEST_CASE_FIXTURE(RepositoryFixture, "a save that is killed leaves the old or the new library")
-{
-    const WorkspaceLibrary start = makeLibrary(400);
-    repository.saveLibrary(start);
-    for (int round = 0; round < 15; ++round) {
-        Child child([&](const Child::Signal &ready) {
-            WorkspaceLibrary library = repository.loadLibrary();
-            for (int i = 0;; ++i) {
-                for (int k = 0; k < 400; k += 7)
-                    library.checkpoints[k].title = QString::number(i);
-                repository.saveLibrary(library);
-                if (i == 0)
-                    ready();
-            }
-        });
-        child.end(SIGKILL);
-        const WorkspaceLibrary found = CheckpointRepository(root).loadLibrary();
-        REQUIRE(found.checkpoints.size() == 400);
-        for (int k = 0; k < 400; k += 7)
-            CHECK(found.checkpoints[k].title == found.checkpoints[0].title);
-    }
 }

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/ui/CutTexts.h"
 #include "tests/ui/WindowFixture.h"
-#include "ui/theme/AppTheme.h"
 
 #include <QLabel>
 #include <QTest>
@@ -20,17 +18,6 @@ struct RemarksFixture : WindowFixture {
         return std::any_of(labels.begin(), labels.end(),
                            [&](const QLabel *label) { return label->isVisible() && label->text().contains(part); });
     }
-
-    void pictures(const QString &name)
-    {
-        AppTheme::instance().setAppearance({Scheme::Dark, Contrast::Normal, Motion::Normal});
-        settle();
-        picture(name + "-dark");
-        AppTheme::instance().setAppearance({});
-        settle();
-        picture(name + "-light");
-        CHECK(textsThatAreCut(window.get()) == QStringList());
-    }
 };
 
 } // namespace
@@ -48,7 +35,7 @@ TEST_CASE_FIXTURE(RemarksFixture,
     CHECK(sees("a new library has been begun"));
     store().confirm("Checkpoint saved.");
     window->resize(960, 690);
-    pictures("remark");
+    bothPictures("remark");
 
     click("Show file");
     CHECK(eventually([&] { return memory.opened == QStringList{"reveal " + copy}; }));
@@ -62,7 +49,7 @@ TEST_CASE_FIXTURE(RemarksFixture,
     settle();
     CHECK(sees("Remark 4 of five."));
     CHECK_MESSAGE(!sees("Remark 1 of five."), "the window keeps its room");
-    pictures("remarks");
+    bothPictures("remarks");
     button("Dismiss the remark")->setFocus(Qt::TabFocusReason);
     for (int i = 0; i < 6; ++i) {
         CHECK(store().remarks().size() == 6 - i);
@@ -86,7 +73,7 @@ TEST_CASE_FIXTURE(RemarksFixture, "a recording that broke off is seen, also when
     press(Qt::Key_Return);
     CHECK_FALSE(sees("Recording stopped unexpectedly"));
     CHECK(sees("Recording broken off"));
-    pictures("recording-broken");
+    bothPictures("recording-broken");
     breakLibrary();
     click("Stop & save checkpoint");
     REQUIRE(eventually([this] { return !store().recording() && store().error().has_value(); }));

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
 
+#include "tests/ui/CutTexts.h"
 #include "ui/controls/Label.h"
+#include "ui/theme/AppTheme.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -176,6 +178,17 @@ void WindowFixture::picture(const QString &name) const
 {
     QDir().mkpath(ARDENO_PICTURES);
     CHECK(window->grab().save(QString(ARDENO_PICTURES "/%1.png").arg(name)));
+}
+
+void WindowFixture::bothPictures(const QString &name) const
+{
+    AppTheme::instance().setAppearance({Scheme::Dark, Contrast::Normal, Motion::Normal});
+    settle();
+    picture(name + "-dark");
+    AppTheme::instance().setAppearance({});
+    settle();
+    picture(name + "-light");
+    CHECK(textsThatAreCut(window.get()) == QStringList());
 }
 
 } // namespace ardeno

@@ -56,6 +56,8 @@ struct WindowFixture : StoreFixture {
 
     // Leaves a picture of the window for people to look at.
     void picture(const QString &name) const;
+    // One of the dark and one of the light appearance, neither of which may cut a text.
+    void bothPictures(const QString &name) const;
 
 private:
     // All that are seen with this text or name.

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "network/UpdateFetch.h"
 #include "tests/network/ManifestServer.h"
-#include "tests/ui/CutTexts.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/settings/SettingsScreens.h"
-#include "ui/theme/AppTheme.h"
 
 #include <QTest>
 
@@ -34,17 +32,6 @@ struct UpdateJourney : WindowFixture {
     {
         click("Check for updates");
         REQUIRE(eventually([this] { return !store().checkingForUpdates(); }));
-    }
-
-    void bothPictures(const QString &name)
-    {
-        AppTheme::instance().setAppearance({Scheme::Dark, Contrast::Normal, Motion::Normal});
-        settle();
-        picture(name + "-dark");
-        AppTheme::instance().setAppearance({});
-        settle();
-        picture(name + "-light");
-        CHECK(textsThatAreCut(window.get()) == QStringList());
     }
 };
 
