@@ -124,18 +124,6 @@ std::optional<SavedTab> parsedTab(QStringView record, const Browser &browser, Da
     return tab;
 }
 
-// Host and port of an address, in lower case and without the port that goes without saying.
-QString hostKey(QStringView hostAndPort, const QString &scheme)
-{
-    // The colons of an IPv6 address stand inside brackets.
-    const qsizetype colon = hostAndPort.indexOf(':', std::max<qsizetype>(hostAndPort.lastIndexOf(']'), 0));
-    if (colon < 0)
-        return hostAndPort.toString().toLower();
-    const QString host = hostAndPort.first(colon).toString().toLower();
-    const bool isDefault = hostAndPort.sliced(colon + 1).toInt() == (scheme == "https" ? 443 : 80);
-    return isDefault ? host : host + hostAndPort.sliced(colon).toString();
-}
-
 } // namespace
 
 QList<Browser> WorkspaceCapture::browsers(const TabSource &source)
@@ -215,19 +203,8 @@ QList<SavedTab> WorkspaceCapture::parsedTabs(const QString &records, const Brows
 
 std::optional<QString> WorkspaceCapture::tabURLKey(const SavedTab &tab)
 {
-    // The text is edited where it has to be: taking the address apart and putting it together would rewrite the rest.
-    const QStringView text = tab.url;
-    const qsizetype schemeEnd = text.indexOf(u"://");
-    if (!tab.safeURL() || schemeEnd < 0)
-        return std::nullopt;
-    const qsizetype start = schemeEnd + 3;
-    const auto endsAuthority = [](QChar character) { return character == '/' || character == '?' || character == '#'; };
-    const qsizetype end = std::find_if(text.begin() + start, text.end(), endsAuthority) - text.begin();
-    const QStringView authority = text.sliced(start, end - start);
-    const qsizetype host = authority.lastIndexOf('@') + 1;
-    const QString scheme = text.first(schemeEnd).toString().toLower();
-    return scheme + "://" + authority.first(host).toString() + hostKey(authority.sliced(host), scheme) +
-           text.sliced(end).toString();
+    const std::optional<WebAddress> address = tab.safeURL();
+    return address ? std::optional(address->key()) : std::nullopt;
 }
 
 } // namespace ardeno

@@ -3,15 +3,17 @@
 
 #include "support/Identifiers.h"
 
+#include <QRegularExpression>
+#include <QUrl>
+
 #include <algorithm>
 
 namespace ardeno {
 
 namespace {
 
-// The authority of an http or https address: what stands between "://" and the path. QUrl is not asked, because it
-// accepts an empty user name, rewrites hosts and refuses paths that browsers accept.
-std::optional<QString> authorityOf(const QString &address)
+// Of what was typed: what stands between "://" and the path.
+std::optional<QString> typedAuthority(const QString &address)
 {
     const qsizetype schemeEnd = address.indexOf(u"://"_qs);
     const QStringView scheme = QStringView(address).first(schemeEnd);
@@ -36,22 +38,40 @@ std::optional<QString> withoutPort(const QString &authority)
     return authority.first(colon);
 }
 
-// Undoes percent-encoding and writes an international name in its ASCII form, so that a rule and an address agree
-// however each was typed.
-QString comparableHost(const QString &host)
-{
-    const QString decoded = QUrl::fromPercentEncoding(host.toUtf8()).toLower();
-    const bool isAscii = std::all_of(decoded.begin(), decoded.end(), [](QChar c) { return c.unicode() < 0x80; });
-    const QString ascii = isAscii ? decoded : QString::fromLatin1(QUrl::toAce(decoded));
-    return ascii.isEmpty() ? decoded : ascii;
-}
-
 QString withoutOuterDots(const QString &host)
 {
     const auto isDot = [](QChar c) { return c == '.'; };
     const auto first = std::find_if_not(host.begin(), host.end(), isDot);
     const auto last = std::find_if_not(host.rbegin(), std::make_reverse_iterator(first), isDot).base();
     return host.mid(first - host.begin(), last - first);
+}
+
+// Of what was typed; what no website can be called stays as it is.
+QString asciiHost(const QString &host)
+{
+    const QString decoded = QUrl::fromPercentEncoding(host.toUtf8()).toLower();
+    const bool isAscii = std::all_of(decoded.begin(), decoded.end(), [](QChar c) { return c.unicode() < 0x80; });
+    return isAscii ? decoded : WebAddress::comparableHost(decoded).value_or(decoded);
+}
+
+// Whether the host is the rule's or one below it. A rule may have been written into the file in any form.
+bool isWithin(const QString &host, const QString &rule)
+{
+    const QString named = withoutOuterDots(host);
+    const QString domain = withoutOuterDots(WebAddress::comparableHost(rule).value_or(rule.toLower()));
+    return named == domain || named.endsWith('.' + domain);
+}
+
+// The pages that an address of the browser itself shows ("view-source:https://…", "about:reader?url=https%3A%2F%2F…").
+QStringList pagesInside(const QString &address)
+{
+    static const QRegularExpression page("https?://[^&]+", QRegularExpression::CaseInsensitiveOption);
+    QStringList pages;
+    for (const QString &text : {address, QUrl::fromPercentEncoding(address.toUtf8())}) {
+        for (auto found = page.globalMatch(text); found.hasNext();)
+            pages += found.next().captured();
+    }
+    return pages;
 }
 
 bool isLabel(const QString &label)
@@ -72,13 +92,20 @@ QSet<QString> CaptureExclusions::appIDs() const
 
 bool CaptureExclusions::allows(const SavedTab &tab) const
 {
-    if (appIDs().contains(tab.browserID.value_or("com.google.Chrome")))
-        return false;
-    const std::optional<QString> host = domainFrom(tab.url);
-    if (!host)
+    return !appIDs().contains(tab.browserID.value_or("com.google.Chrome")) && allowsPage(tab.url);
+}
+
+bool CaptureExclusions::allowsPage(const QString &address) const
+{
+    if (domains.isEmpty())
         return true;
-    return std::none_of(domains.begin(), domains.end(),
-                        [&](const QString &rule) { return *host == rule || host->endsWith('.' + rule); });
+    const QStringList pages = WebAddress::isWeb(address) ? QStringList(address) : pagesInside(address);
+    return std::all_of(pages.begin(), pages.end(), [this](const QString &page) {
+        const std::optional<WebAddress> web = WebAddress::parse(page);
+        // Of which website it is, nobody knows, so it may be any.
+        return web && std::none_of(domains.begin(), domains.end(),
+                                   [&](const QString &rule) { return isWithin(web->host(), rule); });
+    });
 }
 
 std::optional<QString> CaptureExclusions::domainFrom(const QString &text)
@@ -88,13 +115,13 @@ std::optional<QString> CaptureExclusions::domainFrom(const QString &text)
         return std::nullopt;
     if (!address.contains(u"://"_qs))
         address.prepend(u"https://"_qs);
-    const std::optional<QString> authority = authorityOf(address);
+    const std::optional<QString> authority = typedAuthority(address);
     if (!authority || authority->contains('@'))
         return std::nullopt;
     const std::optional<QString> host = withoutPort(*authority);
     if (!host)
         return std::nullopt;
-    const QString trimmed = withoutOuterDots(comparableHost(*host));
+    const QString trimmed = withoutOuterDots(asciiHost(*host));
     const QStringList labels = trimmed.split('.');
     if (!std::all_of(labels.begin(), labels.end(), isLabel))
         return std::nullopt;

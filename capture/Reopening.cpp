@@ -21,16 +21,6 @@ using namespace WorkspaceCapture;
 // Characters of addresses that one command takes; systems limit the length of a command.
 constexpr qsizetype longestCommand = 60'000;
 
-// The address to open: as it was saved, so that the page that opens is the page that was saved, unless its text holds
-// what no address may.
-QString address(const SavedTab &tab)
-{
-    const auto isPlain = [](QChar character) { return character.unicode() > 0x20 && character.unicode() < 0x7F; };
-    if (std::all_of(tab.url.begin(), tab.url.end(), isPlain))
-        return tab.url;
-    return QString::fromLatin1(tab.safeURL()->toEncoded());
-}
-
 QString describe(const Failure &failure)
 {
     QString text = failure.description();
@@ -87,7 +77,7 @@ struct TabGroup {
     {
         QStringList list;
         for (const SavedTab &tab : tabs)
-            list += address(tab);
+            list += tab.safeURL()->toOpen();
         return list;
     }
 };
@@ -210,7 +200,7 @@ QCoro::Task<bool> Reopening::openGroup(TabGroup group)
 {
     QList<TabToReopen> tabs;
     for (const SavedTab &tab : std::as_const(group.tabs))
-        tabs.append({tab, address(tab), AppleScripts::openTabInSavedWindow(tab, group.browserID)});
+        tabs.append({tab, tab.safeURL()->toOpen(), AppleScripts::openTabInSavedWindow(tab, group.browserID)});
     try {
         bool isInWindow = false;
         if (!group.windowID.isEmpty())

@@ -145,14 +145,9 @@ size_t qHash(const SavedTab &tab, size_t seed)
     return recordHash(tab, seed);
 }
 
-std::optional<QUrl> SavedTab::safeURL() const
+std::optional<WebAddress> SavedTab::safeURL() const
 {
-    const QUrl parsed(url);
-    const QString scheme = parsed.scheme().toLower();
-    const bool isWeb = scheme == QLatin1String("http") || scheme == QLatin1String("https");
-    if (!parsed.isValid() || !isWeb || parsed.host().isEmpty())
-        return std::nullopt;
-    return parsed;
+    return WebAddress::parse(url);
 }
 
 QString Checkpoint::displayName() const

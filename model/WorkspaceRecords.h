@@ -3,10 +3,10 @@
 
 #include "model/Field.h"
 #include "support/Date.h"
+#include "support/WebAddress.h"
 
 #include <QList>
 #include <QString>
-#include <QUrl>
 #include <QUuid>
 
 #include <optional>
@@ -71,7 +71,7 @@ struct SavedTab {
     std::optional<Date> capturedAt = {};
 
     // The address when it is http or https with a host, else absent. Only such an address is ever opened or compared.
-    std::optional<QUrl> safeURL() const;
+    std::optional<WebAddress> safeURL() const;
 
     bool operator==(const SavedTab &) const = default;
 
