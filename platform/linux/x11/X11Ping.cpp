@@ -17,10 +17,11 @@ using namespace std::chrono_literals;
 
 constexpr qint64 patience = 400; // Milliseconds.
 
-// Answers are sent to the root window; only a connection that listens there gets them, and nobody else's should.
+// Answers are sent to the root window; only a connection that listens there gets them, and nobody else's should. Most
+// toolkits send them to those who are told of its windows, Qt to those who are told of the root window itself.
 void listen(const X11Connection &connection)
 {
-    const uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    const uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(connection.xcb(), connection.root(), XCB_CW_EVENT_MASK, &mask);
 }
 
