@@ -33,20 +33,15 @@ bool isOurs(const QString &folder)
     return ::stat(QFile::encodeName(folder).constData(), &facts) == 0 && facts.st_uid == ::getuid();
 }
 
-// The browser that a program is, by its full path: of a distribution's package, in a flatpak or in a snap.
-QString browserOfProgram(QString program)
+// The path of the process's program; where the system does not show it, the command it was started with.
+QString programOf(const QString &folder)
 {
-    // An upgrade replaces the program of a running browser.
-    if (program.endsWith(" (deleted)"))
-        program.chop(10);
-    const QString name = program.mid(program.lastIndexOf('/') + 1);
-    if (name == "firefox" || name == "firefox-esr" || name == "firefox-bin")
-        return "org.mozilla.firefox";
-    if (name == "brave" || name == "brave-browser")
-        return "com.brave.Browser";
-    if (name == "chromium" || name == "chromium-browser" || (name == "chrome" && program.contains("chromium")))
-        return "org.chromium.Chromium";
-    return name == "chrome" ? "com.google.Chrome" : QString();
+    constexpr qint64 longest = 4096;
+    const QString program = linkText(folder + "/exe");
+    if (!program.isEmpty())
+        return program;
+    QFile file(folder + "/cmdline");
+    return file.open(QIODevice::ReadOnly) ? QFile::decodeName(file.read(longest).split('\0').first()) : QString();
 }
 
 // Browsers start many processes of the same program; only the first one has no such argument.
@@ -83,17 +78,23 @@ Date startOf(const QString &folder)
 
 } // namespace
 
-QList<BrowserProcess> BrowserProcesses::running(const QString &browserID, const QString &processFolder)
+std::optional<KnownBrowser> BrowserProcesses::browserOf(qint32 processID, const QString &processFolder)
+{
+    return BrowserIdentities::ofProgram(programOf(processFolder + '/' + QString::number(processID)));
+}
+
+QList<BrowserProcess> BrowserProcesses::running(const QString &processFolder)
 {
     QList<BrowserProcess> processes;
     for (const QString &name : QDir(processFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
         bool isNumber = false;
         const qint32 id = name.toInt(&isNumber);
         const QString folder = processFolder + '/' + name;
-        if (!isNumber || browserOfProgram(linkText(folder + "/exe")) != browserID || !isOurs(folder) ||
-            isHelper(folder))
+        const auto browser = isNumber ? BrowserIdentities::ofProgram(programOf(folder)) : std::nullopt;
+        if (!browser || !browser->family || !isOurs(folder) || isHelper(folder))
             continue;
         BrowserProcess process;
+        process.browser = *browser;
         process.id = id;
         process.startedAt = startOf(folder);
         process.folder = folder;

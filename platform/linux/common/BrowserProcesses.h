@@ -1,17 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/linux/common/BrowserIdentities.h"
 #include "support/Date.h"
 
 #include <QList>
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace ardeno {
 
 // The main process of a running browser.
 struct BrowserProcess {
     qint32 id = 0;
+    KnownBrowser browser = {};
     Date startedAt = {};
     // Full paths of the session files that it is writing (Chromium family, one for each profile with ordinary windows)
     // or of the lock in its profile (Firefox). What a process holds open cannot be stale, as a lock file in a profile
@@ -25,8 +29,11 @@ struct BrowserProcess {
 
 namespace BrowserProcesses {
 
-// Those of this user, in the order in which they were started. Touches no file outside the process folder.
-QList<BrowserProcess> running(const QString &browserID, const QString &processFolder = "/proc");
+// The browser that a process is, one of its helpers included. Touches no file outside the process folder.
+std::optional<KnownBrowser> browserOf(qint32 processID, const QString &processFolder = "/proc");
+
+// Those of this user whose sessions can be read, in the order in which they were started. As above.
+QList<BrowserProcess> running(const QString &processFolder = "/proc");
 
 // Looks again at the files that it has open.
 void refresh(BrowserProcess &process);

@@ -35,13 +35,20 @@ QString iconName(GAppInfo *info)
     return name;
 }
 
+bool claimsToBeBrowser(GDesktopAppInfo *info)
+{
+    const QString categories = QString::fromUtf8(g_desktop_app_info_get_categories(info));
+    return categories.split(';').contains("WebBrowser");
+}
+
 DesktopEntry entryFrom(const AppInfo &info, const QString &fileID, const QString &path)
 {
     GAppInfo *application = G_APP_INFO(info.get());
     return {.id = BrowserIdentities::applicationID(fileID),
             .path = path,
             .name = QString::fromUtf8(g_app_info_get_display_name(application)),
-            .iconName = iconName(application)};
+            .iconName = iconName(application),
+            .isBrowser = BrowserIdentities::named(fileID) || claimsToBeBrowser(info.get())};
 }
 
 DesktopFileSummary readSummary(const QString &path)

@@ -12,10 +12,11 @@ namespace ardeno {
 
 // An installed application, as its desktop file describes it.
 struct DesktopEntry {
-    QString id = {};       // The application's identifier: the file's, or the one that a browser is known by.
-    QString path = {};     // Of the desktop file.
-    QString name = {};     // Localised; empty when it has none.
-    QString iconName = {}; // Of the icon theme, or a full path; empty when it has none.
+    QString id = {};        // The application's identifier: the file's, or the one that a browser is known by.
+    QString path = {};      // Of the desktop file.
+    QString name = {};      // Localised; empty when it has none.
+    QString iconName = {};  // Of the icon theme, or a full path; empty when it has none.
+    bool isBrowser = false; // It says that it shows pages of the web.
 
     bool operator==(const DesktopEntry &) const = default;
 };

@@ -28,7 +28,7 @@ bool isBrowser(GAppInfo *app)
     if (all.contains("WebBrowser"))
         return !all.contains("Email"); // Some do both.
     const QString fileID = QString::fromUtf8(g_app_info_get_id(app)).section(".desktop", 0, 0);
-    return BrowserIdentities::applicationID(fileID) != fileID;
+    return BrowserIdentities::named(fileID).has_value();
 }
 
 MailApp registeredMailApp()

@@ -20,6 +20,7 @@ struct LiveWindow {
     quint32 windowID = 0;
     QString applicationName = {}; // Localised; empty when it has none.
     bool isDialog = false;        // It belongs to another window.
+    bool isBrowser = false;       // Its application is a browser, or may be one.
     QString busName = {};         // The application's connection on the session bus; empty when it is not known.
     QString objectPath = {};      // The window there; empty when it has none.
 

@@ -38,9 +38,10 @@ std::optional<quint32> TabSearch::searched(const BrowserProcess &process) const
 
 std::optional<quint32> TabSearch::run() const
 {
-    QList<BrowserProcess> processes = BrowserProcesses::running(tab.browserID.value_or(QString()));
+    QList<BrowserProcess> processes = BrowserProcesses::running();
     processes.removeIf([&](const BrowserProcess &process) {
-        return !tab.capturedAt || process.startedAt.seconds > tab.capturedAt->seconds;
+        return process.browser.id != tab.browserID || !tab.capturedAt ||
+               process.startedAt.seconds > tab.capturedAt->seconds;
     });
     // Two browsers may have a window of the same number.
     return processes.size() == 1 ? searched(processes.first()) : std::nullopt;

@@ -155,7 +155,8 @@ QList<BrowserProcess> SessionTabs::runningProcesses(const QString &browserID,
 {
     if (!availability(browserID).isAvailable())
         return {};
-    QList<BrowserProcess> processes = BrowserProcesses::running(browserID, m_options.processFolder);
+    QList<BrowserProcess> processes = BrowserProcesses::running(m_options.processFolder);
+    processes.removeIf([&](const BrowserProcess &process) { return process.browser.id != browserID; });
     if (live)
         processes.removeIf([&](const BrowserProcess &process) { return !hasWindow(*live, process, browserID); });
     return processes;

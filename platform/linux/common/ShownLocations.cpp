@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/common/ShownLocations.h"
 
-#include "platform/linux/common/BrowserIdentities.h"
 #include "platform/linux/common/DocumentLocator.h"
 #include "platform/linux/common/FileManagers.h"
 #include "platform/linux/common/SlowWork.h"
@@ -89,11 +88,6 @@ QCoro::Task<QList<WindowLocation>> findFolders(QList<LiveWindow> windows)
     }
 }
 
-bool isBrowser(const QString &applicationID)
-{
-    return BrowserIdentities::desktopFileIDs(applicationID) != QStringList{applicationID};
-}
-
 } // namespace
 
 LinuxFileBrowser::LinuxFileBrowser(LiveWindowList windows, QStringList fileBrowserIDs)
@@ -121,7 +115,7 @@ QList<LiveWindow> LinuxDocuments::documentWindows() const
 {
     QList<LiveWindow> windows = m_windows().value_or(QList<LiveWindow>());
     windows.removeIf([this](const LiveWindow &window) {
-        return m_fileBrowserIDs.contains(window.applicationID) || isBrowser(window.applicationID) || !window.processID;
+        return m_fileBrowserIDs.contains(window.applicationID) || window.isBrowser || !window.processID;
     });
     return windows;
 }

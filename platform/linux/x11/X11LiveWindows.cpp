@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/X11LiveWindows.h"
 
+#include "platform/linux/common/BrowserIdentities.h"
+#include "platform/linux/common/BrowserProcesses.h"
 #include "platform/linux/x11/WindowOwners.h"
 #include "platform/linux/x11/WindowTree.h"
 #include "platform/linux/x11/X11Property.h"
@@ -27,6 +29,16 @@ struct LiveHints {
     X11Property objectPath;
 };
 
+// By its process, under whatever name that was started, else by what it is called.
+bool mayBeBrowser(const WindowOwner &owner, DesktopEntries &entries)
+{
+    if (owner.processID && BrowserProcesses::browserOf(*owner.processID))
+        return true;
+    const QString id = owner.applicationID.value_or(QString());
+    const auto entry = entries.find(id);
+    return entry ? entry->isBrowser : BrowserIdentities::named(id).has_value();
+}
+
 std::optional<QList<LiveWindow>> liveWindows(const X11Connection &connection, DesktopEntries &entries)
 {
     if (!connection.availability().isAvailable())
@@ -52,6 +64,7 @@ std::optional<QList<LiveWindow>> liveWindows(const X11Connection &connection, De
             .windowID = facts.window,
             .applicationName = owner.applicationName,
             .isDialog = own.leader.cardinal().value_or(XCB_NONE) != XCB_NONE,
+            .isBrowser = mayBeBrowser(owner, entries),
             .busName = own.busName.text().value_or(QString()),
             .objectPath = own.objectPath.text().value_or(QString()),
         });

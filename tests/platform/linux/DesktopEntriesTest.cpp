@@ -135,6 +135,11 @@ TEST_CASE_FIXTURE(InstalledApplications, "menus show what is meant for them, a b
     CHECK(ids == QStringList{"org.mozilla.firefox", "shown"});
     CHECK(idOf(entries.find("org.mozilla.firefox")) == "org.mozilla.firefox");
     CHECK(entries.find("org.mozilla.firefox")->path.endsWith("firefox-esr.desktop"));
+
+    install("pages.desktop", "Name=Pages\nExec=true\nCategories=GNOME;WebBrowser;");
+    CHECK(entries.find("pages")->isBrowser);
+    CHECK(entries.find("org.mozilla.firefox")->isBrowser);
+    CHECK_FALSE(entries.find("shown")->isBrowser);
 }
 
 TEST_CASE("every package of a browser leads to the browser's identifier, nothing else does")
@@ -147,9 +152,22 @@ TEST_CASE("every package of a browser leads to the browser's identifier, nothing
     for (const Case &tried :
          {Case{"google-chrome", "com.google.Chrome"}, Case{"chromium", "org.chromium.Chromium"},
           Case{"chromium_chromium", "org.chromium.Chromium"}, Case{"Firefox", "org.mozilla.firefox"},
-          Case{"brave_brave", "com.brave.Browser"}, Case{"chromium-bsu", "chromium-bsu"}}) {
+          Case{"brave_brave", "com.brave.Browser"}, Case{"chromium-browser", "org.chromium.Chromium"},
+          Case{"ungoogled-chromium", "org.chromium.Chromium"}, Case{"chromium-bsu", "chromium-bsu"}}) {
         CAPTURE(tried.file);
         CHECK(BrowserIdentities::applicationID(tried.file) == tried.id);
     }
+    for (const Case &tried :
+         {Case{"/opt/google/chrome-beta/chrome (deleted)", "com.google.Chrome"},
+          Case{"/snap/chromium/9/usr/lib/chromium-browser/chrome", "org.chromium.Chromium"},
+          Case{"/opt/firefox-nightly/firefox-bin", "org.mozilla.firefox"}, Case{"brave", "com.brave.Browser"},
+          Case{"/opt/vivaldi/vivaldi-bin", "vivaldi-stable"}, Case{"/usr/bin/epiphany", "org.gnome.Epiphany"},
+          Case{"/usr/games/chromium-bsu", "none"}, Case{"", "none"}}) {
+        CAPTURE(tried.file);
+        CHECK(BrowserIdentities::ofProgram(tried.file).value_or(KnownBrowser{"none"}).id == tried.id);
+    }
+    for (const char *name : {"window-class/Tor Browser", "Falkon", "LibreWolf", "microsoft-edge-beta", "Opera"})
+        CHECK_MESSAGE(BrowserIdentities::named(name).has_value(), name);
+    CHECK_FALSE(BrowserIdentities::named("window-class/Xmessage").has_value());
     CHECK(BrowserIdentities::desktopFileIDs("org.example.Editor") == QStringList{"org.example.Editor"});
 }
