@@ -76,10 +76,20 @@ std::optional<QString> asciiName(const QString &name)
     return mapped;
 }
 
-// What has a meaning in addresses stays as it is.
+bool isPlain(char16_t character)
+{
+    return character > 0x20 && character < 0x7F;
+}
+
+// Only what no address may hold: what is encoded already is not encoded once more.
 QString encoded(const QString &part)
 {
-    return QString::fromLatin1(QUrl::toPercentEncoding(part, "%:/?#[]@!$&'()*+,;=|\\^`{}"));
+    QByteArray text;
+    for (const char byte : part.toUtf8()) {
+        const auto number = static_cast<unsigned char>(byte);
+        text += isPlain(number) ? QByteArray(1, byte) : '%' + QByteArray(1, byte).toHex().toUpper();
+    }
+    return QString::fromLatin1(text);
 }
 
 } // namespace
@@ -141,8 +151,7 @@ QString WebAddress::key() const
 
 QString WebAddress::toOpen() const
 {
-    const auto isPlain = [](QChar c) { return c.unicode() > 0x20 && c.unicode() < 0x7F && c != '"'; };
-    if (std::all_of(m_text.begin(), m_text.end(), isPlain))
+    if (std::all_of(m_text.begin(), m_text.end(), [](QChar c) { return isPlain(c.unicode()); }))
         return m_text;
     return m_scheme + "://" + encoded(m_user) + m_host + m_port + encoded(m_rest);
 }
