@@ -192,13 +192,36 @@ Checkpoint chosenCheckpoint(const QCommandLineParser &parsed, const AppStore &st
     return findCheckpoint(store, parsed.positionalArguments().first());
 }
 
-ResumeOutcome carryOut(AppStore &store, const Checkpoint &checkpoint, const RestorePlan &plan, bool withLayout)
+ExitStatus printPlan(AppStore &store, const Checkpoint &checkpoint, bool isText)
 {
-    const QStringList apps = identifiers(plan.appsToOpen);
-    const QList<QUuid> tabs = identifiers(plan.tabsToOpen);
-    const QList<SavedWindow> windows = checkpoint.windows.value_or(QList<SavedWindow>());
-    return finish(store.restore(plan, {apps.begin(), apps.end()}, {tabs.begin(), tabs.end()}, windows, withLayout,
-                                Audience::Caller));
+    const RestorePlan plan = finish(store.restorePlan(checkpoint));
+    if (isText)
+        printText(plan);
+    else
+        printJson(ResumeResult{.plan = describe(plan)});
+    return ExitStatus::Done;
+}
+
+// The plan is told as soon as it is made, which may be some time after the command was given.
+ResumeOutcome resume(AppStore &store, const Checkpoint &checkpoint, bool withLayout, bool isText)
+{
+    ResumeResult result;
+    const auto chooseMissing = [&](const RestorePlan &plan) {
+        result.plan = describe(plan);
+        if (isText)
+            printText(plan);
+        return ResumeChoice::missing(plan);
+    };
+    ResumeOutcome resumed = finish(store.restore(checkpoint, chooseMissing, withLayout, Audience::Caller));
+    if (!resumed)
+        return resumed;
+    result.outcome = describe(resumed.report);
+    result.notice = resumed.notice.value_or(QString());
+    if (isText)
+        printText(resumed.report, result.notice);
+    else
+        printJson(result);
+    return resumed;
 }
 
 ExitStatus resume(const QCommandLineParser &parsed, Desktop &desktop)
@@ -207,26 +230,15 @@ ExitStatus resume(const QCommandLineParser &parsed, Desktop &desktop)
     AppStore &store = locked.store();
     if (!store.isLibraryRead())
         return ExitStatus::Failed;
+    const bool isDry = parsed.isSet("dry-run");
+    if (!isDry)
+        takeTurn(store); // What it waits for may change which checkpoint is meant.
     const Checkpoint checkpoint = chosenCheckpoint(parsed, store);
     locked.release();
     const bool isText = !parsed.isSet("json");
-    const RestorePlan plan = finish(store.restorePlan(checkpoint));
-    ResumeResult result{.plan = describe(plan)};
-    if (isText)
-        printText(plan);
-    Outcome outcome{.isDone = true};
-    if (!parsed.isSet("dry-run")) {
-        takeTurn(store);
-        const ResumeOutcome resumed = carryOut(store, checkpoint, plan, !parsed.isSet("no-layout"));
-        outcome = resumed;
-        result.outcome = describe(resumed.report);
-        result.notice = resumed.notice.value_or(QString());
-        if (isText)
-            printText(resumed.report, result.notice);
-    }
-    if (!isText)
-        printJson(result);
-    return locked.report(outcome);
+    if (isDry)
+        return printPlan(store, checkpoint, isText);
+    return locked.report(resume(store, checkpoint, !parsed.isSet("no-layout"), isText));
 }
 
 // A sentence when the arguments contradict each other.

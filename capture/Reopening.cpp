@@ -29,11 +29,6 @@ QString describe(const Failure &failure)
     return text;
 }
 
-QString pageName(const SavedTab &tab)
-{
-    return tab.title.isEmpty() ? tab.url : tab.title;
-}
-
 QSet<QString> pageKeys(const QList<SavedTab> &tabs)
 {
     QSet<QString> keys;
@@ -119,6 +114,7 @@ private:
     bool waitsForPages(const SavedApp &app, const QList<SavedTab> &tabs) const;
     QCoro::Task<void> openApps(QList<SavedTab> tabs);
     QCoro::Task<void> openApp(SavedApp app);
+    bool isRunning(const QString &appID) const;
     QCoro::Task<QList<SavedTab>> stillMissing(QList<SavedTab> tabs);
     QCoro::Task<void> openTabs(QList<SavedTab> tabs);
     QCoro::Task<bool> openGroup(TabGroup group);
@@ -150,11 +146,22 @@ bool Reopening::waitsForPages(const SavedApp &app, const QList<SavedTab> &tabs) 
     return std::any_of(tabs.begin(), tabs.end(), [&](const SavedTab &tab) { return tab.browserID == app.id; });
 }
 
+bool Reopening::isRunning(const QString &appID) const
+{
+    const QList<RunningApplication> running = m_tools.desktop.workspace->runningApplications();
+    return std::any_of(running.begin(), running.end(),
+                       [&](const RunningApplication &application) { return application.id == appID; });
+}
+
 QCoro::Task<void> Reopening::openApp(SavedApp app)
 {
+    if (isRunning(app.id)) { // Its user, or an application before it, has been quicker.
+        ++m_result.outcome.alreadyActive;
+        co_return;
+    }
     try {
         co_await m_tools.desktop.launcher->openApplication(app.id, m_request.pathsByApp.value(app.id));
-        ++m_result.outcome.openedApps;
+        m_result.opened.appIDs.insert(app.id);
         m_result.startedAppIDs.insert(app.id);
     } catch (const Failure &failure) {
         fail(app.name, failure);
@@ -220,7 +227,7 @@ QCoro::Task<void> Reopening::openTabs(QList<SavedTab> tabs)
     for (const TabGroup &group : grouped(tabs)) {
         if (!co_await openGroup(group))
             continue;
-        m_result.outcome.openedTabs += group.tabs.size();
+        m_result.opened.tabs += group.tabs;
         m_tools.openedPages.remember(group.tabs);
     }
 }
@@ -239,10 +246,12 @@ QCoro::Task<Reopened> Reopening::run()
     }
     for (const SavedApp &app : std::as_const(m_waiting)) {
         if (m_result.startedAppIDs.contains(app.id))
-            ++m_result.outcome.openedApps;
+            m_result.opened.appIDs.insert(app.id);
         else
             co_await openApp(app);
     }
+    m_result.outcome.openedApps = m_result.opened.appIDs.size();
+    m_result.outcome.openedTabs = m_result.opened.tabs.size();
     co_return m_result;
 }
 

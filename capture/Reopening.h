@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "capture/FailedStarts.h"
 #include "capture/OpenedPages.h"
 #include "capture/RestorePlan.h"
 #include "desktop/Desktop.h"
@@ -37,10 +38,11 @@ struct ReopenRequest {
 struct Reopened {
     RestoreOutcome outcome = {};
     QSet<QString> startedAppIDs = {};
+    OpenedItems opened = {}; // What the outcome counts.
 };
 
-// Opens the chosen applications, then those chosen tabs whose page did not open meanwhile. Never throws; nothing comes
-// to the front.
+// Opens the chosen applications that still do not run, then those chosen tabs whose page did not open meanwhile. Never
+// throws; nothing comes to the front.
 QCoro::Task<Reopened> reopen(ReopenRequest request, ReopeningTools tools);
 
 } // namespace ardeno::WorkspaceCapture

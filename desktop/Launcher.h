@@ -18,6 +18,15 @@ struct TabToReopen {
     QString script = {};  // What a desktop with scripting runs for it.
 };
 
+// An application that ended with an error instead of showing what it was opened with.
+struct FailedStart {
+    QString appID = {};
+    QString appName = {};
+    QStringList contents = {}; // The paths or addresses that it was given; empty: it was to start by itself.
+
+    bool operator==(const FailedStart &) const = default;
+};
+
 // Opens applications, pages, folders and documents, none of them in front of what the user works with. What it starts
 // lives on after this program and inherits nothing of it.
 class Launcher {
@@ -41,8 +50,8 @@ public:
     // Whether what was opened with this application has yet to show its window, or to hand over to one that is there.
     virtual bool isStarting(const QString &appID) const = 0;
     // The focus stays with the user from the first that is opened until this returns: it waits until what was started
-    // has settled, at most some seconds, and names the applications that ended at once with an error.
-    virtual QCoro::Task<QStringList> settle() = 0;
+    // has settled, at most some seconds, and gives what failed meanwhile.
+    virtual QCoro::Task<QList<FailedStart>> settle() = 0;
 };
 
 } // namespace ardeno

@@ -23,10 +23,15 @@ namespace {
 constexpr const char *applicationWord = "application";
 constexpr const char *commandWord = "command";
 
-// Close on exec, so that what is started meanwhile does not keep the lock.
-FileDescriptor openLock(const QString &root, int flags)
+QString pathOf(const LibraryLock::Request &request)
 {
-    return OwnFile::open(root + "/lock", flags);
+    return request.root + '/' + request.file;
+}
+
+// Close on exec, so that what is started meanwhile does not keep the lock.
+FileDescriptor openLock(const LibraryLock::Request &request, int flags)
+{
+    return OwnFile::open(pathOf(request), flags);
 }
 
 bool isNotAllowed(const Failure &failure)
@@ -42,9 +47,9 @@ FileDescriptor openFor(const LibraryLock::Request &request)
     if (isWriter)
         AtomicFile::createFolder(request.root);
     try {
-        FileDescriptor file = openLock(request.root, O_RDWR | O_CREAT);
+        FileDescriptor file = openLock(request, O_RDWR | O_CREAT);
         if (!file && isWriter)
-            throw Failure::system(ENOENT, "lock");
+            throw Failure::system(ENOENT, request.file);
         return file;
     } catch (const Failure &failure) {
         if (isWriter && isNotAllowed(failure)) // Whoever reads it knows no lock, but the folder.
@@ -55,16 +60,16 @@ FileDescriptor openFor(const LibraryLock::Request &request)
             throw;
     }
     // Somebody else may be allowed to write there, and then has made the file.
-    return openLock(request.root, O_RDONLY);
+    return openLock(request, O_RDONLY);
 }
 
 // Whether the path still names the file: one that was removed or replaced keeps nobody out.
-bool isInPlace(const FileDescriptor &file, const QString &root)
+bool isInPlace(const FileDescriptor &file, const LibraryLock::Request &request)
 {
     struct stat opened;
     struct stat named;
     return ::fstat(file.number(), &opened) == 0 &&
-           ::lstat(QFile::encodeName(root + "/lock").constData(), &named) == 0 && opened.st_dev == named.st_dev &&
+           ::lstat(QFile::encodeName(pathOf(request)).constData(), &named) == 0 && opened.st_dev == named.st_dev &&
            opened.st_ino == named.st_ino;
 }
 
@@ -102,19 +107,19 @@ std::optional<LibraryLock> LibraryLock::tryLock(const Request &request)
     if (!file)
         return LibraryLock(request, FileDescriptor());
     if (uninterrupted([&] { return ::flock(file.number(), LOCK_EX | LOCK_NB); }) == 0) {
-        if (!isInPlace(file, request.root))
+        if (!isInPlace(file, request))
             return std::nullopt; // Somebody has taken it away since it was opened.
         writeHolder(file, request.kind);
         return LibraryLock(request, std::move(file));
     }
     if (errno != EWOULDBLOCK)
-        throw Failure::system(errno, "lock");
+        throw Failure::system(errno, request.file);
     return std::nullopt;
 }
 
 void LibraryLock::ensure()
 {
-    if (!m_file || isInPlace(m_file, m_request.root))
+    if (!m_file || isInPlace(m_file, m_request))
         return;
     std::optional<LibraryLock> again = tryLock(m_request);
     if (!again)
@@ -136,11 +141,11 @@ LibraryLock LibraryLock::waitFor(const Request &request, std::chrono::millisecon
     }
 }
 
-std::optional<LibraryLock::Holder> LibraryLock::holder(const QString &root)
+std::optional<LibraryLock::Holder> LibraryLock::holder(const QString &root, const char *name)
 {
     FileDescriptor file;
     try {
-        file = openLock(root, O_RDONLY);
+        file = openLock({.root = root, .file = name}, O_RDONLY);
     } catch (const Failure &) {
         return std::nullopt; // Whoever needs the lock is told.
     }

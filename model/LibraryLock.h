@@ -11,8 +11,9 @@
 namespace ardeno {
 
 // The right to work with the library, held by one process at a time: the application while it runs, a command while it
-// works. Load the library after the lock is taken. It ends with the object or with the process, however that ends;
-// programs that are started in between do not inherit it.
+// works. Load the library after the lock is taken. A second file of the same folder is the right to resume, which one
+// process has at a time while another one has the library. It ends with the object or with the process, however that
+// ends; programs that are started in between do not inherit it.
 class LibraryLock final {
 public:
     enum class Kind { Command, Application };
@@ -26,11 +27,15 @@ public:
         Kind kind = Kind::Command;
     };
 
+    static constexpr const char *libraryFile = "lock";
+    static constexpr const char *resumeFile = "resume-lock";
+
     // What the lock is for.
     struct Request {
         QString root; // The library's folder.
         Kind kind = Kind::Command;
         Access access = Access::Write;
+        const char *file = libraryFile;
     };
 
     // Absent when another process holds it. Throws Failure when the lock cannot be used at all.
@@ -44,7 +49,7 @@ public:
     void ensure();
 
     // Who holds the lock now; absent when nobody does or the holder has not said yet.
-    static std::optional<Holder> holder(const QString &root);
+    static std::optional<Holder> holder(const QString &root, const char *file = libraryFile);
 
     ~LibraryLock();
     LibraryLock(LibraryLock &&other) noexcept = default;

@@ -10,6 +10,7 @@
 #include "desktop/Desktop.h"
 #include "media/Thumbnails.h"
 #include "model/CheckpointRepository.h"
+#include "model/LibraryLock.h"
 #include "store/AppState.h"
 #include "store/ProjectHistories.h"
 #include "store/ProjectSearch.h"
@@ -62,6 +63,17 @@ enum class Force { No, Yes };
 struct ResumeOutcome final : Outcome {
     RestoreReport report = {};
 };
+
+// The items of a plan that are wanted.
+struct ResumeChoice {
+    QSet<QString> appIDs = {};
+    QSet<QUuid> tabIDs = {};
+
+    // What is missing, each page once.
+    static ResumeChoice missing(const RestorePlan &plan);
+};
+
+using ChooseItems = std::function<ResumeChoice(const RestorePlan &plan)>;
 
 // One immediate checkpoint to be saved, apart from the form and its drafts.
 struct CaptureRequest {
@@ -179,10 +191,10 @@ public:
     QString iconName(const QString &appID);
     // What resuming would do now. Never throws; what could not be checked is the plan's warning.
     QCoro::Task<RestorePlan> restorePlan(Checkpoint checkpoint);
-    // Opens what was chosen of a plan made before and, with the layout, the folders and documents of the chosen and the
-    // active applications and their windows' places.
-    QCoro::Task<ResumeOutcome> restore(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
-                                       QList<SavedWindow> windows, bool restoreLayout,
+    // One resume of a library at a time, whichever process begins it: waits for the others, then makes the plan and
+    // opens what is chosen of it and, with the layout, the folders and documents of the chosen and the active
+    // applications and their windows' places.
+    QCoro::Task<ResumeOutcome> restore(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout,
                                        Audience audience = Audience::Window);
     // Tries those of unplacedWindows again that are among these, which are all of one checkpoint.
     QCoro::Task<Outcome> placeRemainingWindows(const QList<SavedWindow> &windows);
@@ -304,11 +316,14 @@ private:
     QCoro::Task<void> startSuccessor();
 
     // Resuming.
-    QCoro::Task<ResumeOutcome> resume(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
-                                      QList<SavedWindow> windows, bool restoreLayout);
+    QCoro::Task<LibraryLock> turnToResume();
+    QCoro::Task<ResumeOutcome> resume(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout, Audience audience);
+    QCoro::Task<void> reopen(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout, RestoreReport *report);
     QCoro::Task<Outcome> placeWindows(WindowLayout::RestoreRequest request);
-    QCoro::Task<void> restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report);
+    // Gives the windows whose folders and documents were opened.
+    QCoro::Task<QList<SavedWindow>> restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report);
     void keepUnplaced(const QList<SavedWindow> &windows, const RestoreResult &result);
+
     // Work sessions.
     // Why none can be started.
     std::optional<QString> sessionObstacle() const;

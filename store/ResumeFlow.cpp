@@ -6,12 +6,22 @@
 #include "store/Subjects.h"
 #include "support/Identifiers.h"
 
+#include <QCoroTimer>
+#include <QDeadlineTimer>
 #include <QScopeGuard>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace ardeno {
+
+namespace {
+
+constexpr std::chrono::milliseconds lookInterval(50);
+constexpr std::chrono::seconds patienceForOthers(60); // A resume of many slow applications takes about half as long.
+
+} // namespace
 
 QCoro::Task<RestorePlan> AppStore::restorePlan(Checkpoint checkpoint)
 {
@@ -19,26 +29,66 @@ QCoro::Task<RestorePlan> AppStore::restorePlan(Checkpoint checkpoint)
     co_return co_await WorkspaceCapture::presentPlan(checkpoint.apps, checkpoint.tabs, tools);
 }
 
-QCoro::Task<ResumeOutcome> AppStore::restore(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
-                                             QList<SavedWindow> windows, bool restoreLayout, Audience audience)
+ResumeChoice ResumeChoice::missing(const RestorePlan &plan)
 {
-    return carryOut(resume(std::move(plan), std::move(selectedAppIDs), std::move(selectedTabIDs), std::move(windows),
-                           restoreLayout),
-                    audience);
+    return {idsOf(plan.appsToOpen), idsOf(plan.tabsToOpen)};
 }
 
-QCoro::Task<ResumeOutcome> AppStore::resume(RestorePlan plan, QSet<QString> selectedAppIDs, QSet<QUuid> selectedTabIDs,
-                                            QList<SavedWindow> windows, bool restoreLayout)
+QCoro::Task<ResumeOutcome> AppStore::restore(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout,
+                                             Audience audience)
+{
+    return carryOut(resume(std::move(checkpoint), std::move(choose), restoreLayout, audience), audience);
+}
+
+// Throws Failure when another process does not come to an end.
+QCoro::Task<LibraryLock> AppStore::turnToResume()
+{
+    const LibraryLock::Request request{
+        .root = m_repository.root(), .access = LibraryLock::Access::Read, .file = LibraryLock::resumeFile};
+    const QDeadlineTimer deadline(patienceForOthers);
+    for (;;) {
+        std::optional<LibraryLock> turn = LibraryLock::tryLock(request);
+        if (turn)
+            co_return std::move(*turn);
+        if (deadline.hasExpired())
+            break;
+        co_await QCoro::sleepFor(lookInterval);
+    }
+    const auto other = LibraryLock::holder(request.root, request.file);
+    throw Failure("Resume", 1,
+                  other ? tr("%1 (process %2) is still resuming a checkpoint.").arg(other->name).arg(other->process)
+                        : tr("Another program is still resuming a checkpoint."));
+}
+
+QCoro::Task<ResumeOutcome> AppStore::resume(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout,
+                                            Audience audience)
 {
     ResumeOutcome outcome;
     outcome.subject = subjects::resume;
     if (busy())
         co_return outcome;
-    RestoreReport &report = outcome.report;
-    unplacedWindows.set({});
     busy.set(true);
     const auto idle = qScopeGuard([this] { busy.set(false); });
-    WorkspaceCapture::ReopenRequest request{.plan = plan, .appIDs = selectedAppIDs, .tabIDs = selectedTabIDs};
+    const LibraryLock turn = co_await turnToResume();
+    if (audience == Audience::Window)
+        unplacedWindows.set({});
+    RestoreReport &report = outcome.report;
+    co_await reopen(checkpoint, choose, restoreLayout, &report);
+    if (report.layout)
+        keepUnplaced(checkpoint.windows.value_or(QList<SavedWindow>()), *report.layout);
+    outcome.isDone = true;
+    outcome.notice = RestoreSummary::text(report);
+    if (!report.outcome.failures.isEmpty())
+        outcome.fail(tr("Could not open: ") + report.outcome.failures.join(", "));
+    co_return outcome;
+}
+
+QCoro::Task<void> AppStore::reopen(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout, RestoreReport *report)
+{
+    const RestorePlan plan = co_await restorePlan(checkpoint);
+    const ResumeChoice chosen = choose(plan);
+    const QList<SavedWindow> windows = checkpoint.windows.value_or(QList<SavedWindow>());
+    WorkspaceCapture::ReopenRequest request{.plan = plan, .appIDs = chosen.appIDs, .tabIDs = chosen.tabIDs};
     // What is open is found out while applications start.
     std::optional<QCoro::Task<WindowLayout::OpenPlaces>> looking;
     WindowLayout::SavedPlaces saved;
@@ -48,28 +98,21 @@ QCoro::Task<ResumeOutcome> AppStore::resume(RestorePlan plan, QSet<QString> sele
         looking = WindowLayout::openPlaces(windows, saved, m_desktop);
     }
     const WorkspaceCapture::ReopeningTools tools{m_desktop, m_openedPages, exclusions().appIDs()};
-    const WorkspaceCapture::Reopened reopened = co_await WorkspaceCapture::reopen(request, tools);
-    report.outcome = reopened.outcome;
+    WorkspaceCapture::Reopened reopened = co_await WorkspaceCapture::reopen(request, tools);
+    report->outcome = reopened.outcome;
     if (restoreLayout) {
-        const QSet<QString> allowed = selectedAppIDs + idsOf(plan.activeApps);
+        const QSet<QString> allowed = chosen.appIDs + idsOf(plan.activeApps);
         WindowLayout::LocationRequest places{.windows = windows, .allowedAppIDs = allowed};
         places.places = saved;
         places.open = co_await *looking;
         places.launchedAppIDs = reopened.startedAppIDs;
-        co_await restorePlaces(places, &report);
-        keepUnplaced(windows, *report.layout);
+        reopened.opened.places = co_await restorePlaces(places, report);
     }
-    const QStringList ended = co_await m_desktop.launcher->settle();
-    for (const QString &name : ended)
-        report.outcome.failures += tr("%1 (it ended with an error)").arg(name);
-    outcome.isDone = true;
-    outcome.notice = RestoreSummary::text(report);
-    if (!report.outcome.failures.isEmpty())
-        outcome.fail(tr("Could not open: ") + report.outcome.failures.join(", "));
-    co_return outcome;
+    const QList<FailedStart> failed = co_await m_desktop.launcher->settle();
+    WorkspaceCapture::withdraw(failed, reopened.opened, m_desktop.roles, report);
 }
 
-QCoro::Task<void> AppStore::restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report)
+QCoro::Task<QList<SavedWindow>> AppStore::restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report)
 {
     // Before the windows are moved, so that those that show them are there.
     const WindowLayout::LocationResult opened = co_await WindowLayout::restoreLocations(places, m_desktop);
@@ -85,12 +128,16 @@ QCoro::Task<void> AppStore::restorePlaces(WindowLayout::LocationRequest places, 
             request.awaitedIDs.insert(window.id);
     }
     report->layout = co_await WindowLayout::restore(request, *m_desktop.windowMover, *m_desktop.windowServer);
+    places.windows.removeIf([&](const SavedWindow &window) { return !opened.openedIDs.contains(window.id); });
+    co_return places.windows;
 }
 
+// Of these windows alone: what is known of others stays.
 void AppStore::keepUnplaced(const QList<SavedWindow> &windows, const RestoreResult &result)
 {
     QList<SkippedWindow> skipped = result.skipped;
-    QList<UnplacedWindow> unplaced;
+    QList<UnplacedWindow> unplaced = unplacedWindows();
+    unplaced.removeIf([&](const UnplacedWindow &known) { return windows.contains(known.window); });
     for (const SavedWindow &window : windows) {
         const auto found = std::find_if(skipped.begin(), skipped.end(), [&](const SkippedWindow &entry) {
             return entry.appID == window.appID && entry.title == window.title;
@@ -122,6 +169,7 @@ QCoro::Task<Outcome> AppStore::placeWindows(WindowLayout::RestoreRequest request
         co_return outcome;
     busy.set(true);
     const auto idle = qScopeGuard([this] { busy.set(false); });
+    const LibraryLock turn = co_await turnToResume();
     const RestoreResult result =
         co_await WindowLayout::restore(request, *m_desktop.windowMover, *m_desktop.windowServer);
     if (!result.accessibilityRequired)

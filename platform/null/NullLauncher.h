@@ -28,7 +28,7 @@ public:
 
     bool isStarting(const QString &) const override { return false; }
 
-    QCoro::Task<QStringList> settle() override { co_return QStringList(); }
+    QCoro::Task<QList<FailedStart>> settle() override { co_return QList<FailedStart>(); }
 
 private:
     static QCoro::Task<void> refuse(QString reason)

@@ -88,6 +88,18 @@
         <translation>Das Projekt konnte nicht geändert werden: </translation>
     </message>
     <message>
+        <source>%1 ended with an error</source>
+        <translation>%1 wurde mit einem Fehler beendet</translation>
+    </message>
+    <message>
+        <source>%1 (process %2) is still resuming a checkpoint.</source>
+        <translation>%1 (Prozess %2) setzt noch einen Checkpoint fort.</translation>
+    </message>
+    <message>
+        <source>Another program is still resuming a checkpoint.</source>
+        <translation>Ein anderes Programm setzt noch einen Checkpoint fort.</translation>
+    </message>
+    <message>
         <source>%1 (it ended with an error)</source>
         <translation>%1 (mit einem Fehler beendet)</translation>
     </message>

@@ -77,7 +77,7 @@ public:
 
     bool isStarting(const QString &appID) const override { return m_desktop.starting.contains(appID); }
 
-    QCoro::Task<QStringList> settle() override { co_return std::exchange(m_desktop.endedWithError, {}); }
+    QCoro::Task<QList<FailedStart>> settle() override { co_return std::exchange(m_desktop.failedStarts, {}); }
 
 private:
     QCoro::Task<void> open(QString appID, QStringList words)

@@ -36,7 +36,7 @@ struct InMemoryDesktop {
     QStringList opened = {}; // "app ID PATH…", "page ID ADDRESS…", "window ID ADDRESS…", "path PATH", …
     QHash<QString, QString> openFailures = {}; // Why an application or the default browser ("") cannot be opened.
     QSet<QString> certainWindowIDs = {};       // The browser windows that can be found again.
-    QStringList endedWithError = {};           // Names of applications.
+    QList<FailedStart> failedStarts = {};      // Told when what was opened has settled.
     QSet<QString> starting = {};               // Applications that have yet to show what they were opened for.
     std::function<void(const QString &)> whenOpened = {}; // Called with each entry of opened.
     QList<RecordingRequest> recordings = {};              // As they were asked for.

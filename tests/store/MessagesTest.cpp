@@ -38,8 +38,8 @@ bool says(const AppStore &store, const QString &part)
 
 TEST_CASE_FIXTURE(MessagesFixture, "what went wrong stays until it is dismissed or the same has succeeded")
 {
-    memory.endedWithError = {"Viewer"};
-    finish(store().restore({}, {}, {}, {}, false));
+    memory.failedStarts = {{"viewer", "Viewer", {}}};
+    finish(store().restore(saved, ResumeChoice::missing, false));
     const QString ended = "Could not open: Viewer (it ended with an error)";
     REQUIRE(store().error() == ended);
     const std::optional<QString> notice = store().notice();
@@ -208,7 +208,7 @@ TEST_CASE_FIXTURE(MessagesFixture, "what was asked while something else went on 
 {
     store().draftProjectID.set(project);
     finish(store().captureMoment("Ablation", {}, CaptureKind::Session));
-    QCoro::Task<ResumeOutcome> resuming = store().restore({}, {}, {}, {}, false);
+    QCoro::Task<ResumeOutcome> resuming = store().restore(saved, ResumeChoice::missing, false);
     REQUIRE(store().busy());
     const Outcome stopped = finish(store().stop());
     CHECK(stopped);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Finish.h"
-#include "support/Identifiers.h"
 #include "tests/store/StoreFixture.h"
 
 using namespace ardeno;
@@ -45,10 +44,7 @@ struct ResumeFixture : StoreFixture {
 
     RestoreReport resume(bool layout = false)
     {
-        const RestorePlan plan = finish(store().restorePlan(checkpoint));
-        const QSet<QString> apps = idsOf(plan.appsToOpen);
-        const QSet<QUuid> tabs = idsOf(plan.tabsToOpen);
-        return finish(store().restore(plan, apps, tabs, *checkpoint.windows, layout)).report;
+        return finish(store().restore(checkpoint, ResumeChoice::missing, layout)).report;
     }
 };
 
@@ -86,7 +82,7 @@ TEST_CASE_FIXTURE(ResumeFixture, "a resume opens what is missing, and a second o
     CHECK(store().notice() == u"Workspace restored · 0 opened · 7 already active · 2 unavailable"_qs);
 }
 
-TEST_CASE_FIXTURE(ResumeFixture, "a page that opens after the plan was made is not opened twice")
+TEST_CASE_FIXTURE(ResumeFixture, "what opens after it was chosen is not opened twice")
 {
     memory.tabRecords[chrome] = QString("");
     addTab("https://a.example/");
@@ -94,11 +90,13 @@ TEST_CASE_FIXTURE(ResumeFixture, "a page that opens after the plan was made is n
     REQUIRE(plan.tabsToOpen.size() == 1);
     memory.tabRecords[chrome] = u"1\u001f7\u001fHTTPS://a.example/\u001fOpen\u001e"_qs;
 
-    const RestoreReport report = finish(store().restore(plan, {}, {checkpoint.tabs[0].id}, {}, false)).report;
+    const auto choose = [&](const RestorePlan &) { return ResumeChoice::missing(plan); };
+    memory.addApplication("viewer", "Viewer", {0, 0, 300, 300});
+    const RestoreReport report = finish(store().restore(checkpoint, choose, false)).report;
 
     CHECK(memory.opened.isEmpty());
     CHECK(report.outcome.openedTabs == 0);
-    CHECK(report.outcome.alreadyActive == 2);
+    CHECK(report.outcome.alreadyActive == 3);
 }
 
 TEST_CASE_FIXTURE(ResumeFixture, "a browser that is missing starts with its pages, not with an empty window")
@@ -130,14 +128,30 @@ TEST_CASE_FIXTURE(ResumeFixture, "what fails is named, and the rest is opened al
     memory.openFailures = {{"viewer", "No such file or directory."}, {"", "No application opens web pages."}};
     addTab("https://a.example/");
     addTab("https://b.example/").browserID = "com.apple.Safari";
-    memory.endedWithError = {"Chrome"};
+    addTab("https://c.example/", "7");
+    memory.certainWindowIDs = {"7"};
+    memory.failedStarts = {{chrome, "Chrome", {"https://a.example/"}}};
 
     const RestoreReport report = resume();
 
     CHECK(report.outcome.openedTabs == 1);
     CHECK(store().error() == "Could not open: Viewer (No such file or directory), Page https://b.example/ (No "
-                             "application opens web pages), Chrome (it ended with an error)");
+                             "application opens web pages), Chrome (it ended with an error), Page https://a.example/ "
+                             "(Chrome ended with an error)");
     CHECK(store().notice() == u"Workspace restored · 1 opened · 1 already active · 1 unavailable"_qs);
+
+    // A document that was handed to an application in vain, and applications that never came.
+    checkpoint.apps = {{"files", "Files"}, {chrome, "Chrome"}};
+    checkpoint.tabs.resize(1);
+    addWindow("org.editor", "lost.txt").documentURL = existing("lost.txt");
+    memory.openFailures.clear();
+    memory.failedStarts = {{chrome, "Chrome", {"https://a.example/"}},
+                           {"files", "Files", {}},
+                           {"org.editor", "Editor", {existing("lost.txt")}}};
+    checkpoint.apps.append(SavedApp{"org.editor", "Editor"});
+    const RestoreReport vain = resume(true);
+    CHECK(vain.outcome.openedApps + vain.outcome.openedTabs + vain.documents == 0);
+    CHECK(vain.outcome.failures.contains("lost.txt (Editor ended with an error)"));
 }
 
 TEST_CASE_FIXTURE(ResumeFixture, "folders, documents and window places follow the layout switch")
@@ -182,4 +196,44 @@ TEST_CASE_FIXTURE(ResumeFixture, "folders, documents and window places follow th
     REQUIRE(report.layout.has_value());
     CHECK(report.layout->restoredCount == 3);
     CHECK(report.layout->skippedCount == report.layout->skipped.size());
+}
+
+TEST_CASE_FIXTURE(ResumeFixture, "two resumes of a library at once open everything once, whichever processes they are")
+{
+    addTab("https://a.example/");
+    memory.whenOpened = [&](const QString &entry) {
+        if (entry.startsWith("page")) // It takes its time.
+            memory.addApplication("viewer", "Viewer", {0, 0, 300, 300});
+    };
+    AppStore other(desktop, {.preferences = Preferences(home.filePath("settings-of-other")),
+                             .repository = CheckpointRepository(root()),
+                             .openedPages = OpenedPages(home.filePath("opened-pages"))});
+    QDir().mkpath(root());
+    auto first = other.restore(checkpoint, ResumeChoice::missing, false);
+    QList<RestorePlan> plans;
+    const auto choose = [&](const RestorePlan &plan) {
+        plans += plan;
+        return ResumeChoice::missing(plan);
+    };
+    const RestoreReport second = finish(store().restore(checkpoint, choose, false)).report;
+    finish(std::move(first));
+    CHECK(memory.opened == QStringList{"app viewer", "page com.google.Chrome https://a.example/"});
+    REQUIRE(plans.size() == 1);
+    CHECK_MESSAGE(plans[0].appsToOpen.isEmpty(), "the plan is made when the other one is over");
+    CHECK(second.outcome == RestoreOutcome{.alreadyActive = 3, .unavailable = 1});
+}
+
+TEST_CASE_FIXTURE(ResumeFixture, "an application that somebody else starts meanwhile is not started again")
+{
+    checkpoint.apps = {{"viewer", "Viewer"}, {"files", "Files"}, {chrome, "Chrome"}};
+    memory.whenOpened = [&](const QString &entry) {
+        if (entry != "app viewer")
+            return;
+        memory.addApplication("files", "Files", {0, 0, 300, 300});
+        memory.tabRecords[chrome] = u"1\u001f7\u001fhttps://a.example/\u001fOpen\u001e"_qs;
+        memory.running.append({chrome, "Chrome", true});
+    };
+    addTab("https://a.example/");
+    CHECK(resume().outcome == RestoreOutcome{.openedApps = 1, .alreadyActive = 3});
+    CHECK(memory.opened == QStringList{"app viewer"});
 }

@@ -54,7 +54,8 @@ RestoreSheet::RestoreSheet(AppStore &store, const Checkpoint &checkpoint)
     });
     readAccess();
     m_observations.watch([this] { showUnplaced(); }, store.unplacedWindows, store.busy);
-    m_observations.watch([this] { refreshPlan(); }, store.runningApplicationIDs);
+    // A resume that was begun elsewhere has opened pages, too.
+    m_observations.watch([this] { refreshPlan(); }, store.runningApplicationIDs, store.busy);
     m_observations.watch([this] { showChoice(); }, store.busy);
 }
 
@@ -214,8 +215,9 @@ void RestoreSheet::showUnplaced()
 
 void RestoreSheet::resume()
 {
-    m_store.restore(*m_model.plan(), m_model.apps(), m_model.tabs(),
-                    m_checkpoint.windows.value_or(QList<SavedWindow>()), m_restoreLayout->isChecked());
+    const ResumeChoice ticked{m_model.apps(), m_model.tabs()};
+    const auto choose = [ticked](const RestorePlan &) { return ticked; };
+    m_store.restore(m_checkpoint, choose, m_restoreLayout->isChecked());
     close();
 }
 

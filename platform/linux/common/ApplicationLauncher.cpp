@@ -55,15 +55,25 @@ bool ApplicationLauncher::areRunning(const DesktopLaunch::Processes &processes) 
                        [this](pid_t process) { return m_children.isRunning(process); });
 }
 
-QCoro::Task<DesktopLaunch::Processes> ApplicationLauncher::launch(DesktopEntry entry,
+// Some applications take one thing at a time and are started once for each, in their order.
+void ApplicationLauncher::watch(const DesktopEntry &entry, const QStringList &contents,
+                                const DesktopLaunch::Processes &processes)
+{
+    const bool isOneEach = processes.size() == contents.size();
+    for (qsizetype i = 0; i < processes.size(); ++i) {
+        const FailedStart ifFails{entry.id, entry.name, isOneEach ? QStringList{contents[i]} : contents};
+        m_children.add(processes[i], ifFails, [this, id = entry.id] { m_focus.cancel(id); });
+    }
+}
+
+QCoro::Task<DesktopLaunch::Processes> ApplicationLauncher::launch(DesktopEntry entry, QStringList contents,
                                                                   std::function<DesktopLaunch::Processes()> work)
 {
     m_focus.expect(entry.id);
     m_focus.setStarter(entry.id, [] { return true; });
     try {
         const auto processes = co_await SlowWork::withinDeadline(work, timeToLaunch, SlowWork::Kind::Launches);
-        for (const pid_t process : processes)
-            m_children.add(process, entry.name, [this, id = entry.id] { m_focus.cancel(id); });
+        watch(entry, contents, processes);
         m_focus.setStarter(entry.id, [this, processes] { return areRunning(processes); });
         co_return processes;
     } catch (const Failure &) {
@@ -76,7 +86,7 @@ QCoro::Task<void> ApplicationLauncher::openApplication(QString appID, QStringLis
 {
     const DesktopEntry found = entry(appID);
     const auto work = [found, paths] { return DesktopLaunch::open(found, paths); };
-    co_await launch(found, work);
+    co_await launch(found, paths, work);
 }
 
 QCoro::Task<void> ApplicationLauncher::openPath(QString path)
@@ -104,7 +114,7 @@ QCoro::Task<void> ApplicationLauncher::openPages(QString appID, QStringList addr
 {
     const DesktopEntry found = entry(appID.isEmpty() ? DesktopLaunch::handlerOfWeb() : appID);
     const auto work = [found, addresses] { return DesktopLaunch::openAddresses(found, addresses); };
-    co_await launch(found, work);
+    co_await launch(found, addresses, work);
 }
 
 QCoro::Task<bool> ApplicationLauncher::openInSavedWindow(QList<TabToReopen> tabs)
@@ -125,7 +135,7 @@ QCoro::Task<bool> ApplicationLauncher::openInSavedWindow(QList<TabToReopen> tabs
     const bool isActive = co_await m_focus.lend(*window);
     if (isActive) {
         const auto work = [found, addresses] { return DesktopLaunch::openAddresses(found, addresses); };
-        const auto started = co_await launch(found, work);
+        const auto started = co_await launch(found, addresses, work);
         co_await waitForEnd(started);
         co_await QCoro::sleepFor(timeToOpen);
     }
@@ -140,7 +150,7 @@ QCoro::Task<void> ApplicationLauncher::waitForEnd(DesktopLaunch::Processes proce
         co_await QCoro::sleepFor(lookInterval);
 }
 
-QCoro::Task<QStringList> ApplicationLauncher::settle()
+QCoro::Task<QList<FailedStart>> ApplicationLauncher::settle()
 {
     co_await m_focus.settle();
     co_return m_children.takeFailures();

@@ -29,11 +29,14 @@ public:
 
     bool isStarting(const QString &appID) const override { return m_focus.isStarting(appID); }
 
-    QCoro::Task<QStringList> settle() override;
+    QCoro::Task<QList<FailedStart>> settle() override;
 
 private:
     DesktopEntry entry(const QString &appID);
-    QCoro::Task<DesktopLaunch::Processes> launch(DesktopEntry entry, std::function<DesktopLaunch::Processes()> work);
+    // What it opens says which of it is lost when a process fails.
+    QCoro::Task<DesktopLaunch::Processes> launch(DesktopEntry entry, QStringList contents,
+                                                 std::function<DesktopLaunch::Processes()> work);
+    void watch(const DesktopEntry &entry, const QStringList &contents, const DesktopLaunch::Processes &processes);
     QCoro::Task<void> waitForEnd(DesktopLaunch::Processes processes);
     bool areRunning(const DesktopLaunch::Processes &processes) const;
 

@@ -10,7 +10,7 @@
 
 namespace ardeno {
 
-void ChildProcesses::add(pid_t process, const QString &name, std::function<void()> whenFailed)
+void ChildProcesses::add(pid_t process, const FailedStart &ifFails, std::function<void()> whenFailed)
 {
     FileDescriptor descriptor(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
     std::unique_ptr<QSocketNotifier> notifier;
@@ -20,7 +20,7 @@ void ChildProcesses::add(pid_t process, const QString &name, std::function<void(
                          [this, process] { collect(process); });
     }
     m_children.push_back(std::make_unique<Child>(
-        Child{process, name, std::move(whenFailed), std::move(descriptor), std::move(notifier)}));
+        Child{process, ifFails, std::move(whenFailed), std::move(descriptor), std::move(notifier)}));
 }
 
 bool ChildProcesses::isRunning(pid_t process) const
@@ -29,7 +29,7 @@ bool ChildProcesses::isRunning(pid_t process) const
                        [&](const auto &child) { return child->process == process; });
 }
 
-QStringList ChildProcesses::takeFailures()
+QList<FailedStart> ChildProcesses::takeFailures()
 {
     for (const auto &child : m_children)
         child->whenFailed = {};
@@ -44,7 +44,7 @@ void ChildProcesses::collect(pid_t process)
     if (found == m_children.end() || ::waitpid(process, &status, WNOHANG) == 0)
         return;
     if ((*found)->whenFailed && (!WIFEXITED(status) || WEXITSTATUS(status) != 0)) {
-        m_failures.append((*found)->name);
+        m_failures.append((*found)->ifFails);
         (*found)->whenFailed();
     }
     // This function was called by the notifier, which therefore outlives it.

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/Launcher.h"
 #include "support/FileDescriptor.h"
 
+#include <QList>
 #include <QSocketNotifier>
-#include <QString>
-#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -19,17 +19,17 @@ namespace ardeno {
 // those that end with an error are remembered.
 class ChildProcesses final {
 public:
-    // The name is what takeFailures() calls it. Whoever wants to know is told when it ends with an error.
-    void add(pid_t process, const QString &name, std::function<void()> whenFailed);
+    // Whoever wants to know is told when it ends with an error; takeFailures() then has what it was started for.
+    void add(pid_t process, const FailedStart &ifFails, std::function<void()> whenFailed);
     bool isRunning(pid_t process) const;
-    // The names of those that have ended with an error since they were added or since the last call. How those that
-    // still run will end is nobody's concern any more: their user may end them in any way.
-    QStringList takeFailures();
+    // Those that have ended with an error since they were added or since the last call. How those that still run will
+    // end is nobody's concern any more: their user may end them in any way.
+    QList<FailedStart> takeFailures();
 
 private:
     struct Child {
         pid_t process;
-        QString name;
+        FailedStart ifFails;
         std::function<void()> whenFailed; // Empty once it counts as started.
         FileDescriptor descriptor;        // Readable once the process has ended.
         std::unique_ptr<QSocketNotifier> notifier;
@@ -38,7 +38,7 @@ private:
     void collect(pid_t process);
 
     std::vector<std::unique_ptr<Child>> m_children;
-    QStringList m_failures;
+    QList<FailedStart> m_failures;
 };
 
 } // namespace ardeno

@@ -30,11 +30,12 @@ TEST_CASE("an application that fails is named once, one that is ended after it w
     int failures = 0;
     const pid_t failing = waitingProcess();
     const pid_t lasting = waitingProcess();
-    children.add(failing, "Failing", [&] { ++failures; });
-    children.add(lasting, "Lasting", [&] { ++failures; });
+    const FailedStart start{"org.failing", "Failing", {"/paper.pdf"}};
+    children.add(failing, start, [&] { ++failures; });
+    children.add(lasting, {}, [&] { ++failures; });
     ::kill(failing, SIGKILL);
     REQUIRE(QTest::qWaitFor([&] { return !children.isRunning(failing); }));
-    CHECK(children.takeFailures() == QStringList{"Failing"});
+    CHECK(children.takeFailures() == QList{start});
 
     ::kill(lasting, SIGKILL);
     REQUIRE(QTest::qWaitFor([&] { return !children.isRunning(lasting); }));
