@@ -139,7 +139,7 @@ void measure(Desktop &desktop, const MovableWindow &window, const WindowRect &fr
     const QList<MovableWindow> before = desktop.windowMover->windows();
     WindowLayout::RestoreRequest request{.windows = saved, .allowedAppIDs = {window.applicationID}};
     request.firstWait = 10ms;
-    const RestoreResult result = finish(WindowLayout::restore(request, *desktop.windowMover, *desktop.windowServer));
+    const RestoreResult result = finish(WindowLayout::restore(request, desktop));
     const QList<MovableWindow> after = desktop.windowMover->windows();
     const auto back = withID(after, window.windowID);
     accuracy.placed += int(result.restoredCount);

@@ -12,14 +12,9 @@ namespace {
 
 using WindowLayout::LocationRequest;
 using WindowLayout::LocationResult;
-using WindowLayout::OpenPlaces;
-
-QString savedPath(const SavedWindow &window)
-{
-    return window.locationURL ? *window.locationURL : window.documentURL.value_or(QString());
-}
-
+using WindowLayout::savedPath;
 using WindowLayout::SavedPlaces;
+using WindowLayout::shortName;
 using Kind = PathFacts::Kind;
 
 // A device or a pipe is nothing to open, and a relative path would mean something else in every folder.
@@ -33,20 +28,6 @@ bool canOpen(const QString &path, const SavedPlaces &places)
 bool isShownInFolder(const SavedWindow &window, const SavedPlaces &places)
 {
     return window.locationURL && places.value(*window.locationURL).kind != Kind::Folder;
-}
-
-QString shortName(const QString &path)
-{
-    const QString name = path.mid(path.lastIndexOf('/') + 1);
-    return name.isEmpty() ? path : name;
-}
-
-QStringList pathsOf(const QList<WindowLocation> &locations)
-{
-    QStringList paths;
-    for (const WindowLocation &location : locations)
-        paths += location.path;
-    return paths;
 }
 
 // The restore of all saved places of one checkpoint.
@@ -128,72 +109,7 @@ private:
     QSet<std::pair<QString, QString>> m_seen;
 };
 
-// What the windows of this moment show, as far as it is known.
-class Presence final {
-public:
-    explicit Presence(QList<MovableWindow> live) : m_unknown(std::move(live)) {}
-
-    bool hasWindowOf(const QString &appID) const
-    {
-        return std::any_of(m_unknown.begin(), m_unknown.end(),
-                           [&](const MovableWindow &window) { return window.applicationID == appID; });
-    }
-
-    void addFolders(const QList<WindowLocation> &folders, const SavedPlaces &facts)
-    {
-        for (const WindowLocation &folder : folders) {
-            m_places.folders.insert(facts.value(folder.path).canonicalPath);
-            forget(folder);
-        }
-    }
-
-    void addDocuments(const QString &appID, const QList<WindowLocation> &documents, const SavedPlaces &facts)
-    {
-        for (const WindowLocation &document : documents) {
-            m_places.documentsByApp[appID].insert(facts.value(document.path).canonicalPath);
-            forget(document);
-        }
-    }
-
-    // With what the remaining windows name in their titles.
-    OpenPlaces places(const QList<SavedWindow> &windows, const SavedPlaces &saved)
-    {
-        for (const SavedWindow &window : windows) {
-            const QString path = savedPath(window);
-            const auto names = [&](const MovableWindow &candidate) {
-                return candidate.applicationID == window.appID && candidate.title.contains(shortName(path));
-            };
-            if (path.isEmpty() || std::none_of(m_unknown.begin(), m_unknown.end(), names))
-                continue;
-            const QString canonical = saved.value(path).canonicalPath;
-            (window.locationURL ? m_places.folders : m_places.documentsByApp[window.appID]).insert(canonical);
-        }
-        return m_places;
-    }
-
-private:
-    void forget(const WindowLocation &location)
-    {
-        m_unknown.removeIf([&](const MovableWindow &window) {
-            return location.windowID ? window.windowID == *location.windowID : window.title == location.title;
-        });
-    }
-
-    QList<MovableWindow> m_unknown;
-    OpenPlaces m_places;
-};
-
 } // namespace
-
-QCoro::Task<SavedPlaces> WindowLayout::savedPlaces(QList<SavedWindow> windows, Desktop &desktop)
-{
-    QStringList paths;
-    for (const SavedWindow &window : std::as_const(windows)) {
-        if (const QString path = savedPath(window); path.startsWith('/'))
-            paths += path;
-    }
-    co_return co_await desktop.files->facts(paths);
-}
 
 QHash<QString, QStringList> WindowLayout::pathsByApp(const QList<SavedWindow> &windows, const SavedPlaces &places)
 {
@@ -204,30 +120,6 @@ QHash<QString, QStringList> WindowLayout::pathsByApp(const QList<SavedWindow> &w
             paths[window.appID].append(path);
     }
     return paths;
-}
-
-QCoro::Task<WindowLayout::OpenPlaces> WindowLayout::openPlaces(QList<SavedWindow> windows, SavedPlaces places,
-                                                               Desktop &desktop)
-{
-    Presence presence(desktop.windowMover->windows());
-    bool hasFolders = false;
-    QSet<QString> documentApps;
-    for (const SavedWindow &window : std::as_const(windows)) {
-        hasFolders = hasFolders || window.locationURL;
-        if (window.documentURL && presence.hasWindowOf(window.appID))
-            documentApps.insert(window.appID);
-    }
-    if (hasFolders) {
-        const QList<WindowLocation> folders = co_await desktop.fileBrowser->locations();
-        const SavedPlaces facts = co_await desktop.files->facts(pathsOf(folders));
-        presence.addFolders(folders, facts);
-    }
-    for (const QString &appID : std::as_const(documentApps)) {
-        const QList<WindowLocation> documents = co_await desktop.documents->locationsOf(appID);
-        const SavedPlaces facts = co_await desktop.files->facts(pathsOf(documents));
-        presence.addDocuments(appID, documents, facts);
-    }
-    co_return presence.places(windows, places);
 }
 
 QCoro::Task<LocationResult> WindowLayout::restoreLocations(LocationRequest request, Desktop &desktop)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "desktop/Desktop.h"
+#include "capture/WindowContents.h"
 
 #include <QCoroTask>
 #include <QHash>
@@ -11,15 +11,6 @@
 #include <QUuid>
 
 namespace ardeno::WindowLayout {
-
-// What file browsers and other applications show now, as canonical paths.
-struct OpenPlaces {
-    QSet<QString> folders = {};
-    QHash<QString, QSet<QString>> documentsByApp = {};
-};
-
-// What there is now at the saved paths.
-using SavedPlaces = QHash<QString, PathFacts>;
 
 // The folders and documents that the saved windows of these applications showed and that are to be opened again.
 struct LocationRequest {
@@ -39,15 +30,8 @@ struct LocationResult {
     QSet<QUuid> failedIDs = {};
 };
 
-// Asked once for a whole resume: nothing else of it looks at a disk, which may never answer. Never throws.
-QCoro::Task<SavedPlaces> savedPlaces(QList<SavedWindow> windows, Desktop &desktop);
-
 // The existing folders and documents of each application, each once, in saved order.
 QHash<QString, QStringList> pathsByApp(const QList<SavedWindow> &windows, const SavedPlaces &places);
-
-// Which of the saved places are open now. Windows whose contents nobody knows for certain are judged by their titles:
-// rather one place too many than a document opened twice. Never throws.
-QCoro::Task<OpenPlaces> openPlaces(QList<SavedWindow> windows, SavedPlaces places, Desktop &desktop);
 
 // Opens each that exists and is not open: with the application that had it, else with the session's own choice. Never
 // throws.

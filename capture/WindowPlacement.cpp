@@ -20,6 +20,12 @@ bool isRectangle(const WindowRect &frame)
            std::isfinite(frame.height) && frame.width > 0 && frame.height > 0;
 }
 
+bool isNear(const WindowRect &a, const WindowRect &b)
+{
+    return std::abs(a.x - b.x) <= 1 && std::abs(a.y - b.y) <= 1 && std::abs(a.width - b.width) <= 1 &&
+           std::abs(a.height - b.height) <= 1;
+}
+
 const DisplayEntry *withID(const QList<DisplayEntry> &displays, quint32 id)
 {
     const auto found =
@@ -44,17 +50,6 @@ double mapped(double place, double oldStart, double oldLength, double start, dou
 
 } // namespace
 
-std::optional<qsizetype> WindowPlacement::matchIndex(const QString &savedTitle, const QStringList &candidates,
-                                                     qsizetype savedCount)
-{
-    if (savedTitle.isEmpty())
-        return savedCount == 1 && candidates.size() == 1 ? std::optional<qsizetype>(0) : std::nullopt;
-    const qsizetype first = candidates.indexOf(savedTitle);
-    if (first < 0 || candidates.indexOf(savedTitle, first + 1) >= 0)
-        return std::nullopt;
-    return first;
-}
-
 std::optional<WindowRect> WindowPlacement::fit(const SavedWindow &saved, const QList<DisplayEntry> &displays,
                                                quint32 mainID)
 {
@@ -74,6 +69,15 @@ std::optional<WindowRect> WindowPlacement::fit(const SavedWindow &saved, const Q
     frame.x = std::min(std::max(to.x, frame.x), to.maxX() - frame.width);
     frame.y = std::min(std::max(to.y, frame.y), to.maxY() - frame.height);
     return frame;
+}
+
+bool WindowPlacement::isInPlace(const WindowRect &frame, const SavedWindow &saved, const QList<DisplayEntry> &displays,
+                                quint32 mainID)
+{
+    const DisplayEntry *const same = withID(displays, saved.displayID);
+    const bool isSameDisplay = same && same->usableFrame == saved.displayFrame;
+    const auto fitting = fit(saved, displays, mainID);
+    return (isSameDisplay && isNear(frame, saved.frame)) || (fitting && isNear(frame, *fitting));
 }
 
 } // namespace ardeno

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/WindowRestore.h"
 
+#include "capture/WindowMatching.h"
 #include "capture/WindowPlacement.h"
+#include "capture/WindowSightings.h"
 
 #include <QCoreApplication>
 #include <QCoroTimer>
 #include <QElapsedTimer>
-#include <QHash>
 
 #include <algorithm>
 #include <cmath>
-#include <exception>
 #include <utility>
 
 namespace ardeno {
@@ -19,10 +19,12 @@ namespace {
 
 using namespace std::chrono_literals;
 using WindowLayout::DisplayEntry;
+using WindowLayout::WindowMatch;
 
 namespace reason {
 
 constexpr auto noSuchWindow = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "no such window");
+constexpr auto elsewhere = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "shown in another window");
 constexpr auto several = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "several with that title");
 constexpr auto minimised = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "minimised");
 constexpr auto fullScreen = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "full screen");
@@ -35,13 +37,13 @@ constexpr auto movedByUser = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "moved b
 
 // How often late windows are looked for.
 constexpr std::chrono::milliseconds lookInterval = 100ms;
-// Milliseconds after which a window's place is its own no more: whoever moves it then is the user.
-constexpr qint64 timeToSettle = 400;
 // Milliseconds in which an application that has just opened a window may still change it by itself.
 constexpr qint64 timeToAdjust = 600;
 // Milliseconds in which an application that has shown a window may open another one or name the one it has: some show
 // a page or a document only afterwards, and titles that never come back are not waited for any longer.
 constexpr qint64 timeToName = 2000;
+// Milliseconds in which an application that is busy is asked again whether it answers.
+constexpr qint64 timeToAnswer = 3000;
 
 bool isAt(const WindowRect &frame, const WindowRect &place)
 {
@@ -56,17 +58,8 @@ bool isResized(const WindowRect &from, const WindowRect &to)
 // A saved window on its way back.
 struct Pending {
     SavedWindow saved = {};
-    qsizetype groupSize = 0;  // How many windows of its application were saved.
-    bool isAmbiguous = false; // Another saved window has its title.
-    bool isAwaited = false;   // This resume caused it to be opened.
-};
-
-// Where a live window was seen, and since when it has been there.
-struct Sighting {
-    QString title = {};
-    WindowRect frame = {};
-    qint64 since = 0; // Milliseconds of the restore's clock.
-    bool isMovedByUser = false;
+    bool isAwaited = false;    // This resume caused it to be opened.
+    const char *why = nullptr; // It has not been placed yet.
 };
 
 // A late window that was placed; its application may still change its size.
@@ -78,10 +71,13 @@ struct Placed {
 // One restore from beginning to end.
 class Restore final {
 public:
-    Restore(WindowLayout::RestoreRequest request, WindowMover &mover, WindowServer &server)
-        : m_request(std::move(request)), m_mover(mover), m_server(server)
+    Restore(WindowLayout::RestoreRequest request, Desktop &desktop)
+        : m_request(std::move(request)),
+          m_desktop(desktop),
+          m_mover(*desktop.windowMover),
+          m_matching({}, {}),
+          m_contents(desktop)
     {
-        m_clock.start();
     }
 
     QCoro::Task<RestoreResult> run();
@@ -89,30 +85,35 @@ public:
 private:
     struct Decision {
         std::optional<WindowMove> move = {};
-        const char *skip = nullptr; // Neither: the window is waited for.
+        bool isInPlace = false;    // It needs no move.
+        const char *why = nullptr; // It cannot be moved now.
+        bool isWaiting = false;    // But may be later.
     };
 
+    QCoro::Task<void> prepare();
     void collect();
-    void look(const QList<MovableWindow> &live);
     QCoro::Task<void> place();
+    QCoro::Task<void> carryOut(QList<Pending> moved, QList<WindowMove> moves);
     QCoro::Task<void> placeAgain();
     Decision decide(const Pending &pending, const QList<MovableWindow> &live) const;
     Decision decide(const Pending &pending, const MovableWindow &window) const;
-    bool isStill(const MovableWindow &window) const;
+    bool isInPlace(const SavedWindow &saved, const MovableWindow &window) const;
     bool isComing(const Pending &pending) const;
+    bool mayAnswer(const Pending &pending) const;
+    QList<SavedWindow> awaited() const;
     void skip(const SavedWindow &saved, const QString &why);
-    void finish(const SavedWindow &saved, MoveResult result);
 
     WindowLayout::RestoreRequest m_request;
+    Desktop &m_desktop;
     WindowMover &m_mover;
-    WindowServer &m_server;
     QElapsedTimer m_clock;
     QList<DisplayEntry> m_displays;
     quint32 m_mainID = 0;
     QList<Pending> m_pending;
     QList<Placed> m_late;
-    QHash<quint32, Sighting> m_sightings;
-    QHash<QString, qint64> m_news; // When an application last showed a window or changed a title.
+    WindowLayout::WindowMatching m_matching;
+    WindowLayout::WindowContents m_contents;
+    WindowLayout::WindowSightings m_sightings;
     RestoreResult m_result;
 };
 
@@ -122,135 +123,146 @@ void Restore::skip(const SavedWindow &saved, const QString &why)
     m_result.skippedCount = m_result.skipped.size();
 }
 
-void Restore::finish(const SavedWindow &saved, MoveResult result)
-{
-    if (result == MoveResult::Placed)
-        ++m_result.restoredCount;
-    else
-        skip(saved, result == MoveResult::NotAnswering ? reason::notAnswering : reason::notMovable);
-}
-
 void Restore::collect()
 {
-    for (const Display &display : m_server.displays()) {
+    for (const Display &display : m_desktop.windowServer->displays()) {
         m_displays.append({display.id, display.usableFrame});
         if (display.isMain)
             m_mainID = display.id;
     }
-    QHash<QString, qsizetype> groupSizes;
-    QHash<std::pair<QString, QString>, qsizetype> titles;
-    for (const SavedWindow &window : std::as_const(m_request.windows)) {
-        ++groupSizes[window.appID];
-        ++titles[{window.appID, window.title}];
-    }
     for (const SavedWindow &window : std::as_const(m_request.windows)) {
         const bool isWanted = m_request.onlyIDs.isEmpty() || m_request.onlyIDs.contains(window.id);
-        if (!isWanted || !m_request.allowedAppIDs.contains(window.appID))
-            continue;
-        m_pending.append({.saved = window,
-                          .groupSize = groupSizes.value(window.appID),
-                          .isAmbiguous = titles.value({window.appID, window.title}) > 1,
-                          .isAwaited = m_request.awaitedIDs.contains(window.id)});
+        if (isWanted && m_request.allowedAppIDs.contains(window.appID))
+            m_pending.append({.saved = window, .isAwaited = m_request.awaitedIDs.contains(window.id)});
     }
 }
 
-// Notices who moves windows: once a window has stood still, that is the user.
-void Restore::look(const QList<MovableWindow> &live)
+// Finds out which windows are the saved ones already.
+QCoro::Task<void> Restore::prepare()
 {
-    const qint64 now = m_clock.elapsed();
-    for (const MovableWindow &window : live) {
-        const auto known = m_sightings.find(window.windowID);
-        if (known == m_sightings.end()) {
-            m_sightings.insert(window.windowID, {window.title, window.frame, now, false});
-            m_news.insert(window.applicationID, now);
-            continue;
-        }
-        if (known->title != window.title)
-            m_news.insert(window.applicationID, now);
-        known->title = window.title;
-        if (known->frame == window.frame)
-            continue;
-        const bool isMoved = known->frame.x != window.frame.x || known->frame.y != window.frame.y;
-        known->isMovedByUser = known->isMovedByUser || (isMoved && now - known->since >= timeToSettle);
-        known->frame = window.frame;
-        known->since = now;
+    if (!m_request.before) {
+        m_request.places = co_await WindowLayout::savedPlaces(m_request.windows, m_desktop);
+        m_request.before = co_await WindowLayout::openPlaces(m_request.windows, m_request.places, m_desktop);
     }
+    const WindowLayout::OpenPlaces &before = *m_request.before;
+    m_matching = WindowLayout::WindowMatching(m_request.windows, m_request.places);
+    m_contents.setPlaces(before.placesOfWindows);
+    m_matching.settle(
+        before.windows, before.placesOfWindows,
+        [this](const SavedWindow &saved, const MovableWindow &window) { return isInPlace(saved, window); });
 }
 
-bool Restore::isStill(const MovableWindow &window) const
+bool Restore::isInPlace(const SavedWindow &saved, const MovableWindow &window) const
 {
-    return m_clock.elapsed() - m_sightings.value(window.windowID).since >= lookInterval.count();
+    return WindowPlacement::isInPlace(window.frame, saved, m_displays, m_mainID);
 }
 
 bool Restore::isComing(const Pending &pending) const
 {
     const QString &appID = pending.saved.appID;
-    return pending.isAwaited && (!m_request.isStarting || m_request.isStarting(appID) ||
-                                 m_clock.elapsed() - m_news.value(appID) < timeToName);
+    return pending.isAwaited &&
+           (!m_request.isStarting || m_request.isStarting(appID) || m_sightings.timeSinceNews(appID) < timeToName);
+}
+
+// An application that is busy may answer later; one that was just opened has as long as its window may take to come.
+bool Restore::mayAnswer(const Pending &pending) const
+{
+    return pending.isAwaited || m_clock.elapsed() < m_request.firstWait.count() + timeToAnswer;
 }
 
 Restore::Decision Restore::decide(const Pending &pending, const MovableWindow &window) const
 {
-    const Sighting sighting = m_sightings.value(window.windowID);
+    const bool isRight = isInPlace(pending.saved, window);
     if (window.isMinimised)
-        return {.skip = reason::minimised};
-    if (window.isFullScreen)
-        return {.skip = reason::fullScreen};
-    if (window.isMaximised)
-        return {.skip = reason::maximised};
-    if (sighting.isMovedByUser)
-        return {.skip = reason::movedByUser};
-    const auto frame = WindowPlacement::fit(pending.saved, m_displays, m_mainID);
+        return {.why = reason::minimised};
+    if (window.isFullScreen || window.isMaximised) {
+        const auto *const why = window.isFullScreen ? reason::fullScreen : reason::maximised;
+        return isRight ? Decision{.isInPlace = true} : Decision{.why = why};
+    }
+    if (m_sightings.isMovedByUser(window.windowID))
+        return {.why = reason::movedByUser};
+    if (isRight && !pending.isAwaited)
+        return {.isInPlace = true};
+    const auto frame = isRight ? window.frame : WindowPlacement::fit(pending.saved, m_displays, m_mainID);
     if (!frame || !window.canMove || (!window.canResize && isResized(window.frame, *frame)))
-        return {.skip = reason::notMovable};
-    if (pending.isAwaited && !isStill(window))
-        return {};
+        return {.why = reason::notMovable};
+    if (pending.isAwaited && !m_sightings.isStill(window.windowID, lookInterval.count()))
+        return {.why = reason::noSuchWindow, .isWaiting = true};
     return {.move = WindowMove{window.windowID, *frame}};
 }
 
 Restore::Decision Restore::decide(const Pending &pending, const QList<MovableWindow> &live) const
 {
-    QList<MovableWindow> own = live;
-    own.removeIf([&](const MovableWindow &window) { return window.applicationID != pending.saved.appID; });
-    QStringList titles;
-    for (const MovableWindow &window : std::as_const(own))
-        titles += window.title;
-    const bool isUntitled = pending.saved.title.isEmpty();
-    const bool isThere = isUntitled ? !titles.isEmpty() : titles.contains(pending.saved.title);
-    if (!isThere)
-        return {.skip = isComing(pending) ? nullptr : reason::noSuchWindow};
-    const auto index = WindowPlacement::matchIndex(pending.saved.title, titles, pending.groupSize);
-    if (!index || pending.isAmbiguous)
-        return {.skip = reason::several};
-    return decide(pending, own[*index]);
+    const WindowMatch match = m_matching.find(pending.saved, live, m_contents.places());
+    const bool hasPlace = !WindowLayout::savedPath(pending.saved).isEmpty();
+    switch (match.kind) {
+    case WindowMatch::Kind::None:
+        return {.why = reason::noSuchWindow, .isWaiting = isComing(pending)};
+    case WindowMatch::Kind::Elsewhere:
+        return {.why = reason::elsewhere, .isWaiting = isComing(pending)};
+    case WindowMatch::Kind::Several:
+        return {.why = reason::several, .isWaiting = hasPlace && isComing(pending)};
+    case WindowMatch::Kind::One:
+        break;
+    }
+    // What was opened is sooner in a window that is to come than in one that was there and only has its title.
+    if (hasPlace && m_matching.isStranger(match.window.windowID) && isComing(pending))
+        return {.why = reason::noSuchWindow, .isWaiting = true};
+    return decide(pending, match.window);
+}
+
+QList<SavedWindow> Restore::awaited() const
+{
+    QList<SavedWindow> windows;
+    for (const Pending &pending : m_pending) {
+        if (pending.isAwaited)
+            windows.append(pending.saved);
+    }
+    return windows;
 }
 
 // Places what can be placed now and keeps what is waited for.
 QCoro::Task<void> Restore::place()
 {
+    co_await m_contents.update(m_mover.windows(), awaited());
     const QList<MovableWindow> live = m_mover.windows();
-    look(live);
+    m_sightings.look(live);
     QList<WindowMove> moves;
     QList<Pending> moved;
-    QList<Pending> awaited;
-    for (const Pending &pending : std::as_const(m_pending)) {
+    QList<Pending> waiting;
+    for (Pending &pending : m_pending) {
         const Decision decision = decide(pending, live);
+        pending.why = decision.why;
         if (decision.move) {
             moves.append(*decision.move);
             moved.append(pending);
-        } else if (decision.skip) {
-            skip(pending.saved, decision.skip);
+        } else if (decision.isInPlace) {
+            ++m_result.restoredCount;
+        } else if (decision.isWaiting) {
+            waiting.append(pending);
         } else {
-            awaited.append(pending);
+            skip(pending.saved, decision.why);
         }
     }
-    m_pending = awaited;
-    if (moves.isEmpty())
-        co_return;
+    m_pending = waiting;
+    if (!moves.isEmpty())
+        co_await carryOut(moved, moves);
+}
+
+QCoro::Task<void> Restore::carryOut(QList<Pending> moved, QList<WindowMove> moves)
+{
     const QList<MoveResult> results = co_await m_mover.move(moves);
     for (qsizetype i = 0; i < moves.size(); ++i) {
-        finish(moved[i].saved, results.value(i, MoveResult::Refused));
-        if (moved[i].isAwaited && results.value(i) == MoveResult::Placed)
+        const MoveResult result = results.value(i, MoveResult::Refused);
+        Pending &pending = moved[i];
+        pending.why = result == MoveResult::NotAnswering ? reason::notAnswering : reason::notMovable;
+        if (result == MoveResult::Placed)
+            ++m_result.restoredCount;
+        else if (result == MoveResult::NotAnswering && mayAnswer(pending))
+            m_pending.append(pending);
+        else
+            skip(pending.saved, pending.why);
+        if (pending.isAwaited && result == MoveResult::Placed)
             m_late.append({moves[i], m_clock.elapsed()});
     }
 }
@@ -289,7 +301,9 @@ QCoro::Task<RestoreResult> Restore::run()
             skip(pending.saved, capability.reason);
         co_return m_result;
     }
-    look(m_mover.windows());
+    m_clock.start();
+    m_sightings.look(m_mover.windows());
+    co_await prepare();
     co_await QCoro::sleepFor(m_request.firstWait);
     co_await place();
     const qint64 deadline = (m_request.firstWait + m_request.patience).count();
@@ -299,15 +313,15 @@ QCoro::Task<RestoreResult> Restore::run()
         co_await placeAgain();
     }
     for (const Pending &pending : std::as_const(m_pending))
-        skip(pending.saved, reason::noSuchWindow);
+        skip(pending.saved, pending.why);
     co_return m_result;
 }
 
 } // namespace
 
-QCoro::Task<RestoreResult> WindowLayout::restore(RestoreRequest request, WindowMover &mover, WindowServer &server)
+QCoro::Task<RestoreResult> WindowLayout::restore(RestoreRequest request, Desktop &desktop)
 {
-    Restore restore(std::move(request), mover, server);
+    Restore restore(std::move(request), desktop);
     co_return co_await restore.run();
 }
 

@@ -2,8 +2,7 @@
 #pragma once
 
 #include "capture/RestoreSummary.h"
-#include "desktop/WindowMover.h"
-#include "desktop/WindowServer.h"
+#include "capture/WindowContents.h"
 
 #include <QCoroTask>
 #include <QList>
@@ -13,6 +12,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 
 namespace ardeno::WindowLayout {
 
@@ -22,14 +22,18 @@ struct RestoreRequest {
     QSet<QString> allowedAppIDs = {}; // Windows of other applications are neither touched nor counted.
     QSet<QUuid> onlyIDs = {};         // When not empty, the others count only for telling windows apart.
     QSet<QUuid> awaitedIDs = {};      // Saved windows that this resume caused to be opened: they may come late.
+    SavedPlaces places = {};          // Of the windows.
+    // What there was before this resume opened anything; without it, nothing has been opened and it is asked for.
+    std::optional<OpenPlaces> before = {};
     // Whether what was opened with an application has yet to show its window; without an answer the patience decides.
     std::function<bool(const QString &)> isStarting = {};
     std::chrono::milliseconds firstWait = std::chrono::milliseconds(650);
     std::chrono::milliseconds patience = std::chrono::seconds(10); // For awaited windows.
 };
 
-// Moves the windows that are certain to be the saved ones back to where they were; what is minimised, full screen,
-// maximised, hung or in the user's hands is left alone, and each window left alone has its reason. Never throws.
-QCoro::Task<RestoreResult> restore(RestoreRequest request, WindowMover &mover, WindowServer &server);
+// Moves the windows that are certain to be the saved ones back to where they were. What is minimised, full screen or
+// maximised elsewhere, hung or in the user's hands is left alone, and each window left alone has its reason. A window
+// that needs no move counts as restored. The desktop outlives the task. Never throws.
+QCoro::Task<RestoreResult> restore(RestoreRequest request, Desktop &desktop);
 
 } // namespace ardeno::WindowLayout

@@ -121,13 +121,15 @@ QCoro::Task<QList<SavedWindow>> AppStore::restorePlaces(WindowLayout::LocationRe
     report->documents = opened.documents;
     report->outcome.failures += opened.failures;
     WindowLayout::RestoreRequest request{.windows = places.windows, .allowedAppIDs = places.allowedAppIDs};
+    request.places = places.places;
+    request.before = places.open;
     request.isStarting = [this](const QString &appID) { return m_desktop.launcher->isStarting(appID); };
     for (const SavedWindow &window : std::as_const(places.windows)) {
         const bool isStarting = places.launchedAppIDs.contains(window.appID) && !opened.failedIDs.contains(window.id);
         if (isStarting || opened.openedIDs.contains(window.id))
             request.awaitedIDs.insert(window.id);
     }
-    report->layout = co_await WindowLayout::restore(request, *m_desktop.windowMover, *m_desktop.windowServer);
+    report->layout = co_await WindowLayout::restore(request, m_desktop);
     places.windows.removeIf([&](const SavedWindow &window) { return !opened.openedIDs.contains(window.id); });
     co_return places.windows;
 }
@@ -170,8 +172,7 @@ QCoro::Task<Outcome> AppStore::placeWindows(WindowLayout::RestoreRequest request
     busy.set(true);
     const auto idle = qScopeGuard([this] { busy.set(false); });
     const LibraryLock turn = co_await turnToResume();
-    const RestoreResult result =
-        co_await WindowLayout::restore(request, *m_desktop.windowMover, *m_desktop.windowServer);
+    const RestoreResult result = co_await WindowLayout::restore(request, m_desktop);
     if (!result.accessibilityRequired)
         keepUnplaced(request.windows, result);
     outcome.isDone = true;

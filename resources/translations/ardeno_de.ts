@@ -1523,6 +1523,10 @@ für die Arbeit.</translation>
         <translation>kein solches Fenster</translation>
     </message>
     <message>
+        <source>shown in another window</source>
+        <translation>in einem anderen Fenster</translation>
+    </message>
+    <message>
         <source>several with that title</source>
         <translation>mehrere mit diesem Titel</translation>
     </message>

@@ -42,33 +42,6 @@ SavedWindow saved(const WindowRect &frame, quint32 displayID = 1, const WindowRe
 
 } // namespace
 
-TEST_CASE("a saved window is one live window or none, never a guess")
-{
-    struct Case {
-        QString title;
-        QStringList candidates;
-        qsizetype savedCount;
-        std::optional<qsizetype> expected;
-    };
-
-    const std::array cases = {
-        Case{"notes", {"other", "notes"}, 2, 1},
-        Case{"notes", {"Notes", "notes "}, 1, std::nullopt},
-        Case{"notes", {}, 1, std::nullopt},
-        Case{"Untitled", {"Untitled", "Untitled"}, 1, std::nullopt},
-        Case{"Untitled", {"Untitled", "x", "Untitled"}, 2, std::nullopt},
-        Case{"", {"anything"}, 1, 0},
-        Case{"", {"anything"}, 2, std::nullopt},
-        Case{"", {"", "other"}, 1, std::nullopt},
-        Case{"", {}, 1, std::nullopt},
-    };
-    for (const Case &each : cases) {
-        CAPTURE(each.title);
-        CAPTURE(each.candidates);
-        CHECK(WindowPlacement::matchIndex(each.title, each.candidates, each.savedCount) == each.expected);
-    }
-}
-
 TEST_CASE("a saved frame goes to the same place of its display, or to the main one, and stays inside")
 {
     struct Case {
@@ -115,4 +88,13 @@ TEST_CASE("the display is the saved one, else the main one, else the first")
     CHECK_FALSE(WindowPlacement::fit(window, {}, 1).has_value());
     const QList<WindowLayout::DisplayEntry> tiny = {{1, {0, 0, 100, 60}}};
     CHECK(WindowPlacement::fit(window, tiny, 1) == WindowRect{0, 0, 100, 60});
+}
+
+TEST_CASE("a window that stands where it was saved is in its place, even where no window would be put")
+{
+    const SavedWindow half = saved({-200, 100, 80, 60}); // Half off its display, and smaller than is usual.
+    CHECK(WindowPlacement::isInPlace({-200.6, 100, 80, 60.6}, half, both, 1));
+    CHECK(WindowPlacement::isInPlace(*WindowPlacement::fit(half, both, 1), half, both, 1));
+    CHECK_FALSE(WindowPlacement::isInPlace({-198, 100, 80, 60}, half, both, 1));
+    CHECK_FALSE_MESSAGE(WindowPlacement::isInPlace(half.frame, half, {{2, right}}, 2), "its display has gone");
 }
