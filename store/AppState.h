@@ -48,8 +48,9 @@ struct AppState : Messages {
     // Capture form and progress.
     Editable<bool> showCapture;
     Editable<bool> showQuickCapture;
-    Published<bool> busy;    // Something is captured, saved or resumed: nothing else of the kind can begin.
-    Published<bool> working; // Something goes on that the end of the program waits for.
+    Published<bool> busy;       // Something is captured, saved or resumed: nothing else of the kind can begin.
+    Published<bool> savingForm; // That is the form's own capture; while something else is, it can be filled in.
+    Published<bool> working;    // Something goes on that the end of the program waits for.
     Published<bool> recording;
     Published<std::optional<QString>> recordingFailure; // Why nothing is recorded any more, until the session ends.
     Editable<bool> pendingRecording;

@@ -276,7 +276,18 @@ private:
     void readAgain(Outcome *outcome);
     WorkspaceLibrary library() const;
     Outcome updateProject(QUuid id, const std::function<void(Project &)> &change);
-    bool write(Checkpoint checkpoint, Outcome *outcome, const SettleMedia &settle = {});
+
+    // A checkpoint together with the project that it belongs to: another program's library may not have it.
+    struct OwnedCheckpoint {
+        Checkpoint checkpoint;
+        std::optional<Project> project = {};
+    };
+
+    OwnedCheckpoint owned(const Checkpoint &checkpoint) const;
+    bool write(OwnedCheckpoint saved, Outcome *outcome, const SettleMedia &settle = {});
+    void show(const Checkpoint &saved);
+    Outcome makeProject(const QString &name);
+    void beginWith(const QUuid &projectID);
     bool isShowingSamples() const;
     void forgetProject(QUuid id);
     QString mediaFolder(const QUuid &checkpointID) const;
@@ -301,11 +312,23 @@ private:
     // Capturing.
     std::optional<QUuid> draftProject(Outcome *outcome);
     QCoro::Task<Outcome> captureForm(QString title, QString next, CaptureKind kind);
-    QCoro::Task<Outcome> capture(CaptureRequest request, CaptureKind kind);
+    QCoro::Task<Outcome> capture(CaptureRequest request, CaptureKind kind, Audience audience);
+    void finishCapture(const OwnedCheckpoint &captured, CaptureKind kind, Audience audience, UnsavedMedia *media,
+                       Outcome *outcome);
     // The limits are what the note says beside how the capture went.
     QCoro::Task<void> fill(Checkpoint *checkpoint, QString mediaFolder, bool withTabs, QString *limits = nullptr);
+    QCoro::Task<void> collect(Checkpoint *checkpoint, QString mediaFolder, bool withTabs, QString *limits);
     QCoro::Task<void> takePicture(Checkpoint *checkpoint, QString mediaFolder);
-    void finishForm();
+
+    // What of the form is being saved.
+    struct FormInUse {
+        QString title;
+        QString next;
+        bool hasSheet;
+        bool hasPanel;
+    };
+
+    void finishForm(const FormInUse &saved);
     void considerNewsletter();
     Outcome saveExclusions(const CaptureExclusions &changed, Audience audience);
 
@@ -327,19 +350,19 @@ private:
     // Work sessions.
     // Why none can be started.
     std::optional<QString> sessionObstacle() const;
-    QCoro::Task<void> beginRecording(Checkpoint *checkpoint, UnsavedMedia *media);
+    QCoro::Task<void> beginRecording(OwnedCheckpoint session, UnsavedMedia *media);
     void recordingFailed(const Failure &failure);
-    QCoro::Task<Outcome> stopSession();
+    QCoro::Task<Outcome> stopSession(Audience audience);
     void endSession();
     QCoro::Task<std::optional<QString>> finishVideo(Checkpoint *checkpoint);
     QCoro::Task<void> captureEnd(Checkpoint *checkpoint);
-    void saveSession(const Checkpoint &checkpoint, Outcome *outcome);
+    void saveSession(const OwnedCheckpoint &session, Audience audience, Outcome *outcome);
     QSet<QUuid> resolveMedia();
     QList<Checkpoint> interruptedSessions(const QSet<QUuid> &journals, Outcome *outcome) const;
     // Saves the checkpoints of sessions that were cut short, whose journals are in these folders.
     void recoverSessions(const QSet<QUuid> &journals);
     // Sessions whose checkpoints could not be written are kept beside their media and go with the next change.
-    Remark keepUnsaved(const Checkpoint &session);
+    Remark keepUnsaved(const OwnedCheckpoint &session);
     static Remark sessionSaved(const Checkpoint &session);
     void sessionsSaved(const WorkspaceLibrary &written, Outcome *outcome);
 
@@ -367,14 +390,9 @@ private:
     std::unique_ptr<Thumbnails> m_thumbnails = {};
     Project m_sampleProject = {};
     bool m_isLibraryRead = false;
-    std::optional<Checkpoint> m_active; // The checkpoint being recorded.
-
-    struct UnsavedSession {
-        Checkpoint checkpoint;
-        std::optional<Project> project; // Another program's library may not have it.
-    };
-
-    QList<UnsavedSession> m_unsavedSessions;
+    // What is being recorded, from before the recorder is started: its project and the exclusions stay as they are.
+    std::optional<OwnedCheckpoint> m_active;
+    QList<OwnedCheckpoint> m_unsavedSessions;
     QStringList m_shownCopies;
     int m_running = 0; // Operations that take time.
     std::vector<QPropertyNotifier> m_mirrors;

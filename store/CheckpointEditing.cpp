@@ -2,12 +2,27 @@
 #include "capture/WindowLayout.h"
 #include "store/AppStore.h"
 #include "store/Subjects.h"
+#include "support/Identifiers.h"
 
 #include <algorithm>
 #include <utility>
 #include <variant>
 
 namespace ardeno {
+
+namespace {
+
+// Those whose address the checkpoint does not have yet.
+QList<SavedTab> newTabs(const Checkpoint &checkpoint, QList<SavedTab> tabs)
+{
+    QSet<QString> saved;
+    for (const SavedTab &tab : checkpoint.tabs)
+        saved.insert(tab.url);
+    tabs.removeIf([&](const SavedTab &tab) { return saved.contains(tab.url); });
+    return tabs;
+}
+
+} // namespace
 
 // A copy to change, of a checkpoint that may be changed.
 std::optional<Checkpoint> AppStore::editable(const QUuid &id) const
@@ -59,15 +74,12 @@ QCoro::Task<Outcome> AppStore::addTabs(QUuid checkpointID)
     const std::optional<Checkpoint> changed = editable(checkpointID); // As it is by now.
     if (!changed)
         co_return outcome;
-    QSet<QString> saved;
-    for (const SavedTab &tab : std::as_const(changed->tabs))
-        saved.insert(tab.url);
-    QList<SavedTab> added = open.tabs;
-    added.removeIf([&](const SavedTab &tab) { return saved.contains(tab.url) || !exclusions().allows(tab); });
+    QList<SavedTab> added = newTabs(*changed, open.tabs);
     if (!added.isEmpty()) {
         const auto append = [&](Checkpoint &checkpoint) {
+            added = newTabs(checkpoint, open.tabs); // Where another program has added some.
             checkpoint.tabs += added;
-            return true;
+            return !added.isEmpty();
         };
         outcome = edit(checkpointID, "tabs", append);
         if (!outcome)
@@ -109,9 +121,9 @@ QCoro::Task<Outcome> AppStore::addLayout(QUuid checkpointID)
         outcome.notice = tr("No visible windows matched this checkpoint’s saved apps.");
         co_return outcome;
     }
-    if (!editable(checkpointID)) // It was deleted meanwhile.
-        co_return outcome;
-    const auto replace = [&](Checkpoint &checkpoint) {
+    const auto replace = [&](Checkpoint &checkpoint) { // As it is by now.
+        const QSet<QString> saved = idsOf(checkpoint.apps);
+        windows.removeIf([&](const SavedWindow &window) { return !saved.contains(window.appID); });
         checkpoint.windows = windows;
         return true;
     };

@@ -57,7 +57,7 @@ bool AppStore::commitDeletion(const TakeCheckpoints &take, const DeletionTexts &
 Outcome AppStore::deleteProject(QUuid id)
 {
     Outcome outcome{.subject = subjects::about("delete project", id)};
-    if (m_active && m_active->projectID == id) {
+    if (m_active && m_active->checkpoint.projectID == id) {
         outcome.subject = subjects::whileRecording;
         outcome.fail(tr("Finish the recording before deleting its project."));
         return concluded(std::move(outcome));
@@ -101,7 +101,7 @@ void AppStore::forgetProject(QUuid id)
 Outcome AppStore::deleteCheckpoint(QUuid id)
 {
     Outcome outcome{.subject = subjects::about("delete checkpoint", id)};
-    if (m_active && m_active->id == id) {
+    if (m_active && m_active->checkpoint.id == id) {
         outcome.subject = subjects::whileRecording;
         outcome.fail(tr("Finish the recording before deleting its checkpoint."));
         return concluded(std::move(outcome));

@@ -67,7 +67,7 @@ QList<InstalledApplication> AppStore::installedApps() const
 Outcome AppStore::saveExclusions(const CaptureExclusions &changed, Audience audience)
 {
     Outcome outcome{.subject = subjects::exclusions};
-    if (recording()) {
+    if (m_active) {
         outcome.subject = subjects::whileRecording;
         outcome.fail(tr("Finish the recording before changing exclusions."));
         return concluded(std::move(outcome), audience);

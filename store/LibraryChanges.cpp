@@ -30,12 +30,14 @@ template <typename Result>
 Result AppStore::concluded(Result outcome, Audience audience)
 {
     const PublishTogether group;
-    Outcome told = outcome;
-    if (audience == Audience::Caller)
-        told.error.reset();
-    else if (outcome.captureIssue)
-        captureIssue.set(outcome.captureIssue);
-    tell(told);
+    if (audience == Audience::Window) {
+        if (outcome.captureIssue)
+            captureIssue.set(outcome.captureIssue);
+        tell(outcome);
+        return outcome;
+    }
+    for (const Remark &each : outcome.remarks) // They are about the library, which is the window's as well.
+        remark(each);
     return outcome;
 }
 
@@ -94,7 +96,7 @@ bool AppStore::commit(const Change &change, const QString &failurePrefix, Outcom
 void AppStore::addUnsavedSessions(WorkspaceLibrary *library) const
 {
     const QSet<QUuid> existing = idsOf(library->checkpoints);
-    for (const UnsavedSession &session : std::as_const(m_unsavedSessions)) {
+    for (const OwnedCheckpoint &session : std::as_const(m_unsavedSessions)) {
         if (existing.contains(session.checkpoint.id))
             continue;
         library->checkpoints.prepend(session.checkpoint);

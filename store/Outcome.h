@@ -9,7 +9,8 @@
 
 namespace ardeno {
 
-// Who is told what an operation could not do: the window shows it, or whoever called the operation says it.
+// Whom an operation is for: the window shows how it ended and what it made, or whoever called it says so and the window
+// stays as its user left it, with its selection, messages and drafts. Remarks are shown in any case.
 enum class Audience { Window, Caller };
 
 // Something to know that is neither a success nor a failure of the moment; the window shows it until it is dismissed.

@@ -23,6 +23,22 @@ const Record *find(const QList<Record> &records, const QUuid &id)
 
 Outcome AppStore::createProject(const QString &name, Audience audience)
 {
+    Outcome outcome = makeProject(name);
+    if (outcome && audience == Audience::Window)
+        beginWith(*outcome);
+    return concluded(std::move(outcome), audience);
+}
+
+// What is done next is most likely done for it.
+void AppStore::beginWith(const QUuid &projectID)
+{
+    const PublishTogether group;
+    selectProject(projectID);
+    draftProjectID.set(projectID);
+}
+
+Outcome AppStore::makeProject(const QString &name)
+{
     Outcome outcome{.subject = "create project"};
     const Project created{.name = name.trimmed()};
     if (created.name.isEmpty())
@@ -36,11 +52,9 @@ Outcome AppStore::createProject(const QString &name, Audience audience)
         };
         outcome.isDone = commit(append, tr("Could not create the project: "), &outcome);
     }
-    if (outcome.isDone)
-        selectProject(*outcome.id);
-    else
+    if (!outcome.isDone)
         outcome.id.reset();
-    return concluded(std::move(outcome), audience);
+    return outcome;
 }
 
 void AppStore::setSelectedProjectID(const std::optional<QUuid> &id)

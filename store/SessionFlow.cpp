@@ -28,7 +28,7 @@ QString withoutFullStop(QString sentence)
 
 QCoro::Task<Outcome> AppStore::startSession(CaptureRequest request, Audience audience)
 {
-    return carryOut(capture(std::move(request), CaptureKind::Session), audience);
+    return carryOut(capture(std::move(request), CaptureKind::Session, audience), audience);
 }
 
 std::optional<QString> AppStore::sessionObstacle() const
@@ -40,18 +40,20 @@ std::optional<QString> AppStore::sessionObstacle() const
 }
 
 // From here on the session outlives the program: what was captured so far lies beside the video that begins now.
-QCoro::Task<void> AppStore::beginRecording(Checkpoint *checkpoint, UnsavedMedia *media)
+QCoro::Task<void> AppStore::beginRecording(OwnedCheckpoint session, UnsavedMedia *media)
 {
-    const QString video = MediaFolders::own(m_repository.root(), checkpoint->id) + '/' + MediaFile::recording;
-    checkpoint->recording = video;
-    Checkpoint interrupted = *checkpoint;
+    const QString video = MediaFolders::own(m_repository.root(), session.checkpoint.id) + '/' + MediaFile::recording;
+    session.checkpoint.recording = video;
+    Checkpoint interrupted = session.checkpoint;
     interrupted.captureNote = "Workspace captured at the start of your session, which ended before it was stopped.";
     SessionJournal::write(media->folder(), interrupted);
     media->adopt();
+    m_active = std::move(session);
+    auto giveUp = qScopeGuard([this] { m_active.reset(); });
     co_await m_capture.startRecording(video, exclusions().appIDs());
+    giveUp.dismiss();
     media->keep();
     const PublishTogether group;
-    m_active = *checkpoint;
     startedAt.set(Date::now());
     recording.set(true);
 }
@@ -68,10 +70,10 @@ void AppStore::recordingFailed(const Failure &failure)
 
 QCoro::Task<Outcome> AppStore::stop(Audience audience)
 {
-    return carryOut(stopSession(), audience);
+    return carryOut(stopSession(audience), audience);
 }
 
-QCoro::Task<Outcome> AppStore::stopSession()
+QCoro::Task<Outcome> AppStore::stopSession(Audience audience)
 {
     Outcome outcome{.subject = subjects::recording};
     co_await whenIdle();
@@ -79,13 +81,13 @@ QCoro::Task<Outcome> AppStore::stopSession()
         co_return outcome;
     busy.set(true);
     const auto over = qScopeGuard([this] { endSession(); });
-    Checkpoint checkpoint = *m_active;
-    const std::optional<QString> problem = co_await finishVideo(&checkpoint);
+    OwnedCheckpoint session = *m_active;
+    const std::optional<QString> problem = co_await finishVideo(&session.checkpoint);
     if (problem)
         outcome.fail(*problem);
-    co_await captureEnd(&checkpoint);
-    outcome.id = checkpoint.id;
-    saveSession(checkpoint, &outcome);
+    co_await captureEnd(&session.checkpoint);
+    outcome.id = session.checkpoint.id;
+    saveSession(session, audience, &outcome);
     co_return outcome;
 }
 
@@ -119,8 +121,9 @@ QCoro::Task<void> AppStore::captureEnd(Checkpoint *checkpoint)
     Checkpoint end = *checkpoint;
     QString limits;
     bool hasPicture = true;
+    const bool withTabs = includeBrowser();
     try {
-        co_await fill(&end, mediaFolder(end.id), includeBrowser(), &limits);
+        co_await fill(&end, mediaFolder(end.id), withTabs, &limits);
     } catch (...) {
         hasPicture = false; // The note says so.
     }
@@ -128,8 +131,11 @@ QCoro::Task<void> AppStore::captureEnd(Checkpoint *checkpoint)
         // Nothing can be seen any more, which does not mean that nothing was there.
         checkpoint->captureNote = "Workspace captured at the start of your session; at its end the desktop had gone.";
     } else {
+        const bool hadTabs = !checkpoint->tabs.isEmpty();
         *checkpoint = std::move(end);
         checkpoint->captureNote = noteOfEnd + limits;
+        if (hadTabs && !withTabs)
+            checkpoint->captureNote += " Browser capture was off by then.";
         if (!hasPicture)
             checkpoint->captureNote += " The screenshot is from the start of the session.";
     }
@@ -140,8 +146,9 @@ QCoro::Task<void> AppStore::captureEnd(Checkpoint *checkpoint)
                 QString(MediaFile::recording));
 }
 
-void AppStore::saveSession(const Checkpoint &checkpoint, Outcome *outcome)
+void AppStore::saveSession(const OwnedCheckpoint &session, Audience audience, Outcome *outcome)
 {
+    const Checkpoint &checkpoint = session.checkpoint;
     const QString folder = MediaFolders::own(m_repository.root(), checkpoint.id);
     try {
         SessionJournal::write(mediaFolder(checkpoint.id),
@@ -149,13 +156,16 @@ void AppStore::saveSession(const Checkpoint &checkpoint, Outcome *outcome)
     } catch (const Failure &) {
         // The journal of the start is still there.
     }
-    if (!write(checkpoint, outcome)) {
-        outcome->remarks += keepUnsaved(checkpoint);
+    if (!write(session, outcome)) {
+        outcome->remarks += keepUnsaved(session);
         return;
     }
     SessionJournal::remove(folder);
     outcome->isDone = true;
     outcome->notice = tr("Recording stopped and checkpoint saved. Add a next step to make returning easier.");
+    if (audience == Audience::Caller)
+        return;
+    show(checkpoint);
     considerNewsletter();
 }
 
@@ -165,10 +175,10 @@ Remark AppStore::sessionSaved(const Checkpoint &session)
             .subject = subjects::about("session", session.id)};
 }
 
-Remark AppStore::keepUnsaved(const Checkpoint &session)
+Remark AppStore::keepUnsaved(const OwnedCheckpoint &unsaved)
 {
-    const Project *const owner = session.projectID ? project(*session.projectID) : nullptr;
-    m_unsavedSessions.append({session, owner ? std::optional(*owner) : std::nullopt});
+    m_unsavedSessions.append(unsaved);
+    const Checkpoint &session = unsaved.checkpoint;
     return {.sentence = tr("Your work session “%1” is kept in %2 and will be saved as soon as the library can be "
                            "written.")
                             .arg(session.title, MediaFolders::own(m_repository.root(), session.id)),
@@ -226,7 +236,7 @@ void AppStore::recoverSessions(const QSet<QUuid> &journals)
     };
     if (!interrupted.isEmpty() && !commit(add, tr("Could not save an interrupted work session: "), &outcome)) {
         for (const Checkpoint &session : interrupted)
-            outcome.remarks += keepUnsaved(session);
+            outcome.remarks += keepUnsaved(owned(session));
         tell(outcome);
         return;
     }

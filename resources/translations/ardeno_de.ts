@@ -28,6 +28,10 @@
         <translation>Wählen Sie vor dem Sichern ein Projekt oder geben Sie den Namen eines neuen ein.</translation>
     </message>
     <message>
+        <source>The project was deleted meanwhile, so nothing was saved. Your draft is safe.</source>
+        <translation>Das Projekt wurde inzwischen gelöscht, daher wurde nichts gespeichert. Dein Entwurf ist noch da.</translation>
+    </message>
+    <message>
         <source>Could not save this checkpoint: </source>
         <translation>Dieser Checkpoint konnte nicht gesichert werden: </translation>
     </message>

@@ -43,6 +43,7 @@ struct InMemoryDesktop {
     RecordingEvents recordingEvents = {};                 // Of the last one, for what a test lets happen to it.
     Capability recorder = Capability::available();
     std::optional<Failure> recordingFailure = {};  // Of the next start.
+    std::function<void()> whileStarting = {};      // Called in the middle of a recording's start.
     std::function<void()> whenStopped = {};        // Instead of the file being finished when the recording is stopped.
     QList<WindowLocation> folders = {};            // What windows of file browsers show.
     QList<WindowLocation> documents = {};          // What windows of other applications show; each has a process.

@@ -89,6 +89,8 @@ public:
     {
         m_desktop.recordings.append(request);
         co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        if (m_desktop.whileStarting)
+            m_desktop.whileStarting();
         if (m_desktop.recordingFailure)
             throw Failure(*m_desktop.recordingFailure);
         QFile file(request.path);

@@ -153,6 +153,68 @@ TEST_CASE_FIXTURE(StoreFixture, "only one capture runs at a time")
     CHECK(store().checkpoints().first().title == "first");
 }
 
+TEST_CASE_FIXTURE(StoreFixture, "a project that goes while something is captured for it is not made anew")
+{
+    for (const CaptureKind kind : {CaptureKind::Checkpoint, CaptureKind::Session}) {
+        store().draftProjectID.set(store().createProject("Thesis").id);
+        memory.whileComposing = [this] { CHECK(store().deleteProject(*store().draftProjectID())); };
+        finish(store().captureMoment("Title", {}, kind));
+        CHECK(store().captureIssue()->startsWith("The project was deleted meanwhile"));
+        CHECK(store().draftTitle() == "Title");
+        CHECK_FALSE(store().recording());
+        CHECK(memory.recordings.isEmpty());
+        CHECK(store().projects().isEmpty());
+        CHECK(mediaFolders(root()).isEmpty());
+    }
+    memory.whileComposing = {};
+    const QUuid again = *store().createProject("Thesis");
+    memory.whileStarting = [this, again] { CHECK_FALSE(store().deleteProject(again)); };
+    REQUIRE(finish(store().captureMoment("Title", {}, CaptureKind::Session)));
+    // Another program's library does not have it: it comes back with its name.
+    QFile::remove(libraryPath());
+    CheckpointRepository(root()).saveLibrary({.projects = {Project{.name = "Other"}}});
+    REQUIRE(store().createProject("Third"));
+    REQUIRE_FALSE(store().project(again));
+    REQUIRE(finish(store().stop()));
+    CHECK(namesOf(store().projects()) == QStringList{"Other", "Third", "Thesis"});
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "a rule made while something is captured holds for all of it")
+{
+    const QString chrome = "com.google.Chrome";
+    memory.addApplication("org.secret", "Secret", {0, 0, 500, 500}, "hidden");
+    memory.tabRecords[chrome] = u"1\u001f7\u001fhttps://bank.example/\u001fBank\u001e"_qs;
+    store().includeBrowser.set(true);
+    store().draftProjectID.set(store().createProject("Thesis").id);
+    const SavedApp secret{"org.secret", "Secret"};
+    REQUIRE(finish(store().captureMoment("All is shown", {}, CaptureKind::Checkpoint)));
+    REQUIRE(store().selected()->apps.contains(secret));
+    REQUIRE(store().selected()->tabs.size() == 1);
+
+    memory.whileComposing = [&] {
+        store().excludeApp(secret);
+        store().excludeDomain("bank.example");
+    };
+    const auto isHidden = [&](const Checkpoint &checkpoint) {
+        return !checkpoint.apps.contains(secret) && checkpoint.windows->size() == 1 && checkpoint.tabs.isEmpty() &&
+               memory.requests.last().excludedAppIDs.contains("org.secret");
+    };
+    REQUIRE(finish(store().captureMoment("Hidden", {}, CaptureKind::Checkpoint)));
+    CHECK(isHidden(*store().selected()));
+
+    store().allowApp("org.secret");
+    memory.whileStarting = [&] {
+        CHECK_FALSE(store().allowApp("org.secret"));
+        CHECK_FALSE(store().excludeApp({"org.editor", "Editor"}));
+    };
+    REQUIRE(finish(store().captureMoment("Session", {}, CaptureKind::Session)));
+    CHECK(memory.recordings.last().excludedAppIDs == store().exclusions().appIDs());
+    CHECK_MESSAGE(memory.recordings.last().excludedAppIDs == QSet<QString>{"org.secret"},
+                  "made during the picture, before the recorder was asked");
+    finish(store().stop());
+    CHECK(isHidden(*store().selected()));
+}
+
 TEST_CASE_FIXTURE(StoreFixture, "a save beside the form leaves the form's drafts alone")
 {
     store().draftTitle.set("half written");
@@ -191,9 +253,19 @@ TEST_CASE_FIXTURE(StoreFixture, "tabs are kept with the checkpoint, except those
     CHECK(store().selected()->captureNote.startsWith("No supported browser was open."));
 }
 
-TEST_CASE_FIXTURE(StoreFixture, "the form offers the last project unless it is archived or gone")
+TEST_CASE_FIXTURE(StoreFixture, "the form offers the project on whose page it opens, or the last one that is there")
 {
+    const QUuid other = *store().createProject("Garden");
+    finish(store().captureMoment("First", {}, CaptureKind::Checkpoint));
+    CHECK_MESSAGE(store().selected()->projectID == other, "a project just made is the one that is offered");
     const QUuid id = *store().createProject("Thesis");
+    store().draftProjectID.set(other); // Where the last draft was for.
+    store().requestCapture(CaptureKind::Checkpoint, CaptureForm::QuickPanel);
+    CHECK_MESSAGE(store().draftProjectID() == other, "the panel is on no page");
+    store().requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
+    finish(store().captureMoment("Second", {}, CaptureKind::Checkpoint));
+    CHECK(store().selected()->projectID == id);
+    store().showProjects();
     store().requestCapture(CaptureKind::Checkpoint, CaptureForm::QuickPanel);
     CHECK(store().draftProjectID() == id);
     CHECK(store().showQuickCapture());

@@ -67,7 +67,10 @@ TEST_CASE_FIXTURE(MessagesFixture, "what went wrong stays until it is dismissed 
 TEST_CASE_FIXTURE(MessagesFixture,
                   "whoever gives a command is told how it ended, and the window keeps its own messages")
 {
-    store().report("Something else.");
+    const QUuid shown = *store().createProject("Shown");
+    store().draftTitle.set("half written");
+    store().report("Something else.", "capture");
+    store().confirm("Done.");
     memory.pictureFailure = Failure("Capture", 1, "There is no picture.");
     const CaptureRequest request{project, "two", {}, false};
     const Outcome failed = finish(store().saveMoment(request, Audience::Caller));
@@ -81,6 +84,21 @@ TEST_CASE_FIXTURE(MessagesFixture,
     REQUIRE(done);
     CHECK(done.notice == "Checkpoint saved.");
     CHECK(store().checkpoint(*done)->title == "two");
+    CHECK(store().createProject("Third", Audience::Caller));
+    CHECK(store().createProject("Thesis", Audience::Caller).id == project);
+    REQUIRE(finish(store().startSession(request, Audience::Caller)));
+    CHECK(finish(store().stop(Audience::Caller)));
+    memory.failedStarts = {{"viewer", "Viewer", {}}};
+    CHECK(finish(store().restore(saved, ResumeChoice::missing, false, Audience::Caller)).error);
+    CHECK(store().excludeDomain("bank.example", Audience::Caller));
+    CHECK(store().selectedProjectID() == shown);
+    CHECK_FALSE(store().selection().has_value());
+    CHECK(store().draftProjectID() == shown);
+    CHECK(store().draftTitle() == "half written");
+    CHECK(store().sentences() == QStringList{"Something else."});
+    CHECK(store().notice() == "Done.");
+    CHECK_FALSE(store().showNewsletterPrompt());
+    CHECK(reopen().selectedProjectID() == shown);
 }
 
 TEST_CASE_FIXTURE(MessagesFixture, "whatever ends an operation is said")

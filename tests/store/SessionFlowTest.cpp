@@ -44,6 +44,8 @@ struct SessionFixture : StoreFixture {
 TEST_CASE_FIXTURE(SessionFixture, "a session is in the library once it is stopped, with the workspace of its end")
 {
     store().excludeApp({"org.secret", "Secret"});
+    store().includeBrowser.set(true);
+    memory.tabRecords["com.google.Chrome"] = u"1\u001f7\u001fhttps://a.example/\u001fA\u001e"_qs;
     const QUuid id = startSession();
     CHECK(store().notice() == QString("Recording your main display. Stop any time from the menu bar."));
     CHECK(store().startedAt().has_value());
@@ -56,8 +58,10 @@ TEST_CASE_FIXTURE(SessionFixture, "a session is in the library once it is stoppe
     const auto pending = json::decode<Checkpoint>(fileBytes(journalOf(id)));
     CHECK(pending.title == "Ablation");
     CHECK(pending.apps.size() == 1);
+    CHECK(pending.tabs.size() == 1);
 
     memory.addApplication("org.browser", "Browser", {0, 0, 500, 500});
+    store().includeBrowser.set(false);
     finish(store().stop());
 
     CHECK(store().notice() ==
@@ -71,7 +75,8 @@ TEST_CASE_FIXTURE(SessionFixture, "a session is in the library once it is stoppe
     CHECK(saved.title == "Ablation");
     CHECK(saved.nextStep == "Re-run");
     CHECK(saved.apps.size() == 2);
-    CHECK(saved.captureNote == "Workspace captured at the end of your session.");
+    CHECK(saved.captureNote == "Workspace captured at the end of your session. Browser capture was off by then.");
+    CHECK_MESSAGE(saved.tabs.isEmpty(), "those of the start are not of its end");
     CHECK(saved.recording == folderOf(id) + "/session.mp4");
     CHECK(memory.requests.size() == 2);
 }

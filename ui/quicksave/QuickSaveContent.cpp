@@ -65,8 +65,8 @@ QuickSaveContent::QuickSaveContent(AppStore &store, QWidget *parent)
     showDetails(false);
     m_observations.watch([this] { m_newProject->setVisible(DraftProject::isNew(m_store)); }, store.projects,
                          store.draftProjectID);
-    m_observations.watch([this] { showState(); }, store.busy, store.requestingAccess, store.draftProjectID,
-                         store.draftProjectName, store.captureIssue);
+    m_observations.watch([this] { showState(); }, store.busy, store.savingForm, store.requestingAccess,
+                         store.draftProjectID, store.draftProjectName, store.captureIssue);
 }
 
 QWidget *QuickSaveContent::makeProjectRow()
@@ -112,11 +112,11 @@ QWidget *QuickSaveContent::makeFooter()
 
 void QuickSaveContent::showState()
 {
-    const bool isBusy = m_store.busy() || m_store.requestingAccess();
+    const bool isSaving = m_store.savingForm() || m_store.requestingAccess();
     const bool lacksName = DraftProject::isNew(m_store) && m_store.draftProjectName().trimmed().isEmpty();
-    m_progress->setVisible(m_store.busy());
-    m_cancel->setEnabled(!isBusy);
-    m_save->setEnabled(!isBusy && !lacksName);
+    m_progress->setVisible(m_store.savingForm());
+    m_cancel->setEnabled(!isSaving);
+    m_save->setEnabled(!isSaving && !m_store.busy() && !lacksName);
     const std::optional<QString> problem = m_store.captureIssue() ? m_store.captureIssue() : m_error;
     m_problem->setText(problem.value_or(QString()));
     m_problem->setVisible(problem.has_value());

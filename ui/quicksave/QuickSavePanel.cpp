@@ -51,7 +51,7 @@ void QuickSavePanel::paintEvent(QPaintEvent *)
 
 void QuickSavePanel::closeEvent(QCloseEvent *event)
 {
-    const bool isBusy = m_store.busy() || m_store.requestingAccess();
+    const bool isBusy = m_store.savingForm() || m_store.requestingAccess();
     event->setAccepted(!isBusy);
     if (!isBusy)
         m_store.cancelCapture();

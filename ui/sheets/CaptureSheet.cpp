@@ -64,9 +64,9 @@ CaptureSheet::CaptureSheet(AppStore &store)
     });
     m_observations.watch([this] { showNewName(); }, store.draftProjectID, store.projects);
     m_observations.watch([this] { showKind(); }, store.pendingRecording);
-    m_observations.watch([this] { showState(); }, store.busy, store.pendingRecording, store.screenAccessGranted,
-                         store.screenAccessReason, store.permissionRequestSent, store.requestingAccess,
-                         store.restartingApp);
+    m_observations.watch([this] { showState(); }, store.busy, store.savingForm, store.pendingRecording,
+                         store.screenAccessGranted, store.screenAccessReason, store.permissionRequestSent,
+                         store.requestingAccess, store.restartingApp);
     m_observations.watch([this] { showMessages(); }, store.captureIssue, store.screenAccessReason);
     setFirstFocus(m_newName->isHidden() ? m_title : m_name);
 }
@@ -156,7 +156,7 @@ void CaptureSheet::showKind()
 QString CaptureSheet::primaryText() const
 {
     const bool isSession = m_store.pendingRecording();
-    if (m_store.busy())
+    if (m_store.savingForm())
         return isSession ? tr("Starting session…") : tr("Saving checkpoint…");
     if (!needsSetup())
         return isSession ? tr("Start session") : tr("Save checkpoint");
@@ -165,7 +165,7 @@ QString CaptureSheet::primaryText() const
 
 void CaptureSheet::showState()
 {
-    const bool isIdle = !m_store.busy() && !m_store.restartingApp() && !m_store.requestingAccess();
+    const bool isIdle = !m_store.savingForm() && !m_store.restartingApp() && !m_store.requestingAccess();
     m_setup->setVisible(needsSetup());
     setFixedWidth(formWidth + 56 + (needsSetup() ? columnGap + setupWidth : 0));
     const bool wasIdle = m_form->isEnabled();
@@ -173,7 +173,7 @@ void CaptureSheet::showState()
     m_cancel->setEnabled(isIdle);
     m_primary->setText(primaryText());
     m_primary->updateGeometry();
-    m_primary->setEnabled(isIdle && !m_store.screenAccessReason());
+    m_primary->setEnabled(isIdle && !m_store.busy() && !m_store.screenAccessReason());
     if (isIdle && !wasIdle && isVisible())
         m_primary->setFocus(Qt::OtherFocusReason); // To try again.
 }
