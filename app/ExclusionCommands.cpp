@@ -71,7 +71,9 @@ ExitStatus excludeDomain(const QString &text)
         throw Failure("Command", 3, u"Enter a valid website domain or an http/https URL."_qs);
     Desktop desktop = libraryOnlyDesktop();
     const auto exclude = [&](AppStore &store) { return store.excludeDomain(text, Audience::Caller); };
-    return change(desktop, exclude, u"%1 is left out of captures."_qs.arg(*domain));
+    return change(desktop, exclude,
+                  u"The pages of %1 are left out of captures. Pictures and recordings still show one that can be seen; "
+                  "exclude the browser to hide it there, too."_qs.arg(*domain));
 }
 
 bool hasApp(const AppStore &store, const QString &id)
@@ -125,7 +127,13 @@ ExitStatus runExclusions(const QCommandLineParser &parsed)
 {
     try {
         Desktop desktop = libraryOnlyDesktop();
+        if (parsed.isSet("start-over"))
+            return change(
+                desktop, [](AppStore &store) { return store.startExclusionsOver(Audience::Caller); },
+                "Nothing is left out of captures any more.");
         LockedStore locked(desktop, LockedStore::Purpose::Read);
+        if (const auto issue = locked.store().exclusionsObstacle())
+            throw Failure("Command", 4, *issue);
         const CaptureExclusions &exclusions = locked.store().exclusions();
         if (parsed.isSet("json")) {
             printJson(exclusions);

@@ -63,6 +63,7 @@ struct AppState : Messages {
     // Workspace editing.
     Published<std::optional<WorkspaceRemoval>> lastRemoval;
     Published<CaptureExclusions> exclusions;
+    Published<std::optional<QString>> exclusionsIssue; // Why they could not be read; nothing is captured then.
     Editable<bool> showExclusions;
     Published<QSet<QString>> runningApplicationIDs;
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/AppStore.h"
 
-#include "model/Json.h"
 #include "store/MediaFolders.h"
 #include "store/MediaRecovery.h"
 #include "store/PreferenceKeys.h"
@@ -31,6 +30,7 @@ QCoro::Task<qint64> startNothing()
 AppStore::AppStore(Desktop &desktop, StoreParts parts)
     : m_desktop(desktop),
       m_preferences(std::move(parts.preferences)),
+      m_exclusionsFile(m_preferences.folder()),
       m_repository(std::move(parts.repository)),
       m_beforeWrite(std::move(parts.beforeWrite)),
       m_checkScreenAccess(std::move(parts.checkScreenAccess)),
@@ -60,7 +60,9 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
             return idsOf(m_desktop.workspace->runningApplications()) - QSet{QString()};
         };
     readPreferences();
-    readExclusions();
+    takeOverExclusions();
+    if (!readExclusions())
+        report(*exclusionsIssue(), subjects::exclusions);
     m_mirrors.push_back(remarks.addNotifier([this] { keepCopiesInMind(); }));
     if (parts.remindOfCopies)
         remindOfCopies();
@@ -110,22 +112,6 @@ void AppStore::mirrorDraftProject()
         else
             m_preferences.remove(keys::draftProjectID);
     }));
-}
-
-void AppStore::readExclusions()
-{
-    const std::optional<QByteArray> stored = m_preferences.value(keys::captureExclusions);
-    if (!stored)
-        return;
-    try {
-        exclusions.set(json::decode<CaptureExclusions>(*stored));
-    } catch (const Failure &failure) {
-        m_preferences.setValue(keys::unreadableExclusions, *stored);
-        report(tr("Your capture exclusions could not be read, so nothing is left out of captures until you set them "
-                  "again. ") +
-                   failure.description(),
-               subjects::exclusions);
-    }
 }
 
 void AppStore::remindOfCopies()

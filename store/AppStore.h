@@ -12,6 +12,7 @@
 #include "model/CheckpointRepository.h"
 #include "model/LibraryLock.h"
 #include "store/AppState.h"
+#include "store/ExclusionsFile.h"
 #include "store/ProjectHistories.h"
 #include "store/ProjectSearch.h"
 #include "store/UnsavedMedia.h"
@@ -205,6 +206,10 @@ public:
     // Without an error where the text is no valid domain or address.
     Outcome excludeDomain(const QString &text, Audience audience = Audience::Window);
     Outcome allowDomain(const QString &domain, Audience audience = Audience::Window);
+    // Reads what stands on disk now, as before each capture: why none must take place.
+    std::optional<QString> exclusionsObstacle();
+    // For exclusions that cannot be read (exclusionsIssue): keeps what there is aside and starts without any.
+    Outcome startExclusionsOver(Audience audience = Audience::Window);
     // The applications that run now and could be excluded, by name.
     QList<SavedApp> runningApps() const;
     // Those that could be opened, by name, one entry each.
@@ -234,7 +239,7 @@ public:
 private:
     // Start-up.
     void readPreferences();
-    void readExclusions();
+    void takeOverExclusions();
     void remindOfCopies();
     void keepCopiesInMind();
     enum class Successor { Empty, FromMemory }; // Of an unreadable library.
@@ -330,7 +335,14 @@ private:
 
     void finishForm(const FormInUse &saved);
     void considerNewsletter();
-    Outcome saveExclusions(const CaptureExclusions &changed, Audience audience);
+
+    // Exclusions.
+    // Throws Failure.
+    CaptureExclusions storedExclusions();
+    // Publishes what stands on disk now; false, and why in exclusionsIssue, when that cannot be known.
+    bool readExclusions();
+    // On disk first, in force second.
+    Outcome changeExclusions(const std::function<void(CaptureExclusions &)> &change, Audience audience);
 
     QCoro::Task<Outcome> reveal(QString path);
 
@@ -356,6 +368,7 @@ private:
     void endSession();
     QCoro::Task<std::optional<QString>> finishVideo(Checkpoint *checkpoint);
     QCoro::Task<void> captureEnd(Checkpoint *checkpoint);
+    QCoro::Task<void> captureWorkspaceAtEnd(Checkpoint *checkpoint);
     void saveSession(const OwnedCheckpoint &session, Audience audience, Outcome *outcome);
     QSet<QUuid> resolveMedia();
     QList<Checkpoint> interruptedSessions(const QSet<QUuid> &journals, Outcome *outcome) const;
@@ -368,6 +381,7 @@ private:
 
     Desktop &m_desktop;
     Preferences m_preferences;
+    ExclusionsFile m_exclusionsFile;
     CheckpointRepository m_repository;
     std::function<void()> m_beforeWrite;
     std::function<bool()> m_checkScreenAccess;

@@ -37,7 +37,8 @@ QCoro::Task<Outcome> AppStore::capture(CaptureRequest request, CaptureKind kind,
     Outcome outcome{.subject = subjects::capture};
     if (busy())
         co_return outcome;
-    if (kind == CaptureKind::Session)
+    outcome.captureIssue = exclusionsObstacle();
+    if (kind == CaptureKind::Session && !outcome.captureIssue)
         outcome.captureIssue = sessionObstacle();
     if (outcome.captureIssue)
         co_return outcome;

@@ -70,6 +70,10 @@ QCoro::Task<Outcome> AppStore::addTabs(QUuid checkpointID)
     Outcome outcome;
     if (!editable(checkpointID))
         co_return outcome;
+    if (const std::optional<QString> obstacle = exclusionsObstacle()) {
+        outcome.fail(*obstacle);
+        co_return outcome;
+    }
     const WorkspaceCapture::OpenTabs open = co_await capturedTabs();
     const std::optional<Checkpoint> changed = editable(checkpointID); // As it is by now.
     if (!changed)
@@ -109,6 +113,10 @@ QCoro::Task<Outcome> AppStore::addLayout(QUuid checkpointID)
     const Capability server = m_desktop.windowServer->availability();
     if (!server.isAvailable()) {
         outcome.fail(server.reason);
+        co_return outcome;
+    }
+    if (const std::optional<QString> obstacle = exclusionsObstacle()) {
+        outcome.fail(*obstacle);
         co_return outcome;
     }
     const WindowLayout::Captured captured =

@@ -10,19 +10,69 @@
 
 namespace ardeno {
 
+// Where they stood before they had a file of their own: they go there with the first start that finds them.
+void AppStore::takeOverExclusions()
+{
+    const bool isStored = m_preferences.contains(keys::captureExclusions.name);
+    try {
+        const bool areKnown = isStored || (m_preferences.wereRead() && !m_preferences.mayBeMissing());
+        if (!m_exclusionsFile.exists() && areKnown)
+            m_exclusionsFile.create(isStored ? m_preferences.value(keys::captureExclusions).value_or(QByteArray())
+                                             : json::encode(CaptureExclusions()));
+        if (isStored && m_exclusionsFile.exists())
+            m_preferences.remove(keys::captureExclusions);
+    } catch (const Failure &) {
+        // Where nothing can be written they are read from where they are.
+    }
+}
+
+CaptureExclusions AppStore::storedExclusions()
+{
+    if (const std::optional<CaptureExclusions> stored = m_exclusionsFile.read())
+        return *stored;
+    if (m_preferences.contains(keys::captureExclusions.name))
+        return json::decode<CaptureExclusions>(m_preferences.value(keys::captureExclusions).value_or(QByteArray()));
+    if (m_preferences.mayBeMissing())
+        throw Failure("Exclusions", 3, tr("They stood in settings that could not be read."));
+    return {};
+}
+
+bool AppStore::readExclusions()
+{
+    try {
+        exclusions.set(storedExclusions());
+        exclusionsIssue.set(std::nullopt);
+        return true;
+    } catch (const Failure &failure) {
+        exclusionsIssue.set(
+            tr("Nothing is captured, because your capture exclusions could not be read: %1 Mend the file in %2, or "
+               "start over under “Capture exclusions” in the settings (in a terminal: %3). What could not be read is "
+               "kept.")
+                .arg(failure.description(), m_preferences.folder(), "ardeno exclusions --start-over"));
+        return false;
+    }
+}
+
+std::optional<QString> AppStore::exclusionsObstacle()
+{
+    return readExclusions() ? std::nullopt : exclusionsIssue();
+}
+
 Outcome AppStore::excludeApp(const SavedApp &app, Audience audience)
 {
-    CaptureExclusions changed = exclusions();
-    changed.apps.removeIf([&](const SavedApp &existing) { return existing.id == app.id; });
-    changed.apps.append(app);
-    return saveExclusions(changed, audience);
+    const auto exclude = [&](CaptureExclusions &changed) {
+        changed.apps.removeIf([&](const SavedApp &existing) { return existing.id == app.id; });
+        changed.apps.append(app);
+    };
+    return changeExclusions(exclude, audience);
 }
 
 Outcome AppStore::allowApp(const QString &id, Audience audience)
 {
-    CaptureExclusions changed = exclusions();
-    changed.apps.removeIf([&](const SavedApp &existing) { return existing.id == id; });
-    return saveExclusions(changed, audience);
+    const auto allow = [&](CaptureExclusions &changed) {
+        changed.apps.removeIf([&](const SavedApp &existing) { return existing.id == id; });
+    };
+    return changeExclusions(allow, audience);
 }
 
 Outcome AppStore::excludeDomain(const QString &text, Audience audience)
@@ -30,17 +80,39 @@ Outcome AppStore::excludeDomain(const QString &text, Audience audience)
     const std::optional<QString> domain = CaptureExclusions::domainFrom(text);
     if (!domain)
         return {};
-    CaptureExclusions changed = exclusions();
-    if (!changed.domains.contains(*domain))
-        changed.domains.append(*domain);
-    return saveExclusions(changed, audience);
+    const auto exclude = [&](CaptureExclusions &changed) {
+        if (!changed.domains.contains(*domain))
+            changed.domains.append(*domain);
+    };
+    return changeExclusions(exclude, audience);
 }
 
 Outcome AppStore::allowDomain(const QString &domain, Audience audience)
 {
-    CaptureExclusions changed = exclusions();
-    changed.domains.removeAll(domain);
-    return saveExclusions(changed, audience);
+    return changeExclusions([&](CaptureExclusions &changed) { changed.domains.removeAll(domain); }, audience);
+}
+
+Outcome AppStore::startExclusionsOver(Audience audience)
+{
+    Outcome outcome{.subject = subjects::exclusions};
+    if (readExclusions()) {
+        outcome.fail(tr("Your capture exclusions can be read. They stay as they are."));
+        return concluded(std::move(outcome), audience);
+    }
+    try {
+        const std::optional<QString> kept = m_exclusionsFile.moveAside();
+        m_exclusionsFile.write({});
+        m_preferences.remove(keys::captureExclusions);
+        outcome.isDone = readExclusions();
+        outcome.notice = tr("Nothing is left out of captures any more. Set your exclusions again.");
+        if (kept)
+            outcome.remarks += {.sentence = tr("What could not be read of your exclusions is kept as %1.").arg(*kept),
+                                .subject = subjects::exclusions,
+                                .file = kept};
+    } catch (const Failure &failure) {
+        outcome.fail(tr("Could not save the exclusions: ") + failure.description());
+    }
+    return concluded(std::move(outcome), audience);
 }
 
 QList<SavedApp> AppStore::runningApps() const
@@ -64,7 +136,7 @@ QList<InstalledApplication> AppStore::installedApps() const
     return apps;
 }
 
-Outcome AppStore::saveExclusions(const CaptureExclusions &changed, Audience audience)
+Outcome AppStore::changeExclusions(const std::function<void(CaptureExclusions &)> &change, Audience audience)
 {
     Outcome outcome{.subject = subjects::exclusions};
     if (m_active) {
@@ -72,12 +144,19 @@ Outcome AppStore::saveExclusions(const CaptureExclusions &changed, Audience audi
         outcome.fail(tr("Finish the recording before changing exclusions."));
         return concluded(std::move(outcome), audience);
     }
-    m_preferences.setValue(keys::captureExclusions, json::encode(changed));
-    outcome.isDone = m_preferences.synchronise();
-    if (outcome)
+    if (!readExclusions()) {
+        outcome.fail(*exclusionsIssue());
+        return concluded(std::move(outcome), audience);
+    }
+    CaptureExclusions changed = exclusions();
+    change(changed);
+    try {
+        m_exclusionsFile.write(changed);
         exclusions.set(changed);
-    else
-        outcome.fail(tr("Could not save the exclusions: the settings cannot be written."));
+        outcome.isDone = true;
+    } catch (const Failure &failure) {
+        outcome.fail(tr("Could not save the exclusions: ") + failure.description());
+    }
     return concluded(std::move(outcome), audience);
 }
 

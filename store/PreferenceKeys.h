@@ -13,9 +13,8 @@ namespace ardeno::keys {
 
 inline constexpr PreferenceKey<bool> includeBrowser{"includeBrowser"};
 inline constexpr PreferenceKey<QDateTime> lastUpdateCheck{"lastUpdateCheck"};
-inline constexpr PreferenceKey<QByteArray> captureExclusions{"captureExclusions"}; // JSON of CaptureExclusions.
-// The bytes that were stored under "captureExclusions" and could not be decoded.
-inline constexpr PreferenceKey<QByteArray> unreadableExclusions{"captureExclusionsUnreadable"};
+// JSON of CaptureExclusions, which have a file of their own now; see ExclusionsFile.
+inline constexpr PreferenceKey<QByteArray> captureExclusions{"captureExclusions"};
 // The copies of unreadable libraries that the user has not seen yet: their paths.
 inline constexpr PreferenceKey<QStringList> keptCopies{"keptCopies"};
 inline constexpr PreferenceKey<int> quickSaveShortcut{"quickSaveShortcut"};

@@ -118,6 +118,20 @@ QCoro::Task<std::optional<QString>> AppStore::finishVideo(Checkpoint *checkpoint
 
 QCoro::Task<void> AppStore::captureEnd(Checkpoint *checkpoint)
 {
+    if (exclusionsObstacle())
+        checkpoint->captureNote = "Workspace captured at the start of your session; at its end your capture exclusions "
+                                  "could not be read.";
+    else
+        co_await captureWorkspaceAtEnd(checkpoint);
+    const QString folder = MediaFolders::own(m_repository.root(), checkpoint->id);
+    if (!checkpoint->recording && QFile::exists(folder + '/' + MediaFile::recording))
+        checkpoint->captureNote +=
+            u" The recording broke off; what there is of it is kept with the media as %1."_qs.arg(
+                QString(MediaFile::recording));
+}
+
+QCoro::Task<void> AppStore::captureWorkspaceAtEnd(Checkpoint *checkpoint)
+{
     Checkpoint end = *checkpoint;
     QString limits;
     bool hasPicture = true;
@@ -130,20 +144,15 @@ QCoro::Task<void> AppStore::captureEnd(Checkpoint *checkpoint)
     if (!hasPicture && !m_desktop.workspace->availability().isAvailable()) {
         // Nothing can be seen any more, which does not mean that nothing was there.
         checkpoint->captureNote = "Workspace captured at the start of your session; at its end the desktop had gone.";
-    } else {
-        const bool hadTabs = !checkpoint->tabs.isEmpty();
-        *checkpoint = std::move(end);
-        checkpoint->captureNote = noteOfEnd + limits;
-        if (hadTabs && !withTabs)
-            checkpoint->captureNote += " Browser capture was off by then.";
-        if (!hasPicture)
-            checkpoint->captureNote += " The screenshot is from the start of the session.";
+        co_return;
     }
-    const QString folder = MediaFolders::own(m_repository.root(), checkpoint->id);
-    if (!checkpoint->recording && QFile::exists(folder + '/' + MediaFile::recording))
-        checkpoint->captureNote +=
-            u" The recording broke off; what there is of it is kept with the media as %1."_qs.arg(
-                QString(MediaFile::recording));
+    const bool hadTabs = !checkpoint->tabs.isEmpty();
+    *checkpoint = std::move(end);
+    checkpoint->captureNote = noteOfEnd + limits;
+    if (hadTabs && !withTabs)
+        checkpoint->captureNote += " Browser capture was off by then.";
+    if (!hasPicture)
+        checkpoint->captureNote += " The screenshot is from the start of the session.";
 }
 
 void AppStore::saveSession(const OwnedCheckpoint &session, Audience audience, Outcome *outcome)

@@ -2,63 +2,17 @@
 #include "support/Preferences.h"
 
 #include "support/Failure.h"
-#include "support/OwnFile.h"
+#include "support/PreferencesFile.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include <QHash>
 #include <QStandardPaths>
 
-#include <fcntl.h>
-
-#include <algorithm>
-#include <cerrno>
-#include <cstdio>
+#include <utility>
 
 namespace ardeno {
 
 namespace {
-
-// QSettings takes any bytes for settings, and would write over them.
-bool areSettings(const QByteArray &bytes)
-{
-    const QList<QByteArray> lines = bytes.split('\n');
-    return !bytes.contains('\0') && std::all_of(lines.begin(), lines.end(), [](const QByteArray &line) {
-        const QByteArray text = line.trimmed();
-        return text.isEmpty() || text.startsWith(';') || text.startsWith('#') || text.startsWith('[') ||
-               text.indexOf('=') > 0;
-    });
-}
-
-// A link to settings of the same name is somebody's way to keep them; any other leads to what is not ours.
-bool isForeignLink(const QString &path)
-{
-    const QFileInfo file(path);
-    return file.isSymLink() && QFileInfo(file.canonicalFilePath()).fileName() != file.fileName();
-}
-
-// What stands in the way of reading the file; empty when it can be read or does not exist.
-QString obstacle(const QString &path)
-{
-    constexpr qint64 largest = 16 << 20;
-    try {
-        if (isForeignLink(path))
-            return u"it is a link to something else"_qs;
-        const auto bytes = OwnFile::read(path, largest, OwnFile::Links::Followed);
-        if (bytes && !areSettings(*bytes))
-            return u"it is damaged"_qs;
-    } catch (const Failure &failure) {
-        return failure.description();
-    }
-    return QSettings(path, QSettings::IniFormat).status() == QSettings::FormatError ? u"it is damaged"_qs : QString();
-}
-
-bool isRenamed(const QString &from, const QString &to)
-{
-    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
-}
 
 QString translated(const char *text)
 {
@@ -67,57 +21,137 @@ QString translated(const char *text)
 
 } // namespace
 
-Preferences::Preferences(const QString &folder) : m_folder(folder)
-{
-    QString path = folder + u"/settings.ini"_qs;
-    if (const QString problem = obstacle(path); !problem.isEmpty()) {
-        const QString time = QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd'T'HHmmss'Z'"_qs);
-        const QString kept = folder + u"/settings-unreadable-%1.ini"_qs.arg(time);
-        if (isRenamed(path, kept)) {
-            m_unreadableNote =
-                translated("Your settings could not be read (%1). They have been kept as %2.").arg(problem, kept);
-        } else {
-            m_unreadableNote = translated("Your settings could not be read (%1) nor moved away, so that changes to "
-                                          "them are not kept.")
-                                   .arg(problem);
-            path = u"/dev/null/settings.ini"_qs; // Where nothing is ever read or written.
+// The settings of one folder, with the changes that have yet to be written.
+class Preferences::State final : public std::enable_shared_from_this<State> {
+public:
+    explicit State(const QString &folder) : m_file(folder) { readFirst(); }
+
+    State(const State &) = delete;
+    State &operator=(const State &) = delete;
+
+    ~State() { flush(); }
+
+    static std::shared_ptr<State> of(const QString &folder)
+    {
+        static QHash<QString, std::weak_ptr<State>> states;
+        std::shared_ptr<State> state = states.value(folder).lock();
+        if (!state) {
+            state = std::make_shared<State>(folder);
+            states.insert(folder, state);
+        }
+        return state;
+    }
+
+    const PreferencesFile &file() const { return m_file; }
+
+    const QString &note() const { return m_note; }
+
+    bool wereRead() const { return m_wereRead; }
+
+    QVariant value(const QString &name) const
+    {
+        const auto pending = m_pending.constFind(name);
+        return pending == m_pending.constEnd() ? m_values.value(name) : *pending;
+    }
+
+    void change(const QString &name, const QVariant &value)
+    {
+        if (this->value(name) == value)
+            return;
+        m_pending.insert(name, value);
+        if (std::exchange(m_isFlushing, true) || !QCoreApplication::instance())
+            return;
+        const std::weak_ptr<State> self = weak_from_this();
+        const auto later = [self] {
+            if (const auto state = self.lock())
+                state->flush();
+        };
+        QMetaObject::invokeMethod(QCoreApplication::instance(), later, Qt::QueuedConnection);
+    }
+
+    bool flush()
+    {
+        m_isFlushing = false;
+        if (m_pending.isEmpty())
+            return true;
+        if (m_isLeftAlone)
+            return false;
+        try {
+            m_values = m_file.write(m_pending);
+            m_pending.clear();
+            return true;
+        } catch (const Failure &) {
+            return false; // The next change tries it again.
         }
     }
-    m_settings = std::make_unique<QSettings>(path, QSettings::IniFormat);
-}
+
+private:
+    void readFirst()
+    {
+        try {
+            const std::optional<QVariantMap> stored = m_file.read();
+            m_wereRead = stored.has_value();
+            m_values = stored.value_or(QVariantMap());
+        } catch (const Failure &failure) {
+            const auto kept = failure.domain() == "Settings" ? m_file.moveAside() : std::nullopt;
+            m_isLeftAlone = !kept;
+            m_note = kept ? translated("Your settings could not be read (%1). They have been kept as %2.")
+                                .arg(failure.description(), *kept)
+                          : translated("Your settings could not be read (%1). They are left as they are, and changes "
+                                       "to them are not kept.")
+                                .arg(failure.description());
+        }
+    }
+
+    PreferencesFile m_file;
+    QVariantMap m_values;
+    QVariantMap m_pending; // Invalid: to be removed.
+    QString m_note;
+    bool m_wereRead = false;
+    bool m_isLeftAlone = false; // What stands there is neither known nor out of the way.
+    bool m_isFlushing = false;  // Will be, when the event loop is reached.
+};
+
+Preferences::Preferences(const QString &folder) : m_state(State::of(folder)) {}
 
 QString Preferences::defaultFolder()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/Ardeno"_qs;
 }
 
+const QString &Preferences::folder() const
+{
+    return m_state->file().folder();
+}
+
 bool Preferences::synchronise()
 {
-    if (!isUnlocked())
-        return false;
-    m_settings->sync();
-    return m_settings->status() == QSettings::NoError;
+    return m_state->flush();
 }
 
-// QSettings waits for half a minute, or for ever, for a lock that a killed process or another host has left. The
-// settings need none: each change is written at once as a whole.
-bool Preferences::isUnlocked() const
+const QString &Preferences::unreadableNote() const
 {
-    const QByteArray lock = QFile::encodeName(m_settings->fileName() + u".lock"_qs);
-    return std::remove(lock.constData()) == 0 || errno == ENOENT || errno == ENOTDIR;
+    return m_state->note();
 }
 
-void Preferences::write(const char *name, const QVariant &value)
+bool Preferences::wereRead() const
 {
-    if (!isUnlocked())
-        return;
-    // QSettings writes its file readable for everyone, so the folder keeps others out.
-    if (!QFile::exists(m_folder) && QDir().mkpath(m_folder))
-        QFile::setPermissions(m_folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    if (value.isValid())
-        m_settings->setValue(QString::fromLatin1(name), value);
-    else
-        m_settings->remove(QString::fromLatin1(name));
+    return m_state->wereRead();
+}
+
+bool Preferences::mayBeMissing() const
+{
+    return !unreadableNote().isEmpty() || m_state->file().hasMovedAside();
+}
+
+QVariant Preferences::read(const QString &name) const
+{
+    return m_state->value(name);
+}
+
+void Preferences::write(const QString &name, const QVariant &value)
+{
+    m_state->change(name, value);
 }
 
 } // namespace ardeno

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QSettings>
 #include <QString>
+#include <QVariant>
 
 #include <memory>
 #include <optional>
@@ -15,21 +15,23 @@ struct PreferenceKey {
     const char *name;
 };
 
-// The application's stored settings: one file in a folder that only the user may enter.
+// The application's stored settings: one file in a folder that only the user may enter. Instances for the same folder
+// share what they know. A change is written when the event loop is next reached, or with the last instance.
 class Preferences final {
 public:
-    // The folder is created (0700) with the first write. What could not be read is kept beside the settings before
-    // anything is written, see unreadableNote().
+    // The folder is created (0700) with the first write. What could not be read is kept, see unreadableNote().
     explicit Preferences(const QString &folder);
 
     // "$XDG_CONFIG_HOME/Ardeno".
     static QString defaultFolder();
 
+    const QString &folder() const;
+
     // Absent when the setting is missing or holds another type.
     template <typename T>
     std::optional<T> value(PreferenceKey<T> key) const
     {
-        const QVariant stored = m_settings->value(QString::fromLatin1(key.name));
+        const QVariant stored = read(QString::fromLatin1(key.name));
         if (!stored.isValid() || !stored.canConvert<T>())
             return std::nullopt;
         return stored.value<T>();
@@ -38,30 +40,34 @@ public:
     template <typename T>
     void setValue(PreferenceKey<T> key, const T &value)
     {
-        write(key.name, QVariant::fromValue(value));
+        write(QString::fromLatin1(key.name), QVariant::fromValue(value));
     }
 
     template <typename T>
     void remove(PreferenceKey<T> key)
     {
-        write(key.name, {});
+        write(QString::fromLatin1(key.name), {});
     }
 
-    bool contains(const char *name) const { return m_settings->contains(QString::fromLatin1(name)); }
+    bool contains(const char *name) const { return read(QString::fromLatin1(name)).isValid(); }
 
-    // Writes what is pending; false when the file cannot be written.
+    // Writes what is pending; false when the file cannot be written. What is pending then stays so.
     bool synchronise();
 
-    // A sentence when the file existed and could not be read, else empty.
-    const QString &unreadableNote() const { return m_unreadableNote; }
+    // A sentence when there were settings that could not be read, else empty.
+    const QString &unreadableNote() const;
+    // Whether there were settings, and all of them could be read.
+    bool wereRead() const;
+    // Whether there may have been more than these: what could not be read, now or by an earlier start, lies aside.
+    bool mayBeMissing() const;
 
 private:
-    bool isUnlocked() const;
-    void write(const char *name, const QVariant &value);
+    class State;
 
-    QString m_folder;
-    QString m_unreadableNote;
-    std::unique_ptr<QSettings> m_settings;
+    QVariant read(const QString &name) const;
+    void write(const QString &name, const QVariant &value);
+
+    std::shared_ptr<State> m_state;
 };
 
 } // namespace ardeno

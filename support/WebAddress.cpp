@@ -76,20 +76,21 @@ std::optional<QString> asciiName(const QString &name)
     return mapped;
 }
 
-bool isPlain(char16_t character)
+bool isPlain(QChar character)
 {
-    return character > 0x20 && character < 0x7F;
+    return character.unicode() > 0x20 && character.unicode() < 0x7F;
 }
 
-// Only what no address may hold: what is encoded already is not encoded once more.
+// With what no address may hold percent-encoded.
 QString encoded(const QString &part)
 {
-    QByteArray text;
+    QString all;
     for (const char byte : part.toUtf8()) {
-        const auto number = static_cast<unsigned char>(byte);
-        text += isPlain(number) ? QByteArray(1, byte) : '%' + QByteArray(1, byte).toHex().toUpper();
+        const auto character = QChar::fromLatin1(byte);
+        all +=
+            isPlain(character) ? QString(character) : QString::fromLatin1('%' + QByteArray(1, byte).toHex().toUpper());
     }
-    return QString::fromLatin1(text);
+    return all;
 }
 
 } // namespace
@@ -151,7 +152,7 @@ QString WebAddress::key() const
 
 QString WebAddress::toOpen() const
 {
-    if (std::all_of(m_text.begin(), m_text.end(), [](QChar c) { return isPlain(c.unicode()); }))
+    if (std::all_of(m_text.begin(), m_text.end(), isPlain))
         return m_text;
     return m_scheme + "://" + encoded(m_user) + m_host + m_port + encoded(m_rest);
 }

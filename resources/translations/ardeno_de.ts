@@ -12,8 +12,24 @@
         <translation>Etwas braucht Ihre Aufmerksamkeit</translation>
     </message>
     <message>
-        <source>Your capture exclusions could not be read, so nothing is left out of captures until you set them again. </source>
-        <translation>Ihre Ausnahmen konnten nicht gelesen werden. Bis Sie sie neu festlegen, wird deshalb nichts ausgelassen. </translation>
+        <source>Nothing is captured, because your capture exclusions could not be read: %1 Mend the file in %2, or start over under “Capture exclusions” in the settings (in a terminal: %3). What could not be read is kept.</source>
+        <translation>Es wird nichts erfasst, weil Ihre Ausnahmen nicht gelesen werden konnten: %1 Reparieren Sie die Datei in %2 oder beginnen Sie in den Einstellungen unter „Ausnahmen beim Erfassen“ neu (im Terminal: %3). Was nicht gelesen werden konnte, bleibt aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>They stood in settings that could not be read.</source>
+        <translation>Sie standen in Einstellungen, die nicht gelesen werden konnten.</translation>
+    </message>
+    <message>
+        <source>Your capture exclusions can be read. They stay as they are.</source>
+        <translation>Ihre Ausnahmen können gelesen werden. Sie bleiben, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>Nothing is left out of captures any more. Set your exclusions again.</source>
+        <translation>Beim Erfassen wird nichts mehr ausgelassen. Legen Sie Ihre Ausnahmen neu fest.</translation>
+    </message>
+    <message>
+        <source>What could not be read of your exclusions is kept as %1.</source>
+        <translation>Was sich von Ihren Ausnahmen nicht lesen ließ, ist als %1 aufbewahrt.</translation>
     </message>
     <message>
         <source>Your saved checkpoints could not be read. Existing files have been left in place. </source>
@@ -76,8 +92,8 @@
         <translation>Projekt gelöscht, aber einige Medien konnten nicht entfernt werden aus </translation>
     </message>
     <message>
-        <source>Could not save the exclusions: the settings cannot be written.</source>
-        <translation>Die Ausnahmen konnten nicht gesichert werden: Die Einstellungen lassen sich nicht schreiben.</translation>
+        <source>Could not save the exclusions: </source>
+        <translation>Die Ausnahmen konnten nicht gesichert werden: </translation>
     </message>
     <message>
         <source>Could not create the project: </source>
@@ -915,6 +931,10 @@ für die Arbeit.</translation>
         <translation>Apps</translation>
     </message>
     <message>
+        <source>Start over</source>
+        <translation>Neu beginnen</translation>
+    </message>
+    <message>
         <source>Capture exclusions</source>
         <translation>Ausnahmen beim Erfassen</translation>
     </message>
@@ -1745,8 +1765,8 @@ für die Arbeit.</translation>
         <translation>Ihre Einstellungen konnten nicht gelesen werden (%1). Sie wurden als %2 aufbewahrt.</translation>
     </message>
     <message>
-        <source>Your settings could not be read (%1) nor moved away, so that changes to them are not kept.</source>
-        <translation>Ihre Einstellungen konnten weder gelesen (%1) noch beiseitegelegt werden; Änderungen an ihnen werden nicht gespeichert.</translation>
+        <source>Your settings could not be read (%1). They are left as they are, and changes to them are not kept.</source>
+        <translation>Ihre Einstellungen konnten nicht gelesen werden (%1). Sie bleiben, wie sie sind, und Änderungen an ihnen werden nicht gespeichert.</translation>
     </message>
 </context>
 </TS>

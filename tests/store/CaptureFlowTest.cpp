@@ -273,23 +273,3 @@ TEST_CASE_FIXTURE(StoreFixture, "the form offers the project on whose page it op
     store().requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
     CHECK_FALSE(store().draftProjectID().has_value());
 }
-
-TEST_CASE_FIXTURE(StoreFixture, "exclusions last, and those that cannot be read are kept aside and reported")
-{
-    CHECK(store().excludeApp({"org.a", "A"}));
-    CHECK(store().excludeDomain("HTTPS://Mail.Example.com/inbox"));
-    CHECK_FALSE(store().excludeDomain("not a domain"));
-    CHECK(reopen().exclusions() == CaptureExclusions{{{"org.a", "A"}}, {"mail.example.com"}});
-    CHECK(store().allowDomain("mail.example.com"));
-    CHECK(store().allowApp("org.a"));
-    CHECK(reopen().exclusions() == CaptureExclusions());
-
-    auto stored = preferences();
-    stored.setValue(keys::captureExclusions, QByteArray("{\"apps\":"));
-    REQUIRE(stored.synchronise());
-    CHECK(reopen().error()->contains("nothing is left out of captures until you set them again"));
-    CHECK(store().exclusions() == CaptureExclusions());
-    CHECK(store().excludeApp({"org.b", "B"}));
-    opened.reset();
-    CHECK(preferences().value(keys::unreadableExclusions) == QByteArray("{\"apps\":"));
-}

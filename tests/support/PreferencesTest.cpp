@@ -16,7 +16,14 @@ using namespace ardeno;
 namespace {
 
 constexpr PreferenceKey<QString> name{"name"};
-constexpr PreferenceKey<QByteArray> bytes{"bytes"};
+constexpr PreferenceKey<QDateTime> date{"date"};
+
+void put(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    REQUIRE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
 
 } // namespace
 
@@ -28,12 +35,13 @@ TEST_CASE("settings last, and only the user may enter their folder")
         Preferences preferences(folder);
         CHECK_FALSE(preferences.value(name).has_value());
         preferences.setValue(name, u"Ünï, code; \"quoted\"\n\u2028"_qs);
-        preferences.setValue(bytes, QByteArray("\0\xff\n", 3));
+        preferences.setValue(date, QDateTime(QDate(2026, 2, 3), QTime(4, 5), Qt::UTC));
+        CHECK(Preferences(folder).value(name).has_value());
         CHECK(preferences.synchronise());
     }
     Preferences again(folder);
     CHECK(again.value(name) == u"Ünï, code; \"quoted\"\n\u2028"_qs);
-    CHECK(again.value(bytes) == QByteArray("\0\xff\n", 3));
+    CHECK(again.value(date) == QDateTime(QDate(2026, 2, 3), QTime(4, 5), Qt::UTC));
     CHECK((QFile::permissions(folder) & (QFile::ReadGroup | QFile::ReadOther | QFile::ExeOther)) ==
           QFile::Permissions());
 }
@@ -45,53 +53,63 @@ TEST_CASE("what cannot be read as settings is kept beside the new ones, and wait
     thesis.write("mine = yours\n");
     thesis.close();
     const std::function<void(const QString &)> obstacles[] = {
-        [](const QString &path) {
-            QFile file(path);
-            REQUIRE(file.open(QIODevice::WriteOnly));
-            file.write("[[[\nno equals sign\n=\n%zz");
-        },
+        [](const QString &path) { put(path, "{\"name\": \"cut o"); },
+        [](const QString &path) { put(path, {}); },
+        [](const QString &path) { put(path, QByteArray(100, '\0')); },
+        [](const QString &path) { put(path.chopped(4) + "ini", "[[[\nno equals sign\n=\n%zz"); },
+        [](const QString &path) { put(path.chopped(4) + "ini", {}); },
         [](const QString &path) { REQUIRE(::mkfifo(QFile::encodeName(path).constData(), 0600) == 0); },
         [](const QString &path) { REQUIRE(QDir().mkpath(path + "/folder")); },
         [](const QString &path) { REQUIRE(QFile::link(path, path)); },
         [&](const QString &path) { REQUIRE(QFile::link(thesis.fileName(), path)); },
-        [](const QString &path) {
-            QFile file(path);
-            REQUIRE(file.open(QIODevice::WriteOnly));
-            file.write(QByteArray(100, '\0'));
-        },
     };
     for (const auto &make : obstacles) {
         const QTemporaryDir folder;
-        make(folder.filePath("settings.ini"));
+        make(folder.filePath("settings.json"));
         Preferences preferences(folder.path());
+        CAPTURE(preferences.unreadableNote());
         preferences.setValue(name, QString("new"));
         REQUIRE(preferences.synchronise());
 
         CHECK_FALSE(preferences.unreadableNote().isEmpty());
+        CHECK(preferences.mayBeMissing());
         const auto all = QDir::AllEntries | QDir::System;
-        CHECK(QDir(folder.path()).entryList({"settings-unreadable-*.ini"}, all).size() == 1);
+        CHECK(QDir(folder.path()).entryList({"settings-unreadable-*"}, all).size() == 1);
     }
     REQUIRE(thesis.open());
     CHECK_MESSAGE(thesis.readAll() == "mine = yours\n", "what a link leads to is not ours");
 }
 
-TEST_CASE("a lock that somebody left beside the settings holds nobody up")
+TEST_CASE("settings of the older form are taken over once")
 {
     const QTemporaryDir folder;
-    const QString lock = folder.filePath("settings.ini.lock");
-    QFile file(lock);
-    REQUIRE(file.open(QIODevice::WriteOnly));
-    file.write("1\nother\nelsewhere\n\n\n");
-    // From a clock that is ahead, so that it never grows old.
-    REQUIRE(file.setFileTime(QDateTime::currentDateTime().addYears(1), QFileDevice::FileModificationTime));
-    file.close();
-    Preferences preferences(folder.path());
-    preferences.setValue(name, QString("new"));
-    CHECK(preferences.synchronise());
-    CHECK(Preferences(folder.path()).value(name) == "new");
+    put(folder.filePath("settings.ini"),
+        "[General]\nname=\"a; "
+        "b\"\ndate=@DateTime(\\0\\0\\0\\x10\\0\\0\\0\\0\\0\\0%\\x8c\\x9a\\0\\xe0U\\xc0\\x1)\nkept=@ByteArray({})\n");
+    const auto stored = [&] { return Preferences(folder.path()); };
+    CHECK(stored().wereRead());
+    CHECK(stored().value(name) == "a; b");
+    stored().setValue(name, QString("new"));
+    CHECK(stored().value(PreferenceKey<QByteArray>{"kept"}) == "{}");
+    CHECK_FALSE(QFile::exists(folder.filePath("settings.ini")));
+    CHECK(stored().value(name) == "new");
+}
 
-    REQUIRE(QDir().mkpath(lock + "/folder"));
-    preferences.setValue(name, QString("newer"));
+TEST_CASE("a change that could not be written is written by a later one, and nothing of others is lost")
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("settings.json");
+    Preferences preferences(folder.path());
+    preferences.setValue(name, QString("one"));
+    REQUIRE(preferences.synchronise());
+    put(path, "{\"name\": \"one\", \"other\": \"theirs\"}");
+    REQUIRE(QFile::rename(path, path + ".away"));
+    REQUIRE(QDir().mkpath(path + "/in-the-way"));
+    preferences.setValue(name, QString("two"));
     CHECK_FALSE(preferences.synchronise());
-    CHECK(QDir(lock).exists("folder"));
+    REQUIRE(QDir(path).removeRecursively());
+    REQUIRE(QFile::rename(path + ".away", path));
+    CHECK(preferences.synchronise());
+    CHECK(preferences.value(PreferenceKey<QString>{"other"}) == "theirs");
+    CHECK(preferences.value(name) == "two");
 }

@@ -124,15 +124,31 @@ TEST_CASE_FIXTURE(SettingsFixture, "settings of another kind or a later version 
         stored.setValue(PreferenceKey<QString>{"lastUpdateCheck"}, QString("tomorrow"));
         stored.setValue(PreferenceKey<QByteArray>{"includeBrowser"}, QByteArray());
         stored.setValue(PreferenceKey<QString>{"fromALaterVersion"}, QString("{1}"));
-        stored.setValue(keys::captureExclusions, QByteArray(R"({"apps": [], "later": 1})"));
         REQUIRE(stored.synchronise());
     }
-    openWindow();
-    REQUIRE(seesText("Something needs attention")); // The exclusions lack their websites.
-    click("OK");
-    click("Settings");
+    openSettings();
     CHECK(findButton(u"Quick save shortcut: ⌃⌥⌘S (default)"_qs));
     CHECK_FALSE(button("Include browser tabs")->isChecked());
+}
+
+TEST_CASE_FIXTURE(SettingsFixture, "exclusions that cannot be read are told of, and started over by one button")
+{
+    preferences().setValue(keys::includeBrowser, true); // Its folder.
+    QFile damaged(home.filePath("settings/exclusions.json"));
+    REQUIRE(damaged.open(QIODevice::WriteOnly));
+    damaged.write(R"({"apps": [], "later": 1})"); // It lacks the websites.
+    damaged.close();
+    openWindow();
+    REQUIRE(seesText("Something needs attention"));
+    click("OK");
+    click("Settings");
+    click(u"Capture exclusions…"_qs);
+    pictures("exclusions-unreadable");
+    CHECK_FALSE(button(u"Choose application…"_qs)->isEnabled());
+    click("Start over");
+    CHECK(button(u"Choose application…"_qs)->isEnabled());
+    CHECK_FALSE(findButton("Start over"));
+    CHECK_FALSE(store().exclusionsIssue().has_value());
 }
 
 TEST_CASE_FIXTURE(SettingsFixture, "what is excluded by menu, by choice and by typing is left out of the next capture")

@@ -41,6 +41,13 @@ QWidget *makeSectionTitle(const QString &symbol, const QString &text)
     return title;
 }
 
+QWidget *makeNote(QLabel *text)
+{
+    auto *note = new Card(nullptr, Role::AmberSoft, Role::AmberSoft, 8);
+    makeMarked("exclamationmark.triangle", Role::AmberText, text, note)->setContentsMargins(12, 9, 12, 9);
+    return note;
+}
+
 Card *cardAround(QWidget *list)
 {
     auto *card = new Card;
@@ -56,7 +63,10 @@ ExclusionsView::ExclusionsView(AppStore &store)
     : Sheet(tr("Capture exclusions"), 560),
       m_store(store),
       m_runningApps(store.runningApps()),
-      m_recordingNote(makeRecordingNote()),
+      m_recordingNote(makeNote(
+          makeParagraph(tr("Finish the recording before changing exclusions."), TextStyle::Medium, Role::AmberText))),
+      m_issueText(makeParagraph({}, TextStyle::Medium, Role::AmberText)),
+      m_issueNote(makeNote(m_issueText)),
       m_controls(new QWidget),
       m_apps(new RuleList(tr("Excluded apps"), "app")),
       m_appsCard(cardAround(m_apps)),
@@ -76,6 +86,7 @@ ExclusionsView::ExclusionsView(AppStore &store)
                                   TextStyle::Small, Role::Dim));
     scrolling->column()->addLayout(head);
     scrolling->column()->addWidget(m_recordingNote);
+    scrolling->column()->addWidget(m_issueNote);
     scrolling->column()->addWidget(m_controls);
     scrolling->column()->addStretch();
     auto *controls = makeColumn(10, m_controls);
@@ -83,19 +94,11 @@ ExclusionsView::ExclusionsView(AppStore &store)
     controls->addSpacing(8);
     addWebsites(controls);
     setMinimumHeight(690);
+    m_startOver = addButton(tr("Start over"), Button::Kind::Bordered, [this] { m_store.startExclusionsOver(); });
     addButton(tr("Done"), Button::Kind::Prominent, [this] { close(); });
     setOnCancel([&store] { store.showExclusions.set(false); });
     m_observations.watch([this] { showExclusions(); }, store.exclusions);
-    m_observations.watch([this] { showRecording(); }, store.recording);
-}
-
-QWidget *ExclusionsView::makeRecordingNote()
-{
-    auto *note = new Card(nullptr, Role::AmberSoft, Role::AmberSoft, 8);
-    QLabel *const text =
-        makeParagraph(tr("Finish the recording before changing exclusions."), TextStyle::Medium, Role::AmberText);
-    makeMarked("exclamationmark.triangle", Role::AmberText, text, note)->setContentsMargins(12, 9, 12, 9);
-    return note;
+    m_observations.watch([this] { showObstacles(); }, store.recording, store.exclusionsIssue);
 }
 
 void ExclusionsView::addApps(QVBoxLayout *column)
@@ -202,10 +205,14 @@ void ExclusionsView::showExclusions()
     m_domainsCard->setVisible(!domains.isEmpty());
 }
 
-void ExclusionsView::showRecording()
+void ExclusionsView::showObstacles()
 {
+    const std::optional<QString> &issue = m_store.exclusionsIssue();
     m_recordingNote->setVisible(m_store.recording());
-    m_controls->setEnabled(!m_store.recording());
+    m_issueText->setText(issue.value_or(QString()));
+    m_issueNote->setVisible(issue.has_value());
+    m_startOver->setVisible(issue.has_value());
+    m_controls->setEnabled(!m_store.recording() && !issue);
 }
 
 } // namespace ardeno

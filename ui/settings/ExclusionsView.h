@@ -23,18 +23,20 @@ public:
     explicit ExclusionsView(AppStore &store);
 
 private:
-    QWidget *makeRecordingNote();
     void addApps(QVBoxLayout *column);
     void addWebsites(QVBoxLayout *column);
     Button *makeExcludeMenu();
     void chooseApplication();
     void excludeDomain();
     void showExclusions();
-    void showRecording();
+    void showObstacles();
 
     AppStore &m_store;
     QList<SavedApp> m_runningApps; // When the view was opened.
     QWidget *m_recordingNote;
+    QLabel *m_issueText;
+    QWidget *m_issueNote;
+    Button *m_startOver = nullptr;
     QWidget *m_controls;
     RuleList *m_apps;
     Card *m_appsCard;

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "capture/CaptureExclusions.h"
+#include "support/AtomicFile.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace ardeno {
+
+// What is left out of captures, on disk: "exclusions.json" in the settings' folder. It is read and written as the
+// library is, because what is not known to be excluded would be shown. All functions but path() throw Failure.
+class ExclusionsFile final {
+public:
+    explicit ExclusionsFile(const QString &folder) : m_folder(folder) {}
+
+    QString path() const { return m_folder + "/exclusions.json"; }
+
+    bool exists() const { return FileStamp::ofFile(path()).has_value(); }
+
+    // As they stand on disk now; absent when there is no file.
+    std::optional<CaptureExclusions> read();
+    // Replaces the file that was read last, and no other.
+    void write(const CaptureExclusions &exclusions);
+    // Writes a file where there is none, whatever the bytes are.
+    void create(QByteArrayView bytes);
+    // Gives a file another name, read or not: its new path. Absent when there is none.
+    std::optional<QString> moveAside();
+
+private:
+    QString m_folder;
+    std::optional<FileStamp> m_stamp; // Of the file that was read or written last.
+    CaptureExclusions m_known;        // What it held.
+};
+
+} // namespace ardeno

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/Json.h"
+#include "support/Finish.h"
+#include "tests/store/StoreFixture.h"
+
+#include <functional>
+
+using namespace ardeno;
+
+namespace {
+
+struct ExclusionsFixture : StoreFixture {
+    const QString folder = home.filePath("settings");
+    const QString file = folder + "/exclusions.json";
+    const CaptureExclusions rules{{{"org.a", "A"}}, {"mail.example.com"}};
+
+    static void put(const QString &path, const QByteArray &bytes)
+    {
+        QDir().mkpath(QFileInfo(path).path());
+        QFile written(path);
+        REQUIRE(written.open(QIODevice::WriteOnly));
+        written.write(bytes);
+    }
+
+    QStringList keptCopies() const
+    {
+        return QDir(folder).entryList({"exclusions-unreadable-*"}, QDir::AllEntries | QDir::System);
+    }
+
+    // As on a new machine, but for what these settings hold.
+    void startAgainWith(const QString &name, const QByteArray &bytes)
+    {
+        opened.reset();
+        QDir(folder).removeRecursively();
+        QDir(root()).removeRecursively();
+        put(folder + '/' + name, bytes);
+    }
+
+    // Whether anything is captured, in any way.
+    bool captures()
+    {
+        const QList<Project> projects = store().projects();
+        const QUuid owner = projects.isEmpty() ? *store().createProject("Thesis") : projects.first().id;
+        const auto before = store().checkpoints().size();
+        const Outcome saved = finish(store().saveMoment({.projectID = owner}));
+        CHECK(saved.isDone == finish(store().startSession({.projectID = owner})).isDone);
+        if (saved)
+            finish(store().stop());
+        else
+            CHECK(saved.captureIssue.value_or("").contains("ardeno exclusions --start-over"));
+        CHECK(store().checkpoints().size() == before + (saved ? 2 : 0));
+        return saved.isDone;
+    }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(ExclusionsFixture, "exclusions last, and each change is made to what stands on disk")
+{
+    CHECK(store().excludeApp({"org.a", "A"}));
+    CHECK(store().excludeDomain("HTTPS://Mail.Example.com/inbox"));
+    CHECK_FALSE(store().excludeDomain("not a domain"));
+    CHECK(reopen().exclusions() == rules);
+    put(file, R"({"apps":[],"domains":["mail.example.com","theirs.example"]})");
+    CHECK(store().allowDomain("mail.example.com"));
+    CHECK(reopen().exclusions() == CaptureExclusions{.domains = {"theirs.example"}});
+}
+
+TEST_CASE_FIXTURE(ExclusionsFixture, "nothing is captured while exclusions cannot be read, until the user starts over")
+{
+    const std::function<void()> damages[] = {
+        [&] { put(file, "{\"apps\":"); },
+        [&] { put(file, {}); },
+        [&] { put(file, QByteArray(80, '\0')); },
+        [&] { put(file, R"({"apps":[],"later":1})"); },
+        [&] { REQUIRE(QDir().mkpath(file + "/in-the-way")); },
+        [&] { REQUIRE(QFile::link(file, file)); },
+    };
+    for (const auto &damage : damages) {
+        startAgainWith("exclusions.json", json::encode(rules));
+        CHECK(store().exclusions() == rules);
+        QFile::remove(file);
+        damage();
+        CHECK_FALSE(captures()); // It is looked at again before each capture.
+        CHECK(reopen().error() == store().exclusionsIssue());
+        CHECK_FALSE(captures());
+        CHECK_FALSE(store().excludeApp({"org.b", "B"}));
+        CHECK_FALSE(store().allowApp("org.a"));
+        CHECK(keptCopies().isEmpty());
+
+        const Outcome over = store().startExclusionsOver();
+        CHECK(over.isDone);
+        CHECK(keptCopies().size() == 1);
+        CHECK(over.remarks.value(0).file == folder + '/' + keptCopies().value(0));
+        CHECK_FALSE(store().error().has_value());
+        CHECK(captures());
+        CHECK_FALSE(store().startExclusionsOver());
+    }
+}
+
+TEST_CASE_FIXTURE(ExclusionsFixture, "exclusions that stood among older settings are taken over, or known to be lost")
+{
+    const QByteArray older = R"ini([General]
+captureExclusions="@ByteArray({\"apps\":[{\"id\":\"org.a\",\"name\":\"A\"}],\"domains\":[\"mail.example.com\"]})"
+includeBrowser=true
+)ini";
+    startAgainWith("settings.ini", older);
+    CHECK(store().exclusions() == rules);
+    CHECK(QFile::exists(file));
+    CHECK(reopen().exclusions() == rules);
+    CHECK(store().includeBrowser());
+    CHECK_FALSE(preferences().contains("captureExclusions"));
+    // From now on, settings that are lost take no exclusion along.
+    opened.reset();
+    put(folder + "/settings.json", "damaged");
+    CHECK(reopen().exclusions() == rules);
+    CHECK(captures());
+
+    for (const QByteArray &damaged : {QByteArray(), QByteArray(older.size(), '\0'), older.first(60)}) {
+        startAgainWith("settings.ini", damaged);
+        CHECK_FALSE(captures());
+        reopen();
+        CHECK_FALSE(captures());
+        CHECK(store().startExclusionsOver());
+        CHECK(captures());
+    }
+}
+
+TEST_CASE_FIXTURE(ExclusionsFixture,
+                  "a change that cannot be written is neither in force nor stored, and a later one is")
+{
+    REQUIRE(store().excludeApp({"org.a", "A"}));
+    REQUIRE(QFile::rename(folder, folder + "-away"));
+    put(folder, "no folder");
+    CHECK_FALSE(store().excludeDomain("mail.example.com"));
+    CHECK_FALSE(store().allowApp("org.a"));
+    CHECK(store().exclusions() == CaptureExclusions{{{"org.a", "A"}}, {}});
+    REQUIRE(QFile::remove(folder));
+    REQUIRE(QFile::rename(folder + "-away", folder));
+    CHECK(store().excludeDomain("mail.example.com"));
+    CHECK(reopen().exclusions() == rules);
+}
