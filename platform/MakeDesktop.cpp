@@ -47,7 +47,8 @@ SessionFocus x11Focus(const std::shared_ptr<X11Connection> &connection, const st
 {
     return {.liveWindows = x11LiveWindows(connection, entries),
             .activeWindow = [connection] { return X11Messages::activeWindow(*connection); },
-            .activate = [connection](quint32 window) { X11Messages::activate(*connection, window); }};
+            .activate = [connection](quint32 window) { X11Messages::activate(*connection, window); },
+            .isUserSwitching = [connection] { return X11Messages::isUserSwitching(*connection); }};
 }
 
 Desktop makeX11Desktop()

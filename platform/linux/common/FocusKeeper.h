@@ -19,10 +19,11 @@ struct SessionFocus {
     LiveWindowList liveWindows = {};
     std::function<quint32()> activeWindow = {}; // 0: none.
     std::function<void(quint32)> activate = {};
+    std::function<bool()> isUserSwitching = {}; // Whether a button or a key is down that takes people to other windows.
 };
 
-// A new application takes the focus wherever it is started; it is given back to the window that had it, once for each
-// window, unless the user has gone elsewhere meanwhile. Watches from the first application until all have settled.
+// A new application takes the focus wherever it is started, some more than once; it is given back to the window that
+// had it, unless the user has gone elsewhere meanwhile. Watches from the first application until all have settled.
 class FocusKeeper final {
 public:
     explicit FocusKeeper(SessionFocus session);
@@ -55,10 +56,12 @@ private:
     };
 
     void look();
-    void lost(quint32 to, const QString &appID);
+    void lost(const LiveWindow &to, const QList<LiveWindow> &all);
+    bool isStarted(const LiveWindow &window, const QList<LiveWindow> &all) const;
+    bool isChoice(quint32 window) const;
     void giveBack();
     void notice(const QList<QString> &appIDs);
-    QHash<quint32, QString> windows() const;
+    QList<LiveWindow> windows() const;
 
     bool isSettled() const { return m_expected.isEmpty() && !m_isReturning; }
 
@@ -66,8 +69,10 @@ private:
     QTimer m_watch;
     QList<Expected> m_expected = {};
     QSet<QString> m_started = {};
-    QSet<quint32> m_takers = {}; // Windows from which the focus was given back.
-    quint32 m_focused = 0;       // The window that has the user's focus; 0 when there is none to be kept.
+    QSet<quint32> m_before = {};       // The windows there were when the watch began.
+    QHash<quint32, int> m_takers = {}; // How often the focus was taken back from a window.
+    quint32 m_focused = 0;             // The window that has the user's focus; 0 when there is none to be kept.
+    QDeadlineTimer m_switching = {};   // Until then a change may be the user's.
     bool m_isLent = false;
     bool m_isReturning = false; // The window manager has been asked and has not got to it yet.
     int m_tries = 0;

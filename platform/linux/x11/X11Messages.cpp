@@ -33,6 +33,15 @@ xcb_window_t X11Messages::activeWindow(const X11Connection &connection)
     return X11Property(connection, connection.root(), X11Atom::NetActiveWindow).cardinal().value_or(XCB_NONE);
 }
 
+bool X11Messages::isUserSwitching(const X11Connection &connection)
+{
+    constexpr uint16_t switching =
+        XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3 | XCB_MOD_MASK_1 | XCB_MOD_MASK_4;
+    const X11Reply<xcb_query_pointer_reply_t> pointer(
+        xcb_query_pointer_reply(connection.xcb(), xcb_query_pointer(connection.xcb(), connection.root()), nullptr));
+    return pointer && (pointer->mask & switching) != 0;
+}
+
 void X11Messages::activate(const X11Connection &connection, xcb_window_t window)
 {
     toManager(connection, window, X11Atom::NetActiveWindow, {sourcePager, XCB_CURRENT_TIME, XCB_NONE, 0, 0});

@@ -14,6 +14,9 @@ void toManager(const X11Connection &connection, xcb_window_t window, X11Atom typ
 // The window with the user's focus; none when there is none.
 xcb_window_t activeWindow(const X11Connection &connection);
 
+// Whether the user holds down what takes people from one window to another: a mouse button, Alt or the Super key.
+bool isUserSwitching(const X11Connection &connection);
+
 // Brings the window to the front with the focus, as a pager does for its user.
 void activate(const X11Connection &connection, xcb_window_t window);
 

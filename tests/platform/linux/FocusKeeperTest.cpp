@@ -21,13 +21,15 @@ struct ScriptedSession {
     QList<LiveWindow> windows = {{.applicationID = "terminal", .windowID = own}};
     int deafness = 0; // Requests that it does not get to.
     int looks = 0;
+    bool isSwitching = false; // The user holds a key down.
     FocusKeeper keeper{{.liveWindows =
                             [this] {
                                 ++looks;
                                 return windows;
                             },
                         .activeWindow = [this] { return active; },
-                        .activate = [this](quint32 window) { active = deafness-- > 0 ? active : window; }}};
+                        .activate = [this](quint32 window) { active = deafness-- > 0 ? active : window; },
+                        .isUserSwitching = [this] { return isSwitching; }}};
 
     void waitForLook()
     {
@@ -63,7 +65,9 @@ TEST_CASE_FIXTURE(ScriptedSession, "the user may go to what was started, and els
     {
         appear(new1, "editor");
         REQUIRE(QTest::qWaitFor([&] { return active == own; }));
+        isSwitching = true;
         waitForLook();
+        isSwitching = false;
         active = new1;
         finish(keeper.settle());
         CHECK(active == new1);
@@ -77,6 +81,39 @@ TEST_CASE_FIXTURE(ScriptedSession, "the user may go to what was started, and els
         finish(keeper.settle());
         CHECK(active == browser);
     }
+}
+
+TEST_CASE_FIXTURE(ScriptedSession,
+                  "what nobody asked for takes the focus no second time, and shows itself under any name")
+{
+    keeper.expect("editor");
+    quint32 expected = own;
+    SUBCASE("a window that takes it again and again, later than it is watched after the first time")
+    {
+        appear(new1, "editor");
+        QTimer::singleShot(800, [&] { active = new1; });
+        QTimer::singleShot(1600, [&] { active = new1; });
+    }
+    SUBCASE("a picture that is shown while it starts")
+    {
+        appear(4, "window-class/soffice");
+        REQUIRE(QTest::qWaitFor([&] { return active == own; }));
+        appear(new1, "editor");
+    }
+    SUBCASE("a window of another part of what was started")
+    {
+        windows.append({.processID = 7, .applicationID = "editor", .windowID = new1});
+        windows.append({.processID = 7, .applicationID = "spreadsheet", .windowID = 4});
+        active = 4;
+    }
+    SUBCASE("the user's own window is closed")
+    {
+        appear(new1, "editor");
+        windows.removeFirst();
+        expected = new1;
+    }
+    finish(keeper.settle());
+    CHECK(active == expected);
 }
 
 TEST_CASE_FIXTURE(ScriptedSession, "an application that runs may take the focus as long as something hands over to it")
