@@ -47,6 +47,13 @@ public:
             m_places.folders.insert(known(folder, facts));
     }
 
+    // Those that no window shows in front.
+    void addHeld(const QString &appID, const QStringList &paths, const SavedPlaces &facts)
+    {
+        for (const QString &path : paths)
+            m_places.documentsByApp[appID].insert(facts.value(path).canonicalPath);
+    }
+
     void addDocuments(const QString &appID, const QList<WindowLocation> &documents, const SavedPlaces &facts)
     {
         for (const WindowLocation &document : documents)
@@ -115,21 +122,23 @@ QCoro::Task<WindowLayout::OpenPlaces> WindowLayout::openPlaces(QList<SavedWindow
 {
     Presence presence(desktop.windowMover->windows());
     bool hasFolders = false;
-    QSet<QString> documentApps;
+    QHash<QString, QStringList> documentsByApp;
     for (const SavedWindow &window : std::as_const(windows)) {
         hasFolders = hasFolders || window.locationURL;
         if (window.documentURL && presence.hasWindowOf(window.appID))
-            documentApps.insert(window.appID);
+            documentsByApp[window.appID].append(*window.documentURL);
     }
     if (hasFolders) {
         const QList<WindowLocation> folders = co_await desktop.fileBrowser->locations();
         const SavedPlaces facts = co_await desktop.files->facts(pathsOf(folders));
         presence.addFolders(folders, facts);
     }
-    for (const QString &appID : std::as_const(documentApps)) {
-        const QList<WindowLocation> documents = co_await desktop.documents->locationsOf(appID);
+    for (auto saved = documentsByApp.cbegin(); saved != documentsByApp.cend(); ++saved) {
+        const QList<WindowLocation> documents = co_await desktop.documents->locationsOf(saved.key());
         const SavedPlaces facts = co_await desktop.files->facts(pathsOf(documents));
-        presence.addDocuments(appID, documents, facts);
+        presence.addDocuments(saved.key(), documents, facts);
+        const QStringList held = co_await desktop.documents->held(saved.key(), saved.value());
+        presence.addHeld(saved.key(), held, places);
     }
     co_return presence.places(windows, places);
 }

@@ -8,11 +8,12 @@
 #include <QList>
 #include <QSet>
 #include <QString>
+#include <QStringList>
 
 namespace ardeno {
 
-// The documents that applications show, without those of file browsers and web browsers. Used on the main thread;
-// outlives the tasks it gave out.
+// The documents that applications show, without those of file browsers, web browsers and mail programs. Used on the
+// main thread; outlives the tasks it gave out.
 class Documents {
 public:
     virtual ~Documents() = default;
@@ -23,6 +24,9 @@ public:
     virtual QCoro::Task<QList<WindowLocation>> locations(QSet<qint64> processIDs) = 0;
     // The same for every process of an application.
     virtual QCoro::Task<QList<WindowLocation>> locationsOf(QString applicationID) = 0;
+    // Those of these files that an application certainly has open, also behind another one in the same window. What
+    // is missing may be open nevertheless. Never throws, and waits no longer than about a second.
+    virtual QCoro::Task<QStringList> held(QString applicationID, QStringList paths) = 0;
 };
 
 } // namespace ardeno

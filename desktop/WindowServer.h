@@ -29,7 +29,7 @@ struct WindowInfo {
     QString applicationName = {};              // Localised; empty when it has none.
     QString title = {};                        // Empty when it has none.
     std::optional<WindowRect> frame = {};      // Incl. decoration, without client-side shadows.
-    bool isNormalLayer = false;                // Not a panel, menu, dock or overlay.
+    bool isNormalLayer = false;                // Not a panel, menu, dock, overlay or dialog.
     bool isOnScreen = true;                    // Not minimised, and on the current desktop.
 
     bool operator==(const WindowInfo &) const = default;

@@ -125,6 +125,8 @@ public:
 
     QCoro::Task<QList<WindowLocation>> locationsOf(QString) override { co_return {}; }
 
+    QCoro::Task<QStringList> held(QString, QStringList) override { co_return {}; }
+
 private:
     QString m_reason;
 };

@@ -149,4 +149,11 @@ QList<quint32> visibleWindows(const QString &titlePart)
     return Probe().visibleWindows(titlePart.toUtf8());
 }
 
+void press(const QString &titlePart, const QString &keys)
+{
+    outputOf("wmctrl", {"-a", titlePart});
+    eventually([&] { return outputOf("xdotool", {"getactivewindow", "getwindowname"}).contains(titlePart); });
+    outputOf("xdotool", {"key", keys});
+}
+
 } // namespace ardeno::desktop_test

@@ -41,4 +41,7 @@ QStringList chromiumArguments(const QString &page);
 // Visible windows whose title contains this text, however deep in their frames.
 QList<quint32> visibleWindows(const QString &titlePart);
 
+// Presses keys in the window whose title contains this text.
+void press(const QString &titlePart, const QString &keys);
+
 } // namespace ardeno::desktop_test

@@ -89,6 +89,12 @@ public:
         }
         co_return co_await locations(processIDs);
     }
+
+    QCoro::Task<QStringList> held(QString, QStringList paths) override
+    {
+        paths.removeIf([this](const QString &path) { return !m_desktop.heldPaths.contains(path); });
+        co_return paths;
+    }
 };
 
 // The files are real ones, but for those whose disk is silent.

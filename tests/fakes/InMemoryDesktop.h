@@ -47,6 +47,7 @@ struct InMemoryDesktop {
     std::function<void()> whenStopped = {};        // Instead of the file being finished when the recording is stopped.
     QList<WindowLocation> folders = {};            // What windows of file browsers show.
     QList<WindowLocation> documents = {};          // What windows of other applications show; each has a process.
+    QSet<QString> heldPaths = {};                  // Open, but no window shows them in front.
     QSet<QString> silentPaths = {};                // On disks that do not answer.
     QList<QSet<qint64>> processesAskedAbout = {};  // By each question for documents.
     std::optional<HotKeys::Combination> keys = {}; // Those that are listened to.

@@ -33,6 +33,12 @@ struct ResumeFixture : ProgramFixture {
         write("data/applications/" + id + ".desktop", ("[Desktop Entry]\nType=Application\n" + lines + '\n').toUtf8());
     }
 
+    static void place(const QString &title, const QString &frame)
+    {
+        REQUIRE(desktop_test::eventually([&] { return desktop_test::outputOf("wmctrl", {"-l"}).contains(title); }));
+        desktop_test::outputOf("wmctrl", {"-r", title, "-e", "0," + frame});
+    }
+
     static QJsonObject outcome(const ProgramResult &result) { return result.json().value("outcome").toObject(); }
 
     static QStringList strings(const QJsonValue &list)

@@ -93,12 +93,6 @@ struct WorkspaceFixture : ResumeFixture {
     }
 };
 
-void place(const QString &title, const QString &frame)
-{
-    REQUIRE(eventually([&] { return outputOf("wmctrl", {"-l"}).contains(title); }));
-    outputOf("wmctrl", {"-r", title, "-e", "0," + frame});
-}
-
 QString activeTitle()
 {
     const QString active =

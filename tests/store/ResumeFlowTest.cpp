@@ -161,6 +161,8 @@ TEST_CASE_FIXTURE(ResumeFixture, "folders, documents and window places follow th
     addWindow("viewer", "other").documentURL = home.path() + "/sub/../a \"paper\"\n.pdf"; // A folder that is not there.
     addWindow("org.editor", "open.txt").documentURL = existing("open.txt");
     addWindow("org.editor", "notes.txt").documentURL = existing("notes.txt");
+    addWindow("org.editor", "tab.txt").documentURL = existing("tab.txt"); // Open behind another one.
+    memory.heldPaths = {existing("tab.txt")};
     addWindow("org.editor", "lost.txt").documentURL = home.filePath("lost.txt");
     addWindow("viewer", "far.pdf").documentURL = existing("far.pdf");
     addWindow("files", "far").locationURL = home.filePath("far");

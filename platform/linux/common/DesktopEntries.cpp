@@ -35,10 +35,9 @@ QString iconName(GAppInfo *info)
     return name;
 }
 
-bool claimsToBeBrowser(GDesktopAppInfo *info)
+bool hasCategory(GDesktopAppInfo *info, const char *category)
 {
-    const QString categories = QString::fromUtf8(g_desktop_app_info_get_categories(info));
-    return categories.split(';').contains("WebBrowser");
+    return QString::fromUtf8(g_desktop_app_info_get_categories(info)).split(';').contains(QLatin1String(category));
 }
 
 DesktopEntry entryFrom(const AppInfo &info, const QString &fileID, const QString &path)
@@ -48,7 +47,8 @@ DesktopEntry entryFrom(const AppInfo &info, const QString &fileID, const QString
             .path = path,
             .name = QString::fromUtf8(g_app_info_get_display_name(application)),
             .iconName = iconName(application),
-            .isBrowser = BrowserIdentities::named(fileID) || claimsToBeBrowser(info.get())};
+            .isBrowser = BrowserIdentities::named(fileID) || hasCategory(info.get(), "WebBrowser"),
+            .isMailProgram = hasCategory(info.get(), "Email")};
 }
 
 DesktopFileSummary readSummary(const QString &path)

@@ -17,6 +17,7 @@ struct DesktopEntry {
     QString name = {};      // Localised; empty when it has none.
     QString iconName = {};  // Of the icon theme, or a full path; empty when it has none.
     bool isBrowser = false; // It says that it shows pages of the web.
+    bool isMailProgram = false;
 
     bool operator==(const DesktopEntry &) const = default;
 };

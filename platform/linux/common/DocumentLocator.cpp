@@ -3,6 +3,7 @@
 
 #include "platform/linux/common/DocumentServices.h"
 #include "platform/linux/common/OpenFiles.h"
+#include "platform/linux/common/PathEntry.h"
 #include "platform/linux/common/PathText.h"
 #include "platform/linux/common/ProcessFacts.h"
 #include "platform/linux/common/WindowTitles.h"
@@ -59,9 +60,11 @@ public:
 
     std::optional<QString> document(const LiveWindow &window)
     {
-        const QStringList told = filesInTitle(window);
-        if (!told.isEmpty())
+        // What a title says may come from anywhere: a page, a mail, somebody who writes to the user.
+        if (QStringList told = filesInTitle(window); !told.isEmpty()) {
+            told.removeIf([&](const QString &path) { return !isWitnessed(path, window); });
             return onlyOne(told);
+        }
         // Two files of one name may be open, and only one of them be known.
         if (isTwice(window))
             return std::nullopt;
@@ -69,6 +72,18 @@ public:
     }
 
 private:
+    // Whether something else than a title says that the process has the file.
+    bool isWitnessed(const QString &path, const LiveWindow &window)
+    {
+        const QString real = PathEntry::of(path).facts.canonicalPath;
+        const auto isIt = [&](const QString &other) {
+            return other == path || PathEntry::of(other).facts.canonicalPath == real;
+        };
+        const auto holdsIt = [&](const QStringList &paths) { return std::any_of(paths.begin(), paths.end(), isIt); };
+        return m_open.holds(path) || holdsIt(m_open.files) || holdsIt(startedWith()) || holdsIt(recentlyUsed()) ||
+               holdsIt(m_locator.m_accessible.documents(m_processID, window.title));
+    }
+
     std::optional<QString> namedDocument(const LiveWindow &window)
     {
         const QStringList open = namedIn(window, m_open.files);

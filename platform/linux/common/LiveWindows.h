@@ -21,8 +21,9 @@ struct LiveWindow {
     QString applicationName = {}; // Localised; empty when it has none.
     bool isDialog = false;        // It belongs to another window.
     bool isBrowser = false;       // Its application is a browser, or may be one.
-    QString busName = {};         // The application's connection on the session bus; empty when it is not known.
-    QString objectPath = {};      // The window there; empty when it has none.
+    bool isMailProgram = false;
+    QString busName = {};    // The application's connection on the session bus; empty when it is not known.
+    QString objectPath = {}; // The window there; empty when it has none.
 
     bool operator==(const LiveWindow &) const = default;
 };

@@ -83,4 +83,12 @@ OpenFiles OpenFiles::of(qint64 processID)
     return found;
 }
 
+bool OpenFiles::holds(const QString &path) const
+{
+    if (files.contains(path))
+        return true;
+    const PathEntry entry = watchesFiles ? PathEntry::of(path) : PathEntry();
+    return entry.facts.kind == PathFacts::Kind::File && watched.contains(entry.inode);
+}
+
 } // namespace ardeno

@@ -16,6 +16,9 @@ struct OpenFiles {
     bool runsTerminal = false;  // It shows what other programs write.
 
     static OpenFiles of(qint64 processID);
+
+    // Whether the process holds the file open or is told of its changes: it shows it, in whichever of its tabs.
+    bool holds(const QString &path) const;
 };
 
 } // namespace ardeno

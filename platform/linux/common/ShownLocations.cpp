@@ -3,12 +3,14 @@
 
 #include "platform/linux/common/DocumentLocator.h"
 #include "platform/linux/common/FileManagers.h"
+#include "platform/linux/common/OpenFiles.h"
 #include "platform/linux/common/SlowWork.h"
 
 #include <QMap>
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <memory>
 #include <mutex>
 #include <utility>
@@ -115,9 +117,33 @@ QList<LiveWindow> LinuxDocuments::documentWindows() const
 {
     QList<LiveWindow> windows = m_windows().value_or(QList<LiveWindow>());
     windows.removeIf([this](const LiveWindow &window) {
-        return m_fileBrowserIDs.contains(window.applicationID) || window.isBrowser || !window.processID;
+        return m_fileBrowserIDs.contains(window.applicationID) || window.isBrowser || window.isMailProgram ||
+               !window.processID;
     });
     return windows;
+}
+
+QCoro::Task<QStringList> LinuxDocuments::held(QString applicationID, QStringList paths)
+{
+    QSet<qint64> processIDs;
+    for (const LiveWindow &window : documentWindows()) {
+        if (window.applicationID == applicationID)
+            processIDs.insert(*window.processID);
+    }
+    const auto work = [paths, processIDs] {
+        QStringList found;
+        for (const qint64 processID : processIDs) {
+            const OpenFiles open = OpenFiles::of(processID);
+            std::copy_if(paths.begin(), paths.end(), std::back_inserter(found),
+                         [&](const QString &path) { return open.holds(path); });
+        }
+        return found;
+    };
+    try {
+        co_return co_await SlowWork::withinDeadline(work, longest, SlowWork::Kind::Documents);
+    } catch (const Failure &) {
+        co_return {};
+    }
 }
 
 QCoro::Task<QList<WindowLocation>> LinuxDocuments::locations(QSet<qint64> processIDs)

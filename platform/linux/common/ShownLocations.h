@@ -23,7 +23,7 @@ private:
     QStringList m_fileBrowserIDs;
 };
 
-// Documents of the windows of all other applications but browsers, found out beside the main thread.
+// Documents of the windows of all other applications but browsers and mail programs, found out beside the main thread.
 class LinuxDocuments final : public Documents {
 public:
     LinuxDocuments(LiveWindowList windows, QStringList fileBrowserIDs);
@@ -32,6 +32,7 @@ public:
 
     QCoro::Task<QList<WindowLocation>> locations(QSet<qint64> processIDs) override;
     QCoro::Task<QList<WindowLocation>> locationsOf(QString applicationID) override;
+    QCoro::Task<QStringList> held(QString applicationID, QStringList paths) override;
 
 private:
     QList<LiveWindow> documentWindows() const;

@@ -18,13 +18,11 @@ namespace {
 // What a window says of itself beside what all windows say.
 struct LiveHints {
     LiveHints(const X11Connection &connection, xcb_window_t window)
-        : leader(connection, window, xcb_atom_t(XCB_ATOM_WM_TRANSIENT_FOR)),
-          busName(connection, window, X11Atom::GtkUniqueBusName),
+        : busName(connection, window, X11Atom::GtkUniqueBusName),
           objectPath(connection, window, X11Atom::GtkWindowObjectPath)
     {
     }
 
-    X11Property leader;
     X11Property busName;
     X11Property objectPath;
 };
@@ -37,6 +35,12 @@ bool mayBeBrowser(const WindowOwner &owner, DesktopEntries &entries)
     const QString id = owner.applicationID.value_or(QString());
     const auto entry = entries.find(id);
     return entry ? entry->isBrowser : BrowserIdentities::named(id).has_value();
+}
+
+bool isMailProgram(const WindowOwner &owner, DesktopEntries &entries)
+{
+    const auto entry = entries.find(owner.applicationID.value_or(QString()));
+    return entry && entry->isMailProgram;
 }
 
 std::optional<QList<LiveWindow>> liveWindows(const X11Connection &connection, DesktopEntries &entries)
@@ -63,8 +67,9 @@ std::optional<QList<LiveWindow>> liveWindows(const X11Connection &connection, De
             .frame = *facts.frame,
             .windowID = facts.window,
             .applicationName = owner.applicationName,
-            .isDialog = own.leader.cardinal().value_or(XCB_NONE) != XCB_NONE,
+            .isDialog = facts.isDialog,
             .isBrowser = mayBeBrowser(owner, entries),
+            .isMailProgram = isMailProgram(owner, entries),
             .busName = own.busName.text().value_or(QString()),
             .objectPath = own.objectPath.text().value_or(QString()),
         });

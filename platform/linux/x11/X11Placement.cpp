@@ -72,6 +72,7 @@ X11SizeHints X11SizeHints::fromProperty(const QList<quint32> &values)
 X11Placement::X11Placement(const WindowMove &move, const X11Surroundings &decoration, const X11Surroundings &shadow,
                            const X11SizeHints &hints)
     : m_window(move.windowID),
+      m_asked(move.frame),
       m_x(position(move.frame.x - shadow.left)),
       m_y(position(move.frame.y - shadow.top)),
       m_widthTolerance(std::max(1.0, hints.widthStep - 1)),
@@ -96,8 +97,9 @@ X11Placement X11Placement::of(const X11Connection &connection, const WindowMove 
 
 bool X11Placement::isSizeReached(const WindowRect &frame) const
 {
-    return std::abs(frame.width - m_frame.width) <= m_widthTolerance &&
-           std::abs(frame.height - m_frame.height) <= m_heightTolerance;
+    const bool isAsked = std::abs(frame.width - m_asked.width) <= 1 && std::abs(frame.height - m_asked.height) <= 1;
+    return isAsked || (std::abs(frame.width - m_frame.width) <= m_widthTolerance &&
+                       std::abs(frame.height - m_frame.height) <= m_heightTolerance);
 }
 
 bool X11Placement::isReached(const WindowRect &frame) const

@@ -55,12 +55,14 @@ public:
 
     quint32 height() const { return m_height; }
 
-    // Whether the size, or all of the frame, is within a pixel, or within the steps of the application's sizes.
+    // Whether the size, or all of the frame, is within a pixel, or within the steps of the application's sizes. What
+    // was asked for counts even where the application says that it does not allow it.
     bool isSizeReached(const WindowRect &frame) const;
     bool isReached(const WindowRect &frame) const;
 
 private:
     xcb_window_t m_window;
+    WindowRect m_asked;
     WindowRect m_frame; // As it will be with a size that the application allows.
     qint32 m_x;
     qint32 m_y;

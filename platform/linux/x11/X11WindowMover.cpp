@@ -213,7 +213,7 @@ QList<MovableWindow> X11WindowMover::windows()
                              .title = facts[i].title,
                              .frame = facts[i].frame.value_or(WindowRect())};
         questions[size_t(i)].read(window);
-        if (facts[i].frame && facts[i].isOrdinary)
+        if (facts[i].frame && facts[i].isOrdinary && !facts[i].isDialog)
             windows.append(window);
     }
     return windows;

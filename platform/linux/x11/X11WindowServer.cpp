@@ -42,7 +42,7 @@ QList<WindowInfo> X11WindowServer::allWindows()
             .applicationName = owner.applicationName,
             .title = window.title,
             .frame = window.frame,
-            .isNormalLayer = window.isOrdinary && !window.isAbove,
+            .isNormalLayer = window.isOrdinary && !window.isAbove && !window.isDialog,
             .isOnScreen = window.isOnScreen,
         });
     }

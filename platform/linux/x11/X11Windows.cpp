@@ -4,6 +4,7 @@
 #include "platform/linux/x11/X11Property.h"
 
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace ardeno {
@@ -55,6 +56,7 @@ public:
           m_oldName(connection, window, xcb_atom_t(XCB_ATOM_WM_NAME)),
           m_state(connection, window, X11Atom::NetWmState),
           m_type(connection, window, X11Atom::NetWmWindowType),
+          m_leader(connection, window, xcb_atom_t(XCB_ATOM_WM_TRANSIENT_FOR)),
           m_desktop(connection, window, X11Atom::NetWmDesktop),
           m_decoration(connection, window, X11Atom::NetFrameExtents),
           m_shadow(connection, window, X11Atom::GtkFrameExtents)
@@ -68,10 +70,18 @@ public:
         facts.title = readTitle();
         facts.frame = readFrame();
         facts.isOnScreen = readIsOnScreen(session, state);
-        facts.isOrdinary = readIsOrdinary();
+        const auto type = readType();
+        facts.isOrdinary = !type || *type == X11Atom::NetWmWindowTypeNormal || isDialogType(*type);
+        // One that belongs to the root window belongs to all windows of its application.
+        const xcb_window_t leader = m_leader.cardinal().value_or(XCB_NONE);
+        facts.isDialog = leader != XCB_NONE && (leader != m_connection.root() || (type && isDialogType(*type)));
+        m_isMaybeDialog = type && isDialogType(*type);
         facts.isAbove = state.contains(m_connection.atom(X11Atom::NetWmStateAbove));
         return facts;
     }
+
+    // Whether its type is that of a dialog, which is the main window of some applications. Known once it was read.
+    bool isMaybeDialog() const { return m_isMaybeDialog; }
 
 private:
     QString readTitle()
@@ -116,24 +126,23 @@ private:
         return attributes->map_state == XCB_MAP_STATE_VIEWABLE || (isShaded && !session.isDesktopShown);
     }
 
+    static bool isDialogType(X11Atom type) { return type == X11Atom::NetWmWindowTypeDialog; }
+
     // Window managers go by the first type that they know.
-    bool readIsOrdinary()
+    std::optional<X11Atom> readType()
     {
-        static constexpr std::array special = {
-            X11Atom::NetWmWindowTypeDesktop,      X11Atom::NetWmWindowTypeDock,    X11Atom::NetWmWindowTypeSplash,
-            X11Atom::NetWmWindowTypeToolbar,      X11Atom::NetWmWindowTypeUtility, X11Atom::NetWmWindowTypeMenu,
-            X11Atom::NetWmWindowTypeNotification,
+        static constexpr std::array known = {
+            X11Atom::NetWmWindowTypeNormal,  X11Atom::NetWmWindowTypeDialog, X11Atom::NetWmWindowTypeDesktop,
+            X11Atom::NetWmWindowTypeDock,    X11Atom::NetWmWindowTypeSplash, X11Atom::NetWmWindowTypeToolbar,
+            X11Atom::NetWmWindowTypeUtility, X11Atom::NetWmWindowTypeMenu,   X11Atom::NetWmWindowTypeNotification,
         };
         for (const quint32 type : m_type.cardinals()) {
-            if (type == m_connection.atom(X11Atom::NetWmWindowTypeNormal) ||
-                type == m_connection.atom(X11Atom::NetWmWindowTypeDialog))
-                return true;
-            for (const X11Atom name : special) {
+            for (const X11Atom name : known) {
                 if (type == m_connection.atom(name))
-                    return false;
+                    return name;
             }
         }
-        return true;
+        return std::nullopt;
     }
 
     const X11Connection &m_connection;
@@ -145,10 +154,19 @@ private:
     X11Property m_oldName;
     X11Property m_state;
     X11Property m_type;
+    X11Property m_leader;
     X11Property m_desktop;
     X11Property m_decoration;
     X11Property m_shadow;
+    bool m_isMaybeDialog = false;
 };
+
+// Windows of one connection have numbers of one range.
+bool isSameClient(const X11Connection &connection, xcb_window_t a, xcb_window_t b)
+{
+    const uint32_t mask = xcb_get_setup(connection.xcb())->resource_id_mask;
+    return (a & ~mask) == (b & ~mask);
+}
 
 } // namespace
 
@@ -162,6 +180,15 @@ QList<X11WindowFacts> readWindowFacts(const X11Connection &connection, const QLi
     QList<X11WindowFacts> facts;
     for (Question &question : questions)
         facts.append(question.read(session));
+    const auto isMainOf = [&](qsizetype dialog, qsizetype other) {
+        return other != dialog && facts[other].isOrdinary && !facts[other].isDialog &&
+               !questions[size_t(other)].isMaybeDialog() &&
+               isSameClient(connection, facts[other].window, facts[dialog].window);
+    };
+    for (qsizetype i = 0; i < facts.size(); ++i) {
+        for (qsizetype other = 0; questions[size_t(i)].isMaybeDialog() && other < facts.size(); ++other)
+            facts[i].isDialog = facts[i].isDialog || isMainOf(i, other);
+    }
     return facts;
 }
 

@@ -18,12 +18,14 @@ struct X11WindowFacts {
     std::optional<WindowRect> frame = {}; // Incl. decoration, without client-side shadows; absent when it has gone.
     bool isOnScreen = false;              // Not minimised, and on the current desktop.
     bool isOrdinary = false;              // By its type: no panel, dock, desktop, menu or tool.
+    bool isDialog = false;                // It belongs to another window.
     bool isAbove = false;                 // Kept above others.
 
     bool operator==(const X11WindowFacts &) const = default;
 };
 
-// In the order of the windows, all asked for at once.
+// In the order of the windows, all asked for at once. A dialog that does not say what it belongs to is known as one
+// only beside the other windows of its application.
 QList<X11WindowFacts> readWindowFacts(const X11Connection &connection, const QList<xcb_window_t> &windows);
 
 } // namespace ardeno

@@ -97,3 +97,58 @@ TEST_CASE_FIXTURE(DocumentsFixture, "a title that several windows of a process h
         addWindow();
     CHECK(finish(desktop.documents->locations({own})).isEmpty());
 }
+
+TEST_CASE_FIXTURE(DocumentsFixture, "a title alone names no document, and programs for mail and the web have none")
+{
+    const QString folder = QDir::homePath() + "/.local/share/applications";
+    QDir().mkpath(folder);
+    for (const QByteArray category : {"Office", "Email", "WebBrowser"}) {
+        QFile entry(folder + '/' + category + ".desktop");
+        REQUIRE(entry.open(QIODevice::WriteOnly));
+        entry.write("[Desktop Entry]\nType=Application\nExec=true\nName=" + category + "\nCategories=Network;" +
+                    category + ";\n");
+    }
+    const qint64 own = QCoreApplication::applicationPid();
+    const QString path = makeFile("Texts/notes.txt");
+    const QString inOther = makeFile("notes.txt");
+    const auto shownBy = [&](const QByteArray &application, const QString &title) {
+        TestWindow window;
+        window.setTitle(title.toUtf8());
+        window.setText("_GTK_APPLICATION_ID", application);
+        window.show();
+        QStringList paths;
+        for (const WindowLocation &location : finish(desktop.documents->locations({own})))
+            paths += location.path;
+        return paths;
+    };
+    const QStringList titles = {path, "notes.txt (" + home("Texts") + ") - Office", "*" + path + " - Office"};
+    for (const QString &title : titles)
+        CHECK_MESSAGE(shownBy("Office", title).isEmpty(), "somebody wrote so");
+    QFile open(path);
+    REQUIRE(open.open(QIODevice::ReadOnly));
+    QFile other(inOther);
+    REQUIRE(other.open(QIODevice::ReadOnly));
+    for (const QString &title : titles) {
+        CHECK(shownBy("Office", title) == QStringList{path});
+        CHECK(shownBy("Email", title).isEmpty());
+        CHECK(shownBy("WebBrowser", title).isEmpty());
+    }
+}
+
+TEST_CASE_FIXTURE(DocumentsFixture,
+                  "an editor's document is known to be open behind another one, until its tab is closed")
+{
+    const QString front = makeFile("Texts/front.txt");
+    const QString behind = makeFile("Texts/behind.txt");
+    const QStringList both = {behind, front, makeFile("Texts/other.txt")};
+    Application editor("mousepad", {"--disable-server", behind, front});
+    CHECK(comesToShow("org.xfce.mousepad", front));
+    const auto held = [&] {
+        QStringList paths = finish(desktop.documents->held("org.xfce.mousepad", both));
+        paths.sort();
+        return paths;
+    };
+    CHECK(eventually([&] { return held() == QStringList{behind, front}; }));
+    press("front.txt", "ctrl+w");
+    CHECK(eventually([&] { return held() == QStringList{behind}; }));
+}

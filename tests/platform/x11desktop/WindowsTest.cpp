@@ -108,6 +108,33 @@ TEST_CASE_FIXTURE(SessionFixture, "only ordinary windows are of the normal layer
     }
 }
 
+TEST_CASE_FIXTURE(SessionFixture, "a dialog is no window of its own, unless its application has no other")
+{
+    TestWindow main;
+    main.show();
+    TestWindow dialog;
+    dialog.setCardinals("WM_TRANSIENT_FOR", {main.id()});
+    dialog.show();
+    CHECK(onScreen(main.id())->isNormalLayer);
+    CHECK_FALSE(onScreen(dialog.id())->isNormalLayer);
+
+    // It says of none of its windows what it belongs to.
+    const Application editor("mousepad", {"--disable-server"});
+    REQUIRE(eventually([] { return !desktop_test::visibleWindows("Mousepad").isEmpty(); }));
+    desktop_test::press("Mousepad", "ctrl+o");
+    const auto isListed = [this](const QString &title) {
+        const QList<WindowInfo> all = server.windows();
+        return std::any_of(all.begin(), all.end(), [&](const WindowInfo &window) {
+            return window.title.contains(title) && window.isNormalLayer;
+        });
+    };
+    REQUIRE(eventually([] { return !desktop_test::visibleWindows("Open").isEmpty(); }));
+    const quint32 chooser = desktop_test::visibleWindows("Open").first();
+    outputOf("xprop", {"-id", QString::number(chooser), "-remove", "WM_TRANSIENT_FOR"});
+    CHECK(isListed("Mousepad"));
+    CHECK_FALSE(isListed("Open"));
+}
+
 TEST_CASE_FIXTURE(SessionFixture, "a frame holds the decoration and leaves out shadows that the client draws")
 {
     TestWindow decorated({200, 150, 400, 300});

@@ -174,6 +174,9 @@ TEST_CASE("the size of a client area is what is left of the frame and what the a
     CHECK(X11Placement({1, {0, 0, 5000, 10}}, decoration, {}, read).width() == 500);
     CHECK(X11Placement({1, {0, 0, 5000, 10}}, decoration, {}, read).height() == 100);
 
+    // One that is as asked for stays so, whatever it allows.
+    CHECK(X11Placement({1, {0, 0, 5000, 10}}, decoration, {}, read).isReached({0, 0, 5000, 10}));
+
     const X11Placement shadowed({1, {100, 50, 300, 400}}, {}, {26, 26, 23, 29}, {});
     CHECK(shadowed.x() == 74);
     CHECK(shadowed.y() == 27);
