@@ -144,9 +144,9 @@ TEST_CASE_FIXTURE(SettingsFixture, "exclusions that cannot be read are told of, 
     click("Settings");
     click(u"Capture exclusions…"_qs);
     pictures("exclusions-unreadable");
-    CHECK_FALSE(button(u"Choose application…"_qs)->isEnabled());
+    CHECK_FALSE(findButton(u"Choose application…"_qs)); // None that can be pressed.
     click("Start over");
-    CHECK(button(u"Choose application…"_qs)->isEnabled());
+    CHECK(findButton(u"Choose application…"_qs));
     CHECK_FALSE(findButton("Start over"));
     CHECK_FALSE(store().exclusionsIssue().has_value());
 }
