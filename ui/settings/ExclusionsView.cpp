@@ -97,7 +97,7 @@ ExclusionsView::ExclusionsView(AppStore &store)
     m_startOver = addButton(tr("Start over"), Button::Kind::Bordered, [this] { m_store.startExclusionsOver(); });
     addButton(tr("Done"), Button::Kind::Prominent, [this] { close(); });
     setOnCancel([&store] { store.showExclusions.set(false); });
-    m_observations.watch([this] { showExclusions(); }, store.exclusions);
+    m_observations.watch([this] { showExclusions(); }, store.exclusions, store.exclusionsIssue);
     m_observations.watch([this] { showObstacles(); }, store.recording, store.exclusionsIssue);
 }
 
@@ -201,7 +201,7 @@ void ExclusionsView::showExclusions()
     m_apps->setRules(apps);
     m_domains->setRules(domains);
     m_appsCard->setVisible(!apps.isEmpty());
-    m_noApps->setVisible(apps.isEmpty());
+    m_noApps->setVisible(apps.isEmpty() && !m_store.exclusionsIssue());
     m_domainsCard->setVisible(!domains.isEmpty());
 }
 
