@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
 
+#include "support/Finish.h"
 #include "ui/sheets/RestoreListModel.h"
 #include "ui/sheets/SheetScreens.h"
 
@@ -131,6 +132,29 @@ TEST_CASE_FIXTURE(SheetFixture, "a save that fails leaves the sheet open with al
     CHECK(store().checkpoints().first().title == "Chapter 3");
 }
 
+TEST_CASE_FIXTURE(SheetFixture, "what a command saves meanwhile takes neither the keyboard nor the page from the user")
+{
+    openProject();
+    const std::optional<QUuid> shown = store().selectedProjectID();
+    openCapture();
+    type("Chapter");
+    const CaptureRequest request{*store().createProject("Garden", Audience::Caller).id};
+    memory.whileComposing = [this] {
+        type(" 3");
+        CHECK(isOff("Save checkpoint"));
+    };
+    CHECK(finish(store().saveMoment(request, Audience::Caller)));
+    settle();
+    CHECK(store().draftTitle() == "Chapter 3");
+    CHECK(store().selectedProjectID() == shown);
+    CHECK_FALSE(seesText("Checkpoint saved."));
+    memory.whileComposing = {};
+    press(Qt::Key_Return);
+    REQUIRE(eventually([this] { return seesText("Checkpoint saved."); }));
+    CHECK(store().checkpoints().first().title == "Chapter 3");
+    CHECK(store().checkpoints().first().projectID == shown);
+}
+
 TEST_CASE_FIXTURE(SheetFixture, "a work session is started in the sheet and stopped from the window")
 {
     openProject();
@@ -251,6 +275,10 @@ TEST_CASE_FIXTURE(SheetFixture, "applications that start and end while the resto
     CHECK(findButton("Open 1 missing item"));
     for (int i = 0; i < 50; ++i)
         memory.applicationsChanged(); // Each asks again; the last answer counts.
+    // What a command resumed is open as well.
+    memory.tabRecords[chromeID] += u"1\u001f7\u001fhttps://new.example/\u001fNew\u001e"_qs;
+    finish(store().restore({}, ResumeChoice::missing, false, Audience::Caller));
+    CHECK(eventually([this] { return statuses().contains("New: Already open"); }));
     press(Qt::Key_Escape);
     settle();
     CHECK_FALSE(store().showRestore());
