@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/common/DesktopLaunch.h"
 
+#include "platform/linux/common/BusActivation.h"
 #include "support/Failure.h"
 
 #include <gio/gdesktopappinfo.h>
@@ -55,6 +56,24 @@ Object<GDesktopAppInfo> appInfo(const DesktopEntry &entry)
     if (!info)
         throw Failure("Launch", 2, "It is no longer installed.");
     return info;
+}
+
+// The same without its word that the session's bus starts it: it is started by its command.
+Object<GDesktopAppInfo> commandInfo(const DesktopEntry &entry)
+{
+    GKeyFile *file = g_key_file_new();
+    g_key_file_load_from_file(file, QFile::encodeName(entry.path).constData(), G_KEY_FILE_NONE, nullptr);
+    g_key_file_remove_key(file, G_KEY_FILE_DESKTOP_GROUP, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE, nullptr);
+    Object<GDesktopAppInfo> info(g_desktop_app_info_new_from_keyfile(file));
+    g_key_file_unref(file);
+    if (!info || !g_app_info_get_commandline(G_APP_INFO(info.get())))
+        throw Failure("Launch", 3, "Its service did not answer.");
+    return info;
+}
+
+bool isBusActivated(GDesktopAppInfo *info)
+{
+    return g_desktop_app_info_get_boolean(info, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE) != 0;
 }
 
 void keep(GDesktopAppInfo *, GPid pid, gpointer processes)
@@ -124,11 +143,17 @@ bool isRunnable(const char *type)
 
 DesktopLaunch::Processes DesktopLaunch::open(const DesktopEntry &entry, const QStringList &paths)
 {
-    const Object<GDesktopAppInfo> info = appInfo(entry);
-    const Object<GAppLaunchContext> context(g_app_launch_context_new());
     QList<QByteArray> addresses;
     for (const QString &path : paths)
         addresses += uri(path);
+    Object<GDesktopAppInfo> info = appInfo(entry);
+    if (isBusActivated(info.get())) {
+        const QString name = QFileInfo(entry.path).completeBaseName();
+        if (BusActivation::open(name, addresses) == BusActivation::Answer::Opened)
+            return {};
+        info = commandInfo(entry);
+    }
+    const Object<GAppLaunchContext> context(g_app_launch_context_new());
     GList *uris = nullptr;
     for (auto address = addresses.rbegin(); address != addresses.rend(); ++address)
         uris = g_list_prepend(uris, address->data());
