@@ -25,17 +25,15 @@ std::optional<RuleKind> ruleKind(const QCommandLineParser &parsed)
     return std::nullopt;
 }
 
-// The application's name, from those that run and those that are installed.
-std::optional<QString> knownName(Desktop &desktop, const QString &id)
+// The application that is called so, among those that run and those that are installed.
+std::optional<SavedApp> knownApp(Workspace &workspace, const QString &name)
 {
-    for (const RunningApplication &running : desktop.workspace->runningApplications()) {
-        if (running.id == id)
-            return running.name;
+    for (const RunningApplication &running : workspace.runningApplications()) {
+        if (running.id == name)
+            return SavedApp{running.id, running.name.isEmpty() ? running.id : running.name};
     }
-    for (const InstalledApplication &installed : desktop.workspace->installedApplications()) {
-        if (installed.id == id)
-            return installed.name;
-    }
+    if (const auto installed = workspace.findApplication(name))
+        return SavedApp{installed->id, installed->name.isEmpty() ? installed->id : installed->name};
     return std::nullopt;
 }
 
@@ -55,12 +53,13 @@ ExitStatus change(Desktop &desktop, const Change &apply, const QString &done)
 ExitStatus excludeApp(const QString &id)
 {
     Desktop desktop = makeDesktop();
-    const std::optional<QString> name = knownName(desktop, id);
-    const SavedApp app{id, name && !name->isEmpty() ? *name : id};
+    const std::optional<SavedApp> known = knownApp(*desktop.workspace, id);
+    const SavedApp app = known.value_or(SavedApp{id, id});
     const auto exclude = [&](AppStore &store) { return store.excludeApp(app, Audience::Caller); };
     const ExitStatus status = change(desktop, exclude, u"%1 is left out of captures."_qs.arg(oneLine(app.name)));
-    if (!name && status == ExitStatus::Done)
-        printError(u"No application “%1” is installed or running; it is left out should there be one."_qs.arg(id));
+    if (!known && status == ExitStatus::Done)
+        printError(u"No application “%1” is installed or running. Until there is one, windows of applications that are "
+                   "not installed are left out, since they may be its own."_qs.arg(id));
     return status;
 }
 

@@ -4,9 +4,11 @@
 #include "desktop/Capability.h"
 
 #include <QList>
+#include <QSet>
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 namespace ardeno {
 
@@ -52,6 +54,13 @@ public:
     virtual QList<RunningApplication> runningApplications() = 0;
     // Those that menus show, in no particular order.
     virtual QList<InstalledApplication> installedApplications() = 0;
+    // The installed application that people may call so: by its identifier in any letter case, another name of its
+    // desktop file or the class of its windows. Absent when there is none or several fit.
+    virtual std::optional<InstalledApplication> findApplication(const QString &name) = 0;
+    // Whether the user runs a program of this application, with windows that can be told to be its own or without.
+    virtual bool isProgramRunning(const QString &appID) = 0;
+    // From now on every window that may be one of these applications counts as theirs, in all parts of the desktop.
+    virtual void setExcluded(const QSet<QString> &appIDs) = 0;
     // From now on calls the handler some time after applications may have started or ended; an empty handler ends it.
     // Nothing is done meanwhile.
     virtual void setChangeHandler(std::function<void()> handler) = 0;

@@ -64,7 +64,7 @@ Desktop makeX11Desktop()
     desktop.windowServer = std::make_unique<X11WindowServer>(connection, entries);
     const auto keeper = std::make_shared<X11RedirectionKeeper>(qgetenv("DISPLAY"));
     desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID, keeper);
-    desktop.screenRecorder = std::make_unique<X11ScreenRecorder>(desktop.roles.ownID, keeper);
+    desktop.screenRecorder = std::make_unique<X11ScreenRecorder>(desktop.roles.ownID, keeper, entries);
     desktop.screenAccess = std::make_unique<X11ScreenAccess>();
     const LiveWindowList windows = x11LiveWindows(connection, entries);
     desktop.tabSource = std::make_unique<SessionTabs>(windows);

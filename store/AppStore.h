@@ -343,6 +343,9 @@ private:
     bool readExclusions();
     // On disk first, in force second.
     Outcome changeExclusions(const std::function<void(CaptureExclusions &)> &change, Audience audience);
+    // What is in force from now on, also for the desktop.
+    void enforce(const CaptureExclusions &rules);
+    bool runsUnseen(const QString &appID) const;
 
     QCoro::Task<Outcome> reveal(QString path);
 

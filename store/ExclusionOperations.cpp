@@ -40,7 +40,7 @@ CaptureExclusions AppStore::storedExclusions()
 bool AppStore::readExclusions()
 {
     try {
-        exclusions.set(storedExclusions());
+        enforce(storedExclusions());
         exclusionsIssue.set(std::nullopt);
         return true;
     } catch (const Failure &failure) {
@@ -51,6 +51,12 @@ bool AppStore::readExclusions()
                 .arg(failure.description(), m_preferences.folder(), "ardeno exclusions --start-over"));
         return false;
     }
+}
+
+void AppStore::enforce(const CaptureExclusions &rules)
+{
+    m_desktop.workspace->setExcluded(rules.appIDs());
+    exclusions.set(rules);
 }
 
 std::optional<QString> AppStore::exclusionsObstacle()
@@ -64,7 +70,26 @@ Outcome AppStore::excludeApp(const SavedApp &app, Audience audience)
         changed.apps.removeIf([&](const SavedApp &existing) { return existing.id == app.id; });
         changed.apps.append(app);
     };
-    return changeExclusions(exclude, audience);
+    Outcome outcome = changeExclusions(exclude, audience);
+    if (!outcome || !runsUnseen(app.id))
+        return outcome;
+    outcome.remarks.append(
+        {.sentence = tr("%1 is running, but none of the windows could be recognised as its own. Look "
+                        "at a picture before you rely on its being left out.")
+                         .arg(app.name),
+         .subject = subjects::exclusions});
+    return concluded(std::move(outcome), audience);
+}
+
+// Its windows may be other ones than anybody can tell, or it has none now.
+bool AppStore::runsUnseen(const QString &appID) const
+{
+    Workspace &workspace = *m_desktop.workspace;
+    if (!workspace.isProgramRunning(appID))
+        return false;
+    const QList<RunningApplication> running = workspace.runningApplications();
+    return std::none_of(running.begin(), running.end(),
+                        [&](const RunningApplication &application) { return application.id == appID; });
 }
 
 Outcome AppStore::allowApp(const QString &id, Audience audience)
@@ -152,7 +177,7 @@ Outcome AppStore::changeExclusions(const std::function<void(CaptureExclusions &)
     change(changed);
     try {
         m_exclusionsFile.write(changed);
-        exclusions.set(changed);
+        enforce(changed);
         outcome.isDone = true;
     } catch (const Failure &failure) {
         outcome.fail(tr("Could not save the exclusions: ") + failure.description());

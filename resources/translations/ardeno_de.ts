@@ -96,6 +96,10 @@
         <translation>Die Ausnahmen konnten nicht gesichert werden: </translation>
     </message>
     <message>
+        <source>%1 is running, but none of the windows could be recognised as its own. Look at a picture before you rely on its being left out.</source>
+        <translation>%1 läuft, aber kein Fenster ließ sich dieser App zuordnen. Sehen Sie sich ein Bild an, bevor Sie sich darauf verlassen, dass sie ausgelassen wird.</translation>
+    </message>
+    <message>
         <source>Could not create the project: </source>
         <translation>Das Projekt konnte nicht angelegt werden: </translation>
     </message>

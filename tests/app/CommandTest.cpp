@@ -19,9 +19,9 @@ namespace {
 struct Terminal {
     QProcess process;
 
-    explicit Terminal(const QString &title)
+    explicit Terminal(const QString &title, const QStringList &options = {})
     {
-        process.start("xterm", {"-geometry", "60x20+200+150", "-T", title, "-e", "sleep 300"});
+        process.start("xterm", options + QStringList{"-geometry", "60x20+200+150", "-T", title, "-e", "sleep 300"});
         REQUIRE(process.waitForStarted());
         const QDeadlineTimer deadline(20'000);
         while (!isListed(title) && !deadline.hasExpired())
@@ -43,6 +43,16 @@ struct Terminal {
         return QString::fromUtf8(list.readAllStandardOutput()).contains(title);
     }
 };
+
+int coloured(const QImage &picture, QRgb colour)
+{
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            count += picture.pixel(x, y) == colour ? 1 : 0;
+    }
+    return count;
+}
 
 QStringList titles(const QJsonArray &records)
 {
@@ -105,6 +115,41 @@ TEST_CASE_FIXTURE(ProgramFixture, "an excluded application is in no list, and al
     CHECK(again.status == 1);
     CHECK(again.error == "“bank.example” is not excluded.\n");
     CHECK(run({"save", "--project", "Thesis", "--no-tabs", "--json"}).json().value("windows") == 1);
+}
+
+TEST_CASE_FIXTURE(ProgramFixture,
+                  "whatever becomes of an excluded application's desktop file, it is in no picture and no record")
+{
+    const Terminal terminal("secret work", {"-bg", "#ff00ff"});
+    const auto pixels = [&] {
+        const ProgramResult saved = run({"save", "--project", "Thesis", "--no-tabs", "--json"});
+        CAPTURE(saved.error);
+        REQUIRE(saved.status == 0);
+        const QJsonObject shown = run({"show", saved.json().value("id").toString(), "--json"}).json();
+        return std::pair(coloured(QImage(shown.value("screenshot").toString()), 0xffff00ff),
+                         QJsonDocument(shown).toJson().contains("secret work"));
+    };
+    REQUIRE(pixels().first > 10'000);
+    REQUIRE(pixels().second);
+    REQUIRE(run({"exclude", "app", "Debian-XTerm"}).out == "XTerm is left out of captures.\n");
+    CHECK(pixels() == std::pair(0, false));
+
+    const QString applications = home.filePath("data/applications/");
+    QDir().mkpath(applications);
+    REQUIRE(QFile::copy("/usr/share/applications/debian-xterm.desktop", applications + "copy.desktop"));
+    CHECK(pixels() == std::pair(0, false));
+    QFile::remove(applications + "copy.desktop");
+    for (const QByteArray line : {"NoDisplay=true", "Hidden=true"}) {
+        CAPTURE(line);
+        QFile file(applications + "debian-xterm.desktop");
+        REQUIRE(file.open(QIODevice::WriteOnly));
+        file.write("[Desktop Entry]\nType=Application\nName=XTerm\nExec=xterm\n" + line + '\n');
+        file.close();
+        CHECK(pixels() == std::pair(0, false));
+    }
+    environment.insert("XDG_DATA_DIRS", home.filePath("nowhere"));
+    QFile::remove(applications + "debian-xterm.desktop");
+    CHECK(pixels() == std::pair(0, false));
 }
 
 TEST_CASE_FIXTURE(ProgramFixture, "each kind of failure has its exit status and names its reason")

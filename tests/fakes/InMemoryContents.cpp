@@ -18,6 +18,19 @@ public:
 
     QList<InstalledApplication> installedApplications() override { return m_desktop.installed; }
 
+    std::optional<InstalledApplication> findApplication(const QString &name) override
+    {
+        for (const InstalledApplication &application : m_desktop.installed) {
+            if (application.id.compare(name, Qt::CaseInsensitive) == 0)
+                return application;
+        }
+        return std::nullopt;
+    }
+
+    bool isProgramRunning(const QString &appID) override { return m_desktop.programsRunning.contains(appID); }
+
+    void setExcluded(const QSet<QString> &appIDs) override { m_desktop.excludedAppIDs = appIDs; }
+
     void setChangeHandler(std::function<void()> handler) override
     {
         m_desktop.applicationsChanged = std::move(handler);

@@ -66,6 +66,21 @@ TEST_CASE_FIXTURE(ExclusionsFixture, "exclusions last, and each change is made t
     CHECK(reopen().exclusions() == CaptureExclusions{.domains = {"theirs.example"}});
 }
 
+TEST_CASE_FIXTURE(ExclusionsFixture, "the desktop is told whom to leave out, and the user whose windows are not found")
+{
+    CHECK(store().excludeApp({"org.a", "A"}).remarks.isEmpty());
+    reopen();
+    CHECK(memory.excludedAppIDs == QSet<QString>{"org.a"});
+    memory.programsRunning = {"org.a"};
+    const Outcome unseen = store().excludeApp({"org.a", "A"});
+    REQUIRE(unseen.remarks.size() == 1);
+    CHECK(unseen.remarks.first().sentence.startsWith("A is running, but none of the windows"));
+    memory.running = {{"org.a", "A", true}};
+    CHECK(store().excludeApp({"org.a", "A"}).remarks.isEmpty());
+    CHECK(store().allowApp("org.a"));
+    CHECK(memory.excludedAppIDs.isEmpty());
+}
+
 TEST_CASE_FIXTURE(ExclusionsFixture, "nothing is captured while exclusions cannot be read, until the user starts over")
 {
     const std::function<void()> damages[] = {

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/common/DesktopEntries.h"
 
+#include "desktop/Workspace.h"
+#include "platform/linux/common/ApplicationNames.h"
 #include "platform/linux/common/BrowserIdentities.h"
-#include "platform/linux/common/DesktopFileSummary.h"
-#include "platform/linux/common/DesktopFolders.h"
+#include "platform/linux/common/DesktopIndex.h"
 #include "platform/linux/common/PathEntry.h"
 
 #include <gio/gdesktopappinfo.h>
 
 #include <QFile>
-#include <QStandardPaths>
 
 #include <algorithm>
 #include <utility>
@@ -51,13 +51,6 @@ DesktopEntry entryFrom(const AppInfo &info, const QString &fileID, const QString
             .isMailProgram = hasCategory(info.get(), "Email")};
 }
 
-DesktopFileSummary readSummary(const QString &path)
-{
-    constexpr qint64 longestFile = 1 << 20;
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? DesktopFileSummary::parsed(file.read(longestFile)) : DesktopFileSummary();
-}
-
 // A program on a disk that does not answer, which whoever opens the file would wait for.
 bool isSilent(const QString &program)
 {
@@ -67,7 +60,7 @@ bool isSilent(const QString &program)
 // Empty when the file is damaged, removed by the user or its program is not installed or cannot be reached.
 AppInfo openDesktopFile(const QString &path)
 {
-    const DesktopFileSummary summary = readSummary(path);
+    const DesktopFileSummary summary = DesktopIndex::readSummary(path);
     if (isSilent(summary.program) || isSilent(summary.neededProgram))
         return {};
     AppInfo info(g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData()));
@@ -76,71 +69,28 @@ AppInfo openDesktopFile(const QString &path)
     return info;
 }
 
-// The file that is run for the first word of a command, links followed; empty when there is none.
-QString programFile(const QString &program)
+// The browser that this starts under whatever name, and not for a single page with windows of its own.
+std::optional<QString> startedBrowser(const DesktopFileSummary &summary)
 {
-    const QString path = program.startsWith('/') ? program : QStandardPaths::findExecutable(program);
-    const PathFacts facts = path.isEmpty() ? PathFacts() : PathEntry::of(path).facts;
-    return facts.kind == PathFacts::Kind::File ? facts.canonicalPath : QString();
+    const auto isPage = [](const QString &word) { return word.startsWith("--app=") || word.startsWith("--app-id="); };
+    if (std::any_of(summary.arguments.begin(), summary.arguments.end(), isPage))
+        return std::nullopt;
+    const auto browser = BrowserIdentities::ofProgram(summary.program);
+    return browser ? std::optional(browser->id) : std::nullopt;
 }
 
-bool containsAll(const QStringList &arguments, const QStringList &wanted)
+void add(const DesktopFileSummary &summary, ApplicationTraces &traces)
 {
-    return std::all_of(wanted.begin(), wanted.end(), [&](const QString &word) { return arguments.contains(word); });
+    traces.names += ApplicationNames::ofWindow(summary.windowClass);
+    traces.imaginable += ApplicationNames::imaginable(summary.name);
+    traces.imaginable += ApplicationNames::ofCommand(summary.program, summary.arguments);
+    if (const auto browser = startedBrowser(summary))
+        traces.identifiers.insert(ApplicationNames::folded(*browser));
+    if (!summary.program.isEmpty() && !ApplicationNames::runsOthers(summary.program))
+        traces.programs.append(summary.program);
 }
 
 } // namespace
-
-// What has been read since the folders last changed.
-struct DesktopEntries::Index {
-    struct Command {
-        QString fileID;
-        QStringList arguments;
-    };
-
-    explicit Index(const QStringList &roots) : folders(roots)
-    {
-        for (auto file = folders.files().begin(); file != folders.files().end(); ++file)
-            folded.insert(file.key().toLower(), file.key());
-    }
-
-    // The identifier as the file has it; empty when there is no such file.
-    QString fileID(const QString &id) const { return folders.files().contains(id) ? id : folded.value(id.toLower()); }
-
-    const QHash<QString, DesktopFileSummary> &summaries()
-    {
-        if (!summariesAreRead) {
-            for (auto file = folders.files().begin(); file != folders.files().end(); ++file)
-                summariesByID.insert(file.key(), readSummary(file.value()));
-            summariesAreRead = true;
-        }
-        return summariesByID;
-    }
-
-    const QMultiHash<QString, Command> &commands()
-    {
-        if (commandsAreRead)
-            return commandsByProgram;
-        const auto &all = summaries();
-        for (auto summary = all.begin(); summary != all.end(); ++summary) {
-            if (summary->isHidden || !summary->hasWindows || summary->program.isEmpty())
-                continue;
-            const QString file = programFile(summary->program);
-            if (!file.isEmpty())
-                commandsByProgram.insert(file, {summary.key(), summary->arguments});
-        }
-        commandsAreRead = true;
-        return commandsByProgram;
-    }
-
-    DesktopFolders folders;
-    QHash<QString, QString> folded; // From the lower-case identifier.
-    QHash<QString, std::optional<DesktopEntry>> loaded = {};
-    QHash<QString, DesktopFileSummary> summariesByID = {};
-    QMultiHash<QString, Command> commandsByProgram = {};
-    bool summariesAreRead = false;
-    bool commandsAreRead = false;
-};
 
 DesktopEntries::DesktopEntries() : DesktopEntries(DesktopFolders::standardRoots()) {}
 
@@ -148,81 +98,114 @@ DesktopEntries::DesktopEntries(QStringList roots) : m_roots(std::move(roots)) {}
 
 DesktopEntries::~DesktopEntries() = default;
 
-DesktopEntries::Index &DesktopEntries::index()
+DesktopIndex &DesktopEntries::index()
 {
-    if (!m_index || m_index->folders.haveChanged())
-        m_index = std::make_unique<Index>(m_roots);
+    if (!m_index || m_index->isOutdated()) {
+        m_index = std::make_unique<DesktopIndex>(m_roots);
+        m_loaded.clear();
+        m_traces.clear();
+    }
     return *m_index;
 }
 
-std::optional<DesktopEntry> DesktopEntries::load(Index &index, const QString &fileID)
+std::optional<DesktopEntry> DesktopEntries::load(const QString &fileID)
 {
-    const auto known = index.loaded.constFind(fileID);
-    if (known != index.loaded.constEnd())
+    const auto known = m_loaded.constFind(fileID);
+    if (known != m_loaded.constEnd())
         return *known;
     std::optional<DesktopEntry> entry;
-    const QString path = index.folders.files().value(fileID);
+    const QString path = m_index->files().value(fileID);
     if (const AppInfo info = path.isEmpty() ? AppInfo() : openDesktopFile(path))
         entry = entryFrom(info, fileID, path);
-    index.loaded.insert(fileID, entry);
+    m_loaded.insert(fileID, entry);
     return entry;
+}
+
+QList<DesktopEntry> DesktopEntries::loadAll(const QStringList &fileIDs)
+{
+    QList<DesktopEntry> entries;
+    for (const QString &fileID : fileIDs) {
+        const auto entry = load(fileID);
+        const auto isSame = [&](const DesktopEntry &known) { return known.id == entry->id; };
+        if (entry && std::none_of(entries.cbegin(), entries.cend(), isSame))
+            entries.append(*entry);
+    }
+    return entries;
 }
 
 std::optional<DesktopEntry> DesktopEntries::find(const QString &id)
 {
-    Index &current = index();
+    const DesktopIndex &current = index();
     QStringList candidates{id};
     candidates += BrowserIdentities::desktopFileIDs(id);
     for (const QString &candidate : std::as_const(candidates)) {
-        if (auto entry = load(current, current.fileID(candidate)))
+        if (auto entry = load(current.fileID(candidate)))
             return entry;
     }
     return std::nullopt;
 }
 
-std::optional<DesktopEntry> DesktopEntries::findByWindowClass(const QString &windowClass)
+QList<DesktopEntry> DesktopEntries::findByWindowName(const QString &name)
 {
-    if (windowClass.isEmpty())
-        return std::nullopt;
-    Index &current = index();
-    std::optional<DesktopEntry> found;
-    const auto &summaries = current.summaries();
-    for (auto summary = summaries.begin(); summary != summaries.end(); ++summary) {
-        if (summary->isHidden || summary->windowClass != windowClass)
-            continue;
-        auto entry = load(current, summary.key());
-        if (entry && found && entry->id != found->id)
-            return std::nullopt;
-        if (entry)
-            found = std::move(entry);
+    for (const QStringList &files : index().claimants(name)) {
+        if (const QList<DesktopEntry> entries = loadAll(files); !entries.isEmpty())
+            return entries;
     }
-    return found;
+    return {};
 }
 
-std::optional<DesktopEntry> DesktopEntries::findByCommand(const QString &program, const QStringList &arguments)
+QList<DesktopEntry> DesktopEntries::findByCommand(const QString &program, const QStringList &arguments)
 {
-    Index &current = index();
-    // The application whose command names most of the arguments; another one that names as many makes it a guess.
-    QString best;
-    qsizetype most = -1;
-    bool isUnique = false;
-    const auto [begin, end] = current.commands().equal_range(program);
-    for (auto command = begin; command != end; ++command) {
-        if (command->arguments.size() < most || !containsAll(arguments, command->arguments))
-            continue;
-        isUnique = command->arguments.size() > most;
-        most = command->arguments.size();
-        best = command->fileID;
+    const QStringList files = index().filesOfCommand(program, arguments);
+    return loadAll(files);
+}
+
+const ApplicationTraces &DesktopEntries::traces(const QString &id)
+{
+    index(); // Which may be a new one.
+    const auto known = m_traces.constFind(id);
+    return known != m_traces.constEnd() ? *known : *m_traces.insert(id, readTraces(id));
+}
+
+ApplicationTraces DesktopEntries::readTraces(const QString &id)
+{
+    ApplicationTraces traces;
+    if (WindowClass::isIdentifier(id)) {
+        traces.names = ApplicationNames::ofWindow(id.mid(WindowClass::prefix.size()));
+        traces.isKnown = true;
     }
-    return isUnique ? load(current, best) : std::nullopt;
+    DesktopIndex &current = index();
+    QStringList files{id, BrowserIdentities::applicationID(id)};
+    files += BrowserIdentities::desktopFileIDs(files.last());
+    for (const QString &file : std::as_const(files))
+        traces.identifiers.insert(ApplicationNames::folded(file));
+    if (current.fileID(id).isEmpty()) {
+        for (const QStringList &claimants : current.claimants(id))
+            files += claimants;
+    }
+    files.removeDuplicates();
+    for (const QString &file : std::as_const(files)) {
+        traces.names += ApplicationNames::ofApplication(file);
+        traces.imaginable += ApplicationNames::imaginable(file);
+        for (const DesktopFileSummary &summary : current.everySummary(file)) {
+            add(summary, traces);
+            traces.isKnown = true;
+        }
+    }
+    traces.imaginable += traces.names;
+    return traces;
+}
+
+std::optional<QString> DesktopEntries::browserOf(const DesktopEntry &entry)
+{
+    return startedBrowser(DesktopIndex::readSummary(entry.path));
 }
 
 QList<DesktopEntry> DesktopEntries::shown()
 {
-    Index &current = index();
+    const DesktopIndex &current = index();
     QList<DesktopEntry> entries;
-    const QHash<QString, QString> &files = current.folders.files();
-    for (auto file = files.begin(); file != files.end(); ++file) {
+    for (auto file = current.files().begin(); file != current.files().end(); ++file) {
         const AppInfo info = openDesktopFile(file.value());
         if (info && g_app_info_should_show(G_APP_INFO(info.get())))
             entries.append(entryFrom(info, file.key(), file.value()));

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QHash>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -9,6 +11,8 @@
 #include <optional>
 
 namespace ardeno {
+
+class DesktopIndex;
 
 // An installed application, as its desktop file describes it.
 struct DesktopEntry {
@@ -20,6 +24,15 @@ struct DesktopEntry {
     bool isMailProgram = false;
 
     bool operator==(const DesktopEntry &) const = default;
+};
+
+// What may be said of an application by its windows and processes, as far as its desktop files tell; in lower case.
+struct ApplicationTraces {
+    QSet<QString> identifiers = {};
+    QSet<QString> names = {};      // Its windows may be told by these alone.
+    QSet<QString> imaginable = {}; // With what may be meant by names of programs, words of names and the like.
+    QStringList programs = {};     // The programs of its commands, as they are written there.
+    bool isKnown = false;          // There is a desktop file that tells, even if it stands for a removed application.
 };
 
 // The installed applications. Nothing is read before it is asked for, each file at most once until the folders change.
@@ -34,21 +47,37 @@ public:
 
     // By the identifier of an application or of a desktop file (without ".desktop", letter case ignored).
     std::optional<DesktopEntry> find(const QString &id);
-    // By the class that its windows have; absent when two applications claim it.
-    std::optional<DesktopEntry> findByWindowClass(const QString &windowClass);
-    // By the program (full path) and the arguments of a process; absent unless exactly one application fits best.
-    std::optional<DesktopEntry> findByCommand(const QString &program, const QStringList &arguments);
+    // Whose windows have this class or instance, letter case ignored: by the desktop file's own word, its name or the
+    // last part of a reverse-DNS name, those that menus show before others. More than one when several claim it alike.
+    QList<DesktopEntry> findByWindowName(const QString &name);
+    // By the program (full path) and the arguments of a process: the application that fits best, or several that fit
+    // equally well.
+    QList<DesktopEntry> findByCommand(const QString &program, const QStringList &arguments);
+    // Of an application that is installed, hidden, removed, or only known by its identifier.
+    const ApplicationTraces &traces(const QString &id);
+    // The identifier of the browser that this starts under whatever name; absent when it starts none.
+    static std::optional<QString> browserOf(const DesktopEntry &entry);
     // Those that menus show.
     QList<DesktopEntry> shown();
 
-private:
-    struct Index;
+    // The identifiers of the applications that are left out of everything that is shown: what may be one of theirs
+    // counts as theirs.
+    const QSet<QString> &excluded() const { return m_excluded; }
 
-    Index &index();
-    static std::optional<DesktopEntry> load(Index &index, const QString &fileID);
+    void setExcluded(const QSet<QString> &ids) { m_excluded = ids; }
+
+private:
+    DesktopIndex &index();
+    std::optional<DesktopEntry> load(const QString &fileID);
+    ApplicationTraces readTraces(const QString &id);
+    // Each application once.
+    QList<DesktopEntry> loadAll(const QStringList &fileIDs);
 
     QStringList m_roots;
-    std::unique_ptr<Index> m_index;
+    std::unique_ptr<DesktopIndex> m_index;
+    QHash<QString, std::optional<DesktopEntry>> m_loaded = {}; // Of the index's files.
+    QHash<QString, ApplicationTraces> m_traces = {};
+    QSet<QString> m_excluded = {};
 };
 
 } // namespace ardeno

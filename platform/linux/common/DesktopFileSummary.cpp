@@ -29,7 +29,9 @@ QStringList commandWords(const QByteArray &line)
 void apply(const QByteArray &key, const QByteArray &value, DesktopFileSummary &summary)
 {
     const bool yes = value == "true" || value == "1";
-    if (key == "StartupWMClass") {
+    if (key == "Name") {
+        summary.name = QString::fromUtf8(value);
+    } else if (key == "StartupWMClass") {
         summary.windowClass = QString::fromUtf8(value);
     } else if (key == "TryExec") {
         summary.neededProgram = QString::fromUtf8(value);

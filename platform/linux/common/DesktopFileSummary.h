@@ -12,6 +12,7 @@ namespace ardeno {
 // What identifies the windows and processes of an application, read without the rest of its desktop file: reading
 // all files in full takes ten times as long.
 struct DesktopFileSummary {
+    QString name = {};        // Not a translated one.
     QString windowClass = {}; // Empty when the file claims none.
     QString program = {};     // As written: a name or a full path.
     QStringList arguments = {};

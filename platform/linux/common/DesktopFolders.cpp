@@ -44,7 +44,10 @@ void DesktopFolders::list(const QString &folder, const QString &prefix, int dept
         if (file.isDir() && depth < deepestFolder)
             list(file.filePath(), prefix + name + '-', depth + 1);
         const QString id = prefix + name.chopped(name.endsWith(".desktop") ? qsizetype(8) : 0);
-        if (name.endsWith(".desktop") && file.isFile() && !m_files.contains(id))
+        if (!name.endsWith(".desktop") || !file.isFile())
+            continue;
+        m_allFiles.insert(id, file.filePath());
+        if (!m_files.contains(id))
             m_files.insert(id, file.filePath());
     }
 }

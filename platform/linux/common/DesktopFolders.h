@@ -23,6 +23,9 @@ public:
     // The paths of the desktop files by identifier: the name below the root without ".desktop", folders joined by "-".
     const QHash<QString, QString> &files() const { return m_files; }
 
+    // The same with those that are hidden by files of earlier folders.
+    const QMultiHash<QString, QString> &allFiles() const { return m_allFiles; }
+
 private:
     struct Folder {
         QString path;
@@ -34,6 +37,7 @@ private:
 
     QList<Folder> m_folders;
     QHash<QString, QString> m_files;
+    QMultiHash<QString, QString> m_allFiles;
 };
 
 } // namespace ardeno

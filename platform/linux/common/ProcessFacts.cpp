@@ -3,15 +3,18 @@
 
 #include "platform/linux/common/PathText.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
 
+#include <algorithm>
 #include <array>
 #include <climits>
 #include <ctime>
 #include <optional>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace ardeno {
@@ -73,7 +76,16 @@ QString ProcessFacts::link(const char *name) const
 
 QString ProcessFacts::program() const
 {
-    return link("exe");
+    constexpr QLatin1String replaced(" (deleted)"); // By a newer version.
+    const QString path = link("exe");
+    if (path.isEmpty())
+        return QFile::decodeName(read("cmdline").split('\0').first());
+    return path.endsWith(replaced) ? path.chopped(replaced.size()) : path;
+}
+
+QString ProcessFacts::name() const
+{
+    return QString::fromLocal8Bit(read("comm").trimmed());
 }
 
 QStringList ProcessFacts::arguments() const
@@ -142,6 +154,22 @@ QString ProcessFacts::scopeApplicationID() const
             return id;
     }
     return {};
+}
+
+bool ProcessFacts::isAnyRunning(const QSet<QString> &programs)
+{
+    const QStringList processes = QDir("/proc").entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return std::any_of(processes.begin(), processes.end(), [&](const QString &number) {
+        const ProcessFacts facts(number.toInt());
+        struct stat status = {};
+        if (facts.m_processID == 0 || ::stat(("/proc/" + number.toLatin1()).constData(), &status) != 0)
+            return false;
+        // A process that hides its memory belongs to root there, and is looked at all the same.
+        const bool isOwn = status.st_uid == ::getuid() || status.st_uid == 0;
+        const QString script = facts.arguments().value(0).section('/', -1);
+        return isOwn && (programs.contains(facts.program().section('/', -1)) || programs.contains(facts.name()) ||
+                         programs.contains(script));
+    });
 }
 
 QString ProcessFacts::applicationInControlGroup(const QString &path)

@@ -14,8 +14,11 @@ class ProcessFacts final {
 public:
     explicit ProcessFacts(qint32 processID) : m_processID(processID) {}
 
-    // The full path of its program.
+    // The full path of its program. A process that hides its memory (a password manager) hides this, too: then what its
+    // command line calls it, a path or a name.
     QString program() const;
+    // What it calls itself, 15 bytes at most.
+    QString name() const;
     // Its command line without the program.
     QStringList arguments() const;
     // The files and folders among its arguments as absolute paths, each in every way it may be meant: a program may
@@ -27,6 +30,9 @@ public:
     QString launchedDesktopFileID() const;
     // The application that the session's manager started it for.
     QString scopeApplicationID() const;
+
+    // Whether this user runs a program of one of these names, itself or by an interpreter.
+    static bool isAnyRunning(const QSet<QString> &programs);
 
     // The application in the path of a control group: ".../app-gnome-org.gnome.Evince-4711.scope". Empty when none is.
     static QString applicationInControlGroup(const QString &path);

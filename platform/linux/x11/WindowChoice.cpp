@@ -75,56 +75,12 @@ QSet<xcb_window_t> ownWindows(const X11Connection &connection, const Clients &cl
     return found;
 }
 
-// Windows of excluded applications, with everything that cannot be shown to be of another one: what says nothing about
-// itself in a process or on a connection of an excluded application (menus, tool tips, drag icons), and windows of
-// which neither process nor application is known.
-class ExcludedWindows final {
-public:
-    ExcludedWindows(const X11Connection &connection, const QHash<xcb_window_t, WindowOwner> &owners,
-                    const Exclusion &exclusion)
-        : m_mask(xcb_get_setup(connection.xcb())->resource_id_mask), m_exclusion(exclusion)
-    {
-        for (const WindowOwner &owner : owners) {
-            if (!isNamed(owner))
-                continue;
-            m_connections.insert(connectionOf(owner));
-            if (owner.processID)
-                m_processes.insert(*owner.processID);
-        }
-    }
-
-    bool contains(const TopLevel &window, const WindowOwner &owner) const
-    {
-        if (isNamed(owner) || isOfLaterProcess(owner))
-            return true;
-        const bool isPopup = window.isOverrideRedirect && owner.client == window.id;
-        if (isPopup && owner.processID && m_processes.contains(*owner.processID))
-            return true; // Of which of its applications, a process with several does not say.
-        if (owner.isIdentified)
-            return false;
-        return !owner.processID || m_processes.contains(*owner.processID) ||
-               m_connections.contains(connectionOf(owner));
-    }
-
-private:
-    bool isNamed(const WindowOwner &owner) const
-    {
-        return owner.applicationID &&
-               (m_exclusion.appIDs.contains(*owner.applicationID) || *owner.applicationID == m_exclusion.ownAppID);
-    }
-
-    bool isOfLaterProcess(const WindowOwner &owner) const
-    {
-        return m_exclusion.onlyProcesses && !(owner.processID && m_exclusion.onlyProcesses->contains(*owner.processID));
-    }
-
-    quint32 connectionOf(const WindowOwner &owner) const { return owner.client & ~m_mask; }
-
-    quint32 m_mask;
-    const Exclusion &m_exclusion;
-    QSet<quint32> m_connections = {};
-    QSet<qint32> m_processes = {};
-};
+// Of the program itself where it is installed, and in a recording of processes that have come since.
+bool isAlwaysLeftOut(const WindowOwner &owner, const Exclusion &exclusion)
+{
+    const bool isLater = exclusion.onlyProcesses && !(owner.peer && exclusion.onlyProcesses->contains(*owner.peer));
+    return isLater || owner.applicationID == exclusion.ownAppID;
+}
 
 // Windows that are mapped but not to be seen: compositing managers keep those of other desktops and minimised ones.
 QSet<xcb_window_t> hiddenWindows(const X11Connection &connection, const QList<TopLevel> &windows,
@@ -209,11 +165,11 @@ WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entr
     if (exclusion.appIDs.isEmpty()) {
         clients = clientsOf(connection, windows);
     } else {
+        entries.setExcluded(exclusion.appIDs);
         const auto owners = WindowOwners(connection, entries).owners(numbersOf(windows));
-        const ExcludedWindows excluded(connection, owners, exclusion);
-        for (const TopLevel &window : windows) {
-            if (excluded.contains(window, owners.value(window.id)))
-                choice.leftOut.insert(window.id);
+        for (auto owner = owners.cbegin(); owner != owners.cend(); ++owner) {
+            if (owner->isExcluded || isAlwaysLeftOut(*owner, exclusion))
+                choice.leftOut.insert(owner.key());
         }
         clients = clientsOf(owners);
     }

@@ -14,16 +14,20 @@ namespace ardeno {
 
 // Whose window it is.
 struct WindowOwner {
-    xcb_window_t client = XCB_NONE; // The application's own window: the one inside a frame, or the window itself.
-    std::optional<qint32> processID = {};
-    std::optional<QString> applicationID = {}; // Absent when nothing is known of it.
-    QString applicationName = {};              // Localised; empty when it has none.
-    bool isIdentified = false;                 // The window itself or its program is one of an installed application.
+    xcb_window_t client = XCB_NONE;       // The application's own window: the one inside a frame, or the window itself.
+    std::optional<qint32> processID = {}; // Absent also for a window that comes from another machine.
+    // The process at the other end of its connection: its own, or the one that brings it from another machine.
+    std::optional<qint32> peer = {};
+    // Absent when nothing is known of it. Whatever may be a window of an excluded application has that one's.
+    std::optional<QString> applicationID = {};
+    QString applicationName = {}; // Localised; empty when it has none.
+    bool isIdentified = false;    // The window itself or its program is one of an application installed here.
+    bool isExcluded = false;
 
     bool operator==(const WindowOwner &) const = default;
 };
 
-// Finds the applications of windows. The connection and the entries outlive it.
+// Finds the applications of windows; the entries know which are excluded. The connection and the entries outlive it.
 class WindowOwners final {
 public:
     WindowOwners(const X11Connection &connection, DesktopEntries &entries)

@@ -17,8 +17,9 @@
 
 namespace ardeno {
 
-X11ScreenRecorder::X11ScreenRecorder(QString ownAppID, std::shared_ptr<X11RedirectionKeeper> keeper)
-    : m_ownAppID(std::move(ownAppID)), m_keeper(std::move(keeper))
+X11ScreenRecorder::X11ScreenRecorder(QString ownAppID, std::shared_ptr<X11RedirectionKeeper> keeper,
+                                     std::shared_ptr<DesktopEntries> entries)
+    : m_ownAppID(std::move(ownAppID)), m_keeper(std::move(keeper)), m_entries(std::move(entries))
 {
 }
 
@@ -46,8 +47,7 @@ RecordableContent X11ScreenRecorder::content()
         if (display.isMain)
             content.mainDisplayID = display.id;
     }
-    DesktopEntries entries;
-    const auto owners = WindowOwners(connection, entries).owners(WindowTree::clients(connection));
+    const auto owners = WindowOwners(connection, *m_entries).owners(WindowTree::clients(connection));
     for (const WindowOwner &owner : owners) {
         const QString id = owner.applicationID.value_or(QString());
         if (id != m_ownAppID && owner.processID != qint32(QCoreApplication::applicationPid()))

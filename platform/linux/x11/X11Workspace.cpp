@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/X11Workspace.h"
 
+#include "platform/linux/common/ProcessFacts.h"
 #include "platform/linux/x11/WindowOwners.h"
 #include "platform/linux/x11/WindowTree.h"
 #include "platform/linux/x11/X11Windows.h"
@@ -49,13 +50,42 @@ QList<RunningApplication> X11Workspace::runningApplications()
 QList<InstalledApplication> X11Workspace::installedApplications()
 {
     QList<InstalledApplication> applications;
-    QSet<QString> seen; // A browser may be installed in two ways.
+    QList<InstalledApplication> starters;
     for (const DesktopEntry &entry : m_entries->shown()) {
-        if (!seen.contains(entry.id))
-            applications.append({entry.id, entry.name, entry.iconName});
-        seen.insert(entry.id);
+        const QString id = DesktopEntries::browserOf(entry).value_or(entry.id);
+        (id == entry.id ? applications : starters).append({id, entry.name, entry.iconName});
     }
-    return applications;
+    QSet<QString> seen; // A browser may be installed in two ways, and have starters of the user's own.
+    QList<InstalledApplication> unique;
+    for (const InstalledApplication &application : applications + starters) {
+        if (!seen.contains(application.id))
+            unique.append(application);
+        seen.insert(application.id);
+    }
+    return unique;
+}
+
+std::optional<InstalledApplication> X11Workspace::findApplication(const QString &name)
+{
+    std::optional<DesktopEntry> entry = m_entries->find(name);
+    if (!entry) {
+        const QList<DesktopEntry> called = m_entries->findByWindowName(name);
+        if (called.size() != 1)
+            return std::nullopt;
+        entry = called.first();
+    }
+    // A starter of a browser is that browser: its pages go by the browser's identifier.
+    if (const auto browser = m_entries->browserOf(*entry))
+        entry->id = *browser;
+    return InstalledApplication{entry->id, entry->name, entry->iconName};
+}
+
+bool X11Workspace::isProgramRunning(const QString &appID)
+{
+    QSet<QString> programs;
+    for (const QString &program : m_entries->traces(appID).programs)
+        programs.insert(program.section('/', -1));
+    return !programs.isEmpty() && ProcessFacts::isAnyRunning(programs);
 }
 
 void X11Workspace::setChangeHandler(std::function<void()> handler)

@@ -18,6 +18,11 @@ public:
     Capability availability() const override;
     QList<RunningApplication> runningApplications() override;
     QList<InstalledApplication> installedApplications() override;
+    std::optional<InstalledApplication> findApplication(const QString &name) override;
+    bool isProgramRunning(const QString &appID) override;
+
+    void setExcluded(const QSet<QString> &appIDs) override { m_entries->setExcluded(appIDs); }
+
     void setChangeHandler(std::function<void()> handler) override;
 
 private:

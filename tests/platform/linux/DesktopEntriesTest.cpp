@@ -3,35 +3,9 @@
 
 #include "platform/linux/common/BrowserIdentities.h"
 #include "platform/linux/common/DesktopFileSummary.h"
-#include "tests/Printing.h"
-
-#include <doctest/doctest.h>
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include "tests/platform/linux/InstalledApplications.h"
 
 using namespace ardeno;
-
-namespace {
-
-struct InstalledApplications {
-    void install(const QString &file, const QByteArray &lines, const QString &root = "system")
-    {
-        const QString path = folder.filePath(root + '/' + file);
-        QDir().mkpath(path.left(path.lastIndexOf('/')));
-        QFile written(path);
-        REQUIRE(written.open(QIODevice::WriteOnly));
-        written.write("[Desktop Entry]\nType=Application\n" + lines + '\n');
-    }
-
-    QString idOf(std::optional<DesktopEntry> entry) { return entry ? entry->id : "none"; }
-
-    QTemporaryDir folder;
-    DesktopEntries entries{{folder.filePath("user"), folder.filePath("system")}};
-};
-
-} // namespace
 
 TEST_CASE_FIXTURE(InstalledApplications, "an application is found by its identifier in any letter case")
 {
@@ -56,24 +30,31 @@ TEST_CASE_FIXTURE(InstalledApplications, "a user's own desktop file hides the sy
     install("one.desktop", "Name=User's\nExec=true\nStartupWMClass=One", "user");
     install("two.desktop", "Name=Two\nExec=true\nHidden=true", "user");
 
-    const auto one = entries.findByWindowClass("One");
-    REQUIRE(one.has_value());
-    CHECK(one->name == "User's");
+    const QList<DesktopEntry> one = entries.findByWindowName("One");
+    REQUIRE(one.size() == 1);
+    CHECK(one.first().name == "User's");
     CHECK(idOf(entries.find("two")) == "none");
-    CHECK(idOf(entries.findByWindowClass("Two")) == "none");
+    CHECK(idOf(entries.findByWindowName("Two")) == "none");
 }
 
-TEST_CASE_FIXTURE(InstalledApplications, "a window class that two applications claim names neither")
+TEST_CASE_FIXTURE(InstalledApplications, "a window's name is looked for as applications write theirs, shown ones first")
 {
     install("a.desktop", "Name=A\nExec=true\nStartupWMClass=Shared");
-    install("b.desktop", "Name=B\nExec=true\nStartupWMClass=Shared");
+    install("b.desktop", "Name=B\nExec=true\nStartupWMClass=shared");
     install("c.desktop", "Name=C\nExec=true\nStartupWMClass=Own\n[Desktop Action New]\nStartupWMClass=Action");
+    install("org.test.Viewer.desktop", "Name=Viewer\nExec=true");
+    install("org.test.viewer_importer.desktop", "Name=Importer\nExec=true\nNoDisplay=true\nStartupWMClass=viewer");
+    install("org.test.Hidden.desktop", "Name=Hidden\nExec=true\nNoDisplay=true");
+    install("removed.desktop", "Name=Removed\nExec=true\nHidden=true\nStartupWMClass=removed");
 
-    CHECK(idOf(entries.findByWindowClass("Shared")) == "none");
-    CHECK(idOf(entries.findByWindowClass("Own")) == "c");
-    CHECK(idOf(entries.findByWindowClass("own")) == "none");
-    CHECK(idOf(entries.findByWindowClass("Action")) == "none");
-    CHECK(idOf(entries.findByWindowClass("")) == "none");
+    CHECK(idOf(entries.findByWindowName("Shared")) == "a+b");
+    CHECK(idOf(entries.findByWindowName("own")) == "c");
+    CHECK(idOf(entries.findByWindowName("Action")) == "none");
+    CHECK(idOf(entries.findByWindowName("")) == "none");
+    CHECK(idOf(entries.findByWindowName("viewer")) == "org.test.Viewer");
+    CHECK(idOf(entries.findByWindowName("net-example-viewer-Viewer")) == "org.test.Viewer");
+    CHECK(idOf(entries.findByWindowName("org.test.hidden")) == "org.test.Hidden");
+    CHECK(idOf(entries.findByWindowName("removed")) == "none");
 }
 
 TEST_CASE_FIXTURE(InstalledApplications, "a process is matched to the one application whose command fits best")
@@ -88,7 +69,7 @@ TEST_CASE_FIXTURE(InstalledApplications, "a process is matched to the one applic
     CHECK(idOf(entries.findByCommand("/bin/other", {})) == "none");
 
     install("rival.desktop", "Name=Rival\nExec=\"/bin/sh\"");
-    CHECK_MESSAGE(idOf(entries.findByCommand(program, {})) == "none", "two applications fit equally well");
+    CHECK_MESSAGE(idOf(entries.findByCommand(program, {})) == "plain+rival", "two applications fit equally well");
     CHECK(idOf(entries.findByCommand(program, {"--special"})) == "special");
 }
 
@@ -115,8 +96,8 @@ TEST_CASE_FIXTURE(InstalledApplications, "damaged desktop files are left out and
         damaged.close();
         DesktopEntries fresh{{folder.filePath("system")}};
         CHECK(idOf(fresh.find("damaged")) == "none");
-        CHECK(idOf(fresh.findByWindowClass("Gone")) == "none");
-        CHECK(idOf(fresh.findByWindowClass("Good")) == "good");
+        CHECK(idOf(fresh.findByWindowName("Gone")) == "none");
+        CHECK(idOf(fresh.findByWindowName("Good")) == "good");
         CHECK(idOf(fresh.findByCommand("/bin/damaged", {})) == "none");
         CHECK(fresh.shown().size() == 1);
     }

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/common/DesktopLaunch.h"
 #include "platform/linux/x11/WindowOwners.h"
 #include "platform/linux/x11/WindowTree.h"
 #include "tests/platform/x11desktop/SessionFixture.h"
+
+#include <QSysInfo>
 
 #include <unistd.h>
 
@@ -76,7 +79,8 @@ TEST_CASE_FIXTURE(SessionFixture,
              Case{"a name that is not installed", "org.test.Absent", "org.test.Kde", "x", "TestClass", "org.test.Kde"},
              Case{"a full file name", "", "org.test.Kde.desktop", "x", "y", "org.test.Kde"},
              Case{"the class before the file", "", "", "testfile", "TestClass", "org.test.ByClass"},
-             Case{"only the class counts as a class", "", "", "TestClass", "Testfile", "testfile"},
+             Case{"the class before the instance", "", "", "TestClass", "Testfile", "testfile"},
+             Case{"the instance like the class", "", "", "testclass", "Unknown", "org.test.ByClass"},
              Case{"the instance as a file", "", "", "TESTFILE", "Unknown", "testfile"},
              Case{"a path is no name", "../applications/org.test.Gtk", "", "/testfile", "", "window-class//testfile"},
              Case{"a class that no application has", "", "", "unknown", "Unknown", "window-class/Unknown"},
@@ -187,6 +191,66 @@ TEST_CASE_FIXTURE(SessionFixture, "a popup that says nothing is attributed by th
     const WindowOwner nobody = owners.owners({gone})[gone];
     CHECK_FALSE(nobody.processID.has_value());
     CHECK_FALSE(nobody.applicationID.has_value());
+}
+
+TEST_CASE_FIXTURE(SessionFixture,
+                  "a window of another machine has no process and no application here, but an excluded name")
+{
+    install("org.test.Own", "Name=Own\nStartupWMClass=OwnClass");
+    for (const QByteArray &machine :
+         {QByteArray(), QSysInfo::machineHostName().toUpper().toUtf8(), QByteArray("localhost")}) {
+        desktop_test::TestWindow local;
+        local.setClass("own", "OwnClass");
+        local.setTitle(machine, "STRING", "WM_CLIENT_MACHINE");
+        local.show();
+        CHECK(idOf(local.id()) == "org.test.Own");
+        CHECK(onScreen(local.id())->processID == ::getpid());
+    }
+    desktop_test::TestWindow remote;
+    remote.setClass("own", "OwnClass");
+    remote.setTitle("elsewhere", "STRING", "WM_CLIENT_MACHINE");
+    remote.setCardinals("_NET_WM_PID", {quint32(::getpid())});
+    remote.show();
+    CHECK(idOf(remote.id()) == "window-class/OwnClass");
+    CHECK_FALSE(onScreen(remote.id())->processID.has_value());
+    workspace.setExcluded({"org.test.Own"});
+    CHECK(idOf(remote.id()) == "org.test.Own");
+}
+
+TEST_CASE_FIXTURE(SessionFixture, "every list names a window after the excluded application that it may be one of")
+{
+    install("org.test.Secret", "Name=Secret\nStartupWMClass=SecretClass");
+    desktop_test::TestWindow secret;
+    secret.setClass("x", "SecretClass");
+    secret.show();
+    Application dialog("xmessage", {"-title", "drawn for it", "Hello"});
+    const quint32 drawn = dialog.waitForWindow("drawn for it");
+    REQUIRE(drawn != 0);
+    outputOf("xprop", {"-id", QString::number(drawn), "-f", "WM_TRANSIENT_FOR", "32x", "-set", "WM_TRANSIENT_FOR",
+                       QString::number(secret.id())});
+    CHECK(idOf(drawn) == "window-class/Xmessage");
+    workspace.setExcluded({"org.test.Secret"});
+    CHECK(idOf(drawn) == "org.test.Secret");
+    install("org.test.Copy", "Name=Copy\nStartupWMClass=SecretClass");
+    CHECK(idOf(secret.id()) == "org.test.Secret");
+    CHECK_FALSE(running("window-class/SecretClass"));
+    CHECK(workspace.findApplication("ORG.test.secret")->id == "org.test.Secret");
+    CHECK_FALSE(workspace.findApplication("SecretClass").has_value()); // Which of the two?
+}
+
+TEST_CASE_FIXTURE(SessionFixture,
+                  "an application that the bus ought to start and nobody answers for is started by its command")
+{
+    const QString mark = QDir::homePath() + "/started";
+    install("org.test.Ghost", "Name=Ghost\nDBusActivatable=true\nExec=touch " + mark.toUtf8());
+    const DesktopEntry ghost = *entries->find("org.test.Ghost");
+    CHECK(DesktopLaunch::open(ghost, {}).size() == 1);
+    CHECK(eventually([&] { return QFile::exists(mark); }));
+    QFile file(ghost.path);
+    REQUIRE(file.open(QIODevice::WriteOnly));
+    file.write("[Desktop Entry]\nType=Application\nName=Ghost\nDBusActivatable=true\n");
+    file.close();
+    CHECK_THROWS_AS(DesktopLaunch::open(ghost, {}), Failure);
 }
 
 TEST_CASE_FIXTURE(SessionFixture, "the workspace tells when applications come and go, until nobody asks")
