@@ -25,11 +25,11 @@ void InheritedPixels::remove(Window id)
     forgetSource(id);
 }
 
-void InheritedPixels::cover(Window below, Window above)
+void InheritedPixels::meet(Window id, Window other)
 {
-    const auto window = m_windows.find(below);
+    const auto window = m_windows.find(id);
     if (window != m_windows.end())
-        inherit(*window, above, m_windows.value(above).outer);
+        inherit(*window, other, m_windows.value(other).outer);
 }
 
 void InheritedPixels::map(Window id)

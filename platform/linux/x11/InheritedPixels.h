@@ -26,8 +26,9 @@ public:
     // Has gone for good; its number may be given to another window.
     void remove(Window id);
 
-    // The window gets a pixmap while another lies above it.
-    void cover(Window below, Window above);
+    // Where the window is, it may show what another one shows or has shown there: it gets a pixmap while that one lies
+    // above it, or it has been mapped over that one before anybody watched.
+    void meet(Window id, Window other);
     // The window gets a pixmap by becoming visible.
     void map(Window id);
     void unmap(Window id);

@@ -2,7 +2,7 @@
 #include "platform/linux/x11/X11Redirection.h"
 
 #include "desktop/Capability.h"
-#include "platform/linux/x11/X11Event.h"
+#include "platform/linux/x11/X11Exposure.h"
 
 #include <utility>
 #include <vector>
@@ -17,11 +17,6 @@ namespace {
 
 // How long an application may take to draw what has been uncovered.
 constexpr auto drawingTime = std::chrono::milliseconds(150);
-
-QRect outerRectangle(int x, int y, int width, int height, int border)
-{
-    return {x, y, width + 2 * border, height + 2 * border};
-}
 
 } // namespace
 
@@ -52,6 +47,8 @@ void X11Redirection::begin()
     m_onlyServerDraws = true;
     processAllEvents();
     m_onlyServerDraws = false;
+    // Of a window that is redirected the server reports all as drawn.
+    inheritCovering(viewableOf(windows));
 }
 
 // Windows that somebody else has redirected already (a compositing manager) keep their pixmaps.
@@ -82,11 +79,51 @@ void X11Redirection::inheritCovered(const QList<TopLevel> &windows)
         if (redirected.contains(id))
             continue;
         for (qsizetype above = below + 1; above < windows.size(); ++above)
-            m_pixels.cover(id, windows[above].id);
+            m_pixels.meet(id, windows[above].id);
         if (!m_pixels.isClean(id))
             m_awaited[id].region = m_pixels.inheritedBy(id);
         watchUnlessClean(id);
     }
+}
+
+// Whether a window has drawn itself since it was mapped over others, nobody has seen.
+void X11Redirection::inheritCovering(const QList<TopLevel> &windows)
+{
+    for (qsizetype above = 0; above < windows.size(); ++above) {
+        const xcb_window_t id = windows[above].id;
+        for (qsizetype below = 0; below < above; ++below)
+            m_pixels.meet(id, windows[below].id);
+        if (m_pixels.isClean(id))
+            continue;
+        watchUnlessClean(id);
+        m_awaited[id].isUnwatched = true;
+    }
+}
+
+void X11Redirection::askToDraw(const QSet<xcb_window_t> &allowed)
+{
+    QHash<xcb_window_t, X11Region> asked;
+    for (auto window = m_awaited.begin(); window != m_awaited.end(); ++window) {
+        const X11Region doubtful = untrusted(window.key(), allowed);
+        if (!window->isUnwatched || doubtful.isEmpty() || !allowed.contains(window.key()))
+            continue;
+        window->isUnwatched = false;
+        asked.insert(window.key(), doubtful);
+    }
+    if (asked.isEmpty())
+        return;
+    const ServerGrab grab(m_connection);
+    processAllEvents();
+    for (auto window = asked.cbegin(); window != asked.cend(); ++window) {
+        if (m_pixels.placeOf(window.key()).isEmpty())
+            continue;
+        m_awaited[window.key()].region.add(*window);
+        m_awaited[window.key()].since = Clock::now();
+        exposeTree(m_connection, window.key(), m_borders.value(window.key()), *window);
+    }
+    m_onlyServerDraws = true; // Backgrounds, as above.
+    processAllEvents();
+    m_onlyServerDraws = false;
 }
 
 void X11Redirection::watchUnlessClean(xcb_window_t id)
@@ -139,134 +176,6 @@ bool X11Redirection::waitForEvents(Clock::time_point until)
     return left > 0 && m_connection.isAlive() && poll(&server, 1, int(left)) > 0 && m_connection.isAlive();
 }
 
-void X11Redirection::handle(const xcb_generic_event_t &event)
-{
-    const quint8 type = eventType(event);
-    if (type == m_extensions.firstDamageEvent + XCB_DAMAGE_NOTIFY)
-        return handleDrawing(reinterpret_cast<const xcb_damage_notify_event_t &>(event), event.full_sequence);
-    if (type < XCB_CREATE_NOTIFY || type > XCB_CIRCULATE_NOTIFY)
-        return; // Errors of windows that have just gone.
-    // All of these begin with the window whose children are followed and the child in question.
-    const auto &any = reinterpret_cast<const xcb_map_notify_event_t &>(event);
-    if (any.event != m_connection.root() && type == XCB_DESTROY_NOTIFY)
-        return m_watch.forgetBelow(any.window);
-    if (any.event != m_connection.root())
-        return m_watch.distrustBelow(any.event, any.window);
-    handleBelowRoot(event);
-}
-
-// Made on this connection for a picture, and never seen.
-bool X11Redirection::isOwn(xcb_window_t id) const
-{
-    const xcb_setup_t &setup = *xcb_get_setup(m_connection.xcb());
-    return (id & ~setup.resource_id_mask) == setup.resource_id_base;
-}
-
-void X11Redirection::handleBelowRoot(const xcb_generic_event_t &event)
-{
-    const xcb_window_t id = reinterpret_cast<const xcb_map_notify_event_t &>(event).window;
-    const quint8 type = eventType(event);
-    if (type != XCB_CONFIGURE_NOTIFY && type != XCB_GRAVITY_NOTIFY && type != XCB_CIRCULATE_NOTIFY && !isOwn(id))
-        ++m_revision;
-    const QRect before = m_pixels.placeOf(id);
-    handleChange(event, id);
-    expectExposure(id, before);
-}
-
-void X11Redirection::handleChange(const xcb_generic_event_t &event, xcb_window_t id)
-{
-    switch (eventType(event)) {
-    case XCB_CREATE_NOTIFY:
-        return handleCreate(reinterpret_cast<const xcb_create_notify_event_t &>(event));
-    case XCB_MAP_NOTIFY:
-        m_pixels.map(id);
-        return watchUnlessClean(id);
-    case XCB_UNMAP_NOTIFY:
-        m_pixels.unmap(id);
-        m_awaited.remove(id);
-        return m_watch.stop(id);
-    case XCB_DESTROY_NOTIFY:
-        ++m_departures;
-        return forget(id);
-    case XCB_CONFIGURE_NOTIFY:
-        return handleConfigure(reinterpret_cast<const xcb_configure_notify_event_t &>(event));
-    case XCB_REPARENT_NOTIFY:
-        return handleReparent(reinterpret_cast<const xcb_reparent_notify_event_t &>(event));
-    default:
-        return;
-    }
-}
-
-// When a window goes or moves, the server reports as drawn what comes to light below it, even where nobody draws. A
-// first report there says nothing, therefore.
-void X11Redirection::expectExposure(xcb_window_t above, const QRect &before)
-{
-    X11Region uncovered = before;
-    uncovered.subtract(m_pixels.placeOf(above));
-    if (uncovered.isEmpty())
-        return;
-    for (auto below = m_awaited.begin(); below != m_awaited.end(); ++below) {
-        const QRect place = m_pixels.placeOf(below.key());
-        if (below.key() != above && !m_pixels.isClean(below.key()))
-            below->uncovered.add(uncovered.intersected(place).translated(-place.topLeft()));
-    }
-}
-
-void X11Redirection::handleCreate(const xcb_create_notify_event_t &event)
-{
-    if (isOwn(event.window))
-        return;
-    m_arrivals.insert(event.window, m_revision);
-    m_borders.insert(event.window, event.border_width);
-    m_pixels.add(event.window, outerRectangle(event.x, event.y, event.width, event.height, event.border_width), false);
-    m_watch.follow(event.window);
-}
-
-void X11Redirection::handleConfigure(const xcb_configure_notify_event_t &event)
-{
-    m_borders.insert(event.window, event.border_width);
-    m_pixels.place(event.window, outerRectangle(event.x, event.y, event.width, event.height, event.border_width));
-    m_watch.distrustUntilNow(event.window);
-    watchUnlessClean(event.window);
-}
-
-void X11Redirection::handleReparent(const xcb_reparent_notify_event_t &event)
-{
-    forget(event.window);
-    if (event.parent != m_connection.root())
-        return;
-    // The event names the place alone. A window that was mapped is mapped again afterwards.
-    xcb_connection_t *xcb = m_connection.xcb();
-    const X11Reply<xcb_get_geometry_reply_t> geometry(
-        xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, event.window), nullptr));
-    if (!geometry)
-        return;
-    const int border = geometry->border_width;
-    m_arrivals.insert(event.window, m_revision);
-    m_borders.insert(event.window, border);
-    m_pixels.add(event.window, outerRectangle(event.x, event.y, geometry->width, geometry->height, border), false);
-    m_watch.follow(event.window);
-}
-
-void X11Redirection::handleDrawing(const xcb_damage_notify_event_t &event, quint32 sequence)
-{
-    if (!m_watch.isDrawing(event, sequence))
-        return;
-    const xcb_window_t id = event.drawable;
-    const int border = m_borders.value(id);
-    X11Region drawn = QRect(event.area.x + border, event.area.y + border, event.area.width, event.area.height);
-    Awaited &awaitedHere = m_awaited[id];
-    const X11Region exposed = awaitedHere.uncovered.intersected(drawn);
-    awaitedHere.uncovered.subtract(drawn);
-    drawn.subtract(exposed);
-    for (const QRect &rectangle : drawn.rectangles())
-        m_pixels.draw(id, rectangle);
-    if (!m_onlyServerDraws)
-        awaitedHere.region.subtract(drawn);
-    if (m_pixels.isClean(id) && awaited(id).isEmpty())
-        m_watch.stop(id);
-}
-
 void X11Redirection::dropExpired()
 {
     const Clock::time_point now = Clock::now();
@@ -287,11 +196,11 @@ void X11Redirection::roundTrip() const
     requireAlive(m_connection);
 }
 
-bool X11Redirection::isClean() const
+bool X11Redirection::showsOnly(const QSet<xcb_window_t> &allowed) const
 {
     // Whatever has inherited something has an entry.
     for (auto awaited = m_awaited.cbegin(); awaited != m_awaited.cend(); ++awaited) {
-        if (!awaited->region.isEmpty() || !m_pixels.isClean(awaited.key()))
+        if (!awaited->region.isEmpty() || !untrusted(awaited.key(), allowed).isEmpty())
             return false;
     }
     return true;

@@ -40,8 +40,12 @@ public:
     // How many windows are gone by now, as far as has been reported.
     quint64 departures() const { return m_departures; }
 
-    // Whether every window shows only itself, as far as has been reported.
-    bool isClean() const;
+    // Whether every window shows only itself and these, and nothing is awaited; as far as has been reported.
+    bool showsOnly(const QSet<xcb_window_t> &allowed) const;
+
+    // Asks those among these windows to draw which were there before the redirection and may show others than these.
+    // Nobody knows what they had drawn. Each is asked once; not while the server is grabbed.
+    void askToDraw(const QSet<xcb_window_t> &allowed);
 
     // What of the window may show pixels of others than these; relative to its outer top left corner.
     X11Region untrusted(xcb_window_t window, const QSet<xcb_window_t> &allowed) const
@@ -68,12 +72,14 @@ private:
     struct Awaited {
         X11Region region = {};
         X11Region uncovered = {}; // What the server will report as drawn because it was uncovered, which it was not.
-        Clock::time_point since = {}; // When the window last got pixels that are not its own.
+        Clock::time_point since = {}; // When the window last got pixels that are not its own, or was asked to draw.
+        bool isUnwatched = false;     // It was there before the redirection, and has not been asked to draw since.
     };
 
     void begin();
     QSet<xcb_window_t> alreadyRedirected(const QList<TopLevel> &windows) const;
     void inheritCovered(const QList<TopLevel> &windows);
+    void inheritCovering(const QList<TopLevel> &windows);
     void watchUnlessClean(xcb_window_t id);
     void forget(xcb_window_t id);
     void expectExposure(xcb_window_t above, const QRect &before);

@@ -51,8 +51,9 @@ X11Redirection::Clock::time_point lastPatience(const X11Redirection &redirection
 void waitForDrawing(X11Redirection &redirection, const WindowChoice &choice, const X11Region &displays)
 {
     redirection.processEvents();
-    if (redirection.isClean())
+    if (redirection.showsOnly(choice.allowed))
         return;
+    redirection.askToDraw(choice.allowed);
     auto until = lastPatience(redirection, choice, displays);
     while (until > X11Redirection::Clock::now() && redirection.waitForEvents(until)) {
         redirection.processEvents();

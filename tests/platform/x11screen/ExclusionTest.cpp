@@ -75,6 +75,49 @@ TEST_SUITE("exclusion")
         screen.prepareExclusion({});
     }
 
+    TEST_CASE_FIXTURE(ScreenFixture,
+                      "windows that were mapped over an excluded one before anybody watched are drawn anew")
+    {
+        const Painter window({"class=secret", "colour=ff00ff", "geometry=100,100,600,300"});
+        const Painter blind({"class=open", "colour=00c000", "geometry=150,150,200,100", "background=none",
+                             "drawing=never", "kind=popup"});
+        const Painter late({"class=open", "colour=00c000", "geometry=450,150,200,100", "background=none",
+                            "drawing=again", "kind=popup"});
+        const Painter usual({"class=open", "colour=00c000", "geometry=150,300,200,50", "kind=popup"});
+        REQUIRE(shows(secretColour));
+        const QImage whole = peerPicture();
+        const bool isShared = qEnvironmentVariableIsEmpty("ARDENO_COMPOSITED");
+        if (isShared) // Both show what lies below them.
+            REQUIRE((whole.pixel(250, 200) == secretColour && whole.pixel(550, 200) == secretColour));
+
+        const QImage without = picture({secretID});
+        CHECK(countOf(without, secretColour) == 0);
+        CHECK(without.pixel(250, 200) == grey);
+        CHECK(without.pixel(550, 200) == openColour);
+        CHECK(without.pixel(250, 320) == openColour);
+    }
+
+    TEST_CASE_FIXTURE(ScreenFixture,
+                      "a dialog that another program draws for an excluded application is left out with it")
+    {
+        const Painter window({"class=secret", "colour=ff00ff", "geometry=100,100,400,300"});
+        const Painter other({"class=open", "colour=00c000", "geometry=700,100,400,300"});
+        const auto leader = [](const char *name) {
+            return "leader=" + desktop_test::outputOf("xdotool", {"search", "--classname", name}).trimmed();
+        };
+        const QString secretLeader = leader("^secret$");
+        const QString openLeader = leader("^open$");
+        const Painter portal(
+            {"class=portal", "colour=ff00ff", "geometry=150,450,200,150", "menu=150,650,50,50", secretLeader});
+        const Painter allowed({"class=portal", "colour=00c000", "geometry=750,450,200,150", openLeader});
+        const Painter ownDialog({"class=open", "colour=ff00ff", "geometry=400,500,100,100", secretLeader});
+        REQUIRE(countOf(picture(), secretColour) > 400 * 300 + 200 * 150);
+
+        const QImage without = picture({secretID});
+        CHECK(countOf(without, secretColour) == 0);
+        CHECK(countOf(without, openColour) > 400 * 300 + 200 * 150 - 100);
+    }
+
     TEST_CASE_FIXTURE(ScreenFixture, "what an excluded window leaves behind on the screen is not handed on")
     {
         screen.prepareExclusion({secretID});

@@ -64,6 +64,9 @@ void PaintedWindow::create()
     const QByteArray names = m_painting.windowClass + '\0' + m_painting.windowClass + '\0';
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8,
                         quint32(names.size()), names.constData());
+    if (m_painting.leader != XCB_NONE)
+        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_window, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW,
+                            32, 1, &m_painting.leader);
     // The window manager shall put it where it asks to be, without asking the user.
     constexpr quint32 userPosition = 1;
     std::array<quint32, 18> hints = {userPosition};
@@ -88,11 +91,14 @@ bool PaintedWindow::step()
         const quint8 type = event->response_type & 0x7f;
         m_isMapped = m_isMapped || type == XCB_MAP_NOTIFY;
         const bool draws = m_painting.drawing == Painting::Drawing::Always ||
-                           (m_painting.drawing == Painting::Drawing::Once && !m_hasDrawn);
+                           (m_painting.drawing == Painting::Drawing::Once && !m_hasDrawn) ||
+                           (m_painting.drawing == Painting::Drawing::WhenAskedAgain && m_isShown);
         if (type == XCB_EXPOSE && draws)
             draw();
     }
-    return m_isMapped && (m_hasDrawn || m_painting.drawing == Painting::Drawing::Never);
+    const bool isBlank =
+        m_painting.drawing == Painting::Drawing::Never || m_painting.drawing == Painting::Drawing::WhenAskedAgain;
+    return m_isMapped && (m_hasDrawn || isBlank);
 }
 
 void PaintedWindow::draw()
@@ -109,6 +115,10 @@ void PaintedWindow::waitUntilShown()
         pollfd server = {descriptor(), POLLIN, 0};
         poll(&server, 1, -1);
     }
+    // What the server asks for because the window has been shown has come by now.
+    std::free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    step();
+    m_isShown = true;
 }
 
 } // namespace ardeno::screen_test

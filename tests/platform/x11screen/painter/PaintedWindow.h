@@ -13,7 +13,7 @@ namespace ardeno::screen_test {
 
 // A window of one colour, and how well it behaves.
 struct Painting {
-    enum class Drawing { Always, Once, Never };
+    enum class Drawing { Always, Once, Never, WhenAskedAgain };
 
     QByteArray windowClass = "painter";
     quint32 colour = 0xff00ff; // With alpha in the highest byte when it is a window with alpha; premultiplied.
@@ -23,6 +23,7 @@ struct Painting {
     bool isPopup = false;
     bool isRound = false; // Only a cross of it is there.
     bool hasAlpha = false;
+    xcb_window_t leader = XCB_NONE; // It is a dialog of this window.
 };
 
 // The window on a connection of its own. Draws when step() finds that it must.
@@ -50,6 +51,7 @@ private:
     xcb_window_t m_window;
     xcb_gcontext_t m_context = XCB_NONE;
     bool m_isMapped = false;
+    bool m_isShown = false;
     bool m_hasDrawn = false;
 };
 

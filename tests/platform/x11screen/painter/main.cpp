@@ -33,7 +33,11 @@ void apply(Painting &painting, const QByteArray &name, const QByteArray &value)
     else if (name == "background")
         painting.hasBackground = value != "none";
     else if (name == "drawing")
-        painting.drawing = value == "never" ? Painting::Drawing::Never : Painting::Drawing::Once;
+        painting.drawing = value == "never"   ? Painting::Drawing::Never
+                           : value == "again" ? Painting::Drawing::WhenAskedAgain
+                                              : Painting::Drawing::Once;
+    else if (name == "leader")
+        painting.leader = value.toUInt();
     else if (name == "kind")
         painting.isPopup = value == "popup";
     else if (name == "shape")
