@@ -89,7 +89,7 @@ TEST_CASE_FIXTURE(RightWindowFixture, "an editor's window that is right stays so
     const Application editor("mousepad", QStringList{"--opening-mode=window"} + texts);
     place("first.txt", "120,90,700,500");
     place("second.txt", "250,220,700,500");
-    windows(".txt");
+    windows(home.path());
     const QString id = saved("first.txt", "documentURL");
     const QStringList right = windows("second.txt");
     outputOf("wmctrl", {"-c", "first.txt"});
@@ -99,6 +99,6 @@ TEST_CASE_FIXTURE(RightWindowFixture, "an editor's window that is right stays so
         const ProgramResult result = run({"resume", id, "--json"});
         CAPTURE(result.out);
         CHECK_MESSAGE(outcome(result).value("documents") == (round == 0 ? 1 : 0), "open in a tab");
-        CHECK(windows(".txt") == right);
+        CHECK(windows(home.path()) == right);
     }
 }
