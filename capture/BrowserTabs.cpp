@@ -28,14 +28,34 @@ const char *const noBrowserText =
     QT_TRANSLATE_NOOP("ardeno::BrowserTabs", "No supported browser was open. Open Brave, Chrome, Safari, or "
                                              "Firefox, then choose Add current tabs.");
 
+const char *const uncertainText =
+    QT_TRANSLATE_NOOP("ardeno::BrowserTabs", "Whether every saved page of %1 was still open could not be checked.");
+
+void warn(OpenTabs &answer, const char *text, const Browser &browser)
+{
+    answer.warning = storedText(text).arg(browser.name);
+    answer.shownWarning = QCoreApplication::translate("ardeno::BrowserTabs", text).arg(browser.name);
+}
+
 OpenTabs unread(const Browser &browser)
 {
     OpenTabs answer;
-    answer.warning = storedText(unreadText).arg(browser.name);
-    answer.shownWarning = QCoreApplication::translate("ardeno::BrowserTabs", unreadText).arg(browser.name);
+    warn(answer, unreadText, browser);
     answer.unreadBrowserIDs.insert(browser.id);
     answer.unreadBrowserNames.append(browser.name);
     return answer;
+}
+
+void markUncertain(OpenTabs &answer, const QSet<qint64> &windows, const Browser &browser)
+{
+    for (const SavedTab &tab : std::as_const(answer.tabs)) {
+        if (windows.contains(tab.window))
+            answer.uncertainTabIDs.insert(tab.id);
+    }
+    if (answer.uncertainTabIDs.isEmpty() || answer.warning)
+        return;
+    warn(answer, uncertainText, browser);
+    answer.uncertainBrowserNames.append(browser.name);
 }
 
 // The tabs of one browser.
@@ -47,6 +67,7 @@ QCoro::Task<OpenTabs> tabs(TabSource &source, Browser browser)
         OpenTabs answer = report.isComplete ? OpenTabs() : unread(browser);
         answer.tabs = WorkspaceCapture::parsedTabs(report.records.value_or(QString()), browser);
         answer.writtenAt = report.writtenAt;
+        markUncertain(answer, report.uncertainWindows, browser);
         co_return answer;
     } catch (const std::exception &) {
         co_return unread(browser);
@@ -126,7 +147,7 @@ std::optional<SavedTab> parsedTab(QStringView record, const Browser &browser, Da
 
 } // namespace
 
-QList<Browser> WorkspaceCapture::browsers(const TabSource &source)
+QList<Browser> WorkspaceCapture::browsers(TabSource &source)
 {
     QList<Browser> browsers = {
         {"com.brave.Browser", "Brave", BrowserFamily::Chromium},
@@ -142,26 +163,27 @@ QCoro::Task<OpenTabs> WorkspaceCapture::browserTabs(TabSource &source, QSet<QStr
     OpenTabs all;
     QStringList warnings;
     QStringList shownWarnings;
-    bool isBrowserSeen = false;
     for (const Browser &browser : browsers(source)) {
-        if (excludingAppIDs.contains(browser.id)) {
+        if (excludingAppIDs.contains(browser.id) || excludingAppIDs.contains(browser.baseID)) {
             all.unreadBrowserIDs.insert(browser.id);
             continue;
         }
         if (!source.isRunning(browser.id))
             continue;
-        isBrowserSeen = true;
+        all.runningBrowserIDs.insert(browser.id);
         const OpenTabs one = co_await tabsByFamily(source, browser);
         all.tabs += one.tabs;
         all.unreadBrowserIDs += one.unreadBrowserIDs;
         all.unreadBrowserNames += one.unreadBrowserNames;
+        all.uncertainTabIDs += one.uncertainTabIDs;
+        all.uncertainBrowserNames += one.uncertainBrowserNames;
         all.writtenAt = older(all.writtenAt, one.writtenAt);
         if (one.warning) {
             warnings += *one.warning;
             shownWarnings += *one.shownWarning;
         }
     }
-    if (!isBrowserSeen) {
+    if (all.runningBrowserIDs.isEmpty()) {
         warnings += storedText(noBrowserText);
         shownWarnings += QCoreApplication::translate("ardeno::BrowserTabs", noBrowserText);
     }

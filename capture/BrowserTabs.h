@@ -8,6 +8,7 @@
 #include <QList>
 #include <QSet>
 #include <QString>
+#include <QUuid>
 
 #include <optional>
 
@@ -22,11 +23,15 @@ struct OpenTabs {
     // Browsers about whose tabs nothing is known: those left out on request and those that could not be read.
     QSet<QString> unreadBrowserIDs = {};
     QStringList unreadBrowserNames = {}; // Of those that could not be read.
-    std::optional<Date> writtenAt = {};  // When the oldest of the sources was written; absent: all were live.
+    // Tabs of windows that may be closed already: their browser has not written down what became of them.
+    QSet<QUuid> uncertainTabIDs = {};
+    QStringList uncertainBrowserNames = {};
+    QSet<QString> runningBrowserIDs = {}; // Of those that were asked.
+    std::optional<Date> writtenAt = {};   // When the oldest of the sources was written; absent: all were live.
 };
 
 // The browsers that are known, in the order in which they are asked.
-QList<Browser> browsers(const TabSource &source);
+QList<Browser> browsers(TabSource &source);
 
 // Never throws. An excluded browser is not asked at all. Rules about websites are the caller's business.
 QCoro::Task<OpenTabs> browserTabs(TabSource &source, QSet<QString> excludingAppIDs);

@@ -25,10 +25,12 @@ constexpr double delayOfBrowsers = 10;
 struct OpenedPage {
     QString page = {};
     Date openedAt = {};
+    QString browser = {}; // Empty: whichever was the default one.
 
     static constexpr auto fields()
     {
-        return std::tuple{Field{"page", &OpenedPage::page}, Field{"openedAt", &OpenedPage::openedAt}};
+        return std::tuple{Field{"page", &OpenedPage::page}, Field{"openedAt", &OpenedPage::openedAt},
+                          Field{"browser", &OpenedPage::browser}};
     }
 };
 
@@ -47,6 +49,11 @@ QString hashed(const QString &key)
 bool isRemembered(const OpenedPage &page, Date now)
 {
     return page.openedAt.seconds <= now.seconds && now.seconds - page.openedAt.seconds < memory;
+}
+
+bool isRunning(const QString &browserID, const WorkspaceCapture::OpenTabs &open)
+{
+    return browserID.isEmpty() ? !open.runningBrowserIDs.isEmpty() : open.runningBrowserIDs.contains(browserID);
 }
 
 QList<OpenedPage> read(const QString &path, Date now)
@@ -72,14 +79,14 @@ QString OpenedPages::defaultPath()
     return folder.isEmpty() ? folder : folder + "/ardeno/opened-pages";
 }
 
-void OpenedPages::remember(const QList<SavedTab> &tabs, Date now)
+void OpenedPages::remember(const QString &browserID, const QList<SavedTab> &tabs, Date now)
 {
     if (m_path.isEmpty() || tabs.isEmpty())
         return;
     OpenedPageList list{read(m_path, now)};
     for (const SavedTab &tab : tabs) {
         if (const auto key = WorkspaceCapture::tabURLKey(tab))
-            list.pages.append({hashed(*key), now});
+            list.pages.append({hashed(*key), now, browserID});
     }
     try {
         AtomicFile::createFolder(QFileInfo(m_path).path());
@@ -93,8 +100,10 @@ QSet<QString> OpenedPages::pendingKeys(const QList<SavedTab> &tabs, const Worksp
                                        Date now) const
 {
     QHash<QString, Date> openedAt;
-    for (const OpenedPage &page : read(m_path, now))
-        openedAt[page.page] = std::max(openedAt.value(page.page), page.openedAt);
+    for (const OpenedPage &page : read(m_path, now)) {
+        if (isRunning(page.browser, open))
+            openedAt[page.page] = std::max(openedAt.value(page.page), page.openedAt);
+    }
     QSet<QString> keys;
     for (const SavedTab &tab : tabs) {
         const auto key = WorkspaceCapture::tabURLKey(tab);

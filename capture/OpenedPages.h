@@ -20,9 +20,11 @@ public:
     // "$XDG_RUNTIME_DIR/ardeno/opened-pages"; empty when the session has no such folder, and then nothing is kept.
     static QString defaultPath();
 
-    // Never throws: what cannot be kept is forgotten.
-    void remember(const QList<SavedTab> &tabs, Date now = Date::now());
-    // Which of these tabs must count as open although the browser's own list does not say so yet.
+    // With this browser, or the default one when there is no identifier. Never throws: what cannot be kept is
+    // forgotten.
+    void remember(const QString &browserID, const QList<SavedTab> &tabs, Date now = Date::now());
+    // Which of these tabs must count as open although the browser's own list does not say so yet. What was opened with
+    // a browser that has ended is open no more.
     QSet<QString> pendingKeys(const QList<SavedTab> &tabs, const WorkspaceCapture::OpenTabs &open,
                               Date now = Date::now()) const;
 

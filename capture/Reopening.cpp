@@ -51,13 +51,18 @@ QSet<QString> neverReadable(Desktop &desktop)
 }
 
 // What the plan says of browsers that could not be read; that none is open is no fault here.
-std::optional<QString> whatIsUncertain(const QStringList &browserNames)
+std::optional<QString> whatIsUncertain(const OpenTabs &open)
 {
     QStringList sentences;
-    for (const QString &name : browserNames)
+    for (const QString &name : open.unreadBrowserNames)
         sentences +=
             QCoreApplication::translate("ardeno::Reopening", "%1 tabs weren’t available. Whether its saved pages "
                                                              "are open is not known.")
+                .arg(name);
+    for (const QString &name : open.uncertainBrowserNames)
+        sentences +=
+            QCoreApplication::translate("ardeno::Reopening", "Some windows of %1 may be closed already. "
+                                                             "Whether their saved pages are open is not known.")
                 .arg(name);
     return sentences.isEmpty() ? std::nullopt : std::optional(sentences.join(' '));
 }
@@ -66,7 +71,10 @@ std::optional<QString> whatIsUncertain(const QStringList &browserNames)
 struct TabGroup {
     QString browserID = {};
     QString windowID = {}; // The browser's own; empty when there is none.
+    qint64 window = 0;
     QList<SavedTab> tabs = {};
+    SavedBrowserWindow target = {};
+    bool isContinued = false; // The group before it goes to the same place.
 
     QStringList addresses() const
     {
@@ -85,19 +93,26 @@ bool hasRoom(const TabGroup &group, const SavedTab &tab)
     return length <= longestCommand;
 }
 
+bool isSameWindow(const TabGroup &group, const SavedTab &tab)
+{
+    return group.browserID == tab.browserID.value_or(QString()) &&
+           group.windowID == tab.browserWindowID.value_or(QString()) && group.window == tab.window;
+}
+
 QList<TabGroup> grouped(const QList<SavedTab> &tabs)
 {
     QList<TabGroup> groups;
     for (const SavedTab &tab : tabs) {
-        const QString browser = tab.browserID.value_or(QString());
-        const QString window = tab.browserWindowID.value_or(QString());
-        const auto group = std::find_if(groups.begin(), groups.end(), [&](const TabGroup &candidate) {
-            return candidate.browserID == browser && candidate.windowID == window && hasRoom(candidate, tab);
-        });
-        if (group == groups.end())
-            groups.append({browser, window, {tab}});
-        else
+        // The last one of the window, as its tabs stand in order.
+        const auto group = std::find_if(groups.rbegin(), groups.rend(),
+                                        [&](const TabGroup &candidate) { return isSameWindow(candidate, tab); });
+        if (group != groups.rend() && hasRoom(*group, tab)) {
             group->tabs.append(tab);
+            continue;
+        }
+        TabGroup next{tab.browserID.value_or(QString()), tab.browserWindowID.value_or(QString()), tab.window, {tab}};
+        next.isContinued = group != groups.rend();
+        groups.insert(next.isContinued ? group.base() : groups.end(), next);
     }
     return groups;
 }
@@ -111,6 +126,8 @@ public:
 
 private:
     QList<SavedTab> chosenTabs() const;
+    QList<SavedTab> savedFrom(const QString &browserID) const;
+    QString browserFor(const TabGroup &group) const;
     bool waitsForPages(const SavedApp &app, const QList<SavedTab> &tabs) const;
     QCoro::Task<void> openApps(QList<SavedTab> tabs);
     QCoro::Task<void> openApp(SavedApp app);
@@ -192,13 +209,29 @@ QCoro::Task<QList<SavedTab>> Reopening::stillMissing(QList<SavedTab> tabs)
     co_return tabs;
 }
 
+// All saved tabs of the browser, the chosen ones and the others: by them its windows are told apart.
+QList<SavedTab> Reopening::savedFrom(const QString &browserID) const
+{
+    const RestorePlan &plan = m_request.plan;
+    QList<SavedTab> tabs =
+        plan.activeTabs + plan.tabsToOpen + plan.duplicateTabs + plan.unverifiedTabs + plan.unavailableTabs;
+    tabs.removeIf([&](const SavedTab &tab) { return tab.browserID != browserID; });
+    return tabs;
+}
+
+// The saved one; empty for whichever the user has chosen.
+QString Reopening::browserFor(const TabGroup &group) const
+{
+    return m_tools.desktop.launcher->isInstalled(group.browserID) ? group.browserID : QString();
+}
+
 QCoro::Task<void> Reopening::openPages(TabGroup group)
 {
-    Launcher &launcher = *m_tools.desktop.launcher;
-    // The saved browser, else whichever the user has chosen.
-    const QString browser = launcher.isInstalled(group.browserID) ? group.browserID : QString();
+    const QString browser = browserFor(group);
     const QStringList addresses = group.addresses();
-    co_await launcher.openPages(browser, addresses);
+    const bool isMissing = group.target.state == SavedBrowserWindow::State::Missing;
+    const PagePlace place = isMissing && !group.isContinued ? PagePlace::NewWindow : PagePlace::LastWindow;
+    co_await m_tools.desktop.launcher->openPages(browser, addresses, place);
     if (!browser.isEmpty())
         m_result.startedAppIDs.insert(browser);
 }
@@ -210,8 +243,8 @@ QCoro::Task<bool> Reopening::openGroup(TabGroup group)
         tabs.append({tab, tab.safeURL()->toOpen(), AppleScripts::openTabInSavedWindow(tab, group.browserID)});
     try {
         bool isInWindow = false;
-        if (!group.windowID.isEmpty())
-            isInWindow = co_await m_tools.desktop.launcher->openInSavedWindow(tabs);
+        if (group.target.state == SavedBrowserWindow::State::Open)
+            isInWindow = co_await m_tools.desktop.launcher->openInSavedWindow(group.target.windowID, tabs);
         if (!isInWindow)
             co_await openPages(group);
         co_return true;
@@ -224,11 +257,17 @@ QCoro::Task<bool> Reopening::openGroup(TabGroup group)
 
 QCoro::Task<void> Reopening::openTabs(QList<SavedTab> tabs)
 {
-    for (const TabGroup &group : grouped(tabs)) {
+    QList<TabGroup> groups = grouped(tabs);
+    // Before anything is opened, which would make windows that nobody saved.
+    for (TabGroup &group : groups) {
+        const QList<SavedTab> saved = savedFrom(group.browserID);
+        group.target = co_await m_tools.desktop.launcher->findSavedWindow(group.tabs.first(), saved);
+    }
+    for (const TabGroup &group : std::as_const(groups)) {
         if (!co_await openGroup(group))
             continue;
         m_result.opened.tabs += group.tabs;
-        m_tools.openedPages.remember(group.tabs);
+        m_tools.openedPages.remember(browserFor(group), group.tabs);
     }
 }
 
@@ -269,9 +308,12 @@ QCoro::Task<RestorePlan> WorkspaceCapture::presentPlan(QList<SavedApp> apps, QLi
     }
     if (!tabs.isEmpty()) {
         const OpenTabs open = co_await browserTabs(*desktop.tabSource, tools.excludedAppIDs);
-        warning = whatIsUncertain(open.unreadBrowserNames);
+        warning = whatIsUncertain(open);
+        QList<SavedTab> certain = open.tabs;
+        certain.removeIf([&](const SavedTab &tab) { return open.uncertainTabIDs.contains(tab.id); });
         present.unreadBrowserIDs = open.unreadBrowserIDs + neverReadable(desktop);
-        present.openPageKeys = pageKeys(open.tabs) + tools.openedPages.pendingKeys(tabs, open);
+        present.openPageKeys = pageKeys(certain) + tools.openedPages.pendingKeys(tabs, open);
+        present.uncertainPageKeys = pageKeys(open.tabs);
     }
     RestorePlan plan = restorePlan(apps, tabs, present);
     plan.tabCheckWarning = warning;

@@ -28,6 +28,8 @@ QList<SavedTab> &place(RestorePlan &plan, const SavedTab &tab, const PresentWork
         return plan.unverifiedTabs;
     if (present.openPageKeys.contains(*key))
         return plan.activeTabs;
+    if (present.uncertainPageKeys.contains(*key))
+        return plan.unverifiedTabs;
     if (planned.contains(*key))
         return plan.duplicateTabs;
     planned.insert(*key);

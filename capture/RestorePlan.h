@@ -19,7 +19,7 @@ struct RestorePlan {
     QList<SavedTab> activeTabs = {};      // Their page is open now.
     QList<SavedTab> tabsToOpen = {};      // The first of each page that is not open.
     QList<SavedTab> duplicateTabs = {};   // The later ones of the pages in tabsToOpen.
-    QList<SavedTab> unverifiedTabs = {};  // Nobody knows what their browser has open.
+    QList<SavedTab> unverifiedTabs = {};  // Nobody knows whether their browser has them open.
     QList<SavedTab> unavailableTabs = {}; // Without a safe address.
     std::optional<QString> tabCheckWarning = {};
 
@@ -42,9 +42,10 @@ namespace WorkspaceCapture {
 // The workspace as it is at the moment of the plan.
 struct PresentWorkspace {
     QSet<QString> runningAppIDs = {};
-    QSet<QString> installedAppIDs = {};  // Those that can be opened by their identifier.
-    QSet<QString> openPageKeys = {};     // tabURLKey of each page open in a browser.
-    QSet<QString> unreadBrowserIDs = {}; // Browsers whose open pages are not known.
+    QSet<QString> installedAppIDs = {};   // Those that can be opened by their identifier.
+    QSet<QString> openPageKeys = {};      // tabURLKey of each page open in a browser.
+    QSet<QString> uncertainPageKeys = {}; // Of those that a browser lists and may have closed.
+    QSet<QString> unreadBrowserIDs = {};  // Browsers whose open pages are not known.
 };
 
 // Pure; leaves tabCheckWarning absent.

@@ -3,7 +3,6 @@
 
 #include "support/Identifiers.h"
 
-#include <QHash>
 #include <QSet>
 
 #include <algorithm>
@@ -73,19 +72,12 @@ WindowLayout::Captured look(const QList<SavedApp> &apps, WindowServer &server, q
     return captured;
 }
 
-// The windows whose page may be a private one.
-QCoro::Task<QSet<quint32>> possiblyPrivate(QList<SavedWindow> layout, TabSource &source)
+// What the window may be called; empty unless it certainly shows an ordinary page that is left in.
+QString publicTitle(const std::optional<ShownPage> &page, const CaptureExclusions &rules)
 {
-    QHash<QString, QSet<quint32>> byApp;
-    for (const SavedWindow &window : std::as_const(layout))
-        byApp[window.appID].insert(window.windowID);
-    QSet<quint32> found;
-    for (auto windows = byApp.cbegin(); windows != byApp.cend(); ++windows) {
-        const std::optional<QSet<quint32>> ordinary = co_await source.ordinaryWindows(windows.key());
-        if (ordinary)
-            found += windows.value() - *ordinary;
-    }
-    co_return found;
+    const bool isPublic = page && std::all_of(page->addresses.begin(), page->addresses.end(),
+                                              [&](const QString &address) { return rules.allowsPage(address); });
+    return isPublic ? page->title : QString();
 }
 
 // With the folders and documents that they show.
@@ -161,15 +153,16 @@ std::optional<QString> WindowLayout::location(const SavedWindow &window, const Q
 }
 
 QCoro::Task<WindowLayout::Captured> WindowLayout::capture(QList<SavedApp> apps, const Desktop &desktop,
-                                                          qint64 ownProcessID)
+                                                          CaptureExclusions rules, qint64 ownProcessID)
 {
     Captured seen = look(apps, *desktop.windowServer, ownProcessID);
-    const QCoro::Task<QSet<quint32>> asking = possiblyPrivate(seen.windows, *desktop.tabSource);
+    const QCoro::Task<BrowserWindows> asking = desktop.tabSource->browserWindows();
     seen.windows = co_await withLocations(seen.windows, desktop);
-    const QSet<quint32> unnamed = co_await asking;
+    const BrowserWindows pages = co_await asking;
     for (SavedWindow &window : seen.windows) {
-        if (unnamed.contains(window.windowID))
-            window.title.clear();
+        const auto page = pages.constFind(window.windowID);
+        if (page != pages.cend())
+            window.title = publicTitle(*page, rules);
     }
     co_return seen;
 }

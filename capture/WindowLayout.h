@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "capture/CaptureExclusions.h"
 #include "desktop/Desktop.h"
 #include "model/WorkspaceRecords.h"
 
@@ -43,9 +44,11 @@ struct Captured {
     qsizetype outOfSight = 0; // Further ones of these applications, minimised or on another workspace.
 };
 
-// The same windows as `windows()`, each with the folder or the document it shows where that is certain. The windows are
-// read before the first wait. The parts of the desktop outlive the task. Never throws.
-QCoro::Task<Captured> capture(QList<SavedApp> apps, const Desktop &desktop, qint64 ownProcessID);
+// The same windows as `windows()`, each with the folder or the document it shows where that is certain. A window of a
+// browser has a title only when it certainly shows an ordinary page that the rules leave in. The windows are read
+// before the first wait. The parts of the desktop outlive the task. Never throws.
+QCoro::Task<Captured> capture(QList<SavedApp> apps, const Desktop &desktop, CaptureExclusions rules,
+                              qint64 ownProcessID);
 
 } // namespace WindowLayout
 

@@ -18,6 +18,22 @@ struct TabToReopen {
     QString script = {};  // What a desktop with scripting runs for it.
 };
 
+// The window of a browser that tabs were saved from.
+struct SavedBrowserWindow {
+    enum class State {
+        Open,    // It is there.
+        Missing, // It is certainly not there.
+        Unknown,
+    };
+    State state = State::Unknown;
+    quint32 windowID = 0; // The window server's number; 0 unless it is there.
+
+    bool operator==(const SavedBrowserWindow &) const = default;
+};
+
+// Where pages go.
+enum class PagePlace { LastWindow, NewWindow };
+
 // An application that ended with an error instead of showing what it was opened with.
 struct FailedStart {
     QString appID = {};
@@ -42,11 +58,16 @@ public:
     virtual QCoro::Task<void> openPath(QString path) = 0;
     // Shows folders, or files in their folders, in the session's file browser. Throws Failure.
     virtual QCoro::Task<void> reveal(QString path) = 0;
-    // Pages with a browser, or with the default one when there is no identifier. Throws Failure.
-    virtual QCoro::Task<void> openPages(QString appID, QStringList addresses) = 0;
-    // The tabs were saved from one window of one browser. False, and nothing opened, unless it is certain which window
-    // that is now.
-    virtual QCoro::Task<bool> openInSavedWindow(QList<TabToReopen> tabs) = 0;
+    // Pages with a browser, or with the default one when there is no identifier; in a window of their own where the
+    // browser can be asked for one, which is there when this returns. Throws Failure.
+    virtual QCoro::Task<void> openPages(QString appID, QStringList addresses, PagePlace place) = 0;
+    // What has become of the window that the tab was saved from; `saved` are all tabs saved from its browser. It is the
+    // one with the browser's own identifier, else the one with most of the same pages, else the one with its number.
+    // Never throws.
+    virtual QCoro::Task<SavedBrowserWindow> findSavedWindow(SavedTab tab, QList<SavedTab> saved) = 0;
+    // The tabs were saved from one window of one browser, which is this one. False, and nothing opened, when they could
+    // not be opened there.
+    virtual QCoro::Task<bool> openInSavedWindow(quint32 windowID, QList<TabToReopen> tabs) = 0;
     // Whether what was opened with this application has yet to show its window, or to hand over to one that is there.
     virtual bool isStarting(const QString &appID) const = 0;
     // The focus stays with the user from the first that is opened until this returns: it waits until what was started

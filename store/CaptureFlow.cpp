@@ -111,7 +111,7 @@ QCoro::Task<void> AppStore::collect(Checkpoint *checkpoint, QString mediaFolder,
     checkpoint->captureNote = u"Open apps captured. Browser capture was off."_qs;
     // What windows and browsers show is read while the picture is taken.
     const QCoro::Task<WindowLayout::Captured> looking =
-        WindowLayout::capture(checkpoint->apps, m_desktop, QCoreApplication::applicationPid());
+        WindowLayout::capture(checkpoint->apps, m_desktop, exclusions(), QCoreApplication::applicationPid());
     std::optional<QCoro::Task<WorkspaceCapture::OpenTabs>> reading;
     if (withTabs)
         reading = capturedTabs();

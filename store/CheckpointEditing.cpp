@@ -119,8 +119,12 @@ QCoro::Task<Outcome> AppStore::addLayout(QUuid checkpointID)
         outcome.fail(*obstacle);
         co_return outcome;
     }
-    const WindowLayout::Captured captured =
-        co_await WindowLayout::capture(existing->apps, m_desktop, QCoreApplication::applicationPid());
+    CaptureExclusions rules;
+    WindowLayout::Captured captured;
+    do { // A rule may be added meanwhile.
+        rules = exclusions();
+        captured = co_await WindowLayout::capture(existing->apps, m_desktop, rules, QCoreApplication::applicationPid());
+    } while (rules != exclusions());
     QList<SavedWindow> windows = captured.windows;
     const QSet<QString> excluded = exclusions().appIDs();
     windows.removeIf([&](const SavedWindow &window) { return excluded.contains(window.appID); });

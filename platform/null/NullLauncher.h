@@ -22,9 +22,14 @@ public:
 
     QCoro::Task<void> reveal(QString) override { return refuse(m_reason); }
 
-    QCoro::Task<void> openPages(QString, QStringList) override { return refuse(m_reason); }
+    QCoro::Task<void> openPages(QString, QStringList, PagePlace) override { return refuse(m_reason); }
 
-    QCoro::Task<bool> openInSavedWindow(QList<TabToReopen>) override { co_return false; }
+    QCoro::Task<SavedBrowserWindow> findSavedWindow(SavedTab, QList<SavedTab>) override
+    {
+        co_return SavedBrowserWindow();
+    }
+
+    QCoro::Task<bool> openInSavedWindow(quint32, QList<TabToReopen>) override { co_return false; }
 
     bool isStarting(const QString &) const override { return false; }
 

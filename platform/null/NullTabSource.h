@@ -12,7 +12,7 @@ class NullTabSource final : public TabSource {
 public:
     explicit NullTabSource(QString reason) : m_reason(std::move(reason)) {}
 
-    QList<Browser> furtherBrowsers() const override { return {}; }
+    QList<Browser> furtherBrowsers() override { return {}; }
 
     Capability availability(const QString &) const override { return Capability::unavailable(m_reason); }
 
@@ -24,7 +24,7 @@ public:
         co_return TabReport();
     }
 
-    QCoro::Task<std::optional<QSet<quint32>>> ordinaryWindows(QString) override { co_return std::nullopt; }
+    QCoro::Task<BrowserWindows> browserWindows() override { co_return {}; }
 
 private:
     QString m_reason;

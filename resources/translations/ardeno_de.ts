@@ -52,6 +52,14 @@
         <translation>Dieser Checkpoint konnte nicht gesichert werden: </translation>
     </message>
     <message>
+        <source>Whether every saved page of %1 was still open could not be checked.</source>
+        <translation>Ob jede gesicherte Seite von %1 noch offen war, ließ sich nicht prüfen.</translation>
+    </message>
+    <message>
+        <source>Some windows of %1 may be closed already. Whether their saved pages are open is not known.</source>
+        <translation>Einige Fenster von %1 sind vielleicht schon geschlossen. Ob ihre gesicherten Seiten offen sind, ist nicht bekannt.</translation>
+    </message>
+    <message>
         <source>%1 tabs weren’t available. Whether its saved pages are open is not known.</source>
         <translation>Die Tabs von %1 waren nicht verfügbar. Ob die gesicherten Seiten offen sind, ist nicht bekannt.</translation>
     </message>

@@ -24,13 +24,17 @@ struct Answers final : TabSource {
         reports.insert(id, report);
     }
 
-    QList<Browser> furtherBrowsers() const override { return {{"org.example.Browser", "Example"}}; }
+    QList<Browser> furtherBrowsers() override
+    {
+        return {{"org.example.Browser", "Example"},
+                {"work-brave", "Work", BrowserFamily::Chromium, "com.brave.Browser"}};
+    }
 
     Capability availability(const QString &) const override { return Capability::available(); }
 
     bool isRunning(const QString &id) override { return running.contains(id); }
 
-    QCoro::Task<std::optional<QSet<quint32>>> ordinaryWindows(QString) override { co_return std::nullopt; }
+    QCoro::Task<BrowserWindows> browserWindows() override { co_return {}; }
 
     QCoro::Task<TabReport> openTabs(Browser browser, QString script) override
     {
@@ -116,13 +120,18 @@ TEST_CASE("an excluded browser is not asked and its tabs count as unknown")
 {
     Answers source;
     source.add("com.brave.Browser", {record({"1", "1", "https://secret.example", "S"})});
+    source.add("work-brave", {record({"1", "1", "https://work.example", "W"})}); // Brave under another name.
     source.add("com.google.Chrome", {record({"1", "1", "https://c.example", "C"})});
 
     const auto open = finish(WorkspaceCapture::browserTabs(source, {"com.brave.Browser"}));
 
     CHECK(source.asked == QStringList{"com.google.Chrome"});
     CHECK(addresses(open.tabs) == QStringList{"https://c.example"});
-    CHECK(open.unreadBrowserIDs == QSet<QString>{"com.brave.Browser"});
+    CHECK(open.unreadBrowserIDs == QSet<QString>{"com.brave.Browser", "work-brave"});
+    CHECK(open.runningBrowserIDs == QSet<QString>{"com.google.Chrome"});
+
+    const auto own = finish(WorkspaceCapture::browserTabs(source, {"work-brave"}));
+    CHECK(addresses(own.tabs) == QStringList{"https://secret.example", "https://c.example"});
 
     const auto none = finish(WorkspaceCapture::browserTabs(source, {"com.brave.Browser", "com.google.Chrome"}));
     CHECK(none.tabs.isEmpty());
@@ -154,6 +163,22 @@ TEST_CASE("what could be read of a browser is kept although a part is missing")
     CHECK(open.tabs.size() == 1);
     CHECK(open.warning == failed("Chrome"));
     CHECK(open.unreadBrowserIDs == QSet<QString>{"com.google.Chrome"});
+}
+
+TEST_CASE("pages whose window may be closed are kept, known as uncertain, and their browser is named")
+{
+    Answers source;
+    source.add("com.google.Chrome", {.records = record({"1", "1", "https://sure.example", "S"}) +
+                                                record({"2", "2", "https://c.example", "C"}),
+                                     .uncertainWindows = {2}});
+
+    const auto open = finish(WorkspaceCapture::browserTabs(source, {}));
+
+    REQUIRE(open.tabs.size() == 2);
+    CHECK(open.uncertainTabIDs == QSet<QUuid>{open.tabs[1].id});
+    CHECK(open.uncertainBrowserNames == QStringList{"Chrome"});
+    CHECK(open.warning == "Whether every saved page of Chrome was still open could not be checked.");
+    CHECK(open.unreadBrowserIDs.isEmpty());
 }
 
 TEST_CASE("a browser with nothing to tell is no reason to warn")

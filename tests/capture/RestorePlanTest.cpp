@@ -43,9 +43,11 @@ TEST_CASE("each saved tab lands in exactly one list, and no page is opened twice
         tab("https://unread.example/", "com.brave.Unread"),
         tab("https://a.example/", "com.brave.Unread"), // Not known to be a repetition either.
         tab("https://old.example/", std::nullopt),
+        tab("https://closed.example/"), // Listed by a browser that may have closed it.
     };
     WorkspaceCapture::PresentWorkspace present;
     present.openPageKeys = {"http://open.example/x"};
+    present.uncertainPageKeys = {"https://closed.example/", "http://open.example/x"};
     present.unreadBrowserIDs = {"com.brave.Unread"};
 
     const auto plan = WorkspaceCapture::restorePlan({}, tabs, present);
@@ -54,13 +56,14 @@ TEST_CASE("each saved tab lands in exactly one list, and no page is opened twice
           QStringList{"https://a.example/", "https://a.example/#part", "https://old.example/"});
     CHECK(addresses(plan.duplicateTabs) == QStringList{"HTTPS://A.example:443/"});
     CHECK(addresses(plan.activeTabs) == QStringList{"http://open.example:80/x", "http://open.example/x"});
-    CHECK(addresses(plan.unverifiedTabs) == QStringList{"https://unread.example/", "https://a.example/"});
+    CHECK(addresses(plan.unverifiedTabs) ==
+          QStringList{"https://unread.example/", "https://a.example/", "https://closed.example/"});
     CHECK(addresses(plan.unavailableTabs) == QStringList{"file:///etc/passwd", "javascript:alert(1)"});
     CHECK_FALSE(plan.tabCheckWarning.has_value());
 
     present.unreadBrowserIDs = {"com.google.Chrome"};
     CHECK(addresses(WorkspaceCapture::restorePlan({}, tabs, present).unverifiedTabs) ==
-          QStringList{"https://old.example/"});
+          QStringList{"https://old.example/", "https://closed.example/"});
 }
 
 TEST_CASE("a resume is summed up in one sentence that names only what there was")

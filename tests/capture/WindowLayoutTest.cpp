@@ -196,7 +196,7 @@ TEST_CASE("folders belong to windows of file browsers, documents to all others, 
     desktop.roles.fileBrowserIDs = {"files"};
     const QList<SavedApp> apps = {{"files", "Files"}, {"editor", "Editor"}};
 
-    const QList<SavedWindow> layout = finish(WindowLayout::capture(apps, desktop, ownProcessID)).windows;
+    const QList<SavedWindow> layout = finish(WindowLayout::capture(apps, desktop, {}, ownProcessID)).windows;
 
     REQUIRE(layout.size() == 3);
     CHECK(layout[0].locationURL == "/home/me/Thesis");
@@ -207,24 +207,28 @@ TEST_CASE("folders belong to windows of file browsers, documents to all others, 
     CHECK(memory.processesAskedAbout == QList<QSet<qint64>>{{1002}});
 }
 
-TEST_CASE("a browser's window keeps its place but not its title unless it certainly shows no private page")
+TEST_CASE("a browser's window has a title only while it certainly shows an ordinary page that no rule leaves out")
 {
     fakes::InMemoryDesktop memory;
     memory.addDisplay(1, {0, 0, 1000, 800});
-    memory.addApplication("browser", "Browser", {0, 0, 400, 300}, "Related work");
+    memory.addApplication("browser", "Browser", {0, 0, 400, 300}, "Related work (live) - Browser");
     memory.addApplication("editor", "Editor", {0, 0, 400, 300}, "notes.txt");
     memory.windows.append(memory.windows[0]);
     memory.windows.last().windowID = 9;
     memory.windows.last().title = "Secret";
-    memory.ordinaryWindows = {{"browser", {memory.windows[0].windowID}}};
+    const quint32 first = memory.windows[0].windowID;
+    memory.browserWindows[first] = ShownPage{"Balance 4711 - Browser", {"https://a.test/", "https://me@b.bank.test/"}};
+    memory.browserWindows[9] = std::nullopt;
     const Desktop desktop = memory.makeDesktop();
     const QList<SavedApp> apps = {{"browser", "Browser"}, {"editor", "Editor"}};
+    const auto titles = [&](const CaptureExclusions &rules) {
+        QStringList all;
+        for (const SavedWindow &window : finish(WindowLayout::capture(apps, desktop, rules, ownProcessID)).windows)
+            all += window.title;
+        return all;
+    };
 
-    const QList<SavedWindow> layout = finish(WindowLayout::capture(apps, desktop, ownProcessID)).windows;
-
-    REQUIRE(layout.size() == 3);
-    CHECK(layout[0].title == "Related work");
-    CHECK(layout[1].title == "notes.txt");
-    CHECK(layout[2].title == "");
-    CHECK(layout[2].frame == layout[0].frame);
+    CHECK(titles({}) == QStringList{"Balance 4711 - Browser", "notes.txt", ""});
+    CHECK(titles({.domains = {"other.test"}}) == QStringList{"Balance 4711 - Browser", "notes.txt", ""});
+    CHECK(titles({.domains = {"bank.test"}}) == QStringList{"", "notes.txt", ""});
 }

@@ -58,17 +58,21 @@ public:
 
     QCoro::Task<void> reveal(QString path) override { return open({}, QStringList{"reveal", path}); }
 
-    QCoro::Task<void> openPages(QString appID, QStringList addresses) override
+    QCoro::Task<void> openPages(QString appID, QStringList addresses, PagePlace place) override
     {
-        return open(appID, QStringList{"page", appID} + addresses);
+        return open(appID, QStringList{place == PagePlace::NewWindow ? "new" : "page", appID} + addresses);
     }
 
-    QCoro::Task<bool> openInSavedWindow(QList<TabToReopen> tabs) override
+    QCoro::Task<SavedBrowserWindow> findSavedWindow(SavedTab tab, QList<SavedTab> saved) override
     {
-        const QString window = tabs.first().tab.browserWindowID.value_or(QString());
-        if (!m_desktop.certainWindowIDs.contains(window))
-            co_return false;
-        QStringList words{"window", window};
+        m_desktop.savedPagesTold = saved.size();
+        const SavedBrowserWindow found = m_desktop.savedWindows.value(tab.window);
+        co_return found;
+    }
+
+    QCoro::Task<bool> openInSavedWindow(quint32 windowID, QList<TabToReopen> tabs) override
+    {
+        QStringList words{"window", QString::number(windowID)};
         for (const TabToReopen &tab : tabs)
             words += tab.address;
         note(words);

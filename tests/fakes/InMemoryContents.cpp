@@ -41,7 +41,7 @@ class InMemoryTabSource final : public InMemory<TabSource> {
 public:
     using InMemory::InMemory;
 
-    QList<Browser> furtherBrowsers() const override { return {}; }
+    QList<Browser> furtherBrowsers() override { return {}; }
 
     Capability availability(const QString &) const override { return Capability::available(); }
 
@@ -57,13 +57,7 @@ public:
         co_return TabReport{.records = records};
     }
 
-    QCoro::Task<std::optional<QSet<quint32>>> ordinaryWindows(QString appID) override
-    {
-        const auto found = m_desktop.ordinaryWindows.constFind(appID);
-        if (found == m_desktop.ordinaryWindows.cend())
-            co_return std::nullopt;
-        co_return *found;
-    }
+    QCoro::Task<BrowserWindows> browserWindows() override { co_return BrowserWindows(m_desktop.browserWindows); }
 };
 
 class InMemoryFileBrowser final : public Available<FileBrowser> {

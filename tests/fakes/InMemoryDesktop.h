@@ -19,8 +19,8 @@ struct InMemoryDesktop {
     std::function<void()> applicationsChanged = {}; // To be called by the test; empty: nobody wants to know.
     QList<Display> displays = {};
     QList<WindowInfo> windows = {};
-    QHash<QString, QSet<quint32>> ordinaryWindows = {}; // Of the applications whose windows may be private.
-    QHash<QString, QString> tabRecords = {};            // Of each running browser; a null text: it cannot be read.
+    BrowserWindows browserWindows = {};
+    QHash<QString, QString> tabRecords = {}; // Of each running browser; a null text: it cannot be read.
     QStringList browsersRead = {};
     bool screenAccess = true;
     bool consentOnAsking = false;
@@ -35,11 +35,13 @@ struct InMemoryDesktop {
     QList<MovableWindow> movable = {};
     QList<WindowMove> moves = {};                // Carried out, unless the window refuses.
     QHash<quint32, MoveResult> moveResults = {}; // Of windows that do not simply obey.
-    QStringList opened = {}; // "app ID PATH…", "page ID ADDRESS…", "window ID ADDRESS…", "path PATH", …
+    QStringList opened =
+        {}; // "app ID PATH…", "page ID ADDRESS…", "new ID ADDRESS…", "window NUMBER ADDRESS…", "path PATH", …
     QHash<QString, QString> openFailures = {}; // Why an application or the default browser ("") cannot be opened.
-    QSet<QString> certainWindowIDs = {};       // The browser windows that can be found again.
-    QList<FailedStart> failedStarts = {};      // Told when what was opened has settled.
-    QSet<QString> starting = {};               // Applications that have yet to show what they were opened for.
+    QHash<qint64, SavedBrowserWindow> savedWindows = {}; // By the number that was saved.
+    qsizetype savedPagesTold = 0;                        // With the last question for such a window.
+    QList<FailedStart> failedStarts = {};                // Told when what was opened has settled.
+    QSet<QString> starting = {}; // Applications that have yet to show what they were opened for.
     std::function<void(const QString &)> whenOpened = {}; // Called with each entry of opened.
     QList<RecordingRequest> recordings = {};              // As they were asked for.
     RecordingEvents recordingEvents = {};                 // Of the last one, for what a test lets happen to it.

@@ -59,7 +59,9 @@ TEST_CASE_FIXTURE(ResumeFixture, "a resume opens what is missing, and a second o
     addTab("https://b.example/", "8");
     addTab("https://b.example/", "8");
     addTab("file:///etc/passwd");
-    memory.certainWindowIDs = {"7"};
+    checkpoint.tabs[1].window = checkpoint.tabs[2].window = 2;
+    using State = SavedBrowserWindow::State;
+    memory.savedWindows = {{1, {State::Missing}}, {2, {State::Open, 7}}};
     memory.whenOpened = [&](const QString &entry) {
         if (entry == "app viewer")
             memory.addApplication("viewer", "Viewer", {0, 0, 300, 300});
@@ -68,7 +70,8 @@ TEST_CASE_FIXTURE(ResumeFixture, "a resume opens what is missing, and a second o
     const RestoreReport report = resume();
 
     CHECK(memory.opened == QStringList{"app viewer", "window 7 https://a.example/%7euser?q=\"x\" https://a.example/2",
-                                       "page com.google.Chrome https://b.example/"});
+                                       "new com.google.Chrome https://b.example/"});
+    CHECK(memory.savedPagesTold == 6); // Those that are open or cannot be opened tell windows apart, too.
     CHECK(report.outcome == RestoreOutcome{.openedApps = 1, .openedTabs = 3, .alreadyActive = 2, .unavailable = 2});
     CHECK(store().notice() == u"Workspace restored · 4 opened · 2 already active · 2 unavailable"_qs);
     CHECK_FALSE(store().error().has_value());
@@ -129,7 +132,8 @@ TEST_CASE_FIXTURE(ResumeFixture, "what fails is named, and the rest is opened al
     addTab("https://a.example/");
     addTab("https://b.example/").browserID = "com.apple.Safari";
     addTab("https://c.example/", "7");
-    memory.certainWindowIDs = {"7"};
+    checkpoint.tabs[2].window = 2;
+    memory.savedWindows = {{2, {SavedBrowserWindow::State::Open, 7}}};
     memory.failedStarts = {{chrome, "Chrome", {"https://a.example/"}}};
 
     const RestoreReport report = resume();
@@ -204,8 +208,10 @@ TEST_CASE_FIXTURE(ResumeFixture, "two resumes of a library at once open everythi
 {
     addTab("https://a.example/");
     memory.whenOpened = [&](const QString &entry) {
-        if (entry.startsWith("page")) // It takes its time.
-            memory.addApplication("viewer", "Viewer", {0, 0, 300, 300});
+        if (!entry.startsWith("page"))
+            return;
+        memory.addApplication("viewer", "Viewer", {0, 0, 300, 300}); // It takes its time.
+        memory.tabRecords[chrome] = QString("");                     // It runs and has written nothing down.
     };
     AppStore other(desktop, {.preferences = Preferences(home.filePath("settings-of-other")),
                              .repository = CheckpointRepository(root()),

@@ -22,6 +22,21 @@ using namespace std::chrono_literals;
 constexpr auto lookInterval = 50ms;
 constexpr auto timeToLaunch = 10s; // A file browser may have to be started, a program come from a slow disk.
 
+// What a browser is told, with windows of it open or not. Firefox makes a window for several pages at once, and opens a
+// single one in the last window.
+QStringList pageWords(BrowserFamily family, const QStringList &addresses, PagePlace place, bool isOpen)
+{
+    const bool isNew = place == PagePlace::NewWindow;
+    if (family != BrowserFamily::Firefox)
+        return isNew ? QStringList{"--new-window"} + addresses : addresses;
+    if (!isOpen || (isNew && addresses.size() > 1))
+        return addresses;
+    QStringList words;
+    for (const QString &address : addresses)
+        words += {isNew ? "--new-window" : "--new-tab", address};
+    return words;
+}
+
 // The desktop file of what opens things like this one.
 QCoro::Task<QString> handlerOf(const QString &path)
 {
@@ -32,7 +47,10 @@ QCoro::Task<QString> handlerOf(const QString &path)
 } // namespace
 
 ApplicationLauncher::ApplicationLauncher(std::shared_ptr<DesktopEntries> entries, SessionFocus focus)
-    : m_entries(std::move(entries)), m_finder(focus.liveWindows), m_focus(std::move(focus))
+    : m_entries(std::move(entries)),
+      m_liveWindows(focus.liveWindows),
+      m_finder(focus.liveWindows),
+      m_focus(std::move(focus))
 {
 }
 
@@ -110,21 +128,49 @@ QCoro::Task<void> ApplicationLauncher::reveal(QString path)
     co_await SlowWork::withinDeadline(work, timeToLaunch, SlowWork::Kind::Launches);
 }
 
-QCoro::Task<void> ApplicationLauncher::openPages(QString appID, QStringList addresses)
+QCoro::Task<DesktopLaunch::Processes> ApplicationLauncher::launchPages(DesktopEntry entry, QStringList addresses,
+                                                                       PagePlace place)
 {
-    const DesktopEntry found = entry(appID.isEmpty() ? DesktopLaunch::handlerOfWeb() : appID);
-    const auto work = [found, addresses] { return DesktopLaunch::openAddresses(found, addresses); };
-    co_await launch(found, addresses, work);
+    const bool isOpen = windowsOf(entry.id) > 0;
+    const auto work = [entry, addresses, place, isOpen] {
+        const auto browser = DesktopLaunch::browserOf(entry);
+        const auto family = browser ? browser->family : std::nullopt;
+        return DesktopLaunch::openAddresses(entry, family ? pageWords(*family, addresses, place, isOpen) : addresses);
+    };
+    return launch(entry, addresses, work);
 }
 
-QCoro::Task<bool> ApplicationLauncher::openInSavedWindow(QList<TabToReopen> tabs)
+QCoro::Task<void> ApplicationLauncher::openPages(QString appID, QStringList addresses, PagePlace place)
+{
+    const DesktopEntry found = entry(appID.isEmpty() ? DesktopLaunch::handlerOfWeb() : appID);
+    const qsizetype before = windowsOf(found.id);
+    const auto started = co_await launchPages(found, addresses, place);
+    // What is asked of a browser that is only starting may end up in its first window.
+    if (place == PagePlace::NewWindow && !appID.isEmpty())
+        co_await waitForWindow(found.id, before, started);
+}
+
+qsizetype ApplicationLauncher::windowsOf(const QString &appID) const
+{
+    const auto live = m_liveWindows ? m_liveWindows() : std::nullopt;
+    const QList<LiveWindow> windows = live.value_or(QList<LiveWindow>());
+    return std::count_if(windows.begin(), windows.end(),
+                         [&](const LiveWindow &window) { return window.applicationID == appID && !window.isDialog; });
+}
+
+QCoro::Task<void> ApplicationLauncher::waitForWindow(QString appID, qsizetype before, DesktopLaunch::Processes started)
+{
+    const QDeadlineTimer deadline(before > 0 ? 5s : 15s);
+    // What hands over to a running browser ends before there is a window.
+    while (windowsOf(appID) <= before && (before > 0 || areRunning(started)) && !deadline.hasExpired())
+        co_await QCoro::sleepFor(lookInterval);
+}
+
+QCoro::Task<bool> ApplicationLauncher::openInSavedWindow(quint32 windowID, QList<TabToReopen> tabs)
 {
     constexpr auto timeToOpen = 200ms;
-    if (tabs.isEmpty())
-        co_return false;
-    const QString appID = tabs.first().tab.browserID.value_or(QString());
-    const auto window = co_await m_finder.find(tabs.first().tab);
-    if (!window || !isInstalled(appID))
+    const QString appID = tabs.isEmpty() ? QString() : tabs.first().tab.browserID.value_or(QString());
+    if (!isInstalled(appID))
         co_return false;
     const DesktopEntry found = entry(appID);
     QStringList addresses;
@@ -132,10 +178,9 @@ QCoro::Task<bool> ApplicationLauncher::openInSavedWindow(QList<TabToReopen> tabs
         addresses += tab.address;
     // A browser opens pages in the window that was active last.
     const auto giveBack = qScopeGuard([this] { m_focus.resume(); });
-    const bool isActive = co_await m_focus.lend(*window);
+    const bool isActive = co_await m_focus.lend(windowID);
     if (isActive) {
-        const auto work = [found, addresses] { return DesktopLaunch::openAddresses(found, addresses); };
-        const auto started = co_await launch(found, addresses, work);
+        const auto started = co_await launchPages(found, addresses, PagePlace::LastWindow);
         co_await waitForEnd(started);
         co_await QCoro::sleepFor(timeToOpen);
     }

@@ -24,8 +24,14 @@ public:
     QCoro::Task<void> openApplication(QString appID, QStringList paths) override;
     QCoro::Task<void> openPath(QString path) override;
     QCoro::Task<void> reveal(QString path) override;
-    QCoro::Task<void> openPages(QString appID, QStringList addresses) override;
-    QCoro::Task<bool> openInSavedWindow(QList<TabToReopen> tabs) override;
+    QCoro::Task<void> openPages(QString appID, QStringList addresses, PagePlace place) override;
+
+    QCoro::Task<SavedBrowserWindow> findSavedWindow(SavedTab tab, QList<SavedTab> saved) override
+    {
+        return m_finder.find(std::move(tab), std::move(saved));
+    }
+
+    QCoro::Task<bool> openInSavedWindow(quint32 windowID, QList<TabToReopen> tabs) override;
 
     bool isStarting(const QString &appID) const override { return m_focus.isStarting(appID); }
 
@@ -37,10 +43,14 @@ private:
     QCoro::Task<DesktopLaunch::Processes> launch(DesktopEntry entry, QStringList contents,
                                                  std::function<DesktopLaunch::Processes()> work);
     void watch(const DesktopEntry &entry, const QStringList &contents, const DesktopLaunch::Processes &processes);
+    QCoro::Task<DesktopLaunch::Processes> launchPages(DesktopEntry entry, QStringList addresses, PagePlace place);
+    QCoro::Task<void> waitForWindow(QString appID, qsizetype before, DesktopLaunch::Processes started);
     QCoro::Task<void> waitForEnd(DesktopLaunch::Processes processes);
+    qsizetype windowsOf(const QString &appID) const;
     bool areRunning(const DesktopLaunch::Processes &processes) const;
 
     std::shared_ptr<DesktopEntries> m_entries;
+    LiveWindowList m_liveWindows;
     SavedWindowFinder m_finder;
     ChildProcesses m_children;
     FocusKeeper m_focus;

@@ -23,13 +23,15 @@ struct BrowserRow {
 };
 
 constexpr std::array browserTable = {
-    BrowserRow{"com.google.Chrome", "Chrome", Sessions::Chromium,
-               "google-chrome google-chrome-stable com.google.Chrome", "chrome google-chrome", ""},
+    BrowserRow{
+        "com.google.Chrome", "Chrome", Sessions::Chromium, "google-chrome google-chrome-stable com.google.Chrome",
+        "chrome google-chrome google-chrome-stable google-chrome-beta google-chrome-unstable google-chrome-canary", ""},
     BrowserRow{"com.brave.Browser", "Brave", Sessions::Chromium,
-               "brave-browser brave-browser-stable com.brave.Browser brave_brave", "brave brave-browser", ""},
+               "brave-browser brave-browser-stable com.brave.Browser brave_brave",
+               "brave brave-browser brave-browser-stable brave-browser-beta brave-browser-nightly", ""},
     BrowserRow{"org.mozilla.firefox", "Firefox", Sessions::Firefox,
-               "firefox firefox-esr org.mozilla.firefox firefox_firefox", "firefox firefox-esr firefox-bin",
-               "navigator"},
+               "firefox firefox-esr org.mozilla.firefox firefox_firefox",
+               "firefox firefox-esr firefox-bin firefox-beta firefox-devedition firefox-nightly", "navigator"},
     BrowserRow{"org.chromium.Chromium", "Chromium", Sessions::Chromium,
                "chromium chromium-browser org.chromium.Chromium chromium_chromium ungoogled-chromium "
                "io.github.ungoogled_software.ungoogled_chromium",

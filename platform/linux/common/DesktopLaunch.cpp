@@ -168,6 +168,21 @@ DesktopLaunch::Processes DesktopLaunch::open(const DesktopEntry &entry, const QS
     return started;
 }
 
+std::optional<KnownBrowser> DesktopLaunch::browserOf(const DesktopEntry &entry)
+{
+    if (const auto known = BrowserIdentities::named(entry.id))
+        return known;
+    // A starter of its own, perhaps through another program: "env VARIABLE=value chromium --user-data-dir=…".
+    for (const QByteArray &word : commandOf(appInfo(entry).get())) {
+        const auto known = BrowserIdentities::ofProgram(QString::fromLocal8Bit(word));
+        if (known)
+            return known;
+        if (word.startsWith('%'))
+            break;
+    }
+    return std::nullopt;
+}
+
 DesktopLaunch::Processes DesktopLaunch::openAddresses(const DesktopEntry &entry, const QStringList &addresses)
 {
     QList<QByteArray> words = withAddresses(commandOf(appInfo(entry).get()), addresses);

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/linux/common/BrowserIdentities.h"
 #include "platform/linux/common/DesktopEntries.h"
 
 #include <QList>
 #include <QString>
 #include <QStringList>
+
+#include <optional>
 
 #include <sys/types.h>
 
@@ -20,8 +23,11 @@ using Processes = QList<pid_t>;
 // Starts the application of a desktop file, or asks the running one, with these files and folders.
 Processes open(const DesktopEntry &entry, const QStringList &paths);
 
-// Starts the application of a desktop file with these addresses, all in one command.
-Processes openAddresses(const DesktopEntry &entry, const QStringList &addresses);
+// Starts the application of a desktop file with these words in the place that its command has for addresses.
+Processes openAddresses(const DesktopEntry &entry, const QStringList &words);
+
+// The browser that the application is; absent when it is none that is known.
+std::optional<KnownBrowser> browserOf(const DesktopEntry &entry);
 
 // Shows the folder, or the file in its folder, in the session's file browser, and waits for its answer.
 void showInFileBrowser(const QString &path);

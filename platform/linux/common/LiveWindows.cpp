@@ -21,50 +21,90 @@ QString letters(QStringView title)
     return kept;
 }
 
-// Whether a window's title is that of the page it shows, before the name of the browser.
-bool showsTitle(const QString &windowTitle, const QString &pageTitle)
+// What stands in a window's title behind the name of the page: the browser's own name, after a dash. Absent when the
+// title is that of another page.
+std::optional<QString> endingBehind(const QString &pageTitle, const QString &windowTitle)
 {
     const QString page = letters(pageTitle);
     if (page.isEmpty())
-        return false;
-    for (const QStringView separator : {u" - ", u" — ", u" – "}) {
-        for (qsizetype end = windowTitle.indexOf(separator); end >= 0; end = windowTitle.indexOf(separator, end + 1)) {
-            if (letters(QStringView(windowTitle).first(end)) == page)
-                return true;
-        }
+        return std::nullopt;
+    qsizetype end = windowTitle.size();
+    if (letters(windowTitle) != page) {
+        end = -1;
+        for (const QStringView separator : {u" - ", u" — ", u" – "})
+            end = std::max(end, windowTitle.lastIndexOf(separator));
     }
-    return letters(windowTitle) == page;
+    const bool isPage = end > 0 && letters(QStringView(windowTitle).first(end)) == page;
+    return isPage ? std::optional(windowTitle.mid(end)) : std::nullopt;
+}
+
+bool showsTitle(const LiveWindow &live, const SessionTab &tab)
+{
+    return endingBehind(shownTitle(tab), live.title).has_value();
 }
 
 // Whether the same window can have both rectangles: browsers and window managers do not agree on what belongs to a
 // window (decoration, shadows), but agree that it is the same at the left and at the right. A shifted one is another.
-bool isSamePlace(const WindowRect &live, const WindowRect &session, double scale)
+bool isSamePlace(const WindowRect &live, const WindowRect &written, double slack)
 {
-    constexpr double slack = 2;
     constexpr double widest = 64; // Of a title bar or a shadow.
-    const double left = live.x - session.x * scale;
-    const double right = session.maxX() * scale - live.maxX();
-    const double top = live.y - session.y * scale;
-    const double bottom = session.maxY() * scale - live.maxY();
+    const double left = live.x - written.x;
+    const double right = written.maxX() - live.maxX();
+    const double top = live.y - written.y;
+    const double bottom = written.maxY() - live.maxY();
     const bool isShifted = std::min(top, bottom) < -slack && std::max(top, bottom) > slack;
-    return std::abs(left - right) <= slack && !isShifted &&
+    return std::abs(left - right) <= 2 * slack && !isShifted &&
            std::max({std::abs(left), std::abs(top), std::abs(bottom)}) <= widest;
+}
+
+WindowRect scaled(const WindowRect &rect, double place, double size)
+{
+    return {rect.x * place, rect.y * place, rect.width * size, rect.height * size};
+}
+
+// Browsers write points; where those are not pixels, every window is larger by the same factor, which may be any. Some
+// count only sizes in points.
+bool hasPlace(const WindowRect &rect, const WindowRect &written)
+{
+    constexpr double smallest = 0.5;
+    constexpr double largest = 8;
+    const double factor = rect.width / written.width;
+    if (isSamePlace(rect, written, 2))
+        return true;
+    const double slack = 2 + 2 * std::abs(factor - 1); // Each number was rounded, and the factor comes from two.
+    return factor >= smallest && factor <= largest &&
+           (isSamePlace(rect, scaled(written, factor, factor), slack) ||
+            isSamePlace(rect, scaled(written, 1, factor), slack));
+}
+
+// Whatever was done with it since: the place of a window that is maximised or minimised is the one it comes back to.
+bool hasFrame(const LiveWindow &live, const SessionWindow &session)
+{
+    return session.frame && session.frame->width > 0 &&
+           (hasPlace(live.frame, *session.frame) || hasPlace(live.client, *session.frame));
 }
 
 bool isInPlace(const LiveWindow &live, const SessionWindow &session)
 {
-    // Browsers write points; where those are not pixels, every window is larger by the same factor.
-    constexpr std::array scales = {1.0, 1.25, 1.5, 1.75, 2.0, 2.5, 3.0};
-    return session.frame && session.isAtFrame && std::any_of(scales.begin(), scales.end(), [&](double scale) {
-               return isSamePlace(live.frame, *session.frame, scale);
-           });
+    return live.isAtFrame && session.isAtFrame && hasFrame(live, session);
+}
+
+bool areBothPutAside(const LiveWindow &live, const SessionWindow &session)
+{
+    return !live.isAtFrame && !session.isAtFrame;
 }
 
 bool showsPage(const LiveWindow &live, const SessionWindow &session)
 {
-    if (session.selectedTab < 0 || session.selectedTab >= session.tabs.size())
-        return false;
-    return showsTitle(live.title, shownTitle(session.tabs[session.selectedTab]));
+    return session.selectedTab >= 0 && session.selectedTab < session.tabs.size() &&
+           showsTitle(live, session.tabs[session.selectedTab]);
+}
+
+// The user may have turned to another of its pages since.
+bool hasPage(const LiveWindow &live, const SessionWindow &session)
+{
+    return std::any_of(session.tabs.begin(), session.tabs.end(),
+                       [&](const SessionTab &tab) { return showsTitle(live, tab); });
 }
 
 // Pairs every window of the session with a live one, the surest pairs first.
@@ -86,24 +126,16 @@ public:
         }
     }
 
-    QSet<quint32> taken() const
-    {
-        QSet<quint32> taken;
-        for (qsizetype live = 0; live < m_live.size(); ++live) {
-            if (m_isTaken[live])
-                taken.insert(m_live[live].windowID);
-        }
-        return taken;
-    }
+    bool isKept(qsizetype window) const { return m_isKept[window]; }
 
-    QList<SessionWindow> kept() const
+    QList<LiveWindow> left() const
     {
-        QList<SessionWindow> kept;
-        for (qsizetype window = 0; window < m_session.size(); ++window) {
-            if (m_isKept[window])
-                kept.append(m_session[window]);
+        QList<LiveWindow> left;
+        for (qsizetype live = 0; live < m_live.size(); ++live) {
+            if (!m_isTaken[live])
+                left.append(m_live[live]);
         }
-        return kept;
+        return left;
     }
 
 private:
@@ -123,39 +155,72 @@ QString shownTitle(const SessionTab &tab)
     return scheme < 0 ? tab.url : tab.url.mid(scheme + 3);
 }
 
-QList<SessionWindow> withoutGhosts(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
+QList<WindowFate> fates(const QList<SessionWindow> &session, const QList<LiveWindow> &live,
+                        const QSet<quint32> &settled)
 {
     Pairing pairing(session, live);
     pairing.pair([](const LiveWindow &a, const SessionWindow &b) { return isInPlace(a, b) && showsPage(a, b); });
     pairing.pair(isInPlace);
     pairing.pair(showsPage);
-    // A maximised window whose title has changed cannot be told from another one. It is kept while there is a window
-    // that it may be: a page too many is better than a lost one.
-    pairing.pair([](const LiveWindow &, const SessionWindow &b) { return !b.isAtFrame || !b.frame; });
-    return pairing.kept();
+    pairing.pair(hasPage);
+    pairing.pair(areBothPutAside);
+    pairing.pair(hasFrame);
+    const QList<LiveWindow> left = pairing.left();
+    const auto mayBe = [&](const LiveWindow &window, const SessionWindow &written) {
+        return !written.frame || !settled.contains(window.windowID);
+    };
+    QList<WindowFate> fates;
+    for (qsizetype i = 0; i < session.size(); ++i) {
+        const bool mayBeOpen =
+            std::any_of(left.begin(), left.end(), [&](const LiveWindow &window) { return mayBe(window, session[i]); });
+        fates.append(pairing.isKept(i) ? WindowFate::Open : mayBeOpen ? WindowFate::Unknown : WindowFate::Closed);
+    }
+    return fates;
 }
 
-QSet<quint32> windowsOfPages(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
+QHash<quint32, ShownPage> shownPages(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
 {
-    Pairing pairing(session, live);
-    pairing.pair(showsPage);
-    return pairing.taken();
+    QHash<quint32, ShownPage> pages;
+    for (const LiveWindow &window : live) {
+        const auto shown = std::find_if(session.begin(), session.end(),
+                                        [&](const SessionWindow &written) { return showsPage(window, written); });
+        if (shown == session.end())
+            continue;
+        const QString name = shownTitle(shown->tabs[shown->selectedTab]);
+        ShownPage page{.title = name + endingBehind(name, window.title).value_or(QString())};
+        for (const SessionWindow &written : session) {
+            for (const SessionTab &tab : written.tabs) {
+                if (showsTitle(window, tab))
+                    page.addresses.append(tab.url);
+            }
+        }
+        pages.insert(window.windowID, page);
+    }
+    return pages;
+}
+
+bool isMarkedPrivate(const QString &title)
+{
+    // In every language an ordinary window's title ends with the name; a private one's says so behind it.
+    constexpr QLatin1String name("Mozilla Firefox");
+    return title.contains(name) && !title.endsWith(name);
 }
 
 std::optional<LiveWindow> certainWindow(const SessionWindow &window, const QList<SessionWindow> &session,
                                         const QList<LiveWindow> &live)
 {
-    // By title and place, else by the title alone; no other window of the session may fit as well.
+    // By title and place, else by one of them alone; no other window of the session may fit as well.
+    using Test = std::function<bool(const LiveWindow &, const SessionWindow &)>;
     const auto inPlace = [](const LiveWindow &a, const SessionWindow &b) { return isInPlace(a, b) && showsPage(a, b); };
-    for (const auto &fits : {std::function<bool(const LiveWindow &, const SessionWindow &)>(inPlace),
-                             std::function<bool(const LiveWindow &, const SessionWindow &)>(showsPage)}) {
+    for (const Test &fits : {Test(inPlace), Test(isInPlace), Test(showsPage), Test(areBothPutAside), Test(hasFrame)}) {
         QList<LiveWindow> found = live;
         found.removeIf([&](const LiveWindow &candidate) { return !fits(candidate, window); });
-        if (found.isEmpty())
+        if (found.size() != 1)
             continue;
         const auto rivals = std::count_if(session.begin(), session.end(),
                                           [&](const SessionWindow &other) { return fits(found.first(), other); });
-        return found.size() == 1 && rivals == 1 ? std::optional(found.first()) : std::nullopt;
+        if (rivals == 1)
+            return found.first();
     }
     return std::nullopt;
 }

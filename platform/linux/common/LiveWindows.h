@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/TabSource.h"
 #include "platform/linux/common/BrowserSession.h"
 
+#include <QHash>
 #include <QList>
+#include <QSet>
 #include <QString>
 
 #include <functional>
@@ -16,7 +19,9 @@ struct LiveWindow {
     std::optional<qint32> processID = {};
     QString applicationID = {}; // Empty when it is not known.
     QString title = {};
-    WindowRect frame = {}; // With decoration, without client-side shadows.
+    WindowRect frame = {};  // With decoration, without client-side shadows.
+    WindowRect client = {}; // Without decoration, with such shadows.
+    bool isAtFrame = true;  // False: maximised, minimised or full screen.
     quint32 windowID = 0;
     QString applicationName = {}; // Localised; empty when it has none.
     bool isDialog = false;        // It belongs to another window.
@@ -34,14 +39,26 @@ using LiveWindowList = std::function<std::optional<QList<LiveWindow>>()>;
 // What a browser shows as the title of a page: the address when it has none.
 QString shownTitle(const SessionTab &tab);
 
-// The session's windows that still exist. A browser goes on listing its last ordinary window after it was closed while
-// a window that is not recorded (a private one) stays open; each live window vouches for one window of the session at
-// most, by its title or by its place.
-QList<SessionWindow> withoutGhosts(const QList<SessionWindow> &session, const QList<LiveWindow> &live);
+// What has become of a window that a browser lists. A browser goes on listing its last ordinary window after it was
+// closed while a window that is not recorded (a private one) stays open, and it writes changes down late.
+enum class WindowFate {
+    Open,
+    Unknown, // A window of the browser may be this one, though nothing says so.
+    Closed,  // Every window of the browser is certainly another one.
+};
 
-// The live windows that show in their title the page of a window of the session. Its place says too little: a private
-// window may stand where an ordinary one does.
-QSet<quint32> windowsOfPages(const QList<SessionWindow> &session, const QList<LiveWindow> &live);
+// Of each window of the session. A live window vouches for one window of the session at most, by its place or by the
+// title of a page. The settled ones have stood where they stand for long enough that the browser has written it down:
+// elsewhere than the session says, they are other windows.
+QList<WindowFate> fates(const QList<SessionWindow> &session, const QList<LiveWindow> &live,
+                        const QSet<quint32> &settled = {});
+
+// What the live windows show whose title names a page that a window of the session shows. Their place says too little:
+// a private window may stand where an ordinary one does.
+QHash<quint32, ShownPage> shownPages(const QList<SessionWindow> &session, const QList<LiveWindow> &live);
+
+// Whether a window of Firefox says that it is a private one.
+bool isMarkedPrivate(const QString &title);
 
 // The live window that a session's window is; absent unless nothing else is possible.
 std::optional<LiveWindow> certainWindow(const SessionWindow &window, const QList<SessionWindow> &session,

@@ -1,66 +1,189 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/common/SavedWindowFinder.h"
 
-#include "platform/linux/common/BrowserProcesses.h"
+#include "platform/linux/common/RunningBrowsers.h"
 #include "platform/linux/common/SessionReading.h"
 #include "platform/linux/common/SlowWork.h"
+#include "support/WebAddress.h"
 
+#include <QMap>
+#include <QSet>
+
+#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <utility>
+#include <vector>
 
 namespace ardeno {
 
 namespace {
 
-// What the work on a thread needs, all of it its own.
-struct TabSearch {
-    SavedTab tab;
-    QList<LiveWindow> live;
+using State = SavedBrowserWindow::State;
 
-    std::optional<quint32> run() const;
-    std::optional<quint32> searched(const BrowserProcess &process) const;
-};
-
-std::optional<quint32> TabSearch::searched(const BrowserProcess &process) const
+QString keyOf(const QString &address)
 {
-    QList<LiveWindow> own = live;
-    own.removeIf([&](const LiveWindow &window) { return window.processID != process.id; });
-    const BrowserSession session = SessionReading::read(process, BrowserFamily::Chromium);
-    for (const SessionWindow &window : session.windows) {
-        if (!window.isOrdinary || window.id != tab.browserWindowID)
-            continue;
-        const auto found = certainWindow(window, session.windows, own);
-        return found ? std::optional(found->windowID) : std::nullopt;
-    }
-    return std::nullopt;
+    const auto parsed = WebAddress::parse(address);
+    return parsed ? parsed->key() : address;
 }
 
-std::optional<quint32> TabSearch::run() const
+// A window as it was saved.
+struct SavedPages {
+    QString id = {}; // The browser's own; empty when it has none.
+    QSet<QString> keys = {};
+};
+
+// By their numbers.
+QMap<qint64, SavedPages> savedWindows(const QList<SavedTab> &saved)
 {
-    QList<BrowserProcess> processes = BrowserProcesses::running();
-    processes.removeIf([&](const BrowserProcess &process) {
-        return process.browser.id != tab.browserID || !tab.capturedAt ||
-               process.startedAt.seconds > tab.capturedAt->seconds;
-    });
-    // Two browsers may have a window of the same number.
-    return processes.size() == 1 ? searched(processes.first()) : std::nullopt;
+    QMap<qint64, SavedPages> windows;
+    for (const SavedTab &tab : saved) {
+        SavedPages &window = windows[tab.window];
+        window.id = tab.browserWindowID.value_or(QString());
+        window.keys.insert(keyOf(tab.url));
+    }
+    return windows;
+}
+
+// Which open window each saved one is.
+class Assignment final {
+public:
+    Assignment(const QMap<qint64, SavedPages> &saved, const QList<NumberedWindow> &open) : m_saved(saved), m_open(open)
+    {
+        byIdentifier();
+        byPages();
+        byNumber();
+    }
+
+    std::optional<qsizetype> of(qint64 number) const
+    {
+        const auto found = m_found.constFind(number);
+        return found == m_found.cend() ? std::nullopt : std::optional(*found);
+    }
+
+private:
+    void assign(qint64 number, qsizetype window)
+    {
+        const auto taken = m_found.values();
+        if (!m_found.contains(number) && !taken.contains(window))
+            m_found.insert(number, window);
+    }
+
+    void byIdentifier()
+    {
+        for (auto saved = m_saved.begin(); saved != m_saved.end(); ++saved) {
+            for (qsizetype i = 0; i < m_open.size() && !saved->id.isEmpty(); ++i) {
+                if (m_open[i].window.id == saved->id)
+                    assign(saved.key(), i);
+            }
+        }
+    }
+
+    void byPages()
+    {
+        struct Overlap {
+            qsizetype pages;
+            qint64 number;
+            qsizetype window;
+        };
+
+        std::vector<Overlap> overlaps;
+        for (auto saved = m_saved.begin(); saved != m_saved.end(); ++saved) {
+            for (qsizetype i = 0; i < m_open.size(); ++i) {
+                QSet<QString> common;
+                for (const SessionTab &tab : m_open[i].window.tabs)
+                    common.insert(keyOf(tab.url));
+                common.intersect(saved->keys);
+                if (2 * common.size() > saved->keys.size())
+                    overlaps.push_back({common.size(), saved.key(), i});
+            }
+        }
+        std::stable_sort(overlaps.begin(), overlaps.end(),
+                         [](const Overlap &a, const Overlap &b) { return a.pages > b.pages; });
+        for (const Overlap &overlap : overlaps)
+            assign(overlap.number, overlap.window);
+    }
+
+    void byNumber()
+    {
+        for (auto saved = m_saved.begin(); saved != m_saved.end(); ++saved) {
+            for (qsizetype i = 0; i < m_open.size(); ++i) {
+                if (m_open[i].number == saved.key())
+                    assign(saved.key(), i);
+            }
+        }
+    }
+
+    const QMap<qint64, SavedPages> &m_saved;
+    const QList<NumberedWindow> &m_open;
+    QMap<qint64, qsizetype> m_found;
+};
+
+// What the work on a thread needs, all of it its own.
+struct WindowSearch {
+    SavedTab tab;
+    QList<SavedTab> saved;
+    QList<BrowserProcess> processes = {};
+    QList<LiveWindow> live = {};
+
+    SavedBrowserWindow run() const;
+};
+
+SavedBrowserWindow WindowSearch::run() const
+{
+    QList<NumberedWindow> open;
+    std::vector<std::optional<LiveWindow>> shown; // The live one of each, where that is certain.
+    qint64 number = 0;
+    for (const BrowserProcess &process : processes) {
+        const QList<LiveWindow> own = RunningBrowsers::windowsOf(process, tab.browserID.value_or(QString()), live);
+        const BrowserSession session =
+            SessionReading::read(process, process.browser.family.value_or(BrowserFamily::Chromium));
+        if (session.unreadProfiles > 0)
+            return {};
+        const QList<WindowFate> all = fates(session.windows, own);
+        for (qsizetype i = 0; i < session.windows.size(); ++i) {
+            if (all[i] == WindowFate::Closed)
+                continue;
+            ++number;
+            if (!session.windows[i].isOrdinary)
+                continue;
+            open.append({number, session.windows[i]});
+            shown.push_back(certainWindow(session.windows[i], session.windows, own));
+        }
+    }
+    const std::optional<qsizetype> found = windowOfTab(tab, saved, open);
+    if (!found)
+        return {State::Missing};
+    const std::optional<LiveWindow> &window = shown[static_cast<size_t>(*found)];
+    return window ? SavedBrowserWindow{State::Open, window->windowID} : SavedBrowserWindow();
 }
 
 } // namespace
 
-QCoro::Task<std::optional<quint32>> SavedWindowFinder::find(SavedTab tab)
+std::optional<qsizetype> windowOfTab(const SavedTab &tab, const QList<SavedTab> &saved,
+                                     const QList<NumberedWindow> &open)
+{
+    const QMap<qint64, SavedPages> windows = savedWindows(saved + QList<SavedTab>{tab});
+    return Assignment(windows, open).of(tab.window);
+}
+
+QCoro::Task<SavedBrowserWindow> SavedWindowFinder::find(SavedTab tab, QList<SavedTab> saved)
 {
     constexpr std::chrono::seconds deadline(2);
     auto live = m_liveWindows ? m_liveWindows() : std::nullopt;
     if (!live)
-        co_return std::nullopt;
-    const TabSearch search{std::move(tab), std::move(*live)};
+        co_return SavedBrowserWindow();
+    WindowSearch search{std::move(tab), std::move(saved)};
+    for (const RunningBrowser &running : RunningBrowsers::all(live)) {
+        if (running.browser.id == search.tab.browserID)
+            search.processes = running.processes;
+    }
+    search.live = std::move(*live);
     const auto work = [search] { return search.run(); };
     try {
         co_return co_await SlowWork::withinDeadline(work, deadline, SlowWork::Kind::Tabs);
     } catch (const std::exception &) {
-        co_return std::nullopt; // What is not known is not certain.
+        co_return SavedBrowserWindow(); // What is not known is not certain.
     }
 }
 

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/common/SessionTabs.h"
 
+#include "platform/linux/common/RunningBrowsers.h"
 #include "platform/linux/common/SessionReading.h"
 #include "platform/linux/common/SlowWork.h"
+
+#include <QCoroTimer>
 
 #include <QDeadlineTimer>
 #include <QThread>
@@ -15,20 +18,9 @@ namespace ardeno {
 
 namespace {
 
-constexpr std::array readable = {"com.brave.Browser", "com.google.Chrome", "org.mozilla.firefox",
-                                 "org.chromium.Chromium"};
-
-bool isWindowOf(const LiveWindow &window, const BrowserProcess &process, const QString &browserID)
-{
-    return window.processID ? *window.processID == process.id : window.applicationID == browserID;
-}
-
-// A browser without any window on this desktop belongs to another one, or only serves in the background.
-bool hasWindow(const QList<LiveWindow> &windows, const BrowserProcess &process, const QString &browserID)
-{
-    return std::any_of(windows.begin(), windows.end(),
-                       [&](const LiveWindow &window) { return isWindowOf(window, process, browserID); });
-}
+constexpr auto chromiumID = "org.chromium.Chromium";
+// Those that are always asked.
+constexpr std::array alwaysAsked = {"com.brave.Browser", "com.google.Chrome", "org.mozilla.firefox", chromiumID};
 
 // A field as it may stand in a record: without separators and halves of surrogate pairs.
 QString cleaned(QString text)
@@ -53,145 +45,189 @@ void addWindow(QString &records, const SessionWindow &window, qsizetype number, 
 
 // What the work on a thread needs, all of it its own.
 struct SessionTabs::Reading {
-    Browser browser;
-    QList<BrowserProcess> processes;
+    QList<RunningBrowser> browsers; // Those to be read.
     std::optional<QList<LiveWindow>> live;
     std::chrono::milliseconds patience;
+    QSet<quint32> settled = {}; // The windows that have stood where they are for a while.
 
-    // As the browser wrote it down, windows that have gone included.
     BrowserSession written(BrowserProcess process, QDeadlineTimer end) const;
-    BrowserSession session(const BrowserProcess &process, QDeadlineTimer end) const;
-    QList<LiveWindow> windowsOf(const BrowserProcess &process) const;
-    TabReport report() const;
-    QSet<quint32> ordinaryWindows() const;
+    QList<WindowFate> fatesOf(const QList<SessionWindow> &windows, const RunningBrowser &running,
+                              const BrowserProcess &process) const;
+    QList<LiveWindow> ordinaryWindows(const RunningBrowser &running, const BrowserProcess &process) const;
+    TabReport report(const RunningBrowser &running) const;
+    BrowserWindows windows() const;
 };
 
 BrowserSession SessionTabs::Reading::written(BrowserProcess process, QDeadlineTimer end) const
 {
     constexpr unsigned long pause = 50; // Milliseconds.
-    BrowserSession session = SessionReading::read(process, browser.family);
+    const BrowserFamily family = process.browser.family.value_or(BrowserFamily::Chromium);
+    BrowserSession session = SessionReading::read(process, family);
     while (session.unreadProfiles > 0 && !end.hasExpired()) {
         QThread::msleep(pause);
         BrowserProcesses::refresh(process);
-        session = SessionReading::read(process, browser.family);
+        session = SessionReading::read(process, family);
     }
     return session;
 }
 
-QList<LiveWindow> SessionTabs::Reading::windowsOf(const BrowserProcess &process) const
+QList<WindowFate> SessionTabs::Reading::fatesOf(const QList<SessionWindow> &windows, const RunningBrowser &running,
+                                                const BrowserProcess &process) const
 {
-    QList<LiveWindow> own = live.value_or(QList<LiveWindow>());
-    own.removeIf([&](const LiveWindow &window) { return !isWindowOf(window, process, browser.id); });
+    if (!live)
+        return QList<WindowFate>(windows.size(), WindowFate::Open);
+    return fates(windows, ordinaryWindows(running, process), settled);
+}
+
+// The windows that the process may have written down.
+QList<LiveWindow> SessionTabs::Reading::ordinaryWindows(const RunningBrowser &running,
+                                                        const BrowserProcess &process) const
+{
+    QList<LiveWindow> own = RunningBrowsers::windowsOf(process, running.browser.id, *live);
+    const bool marks = running.browser.family == BrowserFamily::Firefox;
+    own.removeIf([&](const LiveWindow &window) { return window.isDialog || (marks && isMarkedPrivate(window.title)); });
     return own;
 }
 
-BrowserSession SessionTabs::Reading::session(const BrowserProcess &process, QDeadlineTimer end) const
-{
-    BrowserSession session = written(process, end);
-    if (live)
-        session.windows = withoutGhosts(session.windows, windowsOf(process));
-    return session;
-}
-
-QSet<quint32> SessionTabs::Reading::ordinaryWindows() const
+BrowserWindows SessionTabs::Reading::windows() const
 {
     const QDeadlineTimer end(patience);
-    QSet<quint32> found;
-    for (const BrowserProcess &process : processes)
-        found += windowsOfPages(written(process, end).windows, windowsOf(process));
+    BrowserWindows found;
+    for (const RunningBrowser &running : browsers) {
+        for (const BrowserProcess &process : running.processes) {
+            const auto pages = shownPages(written(process, end).windows, ordinaryWindows(running, process));
+            for (auto page = pages.begin(); page != pages.end(); ++page)
+                found.insert(page.key(), page.value());
+        }
+    }
     return found;
 }
 
-TabReport SessionTabs::Reading::report() const
+TabReport SessionTabs::Reading::report(const RunningBrowser &running) const
 {
     const QDeadlineTimer end(patience);
     TabReport report;
     QString records;
     qsizetype number = 0;
     qsizetype readProfiles = 0;
-    for (const BrowserProcess &process : processes) {
-        const BrowserSession one = session(process, end);
+    for (const BrowserProcess &process : running.processes) {
+        const BrowserSession one = written(process, end);
+        const QList<WindowFate> fates = fatesOf(one.windows, running, process);
         readProfiles += one.readProfiles;
         report.isComplete = report.isComplete && one.unreadProfiles == 0;
         if (one.writtenAt)
             report.writtenAt = std::min(report.writtenAt.value_or(*one.writtenAt), *one.writtenAt);
-        for (const SessionWindow &window : one.windows) {
+        for (qsizetype i = 0; i < one.windows.size(); ++i) {
+            if (fates[i] == WindowFate::Closed)
+                continue;
             ++number;
-            if (window.isOrdinary)
-                addWindow(records, window, number, browser);
+            if (!one.windows[i].isOrdinary)
+                continue;
+            addWindow(records, one.windows[i], number, running.browser);
+            if (fates[i] == WindowFate::Unknown)
+                report.uncertainWindows.insert(number);
         }
     }
-    if (!report.isComplete && readProfiles == 0)
-        throw Failure("SessionTabs", 1, u"The session of %1 could not be read."_qs.arg(browser.name));
+    if (readProfiles == 0 && (!report.isComplete || running.processes.isEmpty()))
+        throw Failure("SessionTabs", 1, u"The session of %1 could not be read."_qs.arg(running.browser.name));
     report.records = records;
     return report;
 }
+
+namespace {
+
+// The windows that are where they were.
+QSet<quint32> unmoved(const QList<LiveWindow> &before, const QList<LiveWindow> &after)
+{
+    QSet<quint32> found;
+    for (const LiveWindow &window : after) {
+        const bool stays = std::any_of(before.begin(), before.end(), [&](const LiveWindow &other) {
+            return other.windowID == window.windowID && other.frame == window.frame &&
+                   other.isAtFrame == window.isAtFrame;
+        });
+        if (stays)
+            found.insert(window.windowID);
+    }
+    return found;
+}
+
+} // namespace
 
 SessionTabs::SessionTabs(LiveWindowList liveWindows, Options options)
     : m_liveWindows(std::move(liveWindows)), m_options(std::move(options))
 {
 }
 
-QList<Browser> SessionTabs::furtherBrowsers() const
+QList<Browser> SessionTabs::furtherBrowsers()
 {
-    return {{"org.chromium.Chromium", "Chromium", BrowserFamily::Chromium}};
+    QList<Browser> further = {{chromiumID, "Chromium", BrowserFamily::Chromium}};
+    for (const RunningBrowser &running : reading({}).browsers) {
+        if (std::find(alwaysAsked.begin(), alwaysAsked.end(), running.browser.id) == alwaysAsked.end())
+            further.append(running.browser);
+    }
+    return further;
 }
 
 Capability SessionTabs::availability(const QString &browserID) const
 {
-    if (std::find(readable.begin(), readable.end(), browserID) != readable.end())
-        return Capability::available();
-    return Capability::unavailable("This browser does not exist on Linux.");
+    return browserID == "com.apple.Safari" ? Capability::unavailable("This browser does not exist on Linux.")
+                                           : Capability::available();
 }
 
 bool SessionTabs::isRunning(const QString &browserID)
 {
-    const auto live = m_liveWindows ? m_liveWindows() : std::nullopt;
-    return !runningProcesses(browserID, live).isEmpty();
+    return !reading(browserID).browsers.isEmpty();
 }
 
-QList<BrowserProcess> SessionTabs::runningProcesses(const QString &browserID,
-                                                    const std::optional<QList<LiveWindow>> &live)
-{
-    if (!availability(browserID).isAvailable())
-        return {};
-    QList<BrowserProcess> processes = BrowserProcesses::running(m_options.processFolder);
-    processes.removeIf([&](const BrowserProcess &process) { return process.browser.id != browserID; });
-    if (live)
-        processes.removeIf([&](const BrowserProcess &process) { return !hasWindow(*live, process, browserID); });
-    return processes;
-}
-
-SessionTabs::Reading SessionTabs::reading(const Browser &browser)
+// Of one browser, or of all without an identifier.
+SessionTabs::Reading SessionTabs::reading(const QString &browserID) const
 {
     Reading reading;
     reading.live = m_liveWindows ? m_liveWindows() : std::nullopt;
-    reading.processes = runningProcesses(browser.id, reading.live);
-    reading.browser = browser;
+    reading.browsers = RunningBrowsers::all(reading.live, m_options.processFolder);
     reading.patience = m_options.patience;
+    if (!browserID.isEmpty())
+        reading.browsers.removeIf([&](const RunningBrowser &running) { return running.browser.id != browserID; });
     return reading;
 }
 
 QCoro::Task<TabReport> SessionTabs::openTabs(Browser browser, QString)
 {
-    const auto work = [reading = reading(browser)] { return reading.report(); };
-    return SlowWork::withinDeadline(work, m_options.deadline, SlowWork::Kind::Tabs);
+    Reading first = reading(browser.id);
+    if (first.browsers.isEmpty())
+        throw Failure("SessionTabs", 2, u"%1 has ended."_qs.arg(browser.name));
+    const auto look = [first] { return first.report(first.browsers.first()); };
+    TabReport report = co_await SlowWork::withinDeadline(look, m_options.deadline, SlowWork::Kind::Tabs);
+    if (report.uncertainWindows.isEmpty() || browser.family != BrowserFamily::Chromium)
+        co_return report;
+    // Whether a window is another one or was only moved shows once the browser has had the time to write that down.
+    co_await QCoro::sleepFor(m_options.settling);
+    Reading second = reading(browser.id);
+    if (second.browsers.isEmpty() || !second.live || !first.live)
+        co_return report;
+    second.settled = unmoved(*first.live, *second.live);
+    const auto lookAgain = [second] { return second.report(second.browsers.first()); };
+    co_return co_await SlowWork::withinDeadline(lookAgain, m_options.deadline, SlowWork::Kind::Tabs);
 }
 
-QCoro::Task<std::optional<QSet<quint32>>> SessionTabs::ordinaryWindows(QString appID)
+QCoro::Task<BrowserWindows> SessionTabs::browserWindows()
 {
-    if (!availability(appID).isAvailable())
-        co_return std::nullopt;
-    const bool isFirefox = appID == "org.mozilla.firefox";
-    const Browser browser{appID, {}, isFirefox ? BrowserFamily::Firefox : BrowserFamily::Chromium};
-    Reading now = reading(browser);
+    Reading now = reading({});
     now.patience = {};
-    const auto work = [now] { return now.ordinaryWindows(); };
-    try {
-        co_return co_await SlowWork::withinDeadline(work, m_options.deadline, SlowWork::Kind::Tabs);
-    } catch (const Failure &) {
-        co_return QSet<quint32>();
+    BrowserWindows windows;
+    for (const LiveWindow &window : now.live.value_or(QList<LiveWindow>())) {
+        if (window.isBrowser)
+            windows.insert(window.windowID, std::nullopt);
     }
+    if (windows.isEmpty())
+        co_return windows;
+    const auto work = [now] { return now.windows(); };
+    try {
+        windows.insert(co_await SlowWork::withinDeadline(work, m_options.deadline, SlowWork::Kind::Tabs));
+    } catch (const Failure &) {
+        // None of them has a title then.
+    }
+    co_return windows;
 }
 
 } // namespace ardeno

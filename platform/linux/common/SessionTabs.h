@@ -18,23 +18,24 @@ public:
         std::chrono::milliseconds deadline = std::chrono::seconds(5); // For reading one browser.
         // How long a browser that is in the middle of writing may take until its files count as unreadable.
         std::chrono::milliseconds patience = std::chrono::seconds(2);
+        // The time within which a browser of the Chromium family has written down where its windows are.
+        std::chrono::milliseconds settling = std::chrono::seconds(4);
     };
 
     explicit SessionTabs(LiveWindowList liveWindows, Options options);
 
     explicit SessionTabs(LiveWindowList liveWindows) : SessionTabs(std::move(liveWindows), Options()) {}
 
-    QList<Browser> furtherBrowsers() const override;
+    QList<Browser> furtherBrowsers() override;
     Capability availability(const QString &browserID) const override;
     bool isRunning(const QString &browserID) override;
     QCoro::Task<TabReport> openTabs(Browser browser, QString script) override;
-    QCoro::Task<std::optional<QSet<quint32>>> ordinaryWindows(QString appID) override;
+    QCoro::Task<BrowserWindows> browserWindows() override;
 
 private:
     struct Reading;
 
-    Reading reading(const Browser &browser);
-    QList<BrowserProcess> runningProcesses(const QString &browserID, const std::optional<QList<LiveWindow>> &live);
+    Reading reading(const QString &browserID) const;
 
     LiveWindowList m_liveWindows;
     Options m_options;

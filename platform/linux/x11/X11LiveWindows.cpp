@@ -65,6 +65,8 @@ std::optional<QList<LiveWindow>> liveWindows(const X11Connection &connection, De
             .applicationID = owner.applicationID.value_or(QString()),
             .title = facts.title,
             .frame = *facts.frame,
+            .client = *facts.client,
+            .isAtFrame = facts.isAtFrame,
             .windowID = facts.window,
             .applicationName = owner.applicationName,
             .isDialog = facts.isDialog,

@@ -68,7 +68,9 @@ public:
         const QList<quint32> state = m_state.cardinals();
         X11WindowFacts facts{.window = m_window};
         facts.title = readTitle();
-        facts.frame = readFrame();
+        facts.client = readClient();
+        facts.frame = facts.client ? std::optional(readFrame(*facts.client)) : std::nullopt;
+        facts.isAtFrame = readIsAtFrame(state);
         facts.isOnScreen = readIsOnScreen(session, state);
         const auto type = readType();
         facts.isOrdinary = !type || *type == X11Atom::NetWmWindowTypeNormal || isDialogType(*type);
@@ -91,25 +93,34 @@ private:
         return name ? *name : oldName.value_or(QString());
     }
 
-    std::optional<WindowRect> readFrame()
+    std::optional<WindowRect> readClient()
     {
         const X11Reply<xcb_get_geometry_reply_t> geometry(
             xcb_get_geometry_reply(m_connection.xcb(), m_geometry, nullptr));
         const X11Reply<xcb_translate_coordinates_reply_t> origin(
             xcb_translate_coordinates_reply(m_connection.xcb(), m_origin, nullptr));
-        const auto decoration = extents(m_decoration);
-        const Extents shadow = extents(m_shadow).value_or(Extents{});
         if (!geometry || !origin)
             return std::nullopt;
+        m_border = geometry->border_width;
+        return WindowRect{double(origin->dst_x), double(origin->dst_y), double(geometry->width),
+                          double(geometry->height)};
+    }
+
+    WindowRect readFrame(const WindowRect &client)
+    {
         // Nobody decorates a window without a window manager, but it may have a border of its own.
-        const double border = geometry->border_width;
-        const Extents around = decoration.value_or(Extents{border, border, border, border});
-        return WindowRect{
-            origin->dst_x - around.left + shadow.left,
-            origin->dst_y - around.top + shadow.top,
-            geometry->width + around.left + around.right - shadow.left - shadow.right,
-            geometry->height + around.top + around.bottom - shadow.top - shadow.bottom,
-        };
+        const Extents around = extents(m_decoration).value_or(Extents{m_border, m_border, m_border, m_border});
+        const Extents shadow = extents(m_shadow).value_or(Extents{});
+        return {client.x - around.left + shadow.left, client.y - around.top + shadow.top,
+                client.width + around.left + around.right - shadow.left - shadow.right,
+                client.height + around.top + around.bottom - shadow.top - shadow.bottom};
+    }
+
+    bool readIsAtFrame(const QList<quint32> &state) const
+    {
+        const auto has = [&](X11Atom atom) { return state.contains(m_connection.atom(atom)); };
+        const bool isMaximised = has(X11Atom::NetWmStateMaximizedVert) && has(X11Atom::NetWmStateMaximizedHorz);
+        return !isMaximised && !has(X11Atom::NetWmStateFullscreen) && !has(X11Atom::NetWmStateHidden);
     }
 
     bool readIsOnScreen(const Session &session, const QList<quint32> &state)
@@ -147,6 +158,7 @@ private:
 
     const X11Connection &m_connection;
     xcb_window_t m_window;
+    double m_border = 0;
     xcb_get_window_attributes_cookie_t m_attributes;
     xcb_get_geometry_cookie_t m_geometry;
     xcb_translate_coordinates_cookie_t m_origin;

@@ -15,11 +15,13 @@ namespace ardeno {
 struct X11WindowFacts {
     xcb_window_t window = XCB_NONE;
     QString title = {};
-    std::optional<WindowRect> frame = {}; // Incl. decoration, without client-side shadows; absent when it has gone.
-    bool isOnScreen = false;              // Not minimised, and on the current desktop.
-    bool isOrdinary = false;              // By its type: no panel, dock, desktop, menu or tool.
-    bool isDialog = false;                // It belongs to another window.
-    bool isAbove = false;                 // Kept above others.
+    std::optional<WindowRect> frame = {};  // Incl. decoration, without client-side shadows; absent when it has gone.
+    std::optional<WindowRect> client = {}; // Without decoration, incl. such shadows; absent likewise.
+    bool isAtFrame = true;                 // Neither maximised nor minimised nor full screen.
+    bool isOnScreen = false;               // Not minimised, and on the current desktop.
+    bool isOrdinary = false;               // By its type: no panel, dock, desktop, menu or tool.
+    bool isDialog = false;                 // It belongs to another window.
+    bool isAbove = false;                  // Kept above others.
 
     bool operator==(const X11WindowFacts &) const = default;
 };

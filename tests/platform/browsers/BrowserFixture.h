@@ -103,14 +103,11 @@ struct BrowserFixture {
     }
 
     // The titles of the windows that certainly show no private page, in the order of the alphabet.
-    QStringList ordinaryTitles(const QString &browserID)
+    QStringList ordinaryTitles()
     {
-        const auto ordinary = finish(source.ordinaryWindows(browserID)).value_or(QSet<quint32>());
         QStringList titles;
-        for (const LiveWindow &window : liveWindows().value_or(QList<LiveWindow>())) {
-            if (ordinary.contains(window.windowID))
-                titles += window.title;
-        }
+        for (const auto &page : finish(source.browserWindows()))
+            titles += page ? QStringList{page->title} : QStringList();
         titles.sort();
         return titles;
     }

@@ -51,7 +51,7 @@ TEST_CASE_FIXTURE(ChromiumFixture, "Chromium's tabs are those of its ordinary wi
     CHECK(open.tabs.first().browserWindowID.value_or(QString()).toLongLong() > 0);
     CHECK(open.writtenAt.has_value());
 
-    CHECK(ordinaryTitles("org.chromium.Chromium") == QStringList{"First - Chromium", "Second 7 - Chromium"});
+    CHECK(ordinaryTitles() == QStringList{"First - Chromium", "Second 7 - Chromium"});
 
     minimise("Second 7 - ");
     checkListed(expected);

@@ -47,8 +47,8 @@ TEST_CASE_FIXTURE(FirefoxFixture, "Firefox's tabs are those of its ordinary wind
     const auto open = openTabs();
     CHECK(open.tabs.first().browserID == "org.mozilla.firefox");
     CHECK_FALSE(open.tabs.first().browserWindowID.has_value());
-    CHECK(ordinaryTitles("org.mozilla.firefox").size() == 2);
-    CHECK(ordinaryTitles("org.mozilla.firefox").filter("Secret").isEmpty());
+    CHECK(ordinaryTitles().size() == 2);
+    CHECK(ordinaryTitles().filter("Secret").isEmpty());
 
     close(u"One — "_qs);
     close(u"Two — "_qs);

@@ -22,32 +22,57 @@ LiveWindow live(const QString &title, const WindowRect &frame)
     return {.title = title, .frame = frame};
 }
 
-QStringList titles(const QList<SessionWindow> &windows)
+// The titles of the windows with this fate.
+QStringList titles(WindowFate fate, const QList<SessionWindow> &session, const QList<LiveWindow> &live,
+                   const QSet<quint32> &settled = {})
 {
+    const QList<WindowFate> all = fates(session, live, settled);
     QStringList titles;
-    for (const SessionWindow &window : windows)
-        titles += window.tabs.first().title;
+    for (qsizetype i = 0; i < session.size(); ++i) {
+        if (all[i] == fate)
+            titles += session[i].tabs.first().title;
+    }
     return titles;
 }
+
+constexpr auto Open = WindowFate::Open;
+constexpr auto Unknown = WindowFate::Unknown;
+constexpr auto Closed = WindowFate::Closed;
 
 constexpr WindowRect place = {100, 100, 800, 600};
 constexpr WindowRect elsewhere = {500, 300, 700, 500};
 
 } // namespace
 
-TEST_CASE("a closed window is no longer listed though a private one stays open")
+TEST_CASE("a window is closed only on proof, and else not known to be open")
 {
-    const LiveWindow shifted = live("Secret - Chromium", {110, 110, 800, 600});
-    CHECK(titles(withoutGhosts({session("A", place)}, {shifted})).isEmpty());
-    CHECK(titles(withoutGhosts({session("A", place)}, {})).isEmpty());
-    CHECK(titles(withoutGhosts({session("A", place), session("B", elsewhere)},
-                               {shifted, live("B - Chromium", elsewhere)})) == QStringList{"B"});
+    LiveWindow other = live("Secret - Chromium", {110, 110, 800, 600});
+    other.windowID = 7;
+    CHECK(titles(Unknown, {session("A", place)}, {other}) == QStringList{"A"}); // Moved and turned to another page?
+    CHECK(titles(Closed, {session("A", place)}, {other}, {7}) == QStringList{"A"});
+    CHECK(titles(Closed, {session("A", place)}, {}) == QStringList{"A"});
+    const QList<SessionWindow> two = {session("A", place), session("B", elsewhere)};
+    const LiveWindow second = live("B - Chromium", elsewhere);
+    CHECK(titles(Open, two, {other, second}) == QStringList{"B"});
+    CHECK(titles(Unknown, two, {other, second}) == QStringList{"A"});
+    CHECK(titles(Closed, two, {second}) == QStringList{"A"});
+
+    SUBCASE("where a maximised window says nothing of its place")
+    {
+        SessionWindow maximised = session("A", place);
+        maximised.isAtFrame = false;
+        CHECK(titles(Unknown, {maximised}, {other}) == QStringList{"A"});
+        CHECK(titles(Closed, {maximised}, {other}, {7}) == QStringList{"A"});
+        CHECK(titles(Open, {maximised}, {live("Z - Chromium", place)}) == QStringList{"A"});
+        other.isAtFrame = false;
+        CHECK(titles(Open, {maximised}, {other}) == QStringList{"A"});
+    }
 }
 
-TEST_CASE("a window is known by its title wherever it is")
+TEST_CASE("a window is known by the title of one of its pages wherever it is")
 {
     const auto isKept = [](const QString &page, const QString &window) {
-        return !withoutGhosts({session(page, place)}, {live(window, elsewhere)}).isEmpty();
+        return !titles(Open, {session(page, place)}, {live(window, elsewhere)}).isEmpty();
     };
     CHECK(isKept("A", "A - Chromium"));
     CHECK(isKept("A", u"A — Mozilla Firefox"_qs));
@@ -56,40 +81,72 @@ TEST_CASE("a window is known by its title wherever it is")
     CHECK(isKept("Timer 12:03", "Timer 12:02 - Chromium"));
     CHECK_FALSE(isKept("A", "AB - Chromium"));
     CHECK_FALSE(isKept("A", "B - A - Chromium"));
+    CHECK_FALSE(isKept("A", "A - B - Chromium"));
     CHECK_FALSE(isKept("12:03", "12:03"));
-    SessionWindow untitled = session({}, place);
-    untitled.tabs = {{"http://127.0.0.1:80/x", {}}};
-    CHECK(withoutGhosts({untitled}, {live("127.0.0.1:80/x - Chromium", elsewhere)}).size() == 1);
+    SessionWindow window = session({}, place);
+    window.tabs = {{"http://127.0.0.1:80/x", {}}, {"http://h/", "Other"}};
+    CHECK(titles(Open, {window}, {live("127.0.0.1:80/x - Chromium", elsewhere)}).size() == 1);
+    CHECK(titles(Open, {window}, {live("Other - Chromium", elsewhere)}).size() == 1); // The user turned to it.
 }
 
 TEST_CASE("a window is known by its place though decoration and scale are counted differently")
 {
-    const auto isKept = [](const WindowRect &frame) {
-        return !withoutGhosts({session("A", place)}, {live("Z", frame)}).isEmpty();
+    const auto isKept = [](const WindowRect &frame, const WindowRect &written) {
+        return !titles(Open, {session("A", written)}, {live("Z", frame)}).isEmpty();
     };
-    CHECK(isKept(place));
-    CHECK(isKept({104, 100, 792, 596}));   // Without shadows.
-    CHECK(isKept({99, 80, 802, 621}));     // With a title bar.
-    CHECK(isKept({200, 200, 1600, 1200})); // On a screen of twice the density.
-    CHECK_FALSE(isKept({110, 110, 800, 600}));
-    CHECK_FALSE(isKept({100, 110, 800, 600}));
-    CHECK_FALSE(isKept({110, 100, 800, 600}));
-    CHECK_FALSE(isKept(elsewhere));
+    CHECK(isKept(place, place));
+    CHECK(isKept({104, 100, 792, 596}, place));                     // Without shadows.
+    CHECK(isKept({99, 80, 802, 621}, place));                       // With a title bar.
+    CHECK(isKept({200, 200, 1600, 1200}, place));                   // On a screen of twice the density.
+    CHECK(isKept({12, 12, 1264, 1057}, {9, 9, 1052, 880}));         // At 115 dots per inch, as it was seen.
+    CHECK(isKept({2406, 1203, 963, 722}, {2000, 1000, 800, 600}));  // The same, far from the origin.
+    CHECK(isKept({191, 41, 1538, 997}, {190, 40, 1282, 831}));      // Firefox, which scales sizes alone.
+    CHECK_FALSE(isKept({33, 18, 1269, 1062}, {18, 16, 1054, 882})); // A private window at that scale.
+    CHECK_FALSE(isKept({2418, 1215, 963, 722}, {2000, 1000, 800, 600}));
+    CHECK_FALSE(isKept({110, 110, 800, 600}, place));
+    CHECK_FALSE(isKept({100, 110, 800, 600}, place));
+    CHECK_FALSE(isKept({110, 100, 800, 600}, place));
+    CHECK_FALSE(isKept(elsewhere, place));
 }
 
 TEST_CASE("each live window vouches for one window only, the surest pairs first")
 {
     const QList<SessionWindow> same = {session("A", place), session("A", place), session("B", place)};
-    CHECK(titles(withoutGhosts(same, {live("B - Chromium", place), live("A - Chromium", place)})) ==
-          QStringList{"A", "B"});
+    CHECK(titles(Open, same, {live("B - Chromium", place), live("A - Chromium", place)}) == QStringList{"A", "B"});
+}
 
-    SUBCASE("and a maximised window with a changed title is kept while there is one that it may be")
-    {
-        SessionWindow maximised = session("Song one", place);
-        maximised.isAtFrame = false;
-        const LiveWindow other = live("Another tune - Chromium", {0, 0, 1920, 1080});
-        CHECK(withoutGhosts({maximised}, {other}).size() == 1);
-        CHECK(titles(withoutGhosts({maximised, session("Another tune", elsewhere)}, {other})) ==
-              QStringList{"Another tune"});
-    }
+TEST_CASE("which window it is stays certain while its title changes, unless another one stands there, too")
+{
+    const QList<SessionWindow> two = {session("A", place), session("B", elsewhere)};
+    LiveWindow first = live("X - Chromium", place);
+    first.windowID = 1;
+    LiveWindow second = live("A - Chromium", elsewhere);
+    second.windowID = 2;
+    CHECK(certainWindow(two[0], two, {first}) == first);
+    CHECK(certainWindow(two[0], two, {first, second}) == first);
+    CHECK(certainWindow(two[0], two, {second}) == second);
+    CHECK(certainWindow(two[1], two, {first, second}) == second);
+    CHECK_FALSE(certainWindow(two[0], two, {first, first}).has_value());
+    CHECK_FALSE(certainWindow(two[1], two, {first}).has_value());
+}
+
+TEST_CASE("Firefox marks its private windows in every language")
+{
+    CHECK(isMarkedPrivate(u"A — Mozilla Firefox Private Browsing"_qs));
+    CHECK(isMarkedPrivate(u"A — Mozilla Firefox – Privater Modus"_qs));
+    CHECK_FALSE(isMarkedPrivate(u"Mozilla Firefox tips — Mozilla Firefox"_qs));
+    CHECK_FALSE(isMarkedPrivate("A - Chromium"));
+}
+
+TEST_CASE("what a window shows is told by the page that was written down, and by all that are called so")
+{
+    LiveWindow shown = live("(3) Order 4711 - Chromium", elsewhere);
+    shown.windowID = 1;
+    LiveWindow unknown = live("Order 12 - Secret - Chromium", place);
+    unknown.windowID = 2;
+    SessionWindow window = session("Order 12", place);
+    window.tabs.append(SessionTab{"http://bank/", "Order 99"});
+    const auto pages = shownPages({session("Other", elsewhere), window}, {shown, unknown});
+    REQUIRE(pages.keys() == QList<quint32>{1});
+    CHECK(pages[1] == ShownPage{"Order 12 - Chromium", {"http://h/Order 12", "http://bank/"}});
 }

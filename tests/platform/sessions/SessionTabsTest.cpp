@@ -32,7 +32,8 @@ QString lines(QString records)
 struct Machine {
     QTemporaryDir folder;
     std::optional<QList<LiveWindow>> live;
-    SessionTabs tabs{[this] { return live; }, {.processFolder = folder.filePath("proc"), .patience = {}}};
+    SessionTabs tabs{[this] { return live; },
+                     {.processFolder = folder.filePath("proc"), .patience = {}, .settling = {}}};
 
     QString write(const QString &path, const QByteArray &bytes) const
     {
@@ -222,6 +223,62 @@ TEST_CASE_FIXTURE(Machine, "only windows that exist on this desktop count")
     CHECK_FALSE(tabs.isRunning(chromium.id));
     live.reset();
     CHECK(tabs.isRunning(chromium.id));
+}
+
+TEST_CASE_FIXTURE(Machine, "a window that moved and shows another page is kept and named uncertain, until it settled")
+{
+    start(50, chromiumProgram, {write("p/Default/Sessions/Session_1", onePage(1, "http://h/a", "A"))});
+    live = QList<LiveWindow>{{.processID = 50, .title = "Z - Chromium", .frame = {500, 500, 900, 700}, .windowID = 1}};
+    const LiveWindow first = live->first();
+    int looks = 0;
+    const auto moving = [&] {
+        live->first().frame.x = first.frame.x + ++looks;
+        return live;
+    };
+    SessionTabs seenMoving(moving, {.processFolder = folder.filePath("proc"), .patience = {}, .settling = {}});
+    const TabReport uncertain = finish(seenMoving.openTabs(chromium, {}));
+    CHECK(lines(*uncertain.records) == "1 1 http://h/a A\n");
+    CHECK(uncertain.uncertainWindows == QSet<qint64>{1});
+    CHECK(uncertain.isComplete);
+    CHECK(records(chromium).isEmpty());
+}
+
+TEST_CASE_FIXTURE(Machine, "a browser under another name has one identifier for its windows, its tabs and its titles")
+{
+    start(50, "/opt/google/chrome-beta/chrome", {write("p/Default/Sessions/Session_1", onePage(1, "http://h/a", "A"))});
+    start(51, chromiumProgram, {write("q/Default/Sessions/Session_1", onePage(1, "http://h/b", "B"))});
+    const auto window = [](quint32 id, std::optional<qint32> process, const char *application, const char *title) {
+        return LiveWindow{.processID = process,
+                          .applicationID = application,
+                          .title = title,
+                          .windowID = id,
+                          .applicationName = "Own",
+                          .isBrowser = true};
+    };
+    live = QList<LiveWindow>{window(1, 50, "google-chrome-beta", "A - Google Chrome"),
+                             window(2, 51, "window-class/Work", "B - Chromium"),
+                             window(3, 51, "crx_mail", "TOPSECRETPRIVATE - Chromium"),
+                             window(4, 70, "org.gnome.Epiphany", "TOPSECRETPRIVATE"),
+                             window(5, 71, "window-class/LibreWolf", "TOPSECRETPRIVATE")};
+    live->append(LiveWindow{.processID = 72, .applicationID = "editor", .title = "notes", .windowID = 6});
+
+    QStringList names;
+    for (const Browser &browser : tabs.furtherBrowsers())
+        names += browser.id + ' ' + browser.name + ' ' + browser.baseID;
+    CHECK(names == QStringList{"org.chromium.Chromium Chromium ", "google-chrome-beta Own com.google.Chrome",
+                               "org.gnome.Epiphany GNOME Web org.gnome.Epiphany",
+                               "window-class/LibreWolf Own librewolf"});
+    CHECK(records(chromium) == "1 1 http://h/b B\n");
+    CHECK_FALSE(tabs.isRunning("com.google.Chrome"));
+    CHECK(records({"google-chrome-beta", "Own"}) == "1 1 http://h/a A\n");
+    CHECK_THROWS_AS(records({"org.gnome.Epiphany", "GNOME Web"}), Failure);
+
+    const BrowserWindows windows = finish(tabs.browserWindows());
+    CHECK(windows.size() == 5);
+    CHECK(windows.value(1) == ShownPage{"A - Google Chrome", {"http://h/a"}});
+    CHECK(windows.value(2) == ShownPage{"B - Chromium", {"http://h/b"}});
+    for (const quint32 hidden : {3u, 4u, 5u})
+        CHECK_MESSAGE(windows.value(hidden) == std::nullopt, hidden);
 }
 
 TEST_CASE("work that does not end is given up and takes nobody else's thread, what it throws is thrown on")
