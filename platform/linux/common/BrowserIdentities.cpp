@@ -24,14 +24,17 @@ struct BrowserRow {
 
 constexpr std::array browserTable = {
     BrowserRow{
-        "com.google.Chrome", "Chrome", Sessions::Chromium, "google-chrome google-chrome-stable com.google.Chrome",
+        "com.google.Chrome", "Chrome", Sessions::Chromium,
+        "google-chrome google-chrome-stable com.google.Chrome google-chrome-beta google-chrome-unstable",
         "chrome google-chrome google-chrome-stable google-chrome-beta google-chrome-unstable google-chrome-canary", ""},
-    BrowserRow{"com.brave.Browser", "Brave", Sessions::Chromium,
-               "brave-browser brave-browser-stable com.brave.Browser brave_brave",
-               "brave brave-browser brave-browser-stable brave-browser-beta brave-browser-nightly", ""},
-    BrowserRow{"org.mozilla.firefox", "Firefox", Sessions::Firefox,
-               "firefox firefox-esr org.mozilla.firefox firefox_firefox",
-               "firefox firefox-esr firefox-bin firefox-beta firefox-devedition firefox-nightly", "navigator"},
+    BrowserRow{
+        "com.brave.Browser", "Brave", Sessions::Chromium,
+        "brave-browser brave-browser-stable com.brave.Browser brave_brave brave-browser-beta brave-browser-nightly",
+        "brave brave-browser brave-browser-stable brave-browser-beta brave-browser-nightly", ""},
+    BrowserRow{
+        "org.mozilla.firefox", "Firefox", Sessions::Firefox,
+        "firefox firefox-esr org.mozilla.firefox firefox_firefox firefox-beta firefox-devedition firefox-nightly",
+        "firefox firefox-esr firefox-bin firefox-beta firefox-devedition firefox-nightly", "navigator"},
     BrowserRow{"org.chromium.Chromium", "Chromium", Sessions::Chromium,
                "chromium chromium-browser org.chromium.Chromium chromium_chromium ungoogled-chromium "
                "io.github.ungoogled_software.ungoogled_chromium",
