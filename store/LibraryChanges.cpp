@@ -72,6 +72,10 @@ void AppStore::publish(WorkspaceLibrary library)
     projects.publish(std::move(library.projects));
     checkpoints.publish(std::move(library.checkpoints));
     m_isLibraryRead = true;
+    if (selectedProjectID() && !selectedProject()) { // As the sample goes with the first project.
+        selectedProjectID.set(std::nullopt);
+        selection.set(std::nullopt);
+    }
 }
 
 bool AppStore::commit(const Change &change, const QString &failurePrefix, Outcome *outcome, const SettleMedia &settle)

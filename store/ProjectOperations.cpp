@@ -26,6 +26,9 @@ Outcome AppStore::createProject(const QString &name, Audience audience)
     Outcome outcome = makeProject(name);
     if (outcome && audience == Audience::Window)
         beginWith(*outcome);
+    const QUuid last(m_preferences.value(keys::lastOpenedProjectID).value_or(QString()));
+    if (outcome && !project(last)) // Nobody has opened one: it is offered first.
+        m_preferences.setValue(keys::lastOpenedProjectID, uuidText(*outcome));
     return concluded(std::move(outcome), audience);
 }
 

@@ -72,6 +72,18 @@ TEST_CASE_FIXTURE(SamplesFixture, "the sample goes with the first project, and i
     CHECK(store().filteredProjects().size() == 1);
 }
 
+TEST_CASE_FIXTURE(SamplesFixture,
+                  "a first project that a command makes is offered, and leaves nothing selected that has gone")
+{
+    REQUIRE(store().selectedProjectID() == sample);
+    const QUuid first = *store().createProject("Thesis", Audience::Caller);
+    CHECK_FALSE(store().selectedProjectID());
+    CHECK_FALSE(store().selection());
+    store().createProject("Garden", Audience::Caller);
+    store().requestCapture(CaptureKind::Checkpoint, CaptureForm::QuickPanel);
+    CHECK(store().draftProjectID() == first);
+}
+
 TEST_CASE_FIXTURE(SamplesFixture, "nothing is made up where a library cannot be read, or samples are not wanted")
 {
     writeFile(libraryPath(), "{");
