@@ -42,6 +42,7 @@ bool AppStore::readExclusions()
     try {
         enforce(storedExclusions());
         exclusionsIssue.set(std::nullopt);
+        resolve(subjects::exclusions); // That they could not be.
         return true;
     } catch (const Failure &failure) {
         exclusionsIssue.set(
@@ -132,7 +133,7 @@ Outcome AppStore::startExclusionsOver(Audience audience)
         outcome.notice = tr("Nothing is left out of captures any more. Set your exclusions again.");
         if (kept)
             outcome.remarks += {.sentence = tr("What could not be read of your exclusions is kept as %1.").arg(*kept),
-                                .subject = subjects::exclusions,
+                                .subject = "kept exclusions",
                                 .file = kept};
     } catch (const Failure &failure) {
         outcome.fail(tr("Could not save the exclusions: ") + failure.description());
