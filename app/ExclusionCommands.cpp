@@ -132,7 +132,7 @@ ExitStatus runExclusions(const QCommandLineParser &parsed)
                 "Nothing is left out of captures any more.");
         LockedStore locked(desktop, LockedStore::Purpose::Read);
         if (const auto issue = locked.store().exclusionsObstacle())
-            throw Failure("Command", 4, *issue);
+            return locked.report({.error = issue});
         const CaptureExclusions &exclusions = locked.store().exclusions();
         if (parsed.isSet("json")) {
             printJson(exclusions);

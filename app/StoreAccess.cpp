@@ -85,9 +85,12 @@ LockedStore::LockedStore(Desktop &desktop, Purpose purpose)
 
 LockedStore::~LockedStore()
 {
-    if (m_store)
-        reportAtStart(*m_store);
-    else if (!ApplicationStore::current()->isLibraryRead()) // Also by now: a save reads it again.
+    if (m_store) {
+        for (const QString &sentence : m_store->sentences()) {
+            if (!m_reported.contains(sentence))
+                printError(sentence);
+        }
+    } else if (!ApplicationStore::current()->isLibraryRead()) // Also by now: a save reads it again.
         printError(u"The running application could not read your saved checkpoints. Existing files have been left in "
                    "place."_qs);
 }
@@ -99,8 +102,9 @@ void takeTurn(AppStore &store)
     finish(store.whenIdle()); // Its user may have begun something else.
 }
 
-ExitStatus LockedStore::report(const Outcome &outcome) const
+ExitStatus LockedStore::report(const Outcome &outcome)
 {
+    m_reported += outcome.problems();
     return m_store ? reportProblems(outcome) : ardeno::report(outcome);
 }
 

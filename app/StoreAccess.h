@@ -46,7 +46,7 @@ public:
     AppStore &store() { return m_store ? *m_store : *ApplicationStore::current(); }
 
     // Prints what went wrong in an operation; the exit status that belongs to it.
-    ExitStatus report(const Outcome &outcome) const;
+    ExitStatus report(const Outcome &outcome);
 
     // Lets others use the library: for a command that has read what it needs and goes on for a while.
     void release() { m_lock.reset(); }
@@ -55,6 +55,7 @@ private:
     std::optional<LibraryLock> m_lock;
     std::unique_ptr<AppStore> m_store;
     std::optional<EndSignals> m_signals;
+    QStringList m_reported = {}; // Said already.
 };
 
 // In an application, lets what its user has begun come to its end first; throws Failure when the command is not wanted

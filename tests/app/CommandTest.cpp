@@ -241,6 +241,30 @@ TEST_CASE_FIXTURE(ProgramFixture, "commands at the same time lose nothing of eac
 }
 
 TEST_CASE_FIXTURE(ProgramFixture,
+                  "no command captures while exclusions cannot be read, and each says once how to go on")
+{
+    REQUIRE(run({"exclude", "domain", "bank.test"}).status == 0);
+    QFile file(home.filePath("config/Ardeno/exclusions.json"));
+    REQUIRE(file.open(QIODevice::WriteOnly));
+    file.close();
+    const QString way = "ardeno exclusions --start-over";
+    for (const QStringList &command : {QStringList{"save", "--project", "P"},
+                                       {"exclude", "domain", "other.test"},
+                                       {"exclusions"},
+                                       {"record", "start", "--project", "P"}}) {
+        CAPTURE(command);
+        const ProgramResult refused = run(command);
+        CHECK(refused.status == 1);
+        CHECK(refused.error.count(way) == 1);
+    }
+    const ProgramResult over = run(way.split(' ').mid(1));
+    CHECK(over.status == 0);
+    CHECK(over.error.contains("exclusions-unreadable-"));
+    CHECK_FALSE(over.error.contains(way));
+    CHECK(run({"save", "--project", "P"}).status == 0);
+}
+
+TEST_CASE_FIXTURE(ProgramFixture,
                   "a library held by a process that does not go on is left alone, and that process named")
 {
     REQUIRE(run({"save", "--project", "A", "--no-tabs"}).status == 0);
