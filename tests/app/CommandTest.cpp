@@ -247,17 +247,15 @@ TEST_CASE_FIXTURE(ProgramFixture,
     QFile file(home.filePath("config/Ardeno/exclusions.json"));
     REQUIRE(file.open(QIODevice::WriteOnly));
     file.close();
-    const QString way = "ardeno exclusions --start-over";
-    for (const QStringList &command : {QStringList{"save", "--project", "P"},
-                                       {"exclude", "domain", "other.test"},
-                                       {"exclusions"},
-                                       {"record", "start", "--project", "P"}}) {
+    const QByteArray way = "ardeno exclusions --start-over";
+    for (const QStringList &command :
+         {QStringList{"save", "--project", "P"}, {"exclude", "domain", "other.test"}, {"exclusions"}}) {
         CAPTURE(command);
         const ProgramResult refused = run(command);
         CHECK(refused.status == 1);
         CHECK(refused.error.count(way) == 1);
     }
-    const ProgramResult over = run(way.split(' ').mid(1));
+    const ProgramResult over = run({"exclusions", "--start-over"});
     CHECK(over.status == 0);
     CHECK(over.error.contains("exclusions-unreadable-"));
     CHECK_FALSE(over.error.contains(way));
