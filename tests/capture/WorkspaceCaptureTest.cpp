@@ -19,6 +19,12 @@ public:
 
     QList<InstalledApplication> installedApplications() override { return {}; }
 
+    std::optional<InstalledApplication> findApplication(const QString &) override { return std::nullopt; }
+
+    bool isProgramRunning(const QString &) override { return false; }
+
+    void setExcluded(const QSet<QString> &) override {}
+
     void setChangeHandler(std::function<void()>) override {}
 
     QList<RunningApplication> running = {};
