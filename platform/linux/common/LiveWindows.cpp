@@ -128,15 +128,8 @@ public:
 
     bool isKept(qsizetype window) const { return m_isKept[window]; }
 
-    QList<LiveWindow> left() const
-    {
-        QList<LiveWindow> left;
-        for (qsizetype live = 0; live < m_live.size(); ++live) {
-            if (!m_isTaken[live])
-                left.append(m_live[live]);
-        }
-        return left;
-    }
+    // Whether there is a live window that is none of the session's.
+    bool hasLeft() const { return std::find(m_isTaken.begin(), m_isTaken.end(), false) != m_isTaken.end(); }
 
 private:
     const QList<SessionWindow> &m_session;
@@ -155,8 +148,7 @@ QString shownTitle(const SessionTab &tab)
     return scheme < 0 ? tab.url : tab.url.mid(scheme + 3);
 }
 
-QList<WindowFate> fates(const QList<SessionWindow> &session, const QList<LiveWindow> &live,
-                        const QSet<quint32> &settled)
+QList<WindowFate> fates(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
 {
     Pairing pairing(session, live);
     pairing.pair([](const LiveWindow &a, const SessionWindow &b) { return isInPlace(a, b) && showsPage(a, b); });
@@ -165,14 +157,9 @@ QList<WindowFate> fates(const QList<SessionWindow> &session, const QList<LiveWin
     pairing.pair(hasPage);
     pairing.pair(areBothPutAside);
     pairing.pair(hasFrame);
-    const QList<LiveWindow> left = pairing.left();
-    const auto mayBe = [&](const LiveWindow &window, const SessionWindow &written) {
-        return !written.frame || !settled.contains(window.windowID);
-    };
     QList<WindowFate> fates;
     for (qsizetype i = 0; i < session.size(); ++i) {
-        const bool mayBeOpen =
-            std::any_of(left.begin(), left.end(), [&](const LiveWindow &window) { return mayBe(window, session[i]); });
+        const bool mayBeOpen = pairing.hasLeft();
         fates.append(pairing.isKept(i) ? WindowFate::Open : mayBeOpen ? WindowFate::Unknown : WindowFate::Closed);
     }
     return fates;

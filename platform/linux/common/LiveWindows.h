@@ -48,10 +48,8 @@ enum class WindowFate {
 };
 
 // Of each window of the session. A live window vouches for one window of the session at most, by its place or by the
-// title of a page. The settled ones have stood where they stand for long enough that the browser has written it down:
-// elsewhere than the session says, they are other windows.
-QList<WindowFate> fates(const QList<SessionWindow> &session, const QList<LiveWindow> &live,
-                        const QSet<quint32> &settled = {});
+// title of a page. That all are elsewhere proves nothing: browsers do not write every move down.
+QList<WindowFate> fates(const QList<SessionWindow> &session, const QList<LiveWindow> &live);
 
 // What the live windows show whose title names a page that a window of the session shows. Their place says too little:
 // a private window may stand where an ordinary one does.

@@ -5,8 +5,6 @@
 #include "platform/linux/common/SessionReading.h"
 #include "platform/linux/common/SlowWork.h"
 
-#include <QCoroTimer>
-
 #include <QDeadlineTimer>
 #include <QThread>
 
@@ -48,7 +46,6 @@ struct SessionTabs::Reading {
     QList<RunningBrowser> browsers; // Those to be read.
     std::optional<QList<LiveWindow>> live;
     std::chrono::milliseconds patience;
-    QSet<quint32> settled = {}; // The windows that have stood where they are for a while.
 
     BrowserSession written(BrowserProcess process, QDeadlineTimer end) const;
     QList<WindowFate> fatesOf(const QList<SessionWindow> &windows, const RunningBrowser &running,
@@ -76,7 +73,7 @@ QList<WindowFate> SessionTabs::Reading::fatesOf(const QList<SessionWindow> &wind
 {
     if (!live)
         return QList<WindowFate>(windows.size(), WindowFate::Open);
-    return fates(windows, ordinaryWindows(running, process), settled);
+    return fates(windows, ordinaryWindows(running, process));
 }
 
 // The windows that the process may have written down.
@@ -134,25 +131,6 @@ TabReport SessionTabs::Reading::report(const RunningBrowser &running) const
     return report;
 }
 
-namespace {
-
-// The windows that are where they were.
-QSet<quint32> unmoved(const QList<LiveWindow> &before, const QList<LiveWindow> &after)
-{
-    QSet<quint32> found;
-    for (const LiveWindow &window : after) {
-        const bool stays = std::any_of(before.begin(), before.end(), [&](const LiveWindow &other) {
-            return other.windowID == window.windowID && other.frame == window.frame &&
-                   other.isAtFrame == window.isAtFrame;
-        });
-        if (stays)
-            found.insert(window.windowID);
-    }
-    return found;
-}
-
-} // namespace
-
 SessionTabs::SessionTabs(LiveWindowList liveWindows, Options options)
     : m_liveWindows(std::move(liveWindows)), m_options(std::move(options))
 {
@@ -193,21 +171,11 @@ SessionTabs::Reading SessionTabs::reading(const QString &browserID) const
 
 QCoro::Task<TabReport> SessionTabs::openTabs(Browser browser, QString)
 {
-    Reading first = reading(browser.id);
-    if (first.browsers.isEmpty())
+    const Reading now = reading(browser.id);
+    if (now.browsers.isEmpty())
         throw Failure("SessionTabs", 2, u"%1 has ended."_qs.arg(browser.name));
-    const auto look = [first] { return first.report(first.browsers.first()); };
-    TabReport report = co_await SlowWork::withinDeadline(look, m_options.deadline, SlowWork::Kind::Tabs);
-    if (report.uncertainWindows.isEmpty() || browser.family != BrowserFamily::Chromium)
-        co_return report;
-    // Whether a window is another one or was only moved shows once the browser has had the time to write that down.
-    co_await QCoro::sleepFor(m_options.settling);
-    Reading second = reading(browser.id);
-    if (second.browsers.isEmpty() || !second.live || !first.live)
-        co_return report;
-    second.settled = unmoved(*first.live, *second.live);
-    const auto lookAgain = [second] { return second.report(second.browsers.first()); };
-    co_return co_await SlowWork::withinDeadline(lookAgain, m_options.deadline, SlowWork::Kind::Tabs);
+    const auto work = [now] { return now.report(now.browsers.first()); };
+    co_return co_await SlowWork::withinDeadline(work, m_options.deadline, SlowWork::Kind::Tabs);
 }
 
 QCoro::Task<BrowserWindows> SessionTabs::browserWindows()

@@ -18,8 +18,6 @@ public:
         std::chrono::milliseconds deadline = std::chrono::seconds(5); // For reading one browser.
         // How long a browser that is in the middle of writing may take until its files count as unreadable.
         std::chrono::milliseconds patience = std::chrono::seconds(2);
-        // The time within which a browser of the Chromium family has written down where its windows are.
-        std::chrono::milliseconds settling = std::chrono::seconds(4);
     };
 
     explicit SessionTabs(LiveWindowList liveWindows, Options options);
