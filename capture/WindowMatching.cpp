@@ -99,16 +99,25 @@ WindowMatch WindowMatching::among(const SavedWindow &saved, QList<MovableWindow>
         return {WindowMatch::Kind::Several};
     const MovableWindow &found = candidates.first();
     for (const SavedWindow &rival : m_saved) {
-        const Rank its = rank(rival, found, now);
-        if (rival.id == saved.id || its < best || its < bestRank(rival, now))
-            continue;
-        const bool isRivals = its > best || (rival.title == found.title && saved.title != found.title);
-        if (isRivals)
-            return {WindowMatch::Kind::None};
-        if (rival.title == found.title || saved.title != found.title)
-            return {WindowMatch::Kind::Several};
+        const auto kind = againstRival(saved, rival, found, best, now);
+        if (kind != WindowMatch::Kind::One)
+            return {kind};
     }
     return {WindowMatch::Kind::One, found};
+}
+
+// What another saved window that may be the same live one leaves of the match.
+WindowMatch::Kind WindowMatching::againstRival(const SavedWindow &saved, const SavedWindow &rival,
+                                               const MovableWindow &found, Rank best, const Moment &now) const
+{
+    const Rank its = rank(rival, found, now);
+    if (rival.id == saved.id || its < best || its < bestRank(rival, now))
+        return WindowMatch::Kind::One;
+    const bool hasOwnTitle = saved.title == found.title;
+    const bool hasRivalsTitle = rival.title == found.title;
+    if (its > best || (hasRivalsTitle && !hasOwnTitle))
+        return WindowMatch::Kind::None;
+    return hasRivalsTitle || !hasOwnTitle ? WindowMatch::Kind::Several : WindowMatch::Kind::One;
 }
 
 WindowMatch WindowMatching::find(const SavedWindow &window, const QList<MovableWindow> &live,

@@ -59,6 +59,8 @@ private:
     bool isOnlyOne(const SavedWindow &saved, const Moment &now) const;
     bool isElsewhere(const SavedWindow &saved, const Moment &now) const;
     WindowMatch among(const SavedWindow &saved, QList<MovableWindow> candidates, Rank best, const Moment &now) const;
+    WindowMatch::Kind againstRival(const SavedWindow &saved, const SavedWindow &rival, const MovableWindow &found,
+                                   Rank best, const Moment &now) const;
     QUuid ownerOf(const MovableWindow &window, const SavedWindow &saved, const Moment &now,
                   const PlaceTest &isInPlace) const;
 

@@ -97,6 +97,7 @@ private:
     QCoro::Task<void> placeAgain();
     Decision decide(const Pending &pending, const QList<MovableWindow> &live) const;
     Decision decide(const Pending &pending, const MovableWindow &window) const;
+    Decision decideMove(const Pending &pending, const MovableWindow &window, bool isRight) const;
     bool isInPlace(const SavedWindow &saved, const MovableWindow &window) const;
     bool isComing(const Pending &pending) const;
     bool mayAnswer(const Pending &pending) const;
@@ -183,6 +184,11 @@ Restore::Decision Restore::decide(const Pending &pending, const MovableWindow &w
         return {.why = reason::movedByUser};
     if (isRight && !pending.isAwaited)
         return {.isInPlace = true};
+    return decideMove(pending, window, isRight);
+}
+
+Restore::Decision Restore::decideMove(const Pending &pending, const MovableWindow &window, bool isRight) const
+{
     const auto frame = isRight ? window.frame : WindowPlacement::fit(pending.saved, m_displays, m_mainID);
     if (!frame || !window.canMove || (!window.canResize && isResized(window.frame, *frame)))
         return {.why = reason::notMovable};

@@ -76,7 +76,7 @@ std::optional<QString> asciiName(const QString &name)
     return mapped;
 }
 
-bool isPlain(QChar character)
+bool isPlainCharacter(QChar character)
 {
     return character.unicode() > 0x20 && character.unicode() < 0x7F;
 }
@@ -87,8 +87,8 @@ QString encoded(const QString &part)
     QString all;
     for (const char byte : part.toUtf8()) {
         const auto character = QChar::fromLatin1(byte);
-        all +=
-            isPlain(character) ? QString(character) : QString::fromLatin1('%' + QByteArray(1, byte).toHex().toUpper());
+        all += isPlainCharacter(character) ? QString(character)
+                                           : QString::fromLatin1('%' + QByteArray(1, byte).toHex().toUpper());
     }
     return all;
 }
@@ -152,7 +152,7 @@ QString WebAddress::key() const
 
 QString WebAddress::toOpen() const
 {
-    if (std::all_of(m_text.begin(), m_text.end(), isPlain))
+    if (std::all_of(m_text.begin(), m_text.end(), isPlainCharacter))
         return m_text;
     return m_scheme + "://" + encoded(m_user) + m_host + m_port + encoded(m_rest);
 }

@@ -128,8 +128,8 @@ QCoro::Task<void> ApplicationLauncher::reveal(QString path)
     co_await SlowWork::withinDeadline(work, timeToLaunch, SlowWork::Kind::Launches);
 }
 
-QCoro::Task<DesktopLaunch::Processes> ApplicationLauncher::launchPages(DesktopEntry entry, QStringList addresses,
-                                                                       PagePlace place)
+QCoro::Task<DesktopLaunch::Processes> ApplicationLauncher::launchPages(const DesktopEntry &entry,
+                                                                       const QStringList &addresses, PagePlace place)
 {
     const bool isOpen = windowsOf(entry.id) > 0;
     const auto work = [entry, addresses, place, isOpen] {

@@ -43,7 +43,8 @@ private:
     QCoro::Task<DesktopLaunch::Processes> launch(DesktopEntry entry, QStringList contents,
                                                  std::function<DesktopLaunch::Processes()> work);
     void watch(const DesktopEntry &entry, const QStringList &contents, const DesktopLaunch::Processes &processes);
-    QCoro::Task<DesktopLaunch::Processes> launchPages(DesktopEntry entry, QStringList addresses, PagePlace place);
+    QCoro::Task<DesktopLaunch::Processes> launchPages(const DesktopEntry &entry, const QStringList &addresses,
+                                                      PagePlace place);
     QCoro::Task<void> waitForWindow(QString appID, qsizetype before, DesktopLaunch::Processes started);
     QCoro::Task<void> waitForEnd(DesktopLaunch::Processes processes);
     qsizetype windowsOf(const QString &appID) const;

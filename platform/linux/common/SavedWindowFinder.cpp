@@ -127,34 +127,50 @@ struct WindowSearch {
     QList<LiveWindow> live = {};
 
     SavedBrowserWindow run() const;
+
+private:
+    // The ordinary windows of all processes, with the live one of each, where that is certain.
+    struct OpenWindows {
+        QList<NumberedWindow> windows = {};
+        std::vector<std::optional<LiveWindow>> shown = {};
+        qint64 number = 0;
+    };
+
+    bool collect(const BrowserProcess &process, OpenWindows *open) const;
 };
+
+// False when some windows cannot be read.
+bool WindowSearch::collect(const BrowserProcess &process, OpenWindows *open) const
+{
+    const QList<LiveWindow> own = RunningBrowsers::windowsOf(process, tab.browserID.value_or(QString()), live);
+    const BrowserSession session =
+        SessionReading::read(process, process.browser.family.value_or(BrowserFamily::Chromium));
+    if (session.unreadProfiles > 0)
+        return false;
+    const QList<WindowFate> all = fates(session.windows, own);
+    for (qsizetype i = 0; i < session.windows.size(); ++i) {
+        if (all[i] == WindowFate::Closed)
+            continue;
+        ++open->number;
+        if (!session.windows[i].isOrdinary)
+            continue;
+        open->windows.append({open->number, session.windows[i]});
+        open->shown.push_back(certainWindow(session.windows[i], session.windows, own));
+    }
+    return true;
+}
 
 SavedBrowserWindow WindowSearch::run() const
 {
-    QList<NumberedWindow> open;
-    std::vector<std::optional<LiveWindow>> shown; // The live one of each, where that is certain.
-    qint64 number = 0;
+    OpenWindows open;
     for (const BrowserProcess &process : processes) {
-        const QList<LiveWindow> own = RunningBrowsers::windowsOf(process, tab.browserID.value_or(QString()), live);
-        const BrowserSession session =
-            SessionReading::read(process, process.browser.family.value_or(BrowserFamily::Chromium));
-        if (session.unreadProfiles > 0)
+        if (!collect(process, &open))
             return {};
-        const QList<WindowFate> all = fates(session.windows, own);
-        for (qsizetype i = 0; i < session.windows.size(); ++i) {
-            if (all[i] == WindowFate::Closed)
-                continue;
-            ++number;
-            if (!session.windows[i].isOrdinary)
-                continue;
-            open.append({number, session.windows[i]});
-            shown.push_back(certainWindow(session.windows[i], session.windows, own));
-        }
     }
-    const std::optional<qsizetype> found = windowOfTab(tab, saved, open);
+    const std::optional<qsizetype> found = windowOfTab(tab, saved, open.windows);
     if (!found)
         return {State::Missing};
-    const std::optional<LiveWindow> &window = shown[static_cast<size_t>(*found)];
+    const std::optional<LiveWindow> &window = open.shown[static_cast<size_t>(*found)];
     return window ? SavedBrowserWindow{State::Open, window->windowID} : SavedBrowserWindow();
 }
 

@@ -29,15 +29,44 @@ QString cleaned(QString text)
     return text;
 }
 
-void addWindow(QString &records, const SessionWindow &window, qsizetype number, const Browser &browser)
-{
-    const QChar separator(TabRecords::fieldSeparator);
-    QString start = QString::number(number) + separator;
-    if (browser.family == BrowserFamily::Chromium)
-        start += window.id.value_or(QString()) + separator;
-    for (const SessionTab &tab : window.tabs)
-        records += start + cleaned(tab.url) + separator + cleaned(shownTitle(tab)) + QChar(TabRecords::recordSeparator);
-}
+// Of the windows of one browser, which are counted through all of its processes.
+class Records final {
+public:
+    Records(const Browser &browser, TabReport *report) : m_browser(browser), m_report(report) {}
+
+    void add(const QList<SessionWindow> &windows, const QList<WindowFate> &fates)
+    {
+        for (qsizetype i = 0; i < windows.size(); ++i) {
+            if (fates[i] == WindowFate::Closed)
+                continue;
+            ++m_number;
+            if (!windows[i].isOrdinary)
+                continue;
+            add(windows[i]);
+            if (fates[i] == WindowFate::Unknown)
+                m_report->uncertainWindows.insert(m_number);
+        }
+    }
+
+    const QString &text() const { return m_text; }
+
+private:
+    void add(const SessionWindow &window)
+    {
+        const QChar separator(TabRecords::fieldSeparator);
+        QString start = QString::number(m_number) + separator;
+        if (m_browser.family == BrowserFamily::Chromium)
+            start += window.id.value_or(QString()) + separator;
+        for (const SessionTab &tab : window.tabs)
+            m_text +=
+                start + cleaned(tab.url) + separator + cleaned(shownTitle(tab)) + QChar(TabRecords::recordSeparator);
+    }
+
+    const Browser &m_browser;
+    TabReport *m_report;
+    QString m_text;
+    qsizetype m_number = 0;
+};
 
 } // namespace
 
@@ -104,8 +133,7 @@ TabReport SessionTabs::Reading::report(const RunningBrowser &running) const
 {
     const QDeadlineTimer end(patience);
     TabReport report;
-    QString records;
-    qsizetype number = 0;
+    Records records(running.browser, &report);
     qsizetype readProfiles = 0;
     for (const BrowserProcess &process : running.processes) {
         const BrowserSession one = written(process, end);
@@ -114,20 +142,11 @@ TabReport SessionTabs::Reading::report(const RunningBrowser &running) const
         report.isComplete = report.isComplete && one.unreadProfiles == 0;
         if (one.writtenAt)
             report.writtenAt = std::min(report.writtenAt.value_or(*one.writtenAt), *one.writtenAt);
-        for (qsizetype i = 0; i < one.windows.size(); ++i) {
-            if (fates[i] == WindowFate::Closed)
-                continue;
-            ++number;
-            if (!one.windows[i].isOrdinary)
-                continue;
-            addWindow(records, one.windows[i], number, running.browser);
-            if (fates[i] == WindowFate::Unknown)
-                report.uncertainWindows.insert(number);
-        }
+        records.add(one.windows, fates);
     }
     if (readProfiles == 0 && (!report.isComplete || running.processes.isEmpty()))
         throw Failure("SessionTabs", 1, u"The session of %1 could not be read."_qs.arg(running.browser.name));
-    report.records = records;
+    report.records = records.text();
     return report;
 }
 

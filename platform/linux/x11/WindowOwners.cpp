@@ -104,6 +104,26 @@ QList<xcb_window_t> united(const QList<xcb_window_t> &a, const QList<xcb_window_
     return all;
 }
 
+QHash<xcb_window_t, JudgedWindow> judged(const QHash<xcb_window_t, X11WindowHints> &hints,
+                                         ApplicationIdentification &identification,
+                                         ApplicationsOfProcesses &applications)
+{
+    QHash<xcb_window_t, JudgedWindow> windows;
+    for (auto hint = hints.begin(); hint != hints.end(); ++hint) {
+        const JudgedWindow window = identified(*hint, identification);
+        if (hint->isManaged)
+            remember(applications, hint->application.processID, window.identity.entry);
+        windows.insert(hint.key(), window);
+    }
+    for (JudgedWindow &window : windows) {
+        // A popup that says nothing, of a process whose windows say nothing.
+        const auto process = window.hints.application.processID;
+        if (!window.hints.isManaged && !window.identity.entry && process && !applications.contains(*process))
+            window.identity = identification.ofWindow(window.hints.application);
+    }
+    return windows;
+}
+
 } // namespace
 
 QHash<xcb_window_t, WindowOwner> WindowOwners::owners(const QList<xcb_window_t> &topLevels)
@@ -112,23 +132,11 @@ QHash<xcb_window_t, WindowOwner> WindowOwners::owners(const QList<xcb_window_t> 
     const QList<xcb_window_t> all = united(topLevels, WindowTree::clients(m_connection));
     ApplicationIdentification identification(m_entries);
     ApplicationsOfProcesses applications;
-    QHash<xcb_window_t, JudgedWindow> windows;
-    const QHash<xcb_window_t, X11WindowHints> hints = readWindowHints(m_connection, all);
-    for (auto hint = hints.begin(); hint != hints.end(); ++hint) {
-        const JudgedWindow window = identified(*hint, identification);
-        if (hint->isManaged)
-            remember(applications, hint->application.processID, window.identity.entry);
-        windows.insert(hint.key(), window);
-    }
+    const QHash<xcb_window_t, JudgedWindow> windows =
+        judged(readWindowHints(m_connection, all), identification, applications);
     const auto applicationsOf = [&](const JudgedWindow &window) {
         return applications.value(window.hints.application.processID.value_or(0));
     };
-    for (JudgedWindow &window : windows) {
-        // A popup that says nothing, of a process whose windows say nothing.
-        const auto process = window.hints.application.processID;
-        if (!window.hints.isManaged && !window.identity.entry && process && applicationsOf(window).isEmpty())
-            window.identity = identification.ofWindow(window.hints.application);
-    }
     const ExcludedOwners excluded(windows, identification, xcb_get_setup(m_connection.xcb())->resource_id_mask);
     QHash<xcb_window_t, WindowOwner> result;
     for (const xcb_window_t topLevel : topLevels) {

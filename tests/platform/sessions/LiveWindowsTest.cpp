@@ -34,9 +34,7 @@ QStringList titles(WindowFate fate, const QList<SessionWindow> &session, const Q
     return titles;
 }
 
-constexpr auto Open = WindowFate::Open;
-constexpr auto Unknown = WindowFate::Unknown;
-constexpr auto Closed = WindowFate::Closed;
+using enum WindowFate;
 
 constexpr WindowRect place = {100, 100, 800, 600};
 constexpr WindowRect elsewhere = {500, 300, 700, 500};
