@@ -86,6 +86,8 @@ ExitStatus allow(RuleKind kind, const QString &text)
     // A rule can be named as it was typed or as it is stored.
     const QString rule = kind == RuleKind::App ? text : CaptureExclusions::domainFrom(text).value_or(text);
     const auto allowRule = [&](AppStore &store) -> Outcome {
+        if (const auto issue = store.exclusionsObstacle())
+            return {.error = issue};
         const bool exists = kind == RuleKind::App ? hasApp(store, rule) : store.exclusions().domains.contains(rule);
         if (!exists)
             return {.error = u"“%1” is not excluded."_qs.arg(text)};

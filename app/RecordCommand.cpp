@@ -16,6 +16,8 @@ ExitStatus start(AppStore &store, const QCommandLineParser &parsed)
         printError(u"A work session is being recorded already. Stop it before you start another one."_qs);
         return ExitStatus::Failed;
     }
+    if (const auto issue = store.exclusionsObstacle()) // Before a project is made for it.
+        return report({.error = issue});
     const Outcome project = store.createProject(parsed.value("project"), Audience::Caller);
     if (!project)
         return report(project);

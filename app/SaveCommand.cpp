@@ -79,6 +79,8 @@ ExitStatus save(const QCommandLineParser &parsed, Desktop &desktop)
     LockedStore locked(desktop, LockedStore::Purpose::Write);
     AppStore &store = locked.store();
     takeTurn(store);
+    if (const auto issue = store.exclusionsObstacle()) // Before a project is made for it.
+        return locked.report({.error = issue});
     const Outcome project = store.createProject(parsed.value("project"), Audience::Caller);
     if (!project)
         return locked.report(project);

@@ -57,7 +57,8 @@ QCoro::Task<Outcome> AppStore::captureForm(QString title, QString next, CaptureK
                "Settings. Your draft is saved."));
         co_return outcome;
     }
-    if (kind == CaptureKind::Session)
+    outcome.captureIssue = exclusionsObstacle();
+    if (kind == CaptureKind::Session && !outcome.captureIssue)
         outcome.captureIssue = sessionObstacle();
     const std::optional<QUuid> projectID = outcome.captureIssue ? std::nullopt : draftProject(&outcome);
     if (!projectID)

@@ -35,6 +35,8 @@ std::optional<CaptureExclusions> ExclusionsFile::read()
     if (!now || now != m_stamp) {
         m_stamp.reset(); // Also when the file cannot be read.
         const auto bytes = OwnFile::read(path(), largestExclusions, OwnFile::Links::Followed);
+        if (!bytes && QFileInfo(path()).isSymLink())
+            throw Failure("Exclusions", 4, u"“exclusions.json” is a link to a file that is not there."_qs);
         if (!bytes)
             return std::nullopt;
         m_known = decoded(*bytes);

@@ -5,6 +5,7 @@
 #include "support/AtomicFile.h"
 
 #include <QByteArray>
+#include <QFileInfo>
 #include <QString>
 
 #include <optional>
@@ -19,7 +20,8 @@ public:
 
     QString path() const { return m_folder + "/exclusions.json"; }
 
-    bool exists() const { return FileStamp::ofFile(path()).has_value(); }
+    // Also a link to a file that is not there.
+    bool exists() const { return QFileInfo(path()).isSymLink() || FileStamp::ofFile(path()).has_value(); }
 
     // As they stand on disk now; absent when there is no file.
     std::optional<CaptureExclusions> read();

@@ -248,13 +248,17 @@ TEST_CASE_FIXTURE(ProgramFixture,
     REQUIRE(file.open(QIODevice::WriteOnly));
     file.close();
     const QByteArray way = "ardeno exclusions --start-over";
-    for (const QStringList &command :
-         {QStringList{"save", "--project", "P"}, {"exclude", "domain", "other.test"}, {"exclusions"}}) {
+    for (const QStringList &command : {QStringList{"save", "--project", "P"},
+                                       {"exclude", "domain", "other.test"},
+                                       {"allow", "domain", "bank.test"},
+                                       {"exclusions"}}) {
         CAPTURE(command);
         const ProgramResult refused = run(command);
         CHECK(refused.status == 1);
         CHECK(refused.error.count(way) == 1);
+        CHECK_FALSE(refused.error.contains("is not excluded"));
     }
+    CHECK(run({"list", "--json"}).json().value("projects").toArray().isEmpty());
     const ProgramResult over = run({"exclusions", "--start-over"});
     CHECK(over.status == 0);
     CHECK(over.error.contains("exclusions-unreadable-"));

@@ -90,6 +90,7 @@ TEST_CASE_FIXTURE(ExclusionsFixture, "nothing is captured while exclusions canno
         [&] { put(file, R"({"apps":[],"later":1})"); },
         [&] { REQUIRE(QDir().mkpath(file + "/in-the-way")); },
         [&] { REQUIRE(QFile::link(file, file)); },
+        [&] { REQUIRE(QFile::link(home.filePath("unmounted/exclusions.json"), file)); },
     };
     for (const auto &damage : damages) {
         startAgainWith("exclusions.json", json::encode(rules));

@@ -8,6 +8,8 @@
 #include "platform/linux/x11/X11Property.h"
 #include "platform/linux/x11/X11Windows.h"
 
+#include <QRegularExpression>
+
 #include <utility>
 #include <vector>
 
@@ -27,9 +29,19 @@ struct LiveHints {
     X11Property objectPath;
 };
 
-// By its process, under whatever name that was started, else by what it is called.
-bool mayBeBrowser(const WindowOwner &owner, DesktopEntries &entries)
+// Whether the title ends with a browser's name, as theirs do whatever their programs are called.
+bool isTitledAsBrowser(const QString &title)
 {
+    static const QRegularExpression ending("^.* [-–—] (.+)$", QRegularExpression::UseUnicodePropertiesOption);
+    const QString name = ending.match(title).captured(1);
+    return name.startsWith("Mozilla Firefox") || (!name.isEmpty() && BrowserIdentities::named(name).has_value());
+}
+
+// By its process, under whatever name that was started, else by what it is called.
+bool mayBeBrowser(const WindowOwner &owner, const QString &title, DesktopEntries &entries)
+{
+    if (isTitledAsBrowser(title))
+        return true;
     if (owner.processID && BrowserProcesses::browserOf(*owner.processID))
         return true;
     const QString id = owner.applicationID.value_or(QString());
@@ -70,7 +82,7 @@ std::optional<QList<LiveWindow>> liveWindows(const X11Connection &connection, De
             .windowID = facts.window,
             .applicationName = owner.applicationName,
             .isDialog = facts.isDialog,
-            .isBrowser = mayBeBrowser(owner, entries),
+            .isBrowser = mayBeBrowser(owner, facts.title, entries),
             .isMailProgram = isMailProgram(owner, entries),
             .busName = own.busName.text().value_or(QString()),
             .objectPath = own.objectPath.text().value_or(QString()),
