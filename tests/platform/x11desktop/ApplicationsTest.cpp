@@ -2,6 +2,7 @@
 #include "platform/linux/common/DesktopLaunch.h"
 #include "platform/linux/x11/WindowOwners.h"
 #include "platform/linux/x11/WindowTree.h"
+#include "platform/linux/x11/X11LiveWindows.h"
 #include "tests/platform/x11desktop/SessionFixture.h"
 
 #include <QSysInfo>
@@ -265,4 +266,23 @@ TEST_CASE_FIXTURE(SessionFixture, "the workspace tells when applications come an
     CHECK(eventually([&] { return changes > 0; }));
     CHECK_MESSAGE(changes < 3, "changes in quick succession are told together");
     workspace.setChangeHandler({});
+}
+
+TEST_CASE_FIXTURE(SessionFixture, "a window may be a browser's by its title alone, whatever its program is called")
+{
+    const LiveWindowList live = x11LiveWindows(connection, entries);
+    for (const auto &[title, isBrowser] : {std::pair{"Secret - Chromium", true},
+                                           {"Geheim — Mozilla Firefox Privater Modus", true},
+                                           {"a - b - Brave", true},
+                                           {"notes.txt - Editor", false},
+                                           {"Chromium", false}}) {
+        CAPTURE(title);
+        desktop_test::TestWindow window;
+        window.setTitle(title);
+        window.setClass("zed", "Zed");
+        window.show();
+        const QList<LiveWindow> windows = live().value_or(QList<LiveWindow>());
+        REQUIRE(windows.size() == 1);
+        CHECK(windows.first().isBrowser == isBrowser);
+    }
 }
