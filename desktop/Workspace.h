@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/Capability.h"
+#include "model/Field.h"
 
 #include <QList>
 #include <QSet>
@@ -9,6 +10,7 @@
 
 #include <functional>
 #include <optional>
+#include <tuple>
 
 namespace ardeno {
 
@@ -44,6 +46,27 @@ struct InstalledApplication {
     bool operator==(const InstalledApplication &) const = default;
 };
 
+// By what an application's windows and processes are told, as far as the desktop knew; in lower case, sorted. Kept with
+// what must not be shown, for the day on which the application is no longer installed and still runs.
+struct ApplicationMarks {
+    QString id = {};
+    QList<QString> names = {};    // Its windows are told by these alone.
+    QList<QString> hints = {};    // With names of programs, words of names and the like.
+    QList<QString> programs = {}; // Of its commands, as they are written there.
+
+    bool operator==(const ApplicationMarks &) const = default;
+
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            Field{"id", &ApplicationMarks::id},
+            Field{"names", &ApplicationMarks::names},
+            Field{"hints", &ApplicationMarks::hints},
+            Field{"programs", &ApplicationMarks::programs},
+        };
+    }
+};
+
 // The applications of the user's session. Used on the main thread; all functions answer at once.
 class Workspace {
 public:
@@ -59,8 +82,11 @@ public:
     virtual std::optional<InstalledApplication> findApplication(const QString &name) = 0;
     // Whether the user runs a program of this application, with windows that can be told to be its own or without.
     virtual bool isProgramRunning(const QString &appID) = 0;
+    // Of an application that is installed, hidden, removed or excluded; absent when nothing is known of it.
+    virtual std::optional<ApplicationMarks> marks(const QString &appID) = 0;
     // From now on every window that may be one of these applications counts as theirs, in all parts of the desktop.
-    virtual void setExcluded(const QSet<QString> &appIDs) = 0;
+    // The marks are those of earlier days.
+    virtual void setExcluded(const QSet<QString> &appIDs, const QList<ApplicationMarks> &marks) = 0;
     // From now on calls the handler some time after applications may have started or ended; an empty handler ends it.
     // Nothing is done meanwhile.
     virtual void setChangeHandler(std::function<void()> handler) = 0;

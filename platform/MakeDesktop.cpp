@@ -63,7 +63,7 @@ Desktop makeX11Desktop()
     desktop.workspace = std::make_unique<X11Workspace>(connection, entries);
     desktop.windowServer = std::make_unique<X11WindowServer>(connection, entries);
     const auto keeper = std::make_shared<X11RedirectionKeeper>(qgetenv("DISPLAY"));
-    desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID, keeper);
+    desktop.screenCapture = std::make_unique<X11ScreenCapture>(desktop.roles.ownID, keeper, entries->remembered());
     desktop.screenRecorder = std::make_unique<X11ScreenRecorder>(desktop.roles.ownID, keeper, entries);
     desktop.screenAccess = std::make_unique<X11ScreenAccess>();
     const LiveWindowList windows = x11LiveWindows(connection, entries);

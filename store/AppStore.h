@@ -308,13 +308,16 @@ private:
 
     // Exclusions.
     // Throws Failure.
-    CaptureExclusions storedExclusions();
-    // Publishes what stands on disk now; false, and why in exclusionsIssue, when that cannot be known.
-    bool readExclusions();
+    StoredExclusions storedExclusions();
+    // Publishes what stands on disk now; absent, and why in exclusionsIssue, when that cannot be known.
+    std::optional<StoredExclusions> readExclusions();
     // On disk first, in force second.
     Outcome changeExclusions(const std::function<void(CaptureExclusions &)> &change, Audience audience);
+    // With what is known of the applications now. Throws Failure.
+    void writeExclusions(const CaptureExclusions &rules, const QList<ApplicationMarks> &earlier);
+    QList<ApplicationMarks> marksOf(const QList<SavedApp> &apps, const QList<ApplicationMarks> &earlier) const;
     // What is in force from now on, also for the desktop.
-    void enforce(const CaptureExclusions &rules);
+    void enforce(const StoredExclusions &stored);
     bool runsUnseen(const QString &appID) const;
 
     QCoro::Task<Outcome> reveal(QString path);

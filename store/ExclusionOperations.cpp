@@ -7,6 +7,7 @@
 #include "support/Text.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace ardeno {
 
@@ -26,43 +27,75 @@ void AppStore::takeOverExclusions()
     }
 }
 
-CaptureExclusions AppStore::storedExclusions()
+StoredExclusions AppStore::storedExclusions()
 {
-    if (const std::optional<CaptureExclusions> stored = m_exclusionsFile.read())
+    if (const std::optional<StoredExclusions> stored = m_exclusionsFile.read())
         return *stored;
     if (m_preferences.contains(keys::captureExclusions.name))
-        return json::decode<CaptureExclusions>(m_preferences.value(keys::captureExclusions).value_or(QByteArray()));
+        return json::decode<StoredExclusions>(m_preferences.value(keys::captureExclusions).value_or(QByteArray()));
     if (m_preferences.mayBeMissing())
         throw Failure("Exclusions", 3, tr("They stood in settings that could not be read."));
     return {};
 }
 
-bool AppStore::readExclusions()
+std::optional<StoredExclusions> AppStore::readExclusions()
 {
     try {
-        enforce(storedExclusions());
+        const StoredExclusions stored = storedExclusions();
+        enforce(stored);
         exclusionsIssue.set(std::nullopt);
         resolve(subjects::exclusions); // That they could not be.
-        return true;
+        return stored;
     } catch (const Failure &failure) {
         exclusionsIssue.set(
             tr("Nothing is captured, because your capture exclusions could not be read: %1 Mend the file in %2, or "
                "start over under “Capture exclusions” in the settings (in a terminal: %3). What could not be read is "
                "kept.")
                 .arg(failure.description(), m_preferences.folder(), "ardeno exclusions --start-over"));
-        return false;
+        return std::nullopt;
     }
 }
 
-void AppStore::enforce(const CaptureExclusions &rules)
+void AppStore::enforce(const StoredExclusions &stored)
 {
-    m_desktop.workspace->setExcluded(rules.appIDs());
+    const CaptureExclusions rules = stored.rules();
+    m_desktop.workspace->setExcluded(rules.appIDs(), stored.marks.value_or(QList<ApplicationMarks>()));
     exclusions.set(rules);
+}
+
+QList<ApplicationMarks> AppStore::marksOf(const QList<SavedApp> &apps, const QList<ApplicationMarks> &earlier) const
+{
+    QList<ApplicationMarks> marks;
+    for (const SavedApp &app : apps) {
+        if (const auto now = m_desktop.workspace->marks(app.id))
+            marks.append(*now);
+        else
+            std::copy_if(earlier.begin(), earlier.end(), std::back_inserter(marks),
+                         [&](const ApplicationMarks &known) { return known.id == app.id; });
+    }
+    return marks;
+}
+
+void AppStore::writeExclusions(const CaptureExclusions &rules, const QList<ApplicationMarks> &earlier)
+{
+    const StoredExclusions stored{rules.apps, rules.domains, marksOf(rules.apps, earlier)};
+    m_exclusionsFile.write(stored);
+    enforce(stored);
 }
 
 std::optional<QString> AppStore::exclusionsObstacle()
 {
-    return readExclusions() ? std::nullopt : exclusionsIssue();
+    const std::optional<StoredExclusions> stored = readExclusions();
+    if (!stored)
+        return exclusionsIssue();
+    const QList<ApplicationMarks> earlier = stored->marks.value_or(QList<ApplicationMarks>());
+    try {
+        if (marksOf(stored->apps, earlier) != earlier)
+            writeExclusions(stored->rules(), earlier);
+    } catch (const Failure &) {
+        // The rules hold as they are; what is new of the applications is written before the next capture.
+    }
+    return std::nullopt;
 }
 
 Outcome AppStore::excludeApp(const SavedApp &app, Audience audience)
@@ -129,7 +162,7 @@ Outcome AppStore::startExclusionsOver(Audience audience)
         const std::optional<QString> kept = m_exclusionsFile.moveAside();
         m_exclusionsFile.write({});
         m_preferences.remove(keys::captureExclusions);
-        outcome.isDone = readExclusions();
+        outcome.isDone = readExclusions().has_value();
         outcome.notice = tr("Nothing is left out of captures any more. Set your exclusions again.");
         if (kept)
             outcome.remarks += {.sentence = tr("What could not be read of your exclusions is kept as %1.").arg(*kept),
@@ -170,15 +203,15 @@ Outcome AppStore::changeExclusions(const std::function<void(CaptureExclusions &)
         outcome.fail(tr("Finish the recording before changing exclusions."));
         return concluded(std::move(outcome), audience);
     }
-    if (!readExclusions()) {
+    const std::optional<StoredExclusions> stored = readExclusions();
+    if (!stored) {
         outcome.fail(*exclusionsIssue());
         return concluded(std::move(outcome), audience);
     }
-    CaptureExclusions changed = exclusions();
+    CaptureExclusions changed = stored->rules();
     change(changed);
     try {
-        m_exclusionsFile.write(changed);
-        enforce(changed);
+        writeExclusions(changed, stored->marks.value_or(QList<ApplicationMarks>()));
         outcome.isDone = true;
     } catch (const Failure &failure) {
         outcome.fail(tr("Could not save the exclusions: ") + failure.description());

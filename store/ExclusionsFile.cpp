@@ -18,10 +18,10 @@ namespace {
 
 constexpr qint64 largestExclusions = 16 << 20; // Bytes.
 
-CaptureExclusions decoded(const QByteArray &bytes)
+StoredExclusions decoded(const QByteArray &bytes)
 {
     try {
-        return json::decode<CaptureExclusions>(bytes);
+        return json::decode<StoredExclusions>(bytes);
     } catch (const Failure &failure) {
         throw Failure("Exclusions", 1, u"“exclusions.json” is damaged: "_qs + failure.description());
     }
@@ -29,7 +29,7 @@ CaptureExclusions decoded(const QByteArray &bytes)
 
 } // namespace
 
-std::optional<CaptureExclusions> ExclusionsFile::read()
+std::optional<StoredExclusions> ExclusionsFile::read()
 {
     const std::optional<FileStamp> now = FileStamp::ofFile(path());
     if (!now || now != m_stamp) {
@@ -45,7 +45,7 @@ std::optional<CaptureExclusions> ExclusionsFile::read()
     return m_known;
 }
 
-void ExclusionsFile::write(const CaptureExclusions &exclusions)
+void ExclusionsFile::write(const StoredExclusions &exclusions)
 {
     AtomicFile::createFolder(m_folder);
     const QByteArray bytes = json::encode(exclusions);

@@ -23,7 +23,9 @@ public:
 
     bool isProgramRunning(const QString &) override { return false; }
 
-    void setExcluded(const QSet<QString> &) override {}
+    std::optional<ApplicationMarks> marks(const QString &) override { return std::nullopt; }
+
+    void setExcluded(const QSet<QString> &, const QList<ApplicationMarks> &) override {}
 
     void setChangeHandler(std::function<void()>) override {}
 

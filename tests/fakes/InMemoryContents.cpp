@@ -29,7 +29,17 @@ public:
 
     bool isProgramRunning(const QString &appID) override { return m_desktop.programsRunning.contains(appID); }
 
-    void setExcluded(const QSet<QString> &appIDs) override { m_desktop.excludedAppIDs = appIDs; }
+    std::optional<ApplicationMarks> marks(const QString &appID) override
+    {
+        const auto known = m_desktop.marks.constFind(appID);
+        return known == m_desktop.marks.cend() ? std::nullopt : std::optional(*known);
+    }
+
+    void setExcluded(const QSet<QString> &appIDs, const QList<ApplicationMarks> &marks) override
+    {
+        m_desktop.excludedAppIDs = appIDs;
+        m_desktop.marksTold = marks;
+    }
 
     void setChangeHandler(std::function<void()> handler) override
     {

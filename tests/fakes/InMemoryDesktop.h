@@ -14,8 +14,10 @@ namespace ardeno::fakes {
 struct InMemoryDesktop {
     QList<RunningApplication> running = {};
     QList<InstalledApplication> installed = {};
-    QSet<QString> programsRunning = {};             // Applications with processes, with windows or without.
-    QSet<QString> excludedAppIDs = {};              // As the desktop was told last.
+    QSet<QString> programsRunning = {};          // Applications with processes, with windows or without.
+    QSet<QString> excludedAppIDs = {};           // As the desktop was told last.
+    QHash<QString, ApplicationMarks> marks = {}; // Of the applications of which anything is known.
+    QList<ApplicationMarks> marksTold = {};
     std::function<void()> applicationsChanged = {}; // To be called by the test; empty: nobody wants to know.
     QList<Display> displays = {};
     QList<WindowInfo> windows = {};

@@ -81,6 +81,29 @@ TEST_CASE_FIXTURE(ExclusionsFixture, "the desktop is told whom to leave out, and
     CHECK(memory.excludedAppIDs.isEmpty());
 }
 
+TEST_CASE_FIXTURE(ExclusionsFixture, "what an excluded application was known by outlives its desktop file")
+{
+    const ApplicationMarks first{.id = "org.a", .names = {"vault"}};
+    const ApplicationMarks later{.id = "org.a", .names = {"safe", "vault"}};
+    put(file, json::encode(rules)); // Of an older version.
+    CHECK(store().exclusions() == rules);
+    memory.marks = {{"org.a", first}};
+    CHECK(captures());
+    CHECK(memory.marksTold == QList{first});
+    memory.marks = {{"org.a", later}, {"org.b", {.id = "org.b"}}};
+    CHECK(store().excludeDomain("new.test"));
+    CHECK(memory.marksTold == QList{later});
+    CHECK(store().excludeApp({"org.b", "B"}));
+    memory.marks.clear();
+    CHECK(reopen().exclusions().apps.size() == 2);
+    CHECK(memory.marksTold.value(0) == later);
+    CHECK(captures());
+    CHECK(store().allowApp("org.b"));
+    CHECK(memory.marksTold == QList{later});
+    CHECK(store().allowApp("org.a"));
+    CHECK(memory.marksTold.isEmpty());
+}
+
 TEST_CASE_FIXTURE(ExclusionsFixture, "nothing is captured while exclusions cannot be read, until the user starts over")
 {
     const std::function<void()> damages[] = {

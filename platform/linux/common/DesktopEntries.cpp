@@ -92,9 +92,42 @@ void add(const DesktopFileSummary &summary, ApplicationTraces &traces)
 
 } // namespace
 
-DesktopEntries::DesktopEntries() : DesktopEntries(DesktopFolders::standardRoots()) {}
+ApplicationTraces &ApplicationTraces::operator+=(const ApplicationTraces &other)
+{
+    identifiers += other.identifiers;
+    names += other.names;
+    imaginable += other.imaginable;
+    for (const QString &program : other.programs) {
+        if (!programs.contains(program))
+            programs.append(program);
+    }
+    isKnown = isKnown || other.isKnown;
+    return *this;
+}
 
-DesktopEntries::DesktopEntries(QStringList roots) : m_roots(std::move(roots)) {}
+ApplicationTraces RememberedTraces::of(const QString &id) const
+{
+    const std::scoped_lock lock(m_mutex);
+    return m_traces.value(id);
+}
+
+void RememberedTraces::set(QHash<QString, ApplicationTraces> traces)
+{
+    const std::scoped_lock lock(m_mutex);
+    m_traces = std::move(traces);
+}
+
+DesktopEntries::DesktopEntries() : DesktopEntries(std::make_shared<RememberedTraces>()) {}
+
+DesktopEntries::DesktopEntries(std::shared_ptr<RememberedTraces> remembered)
+    : DesktopEntries(DesktopFolders::standardRoots(), std::move(remembered))
+{
+}
+
+DesktopEntries::DesktopEntries(QStringList roots, std::shared_ptr<RememberedTraces> remembered)
+    : m_roots(std::move(roots)), m_remembered(std::move(remembered))
+{
+}
 
 DesktopEntries::~DesktopEntries() = default;
 
@@ -160,11 +193,14 @@ QList<DesktopEntry> DesktopEntries::findByCommand(const QString &program, const 
     return loadAll(files);
 }
 
-const ApplicationTraces &DesktopEntries::traces(const QString &id)
+ApplicationTraces DesktopEntries::traces(const QString &id)
 {
     index(); // Which may be a new one.
-    const auto known = m_traces.constFind(id);
-    return known != m_traces.constEnd() ? *known : *m_traces.insert(id, readTraces(id));
+    if (!m_traces.contains(id))
+        m_traces.insert(id, readTraces(id));
+    ApplicationTraces traces = m_traces.value(id);
+    traces += m_remembered->of(id);
+    return traces;
 }
 
 ApplicationTraces DesktopEntries::readTraces(const QString &id)

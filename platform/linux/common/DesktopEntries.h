@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <mutex>
 #include <optional>
 
 namespace ardeno {
@@ -32,15 +33,30 @@ struct ApplicationTraces {
     QSet<QString> names = {};      // Its windows may be told by these alone.
     QSet<QString> imaginable = {}; // With what may be meant by names of programs, words of names and the like.
     QStringList programs = {};     // The programs of its commands, as they are written there.
-    bool isKnown = false;          // There is a desktop file that tells, even if it stands for a removed application.
+    bool isKnown = false;          // A desktop file tells or told, even if it stands for a removed application.
+
+    ApplicationTraces &operator+=(const ApplicationTraces &other);
+};
+
+// What was known of applications when they were excluded, for all threads that ask whose a window is.
+class RememberedTraces final {
+public:
+    ApplicationTraces of(const QString &id) const;
+    void set(QHash<QString, ApplicationTraces> traces);
+
+private:
+    mutable std::mutex m_mutex = {};
+    QHash<QString, ApplicationTraces> m_traces = {}; // By the application's identifier.
 };
 
 // The installed applications. Nothing is read before it is asked for, each file at most once until the folders change.
 class DesktopEntries final {
 public:
     DesktopEntries();
+    explicit DesktopEntries(std::shared_ptr<RememberedTraces> remembered);
     // With the desktop files of these folders instead of the session's, in falling precedence.
-    explicit DesktopEntries(QStringList roots);
+    explicit DesktopEntries(QStringList roots,
+                            std::shared_ptr<RememberedTraces> remembered = std::make_shared<RememberedTraces>());
     ~DesktopEntries();
     DesktopEntries(const DesktopEntries &) = delete;
     DesktopEntries &operator=(const DesktopEntries &) = delete;
@@ -54,7 +70,7 @@ public:
     // equally well.
     QList<DesktopEntry> findByCommand(const QString &program, const QStringList &arguments);
     // Of an application that is installed, hidden, removed, or only known by its identifier.
-    const ApplicationTraces &traces(const QString &id);
+    ApplicationTraces traces(const QString &id);
     // The identifier of the browser that this starts under whatever name; absent when it starts none.
     static std::optional<QString> browserOf(const DesktopEntry &entry);
     // Those that menus show.
@@ -66,6 +82,8 @@ public:
 
     void setExcluded(const QSet<QString> &ids) { m_excluded = ids; }
 
+    const std::shared_ptr<RememberedTraces> &remembered() const { return m_remembered; }
+
 private:
     DesktopIndex &index();
     std::optional<DesktopEntry> load(const QString &fileID);
@@ -74,6 +92,7 @@ private:
     QList<DesktopEntry> loadAll(const QStringList &fileIDs);
 
     QStringList m_roots;
+    std::shared_ptr<RememberedTraces> m_remembered;
     std::unique_ptr<DesktopIndex> m_index;
     QHash<QString, std::optional<DesktopEntry>> m_loaded = {}; // Of the index's files.
     QHash<QString, ApplicationTraces> m_traces = {};

@@ -34,13 +34,15 @@ bool isPixelByPixel(const DisplayPlacement &placement, QSize size)
 } // namespace
 
 X11FrameSource::X11FrameSource(const RecordingRequest &request, const QString &ownAppID,
-                               std::shared_ptr<X11RedirectionKeeper> keeper)
+                               std::shared_ptr<X11RedirectionKeeper> keeper,
+                               std::shared_ptr<RememberedTraces> remembered)
     : m_keeper(std::move(keeper)),
       m_size(request.size),
       m_displayID(request.display.id),
       m_connection(m_keeper->displayName()),
       m_extensions(X11Extensions::of(m_connection)),
       m_formats(m_connection),
+      m_entries(std::move(remembered)),
       m_exclusion(exclusionOf(request, ownAppID, m_connection)),
       m_changes(m_connection, m_extensions)
 {

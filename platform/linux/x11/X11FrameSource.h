@@ -19,7 +19,7 @@ class X11FrameSource final {
 public:
     // Throws Failure.
     X11FrameSource(const RecordingRequest &request, const QString &ownAppID,
-                   std::shared_ptr<X11RedirectionKeeper> keeper);
+                   std::shared_ptr<X11RedirectionKeeper> keeper, std::shared_ptr<RememberedTraces> remembered);
 
     // Whether a frame would differ from the last one. Throws Failure when the server has gone.
     bool hasChanged();
@@ -44,7 +44,7 @@ private:
     X11Connection m_connection;
     X11Extensions m_extensions;
     RenderFormats m_formats;
-    DesktopEntries m_entries = {};
+    DesktopEntries m_entries;
     Exclusion m_exclusion;
     X11ScreenChanges m_changes;
     std::optional<DisplayPlacement> m_placement = {}; // Absent while it is not known.

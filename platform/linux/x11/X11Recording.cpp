@@ -20,8 +20,12 @@ constexpr auto firstFrameTime = std::chrono::seconds(3);
 
 } // namespace
 
-X11Recording::X11Recording(RecordingRequest request, QString ownAppID, std::shared_ptr<X11RedirectionKeeper> keeper)
-    : m_request(std::move(request)), m_ownAppID(std::move(ownAppID)), m_keeper(std::move(keeper))
+X11Recording::X11Recording(RecordingRequest request, QString ownAppID, std::shared_ptr<X11RedirectionKeeper> keeper,
+                           std::shared_ptr<RememberedTraces> remembered)
+    : m_request(std::move(request)),
+      m_ownAppID(std::move(ownAppID)),
+      m_keeper(std::move(keeper)),
+      m_remembered(std::move(remembered))
 {
 }
 
@@ -36,7 +40,7 @@ void X11Recording::begin()
 
 void X11Recording::takeFirstFrame()
 {
-    m_source.emplace(m_request, m_ownAppID, m_keeper);
+    m_source.emplace(m_request, m_ownAppID, m_keeper, m_remembered);
     std::optional<FetchedPixels> first = m_source->frame();
     for (const auto deadline = Clock::now() + firstFrameTime; !first; first = m_source->frame()) {
         if (Clock::now() > deadline)

@@ -16,7 +16,8 @@ namespace ardeno {
 // One recording from its first frame to its last: waits for changes, takes frames, writes them. One thread at a time.
 class X11Recording final {
 public:
-    X11Recording(RecordingRequest request, QString ownAppID, std::shared_ptr<X11RedirectionKeeper> keeper);
+    X11Recording(RecordingRequest request, QString ownAppID, std::shared_ptr<X11RedirectionKeeper> keeper,
+                 std::shared_ptr<RememberedTraces> remembered);
 
     // Returns when the first frame is in the file. Throws Failure.
     void begin();
@@ -38,6 +39,7 @@ private:
     const RecordingRequest m_request;
     const QString m_ownAppID;
     const std::shared_ptr<X11RedirectionKeeper> m_keeper;
+    const std::shared_ptr<RememberedTraces> m_remembered;
     std::optional<X11FrameSource> m_source = {};
     std::optional<VideoWriter> m_writer = {};
     Clock::time_point m_start = {};

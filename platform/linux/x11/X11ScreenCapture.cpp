@@ -13,8 +13,11 @@ namespace ardeno {
 
 // What pictures need; each is taken with a connection of its own, on whatever thread it is taken.
 struct X11ScreenCapture::Worker {
-    Worker(QString id, std::shared_ptr<X11RedirectionKeeper> redirections)
-        : ownAppID(std::move(id)), keeper(std::move(redirections)), displayName(keeper->displayName())
+    Worker(QString id, std::shared_ptr<X11RedirectionKeeper> redirections, std::shared_ptr<RememberedTraces> remembered)
+        : ownAppID(std::move(id)),
+          keeper(std::move(redirections)),
+          displayName(keeper->displayName()),
+          entries(std::move(remembered))
     {
     }
 
@@ -24,7 +27,7 @@ struct X11ScreenCapture::Worker {
     const std::shared_ptr<X11RedirectionKeeper> keeper;
     const QByteArray displayName;
     std::mutex mutex = {}; // Of what follows: one picture at a time.
-    DesktopEntries entries = {};
+    DesktopEntries entries;
 };
 
 Canvas X11ScreenCapture::Worker::picture(const CanvasRequest &request)
@@ -51,8 +54,9 @@ X11ScreenCapture::X11ScreenCapture(const QString &ownAppID, const QByteArray &di
 {
 }
 
-X11ScreenCapture::X11ScreenCapture(const QString &ownAppID, std::shared_ptr<X11RedirectionKeeper> keeper)
-    : m_worker(std::make_shared<Worker>(ownAppID, std::move(keeper)))
+X11ScreenCapture::X11ScreenCapture(const QString &ownAppID, std::shared_ptr<X11RedirectionKeeper> keeper,
+                                   std::shared_ptr<RememberedTraces> remembered)
+    : m_worker(std::make_shared<Worker>(ownAppID, std::move(keeper), std::move(remembered)))
 {
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/ScreenCapture.h"
+#include "platform/linux/common/DesktopEntries.h"
 #include "platform/linux/x11/X11RedirectionKeeper.h"
 
 #include <QByteArray>
@@ -16,7 +17,8 @@ class X11ScreenCapture final : public ScreenCapture {
 public:
     // The identifier of this program, whose windows are never shown.
     explicit X11ScreenCapture(const QString &ownAppID, const QByteArray &displayName = qgetenv("DISPLAY"));
-    X11ScreenCapture(const QString &ownAppID, std::shared_ptr<X11RedirectionKeeper> keeper);
+    X11ScreenCapture(const QString &ownAppID, std::shared_ptr<X11RedirectionKeeper> keeper,
+                     std::shared_ptr<RememberedTraces> remembered = std::make_shared<RememberedTraces>());
     ~X11ScreenCapture() override;
 
     Capability availability() const override;

@@ -59,7 +59,7 @@ RecordableContent X11ScreenRecorder::content()
 
 QCoro::Task<std::unique_ptr<RecordingStream>> X11ScreenRecorder::start(RecordingRequest request, RecordingEvents events)
 {
-    const auto recording = std::make_shared<X11Recording>(request, m_ownAppID, m_keeper);
+    const auto recording = std::make_shared<X11Recording>(request, m_ownAppID, m_keeper, m_entries->remembered());
     const auto begin = [recording] { recording->begin(); };
     co_await inWorker(begin);
     std::unique_ptr<RecordingStream> stream = std::make_unique<X11RecordingStream>(recording, std::move(events));

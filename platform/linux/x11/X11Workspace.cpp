@@ -14,6 +14,22 @@
 
 namespace ardeno {
 
+namespace {
+
+QStringList sorted(const QSet<QString> &texts)
+{
+    QStringList list = texts.values();
+    list.sort();
+    return list;
+}
+
+QSet<QString> toSet(const QStringList &list)
+{
+    return {list.begin(), list.end()};
+}
+
+} // namespace
+
 X11Workspace::X11Workspace(std::shared_ptr<X11Connection> connection, std::shared_ptr<DesktopEntries> entries)
     : m_connection(std::move(connection)), m_entries(std::move(entries))
 {
@@ -86,6 +102,29 @@ bool X11Workspace::isProgramRunning(const QString &appID)
     for (const QString &program : m_entries->traces(appID).programs)
         programs.insert(program.section('/', -1));
     return !programs.isEmpty() && ProcessFacts::isAnyRunning(programs);
+}
+
+std::optional<ApplicationMarks> X11Workspace::marks(const QString &appID)
+{
+    const ApplicationTraces traces = m_entries->traces(appID);
+    if (!traces.isKnown)
+        return std::nullopt;
+    return ApplicationMarks{.id = appID,
+                            .names = sorted(traces.names),
+                            .hints = sorted(traces.imaginable),
+                            .programs = sorted(toSet(traces.programs))};
+}
+
+void X11Workspace::setExcluded(const QSet<QString> &appIDs, const QList<ApplicationMarks> &marks)
+{
+    QHash<QString, ApplicationTraces> remembered;
+    for (const ApplicationMarks &known : marks)
+        remembered.insert(known.id, {.names = toSet(known.names),
+                                     .imaginable = toSet(known.hints),
+                                     .programs = known.programs,
+                                     .isKnown = true});
+    m_entries->remembered()->set(remembered);
+    m_entries->setExcluded(appIDs);
 }
 
 void X11Workspace::setChangeHandler(std::function<void()> handler)

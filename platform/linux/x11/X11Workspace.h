@@ -21,8 +21,8 @@ public:
     std::optional<InstalledApplication> findApplication(const QString &name) override;
     bool isProgramRunning(const QString &appID) override;
 
-    void setExcluded(const QSet<QString> &appIDs) override { m_entries->setExcluded(appIDs); }
-
+    std::optional<ApplicationMarks> marks(const QString &appID) override;
+    void setExcluded(const QSet<QString> &appIDs, const QList<ApplicationMarks> &marks) override;
     void setChangeHandler(std::function<void()> handler) override;
 
 private:

@@ -89,6 +89,30 @@ TEST_CASE_FIXTURE(Identities, "what becomes of an application's desktop file bri
     CHECK(excludedBy(rule, {.instance = "open", .windowClass = "Open"}) == "none");
 }
 
+TEST_CASE_FIXTURE(Identities, "windows of an application that is no longer installed are not taken for another one's")
+{
+    const WindowHints hints{.instance = "window", .windowClass = "Canary"};
+    const QString rule = "org.test.Secret";
+    install("org.test.Secret.desktop", "Name=Secret\nExec=/bin/true\nStartupWMClass=canary");
+    install("org.test.Open.desktop", "Name=Open\nExec=true\nStartupWMClass=open");
+    const ApplicationTraces known = entries.traces(rule);
+    SUBCASE("removed")
+    {
+        QFile::remove(folder.filePath("system/org.test.Secret.desktop"));
+    }
+    SUBCASE("an empty one in its place")
+    {
+        install("org.test.Secret.desktop", "Hidden=true");
+    }
+    install("copy.desktop", "Name=Copy\nExec=/bin/true\nStartupWMClass=canary");
+    REQUIRE(idOfWindow(hints) == "copy");
+    REQUIRE(excludedBy(rule, hints) == "none");
+    entries.remembered()->set({{rule, known}});
+    CHECK(excludedBy(rule, hints) == rule);
+    CHECK(excludedBy(rule, {.instance = "open", .windowClass = "Open"}) == "none");
+    CHECK(excludedBy(rule, {.instance = "unknown", .windowClass = "Unknown"}) == "none"); // No longer anybody's.
+}
+
 TEST_CASE_FIXTURE(Identities,
                   "a program's name decides where a window says too little, and never against its own words")
 {

@@ -214,7 +214,7 @@ TEST_CASE_FIXTURE(SessionFixture,
     remote.show();
     CHECK(idOf(remote.id()) == "window-class/OwnClass");
     CHECK_FALSE(onScreen(remote.id())->processID.has_value());
-    workspace.setExcluded({"org.test.Own"});
+    workspace.setExcluded({"org.test.Own"}, {});
     CHECK(idOf(remote.id()) == "org.test.Own");
 }
 
@@ -230,7 +230,7 @@ TEST_CASE_FIXTURE(SessionFixture, "every list names a window after the excluded 
     outputOf("xprop", {"-id", QString::number(drawn), "-f", "WM_TRANSIENT_FOR", "32x", "-set", "WM_TRANSIENT_FOR",
                        QString::number(secret.id())});
     CHECK(idOf(drawn) == "window-class/Xmessage");
-    workspace.setExcluded({"org.test.Secret"});
+    workspace.setExcluded({"org.test.Secret"}, {});
     CHECK(idOf(drawn) == "org.test.Secret");
     install("org.test.Copy", "Name=Copy\nStartupWMClass=SecretClass");
     CHECK(idOf(secret.id()) == "org.test.Secret");

@@ -2,6 +2,7 @@
 #include "tests/platform/x11recording/RecordingFixture.h"
 
 #include "platform/linux/x11/RunningProcesses.h"
+#include "platform/linux/x11/X11Workspace.h"
 #include "tests/Printing.h"
 #include "tests/platform/x11screen/painter/PaintedWindow.h"
 
@@ -179,6 +180,35 @@ TEST_CASE_FIXTURE(RecordingFixture,
         CHECK(Video(path).problems() == "");
         CHECK_FALSE(recorderThere.availability().isAvailable());
     }
+}
+
+TEST_CASE_FIXTURE(RecordingFixture,
+                  "an excluded application that was removed is in no picture and no frame, whoever claims its windows")
+{
+    const QDir files(QDir::homePath() + "/.local/share/applications");
+    const QString vaultID = "org.example.Vault"; // No name of its windows.
+    REQUIRE(QFile::rename(files.filePath(secretID + ".desktop"), files.filePath(vaultID + ".desktop")));
+    const auto entries = std::make_shared<DesktopEntries>();
+    X11ScreenCapture screenNow("org.ardeno.Ardeno", keeper, entries->remembered());
+    X11ScreenRecorder recorderNow("org.ardeno.Ardeno", keeper, entries);
+    CaptureService serviceNow(screenNow, &recorderNow);
+    X11Workspace workspace(std::make_shared<X11Connection>(), entries);
+    const std::optional<ApplicationMarks> marks = workspace.marks(vaultID);
+    REQUIRE(marks.has_value());
+    const Painter open({"class=open", "colour=00c000", "geometry=600,100,200,150"});
+    const Painter secret({"class=secret", "colour=ff00ff", "geometry=300,200,200,150"});
+    REQUIRE(shows(secretColour));
+    REQUIRE(QFile::rename(files.filePath(vaultID + ".desktop"), files.filePath("copy.desktop")));
+    REQUIRE(countOf(picture(screenNow, {vaultID}), secretColour) > 10000); // The copy's, as far as anybody knows.
+
+    workspace.setExcluded({vaultID}, {*marks});
+    CHECK(countOf(picture(screenNow, {vaultID}), secretColour) == 0);
+    finish(serviceNow.startRecording(path, {vaultID}));
+    finish(serviceNow.stopRecording());
+    screenNow.prepareExclusion({});
+    CHECK(framesWith(Video(path), openColour) > 0);
+    CHECK(framesWith(Video(path), secretColour) == 0);
+    QFile::remove(files.filePath("copy.desktop"));
 }
 
 TEST_CASE("a later process is none of those that were running")
