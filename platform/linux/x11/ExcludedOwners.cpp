@@ -47,7 +47,9 @@ ExcludedOwners::Judgement ExcludedOwners::byProcess(const JudgedWindow &window) 
         return process; // Of which of its applications, a process with several does not say.
     if (window.identity.entry)
         return std::nullopt;
-    if (!hints.peer)
+    // Programs that ask for passwords make their dialogs those of the whole screen.
+    const bool isForAnybody = hints.leader != XCB_NONE && !m_clients.contains(hints.leader);
+    if (!hints.peer || isForAnybody)
         return m_any;
     return process ? process : valueOf(m_connections, hints.client & ~m_mask);
 }

@@ -19,8 +19,8 @@ struct JudgedWindow {
 
 // Which windows count as those of excluded applications: those that may be one of theirs, with everything that cannot
 // be shown to be of another one. That is what says nothing of itself in a process or on a connection of an excluded
-// application (menus, tool tips, drag icons), dialogs that others draw for it, and windows of which neither process nor
-// application is known.
+// application (menus, tool tips, drag icons), dialogs that others draw for it, and of windows whose application is not
+// known dialogs for no window in particular and those without a process.
 class ExcludedOwners final {
 public:
     // The windows outlive it. The mask is that of the windows' numbers on one connection.

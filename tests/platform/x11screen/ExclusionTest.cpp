@@ -8,6 +8,15 @@
 using namespace ardeno;
 using namespace ardeno::screen_test;
 
+namespace {
+
+QString rootWindow()
+{
+    return QString::number(X11Connection().root());
+}
+
+} // namespace
+
 // What must hold on every desktop, with and without a window manager and a compositing manager.
 TEST_SUITE("exclusion")
 {
@@ -110,12 +119,15 @@ TEST_SUITE("exclusion")
         const Painter portal(
             {"class=portal", "colour=ff00ff", "geometry=150,450,200,150", "menu=150,650,50,50", secretLeader});
         const Painter allowed({"class=portal", "colour=00c000", "geometry=750,450,200,150", openLeader});
+        const Painter forAnybody(
+            {"class=prompt", "colour=ff00ff", "geometry=1120,100,200,150", "leader=" + rootWindow()});
+        const Painter known({"class=open", "colour=00c000", "geometry=1120,300,100,100", "leader=" + rootWindow()});
         const Painter ownDialog({"class=open", "colour=ff00ff", "geometry=400,500,100,100", secretLeader});
-        REQUIRE(countOf(picture(), secretColour) > 400 * 300 + 200 * 150);
+        REQUIRE(countOf(picture(), secretColour) > 400 * 300 + 2 * 200 * 150);
 
         const QImage without = picture({secretID});
         CHECK(countOf(without, secretColour) == 0);
-        CHECK(countOf(without, openColour) > 400 * 300 + 200 * 150 - 100);
+        CHECK(countOf(without, openColour) > 400 * 300 + 200 * 150 + 100 * 100 - 100);
     }
 
     TEST_CASE_FIXTURE(ScreenFixture, "what an excluded window leaves behind on the screen is not handed on")
