@@ -25,6 +25,7 @@ struct SessionWindow {
     std::optional<WindowRect> frame = {}; // In the desktop's coordinates.
     bool isAtFrame = true;                // False: maximised, minimised or full screen, so not where the frame says.
     bool isOrdinary = true;               // False: a popup or the window of a single app; only counted.
+    bool isCurrent = true;                // False: what is written now says nothing of it, and what was written before.
     qsizetype selectedTab = 0;            // Index into the tabs; may be out of range.
     QList<SessionTab> tabs = {};
 

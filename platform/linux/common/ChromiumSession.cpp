@@ -16,9 +16,9 @@ namespace {
 
 constexpr double startUpTime = 10; // Seconds after which a browser has long begun to write its session.
 
-// The windows of one file and when they were written.
+// What one file says and when it was written.
 struct ReadFile {
-    QList<SessionWindow> windows;
+    SnssReader::Session session;
     Date writtenAt;
 };
 
@@ -27,8 +27,8 @@ std::optional<ReadFile> readFile(const QString &path)
     const auto file = SessionFile::read(path);
     if (!file)
         return std::nullopt;
-    const auto windows = SnssReader::windows(file->bytes);
-    return windows ? std::optional(ReadFile{*windows, file->writtenAt}) : std::nullopt;
+    const auto session = SnssReader::read(file->bytes);
+    return session ? std::optional(ReadFile{*session, file->writtenAt}) : std::nullopt;
 }
 
 // The number in a file's name: microseconds since 1601.
@@ -51,12 +51,9 @@ QStringList earlierFiles(const BrowserProcess &process, const QFileInfo &current
     return names;
 }
 
-// A file that the browser has just begun lacks its initial state for a moment; then the one before it holds it.
-std::optional<ReadFile> readProfile(const BrowserProcess &process, const QString &path)
+// The newest file of this run before the given one that holds a whole state.
+std::optional<ReadFile> readEarlier(const BrowserProcess &process, const QFileInfo &current)
 {
-    if (auto read = readFile(path))
-        return read;
-    const QFileInfo current(path);
     for (const QString &name : earlierFiles(process, current)) {
         if (auto read = readFile(current.dir().filePath(name)))
             return read;
@@ -64,10 +61,36 @@ std::optional<ReadFile> readProfile(const BrowserProcess &process, const QString
     return std::nullopt;
 }
 
+// A browser that begins a new file may pass over a window that stays open.
+void addForgotten(SnssReader::Session &session, const QList<SessionWindow> &earlier)
+{
+    QSet<QString> known = session.closed;
+    for (const SessionWindow &window : std::as_const(session.windows))
+        known.insert(window.id.value_or(QString()));
+    for (SessionWindow window : earlier) {
+        window.isCurrent = false;
+        if (!known.contains(window.id.value_or(QString())))
+            session.windows.append(window);
+    }
+}
+
+// A file that the browser has just begun lacks its initial state for a moment; then the one before it holds it.
+std::optional<ReadFile> readProfile(const BrowserProcess &process, const QString &path)
+{
+    const QFileInfo current(path);
+    std::optional<ReadFile> earlier = readEarlier(process, current);
+    std::optional<ReadFile> read = readFile(path);
+    if (!read)
+        return earlier;
+    if (earlier)
+        addForgotten(read->session, earlier->session.windows);
+    return read;
+}
+
 void addProfile(BrowserSession &session, ReadFile read, const QString &path)
 {
-    fillTitles(read.windows, QFileInfo(path).dir().filePath("../History"));
-    session.windows += read.windows;
+    fillTitles(read.session.windows, QFileInfo(path).dir().filePath("../History"));
+    session.windows += read.session.windows;
     session.writtenAt = session.writtenAt ? std::min(*session.writtenAt, read.writtenAt) : read.writtenAt;
     ++session.readProfiles;
 }

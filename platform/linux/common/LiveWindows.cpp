@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <functional>
 #include <utility>
 #include <vector>
 
@@ -107,7 +106,7 @@ bool hasPage(const LiveWindow &live, const SessionWindow &session)
                        [&](const SessionTab &tab) { return showsTitle(live, tab); });
 }
 
-// Pairs every window of the session with a live one, the surest pairs first.
+// Pairs the windows of the session with live ones, the surest pairs first.
 class Pairing final {
 public:
     Pairing(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
@@ -115,15 +114,16 @@ public:
     {
     }
 
-    template <typename Test>
-    void pair(Test test)
+    // Those of what is written now, or the others.
+    void pairAll(bool areCurrent)
     {
-        for (qsizetype window = 0; window < m_session.size(); ++window) {
-            for (qsizetype live = 0; live < m_live.size() && !m_isKept[window]; ++live) {
-                if (!m_isTaken[live] && test(m_live[live], m_session[window]))
-                    m_isKept[window] = m_isTaken[live] = true;
-            }
-        }
+        m_areCurrent = areCurrent;
+        pair([](const LiveWindow &a, const SessionWindow &b) { return isInPlace(a, b) && showsPage(a, b); });
+        pair(isInPlace);
+        pair(showsPage);
+        pair(hasPage);
+        pair(areBothPutAside);
+        pair(hasFrame);
     }
 
     bool isKept(qsizetype window) const { return m_isKept[window]; }
@@ -132,10 +132,65 @@ public:
     bool hasLeft() const { return std::find(m_isTaken.begin(), m_isTaken.end(), false) != m_isTaken.end(); }
 
 private:
+    template <typename Test>
+    void pair(Test test)
+    {
+        for (qsizetype window = 0; window < m_session.size(); ++window) {
+            if (m_session[window].isCurrent != m_areCurrent)
+                continue;
+            for (qsizetype live = 0; live < m_live.size() && !m_isKept[window]; ++live) {
+                if (!m_isTaken[live] && test(m_live[live], m_session[window]))
+                    m_isKept[window] = m_isTaken[live] = true;
+            }
+        }
+    }
+
     const QList<SessionWindow> &m_session;
     const QList<LiveWindow> &m_live;
     std::vector<bool> m_isKept;
     std::vector<bool> m_isTaken;
+    bool m_areCurrent = true;
+};
+
+// Finds for windows of the session the only live one that fits, which fits no other one of those that are left.
+class Recognition final {
+public:
+    Recognition(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
+        : m_session(session), m_left(live), m_found(session.size())
+    {
+    }
+
+    template <typename Test>
+    void recognise(Test fits)
+    {
+        for (qsizetype window = 0; window < m_session.size(); ++window) {
+            const auto fitsWindow = [&](const LiveWindow &live) { return fits(live, m_session[window]); };
+            if (m_found[window] || std::count_if(m_left.begin(), m_left.end(), fitsWindow) != 1)
+                continue;
+            const auto found = std::find_if(m_left.begin(), m_left.end(), fitsWindow);
+            if (hasRival(window, [&](const SessionWindow &other) { return fits(*found, other); }))
+                continue;
+            m_found[window] = *found;
+            m_left.erase(found);
+        }
+    }
+
+    const QList<std::optional<LiveWindow>> &found() const { return m_found; }
+
+private:
+    template <typename Test>
+    bool hasRival(qsizetype window, Test fits) const
+    {
+        for (qsizetype other = 0; other < m_session.size(); ++other) {
+            if (other != window && !m_found[other] && fits(m_session[other]))
+                return true;
+        }
+        return false;
+    }
+
+    const QList<SessionWindow> &m_session;
+    QList<LiveWindow> m_left;
+    QList<std::optional<LiveWindow>> m_found;
 };
 
 } // namespace
@@ -151,12 +206,8 @@ QString shownTitle(const SessionTab &tab)
 QList<WindowFate> fates(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
 {
     Pairing pairing(session, live);
-    pairing.pair([](const LiveWindow &a, const SessionWindow &b) { return isInPlace(a, b) && showsPage(a, b); });
-    pairing.pair(isInPlace);
-    pairing.pair(showsPage);
-    pairing.pair(hasPage);
-    pairing.pair(areBothPutAside);
-    pairing.pair(hasFrame);
+    pairing.pairAll(true);
+    pairing.pairAll(false);
     QList<WindowFate> fates;
     for (qsizetype i = 0; i < session.size(); ++i) {
         const bool mayBeOpen = pairing.hasLeft();
@@ -193,23 +244,18 @@ bool isMarkedPrivate(const QString &title)
     return title.contains(name) && !title.endsWith(name);
 }
 
-std::optional<LiveWindow> certainWindow(const SessionWindow &window, const QList<SessionWindow> &session,
-                                        const QList<LiveWindow> &live)
+QList<std::optional<LiveWindow>> certainWindows(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
 {
-    // By title and place, else by one of them alone; no other window of the session may fit as well.
-    using Test = std::function<bool(const LiveWindow &, const SessionWindow &)>;
-    const auto inPlace = [](const LiveWindow &a, const SessionWindow &b) { return isInPlace(a, b) && showsPage(a, b); };
-    for (const Test &fits : {Test(inPlace), Test(isInPlace), Test(showsPage), Test(areBothPutAside), Test(hasFrame)}) {
-        QList<LiveWindow> found = live;
-        found.removeIf([&](const LiveWindow &candidate) { return !fits(candidate, window); });
-        if (found.size() != 1)
-            continue;
-        const auto rivals = std::count_if(session.begin(), session.end(),
-                                          [&](const SessionWindow &other) { return fits(found.first(), other); });
-        if (rivals == 1)
-            return found.first();
-    }
-    return std::nullopt;
+    Recognition recognition(session, live);
+    recognition.recognise(
+        [](const LiveWindow &a, const SessionWindow &b) { return isInPlace(a, b) && showsPage(a, b); });
+    recognition.recognise(isInPlace);
+    recognition.recognise(showsPage);
+    recognition.recognise(areBothPutAside);
+    recognition.recognise(hasFrame);
+    if (session.size() == live.size()) // The last of both are each other.
+        recognition.recognise([](const LiveWindow &, const SessionWindow &) { return true; });
+    return recognition.found();
 }
 
 } // namespace ardeno

@@ -58,8 +58,7 @@ QHash<quint32, ShownPage> shownPages(const QList<SessionWindow> &session, const 
 // Whether a window of Firefox says that it is a private one.
 bool isMarkedPrivate(const QString &title);
 
-// The live window that a session's window is; absent unless nothing else is possible.
-std::optional<LiveWindow> certainWindow(const SessionWindow &window, const QList<SessionWindow> &session,
-                                        const QList<LiveWindow> &live);
+// The live window that each window of the session is, in the same order; absent where another one is possible, too.
+QList<std::optional<LiveWindow>> certainWindows(const QList<SessionWindow> &session, const QList<LiveWindow> &live);
 
 } // namespace ardeno

@@ -142,20 +142,25 @@ private:
 // False when some windows cannot be read.
 bool WindowSearch::collect(const BrowserProcess &process, OpenWindows *open) const
 {
-    const QList<LiveWindow> own = RunningBrowsers::windowsOf(process, tab.browserID.value_or(QString()), live);
+    QList<LiveWindow> own = RunningBrowsers::windowsOf(process, tab.browserID.value_or(QString()), live);
+    own.removeIf([](const LiveWindow &window) { return window.isDialog; });
     const BrowserSession session =
         SessionReading::read(process, process.browser.family.value_or(BrowserFamily::Chromium));
     if (session.unreadProfiles > 0)
         return false;
+    QList<SessionWindow> windows;
     const QList<WindowFate> all = fates(session.windows, own);
     for (qsizetype i = 0; i < session.windows.size(); ++i) {
-        if (all[i] == WindowFate::Closed)
-            continue;
+        if (all[i] != WindowFate::Closed)
+            windows.append(session.windows[i]);
+    }
+    const QList<std::optional<LiveWindow>> certain = certainWindows(windows, own);
+    for (qsizetype i = 0; i < windows.size(); ++i) {
         ++open->number;
-        if (!session.windows[i].isOrdinary)
+        if (!windows[i].isOrdinary)
             continue;
-        open->windows.append({open->number, session.windows[i]});
-        open->shown.push_back(certainWindow(session.windows[i], session.windows, own));
+        open->windows.append({open->number, windows[i]});
+        open->shown.push_back(certain[i]);
     }
     return true;
 }

@@ -100,8 +100,12 @@ BrowserSession SessionTabs::Reading::written(BrowserProcess process, QDeadlineTi
 QList<WindowFate> SessionTabs::Reading::fatesOf(const QList<SessionWindow> &windows, const RunningBrowser &running,
                                                 const BrowserProcess &process) const
 {
-    if (!live)
-        return QList<WindowFate>(windows.size(), WindowFate::Open);
+    if (!live) {
+        QList<WindowFate> listed;
+        for (const SessionWindow &window : windows)
+            listed.append(window.isCurrent ? WindowFate::Open : WindowFate::Closed);
+        return listed;
+    }
     return fates(windows, ordinaryWindows(running, process));
 }
 

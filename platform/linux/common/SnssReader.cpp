@@ -102,7 +102,7 @@ public:
         }
     }
 
-    QList<SessionWindow> windows();
+    SnssReader::Session session();
 
 private:
     void applyToWindow(quint8 command, LittleEndian::Reader payload);
@@ -112,6 +112,7 @@ private:
 
     std::map<qint32, Window> m_windows;
     std::unordered_map<qint32, Tab> m_tabs;
+    QSet<QString> m_closed;
     bool m_hasInitialState = false;
 };
 
@@ -138,6 +139,7 @@ void Replay::applyToWindow(quint8 command, LittleEndian::Reader payload)
         return;
     if (command == CloseWindow) {
         m_windows.erase(id);
+        m_closed.insert(QString::number(id));
         std::erase_if(m_tabs, [&](const auto &tab) { return tab.second.window == id; });
         return;
     }
@@ -222,7 +224,7 @@ SessionTab shownPage(Tab &tab)
     return {QString::fromUtf8(entry->url), LittleEndian::text(entry->title)};
 }
 
-QList<SessionWindow> Replay::windows()
+SnssReader::Session Replay::session()
 {
     for (const auto &[id, tab] : m_tabs) {
         const auto window = m_windows.find(tab.window);
@@ -239,12 +241,12 @@ QList<SessionWindow> Replay::windows()
             each.window.tabs.append(shownPage(m_tabs[tab]));
         windows.append(std::move(each.window));
     }
-    return windows;
+    return {windows, m_closed};
 }
 
 } // namespace
 
-std::optional<QList<SessionWindow>> SnssReader::windows(QByteArrayView file)
+std::optional<SnssReader::Session> SnssReader::read(QByteArrayView file)
 {
     constexpr QByteArrayView magic = "SNSS";
     LittleEndian::Reader reader(file);
@@ -261,7 +263,7 @@ std::optional<QList<SessionWindow>> SnssReader::windows(QByteArrayView file)
     }
     if (!replay.hasInitialState())
         return std::nullopt;
-    return replay.windows();
+    return replay.session();
 }
 
 } // namespace ardeno

@@ -5,14 +5,21 @@
 
 #include <QByteArrayView>
 #include <QList>
+#include <QSet>
+#include <QString>
 
 #include <optional>
 
 namespace ardeno::SnssReader {
 
-// The windows that a session file of the Chromium family describes, in the order of their identifiers, the empty ones
-// left out. Absent when the bytes are no such file, an encrypted one, or do not hold a whole initial state (the browser
-// has only begun to write). Any bytes are survived; a damaged end is ignored.
-std::optional<QList<SessionWindow>> windows(QByteArrayView file);
+// What a file says of the windows of its time.
+struct Session {
+    QList<SessionWindow> windows = {}; // Those that are open, in the order of their identifiers; without empty ones.
+    QSet<QString> closed = {};         // The identifiers of those that were closed.
+};
+
+// Of a session file of the Chromium family. Absent when the bytes are no such file, an encrypted one, or do not hold a
+// whole initial state (the browser has only begun to write). Any bytes are survived; a damaged end is ignored.
+std::optional<Session> read(QByteArrayView file);
 
 } // namespace ardeno::SnssReader

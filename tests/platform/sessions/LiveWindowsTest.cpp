@@ -116,12 +116,16 @@ TEST_CASE("which window it is stays certain while its title changes, unless anot
     first.windowID = 1;
     LiveWindow second = live("A - Chromium", elsewhere);
     second.windowID = 2;
-    CHECK(certainWindow(two[0], two, {first}) == first);
-    CHECK(certainWindow(two[0], two, {first, second}) == first);
-    CHECK(certainWindow(two[0], two, {second}) == second);
-    CHECK(certainWindow(two[1], two, {first, second}) == second);
-    CHECK_FALSE(certainWindow(two[0], two, {first, first}).has_value());
-    CHECK_FALSE(certainWindow(two[1], two, {first}).has_value());
+    using Certain = QList<std::optional<LiveWindow>>;
+    const std::optional<LiveWindow> none;
+    CHECK(certainWindows(two, {first}) == Certain{first, none});
+    CHECK(certainWindows(two, {first, second}) == Certain{first, second});
+    CHECK(certainWindows(two, {second}) == Certain{none, second});
+    CHECK(certainWindows(two, {first, first}) == Certain{none, none});
+    const LiveWindow renamed = live("New - Chromium", {700, 0, 500, 500});
+    CHECK(certainWindows(two, {first, renamed}) == Certain{first, renamed}); // Nothing else is left.
+    CHECK(certainWindows(two, {first, renamed, second}) == Certain{first, second});
+    CHECK(certainWindows(two, {renamed, renamed}) == Certain{none, none});
 }
 
 TEST_CASE("Firefox marks its private windows in every language")

@@ -189,6 +189,44 @@ TEST_CASE_FIXTURE(Machine, "while the browser begins a new file the one before i
     CHECK(records(chromium) == "1 1 http://h/before B\n");
 }
 
+TEST_CASE_FIXTURE(Machine, "a window that a new file passes over is kept while a live one may be it")
+{
+    const QByteArray three = Snss()
+                                 .window(1)
+                                 .window(2, 300)
+                                 .window(3, 600)
+                                 .tab(1, 5, 0, "http://h/a", "A")
+                                 .tab(2, 6, 0, "http://h/b", "B")
+                                 .tab(3, 7, 0, "http://h/c", "C")
+                                 .marker()
+                                 .bytes();
+    write("p/Default/Sessions/Session_99000000000000001", three);
+    const QString path = "p/Default/Sessions/Session_99000000000000002";
+    Snss file;
+    file.window(1).window(2, 300).tab(1, 5, 0, "http://h/a", "A").tab(2, 6, 0, "http://h/b", "B").marker();
+    start(50, chromiumProgram, {write(path, file.bytes())});
+    const LiveWindow a{.processID = 50, .title = "A - Chromium", .windowID = 1};
+    const LiveWindow b{.processID = 50, .title = "B - Chromium", .windowID = 2};
+    const LiveWindow other{.processID = 50, .title = "Other - Chromium", .windowID = 3};
+    const LiveWindow c{.processID = 50, .title = "C - Chromium", .windowID = 4};
+    const auto uncertain = [&] { return finish(tabs.openTabs(chromium, {})).uncertainWindows; };
+
+    CHECK(records(chromium) == "1 1 http://h/a A\n2 2 http://h/b B\n"); // Windows cannot be seen.
+    live = QList<LiveWindow>{a, b};
+    CHECK(records(chromium) == "1 1 http://h/a A\n2 2 http://h/b B\n");
+    live = QList<LiveWindow>{a, b, other};
+    CHECK(records(chromium) == "1 1 http://h/a A\n2 2 http://h/b B\n3 3 http://h/c C\n");
+    CHECK(uncertain() == QSet<qint64>{3});
+    live = QList<LiveWindow>{a, b, c};
+    CHECK(records(chromium) == "1 1 http://h/a A\n2 2 http://h/b B\n3 3 http://h/c C\n");
+    CHECK(uncertain().isEmpty());
+    live = QList<LiveWindow>{other, c}; // What is written now goes first.
+    CHECK(uncertain() == QSet<qint64>{1, 2});
+    write(path, file.close(17, 3).bytes());
+    live = QList<LiveWindow>{a, b, other};
+    CHECK(records(chromium) == "1 1 http://h/a A\n2 2 http://h/b B\n");
+}
+
 TEST_CASE_FIXTURE(Machine, "Firefox's older copy serves while the newer one is being written")
 {
     const QByteArray text = R"({"windows":[{"tabs":[{"entries":[{"url":"http://h/a","title":"A"}],"index":1}]}]})";

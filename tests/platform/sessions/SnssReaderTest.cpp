@@ -13,10 +13,16 @@ using namespace ardeno::sessions;
 
 namespace {
 
+std::optional<QList<SessionWindow>> windowsOf(const QByteArray &bytes)
+{
+    const auto session = SnssReader::read(bytes);
+    return session ? std::optional(session->windows) : std::nullopt;
+}
+
 // "id: page page | id: page", the page being what stands behind "http://h/".
 QString summary(const QByteArray &bytes)
 {
-    const auto windows = SnssReader::windows(bytes);
+    const auto windows = windowsOf(bytes);
     if (!windows)
         return "unreadable";
     QStringList texts;
@@ -39,7 +45,7 @@ TEST_CASE("windows come in the order of their creation and tabs in that of the t
     file.record(8, {10, 1}).marker();
     CHECK(summary(file.bytes()) == "10: a b | 20: c");
 
-    const auto windows = SnssReader::windows(file.bytes());
+    const auto windows = windowsOf(file.bytes());
     CHECK(windows->first().tabs.first().title == u"A – 日本 🎈"_qs);
     CHECK(windows->first().frame == WindowRect{5, 10, 800, 600});
     CHECK(windows->first().selectedTab == 1);
@@ -49,7 +55,7 @@ TEST_CASE("windows come in the order of their creation and tabs in that of the t
     {
         file.record(0, {20, 5}).record(2, {5, 1}).record(2, {7, 2}).record(14, {10, 1, 2, 3, 4, 3});
         CHECK(summary(file.bytes()) == "10: a | 20: b c");
-        CHECK_FALSE(SnssReader::windows(file.bytes())->first().isAtFrame);
+        CHECK_FALSE(windowsOf(file.bytes())->first().isAtFrame);
     }
     SUBCASE("until they are closed")
     {
@@ -60,7 +66,7 @@ TEST_CASE("windows come in the order of their creation and tabs in that of the t
     SUBCASE("and windows of apps and popups are told apart")
     {
         file.record(9, {20, 1}).record(15, pickle(numbers({10}) + string8("_crx_app")));
-        const auto changed = SnssReader::windows(file.bytes());
+        const auto changed = windowsOf(file.bytes());
         CHECK_FALSE(changed->first().isOrdinary);
         CHECK_FALSE(changed->last().isOrdinary);
     }
@@ -168,7 +174,7 @@ TEST_CASE("thousands of tabs are no trouble")
     file.window(1);
     for (int tab = 0; tab < 5000; ++tab)
         file.tab(1, 10 + tab, tab, "http://h/" + QByteArray::number(tab));
-    const auto windows = SnssReader::windows(file.marker().bytes());
+    const auto windows = windowsOf(file.marker().bytes());
     REQUIRE(windows->size() == 1);
     CHECK(windows->first().tabs.size() == 5000);
     CHECK(windows->first().tabs.last().url == "http://h/4999");
