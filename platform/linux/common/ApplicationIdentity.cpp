@@ -48,7 +48,7 @@ bool mayBe(const ApplicationIdentity &identity, const ApplicationTraces &exclude
 {
     if (identity.entry && excluded.identifiers.contains(ApplicationNames::folded(identity.entry->id)))
         return true;
-    if (identity.names.intersects(excluded.names))
+    if (identity.names.intersects(excluded.names) || excluded.identifiers.contains(identity.startedAs))
         return true;
     if (identity.certainty == Certainty::Certain)
         return false;
@@ -111,9 +111,12 @@ ApplicationIdentity ApplicationIdentification::ofWindow(const WindowHints &hints
         if (const auto browser = browserOf(*hints.processID))
             beBrowser(*browser, identity);
     }
-    if (!hints.processID || identity.certainty == Certainty::Certain)
+    if (!hints.processID || (identity.certainty == Certainty::Certain && !hasExclusions()))
         return identity;
     const ApplicationIdentity process = ofProcess(*hints.processID);
+    identity.startedAs = process.startedAs;
+    if (identity.certainty == Certainty::Certain)
+        return identity;
     identity.imaginable += process.imaginable;
     // One of several that claim it, of which nobody knows, is no other one either.
     if (identity.certainty == Certainty::None) {
@@ -162,10 +165,11 @@ ApplicationIdentity ApplicationIdentification::lookUpProcess(qint32 processID)
     ApplicationIdentity identity{.entry = findID(launched)};
     if (!identity.entry && !scope.isEmpty() && agrees(m_entries.traces(scope), program, arguments))
         identity.entry = findID(scope);
-    if (!identity.entry && !program.isEmpty()) {
-        const QList<DesktopEntry> fitting = m_entries.findByCommand(program, arguments);
-        if (fitting.size() == 1)
-            identity.entry = fitting.first();
+    const QList<DesktopEntry> fitting =
+        program.isEmpty() ? QList<DesktopEntry>() : m_entries.findByCommand(program, arguments);
+    if (fitting.size() == 1) {
+        identity.startedAs = ApplicationNames::folded(fitting.first().id);
+        identity.entry = identity.entry.value_or(fitting.first());
     }
     identity.certainty = identity.entry ? Certainty::Likely : Certainty::None;
     identity.imaginable = ApplicationNames::imaginable(launched) + ApplicationNames::imaginable(scope) +

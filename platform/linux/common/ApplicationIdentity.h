@@ -33,6 +33,7 @@ struct ApplicationIdentity {
     Certainty certainty = Certainty::None;
     QSet<QString> names = {};      // That the window bears, in lower case.
     QSet<QString> imaginable = {}; // With those that its process suggests.
+    QString startedAs = {};        // The only application whose command its process runs; empty when there is none.
 };
 
 // Finds out whose windows and processes are, the same for every list, picture and recording. Remembers processes, so it

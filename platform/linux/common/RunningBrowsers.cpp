@@ -54,7 +54,7 @@ RunningBrowser &entryFor(const Browser &browser, QList<RunningBrowser> &browsers
 {
     const auto found = std::find_if(browsers.begin(), browsers.end(),
                                     [&](const RunningBrowser &other) { return other.browser.id == browser.id; });
-    return found == browsers.end() ? browsers.emplaceBack(RunningBrowser{browser, {}}) : *found;
+    return found == browsers.end() ? browsers.emplaceBack(RunningBrowser{.browser = browser}) : *found;
 }
 
 void addUnreadable(const QList<LiveWindow> &windows, QList<RunningBrowser> &browsers)
@@ -62,7 +62,7 @@ void addUnreadable(const QList<LiveWindow> &windows, QList<RunningBrowser> &brow
     for (const LiveWindow &window : windows) {
         const QString id = window.applicationID;
         const KnownBrowser known = BrowserIdentities::named(id).value_or(KnownBrowser{id, id});
-        entryFor(browserNamed(id, window.applicationName, known), browsers);
+        entryFor(browserNamed(id, window.applicationName, known), browsers).isReadWhole = false;
     }
 }
 

@@ -17,6 +17,7 @@ namespace ardeno {
 struct RunningBrowser {
     Browser browser = {};
     QList<BrowserProcess> processes = {}; // In the order in which they were started; empty: nobody reads its sessions.
+    bool isReadWhole = true;              // False: it has windows of further processes, whose sessions nobody reads.
 
     bool operator==(const RunningBrowser &) const = default;
 };

@@ -136,7 +136,7 @@ BrowserWindows SessionTabs::Reading::windows() const
 TabReport SessionTabs::Reading::report(const RunningBrowser &running) const
 {
     const QDeadlineTimer end(patience);
-    TabReport report;
+    TabReport report{.isComplete = running.isReadWhole};
     Records records(running.browser, &report);
     qsizetype readProfiles = 0;
     for (const BrowserProcess &process : running.processes) {

@@ -127,6 +127,9 @@ TEST_CASE_FIXTURE(Identities,
     const WindowHints unknown{.windowClass = "Unknown", .processID = process};
 
     CHECK(idOfWindow(unknown) == "org.test.Secret");
+    // A copy of a program may call its windows as the other one does.
+    CHECK(idOfWindow({.windowClass = "Open", .processID = process}) == "org.test.Open");
+    CHECK(excludedBy("org.test.Secret", {.windowClass = "Open", .processID = process}) == "org.test.Secret");
     QFile::remove(program); // As an upgrade does.
     CHECK(ProcessFacts(process).program() == program);
     CHECK(ProcessFacts::isAnyRunning({"canary"}));

@@ -288,7 +288,8 @@ TEST_CASE_FIXTURE(Machine, "a browser under another name has one identifier for 
                              window(2, 51, "window-class/Work", "B - Chromium"),
                              window(3, 51, "crx_mail", "TOPSECRETPRIVATE - Chromium"),
                              window(4, 70, "org.gnome.Epiphany", "TOPSECRETPRIVATE"),
-                             window(5, 71, "window-class/LibreWolf", "TOPSECRETPRIVATE")};
+                             window(5, 71, "window-class/LibreWolf", "TOPSECRETPRIVATE"),
+                             window(7, 73, "google-chrome-beta", "TOPSECRETPRIVATE - Google Chrome")};
     live->append(LiveWindow{.processID = 72, .applicationID = "editor", .title = "notes", .windowID = 6});
 
     QStringList names;
@@ -300,13 +301,15 @@ TEST_CASE_FIXTURE(Machine, "a browser under another name has one identifier for 
     CHECK(records(chromium) == "1 1 http://h/b B\n");
     CHECK_FALSE(tabs.isRunning("com.google.Chrome"));
     CHECK(records({"google-chrome-beta", "Own"}) == "1 1 http://h/a A\n");
+    CHECK_FALSE(finish(tabs.openTabs({"google-chrome-beta", "Own"}, {})).isComplete); // A copy runs beside it.
+    CHECK(finish(tabs.openTabs(chromium, {})).isComplete);
     CHECK_THROWS_AS(records({"org.gnome.Epiphany", "GNOME Web"}), Failure);
 
     const BrowserWindows windows = finish(tabs.browserWindows());
-    CHECK(windows.size() == 5);
+    CHECK(windows.size() == 6);
     CHECK(windows.value(1) == ShownPage{"A - Google Chrome", {"http://h/a"}});
     CHECK(windows.value(2) == ShownPage{"B - Chromium", {"http://h/b"}});
-    for (const quint32 hidden : {3u, 4u, 5u})
+    for (const quint32 hidden : {3u, 4u, 5u, 7u})
         CHECK_MESSAGE(windows.value(hidden) == std::nullopt, hidden);
 }
 
