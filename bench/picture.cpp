@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Takes one screenshot and ends, as a command does: picture FILE [EXCLUDED APPLICATION…]. See picture.sh.
 #include "capture/CaptureService.h"
-#include "platform/linux/x11/X11ScreenCapture.h"
+#include "platform/linux/x11/pictures/X11ScreenCapture.h"
 #include "support/Failure.h"
 
 #include <QCoreApplication>

@@ -3,7 +3,7 @@
 // JSON parser that is handed the text of the Firefox session already unpacked.
 #include "bench/Bench.h"
 #include "capture/BrowserTabs.h"
-#include "platform/linux/common/SessionTabs.h"
+#include "platform/linux/browsers/SessionTabs.h"
 #include "support/Finish.h"
 #include "tests/platform/sessions/HistoryBytes.h"
 #include "tests/platform/sessions/SessionBytes.h"

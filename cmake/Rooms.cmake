@@ -22,10 +22,16 @@ function(ardeno_prepare target)
     target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}")
 endfunction()
 
-# ardeno_room(NAME LINKS TARGET…): the library of the folder it stands in, with every source below that folder.
+# ardeno_room(NAME LINKS TARGET…): the library of the folder it stands in, with every source below that folder but those
+# of the rooms in it.
 function(ardeno_room name)
     cmake_parse_arguments(room "" "" "LINKS;PRIVATE_LINKS" ${ARGN})
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+    file(GLOB_RECURSE inner "${CMAKE_CURRENT_SOURCE_DIR}/*/CMakeLists.txt")
+    foreach(room IN LISTS inner)
+        string(REGEX REPLACE "CMakeLists.txt$" "" folder "${room}")
+        list(FILTER sources EXCLUDE REGEX "^${folder}")
+    endforeach()
     if(sources)
         add_library(ardeno_${name} STATIC ${sources})
         ardeno_prepare(ardeno_${name})

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "capture/BrowserTabs.h"
-#include "platform/linux/common/SessionTabs.h"
-#include "platform/linux/x11/WindowTree.h"
-#include "platform/linux/x11/X11LiveWindows.h"
-#include "platform/linux/x11/X11Windows.h"
+#include "platform/linux/browsers/SessionTabs.h"
+#include "platform/linux/x11/windows/WindowTree.h"
+#include "platform/linux/x11/windows/X11LiveWindows.h"
+#include "platform/linux/x11/windows/X11Windows.h"
 #include "support/Finish.h"
 #include "tests/Printing.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/common/ApplicationIdentity.h"
+#include "platform/linux/applications/ApplicationIdentity.h"
 
-#include "platform/linux/common/ProcessFacts.h"
+#include "platform/linux/running/ProcessFacts.h"
 #include "tests/platform/linux/InstalledApplications.h"
 
 #include <QProcess>

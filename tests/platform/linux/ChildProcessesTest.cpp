@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/common/ChildProcesses.h"
+#include "platform/linux/running/ChildProcesses.h"
 
 #include <QTest>
 

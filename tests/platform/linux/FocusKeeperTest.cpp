@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/common/FocusKeeper.h"
+#include "platform/linux/applications/FocusKeeper.h"
 
 #include "support/Finish.h"
 

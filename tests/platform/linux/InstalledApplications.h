@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/linux/common/DesktopEntries.h"
+#include "platform/linux/applications/DesktopEntries.h"
 #include "tests/Printing.h"
 
 #include <doctest/doctest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/common/ProcessFacts.h"
+#include "platform/linux/running/ProcessFacts.h"
 
 #include "tests/Printing.h"
 

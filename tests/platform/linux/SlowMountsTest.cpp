@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/common/SlowMounts.h"
-#include "platform/linux/common/PathEntry.h"
+#include "platform/linux/files/SlowMounts.h"
+#include "platform/linux/files/PathEntry.h"
 
 #include <doctest/doctest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/x11/X11Struts.h"
+#include "platform/linux/x11/windows/X11Struts.h"
 
 #include <doctest/doctest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/common/LinuxMailProgram.h"
+#include "platform/linux/applications/LinuxMailProgram.h"
 #include "tests/Printing.h"
 
 #include <QDir>

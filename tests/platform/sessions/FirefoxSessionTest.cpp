@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/common/FirefoxSession.h"
+#include "platform/linux/browsers/FirefoxSession.h"
 
 #include "tests/Printing.h"
 #include "tests/platform/sessions/SessionBytes.h"

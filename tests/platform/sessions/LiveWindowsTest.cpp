@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/common/LiveWindows.h"
+#include "platform/linux/browsers/LiveWindows.h"
 
 #include "tests/Printing.h"
 

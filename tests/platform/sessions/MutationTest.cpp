@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/common/FirefoxSession.h"
-#include "platform/linux/common/SnssReader.h"
+#include "platform/linux/browsers/FirefoxSession.h"
+#include "platform/linux/browsers/SnssReader.h"
 #include "tests/Printing.h"
 #include "tests/platform/sessions/SessionBytes.h"
 

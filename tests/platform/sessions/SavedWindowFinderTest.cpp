@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/common/SavedWindowFinder.h"
+#include "platform/linux/browsers/SavedWindowFinder.h"
 
 #include "tests/Printing.h"
 

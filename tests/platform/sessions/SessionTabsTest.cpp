@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/common/SessionTabs.h"
+#include "platform/linux/browsers/SessionTabs.h"
 
-#include "platform/linux/common/SlowWork.h"
+#include "platform/linux/files/SlowWork.h"
 #include "support/Finish.h"
 #include "tests/Printing.h"
 #include "tests/platform/sessions/HistoryBytes.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/common/DesktopLaunch.h"
-#include "platform/linux/x11/WindowOwners.h"
-#include "platform/linux/x11/WindowTree.h"
-#include "platform/linux/x11/X11LiveWindows.h"
+#include "platform/linux/applications/DesktopLaunch.h"
+#include "platform/linux/x11/windows/WindowOwners.h"
+#include "platform/linux/x11/windows/WindowTree.h"
+#include "platform/linux/x11/windows/X11LiveWindows.h"
 #include "tests/platform/x11desktop/SessionFixture.h"
 
 #include <QSysInfo>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/x11/X11HotKeys.h"
+#include "platform/linux/x11/keys/X11HotKeys.h"
 #include "tests/Printing.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/support/FailureOf.h"

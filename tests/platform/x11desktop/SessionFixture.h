@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/linux/x11/X11WindowServer.h"
-#include "platform/linux/x11/X11Workspace.h"
+#include "platform/linux/x11/windows/X11WindowServer.h"
+#include "platform/linux/x11/windows/X11Workspace.h"
 #include "tests/Printing.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/desktop/TestWindow.h"

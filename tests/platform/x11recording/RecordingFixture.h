@@ -2,7 +2,7 @@
 #pragma once
 
 #include "capture/CaptureService.h"
-#include "platform/linux/x11/X11ScreenRecorder.h"
+#include "platform/linux/x11/recording/X11ScreenRecorder.h"
 #include "support/Finish.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/desktop/Video.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/x11recording/RecordingFixture.h"
 
-#include "platform/linux/x11/RunningProcesses.h"
-#include "platform/linux/x11/X11Workspace.h"
+#include "platform/linux/x11/windows/RunningProcesses.h"
+#include "platform/linux/x11/windows/X11Workspace.h"
 #include "tests/Printing.h"
 #include "tests/platform/x11screen/painter/PaintedWindow.h"
 

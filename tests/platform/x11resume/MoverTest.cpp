@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/x11/X11WindowMover.h"
+#include "platform/linux/x11/windows/X11WindowMover.h"
 
-#include "platform/linux/x11/X11Placement.h"
+#include "platform/linux/x11/windows/X11Placement.h"
 #include "support/Finish.h"
 #include "tests/Printing.h"
 #include "tests/desktop/Desktop.h"

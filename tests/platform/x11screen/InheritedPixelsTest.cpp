@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/x11/InheritedPixels.h"
+#include "platform/linux/x11/pictures/InheritedPixels.h"
 
 #include "tests/Printing.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "capture/CaptureService.h"
-#include "platform/linux/x11/X11ScreenCapture.h"
+#include "platform/linux/x11/pictures/X11ScreenCapture.h"
 
 #include <QImage>
 #include <QProcess>

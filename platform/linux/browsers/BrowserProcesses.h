@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/linux/browsers/BrowserIdentities.h"
+#include "support/Date.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace ardeno {
+
+// The main process of a running browser.
+struct BrowserProcess {
+    qint32 id = 0;
+    KnownBrowser browser = {};
+    Date startedAt = {};
+    // Full paths of the session files that it is writing (Chromium family, one for each profile with ordinary windows)
+    // or of the lock in its profile (Firefox). What a process holds open cannot be stale, as a lock file in a profile
+    // can.
+    QStringList openFiles = {};
+    QString folder = {};   // The process's own, below /proc.
+    bool isVisible = true; // False: the system does not show which files it has open.
+
+    bool operator==(const BrowserProcess &) const = default;
+};
+
+namespace BrowserProcesses {
+
+// The browser that a process is, one of its helpers included. Touches no file outside the process folder.
+std::optional<KnownBrowser> browserOf(qint32 processID, const QString &processFolder = "/proc");
+
+// Those of this user whose sessions can be read, in the order in which they were started. As above.
+QList<BrowserProcess> running(const QString &processFolder = "/proc");
+
+// Looks again at the files that it has open.
+void refresh(BrowserProcess &process);
+
+// A path of the process's as this program has to name it: a sandbox gives it a view of its own of the files. May wait
+// for a slow disk.
+QString reachablePath(const BrowserProcess &process, const QString &path);
+
+} // namespace BrowserProcesses
+
+} // namespace ardeno
