@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/linux/browsers/BrowserIdentities.h"
+#include "platform/linux/running/ProcessFacts.h"
 #include "support/Date.h"
 
 #include <QList>
@@ -21,18 +22,16 @@ struct BrowserProcess {
     // or of the lock in its profile (Firefox). What a process holds open cannot be stale, as a lock file in a profile
     // can.
     QStringList openFiles = {};
-    QString folder = {};   // The process's own, below /proc.
     bool isVisible = true; // False: the system does not show which files it has open.
-
-    bool operator==(const BrowserProcess &) const = default;
+    ProcessFacts facts = ProcessFacts(0);
 };
 
 namespace BrowserProcesses {
 
-// The browser that a process is, one of its helpers included. Touches no file outside the process folder.
-std::optional<KnownBrowser> browserOf(qint32 processID, const QString &processFolder = "/proc");
+// The browser that a process is, one of its helpers included.
+std::optional<KnownBrowser> browserOf(qint32 processID);
 
-// Those of this user whose sessions can be read, in the order in which they were started. As above.
+// Those of this user whose sessions can be read, in the order in which they were started.
 QList<BrowserProcess> running(const QString &processFolder = "/proc");
 
 // Looks again at the files that it has open.

@@ -3,7 +3,6 @@
 
 #include "desktop/Workspace.h"
 
-#include <QFile>
 #include <QMap>
 
 #include <algorithm>
@@ -18,11 +17,8 @@ constexpr double timeToShowWindow = 15; // Seconds.
 // Whether it has been started on this desktop and may have yet to show a window.
 bool isStarting(const BrowserProcess &process)
 {
-    constexpr qint64 longest = 1 << 20;
-    QFile environment(process.folder + "/environ");
     return Date::now().seconds - process.startedAt.seconds < timeToShowWindow &&
-           environment.open(QIODevice::ReadOnly) &&
-           environment.read(longest).split('\0').contains("DISPLAY=" + qgetenv("DISPLAY"));
+           process.facts.variable("DISPLAY") == qgetenv("DISPLAY");
 }
 
 Browser browserNamed(const QString &id, const QString &windowsName, const KnownBrowser &known)

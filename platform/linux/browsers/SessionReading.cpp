@@ -17,7 +17,7 @@ BrowserSession SessionReading::read(const BrowserProcess &process, BrowserFamily
     SlowMounts &mounts = SlowMounts::ofMachine();
     const auto isSlow = [&](const QString &path) { return mounts.isSlow(QFile::encodeName(path)); };
     const auto slow = std::find_if(process.openFiles.begin(), process.openFiles.end(), isSlow);
-    const QString profile = slow == process.openFiles.end() ? process.folder : *slow;
+    const QString profile = slow == process.openFiles.end() ? process.facts.folder() : *slow;
     const auto question = [process, family] {
         return family == BrowserFamily::Firefox ? FirefoxSession::read(process) : ChromiumSession::read(process);
     };

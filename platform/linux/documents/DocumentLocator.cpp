@@ -2,11 +2,11 @@
 #include "platform/linux/documents/DocumentLocator.h"
 
 #include "platform/linux/documents/DocumentServices.h"
-#include "platform/linux/running/OpenFiles.h"
+#include "platform/linux/documents/WindowTitles.h"
 #include "platform/linux/files/PathEntry.h"
 #include "platform/linux/files/PathText.h"
+#include "platform/linux/running/OpenFiles.h"
 #include "platform/linux/running/ProcessFacts.h"
-#include "platform/linux/documents/WindowTitles.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -136,11 +136,12 @@ private:
     {
         if (m_recentlyUsed)
             return *m_recentlyUsed;
-        constexpr qint64 slack = 3; // Seconds; both times are rounded.
-        const QDateTime start = ProcessFacts(static_cast<qint32>(m_processID)).startTime().addSecs(-slack);
+        constexpr double slack = 3; // Seconds; both times are rounded.
+        const auto start = ProcessFacts(static_cast<qint32>(m_processID)).startTime();
         m_recentlyUsed = QStringList();
         for (const RecentDocument &document : m_locator.recentDocuments()) {
-            if (start.isValid() && document.lastUsed >= start && isUser(document) && PathText::isFile(document.path))
+            const bool isLater = start && Date::fromDateTime(document.lastUsed).seconds >= start->seconds - slack;
+            if (isLater && isUser(document) && PathText::isFile(document.path))
                 m_recentlyUsed->append(document.path);
         }
         return *m_recentlyUsed;

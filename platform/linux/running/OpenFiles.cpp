@@ -3,30 +3,20 @@
 
 #include "platform/linux/files/PathEntry.h"
 #include "platform/linux/files/PathText.h"
+#include "platform/linux/running/ProcessFacts.h"
 
 #include <QByteArray>
 #include <QFile>
 
-#include <array>
 #include <chrono>
-#include <climits>
-#include <dirent.h>
-#include <memory>
+
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace ardeno {
 
 namespace {
 
 constexpr std::chrono::milliseconds timeForDisk(300);
-
-QByteArray linkTarget(const QByteArray &link)
-{
-    std::array<char, PATH_MAX> buffer;
-    const ssize_t length = ::readlink(link.constData(), buffer.data(), buffer.size());
-    return length > 0 ? QByteArray(buffer.data(), length) : QByteArray();
-}
 
 // "inotify wd:1 ino:9e7e sdev:800013 mask:…", one line for each watch.
 void readWatches(const QByteArray &path, OpenFiles *found)
@@ -65,20 +55,19 @@ void readFile(const QByteArray &link, const QByteArray &target, OpenFiles *found
 
 OpenFiles OpenFiles::of(qint64 processID)
 {
-    constexpr int most = 4096;
     OpenFiles found;
-    const QByteArray process = "/proc/" + QByteArray::number(processID);
-    const std::unique_ptr<DIR, int (*)(DIR *)> folder(::opendir((process + "/fd").constData()), ::closedir);
-    int count = 0;
-    for (const dirent *entry = nullptr; folder && count < most && (entry = ::readdir(folder.get())); ++count) {
-        const QByteArray link = process + "/fd/" + entry->d_name;
-        const QByteArray target = linkTarget(link);
+    const ProcessFacts process(static_cast<qint32>(processID));
+    const QByteArray folder = QFile::encodeName(process.folder());
+    const QMap<int, QByteArray> descriptors = process.descriptors().value_or(QMap<int, QByteArray>());
+    for (auto descriptor = descriptors.begin(); descriptor != descriptors.end(); ++descriptor) {
+        const QByteArray number = QByteArray::number(descriptor.key());
+        const QByteArray target = descriptor.value();
         if (target == "anon_inode:inotify")
-            readWatches(process + "/fdinfo/" + entry->d_name, &found);
+            readWatches(folder + "/fdinfo/" + number, &found);
         else if (target == "/dev/ptmx" || target == "/dev/pts/ptmx")
             found.runsTerminal = true;
         else if (target.startsWith('/') && !target.startsWith("/dev/") && !target.startsWith("/memfd:"))
-            readFile(link, target, &found);
+            readFile(folder + "/fd/" + number, target, &found);
     }
     return found;
 }

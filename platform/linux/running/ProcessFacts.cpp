@@ -13,7 +13,9 @@
 #include <array>
 #include <climits>
 #include <ctime>
-#include <optional>
+#include <filesystem>
+#include <system_error>
+
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -61,25 +63,35 @@ QStringList meanings(const QByteArray &word, const QSet<QByteArray> &folders)
 QByteArray ProcessFacts::read(const char *file) const
 {
     constexpr qint64 longest = 1 << 20;
-    QFile opened(u"/proc/%1/%2"_qs.arg(m_processID).arg(QLatin1String(file)));
+    QFile opened(m_folder + '/' + file);
     return opened.open(QIODevice::ReadOnly) ? opened.read(longest) : QByteArray();
 }
 
 // Qt would look at what the link leads to, which may lie on a disk that does not answer.
-QString ProcessFacts::link(const char *name) const
+QByteArray ProcessFacts::link(const QByteArray &name) const
 {
     std::array<char, PATH_MAX> text;
-    const QByteArray path = "/proc/" + QByteArray::number(m_processID) + '/' + name;
+    const QByteArray path = QFile::encodeName(m_folder) + '/' + name;
     const ssize_t length = ::readlink(path.constData(), text.data(), text.size());
-    return length > 0 ? QFile::decodeName(QByteArray(text.data(), length)) : QString();
+    return length > 0 ? QByteArray(text.data(), length) : QByteArray();
+}
+
+QList<qint32> ProcessFacts::running(const QString &processes)
+{
+    QList<qint32> numbers;
+    for (const QString &name : QDir(processes).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        if (const qint32 number = name.toInt(); number > 0)
+            numbers.append(number);
+    }
+    return numbers;
 }
 
 QString ProcessFacts::program() const
 {
     constexpr QLatin1String replaced(" (deleted)"); // By a newer version.
-    const QString path = link("exe");
+    const QString path = QFile::decodeName(link("exe"));
     if (path.isEmpty())
-        return QFile::decodeName(read("cmdline").split('\0').first());
+        return QFile::decodeName(commandLine().split('\0').first());
     return path.endsWith(replaced) ? path.chopped(replaced.size()) : path;
 }
 
@@ -88,10 +100,15 @@ QString ProcessFacts::name() const
     return QString::fromLocal8Bit(read("comm").trimmed());
 }
 
+QByteArray ProcessFacts::commandLine() const
+{
+    return read("cmdline");
+}
+
 QStringList ProcessFacts::arguments() const
 {
     QStringList words;
-    for (const QByteArray &word : read("cmdline").split('\0'))
+    for (const QByteArray &word : commandLine().split('\0'))
         words.append(QString::fromLocal8Bit(word));
     if (!words.isEmpty())
         words.removeFirst();
@@ -101,9 +118,9 @@ QStringList ProcessFacts::arguments() const
 // Where the process is and where it was started; each ends in a slash.
 QSet<QByteArray> ProcessFacts::workingFolders() const
 {
-    const QString current = link("cwd");
+    const QByteArray current = link("cwd");
     QSet<QByteArray> folders;
-    for (const QByteArray &folder : {current.toUtf8(), environmentValue(read("environ"), "PWD")}) {
+    for (const QByteArray &folder : {current, variable("PWD")}) {
         if (folder.startsWith('/'))
             folders.insert(folder + '/');
     }
@@ -115,7 +132,7 @@ QStringList ProcessFacts::pathArguments() const
     constexpr qsizetype most = 512;
     const QSet<QByteArray> folders = workingFolders();
     QStringList paths;
-    for (const QByteArray &word : read("cmdline").split('\0').mid(1, most)) {
+    for (const QByteArray &word : commandLine().split('\0').mid(1, most)) {
         for (const QString &path : meanings(word, folders)) {
             if ((PathText::isFile(path) || PathText::isFolder(path)) && !paths.contains(path))
                 paths.append(path);
@@ -124,16 +141,50 @@ QStringList ProcessFacts::pathArguments() const
     return paths;
 }
 
-QDateTime ProcessFacts::startTime() const
+quint64 ProcessFacts::startTicks() const
+{
+    constexpr qsizetype startField = 19; // Counted from the state, behind the name, which may hold anything.
+    const QByteArray facts = read("stat");
+    return facts.mid(facts.lastIndexOf(')') + 2).split(' ').value(startField).toULongLong();
+}
+
+std::optional<Date> ProcessFacts::startTime() const
 {
     const QByteArray facts = read("stat");
-    const QList<QByteArray> fields = facts.mid(facts.lastIndexOf(')') + 2).split(' ');
-    constexpr qsizetype startField = 19; // Counted from the state; in ticks since the machine was started.
-    struct timespec sinceBoot = {};
-    if (fields.size() <= startField || ::clock_gettime(CLOCK_BOOTTIME, &sinceBoot) != 0)
-        return {};
-    const qint64 age = sinceBoot.tv_sec - fields[startField].toLongLong() / ::sysconf(_SC_CLK_TCK);
-    return QDateTime::currentDateTimeUtc().addSecs(-age);
+    timespec sinceBoot = {};
+    if (facts.isEmpty() || ::clock_gettime(CLOCK_BOOTTIME, &sinceBoot) != 0)
+        return std::nullopt;
+    const double start = static_cast<double>(startTicks()) / static_cast<double>(::sysconf(_SC_CLK_TCK));
+    return Date{Date::now().seconds - static_cast<double>(sinceBoot.tv_sec) + start};
+}
+
+bool ProcessFacts::isOwn() const
+{
+    struct stat facts = {};
+    return ::stat(QFile::encodeName(m_folder).constData(), &facts) == 0 && facts.st_uid == ::getuid();
+}
+
+QByteArray ProcessFacts::variable(const QByteArray &name) const
+{
+    return environmentValue(read("environ"), name);
+}
+
+// Unlike QDir, this does not look at what the links lead to.
+std::optional<QMap<int, QByteArray>> ProcessFacts::descriptors() const
+{
+    constexpr int most = 4096;
+    std::error_code error;
+    const std::filesystem::directory_iterator numbers((m_folder + "/fd").toStdString(), error);
+    if (error)
+        return std::nullopt;
+    QMap<int, QByteArray> targets;
+    for (const auto &entry : numbers) {
+        const auto number = QByteArray::fromStdString(entry.path().filename().string());
+        targets.insert(number.toInt(), link("fd/" + number));
+        if (targets.size() == most)
+            break;
+    }
+    return targets;
 }
 
 QString ProcessFacts::launchedDesktopFileID() const
@@ -158,17 +209,17 @@ QString ProcessFacts::scopeApplicationID() const
 
 bool ProcessFacts::isAnyRunning(const QSet<QString> &programs)
 {
-    const QStringList processes = QDir("/proc").entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    return std::any_of(processes.begin(), processes.end(), [&](const QString &number) {
-        const ProcessFacts facts(number.toInt());
+    const QList<qint32> processes = running();
+    return std::any_of(processes.begin(), processes.end(), [&](qint32 number) {
+        const ProcessFacts facts(number);
         struct stat status = {};
-        if (facts.m_processID == 0 || ::stat(("/proc/" + number.toLatin1()).constData(), &status) != 0)
+        if (::stat(QFile::encodeName(facts.m_folder).constData(), &status) != 0)
             return false;
         // A process that hides its memory belongs to root there, and is looked at all the same.
-        const bool isOwn = status.st_uid == ::getuid() || status.st_uid == 0;
+        const bool mayBeOwn = status.st_uid == ::getuid() || status.st_uid == 0;
         const QString script = facts.arguments().value(0).section('/', -1);
-        return isOwn && (programs.contains(facts.program().section('/', -1)) || programs.contains(facts.name()) ||
-                         programs.contains(script));
+        return mayBeOwn && (programs.contains(facts.program().section('/', -1)) || programs.contains(facts.name()) ||
+                            programs.contains(script));
     });
 }
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/pictures/WindowChoice.h"
 
+#include "platform/linux/running/ProcessFacts.h"
 #include "platform/linux/x11/pictures/ServerGrab.h"
 #include "platform/linux/x11/windows/WindowTree.h"
 #include "platform/linux/x11/windows/X11Property.h"
 
-#include <QByteArray>
 #include <QHash>
 
 #include <algorithm>
@@ -16,14 +16,6 @@
 namespace ardeno {
 
 namespace {
-
-QByteArray programOf(qint32 processID)
-{
-    const QByteArray link = "/proc/" + QByteArray::number(processID) + "/exe";
-    char path[4096];
-    const ssize_t length = readlink(link.constData(), path, sizeof path);
-    return length > 0 ? QByteArray(path, length) : QByteArray();
-}
 
 // The connections to the server, each with the process at its other end; a window's number tells its connection.
 class Connections final {
@@ -38,10 +30,10 @@ public:
     // Those of this process and of others that run the same program.
     QSet<quint32> own() const
     {
-        const QByteArray program = programOf(getpid());
+        const QString program = ProcessFacts(getpid()).program();
         QSet<quint32> found;
         for (auto process = m_processes.cbegin(); process != m_processes.cend(); ++process) {
-            if (*process == getpid() || (!program.isEmpty() && programOf(*process) == program))
+            if (*process == getpid() || (!program.isEmpty() && ProcessFacts(*process).program() == program))
                 found.insert(process.key());
         }
         return found;

@@ -1,41 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/windows/RunningProcesses.h"
 
-#include <QByteArray>
-#include <QFile>
+#include "platform/linux/running/ProcessFacts.h"
+
 #include <QList>
 
 #include <xcb/res.h>
 
 namespace ardeno {
 
-namespace {
-
-// 0 when the process has ended.
-quint64 startTimeOf(qint32 processID)
-{
-    constexpr qsizetype position = 19; // Of the field, counted after the program's name, which may hold anything.
-    QFile file(u"/proc/%1/stat"_qs.arg(processID));
-    if (!file.open(QIODevice::ReadOnly))
-        return 0;
-    const QByteArray text = file.readAll();
-    return text.mid(text.lastIndexOf(')') + 2).split(' ').value(position).toULongLong();
-}
-
-} // namespace
-
 RunningProcesses RunningProcesses::of(const X11Connection &connection)
 {
     RunningProcesses running;
     for (const qint32 processID : connectedProcesses(connection))
-        running.m_startTimes.insert(processID, startTimeOf(processID));
+        running.m_startTimes.insert(processID, ProcessFacts(processID).startTicks());
     return running;
 }
 
 bool RunningProcesses::contains(qint32 processID) const
 {
     const quint64 startTime = m_startTimes.value(processID);
-    return startTime != 0 && startTime == startTimeOf(processID);
+    return startTime != 0 && startTime == ProcessFacts(processID).startTicks();
 }
 
 QHash<quint32, qint32> connectedProcesses(const X11Connection &connection)
