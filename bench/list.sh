@@ -54,8 +54,8 @@ status=0
 row() {
     awk -v figure="$1" -v own="$2" -v peer="$3" -v other="$4" -v limit="$5" 'BEGIN {
         missed = own / other > limit
-        printf "%-30s %6.0f ms  %s, %.0f ms  %5.2f  limit %s%s\n", figure, own * 1000, peer, other * 1000, own / other,
-            limit, missed ? "  MISSED" : ""
+        printf "%-38s %9.0f ms %24s %7.0f ms %8.3f %8.3f  %s\n", figure, own * 1000, peer, other * 1000, own / other,
+            limit, missed ? "NOT MET" : "met"
         exit missed }' || status=1
 }
 

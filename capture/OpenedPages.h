@@ -24,7 +24,7 @@ public:
     // forgotten.
     void remember(const QString &browserID, const QList<SavedTab> &tabs, Date now = Date::now());
     // Which of these tabs must count as open although the browser's own list does not say so yet. What was opened with
-    // a browser that has ended is open no more.
+    // a browser that has ended is no longer open.
     QSet<QString> pendingKeys(const QList<SavedTab> &tabs, const WorkspaceCapture::OpenTabs &open,
                               Date now = Date::now()) const;
 

@@ -65,7 +65,7 @@ std::optional<WindowRect> WindowPlacement::fit(const SavedWindow &saved, const Q
     }
     frame.width = std::min(std::max(frame.width, narrowest), to.width);
     frame.height = std::min(std::max(frame.height, lowest), to.height);
-    // In this order a place that is no number becomes the top left.
+    // std::max(to.x, NaN) is to.x: a damaged coordinate becomes the display's top left.
     frame.x = std::min(std::max(to.x, frame.x), to.maxX() - frame.width);
     frame.y = std::min(std::max(to.y, frame.y), to.maxY() - frame.height);
     return frame;

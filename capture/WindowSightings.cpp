@@ -5,7 +5,7 @@ namespace ardeno::WindowLayout {
 
 namespace {
 
-// Milliseconds after which a window's place is its own no more: whoever moves it then is the user.
+// Milliseconds after which a move is the user's and no longer the application's.
 constexpr qint64 timeToSettle = 400;
 
 } // namespace

@@ -108,7 +108,8 @@ bool makePlain(VipsImagePointer &image)
     return vips_image_get_bands(image.get()) == 3;
 }
 
-// Pictures that are cut short are refused, mere warnings are not. The property of that name is lost on its way here.
+// Truncated pictures are refused, mere warnings are not. As an option in the file's name, because the property
+// "fail_on" does not reach the loader when it reads from a custom source.
 constexpr auto loaderOptions = "[fail_on=error]";
 
 ImageOutcome readRows(VipsSource *source, bool hasProfile, const ImageJob &job)

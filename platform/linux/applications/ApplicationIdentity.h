@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/linux/browsers/BrowserIdentities.h"
 #include "platform/linux/applications/DesktopEntries.h"
+#include "platform/linux/browsers/BrowserIdentities.h"
 
 #include <QHash>
 #include <QSet>

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "desktop/Launcher.h"
-#include "platform/linux/running/ChildProcesses.h"
 #include "platform/linux/applications/DesktopEntries.h"
 #include "platform/linux/applications/DesktopLaunch.h"
 #include "platform/linux/applications/FocusKeeper.h"
 #include "platform/linux/browsers/SavedWindowFinder.h"
+#include "platform/linux/running/ChildProcesses.h"
 
 #include <functional>
 #include <memory>

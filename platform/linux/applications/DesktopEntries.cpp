@@ -3,8 +3,8 @@
 
 #include "desktop/Workspace.h"
 #include "platform/linux/applications/ApplicationNames.h"
-#include "platform/linux/browsers/BrowserIdentities.h"
 #include "platform/linux/applications/DesktopIndex.h"
+#include "platform/linux/browsers/BrowserIdentities.h"
 #include "platform/linux/files/PathEntry.h"
 
 #include <gio/gdesktopappinfo.h>

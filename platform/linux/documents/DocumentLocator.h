@@ -2,10 +2,10 @@
 #pragma once
 
 #include "desktop/WindowLocation.h"
-#include "platform/linux/documents/AccessibleDocuments.h"
-#include "platform/linux/running/LiveWindow.h"
-#include "platform/linux/documents/RecentDocuments.h"
 #include "platform/linux/bus/SessionBus.h"
+#include "platform/linux/documents/AccessibleDocuments.h"
+#include "platform/linux/documents/RecentDocuments.h"
+#include "platform/linux/running/LiveWindow.h"
 
 #include <QList>
 #include <QStringList>

@@ -2,11 +2,11 @@
 #include "platform/linux/documents/FileManagers.h"
 
 #include "platform/linux/documents/KnownFolders.h"
-#include "platform/linux/running/OpenFiles.h"
+#include "platform/linux/documents/WindowTitles.h"
 #include "platform/linux/files/PathEntry.h"
 #include "platform/linux/files/PathText.h"
+#include "platform/linux/running/OpenFiles.h"
 #include "platform/linux/running/ProcessFacts.h"
-#include "platform/linux/documents/WindowTitles.h"
 
 #include <QDir>
 #include <QSet>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "desktop/WindowLocation.h"
-#include "platform/linux/running/LiveWindow.h"
 #include "platform/linux/bus/SessionBus.h"
+#include "platform/linux/running/LiveWindow.h"
 
 #include <QHash>
 #include <QList>

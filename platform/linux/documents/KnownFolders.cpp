@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/documents/KnownFolders.h"
 
+#include "platform/linux/documents/RecentDocuments.h"
 #include "platform/linux/files/PathEntry.h"
 #include "platform/linux/files/PathText.h"
-#include "platform/linux/documents/RecentDocuments.h"
 
 #include <QByteArray>
 #include <QByteArrayList>

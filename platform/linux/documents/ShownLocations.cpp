@@ -3,8 +3,8 @@
 
 #include "platform/linux/documents/DocumentLocator.h"
 #include "platform/linux/documents/FileManagers.h"
-#include "platform/linux/running/OpenFiles.h"
 #include "platform/linux/files/SlowWork.h"
+#include "platform/linux/running/OpenFiles.h"
 
 #include <QMap>
 

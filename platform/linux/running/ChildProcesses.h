@@ -23,7 +23,7 @@ public:
     void add(pid_t process, const FailedStart &ifFails, std::function<void()> whenFailed);
     bool isRunning(pid_t process) const;
     // Those that have ended with an error since they were added or since the last call. How those that still run will
-    // end is nobody's concern any more: their user may end them in any way.
+    // end is not watched: their user may end them in any way.
     QList<FailedStart> takeFailures();
 
 private:

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/applications/DesktopEntries.h"
 
-#include "platform/linux/browsers/BrowserIdentities.h"
 #include "platform/linux/applications/DesktopFileSummary.h"
+#include "platform/linux/browsers/BrowserIdentities.h"
 #include "tests/platform/linux/InstalledApplications.h"
 
 using namespace ardeno;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/documents/FileManagers.h"
-#include "platform/linux/running/OpenFiles.h"
-#include "platform/linux/files/PathText.h"
-#include "platform/linux/documents/RecentDocuments.h"
 #include "platform/linux/bus/SessionBus.h"
+#include "platform/linux/documents/FileManagers.h"
+#include "platform/linux/documents/RecentDocuments.h"
 #include "platform/linux/documents/WindowTitles.h"
+#include "platform/linux/files/PathText.h"
+#include "platform/linux/running/OpenFiles.h"
 
 #include "tests/Printing.h"
 

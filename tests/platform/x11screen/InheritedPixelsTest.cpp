@@ -53,7 +53,7 @@ TEST_CASE_FIXTURE(Fixture, "what a window has inherited it hands on")
     pixels.add(third, QRect(60, 10, 10, 10), false);
     pixels.map(third);
 
-    // The first window has gone, but its number proves nothing any more.
+    // The first window has gone, and its number may be another one's.
     CHECK(areaOf(pixels.untrusted(third, {secret, open, third})) == 10 * 10);
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/keys/X11HotKeys.h"
 
-#include "platform/linux/x11/windows/X11Event.h"
 #include "platform/linux/x11/keys/X11KeyMap.h"
+#include "platform/linux/x11/windows/X11Event.h"
 
 #include <cstdlib>
 #include <utility>
@@ -81,7 +81,7 @@ void X11HotKeys::grab()
         isRefused = isRefused || error;
     }
     if (!isRefused && m_connection->isAlive()) {
-        // What came together with the answers makes no noise any more.
+        // Events that were read together with the replies are queued: the socket will not signal them again.
         QMetaObject::invokeMethod(m_notifier.get(), [this] { readEvents(); }, Qt::QueuedConnection);
         return;
     }

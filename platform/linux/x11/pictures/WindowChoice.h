@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/linux/x11/windows/RunningProcesses.h"
-#include "platform/linux/x11/windows/WindowOwners.h"
 #include "platform/linux/x11/pictures/X11Region.h"
 #include "platform/linux/x11/pictures/X11TopLevels.h"
+#include "platform/linux/x11/windows/RunningProcesses.h"
+#include "platform/linux/x11/windows/WindowOwners.h"
 
 #include <QList>
 #include <QSet>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "desktop/ScreenCapture.h"
-#include "platform/linux/x11/windows/X11Connection.h"
 #include "platform/linux/x11/pictures/X11PixelFetch.h"
+#include "platform/linux/x11/windows/X11Connection.h"
 
 #include <QList>
 #include <QRect>

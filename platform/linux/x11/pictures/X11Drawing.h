@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/linux/x11/windows/X11Connection.h"
 #include "platform/linux/x11/pictures/X11Region.h"
+#include "platform/linux/x11/windows/X11Connection.h"
 
 #include <QHash>
 #include <QSize>

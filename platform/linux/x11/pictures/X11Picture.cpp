@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/pictures/X11Picture.h"
 
-#include "platform/linux/x11/windows/X11Displays.h"
-#include "platform/linux/x11/windows/X11Event.h"
 #include "platform/linux/x11/pictures/X11PixelFetch.h"
 #include "platform/linux/x11/pictures/X11Scene.h"
+#include "platform/linux/x11/windows/X11Displays.h"
+#include "platform/linux/x11/windows/X11Event.h"
 #include "support/Failure.h"
 
 #include <algorithm>

@@ -3,11 +3,11 @@
 
 #include "platform/linux/x11/pictures/InheritedPixels.h"
 #include "platform/linux/x11/pictures/ServerGrab.h"
-#include "platform/linux/x11/windows/X11Connection.h"
 #include "platform/linux/x11/pictures/X11DrawingWatch.h"
 #include "platform/linux/x11/pictures/X11Extensions.h"
 #include "platform/linux/x11/pictures/X11Region.h"
 #include "platform/linux/x11/pictures/X11TopLevels.h"
+#include "platform/linux/x11/windows/X11Connection.h"
 
 #include <QHash>
 #include <QList>
@@ -18,7 +18,26 @@
 namespace ardeno {
 
 // Gives every top-level window a pixmap of its own, so that pictures can leave windows out, and follows from the order
-// of the server's events what these pixmaps have inherited from the screen.
+// of the server's events what these pixmaps have inherited from the screen. What is known of an area of a pixmap:
+//
+//   the window gets a pixmap over others          the window lay over others when the redirection began
+//   (it is mapped or resized)                     (it may have been drawn since, or never)
+//               |                                              |
+//               v                                              v
+//          INHERITED  <-------------- askToDraw() ------- UNWATCHED
+//               |                                              |
+//               +---------------- the owner draws -------------+
+//                                      |
+//                                      v
+//                                     OWN
+//
+// An OWN area is shown. The others belong to the windows they may come from: they are shown only while all of these
+// are, and are grey otherwise (untrusted()). What was uncovered when the redirection began is AWAITED besides: pictures
+// wait for its owner for a moment (patience()) before they take it as it is. Drawing by the server alone (backgrounds)
+// counts for areas that are inherited, not for those that are awaited.
+//
+// X11RedirectionHold follows the events for as long as it lives. X11RedirectionKeeper lets a process have one at most:
+// none -> kept (prepareExclusion) or used (a picture, a recording) -> none when nobody needs it.
 class X11Redirection final {
 public:
     using Clock = InheritedPixels::Clock;

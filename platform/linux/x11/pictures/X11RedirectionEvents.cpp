@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/x11/windows/X11Event.h"
 #include "platform/linux/x11/pictures/X11Redirection.h"
+#include "platform/linux/x11/windows/X11Event.h"
 
 // What the server reports, and what it means for the windows' pixmaps.
 namespace ardeno {

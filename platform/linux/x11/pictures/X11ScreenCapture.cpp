@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/pictures/X11ScreenCapture.h"
 
-#include "platform/linux/x11/windows/X11Displays.h"
 #include "platform/linux/x11/pictures/X11Picture.h"
+#include "platform/linux/x11/windows/X11Displays.h"
 #include "support/Failure.h"
 #include "support/InWorker.h"
 

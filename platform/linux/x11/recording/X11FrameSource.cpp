@@ -3,8 +3,8 @@
 
 #include "desktop/RecordingLayout.h"
 #include "platform/linux/x11/pictures/X11Cursor.h"
-#include "platform/linux/x11/windows/X11Displays.h"
 #include "platform/linux/x11/pictures/X11TopLevels.h"
+#include "platform/linux/x11/windows/X11Displays.h"
 
 #include <algorithm>
 #include <utility>

@@ -4,9 +4,9 @@
 #include "desktop/ScreenRecorder.h"
 #include "platform/linux/applications/DesktopEntries.h"
 #include "platform/linux/x11/pictures/X11Composition.h"
-#include "platform/linux/x11/recording/X11FrameBuffer.h"
 #include "platform/linux/x11/pictures/X11RedirectionKeeper.h"
 #include "platform/linux/x11/pictures/X11ScreenChanges.h"
+#include "platform/linux/x11/recording/X11FrameBuffer.h"
 
 #include <chrono>
 #include <memory>

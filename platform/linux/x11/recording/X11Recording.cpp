@@ -64,7 +64,7 @@ void X11Recording::run()
         problem = Failure::system(ENOMEM);
     }
     m_source.reset();
-    // What there is is completed also when the screen has gone; the first reason is the one that counts.
+    // The file is finished even when the screen has gone, so that it can be played. The first failure is reported.
     try {
         m_writer->finish(elapsed());
     } catch (const Failure &failure) {

@@ -2,12 +2,12 @@
 #include "platform/linux/x11/recording/X11ScreenRecorder.h"
 
 #include "media/VideoWriter.h"
+#include "platform/linux/x11/pictures/X11Extensions.h"
+#include "platform/linux/x11/pictures/X11TopLevels.h"
+#include "platform/linux/x11/recording/X11Recording.h"
 #include "platform/linux/x11/windows/WindowOwners.h"
 #include "platform/linux/x11/windows/WindowTree.h"
 #include "platform/linux/x11/windows/X11Displays.h"
-#include "platform/linux/x11/pictures/X11Extensions.h"
-#include "platform/linux/x11/recording/X11Recording.h"
-#include "platform/linux/x11/pictures/X11TopLevels.h"
 #include "support/Failure.h"
 #include "support/InWorker.h"
 

@@ -135,7 +135,7 @@ void X11Workspace::setChangeHandler(std::function<void()> handler)
     try {
         m_watch = std::make_unique<X11ClientWatch>(std::move(handler));
     } catch (const Failure &) {
-        // A display that has gone changes no more.
+        // A display that has gone does not change.
     }
 }
 
