@@ -36,19 +36,6 @@ constexpr auto safariBody = uR"("
     return resultText
 end tell)";
 
-constexpr auto finderBody = uR"("
-    set resultText to ""
-    repeat with i from 1 to count windows
-        try
-            set currentWindow to window i
-            set itemPath to POSIX path of ((target of currentWindow) as text)
-            set itemTitle to name of (target of currentWindow)
-            set resultText to resultText & itemTitle & ASCII character 31 & itemPath & ASCII character 30
-        end try
-    end repeat
-    return resultText
-end tell)";
-
 constexpr auto openTabBody = uR"("
     try
         make new tab at end of tabs of window id "%1" with properties {URL:"%2"}
@@ -78,11 +65,6 @@ QString AppleScripts::openTabs(const Browser &browser)
         break;
     }
     return told(browser.id, QString::fromUtf16(safariBody).replace("(name of t)", "(title of t)"));
-}
-
-QString AppleScripts::finderLocations()
-{
-    return told("com.apple.finder", QString::fromUtf16(finderBody));
 }
 
 QString AppleScripts::openTabInSavedWindow(const SavedTab &tab, const QString &browserID)

@@ -12,10 +12,6 @@ namespace ardeno::AppleScripts {
 // Answers the open tabs of a browser in the format of TabRecords. Only the Chromium script leaves out private windows.
 QString openTabs(const Browser &browser);
 
-// Answers the title and the path of the folder of each window of Finder: two fields a record, separated like those of
-// tabs.
-QString finderLocations();
-
 // Opens the tab's page in the window it was saved from, found by the browser's identifier of it, else by its number.
 // The tab has a safe address.
 QString openTabInSavedWindow(const SavedTab &tab, const QString &browserID);

@@ -115,11 +115,6 @@ QCoro::Task<QList<SavedWindow>> withLocations(QList<SavedWindow> layout, const D
 
 } // namespace
 
-QList<WindowLayout::DisplayEntry> WindowLayout::currentDisplays(WindowServer &server)
-{
-    return entries(server.displays());
-}
-
 std::optional<qsizetype> WindowLayout::bestDisplay(const WindowRect &frame, const QList<DisplayEntry> &displays)
 {
     if (displays.isEmpty())

@@ -23,9 +23,6 @@ struct DisplayEntry {
     bool operator==(const DisplayEntry &) const = default;
 };
 
-// In the desktop's own order.
-QList<DisplayEntry> currentDisplays(WindowServer &server);
-
 // The index of the display that holds the largest part of the frame, the earlier one when two hold as much. Absent
 // when there is no display.
 std::optional<qsizetype> bestDisplay(const WindowRect &frame, const QList<DisplayEntry> &displays);

@@ -84,16 +84,6 @@ RenderPicture::RenderPicture(const X11Connection &connection, const RenderFormat
     xcb_render_create_picture(xcb, m_picture, m_drawable, formats.withAlpha(), 0, nullptr);
 }
 
-RenderPicture RenderPicture::constantAlpha(const X11Connection &connection, quint16 alpha)
-{
-    RenderPicture picture;
-    picture.m_connection = &connection;
-    picture.m_picture = xcb_generate_id(connection.xcb());
-    const xcb_render_color_t colour = {0, 0, 0, alpha};
-    xcb_render_create_solid_fill(connection.xcb(), picture.m_picture, colour);
-    return picture;
-}
-
 RenderPicture::RenderPicture(RenderPicture &&other) noexcept
 {
     *this = std::move(other);

@@ -38,8 +38,6 @@ public:
     RenderPicture(const X11Connection &connection, xcb_drawable_t drawable, xcb_render_pictformat_t format, Owns owns);
     // A new pixmap with alpha. Throws std::bad_alloc when the server has no memory for it.
     RenderPicture(const X11Connection &connection, const RenderFormats &formats, QSize size);
-    // The same alpha everywhere, from 0 to 65535.
-    static RenderPicture constantAlpha(const X11Connection &connection, quint16 alpha);
 
     RenderPicture(RenderPicture &&other) noexcept;
     RenderPicture &operator=(RenderPicture &&other) noexcept;
