@@ -128,11 +128,16 @@ OutcomeResult describe(const RestoreReport &report)
     };
 }
 
+QString line(const QString &label, const QString &text)
+{
+    return label.leftJustified(16) + "  " + oneLine(text) + '\n';
+}
+
 QString lines(const QString &label, const QList<SavedApp> &apps)
 {
     QString text;
     for (const SavedApp &app : apps)
-        text += label.leftJustified(16) + "  " + oneLine(app.name) + '\n';
+        text += line(label, app.name);
     return text;
 }
 
@@ -144,12 +149,13 @@ QString lines(const QString &label, const QList<SavedTab> &tabs)
     return text;
 }
 
-void printText(const RestorePlan &plan)
+void printText(const Checkpoint &checkpoint, const RestorePlan &plan)
 {
-    QString text = lines("Running", plan.activeApps) + lines("To open", plan.appsToOpen) +
-                   lines("Not installed", plan.unavailableApps) + lines("Open page", plan.activeTabs) +
-                   lines("Page to open", plan.tabsToOpen) + lines("Repeated page", plan.duplicateTabs) +
-                   lines("Unverified page", plan.unverifiedTabs) + lines("Unusable page", plan.unavailableTabs);
+    QString text = line("Checkpoint", checkpoint.displayName()) + lines("Running", plan.activeApps) +
+                   lines("To open", plan.appsToOpen) + lines("Not installed", plan.unavailableApps) +
+                   lines("Open page", plan.activeTabs) + lines("Page to open", plan.tabsToOpen) +
+                   lines("Repeated page", plan.duplicateTabs) + lines("Unverified page", plan.unverifiedTabs) +
+                   lines("Unusable page", plan.unavailableTabs);
     if (plan.tabCheckWarning)
         text += *plan.tabCheckWarning + '\n';
     print(text);
@@ -172,6 +178,8 @@ Checkpoint latestCheckpoint(const AppStore &store, const QString &projectName)
         if (Text::equalNames(project.name, projectName))
             named.insert(project.id);
     }
+    if (!projectName.isEmpty() && named.isEmpty())
+        throw Failure("Command", 1, u"There is no project “%1”."_qs.arg(projectName));
     const Checkpoint *newest = nullptr;
     for (const Checkpoint &checkpoint : store.checkpoints()) {
         const bool isCandidate = projectName.isEmpty() || named.contains(checkpoint.projectID.value_or(QUuid()));
@@ -196,7 +204,7 @@ ExitStatus printPlan(AppStore &store, const Checkpoint &checkpoint, bool isText)
 {
     const RestorePlan plan = finish(store.restorePlan(checkpoint));
     if (isText)
-        printText(plan);
+        printText(checkpoint, plan);
     else
         printJson(ResumeResult{.plan = describe(plan)});
     return ExitStatus::Done;
@@ -209,7 +217,7 @@ ResumeOutcome resume(AppStore &store, const Checkpoint &checkpoint, bool withLay
     const auto chooseMissing = [&](const RestorePlan &plan) {
         result.plan = describe(plan);
         if (isText)
-            printText(plan);
+            printText(checkpoint, plan);
         return ResumeChoice::missing(plan);
     };
     ResumeOutcome resumed = finish(store.restore(checkpoint, chooseMissing, withLayout, Audience::Caller));

@@ -3,6 +3,8 @@
 #include "model/WorkspaceRecords.h"
 #include "tests/resume/ResumeFixture.h"
 
+#include <QThread>
+
 #include <csignal>
 #include <unistd.h>
 
@@ -151,4 +153,31 @@ TEST_CASE_FIXTURE(BadInputFixture, "a checkpoint of another machine, with hostil
     QFile file(log);
     REQUIRE(file.open(QIODevice::ReadOnly));
     CHECK(file.readAll() == "https://a.example/;touch%20x\nhttps://a.example/%7e$(id)\n");
+}
+
+TEST_CASE_FIXTURE(BadInputFixture, "a saved program or desktop file is shown by an application, and never run")
+{
+    const QString mark = home.filePath("ran");
+    const QString log = home.filePath("shown");
+    const QString program = write("tool.sh", "#!/bin/sh\ntouch '" + mark.toUtf8() + "'\n");
+    const QString entry =
+        write("evil.desktop", "[Desktop Entry]\nType=Application\nName=Evil\nExec=touch '" + mark.toUtf8() + "'\n");
+    for (const QString &file : {program, entry})
+        REQUIRE(QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    const QString viewer = write("viewer.sh", "printf '%s\\n' \"$@\" >>'" + log.toUtf8() + "'\nexec sleep 20\n");
+    install("viewer", "Name=Viewer\nExec=sh " + viewer + " %F");
+    checkpoint.apps = {{"viewer", "Viewer"}, {"gone", "Gone"}, {entry, "Evil"}, {"../evil", "Evil"}};
+    for (const char *const app : {"viewer", "gone"}) {
+        for (const QString &file : {program, entry})
+            addWindow(app, file).documentURL = file;
+    }
+    const ProgramResult result = resume();
+    CAPTURE(result.out);
+    CHECK(outcome(result).value("unavailable") == 3);
+    REQUIRE(eventually([&] { return QFile::exists(log); }));
+    QFile shown(log);
+    REQUIRE(shown.open(QIODevice::ReadOnly));
+    CHECK(shown.readAll() == (program + '\n' + entry + '\n').toUtf8());
+    QThread::sleep(1);
+    CHECK_FALSE(QFile::exists(mark));
 }
