@@ -8,6 +8,7 @@
 #include "model/CheckpointRepository.h"
 #include "model/LibraryLock.h"
 #include "platform/MakeDesktop.h"
+#include "platform/linux/running/ProcessFacts.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -15,7 +16,6 @@
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <QDeadlineTimer>
-#include <QFileInfo>
 #include <QProcess>
 #include <QThread>
 
@@ -45,7 +45,7 @@ qint64 nameOwner(const QDBusConnection &connection)
 // Whether this process is no application of ours, which may not have the library yet.
 bool isStranger(qint64 process)
 {
-    const QString program = QFileInfo(u"/proc/%1/exe"_qs.arg(process)).symLinkTarget().section('/', -1);
+    const QString program = ProcessFacts(static_cast<qint32>(process)).program().section('/', -1);
     return process != 0 && !program.startsWith("ardeno-");
 }
 

@@ -4,11 +4,11 @@
 #include "app/BusNames.h"
 #include "app/EndSignals.h"
 #include "app/Output.h"
+#include "platform/linux/running/ProcessFacts.h"
 #include "support/Failure.h"
 
 #include <QDBusPendingCallWatcher>
 #include <QDBusUnixFileDescriptor>
-#include <QFile>
 #include <QTimer>
 
 #include <limits>
@@ -20,17 +20,6 @@ namespace {
 constexpr int interval = 500;          // Milliseconds between two looks at whether the application lives.
 constexpr int stoppedPatience = 1'000; // Milliseconds of silence of an application that was stopped …
 constexpr int silentPatience = 30'000; // … and of one that may only be short of memory or of time.
-
-// Whether somebody stopped the process, which then does nothing until it is told to go on.
-bool isStopped(qint64 process)
-{
-    QFile status(u"/proc/%1/stat"_qs.arg(process));
-    if (!status.open(QIODevice::ReadOnly))
-        return false;
-    // The name in front may hold anything.
-    const QByteArray text = status.readAll();
-    return text.mid(text.lastIndexOf(')')).startsWith(") T");
-}
 
 } // namespace
 
@@ -98,7 +87,7 @@ void BusRequest::judgeSilence()
 {
     const QString who =
         u"The running application, %1 (process %2), "_qs.arg(m_application.name).arg(m_application.process);
-    if (m_silence.hasExpired(stoppedPatience) && isStopped(m_application.process))
+    if (m_silence.hasExpired(stoppedPatience) && ProcessFacts(static_cast<qint32>(m_application.process)).isStopped())
         giveUp(who + "has been stopped and does not answer.");
     else if (m_silence.hasExpired(silentPatience))
         giveUp(who + "does not answer.");

@@ -158,6 +158,12 @@ std::optional<Date> ProcessFacts::startTime() const
     return Date{Date::now().seconds - static_cast<double>(sinceBoot.tv_sec) + start};
 }
 
+bool ProcessFacts::isStopped() const
+{
+    const QByteArray facts = read("stat");
+    return facts.mid(facts.lastIndexOf(')')).startsWith(") T"); // The name in front may hold anything.
+}
+
 bool ProcessFacts::isOwn() const
 {
     struct stat facts = {};

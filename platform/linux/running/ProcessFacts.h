@@ -45,6 +45,8 @@ public:
     // When it was started: in ticks of the kernel since the machine was, 0 when it has ended, and as a date.
     quint64 startTicks() const;
     std::optional<Date> startTime() const;
+    // Whether somebody stopped it: it does nothing until it is told to go on.
+    bool isStopped() const;
     // Whether this user runs it.
     bool isOwn() const;
     // A variable of the environment it was started with; empty when it is not set.
