@@ -53,7 +53,7 @@ void measureStart(Table &table, const QString &program, const QString &trivial)
     }
     const double peer = medianOf(peers);
     const auto add = [&](const QString &figure, double seconds) {
-        table.add(figure, milliseconds(seconds), milliseconds(peer), seconds / peer, 2.0);
+        table.add(figure, milliseconds(seconds), milliseconds(peer), seconds / peer, 1.8);
     };
     add("exec to first paint, empty library / a trivial Qt window", medianOf(small));
     add("the same with 10,000 checkpoints", medianOf(large));
@@ -66,7 +66,7 @@ void measureRest(Table &table, const QString &program, const QString &trivial)
     const AtRest peer = measureAtRest(trivial);
     const AtRest ours = measureAtRest(program);
     table.add("memory at rest / a trivial Qt window", megabytes(ours.bytes), megabytes(peer.bytes),
-              ours.bytes / peer.bytes, 2.5);
+              ours.bytes / peer.bytes, 2.4);
     constexpr double mostWakeUps = 0.2; // A second: what others send to every window.
     table.add("wake-ups a second at rest / its limit", QString::number(ours.wakeUps), QString::number(mostWakeUps),
               ours.wakeUps / mostWakeUps, 1);
