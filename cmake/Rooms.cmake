@@ -4,7 +4,7 @@
 # Flags and definitions that every target shares; a precompiled header is only reused between equal flags.
 add_library(ardeno_options INTERFACE)
 target_compile_features(ardeno_options INTERFACE cxx_std_20)
-target_compile_options(ardeno_options INTERFACE -Wall -Wextra -Wnon-virtual-dtor -Werror
+target_compile_options(ardeno_options INTERFACE -Wall -Wextra -Wnon-virtual-dtor
     $<$<NOT:$<BOOL:${CMAKE_UNITY_BUILD}>>:-Wshadow>) # Files built together do not mind each other's names.
 # GLib's headers use "signals" and "slots" as names.
 target_compile_definitions(ardeno_options INTERFACE QT_NO_KEYWORDS)

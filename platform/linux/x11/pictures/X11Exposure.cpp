@@ -16,7 +16,8 @@ struct Exposed {
 // A width or height of 0 would reach to the end of the window.
 void clear(const X11Connection &connection, const Exposed &window, const X11Region &region)
 {
-    for (const QRect &area : region.translated(-window.origin).rectangles()) {
+    const X11Region own = region.translated(-window.origin);
+    for (const QRect &area : own.rectangles()) {
         if (!area.isEmpty())
             xcb_clear_area(connection.xcb(), 1, window.id, qint16(area.x()), qint16(area.y()), quint16(area.width()),
                            quint16(area.height()));
