@@ -226,9 +226,16 @@ struct WorkspaceLibrary {
     }
 };
 
-// One app or tab taken out of a checkpoint, with the place it had in its list.
+// The picture that a checkpoint had, as its record named it.
+struct RemovedPicture {
+    QString screenshot = {};
+
+    bool operator==(const RemovedPicture &) const = default;
+};
+
+// One app or tab taken out of a checkpoint, with the place it had in its list, or its picture.
 struct RemovedWorkspaceItem {
-    std::variant<SavedApp, SavedTab> item = {};
+    std::variant<SavedApp, SavedTab, RemovedPicture> item = {};
     qsizetype index = 0;
 
     bool operator==(const RemovedWorkspaceItem &) const = default;
