@@ -8,10 +8,13 @@
 
 #include <QShortcut>
 
+#include <algorithm>
+
 namespace ardeno {
 
 ScreenshotViewer::ScreenshotViewer(const QString &path)
-    : m_canvas(new ScreenshotCanvas(path)),
+    : m_path(path),
+      m_canvas(new ScreenshotCanvas(path)),
       m_percent(makeLabel({})),
       m_tools(makeToolbar()),
       m_unavailable(makeUnavailable())
@@ -31,6 +34,22 @@ ScreenshotViewer::ScreenshotViewer(const QString &path)
     m_canvas->setOnChange([this] { showState(); });
     m_canvas->setFocus();
     showState();
+}
+
+void ScreenshotViewer::closeWithout(const AppStore &store)
+{
+    const auto isNamed = [this, &store] {
+        const QList<Checkpoint> &all = store.checkpoints();
+        return std::any_of(all.begin(), all.end(), [&](const Checkpoint &checkpoint) {
+            return checkpoint.screenshot && store.screenshotFile(checkpoint).value_or(QString()) == m_path;
+        });
+    };
+    const auto look = [this, isNamed] {
+        if (!isNamed())
+            close();
+    };
+    m_observations = std::make_unique<Observations>();
+    m_observations->watch(look, store.checkpoints);
 }
 
 QWidget *ScreenshotViewer::makeToolbar()
