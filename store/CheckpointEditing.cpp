@@ -118,13 +118,17 @@ QCoro::Task<Outcome> AppStore::addLayout(QUuid checkpointID)
         outcome.notice = tr("No visible windows matched this checkpoint’s saved apps.");
         co_return outcome;
     }
+    RemovedLayout before;
     const auto replace = [&](Checkpoint &checkpoint) { // As it is by now.
+        before = {checkpoint.windows};
         const QSet<QString> saved = idsOf(checkpoint.apps);
         windows.removeIf([&](const SavedWindow &window) { return !saved.contains(window.appID); });
         checkpoint.windows = windows;
         return true;
     };
     outcome = edit(checkpointID, "layout", replace);
+    if (outcome && before.windows && !before.windows->isEmpty())
+        remember(WorkspaceRemoval{checkpointID, {before}});
     if (outcome)
         outcome.notice = tr("Saved current positions for %n windows. The screenshot is unchanged.", "",
                             static_cast<int>(windows.size()));

@@ -72,13 +72,16 @@ Outcome AppStore::undoWorkspaceRemoval()
         const auto insert = [&](auto &list, const auto &item) {
             list.insert(std::min(removal->item.index, list.size()), item);
         };
-        if (const SavedApp *const app = std::get_if<SavedApp>(&removal->item.item))
+        if (const auto *const app = std::get_if<SavedApp>(&removal->item.item))
             insert(checkpoint.apps, *app);
+        else if (const auto *const tab = std::get_if<SavedTab>(&removal->item.item))
+            insert(checkpoint.tabs, *tab);
         else
-            insert(checkpoint.tabs, std::get<SavedTab>(removal->item.item));
+            checkpoint.windows = std::get<RemovedLayout>(removal->item.item).windows;
         return true;
     };
-    Outcome outcome = edit(removal->checkpointID, "item", putBack);
+    const bool isLayout = std::holds_alternative<RemovedLayout>(removal->item.item);
+    Outcome outcome = edit(removal->checkpointID, isLayout ? "layout" : "item", putBack);
     if (outcome)
         lastRemoval.set(std::nullopt);
     return concluded(std::move(outcome));

@@ -112,6 +112,10 @@
         <translation>Bildschirmfoto ersetzt</translation>
     </message>
     <message>
+        <source>Window positions replaced</source>
+        <translation>Fensterpositionen ersetzt</translation>
+    </message>
+    <message>
         <source>Screenshot removed</source>
         <translation>Bildschirmfoto entfernt</translation>
     </message>

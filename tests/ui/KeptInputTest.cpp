@@ -115,6 +115,11 @@ TEST_CASE_FIXTURE(KeptInput, "Escape throws what was typed away only after a que
              settle();
              click("Report a bug");
          }},
+        {"Website",
+         [&] {
+             store().showSettings.set(true);
+             store().showExclusions.set(true);
+         }},
         {"Project name", [&] { store().showNewProject.set(true); }},
         {u"Waiting for…"_qs, [&] { store().editingBlocker.set(store().projects().first()); }},
     };
@@ -125,6 +130,7 @@ TEST_CASE_FIXTURE(KeptInput, "Escape throws what was typed away only after a que
         const QString title = topTitle();
         press(Qt::Key_Escape);
         CHECK_MESSAGE(topTitle() != title, "nothing was typed");
+        store().showExclusions.set(false);
         store().showSettings.set(false);
         settle();
 
@@ -140,6 +146,7 @@ TEST_CASE_FIXTURE(KeptInput, "Escape throws what was typed away only after a que
         click("Discard");
         CHECK(topTitle() != title);
         CHECK_FALSE(window->sheets().holdsInput());
+        store().showExclusions.set(false);
         store().showSettings.set(false);
         settle();
     }

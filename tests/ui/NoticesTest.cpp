@@ -129,6 +129,13 @@ TEST_CASE_FIXTURE(Notices, "a check for updates that was asked for is answered, 
     CHECK(seesText("Update available: 99\nIt names no download over a secure connection (https), so Ardeno does not "
                    "open one."));
     bothPictures("update-insecure");
+    store().showSettings.set(false);
+    settle();
+    click(u"See what’s new"_qs);
+    CHECK_FALSE(findButton("Download update"));
+    click("Not now");
+    store().showSettings.set(true);
+    settle();
     check(AppUpdateManifest{.latestVersion = "99", .downloadURL = QUrl("https://example.org/get")});
     CHECK(findButton("Download update"));
     check(std::nullopt);

@@ -43,6 +43,8 @@ public:
 
     // Takes the sheet off the window and deletes it.
     void close();
+    // As Escape does: where that would lose what was typed, after a question.
+    void cancel();
     void takeFocus();
 
 protected:
@@ -52,7 +54,6 @@ protected:
 
 private:
     QHBoxLayout *buttonRow();
-    void cancel();
 
     Kind m_kind;
     QVBoxLayout *m_column;

@@ -33,7 +33,7 @@ QString removedName(const RemovedWorkspaceItem &removed)
     if (const auto *const app = std::get_if<SavedApp>(&removed.item))
         return appTitle(*app);
     const auto *const tab = std::get_if<SavedTab>(&removed.item);
-    return tab ? tabTitle(*tab) : QString();
+    return tab ? tabTitle(*tab) : QString(); // The others have strips of their own.
 }
 
 QWidget *makeEmptyCard(const QString &text, const QString &more = {})
@@ -281,11 +281,9 @@ void WorkspaceItemsView::showCheckpoint()
 void WorkspaceItemsView::showUndo()
 {
     const std::optional<WorkspaceRemoval> &removal = m_store.lastRemoval();
-    const bool isOurs = removal && removal->checkpointID == m_id &&
-                        !std::holds_alternative<RemovedPicture>(removal->item.item); // The picture has its own.
-    m_undo->setVisible(isOurs);
-    if (isOurs)
-        m_undo->setText(tr("Removed %1").arg(removedName(removal->item)));
+    const QString name = removal && removal->checkpointID == m_id ? removedName(removal->item) : QString();
+    m_undo->setVisible(!name.isEmpty());
+    m_undo->setText(tr("Removed %1").arg(name));
 }
 
 } // namespace ardeno

@@ -102,7 +102,8 @@ ExclusionsView::ExclusionsView(AppStore &store)
     addWebsites(controls);
     setMinimumHeight(690);
     m_startOver = addButton(tr("Start over"), Button::Kind::Bordered, [this] { m_store.startExclusionsOver(); });
-    addButton(tr("Done"), Button::Kind::Prominent, [this] { close(); });
+    addButton(tr("Done"), Button::Kind::Prominent, [this] { cancel(); });
+    setHoldsInput([this] { return !m_domain->text().trimmed().isEmpty(); }); // It is not excluded yet.
     setOnCancel([&store] { store.showExclusions.set(false); });
     m_observations.watch([this] { showExclusions(); }, store.exclusions, store.exclusionsIssue);
     m_observations.watch([this] { showObstacles(); }, store.recording, store.exclusionsIssue);

@@ -6,6 +6,7 @@
 #include "ui/controls/Label.h"
 #include "ui/theme/Symbols.h"
 
+#include <QScreen>
 #include <QShortcut>
 
 #include <algorithm>
@@ -23,7 +24,9 @@ ScreenshotViewer::ScreenshotViewer(const QString &path)
     setWindowTitle(tr("Checkpoint screenshot"));
     setWindowIcon(Symbols::brandIcon());
     setMinimumSize(680, 440);
-    resize(1180, 780);
+    constexpr QSize wanted(1180, 780);
+    constexpr QSize roomForFrame(16, 48);
+    resize(wanted.boundedTo(screen()->availableGeometry().size() - roomForFrame));
     auto *column = makeColumn(0, this);
     column->addWidget(m_tools);
     column->addWidget(m_canvas, 1);
