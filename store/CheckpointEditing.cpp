@@ -96,11 +96,8 @@ QCoro::Task<Outcome> AppStore::addLayout(QUuid checkpointID)
     if (!existing)
         co_return outcome;
     const Capability server = m_desktop.windowServer->availability();
-    if (!server.isAvailable()) {
-        outcome.fail(server.reason);
-        co_return outcome;
-    }
-    if (const std::optional<QString> obstacle = exclusionsObstacle()) {
+    const auto obstacle = server.isAvailable() ? exclusionsObstacle() : std::optional(server.reason);
+    if (obstacle) {
         outcome.fail(*obstacle);
         co_return outcome;
     }
