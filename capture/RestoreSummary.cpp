@@ -20,12 +20,21 @@ void addLayout(QStringList &parts, const RestoreResult &layout)
         parts += summaryText("window positioning needs permission");
 }
 
+void addShortfall(QStringList &parts, qint64 failures, const std::optional<RestoreResult> &layout)
+{
+    if (failures >= 1)
+        parts += summaryText("%n failed", failures);
+    if (layout && layout->skippedCount >= 1)
+        parts += summaryText("%n windows not placed", layout->skippedCount);
+}
+
 } // namespace
 
 QString RestoreSummary::text(const RestoreResult &layout)
 {
     QStringList parts;
     addLayout(parts, layout);
+    addShortfall(parts, 0, layout);
     return parts.join(u" · "_qs);
 }
 
@@ -45,6 +54,7 @@ QString RestoreSummary::text(const RestoreReport &report)
         parts += summaryText("%n Preview documents restored", report.viewerDocuments);
     if (report.documents >= 1)
         parts += summaryText("%n documents restored", report.documents);
+    addShortfall(parts, outcome.failures.size(), report.layout);
     return summaryText("Workspace restored · ") + parts.join(u" · "_qs);
 }
 

@@ -226,9 +226,23 @@ struct WorkspaceLibrary {
     }
 };
 
-// One app or tab taken out of a checkpoint, with the place it had in its list.
+// The picture that a checkpoint had, as its record named it.
+struct RemovedPicture {
+    QString screenshot = {};
+
+    bool operator==(const RemovedPicture &) const = default;
+};
+
+// The window positions that a checkpoint had.
+struct RemovedLayout {
+    std::optional<QList<SavedWindow>> windows = {};
+
+    bool operator==(const RemovedLayout &) const = default;
+};
+
+// One app or tab taken out of a checkpoint, with the place it had in its list, or its picture or window positions.
 struct RemovedWorkspaceItem {
-    std::variant<SavedApp, SavedTab> item = {};
+    std::variant<SavedApp, SavedTab, RemovedPicture, RemovedLayout> item = {};
     qsizetype index = 0;
 
     bool operator==(const RemovedWorkspaceItem &) const = default;

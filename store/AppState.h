@@ -20,6 +20,32 @@ struct UnplacedWindow {
     bool operator==(const UnplacedWindow &) const = default;
 };
 
+// A text that was typed into a note and could not be written yet.
+struct UnsavedNote {
+    QUuid checkpointID = {};
+    QString field = {}; // As the record calls it.
+    QString text = {};
+
+    bool operator==(const UnsavedNote &) const = default;
+
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            Field{"checkpointID", &UnsavedNote::checkpointID},
+            Field{"field", &UnsavedNote::field},
+            Field{"text", &UnsavedNote::text},
+        };
+    }
+};
+
+// What a resume wanted to open and could not.
+struct ResumeShortfall {
+    QUuid checkpointID = {};
+    QStringList failures = {}; // Each names the application, page or document.
+
+    bool operator==(const ResumeShortfall &) const = default;
+};
+
 // Everything the interface shows, one line a property. Main thread only.
 struct AppState : Messages {
     template <typename T>
@@ -61,6 +87,7 @@ struct AppState : Messages {
     Published<std::optional<QString>> captureIssue;
 
     // Workspace editing.
+    Published<QList<UnsavedNote>> unsavedNotes; // They are written as soon as that is possible.
     Published<std::optional<WorkspaceRemoval>> lastRemoval;
     Published<CaptureExclusions> exclusions;
     Published<std::optional<QString>> exclusionsIssue; // Why they could not be read; nothing is captured then.
@@ -69,7 +96,8 @@ struct AppState : Messages {
 
     // Restore and settings.
     Editable<bool> showRestore;
-    Published<QList<UnplacedWindow>> unplacedWindows; // By the last resume.
+    Published<QList<UnplacedWindow>> unplacedWindows;          // By the last resume.
+    Published<std::optional<ResumeShortfall>> resumeShortfall; // Of the last resume.
     Editable<bool> showSettings;
     Editable<int> shortcutChoice;
     Editable<std::optional<QString>> shortcutIssue; // Reported by whoever holds the shortcut.
@@ -85,6 +113,7 @@ struct AppState : Messages {
     // Updates and prompts.
     Published<std::optional<AppUpdateManifest>> availableUpdate;
     Published<bool> checkingForUpdates;
+    Published<std::optional<QString>> updateAnswer; // What a check said that the user asked for.
     Editable<bool> showNewsletterPrompt;
 };
 

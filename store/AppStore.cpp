@@ -72,10 +72,14 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
         recoverSessions(resolveMedia());
     prepareSamples();
     chooseFirstProject();
+    if (m_isLibraryRead && parts.recoverSessions)
+        mirrorUnsavedNotes();
 }
 
 AppStore::~AppStore()
 {
+    if (lastRemoval())
+        settleRemoved(*lastRemoval());
     if (m_isWatchingApplications)
         m_desktop.workspace->setChangeHandler({});
 }

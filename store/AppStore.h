@@ -18,6 +18,7 @@
 #include <QCoreApplication>
 #include <QCoroTask>
 #include <QHash>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -110,8 +111,13 @@ public:
     // Changing a saved checkpoint. A write that fails leaves it as it was; samples and checkpoints that are not in the
     // library stay untouched, without a message.
     // The field is title, objective, decision or nextStep; the text is kept as it is.
+    // What cannot be written is kept in unsavedNotes, also across starts, and tried again.
     Outcome updateNote(QString Checkpoint::*field, const QString &text, QUuid checkpointID);
-    // Makes a copy of the picture in this file the screenshot.
+    // The text as it was typed last, whether it is written or not.
+    QString noteText(QString Checkpoint::*field, const Checkpoint &checkpoint) const;
+    // Tries now, without a word about another failure.
+    void saveUnsavedNotes();
+    // Makes a copy of the picture in this file the screenshot. As long as lastRemoval names it, the former one stays.
     QCoro::Task<Outcome> importScreenshot(QString file, QUuid checkpointID);
     Outcome removeScreenshot(QUuid checkpointID);
     QCoro::Task<Outcome> addCurrentBrowserTabs(QUuid checkpointID);
@@ -169,6 +175,8 @@ public:
                                        Audience audience = Audience::Window);
     // Tries those of unplacedWindows again that are among these, which are all of one checkpoint.
     QCoro::Task<Outcome> placeRemainingWindows(const QList<SavedWindow> &windows);
+    // Takes back what the last resume did not do.
+    void dismissShortfall();
 
     // Exclusions.
     Outcome excludeApp(const SavedApp &app, Audience audience = Audience::Window);
@@ -199,7 +207,8 @@ public:
 
     bool canCheckForUpdates() const { return static_cast<bool>(m_fetchUpdate); }
 
-    // Asks for a newer version, at most once a day unless forced. Failures are silent and leave the offer as it was.
+    // Asks for a newer version, at most once a day unless forced. Failures leave the offer as it was; only a check
+    // that was forced is answered, in updateAnswer.
     QCoro::Task<void> checkForUpdates(Force force);
     // Takes back the offer of a newer version.
     void dismissUpdate();
@@ -221,6 +230,8 @@ private:
     void mirror(Editable<T> &property, PreferenceKey<T> key);
     void mirrorDraftProject();
     void setSelectedProjectID(const std::optional<QUuid> &id);
+    void setSelection(const std::optional<QUuid> &id);
+    bool isShown(const Outcome &outcome) const;
 
     // Ends an operation: its audience is told.
     template <typename Result>
@@ -274,11 +285,22 @@ private:
                  const QString &failurePrefix = {}, const SettleMedia &settle = {});
     template <typename Item>
     Outcome removeItem(QUuid checkpointID, QList<Item> Checkpoint::*list, Item item);
+    // What can be undone from now on; what could be until now leaves for good.
+    void remember(const std::optional<WorkspaceRemoval> &removal);
+    void settleRemoved(const WorkspaceRemoval &removal);
+    bool isUndoable(const WorkspaceRemoval &removal) const;
+    Outcome putPictureBack(const Checkpoint &before, const RemovedPicture &picture);
+    bool isNamed(const QUuid &checkpointID, const QString &file) const;
+    void keepNote(const UnsavedNote &note);
+    void forgetNote(const QUuid &checkpointID, const QString &field);
+    void readUnsavedNotes();
+    void mirrorUnsavedNotes();
     QCoro::Task<Outcome> addTabs(QUuid checkpointID);
     QCoro::Task<Outcome> addLayout(QUuid checkpointID);
     QCoro::Task<Outcome> addPicture(QString file, QUuid checkpointID);
     void importFailed(QUuid checkpointID, const Failure &failure, Outcome *outcome) const;
     void adoptScreenshot(QUuid checkpointID, const QString &path, Outcome *outcome);
+    void pictureAdopted(const Checkpoint &before, MediaRemoval &removal, Outcome *outcome);
     Outcome clearScreenshot(const Checkpoint &before, MediaRemoval &removal);
     static void putBack(MediaRemoval &removal, Outcome *outcome);
     void forgetPictures(const QList<Checkpoint> &gone);
@@ -319,6 +341,7 @@ private:
     // What is in force from now on, also for the desktop.
     void enforce(const StoredExclusions &stored);
     bool runsUnseen(const QString &appID) const;
+    void keepMarks(const QList<ApplicationMarks> &marks);
 
     QCoro::Task<Outcome> reveal(QString path);
 
@@ -358,6 +381,7 @@ private:
     Desktop &m_desktop;
     Preferences m_preferences;
     ExclusionsFile m_exclusionsFile;
+    QList<ApplicationMarks> m_formerMarks = {}; // Of applications that may be excluded again.
     CheckpointRepository m_repository;
     std::function<void()> m_beforeWrite;
     std::function<bool()> m_checkScreenAccess;
@@ -384,6 +408,7 @@ private:
     std::optional<OwnedCheckpoint> m_active;
     QList<OwnedCheckpoint> m_unsavedSessions;
     QStringList m_shownCopies;
+    QTimer m_noteRetry;
     int m_running = 0; // Operations that take time.
     std::vector<QPropertyNotifier> m_mirrors;
 };

@@ -194,7 +194,7 @@ void AppStore::show(const Checkpoint &saved)
     const PublishTogether group;
     setSelectedProjectID(checkpoint(saved.id)->projectID);
     showArchivedProjects.set(selectedProject() && selectedProject()->archivedAt); // The list that the project is in.
-    selection.set(saved.id);
+    setSelection(saved.id);
 }
 
 } // namespace ardeno

@@ -24,6 +24,7 @@ void AppStore::requestCapture(CaptureKind kind, CaptureForm form)
     }
     pendingRecording.set(kind == CaptureKind::Session);
     m_preferences.setValue(keys::captureDraftRecording, pendingRecording());
+    captureIssue.set(std::nullopt); // What was said elsewhere, as of a session, is not about this form.
     refreshScreenAccess();
     (form == CaptureForm::QuickPanel ? showQuickCapture : showCapture).set(true);
 }

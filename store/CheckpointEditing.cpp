@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <utility>
-#include <variant>
 
 namespace ardeno {
 
@@ -35,7 +34,7 @@ std::optional<Checkpoint> AppStore::editable(const QUuid &id) const
 Outcome AppStore::edit(QUuid checkpointID, const char *what, const std::function<bool(Checkpoint &)> &change,
                        const QString &failurePrefix, const SettleMedia &settle)
 {
-    Outcome outcome{.id = checkpointID, .subject = subjects::about(what, checkpointID)};
+    Outcome outcome{.id = checkpointID, .checkpointID = checkpointID, .subject = subjects::about(what, checkpointID)};
     const auto apply = [&](WorkspaceLibrary &library) {
         const auto found = std::find_if(library.checkpoints.begin(), library.checkpoints.end(),
                                         [&](const Checkpoint &candidate) { return candidate.id == checkpointID; });
@@ -46,20 +45,6 @@ Outcome AppStore::edit(QUuid checkpointID, const char *what, const std::function
     return outcome;
 }
 
-Outcome AppStore::updateNote(QString Checkpoint::*field, const QString &text, QUuid checkpointID)
-{
-    const std::optional<Checkpoint> existing = editable(checkpointID);
-    if (!existing)
-        return {};
-    if (*existing.*field == text)
-        return {.isDone = true, .id = checkpointID};
-    const auto write = [&](Checkpoint &checkpoint) {
-        checkpoint.*field = text;
-        return true;
-    };
-    return concluded(edit(checkpointID, "note", write));
-}
-
 QCoro::Task<Outcome> AppStore::addCurrentBrowserTabs(QUuid checkpointID)
 {
     return carryOut(addTabs(checkpointID));
@@ -67,7 +52,7 @@ QCoro::Task<Outcome> AppStore::addCurrentBrowserTabs(QUuid checkpointID)
 
 QCoro::Task<Outcome> AppStore::addTabs(QUuid checkpointID)
 {
-    Outcome outcome;
+    Outcome outcome{.checkpointID = checkpointID};
     if (!editable(checkpointID))
         co_return outcome;
     if (const std::optional<QString> obstacle = exclusionsObstacle()) {
@@ -106,16 +91,13 @@ QCoro::Task<Outcome> AppStore::addCurrentWindowLayout(QUuid checkpointID)
 
 QCoro::Task<Outcome> AppStore::addLayout(QUuid checkpointID)
 {
-    Outcome outcome;
+    Outcome outcome{.checkpointID = checkpointID};
     const std::optional<Checkpoint> existing = editable(checkpointID);
     if (!existing)
         co_return outcome;
     const Capability server = m_desktop.windowServer->availability();
-    if (!server.isAvailable()) {
-        outcome.fail(server.reason);
-        co_return outcome;
-    }
-    if (const std::optional<QString> obstacle = exclusionsObstacle()) {
+    const auto obstacle = server.isAvailable() ? exclusionsObstacle() : std::optional(server.reason);
+    if (obstacle) {
         outcome.fail(*obstacle);
         co_return outcome;
     }
@@ -133,13 +115,17 @@ QCoro::Task<Outcome> AppStore::addLayout(QUuid checkpointID)
         outcome.notice = tr("No visible windows matched this checkpoint’s saved apps.");
         co_return outcome;
     }
+    RemovedLayout before;
     const auto replace = [&](Checkpoint &checkpoint) { // As it is by now.
+        before = {checkpoint.windows};
         const QSet<QString> saved = idsOf(checkpoint.apps);
         windows.removeIf([&](const SavedWindow &window) { return !saved.contains(window.appID); });
         checkpoint.windows = windows;
         return true;
     };
     outcome = edit(checkpointID, "layout", replace);
+    if (outcome && before.windows && !before.windows->isEmpty())
+        remember(WorkspaceRemoval{checkpointID, {before}});
     if (outcome)
         outcome.notice = tr("Saved current positions for %n windows. The screenshot is unchanged.", "",
                             static_cast<int>(windows.size()));
@@ -162,7 +148,7 @@ Outcome AppStore::removeItem(QUuid checkpointID, QList<Item> Checkpoint::*list, 
     const PublishTogether group;
     Outcome outcome = edit(checkpointID, "item", remove);
     if (outcome)
-        lastRemoval.set(WorkspaceRemoval{checkpointID, {std::move(item), index}});
+        remember(WorkspaceRemoval{checkpointID, {std::move(item), index}});
     return concluded(std::move(outcome));
 }
 
@@ -174,28 +160,6 @@ Outcome AppStore::removeApp(SavedApp app, QUuid checkpointID)
 Outcome AppStore::removeTab(SavedTab tab, QUuid checkpointID)
 {
     return removeItem(checkpointID, &Checkpoint::tabs, std::move(tab));
-}
-
-Outcome AppStore::undoWorkspaceRemoval()
-{
-    const std::optional<WorkspaceRemoval> removal = lastRemoval();
-    if (!removal || !editable(removal->checkpointID))
-        return {};
-    const auto putBack = [&](Checkpoint &checkpoint) {
-        const auto insert = [&](auto &list, const auto &item) {
-            list.insert(std::min(removal->item.index, list.size()), item);
-        };
-        if (const SavedApp *const app = std::get_if<SavedApp>(&removal->item.item))
-            insert(checkpoint.apps, *app);
-        else
-            insert(checkpoint.tabs, std::get<SavedTab>(removal->item.item));
-        return true;
-    };
-    const PublishTogether group;
-    Outcome outcome = edit(removal->checkpointID, "item", putBack);
-    if (outcome)
-        lastRemoval.set(std::nullopt);
-    return concluded(std::move(outcome));
 }
 
 } // namespace ardeno

@@ -84,7 +84,7 @@ void AppStore::forgetProject(QUuid id)
     const PublishTogether group;
     if (selectedProjectID() == id) {
         setSelectedProjectID(std::nullopt);
-        selection.set(std::nullopt);
+        setSelection(std::nullopt);
     }
     if (m_preferences.value(keys::lastOpenedProjectID) == uuidText(id))
         m_preferences.remove(keys::lastOpenedProjectID);
@@ -94,8 +94,8 @@ void AppStore::forgetProject(QUuid id)
         deletingProject.set(std::nullopt);
     if (editingBlocker() && editingBlocker()->id == id)
         editingBlocker.set(std::nullopt);
-    if (lastRemoval() && !checkpoint(lastRemoval()->checkpointID))
-        lastRemoval.set(std::nullopt);
+    if (lastRemoval() && !isUndoable(*lastRemoval()))
+        remember(std::nullopt);
 }
 
 Outcome AppStore::deleteCheckpoint(QUuid id)
@@ -122,9 +122,9 @@ Outcome AppStore::deleteCheckpoint(QUuid id)
     if (!outcome)
         return concluded(std::move(outcome));
     if (selection() == id)
-        selection.set(ProjectOrder::neighbour(timeline, id));
-    if (lastRemoval() && lastRemoval()->checkpointID == id)
-        lastRemoval.set(std::nullopt);
+        setSelection(ProjectOrder::neighbour(timeline, id));
+    if (lastRemoval() && !isUndoable(*lastRemoval()))
+        remember(std::nullopt);
     forgetPictures({gone});
     return concluded(std::move(outcome));
 }

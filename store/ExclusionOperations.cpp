@@ -11,6 +11,18 @@
 
 namespace ardeno {
 
+namespace {
+
+// The first of an application's; none when nothing is known of it.
+QList<ApplicationMarks> knownMarks(const QString &appID, const QList<ApplicationMarks> &among)
+{
+    const auto found =
+        std::find_if(among.begin(), among.end(), [&](const ApplicationMarks &known) { return known.id == appID; });
+    return found == among.end() ? QList<ApplicationMarks>() : QList{*found};
+}
+
+} // namespace
+
 // Where they stood before they had a file of their own: they go there with the first start that finds them.
 void AppStore::takeOverExclusions()
 {
@@ -70,14 +82,23 @@ QList<ApplicationMarks> AppStore::marksOf(const QList<SavedApp> &apps, const QLi
         if (const auto now = m_desktop.workspace->marks(app.id))
             marks.append(*now);
         else
-            std::copy_if(earlier.begin(), earlier.end(), std::back_inserter(marks),
-                         [&](const ApplicationMarks &known) { return known.id == app.id; });
+            marks += knownMarks(app.id, earlier + m_formerMarks);
     }
     return marks;
 }
 
+// Who is excluded again need not be installed any more.
+void AppStore::keepMarks(const QList<ApplicationMarks> &marks)
+{
+    for (const ApplicationMarks &known : marks) {
+        m_formerMarks.removeIf([&](const ApplicationMarks &other) { return other.id == known.id; });
+        m_formerMarks.append(known);
+    }
+}
+
 void AppStore::writeExclusions(const CaptureExclusions &rules, const QList<ApplicationMarks> &earlier)
 {
+    keepMarks(earlier);
     const StoredExclusions stored{rules.apps, rules.domains, marksOf(rules.apps, earlier)};
     m_exclusionsFile.write(stored);
     enforce(stored);

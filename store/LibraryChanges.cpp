@@ -26,6 +26,12 @@ bool isChangedElsewhere(const Failure &failure)
 
 } // namespace
 
+// What belongs to another page than the one that is shown by now would stand there under the wrong name.
+bool AppStore::isShown(const Outcome &outcome) const
+{
+    return !outcome.checkpointID || !checkpoint(*outcome.checkpointID) || selection() == outcome.checkpointID;
+}
+
 template <typename Result>
 Result AppStore::concluded(Result outcome, Audience audience)
 {
@@ -33,7 +39,10 @@ Result AppStore::concluded(Result outcome, Audience audience)
     if (audience == Audience::Window) {
         if (outcome.captureIssue)
             captureIssue.set(outcome.captureIssue);
-        tell(outcome);
+        Outcome told = outcome;
+        if (!isShown(outcome))
+            told.notice.reset();
+        tell(told);
         return outcome;
     }
     for (const Remark &each : outcome.remarks) // They are about the library, which is the window's as well.
@@ -73,8 +82,8 @@ void AppStore::publish(WorkspaceLibrary library)
     checkpoints.publish(std::move(library.checkpoints));
     m_isLibraryRead = true;
     if (selectedProjectID() && !selectedProject()) { // As the sample goes with the first project.
-        selectedProjectID.set(std::nullopt);
-        selection.set(std::nullopt);
+        setSelectedProjectID(std::nullopt);
+        setSelection(std::nullopt);
     }
 }
 
@@ -176,11 +185,11 @@ void AppStore::readAgain(Outcome *outcome)
     publish(std::move(found));
     const PublishTogether group;
     if (selectedProjectID() && !selectedProject())
-        selectedProjectID.set(std::nullopt);
+        setSelectedProjectID(std::nullopt);
     if (selection() && !selected())
-        selection.set(selectedProjectID() ? ProjectOrder::newest(checkpoints(), *selectedProjectID()) : std::nullopt);
-    if (lastRemoval() && !checkpoint(lastRemoval()->checkpointID))
-        lastRemoval.set(std::nullopt);
+        setSelection(selectedProjectID() ? ProjectOrder::newest(checkpoints(), *selectedProjectID()) : std::nullopt);
+    if (lastRemoval() && !isUndoable(*lastRemoval()))
+        remember(std::nullopt);
     outcome->remarks +=
         Remark{.sentence = wasRead ? tr("Your library was replaced by another program, so it has been read again.")
                                    : tr("Your saved checkpoints could not be read at first. They have been read now."),

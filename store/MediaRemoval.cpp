@@ -35,9 +35,22 @@ std::optional<Failure> MediaRemoval::putBack()
     return m_isAside ? MediaFolders::move(m_aside, m_path) : std::nullopt;
 }
 
-std::optional<Failure> MediaRemoval::finish()
+std::optional<Failure> MediaRemoval::bringBack(const QString &path)
 {
-    return m_path.isEmpty() ? std::nullopt : MediaFolders::removeAll(m_isAside ? m_aside : m_path);
+    try {
+        if (!MediaFolders::exists(MediaFolders::leaving(path)))
+            return std::nullopt;
+    } catch (const Failure &failure) {
+        return failure;
+    }
+    return MediaFolders::move(MediaFolders::leaving(path), path);
+}
+
+std::optional<Failure> MediaRemoval::discard(const QString &path)
+{
+    const auto aside = MediaFolders::removeAll(MediaFolders::leaving(path));
+    const auto placed = MediaFolders::removeAll(path);
+    return aside ? aside : placed;
 }
 
 } // namespace ardeno

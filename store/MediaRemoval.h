@@ -27,8 +27,13 @@ public:
     // nothing.
     std::optional<Failure> begin();
     std::optional<Failure> putBack();
-    // Also of a file that could not be moved aside.
-    std::optional<Failure> finish();
+
+    bool isAside() const { return m_isAside; }
+
+    // What stands aside for this path, whoever moved it there: to its place, or for good, also where it is still in its
+    // place. What is not there is fine.
+    static std::optional<Failure> bringBack(const QString &path);
+    static std::optional<Failure> discard(const QString &path);
 
 private:
     QString m_path;

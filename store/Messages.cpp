@@ -15,8 +15,13 @@ void Messages::tell(const Outcome &outcome)
     if (outcome.error)
         report(*outcome.error, outcome.subject);
     // What says nothing, as a note that is kept while somebody types, takes nothing away.
-    if (outcome.notice || !outcome.problems().isEmpty())
+    const bool saysNothing = !outcome.notice && outcome.problems().isEmpty();
+    // Of what has been taken back since, nothing is said any more.
+    const bool isUndone = outcome.isDone && !outcome.subject.isEmpty() && outcome.subject == m_noticeSubject;
+    if (!saysNothing || isUndone) {
         notice.publish(outcome.notice);
+        m_noticeSubject = outcome.subject;
+    }
 }
 
 void Messages::report(const QString &problem, const QString &subject)
@@ -31,6 +36,7 @@ void Messages::report(const QString &problem, const QString &subject)
 void Messages::confirm(const QString &sentence)
 {
     notice.publish(sentence); // The second of its kind is to be seen, too.
+    m_noticeSubject.clear();
 }
 
 void Messages::remark(const Remark &remark)

@@ -17,7 +17,8 @@ public:
 
     // The newest of the problems, which stay until they are dismissed or their matter has succeeded.
     Shown<std::optional<QString>> error;
-    // What was done last, until something else is done or fails, or it is dismissed.
+    // What was done last, until something else is done or fails, it is taken back, another page is shown, or it is
+    // dismissed.
     Shown<std::optional<QString>> notice;
     Shown<QList<Remark>> remarks;
 
@@ -28,6 +29,9 @@ public:
     void remark(const Remark &remark);
     // Takes back what was said about this.
     void resolve(const QString &subject);
+
+    // What the notice is about, as its outcome says.
+    const QString &noticeSubject() const { return m_noticeSubject; }
 
     // All problems and remarks, oldest first.
     QStringList sentences() const;
@@ -45,6 +49,7 @@ private:
     void showNewest();
 
     QList<Problem> m_problems; // Oldest first.
+    QString m_noticeSubject;
 };
 
 } // namespace ardeno

@@ -26,7 +26,8 @@ struct Remark {
 // What one operation did and has to say, a sentence of each kind at most.
 struct Outcome {
     bool isDone = false;
-    std::optional<QUuid> id = {}; // Of the record that it made or found.
+    std::optional<QUuid> id = {};           // Of the record that it made or found.
+    std::optional<QUuid> checkpointID = {}; // Whose page its notice belongs to; absent: no page's.
     std::optional<QString> notice = {};
     std::optional<QString> error = {};
     std::optional<QString> captureIssue = {}; // An error that belongs into the form.

@@ -30,5 +30,8 @@ inline constexpr PreferenceKey<QString> lastOpenedProjectID{"lastOpenedProjectID
 inline constexpr PreferenceKey<bool> newsletterPromptDismissed{"newsletterPromptDismissed"};
 inline constexpr PreferenceKey<bool> applicationsFolderNoticeShown{"applicationsFolderNoticeShown"};
 inline constexpr PreferenceKey<bool> closeNoticeShown{"closeNoticeShown"};
+// Notes that could not be written yet: JSON of UnsavedNote, one each.
+inline constexpr PreferenceKey<QStringList> unsavedNotes{"unsavedNotes"};
+inline constexpr PreferenceKey<QString> windowPlace{"windowPlace"}; // Base64 of what Qt saves of a window.
 
 } // namespace ardeno::keys

@@ -62,9 +62,18 @@ Outcome AppStore::makeProject(const QString &name)
 
 void AppStore::setSelectedProjectID(const std::optional<QUuid> &id)
 {
+    if (selectedProjectID() != id)
+        dismissNotice(); // It was about what was shown until now.
     selectedProjectID.set(id);
     if (id)
         m_preferences.setValue(keys::lastOpenedProjectID, uuidText(*id));
+}
+
+void AppStore::setSelection(const std::optional<QUuid> &id)
+{
+    if (selection() != id)
+        dismissNotice();
+    selection.set(id);
 }
 
 void AppStore::selectProject(QUuid id)
@@ -73,19 +82,19 @@ void AppStore::selectProject(QUuid id)
     const Project *const chosen = project(id);
     showArchivedProjects.set(chosen && chosen->archivedAt);
     setSelectedProjectID(id);
-    selection.set(ProjectOrder::newest(isShowingSamples() ? sampleHistory() : checkpoints(), id));
+    setSelection(ProjectOrder::newest(isShowingSamples() ? sampleHistory() : checkpoints(), id));
 }
 
 void AppStore::selectCheckpoint(const std::optional<QUuid> &id)
 {
-    selection.set(id);
+    setSelection(id);
 }
 
 void AppStore::showProjects()
 {
     const PublishTogether group;
     setSelectedProjectID(std::nullopt);
-    selection.set(std::nullopt);
+    setSelection(std::nullopt);
     showArchivedProjects.set(false);
 }
 

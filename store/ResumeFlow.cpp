@@ -65,19 +65,24 @@ QCoro::Task<ResumeOutcome> AppStore::resume(Checkpoint checkpoint, ChooseItems c
 {
     ResumeOutcome outcome;
     outcome.subject = subjects::resume;
+    outcome.checkpointID = checkpoint.id;
     if (busy())
         co_return outcome;
     busy.set(true);
     const auto idle = qScopeGuard([this] { busy.set(false); });
     const LibraryLock turn = co_await turnToResume();
-    if (audience == Audience::Window)
+    if (audience == Audience::Window) {
         unplacedWindows.set({});
+        resumeShortfall.set(std::nullopt);
+    }
     RestoreReport &report = outcome.report;
     co_await reopen(checkpoint, choose, restoreLayout, &report);
     if (report.layout)
         keepUnplaced(checkpoint.windows.value_or(QList<SavedWindow>()), *report.layout);
     outcome.isDone = true;
     outcome.notice = RestoreSummary::text(report);
+    if (audience == Audience::Window && !report.outcome.failures.isEmpty())
+        resumeShortfall.set(ResumeShortfall{checkpoint.id, report.outcome.failures});
     if (!report.outcome.failures.isEmpty())
         outcome.fail(tr("Could not open: ") + report.outcome.failures.join(", "));
     co_return outcome;
@@ -178,6 +183,13 @@ QCoro::Task<Outcome> AppStore::placeWindows(WindowLayout::RestoreRequest request
     outcome.isDone = true;
     outcome.notice = RestoreSummary::text(result);
     co_return outcome;
+}
+
+void AppStore::dismissShortfall()
+{
+    const PublishTogether group;
+    resumeShortfall.set(std::nullopt);
+    unplacedWindows.set({});
 }
 
 Capability AppStore::windowPositioning() const

@@ -33,7 +33,7 @@ QCoro::Task<Outcome> AppStore::importScreenshot(QString file, QUuid checkpointID
 
 QCoro::Task<Outcome> AppStore::addPicture(QString file, QUuid checkpointID)
 {
-    Outcome outcome{.subject = subjects::about("picture", checkpointID)};
+    Outcome outcome{.checkpointID = checkpointID, .subject = subjects::about("picture", checkpointID)};
     if (!editable(checkpointID))
         co_return outcome;
     QString path;
@@ -96,11 +96,19 @@ void AppStore::adoptScreenshot(QUuid checkpointID, const QString &path, Outcome 
         discard(arriving, outcome);
         return;
     }
+    pictureAdopted(*before, removal, outcome);
+}
+
+void AppStore::pictureAdopted(const Checkpoint &before, MediaRemoval &removal, Outcome *outcome)
+{
     outcome->notice = tr("Image added. A copy is saved with this checkpoint.");
-    forgetPictures({*before});
-    if (const auto remains = removal.finish())
+    forgetPictures({before});
+    if (!before.screenshot)
+        return; // What was removed before can still be brought back.
+    if (const auto remains = removal.isAside() ? std::nullopt : removal.begin())
         outcome->notice =
             tr("Image added, but the previous image file could not be removed: ") + remains->description();
+    remember(WorkspaceRemoval{before.id, {RemovedPicture{*before.screenshot}}});
 }
 
 void AppStore::putBack(MediaRemoval &removal, Outcome *outcome)
@@ -145,11 +153,8 @@ Outcome AppStore::clearScreenshot(const Checkpoint &before, MediaRemoval &remova
         return outcome;
     }
     forgetPictures({before});
-    if (const auto failure = removal.finish())
-        outcome.fail(tr("Screenshot removed, but its file could not be deleted from ") + removal.aside() + ": " +
-                     failure->description());
-    else
-        outcome.notice = tr("Screenshot removed. Your notes and workspace are saved.");
+    remember(WorkspaceRemoval{before.id, {RemovedPicture{*before.screenshot}}});
+    outcome.notice = tr("Screenshot removed. Your notes and workspace are saved.");
     return outcome;
 }
 

@@ -52,6 +52,7 @@ QCoro::Task<void> AppStore::checkForUpdates(Force force)
     if (!m_fetchUpdate || checkingForUpdates() || (force == Force::No && wasRecent(m_lastUpdateCheck)))
         co_return;
     checkingForUpdates.set(true);
+    updateAnswer.set(std::nullopt);
     const std::weak_ptr<bool> life = m_life; // The answer may come after the store has gone.
     std::optional<AppUpdateManifest> manifest;
     try {
@@ -64,6 +65,10 @@ QCoro::Task<void> AppStore::checkForUpdates(Force force)
     if (manifest)
         availableUpdate.set(UpdateVersion::isNewer(manifest->latestVersion, currentAppVersion()) ? manifest
                                                                                                  : std::nullopt);
+    if (force == Force::Yes && !manifest)
+        updateAnswer.set(tr("Could not check for updates. Try again when you are online."));
+    else if (force == Force::Yes && !availableUpdate())
+        updateAnswer.set(tr("Ardeno %1 is up to date.").arg(currentAppVersion()));
     checkingForUpdates.set(false);
     m_lastUpdateCheck = QDateTime::currentDateTimeUtc();
     m_preferences.setValue(keys::lastUpdateCheck, *m_lastUpdateCheck);

@@ -23,7 +23,8 @@ struct Screens {
     std::function<Sheet *(AppStore &, const Checkpoint &)> edit = {};
     // What a checkpoint holds of the workspace, at the end of its detail.
     std::function<QWidget *(AppStore &, const QUuid &)> workspaceItems = {};
-    std::function<void(const QString &file)> viewScreenshot = {};
+    // The viewer goes with the picture.
+    std::function<void(AppStore &, const QString &file)> viewScreenshot = {};
     // Ends a recorded session and saves its checkpoint; absent: the store does so at once.
     std::function<void(AppStore &)> stopRecording = {};
     // Where an offered version and the newsletter are; absent: nothing to open.

@@ -10,12 +10,14 @@
 #include <QPainter>
 #include <QPixmap>
 
+#include <optional>
+
 namespace ardeno {
 
 namespace {
 
-// On any ground; with a dot while a session is recorded.
-QIcon menuIcon(bool isRecording)
+// On any ground; with a dot in this colour.
+QIcon menuIcon(const std::optional<Role> &mark)
 {
     QIcon icon;
     for (const int extent : {16, 22, 24, 32, 48}) {
@@ -24,10 +26,10 @@ QIcon menuIcon(bool isRecording)
         QPainter painter(&pixmap);
         painter.setRenderHint(QPainter::Antialiasing);
         Symbols::drawBrandMark(painter, QRectF(1, 1, extent - 2, extent - 2), themeColor(Role::Accent), Qt::white);
-        if (isRecording) {
+        if (mark) {
             const qreal dot = extent * 0.45;
             painter.setPen(QPen(Qt::white, extent / 16.0));
-            painter.setBrush(themeColor(Role::Recording));
+            painter.setBrush(themeColor(*mark));
             painter.drawEllipse(QRectF(extent - dot - 1, extent - dot - 1, dot, dot));
         }
         icon.addPixmap(pixmap);
@@ -97,13 +99,22 @@ void TrayItem::hide()
     m_iconMenu.reset();
 }
 
+void TrayItem::setMarked(bool isMarked)
+{
+    m_isMarked = isMarked;
+    showState();
+}
+
 void TrayItem::showState()
 {
     if (!m_icon)
         return;
     const bool isRecording = m_state.recording();
-    m_icon->setIcon(menuIcon(isRecording));
-    m_icon->setToolTip(isRecording ? tr("Ardeno — Recording") : tr("Ardeno"));
+    const auto attention = m_isMarked ? std::optional(Role::Amber) : std::nullopt;
+    m_icon->setIcon(menuIcon(isRecording ? std::optional(Role::Recording) : attention));
+    m_icon->setToolTip(isRecording  ? tr("Ardeno — Recording")
+                       : m_isMarked ? tr("Ardeno — Something needs attention")
+                                    : tr("Ardeno"));
 }
 
 } // namespace ardeno

@@ -25,6 +25,9 @@ public:
 
     bool isShown() const { return m_icon != nullptr; }
 
+    // Whether it says that there is something to be looked at.
+    void setMarked(bool isMarked);
+
 private Q_SLOTS: // The bus library calls slots alone.
     void look();
 
@@ -36,6 +39,7 @@ private:
 
     const AppState &m_state;
     ApplicationMenu &m_menu;
+    bool m_isMarked = false;
     QDBusConnection m_connection;
     QDBusServiceWatcher m_watcher;
     // Before the icon, which refers to it.

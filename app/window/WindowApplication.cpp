@@ -115,6 +115,7 @@ void WindowApplication::adopt(OpenedLibrary library)
     else
         store.remark({.sentence = tr("There is no session bus: commands cannot reach this window, and closing it "
                                      "quits Ardeno.")});
+    tellHiddenFailures();
     adviseMove();
     m_bus.serveCommands();
     store.checkForUpdates(Force::No);
@@ -155,6 +156,8 @@ MainWindow &WindowApplication::window()
     prepareWindows();
     m_window = std::make_unique<MainWindow>(m_screens);
     m_window->setOnClose([this] { return mayClose(); });
+    m_window->installEventFilter(this);
+    m_place = std::make_unique<WindowPlace>(*m_window);
     if (m_application)
         openWindow();
     else // The menu comes with the store, which may take its time.
@@ -173,12 +176,43 @@ void WindowApplication::comeToFront()
         m_application->desktop().ownWindows->bringToFront(front.winId());
 }
 
+// What would be lost or put off by the end of the program, now.
+bool WindowApplication::holdsInput()
+{
+    return m_window && (m_window->sheets().holdsInput() || m_window->hasUnsavedNotes());
+}
+
 void WindowApplication::quit()
 {
-    if (!m_application || !m_application->store().recording()) {
+    if (m_application && m_application->store().recording())
+        refuseWhileRecording();
+    else if (holdsInput())
+        askBeforeQuitting();
+    else
         end();
+}
+
+void WindowApplication::askBeforeQuitting()
+{
+    comeToFront();
+    const bool isNote = m_window->hasUnsavedNotes();
+    const AlertText text{.title = tr("Quit without saving?"),
+                         .message = isNote ? tr("A note could not be written yet. Ardeno keeps it in its settings and "
+                                                "tries again at its next start.")
+                                           : tr("What you typed has not been saved."),
+                         .confirm = tr("Quit without saving"),
+                         .cancel = tr("Keep open"),
+                         .kind = Button::Kind::Destructive};
+    if (m_alert)
         return;
-    }
+    m_alert = presentAlert(m_window->sheets(), text, [this](bool isConfirmed) {
+        if (isConfirmed)
+            end();
+    });
+}
+
+void WindowApplication::refuseWhileRecording()
+{
     comeToFront();
     const AlertText text{.title = tr("Finish saving before quitting"),
                          .message = tr("Use Stop & save checkpoint to finish your recording, then quit."),
@@ -198,14 +232,32 @@ void WindowApplication::end()
 void WindowApplication::refuseLogout(QSessionManager &manager)
 {
     const bool isRecording = m_application && m_application->store().recording();
-    if (!isRecording || !manager.allowsInteraction())
+    if (!manager.allowsInteraction() || (!isRecording && !holdsInput()))
         return; // What is recorded is saved when the end comes.
     quit();
     manager.cancel();
 }
 
+bool WindowApplication::isWindowSeen() const
+{
+    return m_window && m_window->isVisible() && !m_window->isMinimized();
+}
+
+void WindowApplication::tellHiddenFailures()
+{
+    if (m_reach != Reach::Bus)
+        return;
+    const HiddenFailures::Window shown{.isSeen = [this] { return isWindowSeen(); },
+                                       .show = [this] { comeToFront(); },
+                                       .mark = [this](bool hasUnseen) { m_tray->setMarked(hasUnseen); }};
+    m_hiddenFailures = std::make_unique<HiddenFailures>(m_application->store(), QDBusConnection::sessionBus(), shown);
+}
+
 bool WindowApplication::eventFilter(QObject *watched, QEvent *event)
 {
+    const bool isShown = event->type() == QEvent::Show || event->type() == QEvent::WindowStateChange;
+    if (watched == m_window.get() && isShown && m_hiddenFailures && isWindowSeen())
+        m_hiddenFailures->seen();
     if (watched != qApp || event->type() != QEvent::Quit)
         return false;
     event->ignore();
@@ -220,6 +272,14 @@ bool WindowApplication::mayClose()
         quit();
         return false;
     }
+    if (m_window->hasUnsavedNotes()) {
+        askBeforeClosing();
+        return false;
+    }
+    if (m_application->store().recording() && !m_tray->isShown()) {
+        m_window->showMinimized(); // Else nothing would tell that the recording goes on.
+        return false;
+    }
     if (m_tray->isShown())
         return true;
     const Preferences preferences(Preferences::defaultFolder());
@@ -228,6 +288,20 @@ bool WindowApplication::mayClose()
     if (!m_alert)
         explainClosing();
     return false;
+}
+
+void WindowApplication::askBeforeClosing()
+{
+    const AlertText text{.title = tr("A note is not saved yet"),
+                         .message = tr("It could not be written. Ardeno keeps it and tries again while it runs."),
+                         .confirm = tr("Close window"),
+                         .cancel = tr("Keep open")};
+    if (m_alert)
+        return;
+    m_alert = presentAlert(m_window->sheets(), text, [this](bool isConfirmed) {
+        if (isConfirmed)
+            m_window->hide();
+    });
 }
 
 void WindowApplication::explainClosing()

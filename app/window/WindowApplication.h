@@ -3,7 +3,9 @@
 
 #include "app/Application.h"
 #include "app/window/ApplicationMenu.h"
+#include "app/window/HiddenFailures.h"
 #include "app/window/TrayItem.h"
+#include "app/window/WindowPlace.h"
 #include "ui/Screens.h"
 #include "ui/controls/Sheet.h"
 #include "ui/main/MainWindow.h"
@@ -58,7 +60,13 @@ private:
     void quit();
     // The user is asked to finish first, where the session manager allows it.
     void refuseLogout(QSessionManager &manager);
+    void refuseWhileRecording();
+    bool holdsInput();
+    bool isWindowSeen() const;
+    void tellHiddenFailures();
+    void askBeforeQuitting();
     bool mayClose();
+    void askBeforeClosing();
     void explainClosing();
     void adviseMove();
 
@@ -71,7 +79,9 @@ private:
     std::unique_ptr<ApplicationMenu> m_menu;
     std::unique_ptr<QuickSaveController> m_quickSave;
     std::unique_ptr<TrayItem> m_tray;
+    std::unique_ptr<HiddenFailures> m_hiddenFailures;
     std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<WindowPlace> m_place;
     QShortcut *m_quitShortcut = nullptr; // Until the window is open.
     QPointer<Sheet> m_alert;
 };

@@ -12,6 +12,30 @@
         <translation>Etwas braucht Ihre Aufmerksamkeit</translation>
     </message>
     <message>
+        <source>Ardeno — Something needs attention</source>
+        <translation>Ardeno – Etwas braucht Ihre Aufmerksamkeit</translation>
+    </message>
+    <message>
+        <source>Quit without saving?</source>
+        <translation>Ohne Sichern beenden?</translation>
+    </message>
+    <message>
+        <source>Quit without saving</source>
+        <translation>Ohne Sichern beenden</translation>
+    </message>
+    <message>
+        <source>A note could not be written yet. Ardeno keeps it in its settings and tries again at its next start.</source>
+        <translation>Eine Notiz konnte noch nicht gesichert werden. Ardeno bewahrt sie in seinen Einstellungen auf und versucht es beim nächsten Start erneut.</translation>
+    </message>
+    <message>
+        <source>What you typed has not been saved.</source>
+        <translation>Ihre Eingaben sind nicht gesichert.</translation>
+    </message>
+    <message>
+        <source>It could not be written. Ardeno keeps it and tries again while it runs.</source>
+        <translation>Sie konnte nicht gesichert werden. Ardeno bewahrt sie auf und versucht es weiter, solange es läuft.</translation>
+    </message>
+    <message>
         <source>Nothing is captured, because your capture exclusions could not be read: %1 Mend the file in %2, or start over under “Capture exclusions” in the settings (in a terminal: %3). What could not be read is kept.</source>
         <translation>Es wird nichts erfasst, weil Ihre Ausnahmen nicht gelesen werden konnten: %1 Reparieren Sie die Datei in %2 oder beginnen Sie in den Einstellungen unter „Ausnahmen beim Erfassen“ neu (im Terminal: %3). Was nicht gelesen werden konnte, bleibt aufbewahrt.</translation>
     </message>
@@ -52,6 +76,22 @@
         <translation>Dieser Checkpoint konnte nicht gesichert werden: </translation>
     </message>
     <message>
+        <source>Could not bring the screenshot back: </source>
+        <translation>Das Bildschirmfoto konnte nicht zurückgeholt werden: </translation>
+    </message>
+    <message>
+        <source>Could not check for updates. Try again when you are online.</source>
+        <translation>Es konnte nicht nach Updates gesucht werden. Versuchen Sie es erneut, wenn Sie online sind.</translation>
+    </message>
+    <message>
+        <source>Ardeno %1 is up to date.</source>
+        <translation>Ardeno %1 ist auf dem neuesten Stand.</translation>
+    </message>
+    <message>
+        <source>This checkpoint is no longer in the library, so nothing could be saved.</source>
+        <translation>Dieser Checkpoint ist nicht mehr in der Bibliothek, daher konnte nichts gesichert werden.</translation>
+    </message>
+    <message>
         <source>Whether every saved page of %1 was still open could not be checked.</source>
         <translation>Ob jede gesicherte Seite von %1 noch offen war, ließ sich nicht prüfen.</translation>
     </message>
@@ -68,8 +108,96 @@
         <translation>Es gibt keine neuen Browser-Tabs.</translation>
     </message>
     <message>
+        <source>Screenshot replaced</source>
+        <translation>Bildschirmfoto ersetzt</translation>
+    </message>
+    <message>
+        <source>Window positions replaced</source>
+        <translation>Fensterpositionen ersetzt</translation>
+    </message>
+    <message>
+        <source>Screenshot removed</source>
+        <translation>Bildschirmfoto entfernt</translation>
+    </message>
+    <message>
+        <source>Not saved yet · Saving is tried again</source>
+        <translation>Noch nicht gesichert · Es wird erneut versucht</translation>
+    </message>
+    <message>
+        <source>A note is not saved yet</source>
+        <translation>Eine Notiz ist noch nicht gesichert</translation>
+    </message>
+    <message>
+        <source>What you typed into “%1” could not be written. It is kept, and saving it is tried again.</source>
+        <translation>Was Sie in „%1“ geschrieben haben, konnte nicht gesichert werden. Es bleibt erhalten, und das Sichern wird erneut versucht.</translation>
+    </message>
+    <message>
+        <source>Back to the note</source>
+        <translation>Zurück zur Notiz</translation>
+    </message>
+    <message>
+        <source>Leave it</source>
+        <translation>So lassen</translation>
+    </message>
+    <message>
+        <source>Discard what you typed?</source>
+        <translation>Eingaben verwerfen?</translation>
+    </message>
+    <message>
+        <source>It has not been saved.</source>
+        <translation>Sie sind nicht gesichert.</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Keep editing</source>
+        <translation>Weiter bearbeiten</translation>
+    </message>
+    <message>
         <source>No visible windows matched this checkpoint’s saved apps.</source>
         <translation>Kein sichtbares Fenster gehört zu den Apps dieses Checkpoints.</translation>
+    </message>
+    <message>
+        <source>Not everything is back</source>
+        <translation>Nicht alles ist wieder da</translation>
+    </message>
+    <message>
+        <source>Could not open: %1</source>
+        <translation>Nicht geöffnet: %1</translation>
+    </message>
+    <message>
+        <source>Not placed: %1 (%2)</source>
+        <translation>Nicht platziert: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Dismiss what is not back</source>
+        <translation>Ausblenden, was nicht wieder da ist</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>Show what is not back</source>
+        <translation>Anzeigen, was nicht wieder da ist</translation>
+    </message>
+    <message>
+        <source>This version names no download over a secure connection (https), so Ardeno does not open one.</source>
+        <translation>Diese Version nennt keinen Download über eine sichere Verbindung (https), daher öffnet Ardeno keinen.</translation>
+    </message>
+    <message>
+        <source>It names no download over a secure connection (https), so Ardeno does not open one.</source>
+        <translation>Sie nennt keinen Download über eine sichere Verbindung (https), daher öffnet Ardeno keinen.</translation>
+    </message>
+    <message>
+        <source>The address is %1.</source>
+        <translation>Die Adresse ist %1.</translation>
+    </message>
+    <message>
+        <source>%1 is no longer excluded</source>
+        <translation>%1 wird nicht mehr ausgelassen</translation>
     </message>
     <message>
         <source> Some media remains in </source>
@@ -1741,6 +1869,27 @@ für die Arbeit.</translation>
         <translation>
             <numerusform>%n Fensterposition wiederhergestellt</numerusform>
             <numerusform>%n Fensterpositionen wiederhergestellt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n windows not placed</source>
+        <translation>
+            <numerusform>%n Fenster nicht platziert</numerusform>
+            <numerusform>%n Fenster nicht platziert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n failed</source>
+        <translation>
+            <numerusform>%n fehlgeschlagen</numerusform>
+            <numerusform>%n fehlgeschlagen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiteres</numerusform>
+            <numerusform>und %n weitere</numerusform>
         </translation>
     </message>
     <message numerus="yes">

@@ -109,6 +109,27 @@
         </translation>
     </message>
     <message numerus="yes">
+        <source>%n windows not placed</source>
+        <translation>
+            <numerusform>%n window not placed</numerusform>
+            <numerusform>%n windows not placed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n failed</source>
+        <translation>
+            <numerusform>%n failed</numerusform>
+            <numerusform>%n failed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%n opened</source>
         <translation>
             <numerusform>%n opened</numerusform>

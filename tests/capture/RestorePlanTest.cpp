@@ -90,7 +90,9 @@ TEST_CASE("a resume is summed up in one sentence that names only what there was"
     report.folders = 2;
     report.viewerDocuments = 3;
     report.documents = 4;
-    CHECK(RestoreSummary::text(report) ==
-          u"Workspace restored · 5 opened · 0 already active · 1 unavailable · 4 window positions restored · 2 Finder "
-          "locations restored · 3 Preview documents restored · 4 documents restored"_qs);
+    report.outcome.failures = {"Viewer"};
+    CHECK(
+        RestoreSummary::text(report) ==
+        u"Workspace restored · 5 opened · 0 already active · 1 unavailable · 4 window positions restored · 2 Finder "
+        "locations restored · 3 Preview documents restored · 4 documents restored · 1 failed · 2 windows not placed"_qs);
 }

@@ -157,14 +157,26 @@ TEST_CASE_FIXTURE(MediaFixture, "wherever a change is cut short, the next start 
         finish(store().stop());
     };
     const auto removeScreenshot = [&] { store().removeScreenshot(first); };
+    const auto bringBack = [&] {
+        store().removeScreenshot(first);
+        store().undoWorkspaceRemoval();
+    };
+    const auto replaceTwice = [&] {
+        import();
+        import();
+        store().undoWorkspaceRemoval();
+        opened.reset();
+        reopen();
+    };
     const auto deleteCheckpoint = [&] { store().deleteCheckpoint(first); };
     const auto deleteProject = [&] { store().deleteProject(project); };
     using Kind = faults::Plan::Kind;
     for (const std::function<void()> &work : {std::function<void()>(save), std::function<void()>(record)})
         attack(work, {.kind = Kind::Kill});
     for (const std::function<void()> &work :
-         {std::function<void()>(import), std::function<void()>(removeScreenshot),
-          std::function<void()>(deleteCheckpoint), std::function<void()>(deleteProject)}) {
+         {std::function<void()>(import), std::function<void()>(removeScreenshot), std::function<void()>(bringBack),
+          std::function<void()>(replaceTwice), std::function<void()>(deleteCheckpoint),
+          std::function<void()>(deleteProject)}) {
         attack(work, {.kind = Kind::Kill});
         attack(work, {.kind = Kind::Error, .error = EIO});
         attack(work, {.kind = Kind::LastingError, .error = EIO});

@@ -149,6 +149,20 @@ TEST_CASE_FIXTURE(EditingFixture, "what was removed comes back to its place, onc
     CHECK_FALSE(store().lastRemoval().has_value());
 }
 
+TEST_CASE_FIXTURE(EditingFixture, "window positions that were replaced come back")
+{
+    giveItems({{"org.editor", "Editor"}}, {});
+    finish(store().addCurrentWindowLayout(saved.id));
+    CHECK_MESSAGE(!store().lastRemoval(), "there were none before");
+    const std::optional<QList<SavedWindow>> first = now().windows;
+    finish(store().addCurrentWindowLayout(saved.id));
+    CHECK(now().windows != first);
+    CHECK(store().undoWorkspaceRemoval());
+    CHECK(now().windows == first);
+    CHECK_FALSE(store().notice().has_value());
+    CHECK_FALSE(store().lastRemoval().has_value());
+}
+
 TEST_CASE_FIXTURE(EditingFixture, "a workspace is active while all of its applications run")
 {
     giveItems({{"org.editor", "Editor"}, {"org.viewer", "Viewer"}}, {});

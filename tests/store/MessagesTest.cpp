@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "media/PngWriter.h"
 #include "model/LibraryFailure.h"
 #include "support/Finish.h"
 #include "tests/store/StoreFixture.h"
@@ -251,4 +252,39 @@ TEST_CASE_FIXTURE(MessagesFixture,
     REQUIRE(outcome);
     CHECK_FALSE(store().showArchivedProjects());
     CHECK(store().selection() == outcome.id);
+}
+
+TEST_CASE_FIXTURE(MessagesFixture, "a notice leaves with the page it is about, and never comes to another one")
+{
+    const QString image = home.filePath("image.png");
+    writeFile(image, PngWriter::encoded({2, 2}, QByteArray(16, '\x40')));
+    const QUuid own = *store().selectedProjectID();
+    const QUuid other = *store().createProject("Other");
+    const auto announce = [&] {
+        store().selectProject(own);
+        finish(store().importScreenshot(image, saved.id));
+        REQUIRE(store().notice().has_value());
+    };
+    const std::function<void()> ways[] = {
+        [&] { store().selectProject(other); },
+        [&] { store().showProjects(); },
+        [&] { store().selectCheckpoint(std::nullopt); },
+        [&] { store().undoWorkspaceRemoval(); },
+    };
+    for (const auto &leave : ways) {
+        announce();
+        leave();
+        CHECK_FALSE(store().notice().has_value());
+    }
+    announce();
+    CHECK(store().updateNote(&Checkpoint::objective, "typed", saved.id));
+    CHECK_MESSAGE(store().notice(), "a note that is kept while somebody types takes nothing away");
+
+    QCoro::Task<Outcome> late = store().importScreenshot(image, saved.id);
+    store().selectProject(other);
+    CHECK(finish(std::move(late)));
+    CHECK_FALSE(store().notice().has_value());
+    announce();
+    store().deleteCheckpoint(saved.id);
+    CHECK_FALSE(store().notice().has_value());
 }

@@ -142,7 +142,8 @@ TEST_CASE_FIXTURE(ResumeFixture, "what fails is named, and the rest is opened al
     CHECK(store().error() == "Could not open: Viewer (No such file or directory), Page https://b.example/ (No "
                              "application opens web pages), Chrome (it ended with an error), Page https://a.example/ "
                              "(Chrome ended with an error)");
-    CHECK(store().notice() == u"Workspace restored · 1 opened · 1 already active · 1 unavailable"_qs);
+    CHECK(store().notice() == u"Workspace restored · 1 opened · 1 already active · 1 unavailable · %1 failed"_qs.arg(
+                                  store().resumeShortfall()->failures.size()));
 
     // A document that was handed to an application in vain, and applications that never came.
     checkpoint.apps = {{"files", "Files"}, {chrome, "Chrome"}};

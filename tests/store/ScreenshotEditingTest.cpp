@@ -37,9 +37,9 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "an imported image takes the place of the s
     CHECK_FALSE(store().error().has_value());
     REQUIRE(now().screenshot.has_value());
     CHECK(now().screenshot->startsWith(mediaFolder(saved) + "/image-"));
-    CHECK(media() == QStringList{QFileInfo(*now().screenshot).fileName()});
     CHECK(QFile::exists(image));
     reopen();
+    CHECK_MESSAGE(media() == QStringList{QFileInfo(*now().screenshot).fileName()}, "nothing can be undone any more");
     CHECK(fileBytes(*now().screenshot).startsWith("\x89PNG"));
 }
 
@@ -92,13 +92,91 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "a removed screenshot leaves the library an
     store().removeScreenshot(saved.id);
     CHECK(store().notice() == "Screenshot removed. Your notes and workspace are saved.");
     CHECK_FALSE(now().screenshot.has_value());
-    CHECK(media().isEmpty());
+    CHECK(!QFile::exists(*saved.screenshot));
     CHECK_MESSAGE(!cache.find(*saved.screenshot, stamp), "no small copy of it lives on");
 
     pointTo(mediaFolder(saved) + "/gone.png");
     store().removeScreenshot(saved.id);
     CHECK_FALSE(now().screenshot.has_value());
     CHECK_FALSE(store().error().has_value());
+    opened.reset();
+    CHECK(media().isEmpty());
+}
+
+TEST_CASE_FIXTURE(ScreenshotFixture, "a picture that was removed or replaced comes back, and so does what replaced it")
+{
+    const auto shown = [this] { return fileBytes(now().screenshot.value_or(QString())); };
+    store().removeScreenshot(saved.id);
+    CHECK(store().lastRemoval() == WorkspaceRemoval{saved.id, {RemovedPicture{*saved.screenshot}}});
+    CHECK(store().undoWorkspaceRemoval());
+    CHECK(now() == saved);
+    CHECK(shown() == "picture of one");
+    CHECK(media() == QStringList{"snapshot.png"});
+    CHECK_FALSE(store().lastRemoval().has_value());
+    CHECK_MESSAGE(!store().notice(), "that it was removed is not true any more");
+
+    finish(store().importScreenshot(image, saved.id));
+    const QByteArray imported = shown();
+    CHECK(store().undoWorkspaceRemoval());
+    CHECK(shown() == "picture of one");
+    CHECK(store().undoWorkspaceRemoval());
+    CHECK(shown() == imported);
+    CHECK(store().undoWorkspaceRemoval());
+
+    // What was removed first is not forgotten for what was added since.
+    store().removeScreenshot(saved.id);
+    finish(store().importScreenshot(image, saved.id));
+    CHECK(store().undoWorkspaceRemoval());
+    CHECK(shown() == "picture of one");
+    CHECK(store().updateNote(&Checkpoint::objective, "typed", saved.id));
+    reopen();
+    CHECK(shown() == "picture of one");
+    CHECK(media() == QStringList{"snapshot.png"});
+}
+
+TEST_CASE_FIXTURE(ScreenshotFixture, "a picture that cannot come back any more leaves the disk")
+{
+    const Checkpoint other = saveCheckpoint(project, "other", 2);
+    saved.apps = {{"org.editor", "Editor"}};
+    REQUIRE(store().save(saved));
+    const auto leave = [&](const std::function<void()> &act) {
+        REQUIRE(store().removeScreenshot(saved.id));
+        CHECK(media() == QStringList{".snapshot.png.removing"});
+        act();
+        CHECK(media().isEmpty());
+        reopen();
+        CHECK_FALSE(store().lastRemoval().has_value());
+        writeFile(*saved.screenshot, "picture of one");
+        REQUIRE(store().save(saved));
+    };
+    leave([&] { REQUIRE(store().removeApp(saved.apps.first(), saved.id)); });
+    leave([&] { REQUIRE(store().removeScreenshot(other.id)); });
+    leave([&] { opened.reset(); });
+    leave([&] { REQUIRE(store().deleteCheckpoint(saved.id)); });
+    leave([&] { REQUIRE(store().deleteProject(project)); });
+}
+
+TEST_CASE_FIXTURE(ScreenshotFixture, "an undo that cannot be written, or was made by another program, loses no picture")
+{
+    const QByteArray before = fileBytes(libraryPath());
+    store().removeScreenshot(saved.id);
+    const QByteArray without = fileBytes(libraryPath());
+    breakLibrary();
+    CHECK_FALSE(store().undoWorkspaceRemoval());
+    CHECK(store().error()->startsWith("Could not bring the screenshot back: "));
+    CHECK(media() == QStringList{".snapshot.png.removing"});
+    REQUIRE(QDir(libraryPath()).removeRecursively());
+    writeFile(libraryPath(), without);
+    CHECK(store().undoWorkspaceRemoval());
+    CHECK(fileBytes(*saved.screenshot) == "picture of one");
+
+    store().removeScreenshot(saved.id);
+    REQUIRE(QFile::remove(libraryPath())); // Else it would be the same file with another content.
+    writeFile(libraryPath(), before);
+    store().createProject("Second");
+    CHECK(now().screenshot == saved.screenshot);
+    CHECK(fileBytes(*saved.screenshot) == "picture of one");
+    CHECK_FALSE(store().lastRemoval().has_value());
 }
 
 TEST_CASE_FIXTURE(ScreenshotFixture, "a screenshot whose removal cannot be written is back as it was")

@@ -123,6 +123,13 @@ TEST_CASE_FIXTURE(ItemsFixture, "current tabs and window positions are added on 
     click("Show 1 saved window");
     CHECK(titles("Saved windows") == QStringList{"notes.txt"});
     picture("items-windows");
+    const std::optional<QList<SavedWindow>> first = saved().windows;
+    click("Update to current positions");
+    REQUIRE(eventually([this] { return seesText("Window positions replaced"); }));
+    picture("items-windows-replaced");
+    click("Undo");
+    CHECK(saved().windows == first);
+    CHECK_FALSE(seesText("Window positions replaced"));
 }
 
 TEST_CASE_FIXTURE(WindowFixture, "a sample's items are shown, and nothing changes them")

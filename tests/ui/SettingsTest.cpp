@@ -219,6 +219,9 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is excluded can be allowed again, also 
     click("Allow Editor again");
     CHECK(store().exclusions().apps.isEmpty());
     CHECK(seesText("No apps excluded"));
+    click("Undo");
+    CHECK(store().exclusions().apps == QList<SavedApp>{{"org.editor", "Editor"}});
+    click("Allow Editor again");
     click("Allow site1.example again");
     CHECK_FALSE(store().exclusions().domains.contains("site1.example"));
     QListView *const websites = list("Excluded websites");
@@ -229,6 +232,10 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is excluded can be allowed again, also 
     CHECK_FALSE(store().exclusions().domains.contains("site299.example"));
     CHECK(websites->hasFocus());
     picture("exclusions-many");
+    CHECK(seesText("site299.example is no longer excluded"));
+    click("Undo");
+    CHECK(store().exclusions().domains.contains("site299.example"));
+    CHECK_FALSE(findButton("Undo"));
 }
 
 TEST_CASE_FIXTURE(SettingsFixture, "exclusions are shown and stay as they are while a session is recorded")
@@ -267,7 +274,8 @@ TEST_CASE_FIXTURE(SettingsFixture, "a bug report becomes a draft, or says why no
     memory.hasMailProgram = false;
     pictures("bug-report");
     click("Open email draft");
-    CHECK(seesText("Your email app could not be opened. Use Copy report and send it manually."));
+    CHECK(seesText("Your email app could not be opened. Use Copy report and send it manually. The address is " +
+                   Endpoints::supportAddress() + '.'));
     picture("bug-report-failed");
     click("OK");
     click("Copy report");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/checkpoint/CheckpointDetail.h"
 
+#include "ui/checkpoint/ResumeShortfallCard.h"
 #include "ui/checkpoint/ScreenshotCard.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Label.h"
@@ -36,7 +37,8 @@ CheckpointDetail::CheckpointDetail(AppStore &store, const Screens &screens, cons
     setWidget(makePage(checkpoint));
     viewport()->setAutoFillBackground(false);
     widget()->setAutoFillBackground(false);
-    m_observations.watch([this] { showCheckpoint(); }, store.checkpoints, store.projects, store.runningApplicationIDs);
+    m_observations.watch([this] { showCheckpoint(); }, store.checkpoints, store.projects, store.runningApplicationIDs,
+                         store.unsavedNotes);
 }
 
 QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
@@ -54,6 +56,8 @@ QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
     column->addSpacing(16);
     column->addWidget(makeResumeRow());
     column->addSpacing(16);
+    m_shortfall = new ResumeShortfallCard(m_store, m_id);
+    column->addWidget(m_shortfall);
     column->addWidget(new ScreenshotCard(m_store, m_screens, checkpoint));
     column->addSpacing(8);
     column->addWidget(makeFooter(checkpoint));
@@ -188,12 +192,25 @@ void CheckpointDetail::showCheckpoint()
     const Project *const project = m_store.selectedProject();
     m_title->setText(ProjectText::title(*checkpoint, project ? project->name : QString()));
     m_caption->setText(ProjectText::resumeCaption(*checkpoint));
-    m_objective->setText(checkpoint->objective);
-    m_nextStep->setText(checkpoint->nextStep);
+    showNote(m_objective, &Checkpoint::objective, *checkpoint);
+    showNote(m_nextStep, &Checkpoint::nextStep, *checkpoint);
     if (m_recording)
         m_recording->setVisible(checkpoint->recording.has_value());
     if (m_resume)
         showResume(*checkpoint);
+}
+
+void CheckpointDetail::showNote(InlineNote *note, QString Checkpoint::*field, const Checkpoint &checkpoint)
+{
+    const QString text = m_store.noteText(field, checkpoint);
+    note->setText(text);
+    note->setUnsaved(text != checkpoint.*field);
+}
+
+void CheckpointDetail::showShortfall()
+{
+    ensureWidgetVisible(m_shortfall, 0, 16);
+    m_shortfall->setFocus(Qt::OtherFocusReason);
 }
 
 void CheckpointDetail::showResume(const Checkpoint &checkpoint)

@@ -22,6 +22,9 @@ public:
     // Keeps what was typed into the notes.
     void commitNotes();
 
+    // Brings what the last resume could not do into view.
+    void showShortfall();
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -32,6 +35,7 @@ private:
     QWidget *makeFooter(const Checkpoint &checkpoint);
     InlineNote *makeNote(QString Checkpoint::*field);
     void showCheckpoint();
+    void showNote(InlineNote *note, QString Checkpoint::*field, const Checkpoint &checkpoint);
     void showResume(const Checkpoint &checkpoint);
     void viewRecording(const Checkpoint &checkpoint);
     const Checkpoint *current() const;
@@ -44,6 +48,7 @@ private:
     Button *m_resume = nullptr;
     QLabel *m_caption = nullptr;
     Button *m_recording = nullptr;
+    QWidget *m_shortfall = nullptr;
     InlineNote *m_objective;
     InlineNote *m_nextStep;
     Observations m_observations;

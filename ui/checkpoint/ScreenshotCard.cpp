@@ -6,9 +6,12 @@
 #include "ui/controls/Button.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/PictureImage.h"
+#include "ui/controls/UndoStrip.h"
 
 #include <QFileDialog>
 #include <QPointer>
+
+#include <variant>
 
 namespace ardeno {
 
@@ -20,14 +23,27 @@ ScreenshotCard::ScreenshotCard(AppStore &store, const Screens &screens, const Ch
       m_column(makeColumn(10, this)),
       m_choose(new Button({}, Button::Kind::Plain)),
       m_expand(new Button(tr("Expand"), Button::Kind::Plain, "arrow.up.left.and.arrow.down.right")),
-      m_remove(new Button(tr("Remove"), Button::Kind::Plain, "trash"))
+      m_remove(new Button(tr("Remove"), Button::Kind::Plain, "trash")),
+      m_undo(new UndoStrip([this] { m_store.undoWorkspaceRemoval(); }))
 {
     m_column->setContentsMargins(15, 12, 15, 14);
     m_column->addWidget(makeHeader());
+    m_column->addWidget(m_undo);
     if (m_isSample)
         m_column->addWidget(new SampleWorkspace);
     else
         m_observations.watch([this] { showCheckpoint(); }, store.checkpoints);
+    m_observations.watch([this] { showUndo(); }, store.lastRemoval, store.checkpoints);
+}
+
+void ScreenshotCard::showUndo()
+{
+    const std::optional<WorkspaceRemoval> &removal = m_store.lastRemoval();
+    const bool isOurs =
+        removal && removal->checkpointID == m_id && std::holds_alternative<RemovedPicture>(removal->item.item);
+    const Checkpoint *const checkpoint = m_store.checkpoint(m_id);
+    m_undo->setVisible(isOurs);
+    m_undo->setText(checkpoint && checkpoint->screenshot ? tr("Screenshot replaced") : tr("Screenshot removed"));
 }
 
 QWidget *ScreenshotCard::makeHeader()
@@ -114,7 +130,7 @@ void ScreenshotCard::expand()
 {
     const Checkpoint *const checkpoint = m_store.checkpoint(m_id);
     if (checkpoint && checkpoint->screenshot && m_screens.viewScreenshot)
-        m_screens.viewScreenshot(m_store.screenshotFile(*checkpoint).value_or(QString()));
+        m_screens.viewScreenshot(m_store, m_store.screenshotFile(*checkpoint).value_or(QString()));
 }
 
 } // namespace ardeno

@@ -10,6 +10,7 @@ class QVBoxLayout;
 namespace ardeno {
 
 class Button;
+class UndoStrip;
 
 // The screenshot of one checkpoint with what can be done with it.
 class ScreenshotCard final : public Card {
@@ -21,6 +22,7 @@ private:
     QWidget *makePicture(const Checkpoint &checkpoint);
     QWidget *makePlaceholder();
     void showCheckpoint();
+    void showUndo();
     void chooseImage();
     void expand();
 
@@ -33,6 +35,7 @@ private:
     Button *m_choose;
     Button *m_expand;
     Button *m_remove;
+    UndoStrip *m_undo;
     QWidget *m_picture = nullptr;
     Thumbnails::Request m_preview;
     Observations m_observations;

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/Sheet.h"
 
+#include "ui/controls/Alert.h"
 #include "ui/theme/Drawing.h"
 
 #include <QAccessible>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QTextEdit>
@@ -87,6 +89,25 @@ void Sheet::close()
         host->remove(this);
 }
 
+void Sheet::cancel()
+{
+    auto *const host = dynamic_cast<SheetHost *>(parentWidget());
+    if (!host || !holdsInput()) {
+        close();
+        return;
+    }
+    const auto tr = [](const char *text) { return QCoreApplication::translate("ardeno::Sheet", text); };
+    const AlertText question{.title = tr("Discard what you typed?"),
+                             .message = tr("It has not been saved."),
+                             .confirm = tr("Discard"),
+                             .cancel = tr("Keep editing"),
+                             .kind = Button::Kind::Destructive};
+    presentAlert(*host, question, [self = QPointer<Sheet>(this)](bool isConfirmed) {
+        if (isConfirmed && self)
+            self->close();
+    });
+}
+
 void Sheet::takeFocus()
 {
     const QList<QWidget *> controls = focusable(this);
@@ -105,7 +126,7 @@ void Sheet::keyPressEvent(QKeyEvent *event)
     // Nothing that a sheet leaves unused reaches what it covers.
     event->accept();
     if (event->key() == Qt::Key_Escape)
-        close();
+        cancel();
     else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && m_default && m_default->isEnabled() &&
              !qobject_cast<QTextEdit *>(focusWidget()))
         m_default->click();
@@ -140,6 +161,12 @@ SheetHost *SheetHost::of(const QWidget *widget)
 Sheet *SheetHost::topSheet() const
 {
     return m_sheets.isEmpty() ? nullptr : m_sheets.last().data();
+}
+
+bool SheetHost::holdsInput() const
+{
+    return std::any_of(m_sheets.begin(), m_sheets.end(),
+                       [](const QPointer<Sheet> &sheet) { return sheet && sheet->holdsInput(); });
 }
 
 void SheetHost::present(Sheet *sheet)

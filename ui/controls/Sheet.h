@@ -36,8 +36,15 @@ public:
     // Called once when the sheet goes by Escape, and by close().
     void setOnCancel(std::function<void()> cancelled) { m_cancelled = std::move(cancelled); }
 
+    // Says whether closing would lose what was typed; Escape then asks first.
+    void setHoldsInput(std::function<bool()> holdsInput) { m_holdsInput = std::move(holdsInput); }
+
+    bool holdsInput() const { return m_holdsInput && m_holdsInput(); }
+
     // Takes the sheet off the window and deletes it.
     void close();
+    // As Escape does: where that would lose what was typed, after a question.
+    void cancel();
     void takeFocus();
 
 protected:
@@ -54,6 +61,7 @@ private:
     QPointer<Button> m_default;
     QPointer<QWidget> m_firstFocus;
     std::function<void()> m_cancelled;
+    std::function<bool()> m_holdsInput;
 };
 
 // What a window puts its sheets on. While there is one, all that lies beneath takes no focus, no click and no shortcut
@@ -68,6 +76,9 @@ public:
     Sheet *topSheet() const;
 
     bool isCovering() const { return topSheet() != nullptr; }
+
+    // Whether a sheet holds what was typed and is kept nowhere else.
+    bool holdsInput() const;
 
     // Called whenever the first sheet comes and the last one goes.
     void setOnCover(std::function<void(bool)> covered) { m_covered = std::move(covered); }

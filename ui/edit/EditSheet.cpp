@@ -38,6 +38,10 @@ EditSheet::EditSheet(AppStore &store, const Checkpoint &checkpoint)
     addButton(tr("Cancel"), Button::Kind::Bordered, [this] { close(); });
     addButton(tr("Save context"), Button::Kind::Prominent, [this] { save(); });
     setFirstFocus(m_title);
+    setHoldsInput([this, project = m_project->current()] {
+        return m_title->isModified() || m_objective->isModified() || m_nextStep->isModified() ||
+               m_project->current() != project;
+    });
 }
 
 Choice *EditSheet::makeProjects(const Checkpoint &checkpoint)
@@ -54,8 +58,8 @@ Choice *EditSheet::makeProjects(const Checkpoint &checkpoint)
 void EditSheet::save()
 {
     const Checkpoint *const stored = m_store.checkpoint(m_id);
-    if (!stored) {
-        close();
+    if (!stored) { // What was typed stays, to be copied.
+        m_store.report(tr("This checkpoint is no longer in the library, so nothing could be saved."));
         return;
     }
     // On top of what is stored by now, as a picture may have been added meanwhile. What was not touched stays exactly

@@ -4,10 +4,12 @@
 #include "ui/controls/Button.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/UndoStrip.h"
 #include "ui/items/ItemList.h"
 #include "ui/items/ItemText.h"
 
 #include <cmath>
+#include <variant>
 
 namespace ardeno {
 
@@ -49,6 +51,12 @@ WindowLayoutSummary::WindowLayoutSummary(AppStore &store, ApplicationIcons &icon
     auto *column = makeColumn(8, card);
     column->setContentsMargins(0, 13, 0, 12);
     column->addWidget(makeHead(checkpoint));
+    auto *undo = makeRow(0);
+    undo->setContentsMargins(15, 0, 15, 0);
+    m_undo = new UndoStrip([this] { m_store.undoWorkspaceRemoval(); });
+    m_undo->setText(tr("Window positions replaced"));
+    undo->addWidget(m_undo);
+    column->addLayout(undo);
     auto *delegate = new ItemDelegate(icons, ItemDelegate::Lines::Two, ItemDelegate::Removal::None, this);
     m_list = new ItemList(tr("Saved windows"), m_model, delegate, card);
     m_list->hide();
@@ -64,6 +72,14 @@ WindowLayoutSummary::WindowLayoutSummary(AppStore &store, ApplicationIcons &icon
         m_disclosure->setSymbol(isOpen ? "chevron.down" : "chevron.right");
         m_list->setVisible(isOpen);
     });
+    m_observations.watch([this, id = checkpoint.id] { showUndo(id); }, store.lastRemoval);
+}
+
+void WindowLayoutSummary::showUndo(const QUuid &checkpointID)
+{
+    const std::optional<WorkspaceRemoval> &removal = m_store.lastRemoval();
+    m_undo->setVisible(removal && removal->checkpointID == checkpointID &&
+                       std::holds_alternative<RemovedLayout>(removal->item.item));
 }
 
 QWidget *WindowLayoutSummary::makeHead(const Checkpoint &checkpoint)

@@ -13,6 +13,7 @@ namespace ardeno {
 
 class Button;
 class ItemList;
+class UndoStrip;
 
 // Where the windows of a checkpoint stood.
 class WindowLayoutSummary final : public QWidget {
@@ -23,6 +24,7 @@ public:
 
 private:
     QWidget *makeHead(const Checkpoint &checkpoint);
+    void showUndo(const QUuid &checkpointID);
 
     AppStore &m_store;
     ItemModel m_model;
@@ -30,6 +32,8 @@ private:
     Button *m_disclosure;
     Button *m_update = nullptr; // A sample has none.
     ItemList *m_list;
+    UndoStrip *m_undo = nullptr;
+    Observations m_observations;
 };
 
 } // namespace ardeno

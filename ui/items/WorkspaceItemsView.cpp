@@ -4,6 +4,7 @@
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
+#include "ui/controls/UndoStrip.h"
 #include "ui/items/ItemList.h"
 #include "ui/items/ItemText.h"
 #include "ui/items/WindowLayoutSummary.h"
@@ -29,8 +30,10 @@ QString tabTitle(const SavedTab &tab)
 
 QString removedName(const RemovedWorkspaceItem &removed)
 {
-    const auto *const app = std::get_if<SavedApp>(&removed.item);
-    return app ? appTitle(*app) : tabTitle(std::get<SavedTab>(removed.item));
+    if (const auto *const app = std::get_if<SavedApp>(&removed.item))
+        return appTitle(*app);
+    const auto *const tab = std::get_if<SavedTab>(&removed.item);
+    return tab ? tabTitle(*tab) : QString(); // The others have strips of their own.
 }
 
 QWidget *makeEmptyCard(const QString &text, const QString &more = {})
@@ -67,7 +70,8 @@ WorkspaceItemsView::WorkspaceItemsView(AppStore &store, const QUuid &checkpointI
     auto *column = makeColumn(12, this);
     column->setContentsMargins(0, 16, 0, 0);
     column->addWidget(makeHead());
-    column->addWidget(makeUndo());
+    m_undo = new UndoStrip([this] { m_store.undoWorkspaceRemoval(); });
+    column->addWidget(m_undo);
     column->addWidget(makeLists());
     if (const Checkpoint *const checkpoint = current()) {
         m_windows = new WindowLayoutSummary(store, m_icons, *checkpoint);
@@ -98,19 +102,6 @@ QWidget *WorkspaceItemsView::makeHead()
                                        "captures. Apps and tabs stay open."),
                                     TextStyle::Small, Role::Dim));
     return head;
-}
-
-QWidget *WorkspaceItemsView::makeUndo()
-{
-    m_undo = new Card(nullptr, Role::AccentSoft, Role::AccentSoft, 8);
-    auto *row = makeRow(10, m_undo);
-    row->setContentsMargins(12, 4, 12, 4);
-    m_removed = new LineLabel;
-    row->addWidget(m_removed, 1);
-    auto *undo = new Button(tr("Undo"), Button::Kind::Link);
-    connect(undo, &QAbstractButton::clicked, this, [this] { m_store.undoWorkspaceRemoval(); });
-    row->addWidget(undo);
-    return m_undo;
 }
 
 QWidget *WorkspaceItemsView::makeLists()
@@ -290,10 +281,9 @@ void WorkspaceItemsView::showCheckpoint()
 void WorkspaceItemsView::showUndo()
 {
     const std::optional<WorkspaceRemoval> &removal = m_store.lastRemoval();
-    const bool isOurs = removal && removal->checkpointID == m_id;
-    m_undo->setVisible(isOurs);
-    if (isOurs)
-        m_removed->setText(tr("Removed %1").arg(removedName(removal->item)));
+    const QString name = removal && removal->checkpointID == m_id ? removedName(removal->item) : QString();
+    m_undo->setVisible(!name.isEmpty());
+    m_undo->setText(tr("Removed %1").arg(name));
 }
 
 } // namespace ardeno

@@ -15,7 +15,7 @@ namespace ardeno {
 
 class Button;
 class ItemList;
-class LineLabel;
+class UndoStrip;
 class WindowLayoutSummary;
 
 // What a checkpoint saved of the workspace, to be pruned, added to, and turned into rules for later captures.
@@ -25,7 +25,6 @@ public:
 
 private:
     QWidget *makeHead();
-    QWidget *makeUndo();
     QWidget *makeLists();
     QWidget *makeApps();
     QWidget *makeTabs();
@@ -45,8 +44,7 @@ private:
     ApplicationIcons m_icons;
     ItemModel m_appModel;
     ItemModel m_tabModel;
-    LineLabel *m_removed = nullptr;
-    QWidget *m_undo = nullptr;
+    UndoStrip *m_undo = nullptr;
     ItemList *m_apps = nullptr;
     QWidget *m_appCard = nullptr;
     QWidget *m_noApps = nullptr;

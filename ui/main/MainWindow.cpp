@@ -10,6 +10,7 @@
 #include "ui/main/RemarkStrips.h"
 #include "ui/main/Sidebar.h"
 #include "ui/main/Strips.h"
+#include "ui/note/UnsavedNoteQuestion.h"
 #include "ui/projects/CheckpointActions.h"
 #include "ui/projects/ProjectStatusView.h"
 #include "ui/projects/ProjectTimeline.h"
@@ -68,6 +69,7 @@ MainWindow::~MainWindow()
     // What was typed is kept while the store and the messages are still there.
     m_observations.reset();
     delete m_view;
+    m_noteQuestion.reset();
     m_presentations.reset();
 }
 
@@ -81,6 +83,7 @@ void MainWindow::open(AppStore &store)
     row->addWidget(m_sidebar);
     row->addWidget(makeDetailColumn(), 1);
     m_presentations = std::make_unique<Presentations>(store, m_screens, sheets());
+    m_noteQuestion = std::make_unique<UnsavedNoteQuestion>(store, sheets());
     makeActions();
     sheets().setOnCover([this](bool) { enableActions(); });
     m_observations = std::make_unique<Observations>();
@@ -107,7 +110,10 @@ QWidget *MainWindow::makeDetailColumn()
     auto *foot = makeColumn(0, m_foot);
     foot->addWidget(new NewsletterPrompt(*m_store, m_screens));
     foot->addWidget(new RemarkStrips(*m_store));
-    foot->addWidget(new NoticeStrip(*m_store));
+    foot->addWidget(new NoticeStrip(*m_store, [this] {
+        if (m_detail)
+            m_detail->showShortfall();
+    }));
     column->addWidget(m_foot);
     return detail;
 }
@@ -265,6 +271,16 @@ void MainWindow::paintEvent(QPaintEvent *)
     Drawing::edge(painter, side, Qt::RightEdge, themeColor(Role::Line));
     if (const auto painted = std::exchange(m_firstPaint, nullptr))
         QTimer::singleShot(0, this, painted);
+}
+
+bool MainWindow::hasUnsavedNotes()
+{
+    if (!m_store)
+        return false;
+    if (m_detail)
+        m_detail->commitNotes();
+    m_store->saveUnsavedNotes();
+    return !m_store->unsavedNotes().isEmpty();
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

@@ -18,6 +18,7 @@ class CheckpointDetail;
 class Presentations;
 class ProjectTimeline;
 class Sidebar;
+class UnsavedNoteQuestion;
 
 // The application's window: projects at the left, what is selected of them at the right. It can be shown before the
 // library is read: it then has its grounds and the brand alone.
@@ -41,6 +42,9 @@ public:
 
     // Asked when the user closes the window; it stays open when the answer is false.
     void setOnClose(std::function<bool()> mayClose) { m_mayClose = std::move(mayClose); }
+
+    // Whether a note cannot be written, though it was tried again right now.
+    bool hasUnsavedNotes();
 
     bool isOpen() const { return m_store != nullptr; }
 
@@ -74,6 +78,7 @@ private:
     std::optional<std::pair<std::optional<QUuid>, std::optional<QUuid>>> m_shown; // Project and checkpoint.
     std::unique_ptr<Actions> m_actions;
     std::unique_ptr<Presentations> m_presentations;
+    std::unique_ptr<UnsavedNoteQuestion> m_noteQuestion;
     QList<QAction *> m_applicationActions;
     std::function<bool()> m_mayClose;
     std::function<void()> m_firstPaint;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/main/Strips.h"
 
+#include "store/Subjects.h"
+#include "ui/checkpoint/ResumeShortfallCard.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
@@ -83,7 +85,11 @@ Sheet *makeUpdateDetailsSheet(AppStore &store, const Screens &screens, const App
         notes->column()->addWidget(makeParagraph(tr("Improvements and fixes.")));
     sheet->column()->addSpacing(4);
     sheet->addButton(tr("Not now"), Button::Kind::Bordered, [sheet] { sheet->close(); });
-    if (screens.openUpdate) {
+    if (!isOpenable(update.downloadURL))
+        sheet->column()->addWidget(makeParagraph(tr("This version names no download over a secure connection (https), "
+                                                    "so Ardeno does not open one."),
+                                                 TextStyle::Small, Role::AmberText));
+    if (screens.openUpdate && isOpenable(update.downloadURL)) {
         sheet->addButton(tr("Download update"), Button::Kind::Prominent, [&store, sheet, open = screens.openUpdate] {
             open(store);
             sheet->close();
@@ -92,25 +98,63 @@ Sheet *makeUpdateDetailsSheet(AppStore &store, const Screens &screens, const App
     return sheet;
 }
 
-NoticeStrip::NoticeStrip(AppStore &store, QWidget *parent) : QWidget(parent), m_store(store), m_text(makeParagraph({}))
+NoticeStrip::NoticeStrip(AppStore &store, std::function<void()> showShortfall, QWidget *parent)
+    : QWidget(parent), m_store(store), m_text(makeParagraph({})), m_show(new Button(tr("Show")))
 {
     auto *row = makeStripRow(this);
     row->addWidget(new SymbolView("checkmark.circle", Role::SageText));
     row->addWidget(m_text, 1);
+    m_show->setAccessibleName(tr("Show what is not back"));
+    connect(m_show, &QAbstractButton::clicked, this, std::move(showShortfall));
+    row->addWidget(m_show);
     Button *const close = makeClose(tr("Dismiss the message"));
     connect(close, &QAbstractButton::clicked, this, [this] { m_store.dismissNotice(); });
     row->addWidget(close);
+    m_expiry.setInterval(std::chrono::seconds(10));
+    connect(&m_expiry, &QTimer::timeout, this, [this] { expire(); });
     m_observations.watch([this] { showNotice(); }, store.notice);
+}
+
+void NoticeStrip::setPatience(std::chrono::milliseconds patience)
+{
+    m_expiry.setInterval(patience);
 }
 
 void NoticeStrip::showNotice()
 {
+    const bool isResume = m_store.noticeSubject() == subjects::resume;
+    const std::optional<QUuid> &shown = m_store.selection();
     setVisible(m_store.notice().has_value());
     m_text->setText(m_store.notice().value_or(QString()));
+    m_show->setVisible(isResume && shown && !ResumeShortfallCard::missing(m_store, *shown).isEmpty());
     setAccessibleName(m_text->text());
+    if (!m_store.notice()) {
+        m_expiry.stop();
+        return;
+    }
+    m_expiry.start();
     QAccessibleEvent said(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&said);
+}
+
+bool NoticeStrip::isHeld() const
+{
+    const SheetHost *const host = SheetHost::of(this);
+    const bool isSeen = isVisible() && !window()->isMinimized() && !(host && host->isCovering());
+    return !isSeen || underMouse() || isAncestorOf(window()->focusWidget());
+}
+
+void NoticeStrip::expire()
+{
+    if (!isHeld())
+        m_store.dismissNotice();
+}
+
+void NoticeStrip::leaveEvent(QEvent *event)
+{
+    QWidget::leaveEvent(event);
     if (m_store.notice())
-        QAccessible::updateAccessibility(&said);
+        m_expiry.start();
 }
 
 void NoticeStrip::paintEvent(QPaintEvent *)

@@ -5,13 +5,18 @@
 #include "ui/Screens.h"
 #include "ui/theme/AppTheme.h"
 
+#include <QTimer>
 #include <QWidget>
+
+#include <chrono>
+#include <functional>
 
 class QHBoxLayout;
 class QLabel;
 
 namespace ardeno {
 
+class Button;
 class LineLabel;
 class Sheet;
 
@@ -38,19 +43,28 @@ private:
 // What a newer version brings.
 Sheet *makeUpdateDetailsSheet(AppStore &store, const Screens &screens, const AppUpdateManifest &update);
 
-// What was done, at the bottom of the detail, until it is dismissed.
+// What was done, at the bottom of the detail, until it is dismissed or has been there for a while. It stays while
+// somebody points at it or cannot see it.
 class NoticeStrip final : public QWidget {
 public:
-    explicit NoticeStrip(AppStore &store, QWidget *parent = nullptr);
+    // Shows what the last resume could not do.
+    NoticeStrip(AppStore &store, std::function<void()> showShortfall, QWidget *parent = nullptr);
+
+    void setPatience(std::chrono::milliseconds patience);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void leaveEvent(QEvent *event) override;
 
 private:
     void showNotice();
+    void expire();
+    bool isHeld() const;
 
     AppStore &m_store;
     QLabel *m_text;
+    Button *m_show;
+    QTimer m_expiry;
     Observations m_observations;
 };
 

@@ -26,10 +26,13 @@ InlineNote::InlineNote(const Text &text, QWidget *parent)
                                      : tr("Enter for next item · Click away to finish"),
                        TextStyle::Tiny, Role::Dim);
     m_hint->hide();
+    m_unsaved = makeLabel(tr("Not saved yet · Saving is tried again"), TextStyle::Tiny, Role::AmberText);
+    m_unsaved->hide();
     auto *column = makeColumn(4, this);
     column->setContentsMargins(8, 8, 8, 8);
     column->addWidget(makeHeader(text));
     column->addWidget(m_editor);
+    column->addWidget(m_unsaved);
     column->addWidget(m_hint);
     m_editor->setPlaceholderText(m_placeholder);
     m_editor->setOnFocusChange([this](bool isFocused) { showFocus(isFocused); });
@@ -78,6 +81,11 @@ void InlineNote::commit()
     const QString before = std::exchange(m_kept, typed);
     if (!m_commit(typed))
         m_kept = before;
+}
+
+void InlineNote::setUnsaved(bool isUnsaved)
+{
+    m_unsaved->setVisible(isUnsaved);
 }
 
 void InlineNote::showFocus(bool isFocused)

@@ -41,6 +41,9 @@ public:
     // Keeps what was typed until now.
     void commit();
 
+    // Says whether what stands here is written.
+    void setUnsaved(bool isUnsaved);
+
 protected:
     void paintEvent(QPaintEvent *event) override;
 
@@ -50,6 +53,7 @@ private:
 
     QuickListEditor *m_editor;
     QLabel *m_hint;
+    QLabel *m_unsaved;
     QString m_placeholder;
     QString m_kept; // The text as the record has it.
     QTimer m_pause;

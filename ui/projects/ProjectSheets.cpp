@@ -51,6 +51,7 @@ Sheet *makeNewProjectSheet(AppStore &store)
     QObject::connect(name, &QLineEdit::textChanged, create,
                      [create](const QString &text) { create->setEnabled(!text.trimmed().isEmpty()); });
     sheet->setFirstFocus(name);
+    sheet->setHoldsInput([name] { return !name->text().trimmed().isEmpty(); });
     sheet->setOnCancel([&store] { store.showNewProject.set(false); });
     return sheet;
 }
@@ -77,6 +78,7 @@ Sheet *makeProjectBlockerSheet(AppStore &store, const Project &project)
                              sheet->close();
                      });
     sheet->setFirstFocus(reason);
+    sheet->setHoldsInput([reason, before = reason->text()] { return reason->text() != before; });
     sheet->setOnCancel([&store] { store.editingBlocker.set(std::nullopt); });
     return sheet;
 }

@@ -134,8 +134,9 @@ void QuickSaveContent::showDetails(bool isOpen)
     m_disclosure->setSymbol(isOpen ? "chevron.down" : "chevron.right");
 }
 
-void QuickSaveContent::takeFocus()
+void QuickSaveContent::begin()
 {
+    showError(std::nullopt); // Of what was given up the last time.
     const bool needsName = !m_newProject->isHidden() && m_newProject->text().isEmpty();
     (needsName ? m_newProject : m_next)->setFocus(Qt::OtherFocusReason);
 }

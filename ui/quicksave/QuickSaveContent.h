@@ -22,8 +22,8 @@ class QuickSaveContent final : public QWidget {
 public:
     explicit QuickSaveContent(AppStore &store, QWidget *parent = nullptr);
 
-    // The first thing to type.
-    void takeFocus();
+    // For another checkpoint; the first thing to type has the focus.
+    void begin();
 
     // What went wrong in a save from here, other than the capture itself.
     void showError(const std::optional<QString> &error);

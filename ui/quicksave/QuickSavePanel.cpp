@@ -37,7 +37,7 @@ void QuickSavePanel::present(std::function<void()> shown)
     adjustSize();
     const QRect frame(QPoint(), size());
     move(area.center() - frame.center());
-    m_content->takeFocus();
+    m_content->begin();
     show();
     raise();
     activateWindow();

@@ -34,6 +34,7 @@ BugReportView::BugReportView(AppStore &store)
     m_open = addButton(tr("Open email draft"), Button::Kind::Prominent, [this] { openMail(); });
     connect(m_title, &QLineEdit::textChanged, this, [this] { showDraft(); });
     setFirstFocus(m_title);
+    setHoldsInput([this] { return !(m_title->text() + m_details->text() + m_steps->text()).trimmed().isEmpty(); });
     showDraft();
 }
 
@@ -85,7 +86,8 @@ void BugReportView::openMail()
         return;
     }
     const AlertText text{.title = tr("Something needs attention"),
-                         .message = tr("Your email app could not be opened. Use Copy report and send it manually."),
+                         .message = tr("Your email app could not be opened. Use Copy report and send it manually.") +
+                                    ' ' + tr("The address is %1.").arg(Endpoints::supportAddress()),
                          .confirm = tr("OK")};
     if (SheetHost *const host = SheetHost::of(this))
         presentAlert(*host, text, [](bool) {});

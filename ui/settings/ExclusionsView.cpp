@@ -8,11 +8,15 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
 #include "ui/controls/ScrollColumn.h"
+#include "ui/controls/UndoStrip.h"
 #include "ui/settings/ApplicationChooser.h"
 #include "ui/settings/RuleList.h"
 
 #include <QAccessible>
 #include <QKeyEvent>
+
+#include <algorithm>
+#include <utility>
 
 namespace ardeno {
 
@@ -68,6 +72,7 @@ ExclusionsView::ExclusionsView(AppStore &store)
       m_issueText(makeParagraph({}, TextStyle::Medium, Role::AmberText)),
       m_issueNote(makeNote(m_issueText)),
       m_controls(new QWidget),
+      m_undo(new UndoStrip([this] { undo(); })),
       m_apps(new RuleList(tr("Excluded apps"), "app")),
       m_appsCard(cardAround(m_apps)),
       m_noApps(makeParagraph(tr("No apps excluded"), TextStyle::Body, Role::Dim)),
@@ -90,12 +95,15 @@ ExclusionsView::ExclusionsView(AppStore &store)
     scrolling->column()->addWidget(m_controls);
     scrolling->column()->addStretch();
     auto *controls = makeColumn(10, m_controls);
+    controls->addWidget(m_undo);
+    m_undo->hide();
     addApps(controls);
     controls->addSpacing(8);
     addWebsites(controls);
     setMinimumHeight(690);
     m_startOver = addButton(tr("Start over"), Button::Kind::Bordered, [this] { m_store.startExclusionsOver(); });
-    addButton(tr("Done"), Button::Kind::Prominent, [this] { close(); });
+    addButton(tr("Done"), Button::Kind::Prominent, [this] { cancel(); });
+    setHoldsInput([this] { return !m_domain->text().trimmed().isEmpty(); }); // It is not excluded yet.
     setOnCancel([&store] { store.showExclusions.set(false); });
     m_observations.watch([this] { showExclusions(); }, store.exclusions, store.exclusionsIssue);
     m_observations.watch([this] { showObstacles(); }, store.recording, store.exclusionsIssue);
@@ -119,7 +127,7 @@ void ExclusionsView::addApps(QVBoxLayout *column)
     column->addLayout(row);
     column->addWidget(m_appsCard);
     column->addWidget(m_noApps);
-    m_apps->setOnAllow([this](const QString &id) { m_store.allowApp(id); });
+    m_apps->setOnAllow([this](const QString &id) { allowApp(id); });
 }
 
 Button *ExclusionsView::makeExcludeMenu()
@@ -163,7 +171,36 @@ void ExclusionsView::addWebsites(QVBoxLayout *column)
     column->addWidget(m_validation);
     m_validation->hide();
     column->addWidget(m_domainsCard);
-    m_domains->setOnAllow([this](const QString &domain) { m_store.allowDomain(domain); });
+    m_domains->setOnAllow([this](const QString &domain) { allowDomain(domain); });
+}
+
+void ExclusionsView::allowApp(const QString &id)
+{
+    const QList<SavedApp> apps = m_store.exclusions().apps;
+    const auto found = std::find_if(apps.begin(), apps.end(), [&](const SavedApp &app) { return app.id == id; });
+    if (found == apps.end() || !m_store.allowApp(id))
+        return;
+    offerUndo(found->name.isEmpty() ? id : found->name, [this, app = *found] { return m_store.excludeApp(app); });
+}
+
+void ExclusionsView::allowDomain(const QString &domain)
+{
+    if (m_store.allowDomain(domain))
+        offerUndo(domain, [this, domain] { return m_store.excludeDomain(domain); });
+}
+
+void ExclusionsView::offerUndo(const QString &name, std::function<Outcome()> exclude)
+{
+    m_excludeAgain = std::move(exclude);
+    m_undo->setText(tr("%1 is no longer excluded").arg(VisibleText::oneLine(name)));
+    m_undo->show();
+}
+
+void ExclusionsView::undo()
+{
+    const std::function<Outcome()> exclude = m_excludeAgain;
+    if (exclude && exclude())
+        m_undo->hide();
 }
 
 void ExclusionsView::chooseApplication()

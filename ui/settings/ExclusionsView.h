@@ -2,11 +2,14 @@
 #pragma once
 
 #include "model/WorkspaceRecords.h"
+#include "store/Outcome.h"
 #include "support/Observable.h"
 #include "ui/controls/Sheet.h"
 
 #include <QCoreApplication>
 #include <QLabel>
+
+#include <functional>
 
 namespace ardeno {
 
@@ -14,6 +17,7 @@ class AppStore;
 class Card;
 class RuleList;
 class TextField;
+class UndoStrip;
 
 // What is left out of every capture: applications and websites.
 class ExclusionsView final : public Sheet {
@@ -28,6 +32,10 @@ private:
     Button *makeExcludeMenu();
     void chooseApplication();
     void excludeDomain();
+    void allowApp(const QString &id);
+    void allowDomain(const QString &domain);
+    void offerUndo(const QString &name, std::function<Outcome()> exclude);
+    void undo();
     void showExclusions();
     void showObstacles();
 
@@ -38,6 +46,8 @@ private:
     QWidget *m_issueNote;
     Button *m_startOver = nullptr;
     QWidget *m_controls;
+    UndoStrip *m_undo;
+    std::function<Outcome()> m_excludeAgain;
     RuleList *m_apps;
     Card *m_appsCard;
     QLabel *m_noApps;

@@ -44,7 +44,8 @@ PreferencesView::PreferencesView(AppStore &store)
     setOnCancel([&store] { store.showSettings.set(false); });
     m_observations.watch([this] { showShortcutIssue(); }, store.shortcutIssue);
     if (m_check)
-        m_observations.watch([this] { showUpdate(); }, store.availableUpdate, store.checkingForUpdates);
+        m_observations.watch([this] { showUpdate(); }, store.availableUpdate, store.checkingForUpdates,
+                             store.updateAnswer);
 }
 
 QWidget *PreferencesView::makeBehaviour()
@@ -144,7 +145,8 @@ QWidget *PreferencesView::makeContact()
     };
     card->addRow({.title = tr("Contact & support"),
                   .explanation = tr("Questions, feedback or a problem? We’ll open your default email app so you can "
-                                    "review your message before sending."),
+                                    "review your message before sending.") +
+                                 ' ' + tr("The address is %1.").arg(Endpoints::supportAddress()),
                   .symbol = "questionmark.circle"},
                  {makeButton(tr("Email support"), {}, [this] { emailSupport(); }),
                   makeButton(tr("Report a bug"), {}, reportBug)});
@@ -176,10 +178,17 @@ void PreferencesView::showUpdate()
     constexpr qsizetype longestVersion = 60;
     const std::optional<AppUpdateManifest> &update = m_store.availableUpdate();
     m_updateSymbol->setVisible(update.has_value());
-    m_updateText->setText(update ? tr("Update available: %1").arg(update->latestVersion.left(longestVersion))
-                                 : QString());
-    m_download->setVisible(update.has_value());
-    m_download->setEnabled(update && isOpenable(update->downloadURL));
+    const bool canDownload = update && isOpenable(update->downloadURL);
+    QStringList lines;
+    if (update)
+        lines += tr("Update available: %1").arg(update->latestVersion.left(longestVersion));
+    if (update && !canDownload)
+        lines += tr("It names no download over a secure connection (https), so Ardeno does not open one.");
+    if (m_store.updateAnswer() && !m_store.checkingForUpdates())
+        lines += *m_store.updateAnswer();
+    m_updateText->setText(lines.join('\n'));
+    m_updateText->setAccessibleName(m_updateText->text());
+    m_download->setVisible(canDownload);
     m_checking->setVisible(m_store.checkingForUpdates());
 }
 

@@ -17,8 +17,8 @@ void addSettingsScreens(Screens *screens)
     screens->preferences = [](AppStore &store) { return new PreferencesView(store); };
     screens->exclusions = [](AppStore &store) { return new ExclusionsView(store); };
     screens->edit = [](AppStore &store, const Checkpoint &checkpoint) { return new EditSheet(store, checkpoint); };
-    screens->viewScreenshot = [viewers = std::make_shared<ScreenshotViewers>()](const QString &file) {
-        viewers->show(file);
+    screens->viewScreenshot = [viewers = std::make_shared<ScreenshotViewers>()](AppStore &store, const QString &file) {
+        viewers->show(file)->closeWithout(store);
     };
     screens->openUpdate = [](AppStore &store) {
         if (store.availableUpdate())

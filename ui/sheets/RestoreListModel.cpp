@@ -79,15 +79,16 @@ void RestoreListModel::readPlan()
 
 void RestoreListModel::setPlan(const RestorePlan &plan)
 {
-    const bool isFirst = !m_plan;
     if (m_plan == plan)
         return;
+    // Ticked is what has been missing from the start or has become so; what was missing already is as the user left it.
+    const RestorePlan before = m_plan.value_or(RestorePlan());
     m_plan = plan;
     readPlan();
     const QSet<QString> apps = idsOf(plan.appsToOpen);
     const QSet<QUuid> tabs = idsOf(plan.tabsToOpen);
-    m_apps = isFirst ? apps : m_apps & apps;
-    m_tabs = isFirst ? tabs : m_tabs & (tabs + idsOf(plan.unverifiedTabs));
+    m_apps = (m_apps & apps) + (apps - idsOf(before.appsToOpen));
+    m_tabs = (m_tabs & (tabs + idsOf(plan.unverifiedTabs))) + (tabs - idsOf(before.tabsToOpen));
     rebuild();
 }
 

@@ -6,12 +6,16 @@
 #include "ui/controls/Label.h"
 #include "ui/theme/Symbols.h"
 
+#include <QScreen>
 #include <QShortcut>
+
+#include <algorithm>
 
 namespace ardeno {
 
 ScreenshotViewer::ScreenshotViewer(const QString &path)
-    : m_canvas(new ScreenshotCanvas(path)),
+    : m_path(path),
+      m_canvas(new ScreenshotCanvas(path)),
       m_percent(makeLabel({})),
       m_tools(makeToolbar()),
       m_unavailable(makeUnavailable())
@@ -20,7 +24,9 @@ ScreenshotViewer::ScreenshotViewer(const QString &path)
     setWindowTitle(tr("Checkpoint screenshot"));
     setWindowIcon(Symbols::brandIcon());
     setMinimumSize(680, 440);
-    resize(1180, 780);
+    constexpr QSize wanted(1180, 780);
+    constexpr QSize roomForFrame(16, 48);
+    resize(wanted.boundedTo(screen()->availableGeometry().size() - roomForFrame));
     auto *column = makeColumn(0, this);
     column->addWidget(m_tools);
     column->addWidget(m_canvas, 1);
@@ -31,6 +37,22 @@ ScreenshotViewer::ScreenshotViewer(const QString &path)
     m_canvas->setOnChange([this] { showState(); });
     m_canvas->setFocus();
     showState();
+}
+
+void ScreenshotViewer::closeWithout(const AppStore &store)
+{
+    const auto isNamed = [this, &store] {
+        const QList<Checkpoint> &all = store.checkpoints();
+        return std::any_of(all.begin(), all.end(), [&](const Checkpoint &checkpoint) {
+            return checkpoint.screenshot && store.screenshotFile(checkpoint).value_or(QString()) == m_path;
+        });
+    };
+    const auto look = [this, isNamed] {
+        if (!isNamed())
+            close();
+    };
+    m_observations = std::make_unique<Observations>();
+    m_observations->watch(look, store.checkpoints);
 }
 
 QWidget *ScreenshotViewer::makeToolbar()

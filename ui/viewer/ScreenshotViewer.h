@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "store/AppStore.h"
 #include "ui/viewer/ScreenshotCanvas.h"
 
 #include <QCoreApplication>
@@ -10,6 +11,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 
 namespace ardeno {
 
@@ -24,6 +26,9 @@ public:
 
     ScreenshotCanvas &canvas() { return *m_canvas; }
 
+    // Closes as soon as no checkpoint has this picture any more.
+    void closeWithout(const AppStore &store);
+
 private:
     QWidget *makeToolbar();
     Button *makeZoomButton(const QString &symbol, const QString &name, const QKeySequence &keys,
@@ -32,10 +37,12 @@ private:
     void addShortcut(const QKeySequence &keys, std::function<void()> run);
     void showState();
 
+    QString m_path;
     ScreenshotCanvas *m_canvas;
     QLabel *m_percent;
     QWidget *m_tools;
     QWidget *m_unavailable;
+    std::unique_ptr<Observations> m_observations;
 };
 
 // The viewers that are open: one window for a picture.

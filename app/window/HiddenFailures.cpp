@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/window/HiddenFailures.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+#include <utility>
+
+namespace ardeno {
+
+namespace {
+
+constexpr const char *notifications = "org.freedesktop.Notifications";
+constexpr const char *notificationsPath = "/org/freedesktop/Notifications";
+constexpr int untilDismissed = 0;
+
+QDBusMessage notificationCall(const char *method)
+{
+    return QDBusMessage::createMethodCall(notifications, notificationsPath, notifications, method);
+}
+
+} // namespace
+
+HiddenFailures::HiddenFailures(const AppStore &store, const QDBusConnection &connection, Window window)
+    : m_store(store), m_connection(connection), m_window(std::move(window))
+{
+    m_connection.connect(notifications, notificationsPath, notifications, "ActionInvoked", this,
+                         SLOT(invoked(uint, QString)));
+    m_observations.watch([this] { look(); }, store.error, store.remarks);
+}
+
+void HiddenFailures::look()
+{
+    const QStringList now = m_store.sentences();
+    QStringList news = now;
+    news.removeIf([this](const QString &sentence) { return m_known.contains(sentence); });
+    m_known = now;
+    if (m_window.isSeen()) {
+        seen();
+    } else if (!news.isEmpty()) {
+        m_hasUnseen = true;
+        m_window.mark(true);
+        notify(m_store.error() && news.contains(*m_store.error()) ? *m_store.error() : news.last());
+    } else if (now.isEmpty()) { // It has been mended meanwhile.
+        seen();
+    }
+}
+
+void HiddenFailures::seen()
+{
+    if (!std::exchange(m_hasUnseen, false))
+        return;
+    m_window.mark(false);
+    withdraw();
+}
+
+void HiddenFailures::notify(const QString &sentence)
+{
+    QDBusMessage call = notificationCall("Notify");
+    // A newer one takes the place of the older; servers may take the text for markup.
+    call << "Ardeno" << m_notification << "org.ardeno.Ardeno" << tr("Something needs attention")
+         << sentence.toHtmlEscaped() << QStringList{"default", tr("Show"), "show", tr("Show")}
+         << QVariantMap{{"desktop-entry", "org.ardeno.Ardeno"}} << untilDismissed;
+    auto *const pending = new QDBusPendingCallWatcher(m_connection.asyncCall(call), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, &HiddenFailures::notified);
+}
+
+// Without such a service the window says it when it is opened.
+void HiddenFailures::notified(QDBusPendingCallWatcher *call)
+{
+    call->deleteLater();
+    const QDBusPendingReply<uint> reply = *call;
+    if (!reply.isValid())
+        return;
+    m_notification = reply.value();
+    if (!m_hasUnseen) // The window was quicker.
+        withdraw();
+}
+
+void HiddenFailures::withdraw()
+{
+    QDBusMessage call = notificationCall("CloseNotification");
+    call << std::exchange(m_notification, 0);
+    if (call.arguments().first() != 0)
+        m_connection.asyncCall(call);
+}
+
+void HiddenFailures::invoked(uint id, const QString &)
+{
+    if (id == m_notification && id != 0)
+        m_window.show();
+}
+
+} // namespace ardeno

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+
+#include <QDBusConnection>
+#include <QObject>
+
+#include <functional>
+
+class QDBusPendingCallWatcher;
+
+namespace ardeno {
+
+// Says as a notification of the desktop what goes wrong while nobody sees the window.
+class HiddenFailures final : public QObject {
+    Q_OBJECT
+
+public:
+    struct Window {
+        std::function<bool()> isSeen;
+        std::function<void()> show;
+        std::function<void(bool hasUnseen)> mark; // Wherever else it can be seen.
+    };
+
+    HiddenFailures(const AppStore &store, const QDBusConnection &connection, Window window);
+
+    // The window is there now.
+    void seen();
+
+private Q_SLOTS: // The bus library calls slots alone.
+    void invoked(uint id, const QString &action);
+
+private:
+    void look();
+    void notify(const QString &sentence);
+    void notified(QDBusPendingCallWatcher *call);
+    void withdraw();
+
+    const AppStore &m_store;
+    QDBusConnection m_connection;
+    Window m_window;
+    QStringList m_known; // What has been seen or said.
+    bool m_hasUnseen = false;
+    uint m_notification = 0; // Of the desktop; 0: there is none.
+    Observations m_observations;
+};
+
+} // namespace ardeno

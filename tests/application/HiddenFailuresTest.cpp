@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/application/ApplicationFixture.h"
+#include "tests/application/NotificationServer.h"
+#include "tests/application/TrayHost.h"
+
+#include <QDir>
+
+using namespace ardeno;
+using desktop_test::eventually;
+using desktop_test::outputOf;
+
+namespace {
+
+struct HiddenFixture : ApplicationFixture {
+    NotificationServer server;
+
+    void breakLibrary() const
+    {
+        QDir().mkpath(root());
+        QFile library(root() + "/checkpoints.json");
+        REQUIRE(library.open(QIODevice::WriteOnly));
+        library.write("not a library");
+    }
+};
+
+const QString unreadable = "Your saved checkpoints could not be read.";
+const QString marked = u"Ardeno — Something needs attention"_qs;
+
+} // namespace
+
+TEST_CASE_FIXTURE(HiddenFixture, "what fails while there is no window is notified, leads to the window, and then goes")
+{
+    breakLibrary();
+    const TrayHost host;
+    application = start({"--background"});
+    REQUIRE(eventually([&] { return server.text().startsWith(unreadable); }));
+    CHECK(eventually([&] { return host.hasItem() && host.toolTip() == marked; }));
+    CHECK(server.press("Show"));
+    REQUIRE(waitForWindow("Ardeno"));
+    CHECK(waitForControl("Something needs attention"));
+    CHECK(eventually([&] { return server.text().isEmpty() && host.toolTip() == "Ardeno"; }));
+    picture("hidden-failure-shown");
+    CHECK_MESSAGE(server.count() == 1, "what is seen is not notified");
+}
+
+TEST_CASE_FIXTURE(HiddenFixture, "a window that is there says it itself")
+{
+    breakLibrary();
+    application = start({});
+    REQUIRE(waitForWindow("Ardeno"));
+    CHECK(waitForControl("Something needs attention"));
+    CHECK(server.count() == 0);
+}
+
+TEST_CASE_FIXTURE(ApplicationFixture, "while a session is recorded a window without a tray is minimised, not hidden")
+{
+    startApplication({});
+    REQUIRE(waitForWindow("Ardeno"));
+    REQUIRE(run({"record", "start", "--project", "Thesis"}).status == 0);
+    const QString id = window("Ardeno");
+    outputOf("wmctrl", {"-i", "-c", id});
+    CHECK(eventually([&] { return outputOf("xprop", {"-id", id, "WM_STATE"}).contains("Iconic"); }));
+    CHECK(outputOf("wmctrl", {"-l"}).contains("Ardeno"));
+    CHECK(terminate().status == 0);
+}

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusVirtualObject>
+#include <QStringList>
+
+namespace ardeno {
+
+// A desktop's notifications: it keeps those that are shown.
+class NotificationServer final : public QDBusVirtualObject {
+public:
+    NotificationServer();
+    ~NotificationServer();
+    NotificationServer(const NotificationServer &) = delete;
+    NotificationServer &operator=(const NotificationServer &) = delete;
+
+    // The text of the one that is shown; empty when there is none.
+    const QString &text() const { return m_text; }
+
+    // How many there have been.
+    uint count() const { return m_count; }
+
+    // As a click on its button; false when it has no such one.
+    bool press(const QString &label) const;
+
+    QString introspect(const QString &path) const override;
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
+
+private:
+    QDBusConnection m_connection;
+    uint m_count = 0;
+    QString m_text = {};
+    QStringList m_actions = {}; // Each with its label.
+};
+
+} // namespace ardeno

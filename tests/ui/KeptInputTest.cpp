@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "media/PngWriter.h"
+#include "tests/ui/WindowFixture.h"
+#include "ui/note/QuickListEditor.h"
+#include "ui/settings/SettingsScreens.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+
+#include <utility>
+
+using namespace ardeno;
+
+namespace {
+
+struct KeptInput : WindowFixture {
+    KeptInput() { addSettingsScreens(&screens); }
+
+    QuickListEditor *note() const
+    {
+        auto *const found = dynamic_cast<QuickListEditor *>(widget("Where you left off"));
+        REQUIRE(found);
+        return found;
+    }
+
+    void typeNote(const QString &text)
+    {
+        QTest::mouseClick(note()->viewport(), Qt::LeftButton);
+        type(text);
+    }
+
+    void mendLibrary()
+    {
+        REQUIRE(QDir(libraryPath()).removeRecursively());
+        REQUIRE(QFile::rename(root() + "/moved", libraryPath()));
+    }
+
+    QString topTitle() const
+    {
+        return window->sheets().isCovering() ? window->sheets().topSheet()->accessibleName() : QString();
+    }
+
+    // A field of the sheet on top.
+    void fill(const QString &name, const QString &text)
+    {
+        for (QWidget *const field : window->sheets().topSheet()->findChildren<QWidget *>()) {
+            if (field->accessibleName() == name && field->focusPolicy() != Qt::NoFocus)
+                field->setFocus();
+        }
+        type(text);
+    }
+
+    QStringList viewers() const
+    {
+        QStringList titles;
+        for (const QWidget *const top : QApplication::topLevelWidgets()) {
+            if (top->isVisible() && top->windowTitle() == "Checkpoint screenshot")
+                titles << top->windowTitle();
+        }
+        return titles;
+    }
+};
+
+const QString discard = "Discard what you typed?";
+
+} // namespace
+
+TEST_CASE_FIXTURE(KeptInput, "who leaves a note that could not be written is asked, and finds it as it was typed")
+{
+    openProject();
+    const auto [older, newer] = saveTwoCheckpoints();
+    breakLibrary();
+    typeNote("precious");
+    press(Qt::Key_PageDown, Qt::ControlModifier);
+    REQUIRE(store().selection() == older.id);
+    store().dismissError();
+    settle();
+    CHECK(topTitle() == "A note is not saved yet");
+    CHECK(note()->text().isEmpty());
+    picture("note-left");
+    click("Leave it");
+    CHECK_FALSE(window->sheets().isCovering());
+    press(Qt::Key_PageUp, Qt::ControlModifier);
+    CHECK(note()->text() == u"• precious"_qs);
+    CHECK(seesText(u"Not saved yet · Saving is tried again"_qs));
+    bothPictures("note-unsaved");
+    click("All projects");
+    REQUIRE(topTitle() == "A note is not saved yet");
+    click("Back to the note");
+    CHECK(store().selection() == newer.id);
+    CHECK(note()->text() == u"• precious"_qs);
+    CHECK(window->hasUnsavedNotes());
+    settle();
+
+    mendLibrary();
+    CHECK_FALSE(window->hasUnsavedNotes());
+    settle();
+    CHECK(store().checkpoint(newer.id)->objective == u"• precious"_qs);
+    CHECK_FALSE(seesText(u"Not saved yet · Saving is tried again"_qs));
+    press(Qt::Key_PageDown, Qt::ControlModifier);
+    CHECK_FALSE(window->sheets().isCovering());
+}
+
+TEST_CASE_FIXTURE(KeptInput, "Escape throws what was typed away only after a question, and asks nothing without need")
+{
+    saveCheckpoint(openProject(), "Chapter", 10);
+    settle();
+    const std::pair<QString, std::function<void()>> sheets[] = {
+        {"Checkpoint title", [&] { click(u"Checkpoint details…"_qs); }},
+        {"Your next small step", [&] { click(u"Checkpoint details…"_qs); }},
+        {"Steps to reproduce (optional)",
+         [&] {
+             store().showSettings.set(true);
+             settle();
+             click("Report a bug");
+         }},
+        {"Website",
+         [&] {
+             store().showSettings.set(true);
+             store().showExclusions.set(true);
+         }},
+        {"Project name", [&] { store().showNewProject.set(true); }},
+        {u"Waiting for…"_qs, [&] { store().editingBlocker.set(store().projects().first()); }},
+    };
+    for (const auto &[field, open] : sheets) {
+        CAPTURE(field);
+        open();
+        settle();
+        const QString title = topTitle();
+        press(Qt::Key_Escape);
+        CHECK_MESSAGE(topTitle() != title, "nothing was typed");
+        store().showExclusions.set(false);
+        store().showSettings.set(false);
+        settle();
+
+        open();
+        settle();
+        fill(field, "typed");
+        CHECK(window->sheets().holdsInput());
+        press(Qt::Key_Escape);
+        REQUIRE(topTitle() == discard);
+        press(Qt::Key_Return);
+        CHECK(topTitle() == title);
+        press(Qt::Key_Escape);
+        click("Discard");
+        CHECK(topTitle() != title);
+        CHECK_FALSE(window->sheets().holdsInput());
+        store().showExclusions.set(false);
+        store().showSettings.set(false);
+        settle();
+    }
+    CHECK(store().checkpoints().first().title == "Chapter");
+}
+
+TEST_CASE_FIXTURE(KeptInput, "details of a checkpoint that was deleted meanwhile stay to be copied")
+{
+    const Checkpoint checkpoint = saveCheckpoint(openProject(), "Chapter", 10);
+    settle();
+    click(u"Checkpoint details…"_qs);
+    fill("Checkpoint title", "A long title");
+    REQUIRE(store().deleteCheckpoint(checkpoint.id));
+    settle();
+    click("Save context");
+    CHECK(seesText("This checkpoint is no longer in the library, so nothing could be saved."));
+    click("OK");
+    CHECK(topTitle() == "Checkpoint details");
+    CHECK(window->sheets().holdsInput());
+}
+
+TEST_CASE_FIXTURE(KeptInput, "a picture that was removed comes back by one button, and its viewer goes with it")
+{
+    const Checkpoint checkpoint = saveCheckpoint(openProject(), "Chapter", 10);
+    writeFile(*checkpoint.screenshot, PngWriter::encoded({40, 30}, QByteArray(40 * 30 * 4, '\x40')));
+    settle();
+    click("Expand");
+    REQUIRE(viewers().size() == 1);
+    click("Remove");
+    CHECK(viewers().isEmpty());
+    CHECK(seesText("No screenshot saved"));
+    CHECK(seesText("Screenshot removed"));
+    bothPictures("screenshot-removed");
+    click("Undo");
+    CHECK(store().checkpoint(checkpoint.id)->screenshot == checkpoint.screenshot);
+    CHECK_FALSE(seesText("No screenshot saved"));
+    CHECK_FALSE(findButton("Undo"));
+
+    click("Expand");
+    store().updateNote(&Checkpoint::objective, "typed", checkpoint.id);
+    settle();
+    CHECK(viewers().size() == 1);
+    store().deleteCheckpoint(checkpoint.id);
+    settle();
+    CHECK(viewers().isEmpty());
+}

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Finish.h"
+#include "tests/ui/WindowFixture.h"
+#include "ui/main/Strips.h"
+#include "ui/settings/SettingsScreens.h"
+#include "ui/sheets/SheetScreens.h"
+
+#include <QScrollArea>
+#include <QTest>
+
+using namespace ardeno;
+
+namespace {
+
+struct Notices : WindowFixture {
+    Notices()
+    {
+        addSheetScreens(screens);
+        addSettingsScreens(&screens);
+    }
+
+    NoticeStrip *strip() const
+    {
+        for (QWidget *const candidate : window->findChildren<QWidget *>()) {
+            if (auto *const found = dynamic_cast<NoticeStrip *>(candidate))
+                return found;
+        }
+        return nullptr;
+    }
+
+    // Whether the notice is gone after several times what it waits.
+    bool leaves()
+    {
+        QTest::qWait(200);
+        return !store().notice();
+    }
+
+    void announce()
+    {
+        strip()->setPatience(std::chrono::milliseconds(20));
+        store().confirm("Something was done.");
+        settle();
+    }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(Notices, "a notice leaves by itself, but not while it is pointed at or cannot be seen")
+{
+    openProject();
+    QTest::mouseMove(window.get(), {400, 300});
+    announce();
+    CHECK(eventually([this] { return !store().notice(); }));
+    CHECK_FALSE(strip()->isVisible());
+
+    announce();
+    QTest::mouseMove(strip(), {10, 10});
+    CHECK_FALSE(leaves());
+    QTest::mouseMove(window.get(), {400, 300});
+    CHECK(eventually([this] { return !store().notice(); }));
+
+    announce();
+    button("Dismiss the message")->setFocus();
+    CHECK_FALSE(leaves());
+    window->setFocus();
+    CHECK(eventually([this] { return !store().notice(); }));
+
+    announce();
+    store().showSettings.set(true);
+    settle();
+    CHECK_FALSE(leaves());
+    store().showSettings.set(false);
+    CHECK(eventually([this] { return !store().notice(); }));
+
+    announce();
+    window->hide();
+    CHECK_FALSE(leaves());
+}
+
+TEST_CASE_FIXTURE(Notices, "what a resume opened, failed to open and did not place stands together and is led to")
+{
+    const QUuid project = openProject();
+    memory.installed = {{"org.editor", "Editor"}, {"viewer", "Viewer"}};
+    Checkpoint checkpoint = saveCheckpoint(project, "Mixed", 10);
+    checkpoint.apps = {{"org.editor", "Editor"}, {"viewer", "Viewer"}};
+    SavedWindow saved{.appID = "org.editor", .appName = "Editor", .title = "notes.txt"};
+    saved.frame = {10, 10, 400, 300};
+    checkpoint.windows = QList<SavedWindow>{saved};
+    REQUIRE(store().save(checkpoint));
+    memory.movable = {{.windowID = 1, .applicationID = "org.editor", .title = "notes.txt", .isMinimised = true}};
+    memory.failedStarts = {{"viewer", "Viewer", {}}};
+    finish(store().restore(checkpoint, ResumeChoice::missing, true));
+    settle();
+    press(Qt::Key_Return); // The message about what failed.
+    CHECK(store().notice() ==
+          u"Workspace restored · 0 opened · 1 already active · 0 window positions restored · 1 failed · 1 window not "
+          "placed"_qs);
+    CHECK(seesText("Could not open: Viewer (it ended with an error)"));
+    bothPictures("resume-shortfall");
+    auto *const page = dynamic_cast<QScrollArea *>(widget("Checkpoint"));
+    QWidget *const card = widget("Not everything is back");
+    REQUIRE(card);
+    CHECK(card->mapTo(window.get(), QPoint(0, card->height())).y() < window->height());
+    click("Show what is not back");
+    CHECK(window->focusWidget() == card);
+    CHECK(card->accessibleDescription().count('\n') == 1);
+    click("Dismiss what is not back");
+    CHECK_FALSE(widget("Not everything is back"));
+    CHECK(page == dynamic_cast<QScrollArea *>(widget("Checkpoint")));
+}
+
+TEST_CASE_FIXTURE(Notices, "a check for updates that was asked for is answered, and only secure downloads are offered")
+{
+    std::optional<AppUpdateManifest> offer;
+    fetchUpdate = [&]() -> QCoro::Task<std::optional<AppUpdateManifest>> { co_return offer; };
+    openWindow();
+    store().showSettings.set(true);
+    settle();
+    const auto check = [&](const std::optional<AppUpdateManifest> &found) {
+        offer = found;
+        click("Check for updates");
+    };
+    check(std::nullopt);
+    CHECK(seesText("Could not check for updates. Try again when you are online."));
+    check(AppUpdateManifest{.latestVersion = "0.0.1"});
+    CHECK(seesText(QString("Ardeno %1 is up to date.").arg(AppStore::currentAppVersion())));
+    check(AppUpdateManifest{.latestVersion = "99", .downloadURL = QUrl("http://example.org/get")});
+    CHECK_FALSE(findButton("Download update"));
+    CHECK(seesText("Update available: 99\nIt names no download over a secure connection (https), so Ardeno does not "
+                   "open one."));
+    bothPictures("update-insecure");
+    store().showSettings.set(false);
+    settle();
+    click(u"See what’s new"_qs);
+    CHECK_FALSE(findButton("Download update"));
+    click("Not now");
+    store().showSettings.set(true);
+    settle();
+    check(AppUpdateManifest{.latestVersion = "99", .downloadURL = QUrl("https://example.org/get")});
+    CHECK(findButton("Download update"));
+    check(std::nullopt);
+    CHECK(seesText("Update available: 99\nCould not check for updates. Try again when you are online."));
+}

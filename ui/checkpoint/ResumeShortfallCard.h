@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/AppStore.h"
+#include "ui/controls/Ground.h"
+
+#include <QCoreApplication>
+
+class QVBoxLayout;
+
+namespace ardeno {
+
+// What the last resume of a checkpoint could not open or place. Hidden where there is no such thing.
+class ResumeShortfallCard final : public QWidget {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::ResumeShortfallCard)
+
+public:
+    ResumeShortfallCard(AppStore &store, const QUuid &checkpointID);
+
+    // One line for each thing; empty when all is back.
+    static QStringList missing(const AppStore &store, const QUuid &checkpointID);
+
+private:
+    QWidget *makeHead();
+    void showShortfall();
+
+    AppStore &m_store;
+    QUuid m_id;
+    QVBoxLayout *m_lines;
+    Observations m_observations;
+};
+
+} // namespace ardeno

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/controls/UndoStrip.h"
+
+#include "ui/controls/Button.h"
+#include "ui/controls/Label.h"
+
+#include <QCoreApplication>
+
+namespace ardeno {
+
+UndoStrip::UndoStrip(std::function<void()> undo)
+    : Card(nullptr, Role::AccentSoft, Role::AccentSoft, 8), m_text(new LineLabel)
+{
+    auto *row = makeRow(10, this);
+    row->setContentsMargins(12, 4, 12, 4);
+    row->addWidget(m_text, 1);
+    auto *button = new Button(QCoreApplication::translate("ardeno::UndoStrip", "Undo"), Button::Kind::Link);
+    connect(button, &QAbstractButton::clicked, this, std::move(undo));
+    row->addWidget(button);
+}
+
+void UndoStrip::setText(const QString &text)
+{
+    m_text->setText(text);
+}
+
+} // namespace ardeno

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/note/UnsavedNoteQuestion.h"
+
+#include "ui/controls/Alert.h"
+
+namespace ardeno {
+
+UnsavedNoteQuestion::UnsavedNoteQuestion(AppStore &store, SheetHost &host) : m_store(store), m_host(host)
+{
+    m_observations.watch([this] { look(); }, store.unsavedNotes, store.selection);
+}
+
+void UnsavedNoteQuestion::look()
+{
+    QSet<QUuid> left;
+    for (const UnsavedNote &note : m_store.unsavedNotes()) {
+        if (note.checkpointID != m_store.selection())
+            left.insert(note.checkpointID);
+    }
+    m_asked &= left;
+    for (const QUuid &id : left - m_asked) {
+        const Checkpoint *const checkpoint = m_store.checkpoint(id);
+        if (checkpoint && !m_question)
+            ask(*checkpoint);
+    }
+}
+
+void UnsavedNoteQuestion::ask(const Checkpoint &checkpoint)
+{
+    m_asked.insert(checkpoint.id);
+    constexpr qsizetype mostOfTitle = 80;
+    const AlertText text{
+        .title = tr("A note is not saved yet"),
+        .message = tr("What you typed into “%1” could not be written. It is kept, and saving it is tried again.")
+                       .arg(checkpoint.title.left(mostOfTitle)),
+        .confirm = tr("Back to the note"),
+        .cancel = tr("Leave it")};
+    m_question = presentAlert(m_host, text, [this, id = checkpoint.id](bool isConfirmed) {
+        const Checkpoint *const left = m_store.checkpoint(id);
+        if (!isConfirmed || !left)
+            return;
+        m_store.selectProject(left->projectID.value_or(QUuid()));
+        m_store.selectCheckpoint(id);
+    });
+}
+
+} // namespace ardeno
