@@ -94,14 +94,14 @@ struct NewUser : RunningWindow {
     void archive() const
     {
         click("Release", 3);
-        chooseEntry(1);
+        chooseEntry(2);
         CHECK(eventually([this] { return !seesNow("Release, 0 checkpoints"); }));
         click("All projects");
         click("Show archived");
         CHECK(sees("Archived projects"));
         look("7-archived");
         click("Actions for Release");
-        chooseEntry(1);
+        chooseEntry(2);
         CHECK(sees("No archived projects."));
         click("Show archived");
     }
@@ -138,7 +138,7 @@ struct NewUser : RunningWindow {
         click("Delete checkpoint");
         CHECK(eventually([this] { return stored("checkpoints").size() == 1; }));
         click("Release", 3);
-        chooseEntry(2);
+        chooseEntry(3);
         click("Delete project");
         CHECK(eventually([this] { return !storedNames().contains("Release"); }));
     }

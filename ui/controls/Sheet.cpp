@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/Sheet.h"
 
+#include "ui/controls/InputWatch.h"
 #include "ui/theme/Drawing.h"
 
 #include <QAccessible>
@@ -91,7 +92,7 @@ void Sheet::takeFocus()
 {
     const QList<QWidget *> controls = focusable(this);
     QWidget *const first = m_firstFocus ? m_firstFocus.data() : controls.isEmpty() ? this : controls.first();
-    first->setFocus(Qt::TabFocusReason);
+    first->setFocus(InputWatch::instance().isByKeys() ? Qt::TabFocusReason : Qt::MouseFocusReason);
 }
 
 void Sheet::paintEvent(QPaintEvent *)

@@ -32,6 +32,8 @@ private:
     QWidget *makeMessages();
     void showKind();
     void showState();
+    void leaveField();
+    void returnToField();
     void showNewName();
     void showMessages();
     QString primaryText() const;
@@ -56,6 +58,7 @@ private:
     QLabel *m_issue = nullptr;
     Button *m_cancel = nullptr;
     Button *m_primary = nullptr;
+    QPointer<QWidget> m_left; // Had the focus when the saving began.
 };
 
 } // namespace ardeno
