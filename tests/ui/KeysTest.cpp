@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
 
+#include "support/Finish.h"
 #include "ui/note/QuickListEditor.h"
 #include "ui/sheets/SheetScreens.h"
 
@@ -8,6 +9,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScreen>
 #include <QTest>
 
 using namespace ardeno;
@@ -216,6 +218,20 @@ TEST_CASE_FIXTURE(KeysFixture,
     }
     CHECK(store().draftNext() == "My title and and");
     CHECK(tries == 2);
+    press(Qt::Key_Escape);
+
+    // In the window itself, too: what is off for a while is not left for what is beside it.
+    memory.pictureFailure.reset();
+    memory.whileComposing = [&] { CHECK_FALSE(QApplication::focusWidget()); };
+    button("Save first checkpoint"); // There is none yet.
+    store().createProject("Garden");
+    saveCheckpoint(*store().selectedProjectID(), "Chapter", 10);
+    settle();
+    QAbstractButton *const save = button("Save checkpoint");
+    save->setFocus(Qt::TabFocusReason);
+    finish(store().saveMoment({.projectID = *store().selectedProjectID(), .title = "By a command"}, Audience::Caller));
+    settle();
+    CHECK(QApplication::focusWidget() == save);
 }
 
 TEST_CASE_FIXTURE(KeysFixture, "what comes unasked waits for a pause in writing, and no key answers it at once")
@@ -323,8 +339,9 @@ TEST_CASE_FIXTURE(KeysFixture,
     store().showProjects();
     settle();
     opensMenu("Open project Books", "Rename project…");
+    const QSize before = window->size();
     press(Qt::Key_F11);
-    CHECK(window->isFullScreen());
+    CHECK(eventually([this] { return window->size() == window->screen()->size(); }));
     press(Qt::Key_F11);
-    CHECK_FALSE(window->isFullScreen());
+    CHECK(eventually([&] { return window->size() == before; }));
 }

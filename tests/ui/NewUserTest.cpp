@@ -2,6 +2,7 @@
 #include "tests/ui/RunningWindow.h"
 
 #include <QImage>
+#include <QTest>
 
 using namespace ardeno;
 
@@ -131,7 +132,8 @@ struct NewUser : RunningWindow {
         key("ctrl+Delete");
         REQUIRE(sees("Delete this checkpoint and its local recording?"));
         look("9-delete");
-        key("Return"); // Which cancels.
+        QTest::qWait(600); // It is read first.
+        key("Return");     // Which cancels.
         CHECK(eventually([this] { return seesNow("All projects"); }));
         CHECK(stored("checkpoints").size() == 2);
         key("ctrl+Delete");

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/InputWatch.h"
 
+#include "ui/controls/Sheet.h"
 #include "ui/controls/TextKeys.h"
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QPointer>
+#include <QScopedValueRollback>
 #include <QTimer>
-#include <QWidget>
+
+#include <utility>
 
 namespace ardeno {
 
@@ -15,11 +17,21 @@ namespace {
 
 constexpr int pauseInWriting = 1000; // Milliseconds.
 
+Sheet *sheetOf(QWidget *widget)
+{
+    for (QWidget *above = widget; above; above = above->parentWidget()) {
+        if (auto *const sheet = dynamic_cast<Sheet *>(above))
+            return sheet;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 InputWatch::InputWatch(QObject *application) : QObject(application)
 {
     application->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this, &InputWatch::keepPlace);
 }
 
 InputWatch &InputWatch::instance()
@@ -45,24 +57,63 @@ void InputWatch::whenPaused(QObject *context, const std::function<void()> &then)
     QTimer::singleShot(left + 1, context, [this, context, then] { whenPaused(context, then); });
 }
 
-bool InputWatch::eventFilter(QObject *watched, QEvent *event)
+void InputWatch::keepPlace(QWidget *before, QWidget *now)
 {
-    if (event->type() == QEvent::MouseButtonPress) {
-        m_isByKeys = false;
-        m_written.invalidate();
-        return false;
+    if (m_isParking)
+        return;
+    if (!before || before->isEnabled() || before->isHidden()) {
+        if (now && now != m_parked)
+            m_waiting = nullptr;
+        return;
     }
-    const bool isKey = event->type() == QEvent::KeyPress;
-    QWidget *const focused = QApplication::focusWidget();
-    if ((!isKey && event->type() != QEvent::InputMethod) || watched != focused)
-        return false;
-    if (isKey && TextKeys::isModifierAlone(*static_cast<QKeyEvent *>(event)))
-        return false;
+    const QScopedValueRollback parking(m_isParking, true);
+    m_waiting = before;
+    m_parked = sheetOf(before);
+    if (m_parked && m_parked->isEnabled())
+        m_parked->setFocus(Qt::OtherFocusReason);
+    else if (now && now->window() == before->window())
+        now->clearFocus();
+}
+
+void InputWatch::returnToPlace()
+{
+    const QPointer<QWidget> place = std::exchange(m_waiting, nullptr);
+    const QWidget *const focused = place->window()->focusWidget();
+    if (!focused || focused == m_parked)
+        place->setFocus(Qt::OtherFocusReason);
+}
+
+void InputWatch::noteKey(QWidget *focused, QEvent *event)
+{
+    const auto *const key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(event) : nullptr;
+    if (key && TextKeys::isModifierAlone(*key))
+        return;
     m_isByKeys = true;
-    if (!isKey || TextKeys::isWriting(*static_cast<QKeyEvent *>(event), focused))
+    if (!key || TextKeys::isWriting(*key, focused))
         m_written.start();
     else
         m_written.invalidate();
+}
+
+bool InputWatch::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        m_isByKeys = false;
+        m_written.invalidate();
+        break;
+    case QEvent::KeyPress:
+    case QEvent::InputMethod:
+        if (watched == QApplication::focusWidget())
+            noteKey(QApplication::focusWidget(), event);
+        break;
+    case QEvent::EnabledChange:
+        if (m_waiting && watched == m_waiting && m_waiting->isEnabled())
+            returnToPlace();
+        break;
+    default:
+        break;
+    }
     return false;
 }
 

@@ -3,12 +3,15 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QPointer>
+#include <QWidget>
 
 #include <functional>
 
 namespace ardeno {
 
-// Knows what the user does just now, so that what comes unasked does not come between.
+// Knows what the user does just now, so that what comes unasked does not come between. Where the control with the focus
+// is off for a while, the focus waits for it and goes to no other one, which the next key would press.
 class InputWatch final : public QObject {
 public:
     static InputWatch &instance();
@@ -28,8 +31,15 @@ protected:
 private:
     explicit InputWatch(QObject *application);
 
+    void keepPlace(QWidget *before, QWidget *now);
+    void returnToPlace();
+    void noteKey(QWidget *focused, QEvent *event);
+
     QElapsedTimer m_written; // Since the last key that wrote; invalid when another one followed.
     bool m_isByKeys = true;
+    QPointer<QWidget> m_waiting; // Had the focus before it was off.
+    QPointer<QWidget> m_parked;  // Has it meanwhile; null: none has.
+    bool m_isParking = false;
 };
 
 } // namespace ardeno

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/PlainList.h"
 
+#include "ui/controls/InputWatch.h"
 #include "ui/controls/TextKeys.h"
 #include "ui/theme/AppTheme.h"
 
@@ -95,7 +96,7 @@ void PlainList::contextMenuEvent(QContextMenuEvent *event)
 
 void PlainList::focusInEvent(QFocusEvent *event)
 {
-    m_showsFocus = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    m_showsFocus = event->reason() != Qt::MouseFocusReason && InputWatch::instance().isByKeys();
     if (!currentIndex().isValid() && model() && model()->rowCount() > 0 && m_showsFocus)
         selectionModel()->setCurrentIndex(model()->index(0, 0), QItemSelectionModel::NoUpdate);
     QListView::focusInEvent(event);

@@ -45,8 +45,10 @@ Sidebar::Sidebar(AppStore &store, const Screens &screens, QWidget *parent)
     column->addWidget(m_all);
     connect(m_all, &QAbstractButton::clicked, this, [this] { m_store.showProjects(); });
     column->addWidget(makeSectionHeader());
-    m_nothing->setContentsMargins(8, 0, 8, 0);
-    column->addWidget(m_nothing);
+    auto *nothing = makeRow(0);
+    nothing->setContentsMargins(8, 0, 8, 0);
+    nothing->addWidget(m_nothing);
+    column->addLayout(nothing);
     column->addWidget(m_projects, 1);
     auto *create = new Button(tr("New project"), Button::Kind::Bordered, "plus");
     create->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

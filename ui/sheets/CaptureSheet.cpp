@@ -168,31 +168,11 @@ void CaptureSheet::showState()
     const bool isIdle = !m_store.savingForm() && !m_store.restartingApp() && !m_store.requestingAccess();
     m_setup->setVisible(needsSetup());
     setFixedWidth(formWidth + 56 + (needsSetup() ? columnGap + setupWidth : 0));
-    if (!isIdle && m_form->isEnabled())
-        leaveField();
-    const bool wasIdle = m_form->isEnabled();
     m_form->setEnabled(isIdle);
     m_cancel->setEnabled(isIdle);
     m_primary->setText(primaryText());
     m_primary->updateGeometry();
     m_primary->setEnabled(isIdle && !m_store.busy() && !m_store.screenAccessReason());
-    if (isIdle && !wasIdle)
-        returnToField();
-}
-
-// What is typed meanwhile presses nothing: the focus does not wander to what is still enabled.
-void CaptureSheet::leaveField()
-{
-    m_left = isAncestorOf(window()->focusWidget()) ? window()->focusWidget() : nullptr;
-    if (m_left)
-        setFocus(Qt::OtherFocusReason);
-}
-
-void CaptureSheet::returnToField()
-{
-    if (m_left && window()->focusWidget() == this)
-        m_left->setFocus(Qt::OtherFocusReason);
-    m_left = nullptr;
 }
 
 void CaptureSheet::showMessages()

@@ -32,8 +32,6 @@ private:
     QWidget *makeMessages();
     void showKind();
     void showState();
-    void leaveField();
-    void returnToField();
     void showNewName();
     void showMessages();
     QString primaryText() const;
@@ -58,7 +56,6 @@ private:
     QLabel *m_issue = nullptr;
     Button *m_cancel = nullptr;
     Button *m_primary = nullptr;
-    QPointer<QWidget> m_left; // Had the focus when the saving began.
 };
 
 } // namespace ardeno
