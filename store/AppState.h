@@ -46,6 +46,17 @@ struct ResumeShortfall {
     bool operator==(const ResumeShortfall &) const = default;
 };
 
+// A project that went to the archive or came from there.
+struct Archiving {
+    QUuid projectID = {};
+    QString projectName = {};
+    std::optional<Date> before = {}; // Since when it was archived.
+    bool wasShown = false;           // On the page, with this checkpoint.
+    std::optional<QUuid> shown = {};
+
+    bool operator==(const Archiving &) const = default;
+};
+
 // Everything the interface shows, one line a property. Main thread only.
 struct AppState : Messages {
     template <typename T>
@@ -63,6 +74,8 @@ struct AppState : Messages {
     Editable<bool> launchOverview;
     Editable<bool> showArchivedProjects;
     Editable<QString> search;
+
+    Published<std::optional<Archiving>> lastArchiving; // Can be undone.
 
     // Project dialogs.
     Editable<std::optional<Project>> editingBlocker;

@@ -80,8 +80,15 @@ public:
     // Back to the overview of all projects that are not archived.
     void showProjects();
     Outcome setProjectBlocker(QUuid id, const std::optional<QString> &reason);
+    // A project that is shown goes from the page with its archiving, and with its return the list shows where it is.
+    // lastArchiving says what an undo takes back.
     Outcome setProjectArchived(QUuid id, bool archived);
-    Outcome reorderProjects(QUuid dragged, QUuid target, const QList<QUuid> &visibleIDs);
+    Outcome undoArchiving();
+    void dismissArchiving();
+    // A blank name does nothing; one that another project has is refused.
+    Outcome renameProject(QUuid id, const QString &name);
+    // In front of the target; absent: behind the last that is visible.
+    Outcome reorderProjects(QUuid dragged, std::optional<QUuid> target, const QList<QUuid> &visibleIDs);
     Outcome deleteProject(QUuid id);
     QList<Project> availableProjects() const;
     QList<Project> filteredProjects() const;
@@ -262,6 +269,7 @@ private:
     void readAgain(Outcome *outcome);
     WorkspaceLibrary library() const;
     Outcome updateProject(QUuid id, const std::function<void(Project &)> &change);
+    Outcome archive(QUuid id, const std::optional<Date> &since);
 
     // A checkpoint together with the project that it belongs to: another program's library may not have it.
     struct OwnedCheckpoint {

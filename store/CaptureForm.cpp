@@ -90,10 +90,12 @@ std::optional<QUuid> AppStore::draftProject(Outcome *outcome)
     }
     const Outcome created = makeProject(draftProjectName());
     outcome->remarks += created.remarks;
-    if (created)
+    if (created) {
         beginWith(*created);
-    else if (created.error)
+        draftProjectName.set({}); // The next new project has another name.
+    } else if (created.error) {
         outcome->fail(*created.error);
+    }
     return created.id;
 }
 

@@ -94,6 +94,8 @@ void AppStore::forgetProject(QUuid id)
         deletingProject.set(std::nullopt);
     if (editingBlocker() && editingBlocker()->id == id)
         editingBlocker.set(std::nullopt);
+    if (lastArchiving() && lastArchiving()->projectID == id)
+        lastArchiving.set(std::nullopt);
     if (lastRemoval() && !isUndoable(*lastRemoval()))
         remember(std::nullopt);
 }

@@ -120,13 +120,67 @@ Outcome AppStore::setProjectBlocker(QUuid id, const std::optional<QString> &reas
     });
 }
 
-Outcome AppStore::setProjectArchived(QUuid id, bool archived)
+Outcome AppStore::renameProject(QUuid id, const QString &name)
 {
-    return updateProject(
-        id, [&](Project &project) { project.archivedAt = archived ? std::optional(Date::now()) : std::nullopt; });
+    const QString wanted = name.trimmed();
+    const std::optional<QUuid> owner = ProjectOrder::named(projects(), wanted);
+    if (wanted.isEmpty() || !project(id))
+        return {};
+    if (owner && owner != id) {
+        Outcome refused{.subject = subjects::about("update project", id)};
+        refused.fail(tr("There is a project named “%1” already.").arg(project(*owner)->name));
+        return concluded(std::move(refused));
+    }
+    return updateProject(id, [&](Project &project) { project.name = wanted; });
 }
 
-Outcome AppStore::reorderProjects(QUuid dragged, QUuid target, const QList<QUuid> &visibleIDs)
+Outcome AppStore::archive(QUuid id, const std::optional<Date> &since)
+{
+    return updateProject(id, [&](Project &project) { project.archivedAt = since; });
+}
+
+Outcome AppStore::setProjectArchived(QUuid id, bool archived)
+{
+    const Project *const found = project(id);
+    if (!found || found->archivedAt.has_value() == archived)
+        return {};
+    const Archiving archiving{id, found->name, found->archivedAt, selectedProjectID() == id, selection()};
+    Outcome outcome = archive(id, archived ? std::optional(Date::now()) : std::nullopt);
+    if (!outcome)
+        return outcome;
+    const PublishTogether group;
+    lastArchiving.set(archiving);
+    if (archiving.wasShown && archived)
+        showProjects();
+    else if (archiving.wasShown)
+        showArchivedProjects.set(false);
+    return outcome;
+}
+
+Outcome AppStore::undoArchiving()
+{
+    if (!lastArchiving())
+        return {};
+    const Archiving last = *lastArchiving();
+    Outcome outcome = archive(last.projectID, last.before);
+    if (!outcome)
+        return outcome;
+    const PublishTogether group;
+    lastArchiving.set(std::nullopt);
+    if (last.wasShown) {
+        selectProject(last.projectID);
+        if (last.shown && checkpoint(*last.shown))
+            selection.set(last.shown);
+    }
+    return outcome;
+}
+
+void AppStore::dismissArchiving()
+{
+    lastArchiving.set(std::nullopt);
+}
+
+Outcome AppStore::reorderProjects(QUuid dragged, std::optional<QUuid> target, const QList<QUuid> &visibleIDs)
 {
     Outcome outcome{.subject = "reorder projects"};
     const auto reorder = [&](WorkspaceLibrary &library) {

@@ -46,13 +46,16 @@ QUuid ProjectOrder::adopt(QList<Project> *projects, const Project &project)
 }
 
 std::optional<QList<Project>> ProjectOrder::moved(const QList<Project> &projects, const QUuid &dragged,
-                                                  const QUuid &target, const QList<QUuid> &visibleIDs)
+                                                  const std::optional<QUuid> &target, const QList<QUuid> &visibleIDs)
 {
-    if (!mayMove(projects, dragged, target) || !visibleIDs.contains(dragged) || !visibleIDs.contains(target))
+    if (visibleIDs.isEmpty())
+        return std::nullopt;
+    const QUuid neighbour = target.value_or(visibleIDs.last());
+    if (!mayMove(projects, dragged, neighbour) || !visibleIDs.contains(dragged) || !visibleIDs.contains(neighbour))
         return std::nullopt;
     QList<QUuid> order = visibleIDs;
     order.removeAll(dragged);
-    order.insert(order.indexOf(target), dragged);
+    order.insert(target ? order.indexOf(*target) : order.size(), dragged);
 
     QHash<QUuid, Project> byID;
     for (const Project &project : projects)

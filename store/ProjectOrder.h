@@ -15,10 +15,11 @@ std::optional<QUuid> named(const QList<Project> &projects, const QString &name);
 // neither.
 QUuid adopt(QList<Project> *projects, const Project &project);
 
-// The list with the dragged project in front of the target; visibleIDs are the rows the user sees, in their order.
-// Projects that are not visible keep their places. Absent when the move is not allowed or changes nothing.
-std::optional<QList<Project>> moved(const QList<Project> &projects, const QUuid &dragged, const QUuid &target,
-                                    const QList<QUuid> &visibleIDs);
+// The list with the dragged project in front of the target, without one behind the last; visibleIDs are the rows the
+// user sees, in their order. Projects that are not visible keep their places. Absent when the move is not allowed or
+// changes nothing.
+std::optional<QList<Project>> moved(const QList<Project> &projects, const QUuid &dragged,
+                                    const std::optional<QUuid> &target, const QList<QUuid> &visibleIDs);
 
 // The project's checkpoints, newest first.
 QList<Checkpoint> newestFirst(const QList<Checkpoint> &checkpoints, const QUuid &projectID);

@@ -248,6 +248,10 @@
         <translation>Das Projekt konnte nicht geändert werden: </translation>
     </message>
     <message>
+        <source>There is a project named “%1” already.</source>
+        <translation>Es gibt schon ein Projekt mit dem Namen „%1“.</translation>
+    </message>
+    <message>
         <source>%1 ended with an error</source>
         <translation>%1 wurde mit einem Fehler beendet</translation>
     </message>
@@ -528,6 +532,10 @@ für die Arbeit.</translation>
         <translation>Bild hinzufügen …</translation>
     </message>
     <message>
+        <source>Paste image</source>
+        <translation>Bild einfügen</translation>
+    </message>
+    <message>
         <source>All files (*)</source>
         <translation>Alle Dateien (*)</translation>
     </message>
@@ -630,6 +638,22 @@ für die Arbeit.</translation>
     <message>
         <source>Find a project</source>
         <translation>Projekt suchen</translation>
+    </message>
+    <message>
+        <source>Clear the search</source>
+        <translation>Suche leeren</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message>
+        <source>“%1” is in the archive now.</source>
+        <translation>„%1“ ist jetzt im Archiv.</translation>
+    </message>
+    <message>
+        <source>“%1” is back among your projects.</source>
+        <translation>„%1“ ist wieder unter Ihren Projekten.</translation>
     </message>
     <message>
         <source>Finish saving before quitting</source>
@@ -779,6 +803,10 @@ für die Arbeit.</translation>
         <translation>Diesen Checkpoint löschen?</translation>
     </message>
     <message>
+        <source>“%1”, saved %2 in the project “%3”.</source>
+        <translation>„%1“, gesichert am %2 im Projekt „%3“.</translation>
+    </message>
+    <message>
         <source>Open checkpoint</source>
         <translation>Checkpoint öffnen</translation>
     </message>
@@ -827,6 +855,10 @@ für die Arbeit.</translation>
         <translation>Projekt archivieren</translation>
     </message>
     <message>
+        <source>Rename project…</source>
+        <translation>Projekt umbenennen …</translation>
+    </message>
+    <message>
         <source>Delete project…</source>
         <translation>Projekt löschen …</translation>
     </message>
@@ -865,6 +897,14 @@ für die Arbeit.</translation>
     <message>
         <source>Create project</source>
         <translation>Projekt anlegen</translation>
+    </message>
+    <message>
+        <source>Rename project</source>
+        <translation>Projekt umbenennen</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
     </message>
     <message>
         <source>Edit blocker</source>

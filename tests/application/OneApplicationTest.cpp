@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/application/ApplicationFixture.h"
 
+#include <QThread>
+
 using namespace ardeno;
 using desktop_test::eventually;
 using desktop_test::outputOf;
@@ -67,6 +69,7 @@ TEST_CASE_FIXTURE(ApplicationFixture, "a closed window leaves the application ru
     run({});
     REQUIRE(waitForControl("Close window"));
     REQUIRE(waitForKeyboard());
+    QThread::msleep(600); // It is read first.
     key("Return");
     CHECK(waitForNoWindow("Ardeno"));
     CHECK(isRunning());

@@ -27,6 +27,7 @@ TEST_CASE_FIXTURE(StoreFixture, "the form saves a checkpoint of the workspace, c
     CHECK_FALSE(store().showCapture());
     CHECK_FALSE(store().busy());
     CHECK(store().draftTitle().isEmpty());
+    CHECK(store().draftProjectName().isEmpty()); // The next new project starts without a name.
     const Checkpoint saved = *reopen().selected();
     CHECK(saved.title == "First draft");
     CHECK(saved.nextStep == "Re-run the ablation");

@@ -125,6 +125,52 @@ TEST_CASE("a dragged project lands before its target, and hidden projects keep t
     CHECK(order(hidden, a, visible) == "refused");
     CHECK(order(a, Project{}, visible) == "refused");
     CHECK(order(d, a, {a.id, QUuid::createUuid(), d.id}) == "dhbzcsa");
+    const auto last = [&](const Project &dragged, const QList<QUuid> &rows) {
+        const auto moved = ProjectOrder::moved(all, dragged.id, std::nullopt, rows);
+        return moved ? namesOf(*moved).join("") : QString("refused");
+    };
+    CHECK(last(a, visible) == "bhczsda");
+    CHECK(last(a, {a.id, c.id}) == "chbzasd");
+    CHECK(last(d, visible) == "refused");
+    CHECK(last(a, {}) == "refused");
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "a project gets a name that no other has, and one that is not blank")
+{
+    const QUuid thesis = *store().createProject("Thesis");
+    store().createProject("Garden");
+    CHECK(store().renameProject(thesis, "  Dissertation "));
+    CHECK(namesOf(reopen().projects()) == QStringList{"Dissertation", "Garden"});
+    CHECK_FALSE(store().renameProject(thesis, " \t"));
+    CHECK_FALSE(store().renameProject(QUuid::createUuid(), "Other"));
+    CHECK_FALSE(store().error());
+    CHECK_FALSE(store().renameProject(thesis, "garden"));
+    CHECK(store().error() == u"There is a project named “Garden” already."_qs);
+    CHECK(store().renameProject(thesis, "DISSERTATION"));
+    CHECK_FALSE(store().error());
+    breakLibrary();
+    CHECK_FALSE(store().renameProject(thesis, "Other"));
+    CHECK(store().error()->startsWith("Could not update the project: "));
+    CHECK(store().project(thesis)->name == "DISSERTATION");
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "an archiving that is not written changes nothing, and what is undone is as it was")
+{
+    const QUuid thesis = *store().createProject("Thesis");
+    REQUIRE(store().setProjectArchived(thesis, true));
+    CHECK_FALSE(store().setProjectArchived(thesis, true)); // It is there.
+    REQUIRE(store().lastArchiving());
+    CHECK_FALSE(store().selectedProjectID());
+    breakLibrary();
+    CHECK_FALSE(store().undoArchiving());
+    CHECK(store().lastArchiving());
+    CHECK(store().project(thesis)->archivedAt);
+    QDir(libraryPath()).removeRecursively();
+    CHECK(store().undoArchiving());
+    CHECK(store().selectedProjectID() == thesis);
+    CHECK_FALSE(store().lastArchiving());
+    CHECK_FALSE(store().undoArchiving());
+    CHECK_FALSE(reopen().project(thesis)->archivedAt);
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "search finds titles as people compare them, and what changed since")

@@ -2,6 +2,7 @@
 #include "tests/ui/RunningWindow.h"
 
 #include <QImage>
+#include <QTest>
 
 using namespace ardeno;
 
@@ -94,14 +95,14 @@ struct NewUser : RunningWindow {
     void archive() const
     {
         click("Release", 3);
-        chooseEntry(1);
+        chooseEntry(2);
         CHECK(eventually([this] { return !seesNow("Release, 0 checkpoints"); }));
         click("All projects");
         click("Show archived");
         CHECK(sees("Archived projects"));
         look("7-archived");
         click("Actions for Release");
-        chooseEntry(1);
+        chooseEntry(2);
         CHECK(sees("No archived projects."));
         click("Show archived");
     }
@@ -131,14 +132,15 @@ struct NewUser : RunningWindow {
         key("ctrl+Delete");
         REQUIRE(sees("Delete this checkpoint and its local recording?"));
         look("9-delete");
-        key("Return"); // Which cancels.
+        QTest::qWait(600); // It is read first.
+        key("Return");     // Which cancels.
         CHECK(eventually([this] { return seesNow("All projects"); }));
         CHECK(stored("checkpoints").size() == 2);
         key("ctrl+Delete");
         click("Delete checkpoint");
         CHECK(eventually([this] { return stored("checkpoints").size() == 1; }));
         click("Release", 3);
-        chooseEntry(2);
+        chooseEntry(3);
         click("Delete project");
         CHECK(eventually([this] { return !storedNames().contains("Release"); }));
     }

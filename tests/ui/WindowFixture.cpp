@@ -105,6 +105,10 @@ void WindowFixture::click(const QString &buttonText)
 void WindowFixture::press(int key, Qt::KeyboardModifiers modifiers)
 {
     QWidget *const target = QApplication::focusWidget() ? QApplication::focusWidget() : window.get();
+    const Sheet *const top = window ? window->sheets().topSheet() : nullptr;
+    const bool answers = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+    if (answers && top && top->kind() == Sheet::Kind::Alert)
+        QTest::qWait(600); // It is read first.
     QTest::keyClick(target, static_cast<Qt::Key>(key), modifiers);
     settle();
 }

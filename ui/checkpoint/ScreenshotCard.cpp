@@ -1,15 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/checkpoint/ScreenshotCard.h"
 
+#include "ui/checkpoint/OfferedPicture.h"
 #include "ui/checkpoint/SampleWorkspace.h"
 #include "ui/checkpoint/ScreenshotImage.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/Menu.h"
 #include "ui/controls/PictureImage.h"
+#include "ui/controls/Sheet.h"
 #include "ui/controls/UndoStrip.h"
+#include "ui/theme/Drawing.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDragEnterEvent>
 #include <QFileDialog>
+#include <QMimeData>
+#include <QPainter>
 #include <QPointer>
+#include <QShortcut>
 
 #include <variant>
 
@@ -29,11 +40,13 @@ ScreenshotCard::ScreenshotCard(AppStore &store, const Screens &screens, const Ch
     m_column->setContentsMargins(15, 12, 15, 14);
     m_column->addWidget(makeHeader());
     m_column->addWidget(m_undo);
-    if (m_isSample)
-        m_column->addWidget(new SampleWorkspace);
-    else
-        m_observations.watch([this] { showCheckpoint(); }, store.checkpoints);
     m_observations.watch([this] { showUndo(); }, store.lastRemoval, store.checkpoints);
+    if (m_isSample) {
+        m_column->addWidget(new SampleWorkspace);
+        return;
+    }
+    m_observations.watch([this] { showCheckpoint(); }, store.checkpoints);
+    takeOffers();
 }
 
 void ScreenshotCard::showUndo()
@@ -124,6 +137,78 @@ void ScreenshotCard::chooseImage()
         m_store.importScreenshot(path, m_id); // It reports by itself.
     });
     dialog->open();
+}
+
+void ScreenshotCard::takeOffers()
+{
+    setAcceptDrops(true);
+    auto *const keys = new QShortcut(QKeySequence::Paste, this);
+    connect(keys, &QShortcut::activated, this, [this] {
+        const SheetHost *const host = SheetHost::of(this);
+        const bool isMeant = underMouse() || isAncestorOf(QApplication::focusWidget());
+        if (isMeant && !(host && host->isCovering()))
+            paste();
+    });
+}
+
+void ScreenshotCard::paste()
+{
+    adoptPicture(m_store, m_id, QApplication::clipboard()->mimeData());
+}
+
+void ScreenshotCard::showOffered(bool isOffered)
+{
+    m_isOffered = isOffered;
+    update();
+}
+
+void ScreenshotCard::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!OfferedPicture::isIn(event->mimeData()) || !(event->possibleActions() & Qt::CopyAction))
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    showOffered(true);
+}
+
+void ScreenshotCard::dragLeaveEvent(QDragLeaveEvent *)
+{
+    showOffered(false);
+}
+
+void ScreenshotCard::dropEvent(QDropEvent *event)
+{
+    showOffered(false);
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    adoptPicture(m_store, m_id, event->mimeData());
+}
+
+void ScreenshotCard::fillMenu(QMenu *menu)
+{
+    for (Button *const button : {m_expand, m_choose, m_remove}) {
+        if (!button->isHidden())
+            addMenuItem(menu, button->text(), {}, [button] { button->click(); });
+    }
+    QAction *const pasting = addMenuItem(menu, tr("Paste image"), {}, [this] { paste(); });
+    pasting->setShortcut(QKeySequence::Paste);
+    pasting->setShortcutContext(Qt::WidgetShortcut); // Only shown.
+    pasting->setEnabled(OfferedPicture::isIn(QApplication::clipboard()->mimeData()));
+}
+
+void ScreenshotCard::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (!m_isSample)
+        showMenu(this, event->globalPos(), [this](QMenu *menu) { fillMenu(menu); });
+}
+
+void ScreenshotCard::paintEvent(QPaintEvent *event)
+{
+    Card::paintEvent(event);
+    if (!m_isOffered)
+        return;
+    QPainter painter(this);
+    Drawing::focusRing(painter, rect(), 12);
 }
 
 void ScreenshotCard::expand()

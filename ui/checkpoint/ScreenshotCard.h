@@ -5,6 +5,7 @@
 #include "ui/Screens.h"
 #include "ui/controls/Ground.h"
 
+class QMenu;
 class QVBoxLayout;
 
 namespace ardeno {
@@ -17,6 +18,13 @@ class ScreenshotCard final : public Card {
 public:
     ScreenshotCard(AppStore &store, const Screens &screens, const Checkpoint &checkpoint);
 
+protected:
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     QWidget *makeHeader();
     QWidget *makePicture(const Checkpoint &checkpoint);
@@ -25,6 +33,11 @@ private:
     void showUndo();
     void chooseImage();
     void expand();
+    // An image of another application, while the card is pointed to or has the focus.
+    void takeOffers();
+    void paste();
+    void showOffered(bool isOffered);
+    void fillMenu(QMenu *menu);
 
     AppStore &m_store;
     const Screens &m_screens;
@@ -37,6 +50,7 @@ private:
     Button *m_remove;
     UndoStrip *m_undo;
     QWidget *m_picture = nullptr;
+    bool m_isOffered = false; // An image is dragged over the card.
     Thumbnails::Request m_preview;
     Observations m_observations;
 };

@@ -4,6 +4,7 @@
 #include "media/PictureFile.h"
 #include "support/Failure.h"
 #include "ui/controls/InBackground.h"
+#include "ui/controls/InputWatch.h"
 #include "ui/controls/PictureImage.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
@@ -192,7 +193,7 @@ void ScreenshotImage::drawHint(QPainter &painter)
 
 void ScreenshotImage::focusInEvent(QFocusEvent *event)
 {
-    m_showsFocus = event->reason() != Qt::MouseFocusReason;
+    m_showsFocus = event->reason() != Qt::MouseFocusReason && InputWatch::instance().isByKeys();
     QAbstractButton::focusInEvent(event);
 }
 

@@ -9,6 +9,7 @@ namespace ardeno {
 struct AlertText {
     QString title = {};
     QString message = {};
+    QString detail = {};  // Below the message: what exactly it is about.
     QString confirm = {}; // Of the button that does it.
     QString cancel = {};  // Empty: there is nothing to cancel.
     Button::Kind kind = Button::Kind::Prominent;

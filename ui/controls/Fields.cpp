@@ -2,6 +2,7 @@
 #include "ui/controls/Fields.h"
 
 #include "ui/controls/Ground.h"
+#include "ui/controls/InputWatch.h"
 #include "ui/controls/Label.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
@@ -89,7 +90,7 @@ void Switch::paintEvent(QPaintEvent *)
 
 void Switch::focusInEvent(QFocusEvent *event)
 {
-    m_showsFocus = event->reason() != Qt::MouseFocusReason;
+    m_showsFocus = event->reason() != Qt::MouseFocusReason && InputWatch::instance().isByKeys();
     QAbstractButton::focusInEvent(event);
 }
 

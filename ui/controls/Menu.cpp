@@ -3,6 +3,10 @@
 
 #include "ui/theme/Symbols.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QShortcut>
+
 namespace ardeno {
 
 QMenu *makeMenu(QWidget *parent)
@@ -36,6 +40,19 @@ void setMenu(Button *button, std::function<void(QMenu *)> fill)
 {
     QObject::connect(button, &QAbstractButton::clicked, button, [button, fill = std::move(fill)] {
         showMenu(button, button->mapToGlobal(QPoint(0, button->height() + 4)), fill);
+    });
+}
+
+void openMenusByKey(QWidget *window)
+{
+    auto *const keys = new QShortcut(Qt::SHIFT | Qt::Key_F10, window);
+    QObject::connect(keys, &QShortcut::activated, window, [] {
+        QWidget *const focused = QApplication::focusWidget();
+        if (!focused)
+            return;
+        const QPoint place = focused->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, place, focused->mapToGlobal(place));
+        QApplication::sendEvent(focused, &asked);
     });
 }
 

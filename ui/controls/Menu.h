@@ -20,4 +20,7 @@ void showMenu(QWidget *owner, const QPoint &place, const std::function<void(QMen
 // Pressing the button (or Return on it) opens the menu below it; the menu is filled anew each time.
 void setMenu(Button *button, std::function<void(QMenu *)> fill);
 
+// Shift+F10 asks for the menu of what has the focus in this window, as the menu key does.
+void openMenusByKey(QWidget *window);
+
 } // namespace ardeno

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/PlainList.h"
 
+#include "ui/controls/InputWatch.h"
+#include "ui/controls/TextKeys.h"
 #include "ui/theme/AppTheme.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+
+#include <utility>
 
 namespace ardeno {
 
@@ -42,23 +46,42 @@ void PlainList::showCurrent(int row)
 
 void PlainList::keyPressEvent(QKeyEvent *event)
 {
-    m_showsFocus = true;
+    m_showsFocus = m_showsFocus || !TextKeys::isModifierAlone(*event);
     const bool isPress =
         event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
     if (isPress && currentIndex().isValid() && m_activated)
-        m_activated(currentIndex());
+        activate(currentIndex());
     else
         QListView::keyPressEvent(event);
     viewport()->update();
 }
 
-void PlainList::mouseReleaseEvent(QMouseEvent *event)
+void PlainList::activate(const QModelIndex &index)
+{
+    if (m_activated)
+        m_activated(index);
+}
+
+void PlainList::mousePressEvent(QMouseEvent *event)
 {
     m_showsFocus = false;
+    m_pressed = event->button() == Qt::LeftButton ? indexAt(event->position().toPoint()) : QModelIndex();
+    QListView::mousePressEvent(event);
+}
+
+void PlainList::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    m_pressed = event->button() == Qt::LeftButton ? indexAt(event->position().toPoint()) : QModelIndex();
+    QListView::mouseDoubleClickEvent(event);
+}
+
+void PlainList::mouseReleaseEvent(QMouseEvent *event)
+{
     QListView::mouseReleaseEvent(event);
+    const QPersistentModelIndex pressed = std::exchange(m_pressed, QPersistentModelIndex());
     const QModelIndex index = indexAt(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && index.isValid() && index == currentIndex() && m_activated)
-        m_activated(index);
+    if (event->button() == Qt::LeftButton && index.isValid() && index == pressed)
+        activate(index);
 }
 
 void PlainList::contextMenuEvent(QContextMenuEvent *event)
@@ -73,7 +96,7 @@ void PlainList::contextMenuEvent(QContextMenuEvent *event)
 
 void PlainList::focusInEvent(QFocusEvent *event)
 {
-    m_showsFocus = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    m_showsFocus = event->reason() != Qt::MouseFocusReason && InputWatch::instance().isByKeys();
     if (!currentIndex().isValid() && model() && model()->rowCount() > 0 && m_showsFocus)
         selectionModel()->setCurrentIndex(model()->index(0, 0), QItemSelectionModel::NoUpdate);
     QListView::focusInEvent(event);

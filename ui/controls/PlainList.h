@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QListView>
+#include <QPersistentModelIndex>
 #include <QStyledItemDelegate>
 
 #include <functional>
@@ -26,13 +27,18 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
 
+    void activate(const QModelIndex &index);
+
 private:
     std::function<void(const QModelIndex &)> m_activated;
     std::function<void(const QModelIndex &, const QPoint &)> m_menu;
+    QPersistentModelIndex m_pressed; // A click ends where it began.
     bool m_showsFocus = false;
 };
 

@@ -2,6 +2,7 @@
 #include "ui/controls/Sheet.h"
 
 #include "ui/controls/Alert.h"
+#include "ui/controls/InputWatch.h"
 #include "ui/theme/Drawing.h"
 
 #include <QAccessible>
@@ -112,7 +113,7 @@ void Sheet::takeFocus()
 {
     const QList<QWidget *> controls = focusable(this);
     QWidget *const first = m_firstFocus ? m_firstFocus.data() : controls.isEmpty() ? this : controls.first();
-    first->setFocus(Qt::TabFocusReason);
+    first->setFocus(InputWatch::instance().isByKeys() ? Qt::TabFocusReason : Qt::MouseFocusReason);
 }
 
 void Sheet::paintEvent(QPaintEvent *)

@@ -3,8 +3,11 @@
 
 #include "ui/checkpoint/CheckpointDetail.h"
 #include "ui/controls/Ground.h"
+#include "ui/controls/InputWatch.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
+#include "ui/controls/TextKeys.h"
+#include "ui/main/ArchivingStrip.h"
 #include "ui/main/DetailBar.h"
 #include "ui/main/Presentations.h"
 #include "ui/main/RemarkStrips.h"
@@ -12,6 +15,7 @@
 #include "ui/main/Strips.h"
 #include "ui/note/UnsavedNoteQuestion.h"
 #include "ui/projects/CheckpointActions.h"
+#include "ui/projects/ProjectActions.h"
 #include "ui/projects/ProjectStatusView.h"
 #include "ui/projects/ProjectTimeline.h"
 #include "ui/projects/ProjectsOverview.h"
@@ -19,8 +23,10 @@
 #include "ui/theme/Symbols.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDBusConnection>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QTimer>
 
@@ -35,6 +41,7 @@ struct MainWindow::Actions {
     QAction *previous = nullptr;
     QAction *remove = nullptr;
     QAction *settings = nullptr;
+    QAction *fullScreen = nullptr;
 };
 
 namespace {
@@ -62,6 +69,8 @@ MainWindow::MainWindow(Screens screens) : m_screens(std::move(screens)), m_brand
     m_brand->setParent(content());
     m_brand->setGeometry(12, 16, Sidebar::fixedWidth - 25, m_brand->sizeHint().height());
     AppTheme::instance().follow(this);
+    InputWatch::instance(); // From now on.
+    openMenusByKey(this);
 }
 
 MainWindow::~MainWindow()
@@ -110,6 +119,7 @@ QWidget *MainWindow::makeDetailColumn()
     auto *foot = makeColumn(0, m_foot);
     foot->addWidget(new NewsletterPrompt(*m_store, m_screens));
     foot->addWidget(new RemarkStrips(*m_store));
+    foot->addWidget(new ArchivingStrip(*m_store));
     foot->addWidget(new NoticeStrip(*m_store, [this] {
         if (m_detail)
             m_detail->showShortfall();
@@ -223,6 +233,8 @@ void MainWindow::makeActions()
         add(tr("Delete checkpoint…"), Qt::CTRL | Qt::Key_Delete, "trash", [this] { m_presentations->confirmDelete(); });
     m_actions->settings = add(tr("Settings"), Qt::CTRL | Qt::Key_Comma, "slider.horizontal.3",
                               [this] { m_store->showSettings.set(true); });
+    m_actions->fullScreen = add(tr("Full screen"), Qt::Key_F11, "arrow.up.left.and.arrow.down.right",
+                                [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
 }
 
 void MainWindow::enableActions()
@@ -252,6 +264,7 @@ void MainWindow::fillMenu(QMenu *menu)
     menu->addSeparator();
     menu->addAction(m_actions->remove);
     menu->addSeparator();
+    menu->addAction(m_actions->fullScreen);
     menu->addAction(m_actions->settings);
     menu->addActions(m_applicationActions);
 }
@@ -260,6 +273,25 @@ void MainWindow::addMenuActions(const QList<QAction *> &actions)
 {
     m_applicationActions += actions;
     addActions(actions);
+}
+
+bool MainWindow::event(QEvent *event)
+{
+    const bool isShortcut = event->type() == QEvent::ShortcutOverride && TextKeys::isField(QApplication::focusWidget());
+    if (isShortcut && TextKeys::isEditing(*static_cast<QKeyEvent *>(event))) {
+        event->accept();
+        return true;
+    }
+    return CoverableWindow::event(event);
+}
+
+void MainWindow::keyPressEvent(QKeyEvent *event)
+{
+    const bool isRename = event->key() == Qt::Key_F2 && m_store && m_store->selectedProjectID();
+    if (isRename && !TextKeys::isField(QApplication::focusWidget()))
+        ProjectActions::rename(this, *m_store, *m_store->selectedProjectID());
+    else
+        CoverableWindow::keyPressEvent(event);
 }
 
 void MainWindow::paintEvent(QPaintEvent *)

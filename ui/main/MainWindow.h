@@ -49,6 +49,9 @@ public:
     bool isOpen() const { return m_store != nullptr; }
 
 protected:
+    // Keys of the text that is being written are no shortcuts.
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 

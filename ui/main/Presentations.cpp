@@ -2,6 +2,8 @@
 #include "ui/main/Presentations.h"
 
 #include "ui/controls/Alert.h"
+#include "ui/controls/InputWatch.h"
+#include "ui/projects/CheckpointActions.h"
 #include "ui/projects/ProjectSheets.h"
 
 #include <QCoreApplication>
@@ -78,6 +80,10 @@ void Presentations::showError()
         std::exchange(m_error, nullptr)->close();
     if (!m_store.error() || m_error)
         return;
+    if (InputWatch::instance().isWriting()) { // It comes when the sentence is finished.
+        InputWatch::instance().whenPaused(&m_waiting, [this] { showError(); });
+        return;
+    }
     const QString sentence = *m_store.error();
     const AlertText text{.title = PresentationTexts::tr("Something needs attention"),
                          .message = sentence,
@@ -96,6 +102,7 @@ void Presentations::confirmDelete()
         return;
     const AlertText question{
         .title = PresentationTexts::tr("Delete this checkpoint and its local recording?"),
+        .detail = CheckpointActions::describe(m_store, *checkpoint),
         .confirm = PresentationTexts::tr("Delete checkpoint"),
         .cancel = PresentationTexts::tr("Cancel"),
         .kind = Button::Kind::Destructive,

@@ -13,7 +13,6 @@
 #include <QPainter>
 #include <QPointer>
 
-#include <algorithm>
 #include <utility>
 
 namespace ardeno {
@@ -24,10 +23,19 @@ namespace {
 constexpr qint64 mostUnfelt = 30; // Milliseconds.
 constexpr int pointerRest = 150;
 
+// Before whom a row of the list stands once it has taken the place of another one.
+std::optional<QUuid> followerAt(const QList<QUuid> &rows, const QUuid &moved, const QUuid &place)
+{
+    const qsizetype at = rows.indexOf(place);
+    if (rows.indexOf(moved) > at)
+        return place;
+    return at + 1 < rows.size() ? std::optional(rows.at(at + 1)) : std::nullopt;
+}
+
 } // namespace
 
 ProjectListView::ProjectListView(AppStore &store, QWidget *parent)
-    : PlainList(tr("Projects"), parent),
+    : FollowingList(tr("Projects"), parent),
       m_store(store),
       m_drop([this](const QUuid &dragged, const QUuid &target, const QList<QUuid> &) { enter(dragged, target); })
 {
@@ -64,7 +72,7 @@ void ProjectListView::showProjects()
 
 void ProjectListView::showSelection()
 {
-    showCurrent(m_store.selectedProjectID() ? m_model.rowOf(*m_store.selectedProjectID()) : -1);
+    showChosen(m_store.selectedProjectID() ? m_model.rowOf(*m_store.selectedProjectID()) : -1);
 }
 
 void ProjectListView::startDrag(Qt::DropActions)
@@ -85,19 +93,18 @@ void ProjectListView::startDrag(Qt::DropActions)
     m_drop.end();
     writeOrder();
     setState(NoState);
+    returnToChosen();
 }
 
 void ProjectListView::enter(const QUuid &dragged, const QUuid &target)
 {
-    m_unwritten = std::pair(dragged, target);
+    m_unwritten = std::pair(dragged, followerAt(m_model.ids(), dragged, target));
     if (m_writeMilliseconds <= mostUnfelt) {
         writeOrder();
         return;
     }
     QList<ProjectRow> rows = m_model.rows();
-    const ProjectRow moved = rows.takeAt(m_model.rowOf(dragged));
-    const auto before = std::find_if(rows.begin(), rows.end(), [&](const ProjectRow &row) { return row.id == target; });
-    rows.insert(before, moved);
+    rows.move(m_model.rowOf(dragged), m_model.rowOf(target));
     m_model.setRows(rows);
     m_rest.start(pointerRest);
 }
@@ -152,8 +159,10 @@ void ProjectListView::keyPressEvent(QKeyEvent *event)
     const bool isMove = event->modifiers() == Qt::AltModifier;
     if (isMove && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down))
         moveCurrent(event->key() == Qt::Key_Up ? -1 : 1);
+    else if (event->key() == Qt::Key_F2 && currentIndex().isValid())
+        ProjectActions::rename(this, m_store, m_model.rows().at(currentIndex().row()).id);
     else
-        PlainList::keyPressEvent(event);
+        FollowingList::keyPressEvent(event);
 }
 
 void ProjectListView::moveCurrent(int step)
@@ -163,11 +172,7 @@ void ProjectListView::moveCurrent(int step)
     const qsizetype other = at + step;
     if (at < 0 || other < 0 || other >= ids.size())
         return;
-    // One place down is the next project one place up.
-    if (step < 0)
-        m_store.reorderProjects(ids.at(at), ids.at(other), ids);
-    else
-        m_store.reorderProjects(ids.at(other), ids.at(at), ids);
+    m_store.reorderProjects(ids.at(at), followerAt(ids, ids.at(at), ids.at(other)), ids);
 }
 
 } // namespace ardeno

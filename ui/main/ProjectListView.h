@@ -2,7 +2,7 @@
 #pragma once
 
 #include "store/AppStore.h"
-#include "ui/controls/PlainList.h"
+#include "ui/controls/FollowingList.h"
 #include "ui/main/SidebarProjectDrop.h"
 #include "ui/projects/ProjectListModel.h"
 
@@ -14,7 +14,7 @@
 namespace ardeno {
 
 // The projects of the sidebar, in the user's order, which dragging a row changes, or Alt with the arrow keys.
-class ProjectListView final : public PlainList {
+class ProjectListView final : public FollowingList {
 public:
     explicit ProjectListView(AppStore &store, QWidget *parent = nullptr);
 
@@ -38,7 +38,8 @@ private:
     ProjectListModel m_model;
     ProjectListModel::Counts m_counts;
     SidebarProjectDrop m_drop;
-    std::optional<std::pair<QUuid, QUuid>> m_unwritten; // The dragged project and the one it stands before.
+    // The dragged project and the one that it stands before; absent: behind the last.
+    std::optional<std::pair<QUuid, std::optional<QUuid>>> m_unwritten;
     QTimer m_rest;
     qint64 m_writeMilliseconds = 0; // What the last change of the order took.
     Observations m_observations;

@@ -2,10 +2,10 @@
 #include "ui/main/Sidebar.h"
 
 #include "ui/controls/Button.h"
-#include "ui/controls/Fields.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/main/ProjectListView.h"
+#include "ui/main/SearchField.h"
 #include "ui/theme/Symbols.h"
 
 #include <QPainter>
@@ -34,7 +34,9 @@ Sidebar::Sidebar(AppStore &store, const Screens &screens, QWidget *parent)
       m_search(makeSearch()),
       m_all(Button::makeRow(tr("All projects"), "square.grid.2x2")),
       m_section(makeLabel({}, TextStyle::Eyebrow, Role::Dim)),
-      m_count(makeLabel({}, TextStyle::Eyebrow, Role::Dim))
+      m_count(makeLabel({}, TextStyle::Eyebrow, Role::Dim)),
+      m_nothing(makeParagraph(tr("No projects match your search."), TextStyle::Small, Role::Dim)),
+      m_projects(new ProjectListView(store))
 {
     auto *column = makeColumn(12, this);
     column->setContentsMargins(12, 16, 13, 12);
@@ -43,7 +45,11 @@ Sidebar::Sidebar(AppStore &store, const Screens &screens, QWidget *parent)
     column->addWidget(m_all);
     connect(m_all, &QAbstractButton::clicked, this, [this] { m_store.showProjects(); });
     column->addWidget(makeSectionHeader());
-    column->addWidget(new ProjectListView(store), 1);
+    auto *nothing = makeRow(0);
+    nothing->setContentsMargins(8, 0, 8, 0);
+    nothing->addWidget(m_nothing);
+    column->addLayout(nothing);
+    column->addWidget(m_projects, 1);
     auto *create = new Button(tr("New project"), Button::Kind::Bordered, "plus");
     create->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     create->setHint(tr("New project"), "Ctrl+N");
@@ -66,13 +72,21 @@ QWidget *Sidebar::makeBrand()
     return brand;
 }
 
-TextField *Sidebar::makeSearch()
+SearchField *Sidebar::makeSearch()
 {
-    auto *field = new TextField(tr("Find a project"), tr("Find a project"), "magnifyingglass");
-    field->setClearButtonEnabled(false);
+    auto *field = new SearchField(tr("Find a project"));
     field->setToolTip(tr("Find a project (%1)").arg("Ctrl+F"));
     connect(field, &QLineEdit::textChanged, this, [this](const QString &text) { m_store.search.set(text); });
+    field->setOnOpenFirst([this] { openFirst(); });
+    field->setOnDown([this] { m_projects->goToFirst(); });
     return field;
+}
+
+void Sidebar::openFirst()
+{
+    const QList<Project> found = m_store.filteredProjects();
+    if (!found.isEmpty())
+        m_store.selectProject(found.first().id);
 }
 
 void Sidebar::focusSearch()
@@ -117,7 +131,9 @@ QWidget *Sidebar::makeSettings()
 void Sidebar::showSection()
 {
     m_section->setText(m_store.showArchivedProjects() ? tr("ARCHIVED") : tr("PROJECTS"));
-    m_count->setText(QString::number(m_store.filteredProjects().size()));
+    const qsizetype found = m_store.filteredProjects().size();
+    m_count->setText(QString::number(found));
+    m_nothing->setVisible(found == 0 && !m_store.search().isEmpty());
     m_all->setCurrent(!m_store.selectedProjectID());
     if (m_search->text() != m_store.search())
         m_search->setText(m_store.search());

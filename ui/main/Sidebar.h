@@ -11,7 +11,8 @@ class QLabel;
 namespace ardeno {
 
 class Button;
-class TextField;
+class ProjectListView;
+class SearchField;
 
 // The left side of the main window: search, the projects, and what is always at hand.
 class Sidebar final : public QWidget {
@@ -26,17 +27,20 @@ public:
     static QWidget *makeBrand();
 
 private:
-    TextField *makeSearch();
+    SearchField *makeSearch();
     QWidget *makeSectionHeader();
     QWidget *makeExplanation();
     QWidget *makeSettings();
+    void openFirst();
     void showSection();
 
     AppStore &m_store;
-    TextField *m_search;
+    SearchField *m_search;
     Button *m_all;
     QLabel *m_section;
     QLabel *m_count;
+    QLabel *m_nothing;
+    ProjectListView *m_projects;
     Observations m_observations;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/note/QuickListEditor.h"
 
+#include "ui/controls/TextKeys.h"
 #include "ui/note/BulletContinuation.h"
 #include "ui/theme/AppTheme.h"
 
@@ -26,13 +27,6 @@ constexpr int mostHeight = 260;
 BulletContinuation::Selection selectionOf(const QTextCursor &cursor)
 {
     return {cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()};
-}
-
-bool isTyping(const QKeyEvent &event)
-{
-    const Qt::KeyboardModifiers others = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
-    const bool isPlain = others == Qt::NoModifier || others == Qt::GroupSwitchModifier;
-    return isPlain && !event.text().isEmpty() && event.text().front().isPrint();
 }
 
 } // namespace
@@ -134,7 +128,7 @@ void QuickListEditor::keyPressEvent(QKeyEvent *event)
     } else if (isReturn && !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
         if (!continueList())
             insertTyped("\n");
-    } else if (isTyping(*event)) {
+    } else if (TextKeys::isCharacter(*event)) {
         insertTyped(event->text());
     } else {
         QTextEdit::keyPressEvent(event);

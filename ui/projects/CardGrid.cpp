@@ -47,9 +47,28 @@ void CardGrid::setHeader(QWidget *header)
 
 void CardGrid::setCount(int count)
 {
+    const Focused before = focused();
     m_count = count;
     m_shown.fill(-1);
     arrange();
+    refocus(before);
+}
+
+CardGrid::Focused CardGrid::focused() const
+{
+    for (QWidget *const card : m_widgets) {
+        const qsizetype control = m_cards.controls(card).indexOf(window()->focusWidget());
+        if (control >= 0)
+            return {card, control};
+    }
+    return {};
+}
+
+void CardGrid::refocus(const Focused &before)
+{
+    const qsizetype last = m_shown.indexOf(m_count - 1);
+    if (before.card && before.card->isHidden() && m_count > 0 && last >= 0)
+        m_cards.controls(m_widgets.at(last)).at(before.control)->setFocus(Qt::OtherFocusReason);
 }
 
 int CardGrid::columns() const

@@ -44,6 +44,16 @@ private:
     void orderTabs(int first);
     void reveal(const QWidget *focused);
 
+    // Which control of which card has the focus; none: no widget.
+    struct Focused {
+        QWidget *card = nullptr;
+        qsizetype control = 0;
+    };
+
+    Focused focused() const;
+    // The card has gone with the last of its row: the focus goes to the one before.
+    void refocus(const Focused &before);
+
     Cards m_cards;
     QWidget *m_header = nullptr;
     QList<QWidget *> m_widgets;

@@ -57,6 +57,7 @@ void CheckpointActions::confirmDelete(QWidget *owner, AppStore &store, const Che
         .title = CheckpointActionTexts::tr("Delete this checkpoint?"),
         .message = CheckpointActionTexts::tr("This removes “%1” and its local screenshot or recording.")
                        .arg(titleOf(store, checkpoint)),
+        .detail = describe(store, checkpoint),
         .confirm = CheckpointActionTexts::tr("Delete checkpoint"),
         .cancel = CheckpointActionTexts::tr("Cancel"),
         .kind = Button::Kind::Destructive,
@@ -65,6 +66,14 @@ void CheckpointActions::confirmDelete(QWidget *owner, AppStore &store, const Che
         if (isConfirmed)
             store.deleteCheckpoint(id);
     });
+}
+
+QString CheckpointActions::describe(const AppStore &store, const Checkpoint &checkpoint)
+{
+    const Project *const project = store.project(checkpoint.projectID.value_or(QUuid()));
+    return CheckpointActionTexts::tr("“%1”, saved %2 in the project “%3”.")
+        .arg(titleOf(store, checkpoint), DateText::mediumDateShortTime(checkpoint.createdAt),
+             project ? project->name : QString());
 }
 
 void CheckpointActions::requestSave(AppStore &store, bool hasForm)

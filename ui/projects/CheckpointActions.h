@@ -15,6 +15,9 @@ void fill(QMenu *menu, AppStore &store, const Checkpoint &checkpoint, QWidget *o
 // Asks before it deletes.
 void confirmDelete(QWidget *owner, AppStore &store, const Checkpoint &checkpoint);
 
+// Which one it is, in a sentence: title, moment and project.
+QString describe(const AppStore &store, const Checkpoint &checkpoint);
+
 // Saves a checkpoint into the selected project: through the form where there is one, else with its drafts at once.
 // Where no project can take it, one is made first.
 void requestSave(AppStore &store, bool hasForm);

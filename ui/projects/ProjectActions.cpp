@@ -2,6 +2,8 @@
 #include "ui/projects/ProjectActions.h"
 
 #include "ui/controls/Menu.h"
+#include "ui/controls/Sheet.h"
+#include "ui/projects/ProjectSheets.h"
 
 #include <QCoreApplication>
 
@@ -21,6 +23,11 @@ void ProjectActions::fill(QMenu *menu, AppStore &store, const QUuid &projectID)
     if (!found)
         return;
     const Project project = *found;
+    const auto *const owner = qobject_cast<QWidget *>(menu->parent());
+    QAction *const another = addMenuItem(menu, ProjectActionTexts::tr("Rename project…"), "pencil",
+                                         [owner, &store, projectID] { rename(owner, store, projectID); });
+    another->setShortcut(Qt::Key_F2);
+    another->setShortcutContext(Qt::WidgetShortcut); // Only shown; the lists take the key.
     const auto edit = [&store, project] { store.editingBlocker.set(project); };
     if (project.blockedReason) {
         addMenuItem(menu, ProjectActionTexts::tr("Edit reason"), "pencil", edit);
@@ -36,6 +43,14 @@ void ProjectActions::fill(QMenu *menu, AppStore &store, const QUuid &projectID)
     menu->addSeparator();
     addMenuItem(menu, ProjectActionTexts::tr("Delete project…"), "trash",
                 [&store, project] { store.deletingProject.set(project); });
+}
+
+void ProjectActions::rename(const QWidget *widget, AppStore &store, const QUuid &projectID)
+{
+    SheetHost *const host = SheetHost::of(widget);
+    const Project *const project = store.project(projectID);
+    if (host && project && !host->isCovering())
+        host->present(makeRenameSheet(store, *project));
 }
 
 } // namespace ardeno

@@ -6,6 +6,9 @@
 #include "ui/projects/ProjectActions.h"
 #include "ui/projects/ProjectText.h"
 
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+
 namespace ardeno {
 
 ProjectCard::ProjectCard(AppStore &store)
@@ -47,6 +50,21 @@ QWidget *ProjectCard::makeHeader()
     row->addWidget(m_name, 1);
     row->addWidget(m_actions);
     return header;
+}
+
+void ProjectCard::contextMenuEvent(QContextMenuEvent *event)
+{
+    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QPoint place = isByKey ? m_actions->mapToGlobal(m_actions->rect().bottomLeft()) : event->globalPos();
+    showMenu(m_actions, place, [this](QMenu *menu) { ProjectActions::fill(menu, m_store, m_projectID); });
+}
+
+void ProjectCard::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_F2)
+        ProjectActions::rename(this, m_store, m_projectID);
+    else
+        Card::keyPressEvent(event);
 }
 
 void ProjectCard::show(const Project &project, const Checkpoint *latest)

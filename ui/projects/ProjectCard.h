@@ -25,6 +25,10 @@ public:
 
     static constexpr int cardHeight = 178;
 
+protected:
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     QWidget *makeHeader();
 

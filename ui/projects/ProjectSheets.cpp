@@ -22,6 +22,13 @@ TextField *addField(QVBoxLayout *column, const QString &label, const QString &pl
     return field;
 }
 
+void needName(const TextField *field, Button *button)
+{
+    const auto show = [button](const QString &text) { button->setEnabled(!text.trimmed().isEmpty()); };
+    QObject::connect(field, &QLineEdit::textChanged, button, show);
+    show(field->text());
+}
+
 } // namespace
 
 Sheet *makeNewProjectSheet(AppStore &store)
@@ -47,12 +54,31 @@ Sheet *makeNewProjectSheet(AppStore &store)
             if (store.createProject(name->text()))
                 sheet->close();
         });
-    create->setEnabled(false);
-    QObject::connect(name, &QLineEdit::textChanged, create,
-                     [create](const QString &text) { create->setEnabled(!text.trimmed().isEmpty()); });
+    needName(name, create);
     sheet->setFirstFocus(name);
     sheet->setHoldsInput([name] { return !name->text().trimmed().isEmpty(); });
     sheet->setOnCancel([&store] { store.showNewProject.set(false); });
+    return sheet;
+}
+
+Sheet *makeRenameSheet(AppStore &store, const Project &project)
+{
+    const QString title = ProjectSheetTexts::tr("Rename project");
+    auto *sheet = new Sheet(title, 460);
+    QVBoxLayout *const column = sheet->column();
+    column->addWidget(makeParagraph(title, TextStyle::SheetTitle));
+    TextField *const name = addField(column, ProjectSheetTexts::tr("Project name"), {});
+    name->setText(project.name);
+    name->selectAll();
+    column->addSpacing(4);
+    sheet->addButton(ProjectSheetTexts::tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
+    Button *const rename = sheet->addButton(ProjectSheetTexts::tr("Rename"), Button::Kind::Prominent,
+                                            [&store, sheet, name, id = project.id] {
+                                                if (store.renameProject(id, name->text()) || !store.project(id))
+                                                    sheet->close();
+                                            });
+    needName(name, rename);
+    sheet->setFirstFocus(name);
     return sheet;
 }
 

@@ -13,4 +13,7 @@ Sheet *makeNewProjectSheet(AppStore &store);
 // The sheet for what a project waits for; it clears editingBlocker when it goes.
 Sheet *makeProjectBlockerSheet(AppStore &store, const Project &project);
 
+// The sheet for another name.
+Sheet *makeRenameSheet(AppStore &store, const Project &project);
+
 } // namespace ardeno

@@ -26,6 +26,12 @@ QString momentText(Date date, Date now, Place place)
     return (place == Place::Alone ? alone : inside).arg(DateText::shortTime(date));
 }
 
+// What has no name is known by its time.
+QString orMoment(const QString &name, const Checkpoint &checkpoint)
+{
+    return name.trimmed().isEmpty() ? DateText::mediumDateShortTime(checkpoint.createdAt) : name;
+}
+
 } // namespace
 
 QString ProjectText::checkpointCount(qsizetype count)
@@ -50,13 +56,15 @@ QString ProjectText::firstStep(const Checkpoint &checkpoint)
 
 QString ProjectText::title(const Checkpoint &checkpoint, const QString &projectName)
 {
-    return checkpoint.title == projectName ? ProjectTexts::tr("First checkpoint") : checkpoint.title;
+    return checkpoint.title == projectName ? ProjectTexts::tr("First checkpoint")
+                                           : orMoment(checkpoint.title, checkpoint);
 }
 
 QString ProjectText::timelineTitle(const Checkpoint &checkpoint, const QString &projectName)
 {
     const QString name = checkpoint.displayName();
-    return name == projectName && name == checkpoint.title ? ProjectTexts::tr("First checkpoint") : name;
+    return name == projectName && name == checkpoint.title ? ProjectTexts::tr("First checkpoint")
+                                                           : orMoment(name, checkpoint);
 }
 
 QString ProjectText::resumeCaption(const Checkpoint &checkpoint)

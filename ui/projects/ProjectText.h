@@ -15,7 +15,8 @@ QString overview(const QList<Project> &available);
 // The first line of a next step without its list marker; empty when there is none.
 QString firstStep(const Checkpoint &checkpoint);
 
-// "First checkpoint" for one that is titled exactly like its project, else the title as it is stored.
+// "First checkpoint" for one that is titled exactly like its project, else the title as it is stored, and the moment
+// for a blank one.
 QString title(const Checkpoint &checkpoint, const QString &projectName);
 
 // The same for a cell of the timeline, which shows the next step of a checkpoint where it has one.

@@ -2,10 +2,10 @@
 #include "ui/projects/ProjectTimeline.h"
 
 #include "ui/controls/Button.h"
+#include "ui/controls/FollowingList.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
-#include "ui/controls/PlainList.h"
 #include "ui/controls/Sheet.h"
 #include "ui/projects/CheckpointActions.h"
 #include "ui/projects/CheckpointManagerSheet.h"
@@ -23,9 +23,9 @@ namespace {
 constexpr int scrollBarRoom = 12;
 
 // A strip that the wheel moves sideways.
-class Strip final : public PlainList {
+class Strip final : public FollowingList {
 public:
-    using PlainList::PlainList;
+    using FollowingList::FollowingList;
 
 protected:
     void wheelEvent(QWheelEvent *event) override
@@ -81,7 +81,7 @@ QWidget *ProjectTimeline::makeHeader()
     return header;
 }
 
-PlainList *ProjectTimeline::makeStrip()
+FollowingList *ProjectTimeline::makeStrip()
 {
     auto *strip = new Strip(tr("Checkpoint history"));
     strip->setModel(&m_model);
@@ -117,7 +117,7 @@ void ProjectTimeline::showCheckpoints()
 void ProjectTimeline::showSelection()
 {
     const int row = m_store.selection() ? m_model.rowOf(*m_store.selection()) : -1;
-    m_strip->showCurrent(row);
+    m_strip->showChosen(row);
     m_latest->setVisible(row > 0);
 }
 

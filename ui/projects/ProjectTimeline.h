@@ -12,7 +12,7 @@ class QLabel;
 namespace ardeno {
 
 class Button;
-class PlainList;
+class FollowingList;
 
 // The selected project's checkpoints as a strip, newest first.
 class ProjectTimeline final : public QWidget {
@@ -24,7 +24,7 @@ public:
 
 private:
     QWidget *makeHeader();
-    PlainList *makeStrip();
+    FollowingList *makeStrip();
     void showCheckpoints();
     void showSelection();
     void showBusy();
@@ -38,7 +38,7 @@ private:
     Button *m_manage;
     Button *m_latest;
     Button *m_save;
-    PlainList *m_strip;
+    FollowingList *m_strip;
     Observations m_observations;
 };
 

@@ -168,14 +168,11 @@ void CaptureSheet::showState()
     const bool isIdle = !m_store.savingForm() && !m_store.restartingApp() && !m_store.requestingAccess();
     m_setup->setVisible(needsSetup());
     setFixedWidth(formWidth + 56 + (needsSetup() ? columnGap + setupWidth : 0));
-    const bool wasIdle = m_form->isEnabled();
     m_form->setEnabled(isIdle);
     m_cancel->setEnabled(isIdle);
     m_primary->setText(primaryText());
     m_primary->updateGeometry();
     m_primary->setEnabled(isIdle && !m_store.busy() && !m_store.screenAccessReason());
-    if (isIdle && !wasIdle && isVisible())
-        m_primary->setFocus(Qt::OtherFocusReason); // To try again.
 }
 
 void CaptureSheet::showMessages()

@@ -31,7 +31,13 @@ ScreenshotViewer::ScreenshotViewer(const QString &path)
     column->addWidget(m_tools);
     column->addWidget(m_canvas, 1);
     column->addWidget(m_unavailable, 1);
-    addShortcut(QKeySequence(Qt::Key_Escape), [this] { close(); });
+    addShortcut(QKeySequence(Qt::Key_Escape), [this] {
+        if (isFullScreen())
+            setWindowState(windowState() & ~Qt::WindowFullScreen);
+        else
+            close();
+    });
+    addShortcut(QKeySequence(Qt::Key_F11), [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
     addShortcut(QKeySequence::Close, [this] { close(); });
     AppTheme::instance().follow(this);
     m_canvas->setOnChange([this] { showState(); });

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/main/ArchivingStrip.h"
+
+#include "ui/controls/Button.h"
+#include "ui/controls/Ground.h"
+#include "ui/controls/Label.h"
+#include "ui/main/Strips.h"
+
+#include <QAccessible>
+#include <QCoreApplication>
+
+namespace ardeno {
+
+namespace {
+
+struct ArchivingTexts final {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::ArchivingStrip)
+};
+
+} // namespace
+
+ArchivingStrip::ArchivingStrip(AppStore &store, QWidget *parent)
+    : QWidget(parent), m_store(store), m_text(makeParagraphOfLines(2))
+{
+    QHBoxLayout *const row = makeStripRow(this);
+    row->addWidget(new SymbolView("archivebox", Role::AccentText));
+    row->addWidget(m_text, 1);
+    auto *undo = new Button(ArchivingTexts::tr("Undo"));
+    connect(undo, &QAbstractButton::clicked, this, [this] { m_store.undoArchiving(); });
+    row->addWidget(undo);
+    Button *const close = Button::makeIcon("xmark", ArchivingTexts::tr("Dismiss the message"));
+    connect(close, &QAbstractButton::clicked, this, [this] { m_store.dismissArchiving(); });
+    row->addWidget(close);
+    m_observations.watch([this] { showArchiving(); }, store.lastArchiving);
+}
+
+void ArchivingStrip::showArchiving()
+{
+    const std::optional<Archiving> &last = m_store.lastArchiving();
+    setVisible(last.has_value());
+    if (!last)
+        return;
+    const QString sentence = last->before ? ArchivingTexts::tr("“%1” is back among your projects.")
+                                          : ArchivingTexts::tr("“%1” is in the archive now.");
+    m_text->setText(sentence.arg(last->projectName));
+    setAccessibleName(m_text->text());
+    QAccessibleEvent said(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&said);
+}
+
+void ArchivingStrip::paintEvent(QPaintEvent *)
+{
+    drawStrip(this, Role::AccentSoft, Qt::TopEdge);
+}
+
+} // namespace ardeno
