@@ -23,7 +23,7 @@ QIcon menuIcon(bool isRecording)
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
         painter.setRenderHint(QPainter::Antialiasing);
-        Symbols::drawBrandMark(painter, QRectF(1, 1, extent - 2, extent - 2), themeColor(Role::Accent), Qt::white);
+        Symbols::drawBrandMark(painter, QRectF(1, 1, extent - 2, extent - 2), themeColor(Role::Brand), Qt::white);
         if (isRecording) {
             const qreal dot = extent * 0.45;
             painter.setPen(QPen(Qt::white, extent / 16.0));
