@@ -16,6 +16,12 @@ class ScreenshotCard final : public Card {
 public:
     ScreenshotCard(AppStore &store, const Screens &screens, const Checkpoint &checkpoint);
 
+    // Of the picture, in logical pixels.
+    void setMostHeight(int height);
+
+    // What the picture takes of it now.
+    int pictureHeight() const { return m_picture ? m_picture->height() : 0; }
+
 private:
     QWidget *makeHeader();
     QWidget *makePicture(const Checkpoint &checkpoint);
@@ -34,6 +40,7 @@ private:
     Button *m_expand;
     Button *m_remove;
     QWidget *m_picture = nullptr;
+    int m_mostHeight = 250;
     Thumbnails::Request m_preview;
     Observations m_observations;
 };
