@@ -13,6 +13,7 @@ namespace ardeno {
 
 class Button;
 class InlineNote;
+class ScreenshotCard;
 
 // The way back into one checkpoint: when it was saved, its picture, its notes. It is made anew for each checkpoint.
 class CheckpointDetail final : public QScrollArea {
@@ -24,6 +25,7 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     QWidget *makePage(const Checkpoint &checkpoint);
@@ -31,6 +33,8 @@ private:
     QWidget *makeResumeRow();
     QWidget *makeFooter(const Checkpoint &checkpoint);
     InlineNote *makeNote(QString Checkpoint::*field);
+    // The picture leaves the notes their place above the fold.
+    void fitPicture();
     void showCheckpoint();
     void showResume(const Checkpoint &checkpoint);
     void viewRecording(const Checkpoint &checkpoint);
@@ -44,6 +48,7 @@ private:
     Button *m_resume = nullptr;
     QLabel *m_caption = nullptr;
     Button *m_recording = nullptr;
+    ScreenshotCard *m_screenshot = nullptr;
     InlineNote *m_objective;
     InlineNote *m_nextStep;
     Observations m_observations;

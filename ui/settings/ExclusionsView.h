@@ -40,7 +40,7 @@ private:
     QWidget *m_controls;
     RuleList *m_apps;
     Card *m_appsCard;
-    QLabel *m_noApps;
+    QWidget *m_noApps;
     TextField *m_domain;
     QLabel *m_validation;
     RuleList *m_domains;

@@ -13,13 +13,14 @@
 #include "ui/settings/Links.h"
 #include "ui/settings/SettingsCard.h"
 
+#include <QCoreApplication>
 #include <QDir>
+
+#include <algorithm>
 
 namespace ardeno {
 
 namespace {
-
-constexpr int choiceWidth = 236;
 
 // The choices of the shortcut, as the setting stores them. Every other value means the default.
 constexpr int defaultShortcut = 0;
@@ -50,9 +51,15 @@ PreferencesView::PreferencesView(AppStore &store)
 QWidget *PreferencesView::makeBehaviour()
 {
     auto *card = new SettingsCard;
-    card->addRow({.title = tr("On launch")}, {makeLaunch()});
+    Choice *const launch = makeLaunch();
+    Choice *const shortcut = makeShortcut();
+    // Below each other; neither cuts what can be chosen.
+    const int choiceWidth = std::max(launch->sizeHint().width(), shortcut->sizeHint().width());
+    for (Choice *const choice : {launch, shortcut})
+        choice->setMinimumWidth(choiceWidth);
+    card->addRow({.title = tr("On launch")}, {launch});
     card->addRow({.title = tr("Quick save shortcut"), .explanation = tr("Save from any app while Ardeno is running.")},
-                 {makeShortcut()})
+                 {shortcut})
         ->addWidget(m_shortcutIssue);
     card->addRow({.title = tr("Include browser tabs"),
                   .explanation = tr("Incognito tab URLs are skipped. A screen capture can still contain visible "
@@ -69,7 +76,6 @@ QWidget *PreferencesView::makeBehaviour()
 Choice *PreferencesView::makeLaunch()
 {
     auto *launch = new Choice(tr("On launch"));
-    launch->setFixedWidth(choiceWidth);
     launch->setOptions({{tr("Last opened project"), false}, {tr("Projects overview"), true}});
     launch->setOnChoose([this](const QVariant &value) { m_store.launchOverview.set(value.toBool()); });
     m_observations.watch([this, launch] { launch->setCurrent(m_store.launchOverview()); }, m_store.launchOverview);
@@ -79,7 +85,6 @@ Choice *PreferencesView::makeLaunch()
 Choice *PreferencesView::makeShortcut()
 {
     auto *shortcut = new Choice(tr("Quick save shortcut"));
-    shortcut->setFixedWidth(choiceWidth);
     shortcut->setOptions(
         {{tr("⌃⌥⌘S (default)"), defaultShortcut}, {tr("⇧⌘S"), shortShortcut}, {tr("Off"), noShortcut}});
     shortcut->setOnChoose([this](const QVariant &value) { m_store.shortcutChoice.set(value.toInt()); });
@@ -177,7 +182,7 @@ void PreferencesView::showUpdate()
     const std::optional<AppUpdateManifest> &update = m_store.availableUpdate();
     m_updateSymbol->setVisible(update.has_value());
     m_updateText->setText(update ? tr("Update available: %1").arg(update->latestVersion.left(longestVersion))
-                                 : QString());
+                                 : tr("Version %1").arg(QCoreApplication::applicationVersion()));
     m_download->setVisible(update.has_value());
     m_download->setEnabled(update && isOpenable(update->downloadURL));
     m_checking->setVisible(m_store.checkingForUpdates());
