@@ -400,8 +400,8 @@ für die Arbeit.</translation>
         <translation>Bild hinzufügen …</translation>
     </message>
     <message>
-        <source>All files (*)</source>
-        <translation>Alle Dateien (*)</translation>
+        <source>All files</source>
+        <translation>Alle Dateien</translation>
     </message>
     <message>
         <source>Choose an image</source>
@@ -416,8 +416,8 @@ für die Arbeit.</translation>
         <translation>Vergrößern</translation>
     </message>
     <message>
-        <source>Images (%1)</source>
-        <translation>Bilder (%1)</translation>
+        <source>Images</source>
+        <translation>Bilder</translation>
     </message>
     <message>
         <source>No screenshot saved</source>
@@ -680,7 +680,7 @@ für die Arbeit.</translation>
     </message>
     <message>
         <source>Manage checkpoints</source>
-        <translation>Checkpoints verwalten</translation>
+        <translation>Verwalten</translation>
     </message>
     <message>
         <source>No checkpoints</source>
@@ -827,6 +827,18 @@ für die Arbeit.</translation>
         <translation>gestern, %1</translation>
     </message>
     <message>
+        <source>No reason added yet.</source>
+        <translation>Noch ohne Grund.</translation>
+    </message>
+    <message>
+        <source>its disk did not answer</source>
+        <translation>der Datenträger antwortet nicht</translation>
+    </message>
+    <message>
+        <source>it no longer exists</source>
+        <translation>nicht mehr vorhanden</translation>
+    </message>
+    <message>
         <source>Back to latest</source>
         <translation>Zum neuesten</translation>
     </message>
@@ -836,7 +848,7 @@ für die Arbeit.</translation>
     </message>
     <message>
         <source>Checkpoint history</source>
-        <translation>Verlauf der Checkpoints</translation>
+        <translation>Verlauf</translation>
     </message>
     <message>
         <source>Save a screenshot and your open workspace</source>
