@@ -181,13 +181,16 @@ TEST_CASE_FIXTURE(WindowFixture,
     CHECK(eventually([this] { return seesText("Image added. A copy is saved with this checkpoint."); }));
 
     portal.hasChooser = false;
+    AppTheme::instance().setAppearance({.scheme = Scheme::Dark});
     click("Replace image…");
     QPointer<QFileDialog> dialog;
     REQUIRE(eventually([&] { return (dialog = window->findChild<QFileDialog *>()) && dialog->isVisible(); }));
     CHECK(dialog->directory() == QDir::home()); // There is no folder of pictures.
     CHECK(dialog->palette().color(QPalette::Base) == AppTheme::instance().color(Role::Field));
+    CHECK(dialog->grab().save(ARDENO_PICTURES "/choose-image-dark.png"));
     click("Replace image…"); // One at a time.
     CHECK(window->findChildren<QFileDialog *>().size() == 1);
     dialog->reject();
     CHECK(eventually([&] { return !dialog; }));
+    AppTheme::instance().setAppearance({});
 }

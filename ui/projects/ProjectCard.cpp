@@ -71,7 +71,7 @@ QList<QWidget *> ProjectCard::controls()
 QWidget *ProjectCard::makeHeader()
 {
     auto *header = new QWidget;
-    auto *row = makeRow(8, header);
+    auto *row = makeRow(6, header);
     row->addWidget(m_symbol);
     row->addWidget(m_name, 1);
     row->addWidget(m_actions);
@@ -153,7 +153,7 @@ void ProjectCard::paintEvent(QPaintEvent *)
 
 void ProjectCard::resizeEvent(QResizeEvent *)
 {
-    layout()->setContentsMargins(pictureArea().right() + cardPadding, 10, 10, cardPadding);
+    layout()->setContentsMargins(pictureArea().right() + 12, 10, 8, cardPadding);
 }
 
 void ProjectCard::keyPressEvent(QKeyEvent *event)
