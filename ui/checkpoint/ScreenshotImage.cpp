@@ -97,7 +97,7 @@ QSize ScreenshotImage::shownSize(int width) const
 QRectF ScreenshotImage::shownArea() const
 {
     const QSize shown = shownSize(width());
-    return {QPointF(0, (height() - shown.height()) / 2), QSizeF(shown)};
+    return {QPointF(0, (height() - shown.height()) / 2.0), QSizeF(shown)};
 }
 
 void ScreenshotImage::setMostHeight(int height)

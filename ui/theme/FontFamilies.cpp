@@ -12,20 +12,30 @@ namespace {
 
 constexpr const char *interfaceFamily = "Inter";
 
+// The region whose way of writing a language has; empty for every other language.
+QString regionOf(const QString &language)
+{
+    if (language.startsWith("ja"))
+        return "JP";
+    if (language.startsWith("ko"))
+        return "KR";
+    if (!language.startsWith("zh"))
+        return {};
+    static const QStringList traditional{"zh-Hant", "zh-TW", "zh-HK", "zh-MO"};
+    const bool isTraditional = std::any_of(traditional.begin(), traditional.end(),
+                                           [&](const QString &start) { return language.startsWith(start); });
+    return isTraditional ? "TC" : "SC";
+}
+
 // Chinese, Japanese and Korean write some characters differently: the user's own way comes first.
 QStringList eastAsianFamilies()
 {
-    QStringList regions{"SC", "JP", "TC", "KR"};
-    for (const QString &language : QLocale().uiLanguages()) {
-        const QString own = language.startsWith("ja")                                     ? "JP"
-                            : language.startsWith("ko")                                   ? "KR"
-                            : language.startsWith("zh-TW") || language.startsWith("zh-H") ? "TC"
-                                                                                          : QString();
-        if (regions.removeOne(own)) {
-            regions.prepend(own);
-            break;
-        }
-    }
+    QStringList regions;
+    for (const QString &language : QLocale().uiLanguages())
+        regions << regionOf(language);
+    regions << QStringList{"SC", "JP", "TC", "KR"};
+    regions.removeAll(QString());
+    regions.removeDuplicates();
     QStringList families;
     for (const QString &region : std::as_const(regions))
         families << "Noto Sans CJK " + region << "Source Han Sans " + region;
