@@ -3,6 +3,8 @@
 
 #include "support/Failure.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <utility>
 
@@ -16,6 +18,10 @@ using WindowLayout::savedPath;
 using WindowLayout::SavedPlaces;
 using WindowLayout::shortName;
 using Kind = PathFacts::Kind;
+
+struct LocationTexts final {
+    Q_DECLARE_TR_FUNCTIONS(ardeno::LocationTexts)
+};
 
 // A device or a pipe is nothing to open, and a relative path would mean something else in every folder.
 bool canOpen(const QString &path, const SavedPlaces &places)
@@ -43,7 +49,9 @@ public:
                 continue;
             if (!canOpen(path, m_request.places)) {
                 const bool isSilent = m_request.places.value(path).kind == Kind::Silent;
-                fail(window, path, isSilent ? "its disk did not answer" : "it no longer exists");
+                fail(window, path,
+                     isSilent ? LocationTexts::tr("its disk did not answer")
+                              : LocationTexts::tr("it no longer exists"));
                 continue;
             }
             if (isNew(window, path))

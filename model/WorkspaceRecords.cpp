@@ -3,6 +3,7 @@
 
 #include "support/Text.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QSet>
 #include <QStringView>
@@ -132,7 +133,7 @@ private:
 QString Project::blockerDescription() const
 {
     const QString reason = blockedReason.value_or(QString()).trimmed();
-    return reason.isEmpty() ? QString("No reason added yet.") : reason;
+    return reason.isEmpty() ? QCoreApplication::translate("ardeno::Project", "No reason added yet.") : reason;
 }
 
 size_t qHash(const SavedApp &app, size_t seed)

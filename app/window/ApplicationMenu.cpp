@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window/ApplicationMenu.h"
 
+#include "ui/theme/Symbols.h"
+
 #include <QMenu>
 
 namespace ardeno {
@@ -31,6 +33,13 @@ ApplicationMenu::ApplicationMenu(AppStore &store, const Actions &actions)
     connectAction(m_openWindow, actions.openWindow);
     connectAction(m_newsletter, actions.openNewsletter);
     connectAction(m_quit, actions.quit);
+    // Every entry has a symbol, as those of the window have that stand above them.
+    m_quickSave.setIcon(Symbols::icon("sparkle"));
+    m_recording.setIcon(Symbols::icon("record.circle"));
+    m_stop.setIcon(Symbols::icon("checkmark.circle"));
+    m_openWindow.setIcon(Symbols::icon("app"));
+    m_newsletter.setIcon(Symbols::icon("envelope"));
+    m_quit.setIcon(Symbols::icon("xmark"));
     m_recording.setEnabled(false);
     m_quickSave.setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
     m_quit.setShortcut(Qt::CTRL | Qt::Key_Q);

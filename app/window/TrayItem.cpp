@@ -25,7 +25,7 @@ QIcon menuIcon(const std::optional<Role> &mark)
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
         painter.setRenderHint(QPainter::Antialiasing);
-        Symbols::drawBrandMark(painter, QRectF(1, 1, extent - 2, extent - 2), themeColor(Role::Accent), Qt::white);
+        Symbols::drawBrandMark(painter, QRectF(1, 1, extent - 2, extent - 2), themeColor(Role::Brand), Qt::white);
         if (mark) {
             const qreal dot = extent * 0.45;
             painter.setPen(QPen(Qt::white, extent / 16.0));

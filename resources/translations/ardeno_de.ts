@@ -536,8 +536,8 @@ für die Arbeit.</translation>
         <translation>Bild einfügen</translation>
     </message>
     <message>
-        <source>All files (*)</source>
-        <translation>Alle Dateien (*)</translation>
+        <source>All files</source>
+        <translation>Alle Dateien</translation>
     </message>
     <message>
         <source>Choose an image</source>
@@ -552,8 +552,8 @@ für die Arbeit.</translation>
         <translation>Vergrößern</translation>
     </message>
     <message>
-        <source>Images (%1)</source>
-        <translation>Bilder (%1)</translation>
+        <source>Images</source>
+        <translation>Bilder</translation>
     </message>
     <message>
         <source>No screenshot saved</source>
@@ -836,7 +836,7 @@ für die Arbeit.</translation>
     </message>
     <message>
         <source>Manage checkpoints</source>
-        <translation>Checkpoints verwalten</translation>
+        <translation>Verwalten</translation>
     </message>
     <message>
         <source>No checkpoints</source>
@@ -995,6 +995,18 @@ für die Arbeit.</translation>
         <translation>gestern, %1</translation>
     </message>
     <message>
+        <source>No reason added yet.</source>
+        <translation>Noch ohne Grund.</translation>
+    </message>
+    <message>
+        <source>its disk did not answer</source>
+        <translation>der Datenträger antwortet nicht</translation>
+    </message>
+    <message>
+        <source>it no longer exists</source>
+        <translation>nicht mehr vorhanden</translation>
+    </message>
+    <message>
         <source>Back to latest</source>
         <translation>Zum neuesten</translation>
     </message>
@@ -1004,7 +1016,7 @@ für die Arbeit.</translation>
     </message>
     <message>
         <source>Checkpoint history</source>
-        <translation>Verlauf der Checkpoints</translation>
+        <translation>Verlauf</translation>
     </message>
     <message>
         <source>Save a screenshot and your open workspace</source>

@@ -2,25 +2,65 @@
 #pragma once
 
 #include "ui/controls/Button.h"
+#include "ui/controls/Choice.h"
+#include "ui/controls/Fields.h"
+#include "ui/controls/Label.h"
 
 #include <QLabel>
+#include <QLineEdit>
 
 namespace ardeno {
 
-// The texts of labels and buttons that do not fit, among those that are seen.
+inline bool isLabelCut(const QLabel &label)
+{
+    return label.wordWrap() ? label.height() < label.heightForWidth(label.width())
+                            : label.width() < label.sizeHint().width();
+}
+
+inline bool isButtonCut(const QAbstractButton &button)
+{
+    const bool isOurs = dynamic_cast<const Button *>(&button) || dynamic_cast<const Choice *>(&button) ||
+                        dynamic_cast<const Switch *>(&button);
+    return isOurs && !button.text().isEmpty() && button.width() < button.sizeHint().width();
+}
+
+inline bool isPlaceholderCut(const QLineEdit &field)
+{
+    const int room = field.width() - field.textMargins().left() - field.textMargins().right();
+    return field.text().isEmpty() && !field.placeholderText().isEmpty() &&
+           room < field.fontMetrics().horizontalAdvance(field.placeholderText());
+}
+
+// The texts that do not fit among those that are seen, whatever kind of control shows them.
 inline QStringList textsThatAreCut(const QWidget *window)
 {
     QStringList cut;
-    for (const QLabel *const label : window->findChildren<QLabel *>()) {
-        const bool isCut = label->wordWrap() ? label->height() < label->heightForWidth(label->width())
-                                             : label->width() < label->sizeHint().width();
-        if (label->isVisible() && isCut)
+    for (const QWidget *const widget : window->findChildren<QWidget *>()) {
+        if (!widget->isVisible())
+            continue;
+        const auto *const label = qobject_cast<const QLabel *>(widget);
+        const auto *const button = qobject_cast<const QAbstractButton *>(widget);
+        const auto *const field = qobject_cast<const QLineEdit *>(widget);
+        if (label && isLabelCut(*label))
             cut << label->text();
-    }
-    for (const QAbstractButton *const candidate : window->findChildren<QAbstractButton *>()) {
-        const auto *const button = dynamic_cast<const Button *>(candidate);
-        if (button && !button->text().isEmpty() && button->isVisible() && button->width() < button->sizeHint().width())
+        else if (button && isButtonCut(*button))
             cut << button->text();
+        else if (field && isPlaceholderCut(*field))
+            cut << field->placeholderText();
+    }
+    return cut;
+}
+
+// The same of lines that are shortened when they must be, because people write them: none needs to be in a test that
+// writes short ones.
+inline QStringList linesThatAreCut(const QWidget *window)
+{
+    QStringList cut;
+    for (const QWidget *const widget : window->findChildren<QWidget *>()) {
+        const auto *const line = dynamic_cast<const LineLabel *>(widget);
+        const bool isCut = line && line->width() + 1 < line->sizeHint().width();
+        if (isCut && line->isVisible() && !line->accessibleName().isEmpty())
+            cut << line->accessibleName();
     }
     return cut;
 }

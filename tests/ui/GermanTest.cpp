@@ -49,6 +49,7 @@ struct GermanFixture : WindowFixture {
         CAPTURE(name);
         CHECK(window->size() == QSize(960, 690));
         CHECK(textsThatAreCut(window.get()) == QStringList());
+        CHECK(linesThatAreCut(window.get()) == QStringList());
     }
 };
 
@@ -75,10 +76,18 @@ TEST_CASE_FIXTURE(GermanFixture, "the whole program speaks another language, and
     settle();
     CHECK(seesText(u"1 App · 1 Seite · Sie wählen, was geöffnet wird"_qs));
     look("detail");
+    store().selectCheckpoint(store().checkpointsFor(thesis).last().id); // With the way back to the newest one.
+    look("older");
+    store().setProjectBlocker(thesis, QString());
+    look("blocked");
+    CHECK(seesText("Noch ohne Grund."));
+    store().setProjectBlocker(thesis, std::nullopt);
+    store().selectCheckpoint(latest.id);
+    settle();
     auto *const page = window->findChild<QScrollArea *>();
     page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum());
     look("notes");
-    click("Checkpoints verwalten");
+    click("Verwalten");
     look("manager");
     click("Fertig");
     click(u"Checkpoint-Details …"_qs);

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTest>
 
 using namespace ardeno;
 
@@ -129,6 +130,70 @@ TEST_CASE_FIXTURE(LooksFixture, "no text is cut on any screen, also in the narro
     store().showNewProject.set(true);
     settle();
     pictures("sheet");
+}
+
+TEST_CASE_FIXTURE(LooksFixture, "the next step is seen at once, and what belongs together stands on one line")
+{
+    fill();
+    store().dismissNotice();
+    settle();
+    const auto bottomOf = [this](const char *name) {
+        QWidget *const found = widget(name);
+        REQUIRE(found);
+        return found->mapTo(window.get(), QPoint(0, found->fontMetrics().height())).y();
+    };
+    QWidget *const screenshot = button("Saved screenshot");
+    for (const int height : {790, 1000}) {
+        window->resize(1170, height);
+        settle();
+        REQUIRE(eventually([&] { return screenshot->height() >= 120; }));
+        CAPTURE(height);
+        CHECK(bottomOf("Where you left off") < height);
+        CHECK(bottomOf("Your next small step") < height);
+    }
+    CHECK(screenshot->height() >= 250);
+    picture("detail-tall");
+    window->resize(1170, 790);
+    settle();
+    picture("detail-default");
+    const auto topOf = [this](const char *name) { return list(name)->mapTo(window.get(), QPoint()).y(); };
+    CHECK(topOf("Apps") == topOf("Browser tabs"));
+}
+
+TEST_CASE_FIXTURE(LooksFixture, "a card of the overview is one button, with the newest picture")
+{
+    fill();
+    // Of the picture's ground, which is seen between its windows.
+    const auto hasPicture = [](QWidget *shown, const QPoint &corner, const QSize &size) {
+        const QPoint between = corner + QPoint(size.width() * 53 / 100, size.height() / 2);
+        const QColor ground = shown->grab(QRect(between, QSize(1, 1))).toImage().pixelColor(0, 0);
+        return ground.blue() > ground.red() + 30;
+    };
+    QListView *const history = list("Checkpoint history");
+    CHECK(history->model()
+              ->index(0, 0)
+              .data(Qt::AccessibleTextRole)
+              .toString()
+              .startsWith("Re-run the ablation with seed 7, Evaluation chapter"));
+    CHECK(eventually([&] {
+        const QRect tile = history->visualRect(history->model()->index(0, 0));
+        return hasPicture(history->viewport(), tile.topLeft() + QPoint(9, 11), {72, 40});
+    }));
+    store().showProjects();
+    settle();
+    QAbstractButton *card = button("Open project Thesis");
+    CHECK(card->accessibleDescription().contains("Re-run the ablation with seed 7"));
+    CHECK(eventually([&] { return hasPicture(card, {14, 14}, {136, 78}); }));
+    picture("overview-pictures");
+    QTest::mouseClick(card, Qt::LeftButton, Qt::NoModifier, QPoint(card->width() - 60, card->height() - 30));
+    settle();
+    CHECK(store().selectedProjectID() == thesis);
+    store().showProjects();
+    settle();
+    card = button("Open project Thesis");
+    card->setFocus();
+    press(Qt::Key_Return);
+    CHECK(store().selectedProjectID() == thesis);
 }
 
 TEST_CASE_FIXTURE(LooksFixture, "texts of any length and kind stay in their places")

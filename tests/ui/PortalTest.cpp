@@ -1,19 +1,53 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/ui/RunningWindow.h"
+#include "tests/ui/WindowFixture.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/FileChooser.h"
 #include "ui/theme/AppearanceSettings.h"
 
-#include "tests/Printing.h"
-
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusMetaType>
+#include <QDBusObjectPath>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
+#include <QDir>
+#include <QFileDialog>
+#include <QImage>
+#include <QPointer>
 #include <QTest>
+#include <QUrl>
 
 using namespace ardeno;
 
 namespace {
+
+// As the portal writes it down.
+struct PortalAccent {
+    double red = 0;
+    double green = 0;
+    double blue = 0;
+};
+
+QDBusArgument &operator<<(QDBusArgument &argument, const PortalAccent &accent)
+{
+    argument.beginStructure();
+    argument << accent.red << accent.green << accent.blue;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument &operator>>(const QDBusArgument &argument, PortalAccent &accent)
+{
+    argument.beginStructure();
+    argument >> accent.red >> accent.green >> accent.blue;
+    argument.endStructure();
+    return argument;
+}
+
+constexpr const char *appearanceGroup = "org.freedesktop.appearance";
 
 constexpr const char *path = "/org/freedesktop/portal/desktop";
 constexpr const char *interface = "org.freedesktop.portal.Settings";
@@ -24,6 +58,7 @@ public:
     Portal() : m_bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, "portal"))
     {
         qDBusRegisterMetaType<QMap<QString, QVariantMap>>();
+        qDBusRegisterMetaType<PortalAccent>();
         REQUIRE(m_bus.registerVirtualObject(path, this));
         // In the place of one that a program of another test may have started.
         const auto reply = m_bus.interface()->registerService("org.freedesktop.portal.Desktop",
@@ -33,10 +68,10 @@ public:
 
     ~Portal() override { QDBusConnection::disconnectFromBus("portal"); }
 
-    void change(const QString &key, uint value)
+    void change(const QString &key, const QVariant &value, const QString &group = appearanceGroup)
     {
         QDBusMessage signal = QDBusMessage::createSignal(path, interface, "SettingChanged");
-        signal << QString("org.freedesktop.appearance") << key << QVariant::fromValue(QDBusVariant(value));
+        signal << group << key << QVariant::fromValue(QDBusVariant(value));
         REQUIRE(m_bus.send(signal));
     }
 
@@ -44,13 +79,32 @@ public:
 
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
     {
+        if (message.member() == "OpenFile" && hasChooser)
+            return choose(message, connection);
         if (message.member() != "ReadAll")
             return false;
-        const QMap<QString, QVariantMap> groups{{"org.freedesktop.appearance", {{"color-scheme", 1U}}}};
+        const QMap<QString, QVariantMap> groups{{appearanceGroup, {{"color-scheme", 1U}}}};
         return connection.send(message.createReply(QVariant::fromValue(groups)));
     }
 
+    bool hasChooser = false;
+    QString chosen = {}; // Empty: the dialog is cancelled.
+    QString asked = {};  // The title of the newest question.
+
 private:
+    bool choose(const QDBusMessage &question, const QDBusConnection &connection)
+    {
+        asked = question.arguments().value(1).toString();
+        const QVariantMap options = qdbus_cast<QVariantMap>(question.arguments().value(2));
+        const QString sender = question.service().mid(1).replace('.', '_');
+        const QString request = QString("%1/request/%2/%3").arg(path, sender, options.value("handle_token").toString());
+        connection.send(question.createReply(QVariant::fromValue(QDBusObjectPath(request))));
+        QDBusMessage answer = QDBusMessage::createSignal(request, "org.freedesktop.portal.Request", "Response");
+        answer << (chosen.isEmpty() ? 1U : 0U)
+               << QVariantMap{{"uris", QStringList{QUrl::fromLocalFile(chosen).toString()}}};
+        return connection.send(answer);
+    }
+
     QDBusConnection m_bus;
 };
 
@@ -64,11 +118,79 @@ TEST_CASE("the theme follows the settings portal while the program runs")
         return QTest::qWaitFor([&] { return AppTheme::instance().appearance() == wanted; }, 20'000);
     };
     CHECK(becomes({Scheme::Dark, Contrast::Normal, Motion::Normal}));
-    portal.change("contrast", 1);
+    portal.change("contrast", 1U);
     CHECK(becomes({Scheme::Dark, Contrast::High, Motion::Normal}));
-    portal.change("color-scheme", 2);
+    portal.change("color-scheme", 2U);
     CHECK(becomes({Scheme::Light, Contrast::High, Motion::Normal}));
-    portal.change("contrast", 0);
+    portal.change("contrast", 0U);
     CHECK(becomes({}));
+    portal.change("accent-color", QVariant::fromValue(PortalAccent{1, 0.5, 0}));
+    CHECK(becomes({.accent = qRgb(255, 128, 0)}));
+    portal.change("accent-color", QVariant::fromValue(PortalAccent{-1, -1, -1})); // None was chosen.
+    CHECK(becomes({}));
+    const Button button("Save");
+    const int before = button.sizeHint().width();
+    portal.change("text-scaling-factor", 1.5, "org.gnome.desktop.interface");
+    CHECK(becomes({.textScale = 1.5}));
+    CHECK(button.sizeHint().width() > before * 1.2);
+    portal.change("text-scaling-factor", 1.0, "org.gnome.desktop.interface");
+    CHECK(becomes({}));
+    CHECK(button.sizeHint().width() == before);
+    AppTheme::instance().setAppearance({});
+}
+
+// In a process of its own, which knows of the bus only what the program teaches it.
+TEST_CASE_FIXTURE(RunningWindow, "the finished program changes between light and dark while it runs")
+{
+    Portal portal;
+    open();
+    const auto ground = [this] {
+        const QString file = home.filePath("shown.png");
+        outputOf("maim", {"-i", window, file});
+        const QImage shown(file);
+        return shown.isNull() ? QColor() : shown.pixelColor(4, shown.height() - 4);
+    };
+    CHECK(eventually([&] { return ground().isValid() && ground().lightness() < 80; }));
+    portal.change("color-scheme", 2U);
+    CHECK(eventually([&] { return ground().lightness() > 200; }));
+    portal.change("color-scheme", 1U);
+    CHECK(eventually([&] { return ground().isValid() && ground().lightness() < 80; }));
+    close();
+}
+
+TEST_CASE_FIXTURE(WindowFixture,
+                  "an image is chosen in the desktop's own dialog, and where there is none in one of the program")
+{
+    Portal portal;
+    const QUuid project = openProject();
+    saveCheckpoint(project, "Start", 10);
+    const QString file = home.filePath("photo.png");
+    QImage image(320, 200, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    REQUIRE(image.save(file));
+    settle();
+
+    portal.hasChooser = true;
+    click("Replace image…");
+    CHECK(eventually([&] { return !portal.asked.isEmpty(); }));
+    CHECK_FALSE(window->findChild<QFileDialog *>());
+    const auto isAsking = [this] { return window->findChild<FileChooser *>() != nullptr; };
+    CHECK(eventually([&] { return !isAsking(); }));
+    portal.chosen = file;
+    click("Replace image…");
+    CHECK(eventually([this] { return seesText("Image added. A copy is saved with this checkpoint."); }));
+
+    portal.hasChooser = false;
+    AppTheme::instance().setAppearance({.scheme = Scheme::Dark});
+    click("Replace image…");
+    QPointer<QFileDialog> dialog;
+    REQUIRE(eventually([&] { return (dialog = window->findChild<QFileDialog *>()) && dialog->isVisible(); }));
+    CHECK(dialog->directory() == QDir::home()); // There is no folder of pictures.
+    CHECK(dialog->palette().color(QPalette::Base) == AppTheme::instance().color(Role::Field));
+    CHECK(dialog->grab().save(ARDENO_PICTURES "/choose-image-dark.png"));
+    click("Replace image…"); // One at a time.
+    CHECK(window->findChildren<QFileDialog *>().size() == 1);
+    dialog->reject();
+    CHECK(eventually([&] { return !dialog; }));
     AppTheme::instance().setAppearance({});
 }

@@ -1,35 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/theme/AccentColors.h"
 #include "ui/theme/AppTheme.h"
 #include "ui/theme/AppearanceSettings.h"
+#include "ui/theme/Drawing.h"
+#include "ui/theme/FontFamilies.h"
 #include "ui/theme/Symbols.h"
 
 #include "tests/Printing.h"
 
 #include <QDBusVariant>
 #include <QDir>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QTextLayout>
 
 #include <algorithm>
-#include <cmath>
 
 using namespace ardeno;
 
 namespace {
-
-double linear(double component)
-{
-    return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
-}
-
-double luminance(const QColor &color)
-{
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor &a, const QColor &b)
-{
-    const auto [dark, light] = std::minmax({luminance(a), luminance(b)});
-    return (light + 0.05) / (dark + 0.05);
-}
 
 QColor over(const QColor &top, const QColor &ground)
 {
@@ -85,11 +74,85 @@ TEST_CASE("every text reaches a contrast of 4.5 to 1, and 7 to 1 where high cont
                 CAPTURE(static_cast<int>(pair.ground));
                 CAPTURE(static_cast<int>(scheme));
                 const bool isOnFill = pair.text == Role::OnAccent; // The fills keep their exact values.
-                CHECK(contrast(theme.color(pair.text), ground) >= (wanted == Contrast::High && !isOnFill ? 7.0 : 4.5));
+                CHECK(contrastBetween(theme.color(pair.text), ground) >=
+                      (wanted == Contrast::High && !isOnFill ? 7.0 : 4.5));
             }
         }
     }
     theme.setAppearance({});
+}
+
+TEST_CASE("what is pressed or typed into stands out from its ground by 3 to 1")
+{
+    AppTheme &theme = AppTheme::instance();
+    for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
+        theme.setAppearance({scheme, Contrast::Normal, Motion::Normal});
+        for (const Role ground : {Role::Paper, Role::Sidebar, Role::Card, Role::Field}) {
+            for (const Role line : {Role::Outline, Role::AccentText})
+                CHECK(contrastBetween(theme.color(line), theme.color(ground)) >= 3);
+        }
+    }
+    theme.setAppearance({});
+}
+
+TEST_CASE("whatever accent the desktop has, what is written in it and on it can be read, and the mark keeps its own")
+{
+    AppTheme &theme = AppTheme::instance();
+    for (const QRgb accent : {qRgb(255, 255, 255), qRgb(0, 0, 0), qRgb(200, 136, 0), qRgb(46, 194, 126),
+                              qRgb(145, 65, 172), qRgb(53, 132, 228), qRgb(255, 255, 0)}) {
+        for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
+            for (const Contrast wanted : {Contrast::Normal, Contrast::High}) {
+                theme.setAppearance({.scheme = scheme, .contrast = wanted, .accent = accent});
+                CAPTURE(accent);
+                CHECK(contrastBetween(theme.color(Role::OnAccent), theme.color(Role::Accent)) >= 4.5);
+                for (const Role ground : {Role::Paper, Role::Sidebar}) {
+                    const QColor soft = over(theme.color(Role::AccentSoft), theme.color(ground));
+                    CHECK(contrastBetween(theme.color(Role::AccentText), soft) >=
+                          (wanted == Contrast::High ? 7.0 : 4.5));
+                }
+                CHECK(theme.color(Role::Brand) == QColor(82, 99, 158));
+            }
+        }
+    }
+    theme.setAppearance({});
+}
+
+TEST_CASE("a text that does not fit ends in its own direction, in a window of either direction")
+{
+    const QFontMetricsF metrics(AppTheme::instance().font(TextStyle::Body));
+    const auto dotsAreAt = [&](const QString &text, Qt::LayoutDirection window) {
+        QGuiApplication::setLayoutDirection(window);
+        const QString shown = Drawing::fitted(text, metrics, metrics.horizontalAdvance(text) / 2);
+        const qsizetype dots = shown.indexOf(u'…');
+        REQUIRE(dots >= 0);
+        QTextLayout layout(shown, AppTheme::instance().font(TextStyle::Body));
+        QTextOption option;
+        option.setTextDirection(window);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        const QTextLine line = layout.createLine();
+        layout.endLayout();
+        const qreal place = line.cursorToX(static_cast<int>(dots));
+        const qreal middle = line.naturalTextRect().center().x();
+        return place < middle ? Qt::LeftEdge : Qt::RightEdge;
+    };
+    for (const Qt::LayoutDirection window : {Qt::LeftToRight, Qt::RightToLeft}) {
+        CHECK(dotsAreAt(u"פרויקט הגמר של המחלקה"_qs, window) == Qt::LeftEdge);
+        CHECK(dotsAreAt(u"The thesis of the department"_qs, window) == Qt::RightEdge);
+    }
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+TEST_CASE("every kind of writing has a font that was chosen for it, and the interface's own comes first")
+{
+    QStringList families = FontFamilies::chosen("DejaVu Serif");
+    CHECK(families.first() == (QFontDatabase::hasFamily("Inter") ? "Inter" : "DejaVu Serif"));
+    CHECK(families.removeDuplicates() == 0);
+    const QStringList shown = AppTheme::instance().font(TextStyle::Body).families();
+    for (const char32_t letter : {U'ש', U'ع', U'→'}) {
+        const auto has = [&](const QString &family) { return QFontMetricsF(QFont(family)).inFontUcs4(letter); };
+        CHECK(std::any_of(shown.begin(), shown.end(), has));
+    }
 }
 
 TEST_CASE("the filling colours are the same in light and dark")

@@ -11,6 +11,8 @@
 
 #include <QDesktopServices>
 
+#include <algorithm>
+
 namespace ardeno {
 
 namespace {
@@ -45,7 +47,7 @@ QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
 {
     auto *page = new QWidget;
     auto *column = makeColumn(0, page);
-    column->setContentsMargins(28, 22, 18, 28);
+    column->setContentsMargins(28, 18, 18, 28);
     column->addWidget(makeEyebrow(checkpoint));
     column->addSpacing(5);
     column->addWidget(m_title);
@@ -53,17 +55,18 @@ QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
     column->addWidget(makeParagraph(checkpoint.isSample ? tr("A sample checkpoint. Explore the saved workspace below.")
                                                         : tr("A screenshot, your workspace and a place to continue."),
                                     TextStyle::Body, Role::Dim));
-    column->addSpacing(16);
+    column->addSpacing(12);
     column->addWidget(makeResumeRow());
-    column->addSpacing(16);
+    column->addSpacing(14);
     m_shortfall = new ResumeShortfallCard(m_store, m_id);
     column->addWidget(m_shortfall);
-    column->addWidget(new ScreenshotCard(m_store, m_screens, checkpoint));
-    column->addSpacing(8);
+    m_screenshot = new ScreenshotCard(m_store, m_screens, checkpoint);
+    column->addWidget(m_screenshot);
+    column->addSpacing(4);
     column->addWidget(makeFooter(checkpoint));
-    column->addSpacing(16);
+    column->addSpacing(8);
     column->addWidget(m_objective);
-    column->addSpacing(10);
+    column->addSpacing(4);
     column->addWidget(m_nextStep);
     if (m_screens.workspaceItems)
         column->addWidget(m_screens.workspaceItems(m_store, m_id));
@@ -173,9 +176,30 @@ bool CheckpointDetail::eventFilter(QObject *watched, QEvent *event)
     // A note that grows while it is written stays in view. The page's own events come here, too.
     const bool isNote = watched == m_objective || watched == m_nextStep;
     auto *const note = isNote ? static_cast<QWidget *>(watched) : nullptr;
-    if (event->type() == QEvent::Resize && note && note->isAncestorOf(window()->focusWidget()))
+    const bool isWritten = note && note->isAncestorOf(window()->focusWidget());
+    if (event->type() == QEvent::Resize && note && !isWritten)
+        fitPicture();
+    if (event->type() == QEvent::Resize && isWritten)
         QMetaObject::invokeMethod(note, [this, note] { ensureWidgetVisible(note, 0, 16); }, Qt::QueuedConnection);
     return QScrollArea::eventFilter(watched, event);
+}
+
+void CheckpointDetail::resizeEvent(QResizeEvent *event)
+{
+    QScrollArea::resizeEvent(event);
+    fitPicture();
+}
+
+void CheckpointDetail::fitPicture()
+{
+    if (!widget() || !m_screenshot)
+        return;
+    constexpr int least = 150;
+    constexpr double most = 0.45; // Of what is seen of the page.
+    widget()->layout()->activate();
+    const int others = m_nextStep->geometry().bottom() - m_screenshot->pictureHeight();
+    const int room = viewport()->height() - others;
+    m_screenshot->setMostHeight(std::clamp(room, least, std::max(least, qRound(viewport()->height() * most))));
 }
 
 void CheckpointDetail::commitNotes()

@@ -13,6 +13,7 @@ namespace ardeno {
 
 class Button;
 class InlineNote;
+class ScreenshotCard;
 
 // The way back into one checkpoint: when it was saved, its picture, its notes. It is made anew for each checkpoint.
 class CheckpointDetail final : public QScrollArea {
@@ -27,6 +28,7 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     QWidget *makePage(const Checkpoint &checkpoint);
@@ -34,6 +36,8 @@ private:
     QWidget *makeResumeRow();
     QWidget *makeFooter(const Checkpoint &checkpoint);
     InlineNote *makeNote(QString Checkpoint::*field);
+    // The picture leaves the notes their place above the fold.
+    void fitPicture();
     void showCheckpoint();
     void showNote(InlineNote *note, QString Checkpoint::*field, const Checkpoint &checkpoint);
     void showResume(const Checkpoint &checkpoint);
@@ -49,6 +53,7 @@ private:
     QLabel *m_caption = nullptr;
     Button *m_recording = nullptr;
     QWidget *m_shortfall = nullptr;
+    ScreenshotCard *m_screenshot = nullptr;
     InlineNote *m_objective;
     InlineNote *m_nextStep;
     Observations m_observations;

@@ -5,6 +5,7 @@
 #include "ui/checkpoint/SampleWorkspace.h"
 #include "ui/checkpoint/ScreenshotImage.h"
 #include "ui/controls/Button.h"
+#include "ui/controls/FileChooser.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
 #include "ui/controls/PictureImage.h"
@@ -16,7 +17,6 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDragEnterEvent>
-#include <QFileDialog>
 #include <QMimeData>
 #include <QPainter>
 #include <QPointer>
@@ -31,13 +31,13 @@ ScreenshotCard::ScreenshotCard(AppStore &store, const Screens &screens, const Ch
       m_screens(screens),
       m_id(checkpoint.id),
       m_isSample(checkpoint.isSample),
-      m_column(makeColumn(10, this)),
+      m_column(makeColumn(8, this)),
       m_choose(new Button({}, Button::Kind::Plain)),
       m_expand(new Button(tr("Expand"), Button::Kind::Plain, "arrow.up.left.and.arrow.down.right")),
       m_remove(new Button(tr("Remove"), Button::Kind::Plain, "trash")),
       m_undo(new UndoStrip([this] { m_store.undoWorkspaceRemoval(); }))
 {
-    m_column->setContentsMargins(15, 12, 15, 14);
+    m_column->setContentsMargins(15, 10, 15, 14);
     m_column->addWidget(makeHeader());
     m_column->addWidget(m_undo);
     m_observations.watch([this] { showUndo(); }, store.lastRemoval, store.checkpoints);
@@ -98,6 +98,7 @@ QWidget *ScreenshotCard::makePicture(const Checkpoint &checkpoint)
     const auto enlarging = m_screens.viewScreenshot ? ScreenshotImage::Enlarging::Yes : ScreenshotImage::Enlarging::No;
     const QString file = m_store.screenshotFile(checkpoint).value_or(QString());
     auto *image = new ScreenshotImage(file, enlarging);
+    image->setMostHeight(m_mostHeight);
     m_preview =
         m_store.thumbnails().request(file, [shown = QPointer<ScreenshotImage>(image)](const Thumbnail &thumbnail) {
             if (shown && thumbnail.state == Thumbnail::State::Ready)
@@ -107,6 +108,13 @@ QWidget *ScreenshotCard::makePicture(const Checkpoint &checkpoint)
     return image;
 }
 
+void ScreenshotCard::setMostHeight(int height)
+{
+    m_mostHeight = height;
+    if (auto *const image = dynamic_cast<ScreenshotImage *>(m_picture))
+        image->setMostHeight(height);
+}
+
 void ScreenshotCard::showCheckpoint()
 {
     const Checkpoint *const checkpoint = m_store.checkpoint(m_id);
@@ -114,7 +122,8 @@ void ScreenshotCard::showCheckpoint()
         return;
     m_shownPath = checkpoint->screenshot;
     QWidget *const before = std::exchange(m_picture, makePicture(*checkpoint));
-    m_column->addWidget(m_picture);
+    const bool isImage = dynamic_cast<ScreenshotImage *>(m_picture) != nullptr;
+    m_column->addWidget(m_picture, 0, isImage ? Qt::AlignLeft : Qt::Alignment());
     delete before;
     const bool hasPicture = checkpoint->screenshot.has_value();
     m_choose->setText(hasPicture ? tr("Replace image…") : tr("Add image…"));
@@ -125,18 +134,19 @@ void ScreenshotCard::showCheckpoint()
 
 void ScreenshotCard::chooseImage()
 {
-    auto *dialog = new QFileDialog(window(), tr("Choose an image"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFile);
-    // Filters by name, so that formats are offered which only the importer reads.
-    dialog->setNameFilters({tr("Images (%1)")
-                                .arg("*.png *.jpg *.jpeg *.heic *.heif *.avif *.webp *.tif *.tiff *.gif "
-                                     "*.bmp *.PNG *.JPG *.JPEG *.HEIC"),
-                            tr("All files (*)")});
-    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
-        m_store.importScreenshot(path, m_id); // It reports by itself.
+    // By name, so that formats are offered which only the importer reads.
+    const FileChooser::Question question{
+        .title = tr("Choose an image"),
+        .kind = tr("Images"),
+        .patterns = QString("*.png *.jpg *.jpeg *.heic *.heif *.avif *.webp *.tif *.tiff *.gif *.bmp *.PNG *.JPG "
+                            "*.JPEG *.HEIC")
+                        .split(' '),
+        .all = tr("All files"),
+    };
+    FileChooser::ask(window(), question, [card = QPointer<ScreenshotCard>(this)](const QString &path) {
+        if (card)
+            card->m_store.importScreenshot(path, card->m_id); // It reports by itself.
     });
-    dialog->open();
 }
 
 void ScreenshotCard::takeOffers()

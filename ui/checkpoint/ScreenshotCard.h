@@ -18,6 +18,12 @@ class ScreenshotCard final : public Card {
 public:
     ScreenshotCard(AppStore &store, const Screens &screens, const Checkpoint &checkpoint);
 
+    // Of the picture, in logical pixels.
+    void setMostHeight(int height);
+
+    // What the picture takes of it now.
+    int pictureHeight() const { return m_picture ? m_picture->height() : 0; }
+
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragLeaveEvent(QDragLeaveEvent *event) override;
@@ -51,6 +57,7 @@ private:
     UndoStrip *m_undo;
     QWidget *m_picture = nullptr;
     bool m_isOffered = false; // An image is dragged over the card.
+    int m_mostHeight = 250;
     Thumbnails::Request m_preview;
     Observations m_observations;
 };

@@ -76,18 +76,38 @@ void ScreenshotImage::setPreview(const QImage &preview)
 
 QSize ScreenshotImage::sizeHint() const
 {
-    return {400, heightForWidth(400)};
+    // No wider than the picture becomes, in whatever room.
+    constexpr int widestRoom = 4096;
+    return m_isUnavailable ? QSize(widestRoom, heightForWidth(widestRoom)) : shownSize(widestRoom);
 }
 
 int ScreenshotImage::heightForWidth(int width) const
 {
-    if (m_isUnavailable)
-        return 160;
-    if (m_fullSize.isEmpty())
-        return qMax(1, width * 9 / 16); // As most screens are.
-    // Never larger than it is.
-    const int shown = qMin(width, qRound(m_fullSize.width() / devicePixelRatioF()));
-    return qMax(1, qRound(double(shown) * m_fullSize.height() / m_fullSize.width()));
+    return m_isUnavailable ? qMin(160, m_mostHeight) : shownSize(width).height();
+}
+
+QSize ScreenshotImage::shownSize(int width) const
+{
+    const QSizeF whole = m_fullSize.isEmpty() ? QSizeF(16, 9) * width : QSizeF(m_fullSize) / devicePixelRatioF();
+    QSizeF shown = whole.scaled(width, m_mostHeight, Qt::KeepAspectRatio);
+    if (shown.width() > whole.width())
+        shown = whole; // Never larger than it is.
+    return shown.toSize().expandedTo(QSize(1, 1));
+}
+
+QRectF ScreenshotImage::shownArea() const
+{
+    const QSize shown = shownSize(width());
+    return {QPointF(0, (height() - shown.height()) / 2.0), QSizeF(shown)};
+}
+
+void ScreenshotImage::setMostHeight(int height)
+{
+    if (height == m_mostHeight)
+        return;
+    m_mostHeight = height;
+    updateGeometry();
+    read();
 }
 
 void ScreenshotImage::resizeEvent(QResizeEvent *)
@@ -121,8 +141,10 @@ void ScreenshotImage::setUnavailable()
 
 void ScreenshotImage::read()
 {
-    const int wanted = qMin(m_fullSize.width(), qRound(width() * devicePixelRatioF()));
-    if (m_isUnavailable || wanted <= 0 || wanted == m_askedWidth)
+    if (m_isUnavailable || m_fullSize.isEmpty())
+        return;
+    const int wanted = qMin(m_fullSize.width(), qRound(shownSize(width()).width() * devicePixelRatioF()));
+    if (wanted == m_askedWidth)
         return;
     m_askedWidth = wanted;
     if (m_isWanted)
@@ -155,9 +177,7 @@ void ScreenshotImage::paintEvent(QPaintEvent *)
         drawUnavailable(painter);
         return;
     }
-    const int whole = m_fullSize.isEmpty() ? width() : qRound(m_fullSize.width() / devicePixelRatioF());
-    const int shown = qMin(width(), whole);
-    const QRectF target((width() - shown) / 2.0, 0, shown, height());
+    const QRectF target = shownArea();
     QPainterPath rounded;
     rounded.addRoundedRect(target, 8, 8);
     painter.setClipPath(rounded);
@@ -184,7 +204,8 @@ void ScreenshotImage::drawHint(QPainter &painter)
     const QString text = tr("Click to enlarge");
     const QFont font = AppTheme::instance().font(TextStyle::Strong);
     const qreal wide = QFontMetricsF(font).horizontalAdvance(text) + 52;
-    const QRectF plate((width() - wide) / 2, height() / 2.0 - 18, wide, 36);
+    QRectF plate(0, 0, wide, 36);
+    plate.moveCenter(shownArea().center());
     Drawing::panel(painter, plate, 18, QColor(20, 21, 26, 215), Qt::transparent);
     Symbols::draw(painter, "arrow.up.left.and.arrow.down.right", {plate.left() + 14, plate.center().y() - 8, 16, 16},
                   Qt::white);

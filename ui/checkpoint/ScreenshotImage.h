@@ -24,6 +24,9 @@ public:
     // Shown until the picture itself has been read.
     void setPreview(const QImage &preview);
 
+    // The picture is scaled to fit into the width and this height, in logical pixels.
+    void setMostHeight(int height);
+
     bool isUnavailable() const { return m_isUnavailable; }
 
     bool isShown() const { return !m_image.isNull(); }
@@ -41,6 +44,10 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
+    // What the picture takes of a room of this width.
+    QSize shownSize(int width) const;
+    // Where the picture is.
+    QRectF shownArea() const;
     void readSize();
     void setUnavailable();
     void read();
@@ -54,6 +61,7 @@ private:
     QImage m_preview;
     std::shared_ptr<std::atomic<bool>> m_isWanted; // What is being read.
     int m_askedWidth = 0;
+    int m_mostHeight = QWIDGETSIZE_MAX;
     bool m_isUnavailable = false;
     bool m_showsFocus = false;
 };

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/Button.h"
 
+#include "ui/controls/Label.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
@@ -129,8 +132,8 @@ Button::Look Button::filledLook(Role role) const
 Button::Look Button::borderedLook(bool isHovered) const
 {
     const QColor paper = themeColor(Role::Paper);
-    return {isHovered ? shaded(paper, isDown() ? 110 : 104) : paper, themeColor(Role::Line),
-            themeColor(isEnabled() ? Role::Text : Role::Faint)};
+    return {isHovered ? shaded(paper, isDown() ? 110 : 104) : paper,
+            themeColor(isEnabled() ? Role::Outline : Role::Line), themeColor(isEnabled() ? Role::Text : Role::Faint)};
 }
 
 Button::Look Button::rowLook(bool isHovered) const
@@ -180,7 +183,12 @@ void Button::paintEvent(QPaintEvent *)
         Drawing::panel(painter, rect(), radius(), style.fill, style.line);
     drawLabel(painter, style.ink);
     if (m_showsFocus)
-        Drawing::focusRing(painter, rect(), radius());
+        Drawing::focusRing(painter, rect(), radius(), isFilled() ? Drawing::RingOn::Fill : Drawing::RingOn::Ground);
+}
+
+bool Button::isFilled() const
+{
+    return m_kind == Kind::Prominent || m_kind == Kind::Recording || m_kind == Kind::Destructive;
 }
 
 void Button::drawLabel(QPainter &painter, const QColor &ink) const
@@ -194,6 +202,8 @@ void Button::drawLabel(QPainter &painter, const QColor &ink) const
     const qreal forSymbol = m_symbol.isEmpty() ? 0 : symbolExtent + gap;
     const qreal textWidth = std::min(metrics.horizontalAdvance(text()), width() - 2.0 * padding() - forSymbol);
     qreal left = m_isRow ? padding() : (width() - textWidth - forSymbol) / 2;
+    if (m_kind == Kind::Disclosure)
+        left -= 6; // The sign is narrow, and stands where the texts above it begin.
     const qreal symbolLeft = m_side == SymbolSide::Leading ? left : left + textWidth + gap;
     if (!m_symbol.isEmpty())
         Symbols::draw(painter, m_symbol, {symbolLeft, (height() - symbolExtent) / 2.0, symbolExtent, symbolExtent},
@@ -202,9 +212,17 @@ void Button::drawLabel(QPainter &painter, const QColor &ink) const
         left += m_isRow && forSymbol > 0 ? forSymbol + 2 : forSymbol;
     painter.setFont(font());
     painter.setPen(ink);
-    const QString shown = metrics.elidedText(text(), Qt::ElideRight, textWidth + 1);
+    const QString shown = Drawing::fitted(text(), metrics, textWidth + 1);
     painter.drawText(QRectF(left, 0, textWidth + 2, height()), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                      shown);
+}
+
+bool Button::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip || toolTip().isEmpty())
+        return QAbstractButton::event(event);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), hintText(toolTip()), this);
+    return true;
 }
 
 void Button::keyPressEvent(QKeyEvent *event)

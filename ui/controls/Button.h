@@ -38,6 +38,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    bool event(QEvent *event) override;
 
 private:
     struct Look {
@@ -57,6 +58,8 @@ private:
     qreal radius() const { return m_isLarge ? 9 : m_isRow ? 8 : 7; }
 
     int padding() const;
+
+    bool isFilled() const;
 
     bool isSymbolAlone() const { return text().isEmpty(); }
 

@@ -89,12 +89,12 @@ void Choice::openMenu()
 {
     QMenu *const menu = makeMenu(this);
     auto *group = new QActionGroup(menu);
-    const QFontMetrics metrics(menu->font());
+    const QFontMetricsF metrics(menu->font());
     for (qsizetype i = 0; i < m_options.size(); ++i) {
         if (m_options.at(i).apart == Apart::Yes)
             menu->addSeparator();
         // An ampersand would mark a shortcut.
-        QString shown = metrics.elidedText(m_options.at(i).text.simplified(), Qt::ElideRight, mostMenuWidth);
+        QString shown = Drawing::fitted(m_options.at(i).text.simplified(), metrics, mostMenuWidth);
         QAction *const action = addMenuItem(menu, shown.replace('&', "&&"), {}, [this, i] { choose(i); });
         action->setCheckable(true);
         action->setChecked(i == m_current);

@@ -9,6 +9,7 @@
 #include <QEvent>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QTextLayout>
 #include <QToolTip>
 
 #include <algorithm>
@@ -62,7 +63,7 @@ protected:
             return QLabel::event(event);
         layout().lines(width());
         if (m_layout.isCut())
-            QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), m_layout.shown().toHtmlEscaped(), this);
+            QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), hintText(m_layout.shown()), this);
         return true;
     }
 
@@ -77,7 +78,7 @@ private:
     void drawCut(QPainter &painter, const QTextLine &line, qreal top) const
     {
         const QString rest = m_layout.shown().mid(line.textStart()).simplified();
-        const QString elided = QFontMetricsF(font(), painter.device()).elidedText(rest, Qt::ElideRight, width());
+        const QString elided = Drawing::fitted(rest, QFontMetricsF(font(), painter.device()), width());
         painter.drawText(QRectF(0, top + line.y(), width(), line.height()),
                          static_cast<int>(alignment() & Qt::AlignHorizontal_Mask) | Qt::AlignTop | Qt::TextSingleLine,
                          elided);
@@ -85,6 +86,44 @@ private:
 
     bool m_isLimited;
     mutable ParagraphLayout m_layout;
+};
+
+// A label whose digits stand in cells of one width.
+class Clock final : public QLabel {
+public:
+    QSize sizeHint() const override
+    {
+        qreal width = 0;
+        for (const QChar sign : text())
+            width += widthOf(sign);
+        return {static_cast<int>(std::ceil(width)) + 1, QLabel::sizeHint().height()};
+    }
+
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setPen(palette().color(foregroundRole()));
+        qreal left = 0;
+        for (const QChar sign : text()) {
+            painter.drawText(QRectF(left, 0, widthOf(sign), height()), Qt::AlignCenter | Qt::TextDontClip, sign);
+            left += widthOf(sign);
+        }
+    }
+
+private:
+    qreal widthOf(QChar sign) const
+    {
+        const QFontMetricsF metrics(font());
+        if (!sign.isDigit())
+            return metrics.horizontalAdvance(sign);
+        qreal widest = 0;
+        for (char digit = '0'; digit <= '9'; ++digit)
+            widest = std::max(widest, metrics.horizontalAdvance(QChar(digit)));
+        return widest;
+    }
 };
 
 } // namespace
@@ -96,6 +135,15 @@ QLabel *makeLabel(const QString &text, TextStyle style, Role role)
     label->setFont(AppTheme::instance().font(style));
     label->setForegroundRole(AppTheme::paletteRole(role));
     return label;
+}
+
+QLabel *makeClock(TextStyle style, Role role)
+{
+    auto *clock = new Clock;
+    clock->setTextFormat(Qt::PlainText);
+    clock->setFont(AppTheme::instance().font(style));
+    clock->setForegroundRole(AppTheme::paletteRole(role));
+    return clock;
 }
 
 QLabel *makeParagraph(const QString &text, TextStyle style, Role role)
@@ -159,7 +207,7 @@ bool LineLabel::event(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip) {
         if (sizeHint().width() > width() + 1)
-            QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), m_text.toHtmlEscaped(), this);
+            QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), hintText(m_text), this);
         return true;
     }
     return QFrame::event(event);
@@ -182,6 +230,24 @@ void SymbolView::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     Symbols::draw(painter, m_symbol, rect(), themeColor(m_role));
+}
+
+QString hintText(const QString &text)
+{
+    constexpr qreal widest = 380;
+    constexpr int mostLines = 16;
+    QTextLayout layout(text.left(mostLines * 100).replace('\n', QChar::LineSeparator), QToolTip::font());
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid() && lines.size() < mostLines; line = layout.createLine()) {
+        line.setLineWidth(widest);
+        lines << layout.text().mid(line.textStart(), line.textLength()).remove(QChar::LineSeparator).toHtmlEscaped();
+    }
+    layout.endLayout();
+    return "<p style='white-space:pre; margin:0'>" + lines.join("<br>") + "</p>";
 }
 
 QHBoxLayout *makeMarked(const QString &symbol, Role role, QWidget *text, QWidget *owner)

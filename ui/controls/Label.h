@@ -13,6 +13,9 @@ namespace ardeno {
 // A text in one of the theme's styles and colours, which follow the theme. Plain text, never interpreted.
 QLabel *makeLabel(const QString &text, TextStyle style = TextStyle::Body, Role role = Role::Text);
 
+// The same for times that run: every digit takes the same room, so that nothing beside it moves.
+QLabel *makeClock(TextStyle style, Role role);
+
 // A text of several lines. A word that is longer than a line is broken, so that no text widens what it stands in.
 QLabel *makeParagraph(const QString &text, TextStyle style = TextStyle::Body, Role role = Role::Text);
 
@@ -55,6 +58,9 @@ private:
     QString m_symbol;
     Role m_role;
 };
+
+// The text as a tooltip shows it, whatever it looks like: in lines no longer than one can read.
+QString hintText(const QString &text);
 
 // A text, or more, with a symbol before its first line.
 QHBoxLayout *makeMarked(const QString &symbol, Role role, QWidget *text, QWidget *owner = nullptr);

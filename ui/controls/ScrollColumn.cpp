@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/ScrollColumn.h"
 
+#include "ui/controls/FadedEdges.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QScrollBar>
@@ -33,6 +35,7 @@ ScrollColumn::ScrollColumn(int spacing, QWidget *parent) : QScrollArea(parent), 
         if (now && isAncestorOf(now) && QGuiApplication::mouseButtons() == Qt::NoButton)
             ensureWidgetVisible(now, 0, 12);
     });
+    new FadedEdges(this, Role::Paper);
     connect(verticalScrollBar(), &QScrollBar::rangeChanged, this,
             [this](int, int most) { m_column->setContentsMargins(0, 0, most > 0 ? gapBesideBar : 0, 0); });
 }

@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QTextEdit>
+#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -183,6 +184,7 @@ void SheetHost::present(Sheet *sheet)
     show();
     sheet->show();
     sheet->takeFocus();
+    QTimer::singleShot(0, sheet, [sheet] { sheet->m_isSettled = true; });
     QAccessibleEvent shown(sheet, QAccessible::DialogStart);
     QAccessible::updateAccessibility(&shown);
 }
@@ -198,7 +200,7 @@ void SheetHost::remove(Sheet *sheet)
     const QPointer<QWidget> before = m_focusBefore.takeAt(at);
     sheet->hide();
     sheet->deleteLater();
-    arrange();
+    arrange(Stand::Kept);
     if (!isCovering()) {
         hide();
         if (m_covered)
@@ -210,7 +212,7 @@ void SheetHost::remove(Sheet *sheet)
         topSheet()->takeFocus();
 }
 
-void SheetHost::arrange()
+void SheetHost::arrange(Stand stand)
 {
     setGeometry(window()->rect());
     for (const QPointer<Sheet> &sheet : std::as_const(m_sheets)) {
@@ -218,7 +220,9 @@ void SheetHost::arrange()
         const int wanted = sheet->hasHeightForWidth() ? sheet->heightForWidth(sheet->width()) : 0;
         const int tall = std::min(room, std::max({wanted, sheet->sizeHint().height(), sheet->minimumHeight()}));
         sheet->resize(sheet->width(), tall);
-        sheet->move((width() - sheet->width()) / 2, (height() - tall) / 2);
+        const bool isKept = stand == Stand::Kept && sheet->m_isSettled;
+        const int top = isKept ? std::clamp(sheet->y(), 0, std::max(0, height() - 24 - tall)) : (height() - tall) / 2;
+        sheet->move((width() - sheet->width()) / 2, top);
         sheet->setEnabled(sheet == m_sheets.last());
     }
     m_veil->setGeometry(rect());
@@ -240,7 +244,7 @@ void SheetHost::wheelEvent(QWheelEvent *event)
 bool SheetHost::event(QEvent *event)
 {
     if (event->type() == QEvent::LayoutRequest)
-        arrange(); // What a sheet holds has changed.
+        arrange(Stand::Kept); // What a sheet holds has changed.
     return QWidget::event(event);
 }
 

@@ -53,11 +53,14 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
+    friend class SheetHost;
+
     QHBoxLayout *buttonRow();
 
     Kind m_kind;
     QVBoxLayout *m_column;
     QHBoxLayout *m_buttons = nullptr;
+    bool m_isSettled = false; // The contents have had their first layout.
     QPointer<Button> m_default;
     QPointer<QWidget> m_firstFocus;
     std::function<void()> m_cancelled;
@@ -96,8 +99,12 @@ private:
     friend class Sheet;
     friend class CoverableWindow;
 
+    // Where the sheets stand: in the middle, or where their upper edges are, so that a message that comes or goes moves
+    // nothing else.
+    enum class Stand { Middle, Kept };
+
     void remove(Sheet *sheet);
-    void arrange();
+    void arrange(Stand stand = Stand::Middle);
 
     QWidget *m_veil;
     QList<QPointer<Sheet>> m_sheets;

@@ -170,9 +170,6 @@ QWidget *WorkspaceItemsView::makeTabs()
     auto *section = new QWidget;
     auto *column = makeColumn(8, section);
     column->addWidget(makeTabsHead());
-    column->addWidget(makeParagraph(tr("Saved links are listed here. Adding current tabs does not update the "
-                                       "screenshot."),
-                                    TextStyle::Small, Role::Dim));
     m_tabCard = new Card;
     const auto removal = m_isSample ? ItemDelegate::Removal::None : ItemDelegate::Removal::Button;
     m_tabs = new ItemList(tr("Browser tabs"), m_tabModel,
@@ -197,6 +194,10 @@ QWidget *WorkspaceItemsView::makeTabs()
                              tr("Open Brave, Chrome, Safari or Firefox, then choose Add current tabs. Private windows "
                                 "are skipped where the browser exposes them; macOS may ask for browser access."));
     column->addWidget(m_noTabs);
+    // Below the list, which begins where that of the apps does.
+    column->addWidget(makeParagraph(tr("Saved links are listed here. Adding current tabs does not update the "
+                                       "screenshot."),
+                                    TextStyle::Small, Role::Dim));
     return section;
 }
 

@@ -42,7 +42,7 @@ DetailBar::DetailBar(AppStore &store, const Screens &screens, std::function<void
     : QWidget(parent),
       m_store(store),
       m_title(new LineLabel({}, TextStyle::BarTitle)),
-      m_elapsed(makeLabel({}, TextStyle::Body, Role::RecordingText)),
+      m_elapsed(makeClock(TextStyle::Body, Role::RecordingText)),
       m_stop(new Button(tr("Stop & save checkpoint"), Button::Kind::Recording)),
       m_recording(makeRecording()),
       m_progress(new Progress(tr("Working")))

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/main/ProjectListView.h"
 
+#include "ui/controls/FadedEdges.h"
 #include "ui/controls/Menu.h"
 #include "ui/main/ProjectRowDelegate.h"
 #include "ui/projects/ProjectActions.h"
@@ -45,6 +46,7 @@ ProjectListView::ProjectListView(AppStore &store, QWidget *parent)
     setAcceptDrops(true);
     setDropIndicatorShown(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    new FadedEdges(this, Role::Sidebar);
     m_rest.setSingleShot(true);
     connect(&m_rest, &QTimer::timeout, this, [this] { writeOrder(); });
     setToolTip(tr("Drag a project to another place, or press Alt with an arrow key"));

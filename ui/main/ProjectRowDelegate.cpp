@@ -69,8 +69,7 @@ void ProjectRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
     if (row.blocker) {
         const QString text =
             u"%1 · %2"_qs.arg(QCoreApplication::translate("ardeno::ProjectRowDelegate", "Blocked"), *row.blocker);
-        Drawing::text(*painter, line, text.simplified(), TextStyle::Small,
-                      themeColor(isOnSoft ? Role::DimOnSoft : Role::AmberText));
+        Drawing::text(*painter, line, text.simplified(), TextStyle::Small, themeColor(Role::AmberText));
         line.moveTop(line.bottom());
     }
     Drawing::text(*painter, line, ProjectText::checkpointCount(row.checkpoints), TextStyle::Small,

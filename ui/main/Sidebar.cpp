@@ -22,7 +22,7 @@ protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        Symbols::drawBrandMark(painter, rect(), themeColor(Role::Accent), themeColor(Role::Sidebar));
+        Symbols::drawBrandMark(painter, rect(), themeColor(Role::Brand), themeColor(Role::Sidebar));
     }
 };
 

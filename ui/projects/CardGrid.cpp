@@ -92,13 +92,13 @@ QRect CardGrid::cardRect(int index) const
     const int inRow = columns();
     const int width = (viewport()->width() - 2 * margin - (inRow - 1) * gap) / inRow;
     return {margin + (index % inRow) * (width + gap),
-            topMargin + headerHeight() + (index / inRow) * (m_cards.height + gap) - verticalScrollBar()->value(), width,
-            m_cards.height};
+            topMargin + headerHeight() + (index / inRow) * (m_cards.height() + gap) - verticalScrollBar()->value(),
+            width, m_cards.height()};
 }
 
 void CardGrid::arrange()
 {
-    const int length = topMargin + headerHeight() + rows() * (m_cards.height + gap) + margin - gap;
+    const int length = topMargin + headerHeight() + rows() * (m_cards.height() + gap) + margin - gap;
     verticalScrollBar()->setRange(0, std::max(0, length - viewport()->height()));
     verticalScrollBar()->setPageStep(viewport()->height());
     verticalScrollBar()->setSingleStep(40);
@@ -107,7 +107,7 @@ void CardGrid::arrange()
 
 void CardGrid::showCards()
 {
-    const int step = m_cards.height + gap;
+    const int step = m_cards.height() + gap;
     const int inRow = columns();
     // A row more on either side, so that the tab key finds what comes next.
     const int seen = (viewport()->height() / step + 4) * inRow;
@@ -176,7 +176,7 @@ void CardGrid::reveal(const QWidget *focused)
     const QRect rect(focused->mapTo(viewport(), QPoint()), focused->size());
     QScrollBar *const bar = verticalScrollBar();
     if (rect.top() < gap)
-        bar->setValue(bar->value() + rect.top() - margin - m_cards.height / 2);
+        bar->setValue(bar->value() + rect.top() - margin - m_cards.height() / 2);
     else if (rect.bottom() > viewport()->height() - gap)
         bar->setValue(bar->value() + rect.bottom() - viewport()->height() + margin);
 }

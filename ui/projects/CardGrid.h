@@ -15,7 +15,7 @@ public:
         std::function<QWidget *()> make = {};
         std::function<void(QWidget *, int)> show = {};            // Gives a widget the card of that place.
         std::function<QList<QWidget *>(QWidget *)> controls = {}; // In the order of the tab key.
-        int height = 0;
+        std::function<int()> height = {};                         // Of every card, as large as its texts are.
     };
 
     CardGrid(const QString &name, Cards cards, QWidget *parent = nullptr);

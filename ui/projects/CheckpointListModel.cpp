@@ -23,6 +23,11 @@ QString CheckpointListModel::title(int row) const
     return ProjectText::timelineTitle(rows().at(row), m_projectName);
 }
 
+QString CheckpointListModel::heading(int row) const
+{
+    return ProjectText::title(rows().at(row), m_projectName);
+}
+
 QVariant CheckpointListModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
@@ -31,7 +36,8 @@ QVariant CheckpointListModel::data(const QModelIndex &index, int role) const
         return title(index.row());
     if (role != Qt::AccessibleTextRole)
         return {};
-    QStringList parts{title(index.row()), ProjectText::moment(rows().at(index.row()).createdAt)};
+    QStringList parts{title(index.row()), heading(index.row()), ProjectText::moment(rows().at(index.row()).createdAt)};
+    parts.removeDuplicates();
     if (isLatest(index))
         parts << QCoreApplication::translate("ardeno::CheckpointListModel", "Latest");
     return parts.join(", ");

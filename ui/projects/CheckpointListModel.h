@@ -15,7 +15,9 @@ public:
 
     QVariant data(const QModelIndex &index, int role) const override;
 
+    // The label in lists, and what stands over the checkpoint when it is shown.
     QString title(int row) const;
+    QString heading(int row) const;
 
     static bool isLatest(const QModelIndex &index) { return index.row() == 0; }
 

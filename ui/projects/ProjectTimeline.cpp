@@ -2,6 +2,7 @@
 #include "ui/projects/ProjectTimeline.h"
 
 #include "ui/controls/Button.h"
+#include "ui/controls/FadedEdges.h"
 #include "ui/controls/FollowingList.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
@@ -43,6 +44,7 @@ ProjectTimeline::ProjectTimeline(AppStore &store, const Screens &screens, QWidge
     : QWidget(parent),
       m_store(store),
       m_screens(screens),
+      m_pictures(store, [this] { m_strip->viewport()->update(); }),
       m_count(makeLabel({}, TextStyle::Small, Role::Dim)),
       m_manage(new Button(tr("Manage checkpoints"), Button::Kind::Plain)),
       m_latest(new Button(tr("Back to latest"), Button::Kind::Plain)),
@@ -85,13 +87,14 @@ FollowingList *ProjectTimeline::makeStrip()
 {
     auto *strip = new Strip(tr("Checkpoint history"));
     strip->setModel(&m_model);
-    strip->setItemDelegate(new TimelineDelegate(strip));
+    strip->setItemDelegate(new TimelineDelegate(m_pictures, strip));
     strip->setFlow(QListView::LeftToRight);
     strip->setWrapping(false);
     strip->setUniformItemSizes(true);
     strip->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     strip->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     strip->setFixedHeight(TimelineDelegate::cardSize.height() + scrollBarRoom);
+    new FadedEdges(strip, Role::Paper);
     strip->setOnActivate(
         [this](const QModelIndex &index) { m_store.selectCheckpoint(m_model.rows().at(index.row()).id); });
     strip->setOnMenu([this](const QModelIndex &index, const QPoint &place) {

@@ -4,6 +4,7 @@
 #include "store/AppStore.h"
 #include "ui/Screens.h"
 #include "ui/projects/CheckpointListModel.h"
+#include "ui/projects/ThumbnailShelf.h"
 
 #include <QWidget>
 
@@ -33,6 +34,7 @@ private:
     AppStore &m_store;
     const Screens &m_screens;
     CheckpointListModel m_model;
+    ThumbnailShelf m_pictures;
     std::optional<QUuid> m_shownProject;
     QLabel *m_count;
     Button *m_manage;

@@ -2,7 +2,9 @@
 #include "ui/projects/ProjectsOverview.h"
 
 #include "ui/controls/Button.h"
+#include "ui/controls/EmptyState.h"
 #include "ui/controls/Fields.h"
+#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/projects/CardGrid.h"
 #include "ui/projects/ProjectCard.h"
@@ -33,13 +35,15 @@ QHash<QUuid, Checkpoint> latestByProject(const QList<Checkpoint> &checkpoints)
 ProjectsOverview::ProjectsOverview(AppStore &store, QWidget *parent)
     : QWidget(parent),
       m_store(store),
+      m_pictures(
+          store, [this] { m_grid->viewport()->update(); }, ProjectCard::pictureSize),
       m_title(makeLabel({}, TextStyle::Title)),
       m_subtitle(makeLabel({}, TextStyle::Body, Role::Dim)),
       m_archived(new Switch(tr("Show archived"))),
-      m_empty(makeParagraph({}, TextStyle::Body, Role::Dim))
+      m_empty(new EmptyState("folder", {}, 64))
 {
     m_grid = new CardGrid(tr("Projects"),
-                          {.make = [this] { return new ProjectCard(m_store); },
+                          {.make = [this] { return new ProjectCard(m_store, m_pictures); },
                            .show =
                                [this](QWidget *card, int index) {
                                    const Project &project = m_projects.at(index);
@@ -48,7 +52,7 @@ ProjectsOverview::ProjectsOverview(AppStore &store, QWidget *parent)
                                        project, latest == m_latest.cend() ? nullptr : &*latest);
                                },
                            .controls = [](QWidget *card) { return static_cast<ProjectCard *>(card)->controls(); },
-                           .height = ProjectCard::cardHeight});
+                           .height = &ProjectCard::cardHeight});
     m_grid->setHeader(makeHeader());
     makeColumn(0, this)->addWidget(m_grid);
     m_observations.watch(
@@ -81,12 +85,15 @@ QWidget *ProjectsOverview::makeHeader()
     return header;
 }
 
-QString ProjectsOverview::emptyText() const
+void ProjectsOverview::showEmpty()
 {
     if (!m_store.search().isEmpty())
-        return tr("No projects match your search.");
-    return m_store.showArchivedProjects() ? tr("No archived projects.")
-                                          : tr("Create a project to save your first checkpoint.");
+        m_empty->show("magnifyingglass", tr("No projects match your search."));
+    else if (m_store.showArchivedProjects())
+        m_empty->show("archivebox", tr("No archived projects."));
+    else
+        m_empty->show("folder.badge.plus", tr("Create a project to save your first checkpoint."));
+    m_empty->setVisible(m_projects.isEmpty());
 }
 
 void ProjectsOverview::showProjects(bool isStale)
@@ -95,8 +102,7 @@ void ProjectsOverview::showProjects(bool isStale)
     m_subtitle->setText(ProjectText::overview(m_store.availableProjects()));
     m_archived->setChecked(m_store.showArchivedProjects());
     const QList<Project> before = std::exchange(m_projects, m_store.filteredProjects());
-    m_empty->setText(emptyText());
-    m_empty->setVisible(m_projects.isEmpty());
+    showEmpty();
     if (isStale || m_projects != before)
         m_grid->setCount(static_cast<int>(m_projects.size()));
 }

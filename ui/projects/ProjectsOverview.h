@@ -2,6 +2,7 @@
 #pragma once
 
 #include "store/AppStore.h"
+#include "ui/projects/ThumbnailShelf.h"
 
 #include <QHash>
 #include <QWidget>
@@ -12,6 +13,7 @@ namespace ardeno {
 
 class Button;
 class CardGrid;
+class EmptyState;
 class Switch;
 
 // All projects, one card each.
@@ -23,14 +25,15 @@ private:
     QWidget *makeHeader();
     // Stale: the cards show what has changed since, even if the projects are the same.
     void showProjects(bool isStale);
-    QString emptyText() const;
+    void showEmpty();
 
     AppStore &m_store;
+    ThumbnailShelf m_pictures;
     QLabel *m_title;
     QLabel *m_subtitle;
     Switch *m_archived;
     CardGrid *m_grid;
-    QLabel *m_empty;
+    EmptyState *m_empty;
     QList<Project> m_projects;
     QHash<QUuid, Checkpoint> m_latest; // Of each project.
     Observations m_observations;

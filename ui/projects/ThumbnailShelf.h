@@ -6,6 +6,7 @@
 #include <QCache>
 #include <QHash>
 #include <QImage>
+#include <QPainter>
 
 #include <functional>
 
@@ -17,12 +18,18 @@ public:
     static constexpr QSize shownSize = QSize(72, 40); // Logical pixels.
 
     // Arrived is called when a picture is there that was drawn as missing before.
-    ThumbnailShelf(AppStore &store, std::function<void()> arrived) : m_store(store), m_arrived(std::move(arrived)) {}
+    ThumbnailShelf(AppStore &store, std::function<void()> arrived, QSize size = shownSize)
+        : m_store(store), m_arrived(std::move(arrived)), m_size(size)
+    {
+    }
 
+    // The checkpoint's picture in the middle of the area, or a place for it.
+    void draw(QPainter &painter, const QRectF &area, const Checkpoint &checkpoint, qreal radius = 4);
+
+private:
     // The checkpoint's picture, null while there is none. The ratio is that of the screen.
     const QImage *find(const Checkpoint &checkpoint, qreal ratio);
 
-private:
     // As many as several pages of a list show; a row that comes back asks again.
     static constexpr int mostKept = 120;
 
@@ -30,6 +37,7 @@ private:
 
     AppStore &m_store;
     std::function<void()> m_arrived;
+    QSize m_size;                                                         // Logical pixels.
     QCache<QString, QImage> m_images = QCache<QString, QImage>(mostKept); // A null one: there is nothing to show.
     QHash<QString, Thumbnails::Request> m_asked;
 };

@@ -10,7 +10,6 @@
 
 #include <QCoreApplication>
 #include <QFontMetricsF>
-#include <QPainterPath>
 
 namespace ardeno {
 
@@ -21,26 +20,62 @@ const CheckpointListModel &modelOf(const QModelIndex &index)
     return *static_cast<const CheckpointListModel *>(index.model());
 }
 
-// Title with "LATEST" behind it, and the moment below.
-void drawTexts(QPainter &painter, QRectF area, const QModelIndex &index, const RowState &state)
+QFont latestFont()
+{
+    QFont font = AppTheme::instance().font(9, QFont::DemiBold);
+    font.setLetterSpacing(QFont::PercentageSpacing, 109);
+    return font;
+}
+
+QString latestMark()
+{
+    return QCoreApplication::translate("ardeno::TimelineDelegate", "LATEST");
+}
+
+// At the right end of the line, which is shortened by it.
+void drawLatest(QPainter &painter, QRectF &line)
+{
+    painter.setFont(latestFont());
+    painter.setPen(themeColor(Role::AccentText));
+    painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, latestMark());
+    line.setWidth(line.width() - QFontMetricsF(latestFont()).horizontalAdvance(latestMark()) - 8);
+}
+
+bool hasRoomForLatest(const QString &text, qreal width)
+{
+    const qreal mark = QFontMetricsF(latestFont()).horizontalAdvance(latestMark()) + 8;
+    return QFontMetricsF(AppTheme::instance().font(TextStyle::Small)).horizontalAdvance(text) + mark <= width;
+}
+
+// The checkpoint's label with "LATEST" behind it, its title where that says something else, and the moment.
+void drawTexts(QPainter &painter, const QRectF &area, const QModelIndex &index, const RowState &state)
 {
     const Checkpoint &checkpoint = modelOf(index).rows().at(index.row());
-    const qreal line = QFontMetricsF(AppTheme::instance().font(TextStyle::Strong)).height();
-    const QRectF lower(area.left(), area.center().y() + 1, area.width(), area.height() / 2);
-    QRectF upper(area.left(), area.center().y() - line, area.width(), line);
-    if (CheckpointListModel::isLatest(index)) {
-        QFont font = AppTheme::instance().font(9, QFont::DemiBold);
-        font.setLetterSpacing(QFont::PercentageSpacing, 109);
-        const QString mark = QCoreApplication::translate("ardeno::TimelineDelegate", "LATEST");
-        const qreal width = QFontMetricsF(font).horizontalAdvance(mark);
-        painter.setFont(font);
-        painter.setPen(themeColor(Role::AccentText));
-        painter.drawText(upper, Qt::AlignRight | Qt::AlignVCenter, mark);
-        upper.setWidth(upper.width() - width - 8);
+    const AppTheme &theme = AppTheme::instance();
+    const qreal strong = QFontMetricsF(theme.font(TextStyle::Strong)).height();
+    const qreal small = QFontMetricsF(theme.font(TextStyle::Small)).height() + 1;
+    const QString label = modelOf(index).title(index.row());
+    const QString heading = modelOf(index).heading(index.row());
+    QStringList lines{ProjectText::moment(checkpoint.createdAt)};
+    if (heading != label && area.height() >= strong + 2 * small)
+        lines.prepend(heading);
+    QRectF line(area.left(), area.center().y() - (strong + small * static_cast<qreal>(lines.size())) / 2, area.width(),
+                strong);
+    const bool isLatest = CheckpointListModel::isLatest(index);
+    const bool isMarkLast = isLatest && hasRoomForLatest(lines.last(), area.width());
+    QRectF first = line;
+    if (isLatest && !isMarkLast)
+        drawLatest(painter, first);
+    Drawing::text(painter, first, label, TextStyle::Strong, themeColor(Role::Text));
+    line.setTop(line.bottom());
+    for (const QString &text : std::as_const(lines)) {
+        line.setHeight(small);
+        if (isMarkLast && &text == &lines.last())
+            drawLatest(painter, line);
+        Drawing::text(painter, line, text, TextStyle::Small,
+                      themeColor(state.isSelected ? Role::DimOnSoft : Role::Dim));
+        line.moveTop(line.bottom());
     }
-    Drawing::text(painter, upper, modelOf(index).title(index.row()), TextStyle::Strong, themeColor(Role::Text));
-    Drawing::text(painter, lower, ProjectText::moment(checkpoint.createdAt), TextStyle::Small,
-                  themeColor(state.isSelected ? Role::DimOnSoft : Role::Dim), Qt::AlignLeft | Qt::AlignTop);
 }
 
 } // namespace
@@ -53,7 +88,10 @@ void TimelineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     Drawing::panel(*painter, card, 12, themeColor(state.isSelected ? Role::AccentSoft : Role::Card), themeColor(line));
     if (state.showsFocus)
         Drawing::focusRing(*painter, card, 12);
-    drawTexts(*painter, card.adjusted(13, 9, -13, -9), index, state);
+    const QSizeF picture = ThumbnailShelf::shownSize;
+    m_pictures.draw(*painter, {QPointF(card.left() + 9, card.center().y() - picture.height() / 2), picture},
+                    modelOf(index).rows().at(index.row()));
+    drawTexts(*painter, card.adjusted(9 + picture.width() + 10, 6, -11, -6), index, state);
 }
 
 QSize TimelineDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const
@@ -72,33 +110,12 @@ void ManagerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     if (state.showsFocus)
         Drawing::focusRing(*painter, row, 8);
     const QSizeF picture = ThumbnailShelf::shownSize;
-    drawPicture(*painter, {QPointF(row.left() + 8, row.center().y() - picture.height() / 2), picture}, index);
+    m_pictures.draw(*painter, {QPointF(row.left() + 8, row.center().y() - picture.height() / 2), picture},
+                    modelOf(index).rows().at(index.row()));
     drawTexts(*painter, row.adjusted(8 + picture.width() + 12, 8, -52, -8), index, state);
     // Where the pointer or the keyboard is, a button stands in its place.
     const QRectF menu(row.right() - menuInset - 22, row.center().y() - 8, 16, 16);
     Symbols::draw(*painter, "ellipsis.circle", menu, themeColor(Role::Dim));
-}
-
-void ManagerDelegate::drawPicture(QPainter &painter, const QRectF &area, const QModelIndex &index) const
-{
-    const Checkpoint &checkpoint = modelOf(index).rows().at(index.row());
-    const QImage *const image = m_pictures.find(checkpoint, painter.device()->devicePixelRatio());
-    if (!image) {
-        Drawing::panel(painter, area, 4, themeColor(Role::Card), themeColor(Role::Line));
-        Symbols::draw(painter, "photo", {area.center().x() - 8, area.center().y() - 8, 16, 16},
-                      themeColor(Role::Faint));
-        return;
-    }
-    const QSizeF size = QSizeF(image->size()).scaled(area.size(), Qt::KeepAspectRatio);
-    QRectF target(QPointF(), size);
-    target.moveCenter(area.center());
-    painter.save();
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    QPainterPath rounded;
-    rounded.addRoundedRect(target, 4, 4);
-    painter.setClipPath(rounded);
-    painter.drawImage(target, *image);
-    painter.restore();
 }
 
 QSize ManagerDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const

@@ -10,13 +10,16 @@ class ThumbnailShelf;
 // A checkpoint as a small card in the timeline.
 class TimelineDelegate final : public QStyledItemDelegate {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    TimelineDelegate(ThumbnailShelf &pictures, QObject *parent) : QStyledItemDelegate(parent), m_pictures(pictures) {}
 
-    static constexpr QSize cardSize = QSize(190, 55);
+    static constexpr QSize cardSize = QSize(244, 62);
     static constexpr int gap = 10;
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+private:
+    ThumbnailShelf &m_pictures;
 };
 
 // A checkpoint as a row of the manager: its picture, and a mark for its menu at the right.
@@ -31,8 +34,6 @@ public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 private:
-    void drawPicture(QPainter &painter, const QRectF &area, const QModelIndex &index) const;
-
     ThumbnailShelf &m_pictures;
 };
 

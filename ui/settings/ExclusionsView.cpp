@@ -3,6 +3,7 @@
 
 #include "store/AppStore.h"
 #include "support/VisibleText.h"
+#include "ui/controls/EmptyState.h"
 #include "ui/controls/Fields.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
@@ -75,7 +76,7 @@ ExclusionsView::ExclusionsView(AppStore &store)
       m_undo(new UndoStrip([this] { undo(); })),
       m_apps(new RuleList(tr("Excluded apps"), "app")),
       m_appsCard(cardAround(m_apps)),
-      m_noApps(makeParagraph(tr("No apps excluded"), TextStyle::Body, Role::Dim)),
+      m_noApps(new EmptyState("app.badge", tr("No apps excluded"), 10)),
       m_domain(new DomainField(tr("Website"), tr("Domain or URL, e.g. %1").arg("mail.example.com"))),
       m_validation(makeParagraph(tr("Enter a valid website domain or an http/https URL."), TextStyle::Small,
                                  Role::RecordingText)),
@@ -100,7 +101,6 @@ ExclusionsView::ExclusionsView(AppStore &store)
     addApps(controls);
     controls->addSpacing(8);
     addWebsites(controls);
-    setMinimumHeight(690);
     m_startOver = addButton(tr("Start over"), Button::Kind::Bordered, [this] { m_store.startExclusionsOver(); });
     addButton(tr("Done"), Button::Kind::Prominent, [this] { cancel(); });
     setHoldsInput([this] { return !m_domain->text().trimmed().isEmpty(); }); // It is not excluded yet.

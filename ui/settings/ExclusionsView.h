@@ -50,7 +50,7 @@ private:
     std::function<Outcome()> m_excludeAgain;
     RuleList *m_apps;
     Card *m_appsCard;
-    QLabel *m_noApps;
+    QWidget *m_noApps;
     TextField *m_domain;
     QLabel *m_validation;
     RuleList *m_domains;

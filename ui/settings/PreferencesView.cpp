@@ -13,13 +13,14 @@
 #include "ui/settings/Links.h"
 #include "ui/settings/SettingsCard.h"
 
+#include <QCoreApplication>
 #include <QDir>
+
+#include <algorithm>
 
 namespace ardeno {
 
 namespace {
-
-constexpr int choiceWidth = 236;
 
 // The choices of the shortcut, as the setting stores them. Every other value means the default.
 constexpr int defaultShortcut = 0;
@@ -51,9 +52,15 @@ PreferencesView::PreferencesView(AppStore &store)
 QWidget *PreferencesView::makeBehaviour()
 {
     auto *card = new SettingsCard;
-    card->addRow({.title = tr("On launch")}, {makeLaunch()});
+    Choice *const launch = makeLaunch();
+    Choice *const shortcut = makeShortcut();
+    // Below each other; neither cuts what can be chosen.
+    const int choiceWidth = std::max(launch->sizeHint().width(), shortcut->sizeHint().width());
+    for (Choice *const choice : {launch, shortcut})
+        choice->setMinimumWidth(choiceWidth);
+    card->addRow({.title = tr("On launch")}, {launch});
     card->addRow({.title = tr("Quick save shortcut"), .explanation = tr("Save from any app while Ardeno is running.")},
-                 {makeShortcut()})
+                 {shortcut})
         ->addWidget(m_shortcutIssue);
     card->addRow({.title = tr("Include browser tabs"),
                   .explanation = tr("Incognito tab URLs are skipped. A screen capture can still contain visible "
@@ -70,7 +77,6 @@ QWidget *PreferencesView::makeBehaviour()
 Choice *PreferencesView::makeLaunch()
 {
     auto *launch = new Choice(tr("On launch"));
-    launch->setFixedWidth(choiceWidth);
     launch->setOptions({{tr("Last opened project"), false}, {tr("Projects overview"), true}});
     launch->setOnChoose([this](const QVariant &value) { m_store.launchOverview.set(value.toBool()); });
     m_observations.watch([this, launch] { launch->setCurrent(m_store.launchOverview()); }, m_store.launchOverview);
@@ -80,7 +86,6 @@ Choice *PreferencesView::makeLaunch()
 Choice *PreferencesView::makeShortcut()
 {
     auto *shortcut = new Choice(tr("Quick save shortcut"));
-    shortcut->setFixedWidth(choiceWidth);
     shortcut->setOptions(
         {{tr("⌃⌥⌘S (default)"), defaultShortcut}, {tr("⇧⌘S"), shortShortcut}, {tr("Off"), noShortcut}});
     shortcut->setOnChoose([this](const QVariant &value) { m_store.shortcutChoice.set(value.toInt()); });
@@ -180,8 +185,8 @@ void PreferencesView::showUpdate()
     m_updateSymbol->setVisible(update.has_value());
     const bool canDownload = update && isOpenable(update->downloadURL);
     QStringList lines;
-    if (update)
-        lines += tr("Update available: %1").arg(update->latestVersion.left(longestVersion));
+    lines += update ? tr("Update available: %1").arg(update->latestVersion.left(longestVersion))
+                    : tr("Version %1").arg(QCoreApplication::applicationVersion());
     if (update && !canDownload)
         lines += tr("It names no download over a secure connection (https), so Ardeno does not open one.");
     if (m_store.updateAnswer() && !m_store.checkingForUpdates())

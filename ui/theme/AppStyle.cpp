@@ -2,7 +2,12 @@
 #include "ui/theme/AppStyle.h"
 
 #include "ui/theme/Drawing.h"
+#include "ui/theme/MenuDrawing.h"
+#include "ui/theme/PopupGround.h"
+#include "ui/theme/ScrollBarUse.h"
 
+#include <QMenu>
+#include <QScrollBar>
 #include <QStyleOptionSlider>
 
 namespace ardeno {
@@ -15,13 +20,14 @@ int AppStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const 
     case PM_ScrollBarSliderMin:
         return 32;
     case PM_MenuPanelWidth:
-        return 1;
+        return 0;
     case PM_MenuVMargin:
-        return 5;
     case PM_MenuHMargin:
-        return 4;
+        return PopupGround::menuMargin + 5;
+    case PM_SmallIconSize:
+        return 16;
     case PM_ToolTipLabelFrameWidth:
-        return 5;
+        return PopupGround::tipMargin + 6;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -80,10 +86,42 @@ void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
     }
     if (bar->maximum <= bar->minimum)
         return;
-    const QRect slider = subControlRect(CC_ScrollBar, option, SC_ScrollBarSlider, widget).adjusted(2, 2, -2, -2);
+    const auto *const scrollBar = qobject_cast<const QScrollBar *>(widget);
+    if (scrollBar && !ScrollBarUse::of(const_cast<QScrollBar *>(scrollBar)).isShown())
+        return;
     const bool isHeld = bar->state & (State_MouseOver | State_Sunken);
+    const int inset = isHeld ? 2 : 3;
+    const QRect slider =
+        subControlRect(CC_ScrollBar, option, SC_ScrollBarSlider, widget).adjusted(inset, inset, -inset, -inset);
     Drawing::panel(*painter, slider, qMin(slider.width(), slider.height()) / 2.0,
                    themeColor(isHeld ? Role::Dim : Role::Faint), Qt::transparent);
+}
+
+void AppStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                           const QWidget *widget) const
+{
+    const auto *const item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+    if (element == CE_MenuItem && item)
+        MenuDrawing::item(*painter, *item);
+    else if (element != CE_MenuEmptyArea)
+        QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+QSize AppStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
+                                 const QWidget *widget) const
+{
+    const auto *const item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+    return type == CT_MenuItem && item ? MenuDrawing::itemSize(*item, size)
+                                       : QProxyStyle::sizeFromContents(type, option, size, widget);
+}
+
+void AppStyle::polish(QWidget *widget)
+{
+    QProxyStyle::polish(widget);
+    if (qobject_cast<QMenu *>(widget) || widget->inherits("QTipLabel"))
+        PopupGround::of(widget);
+    else if (auto *const bar = qobject_cast<QScrollBar *>(widget))
+        ScrollBarUse::of(bar);
 }
 
 void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
@@ -92,12 +130,10 @@ void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
     switch (element) {
     case PE_PanelMenu:
     case PE_PanelTipLabel:
-        painter->fillRect(option->rect, themeColor(Role::Card));
-        [[fallthrough]];
-    case PE_FrameMenu:
-        for (const Qt::Edge edge : {Qt::TopEdge, Qt::LeftEdge, Qt::RightEdge, Qt::BottomEdge})
-            Drawing::edge(*painter, option->rect, edge, themeColor(Role::Line));
+        if (widget)
+            PopupGround::of(const_cast<QWidget *>(widget)).paint(*painter);
         return;
+    case PE_FrameMenu:
     case PE_FrameFocusRect:
         return; // Controls and delegates draw their own.
     default:

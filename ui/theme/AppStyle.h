@@ -5,7 +5,7 @@
 
 namespace ardeno {
 
-// How the parts look that are not drawn by controls of their own: menus and scroll bars.
+// How the parts look that are not drawn by controls of their own: menus, tooltips and scroll bars.
 class AppStyle final : public QProxyStyle {
 public:
     AppStyle() : QProxyStyle("fusion") {}
@@ -17,8 +17,15 @@ public:
                          const QWidget *widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
                             const QWidget *widget) const override;
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
+                           const QWidget *widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override;
+
+    using QProxyStyle::polish;
+    void polish(QWidget *widget) override;
 };
 
 } // namespace ardeno

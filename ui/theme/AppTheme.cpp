@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/theme/AppTheme.h"
 
+#include "ui/theme/AccentColors.h"
+#include "ui/theme/FontFamilies.h"
+
 #include <QApplication>
-#include <QFontDatabase>
 #include <QFontInfo>
 #include <QIcon>
 #include <QList>
@@ -13,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace ardeno {
 
@@ -50,6 +53,7 @@ constexpr RoleColors roleColors[] = {
     {Role::Card, 0xfffafafb, 0xff222327, 0xffffffff, 0xff000000},
     {Role::Field, 0xffffffff, 0xff17181b, 0xffffffff, 0xff000000},
     {Role::Line, 0xffe3e3e8, 0xff35373e, 0xff5f616c, 0xffa2a4ae},
+    {Role::Outline, 0xff888a95, 0xff777984, 0xff5f616c, 0xffa2a4ae},
     {Role::Hover, 0x121f2026, 0x16ffffff, 0x181f2026, 0x30ffffff},
     {Role::Text, 0xff1f2026, 0xffecedf1, 0xff000000, 0xffffffff},
     {Role::Dim, 0xff6b6d78, 0xffa2a4ae, 0xff35363d, 0xffd8d9df},
@@ -57,6 +61,7 @@ constexpr RoleColors roleColors[] = {
     {Role::Faint, 0xff9a9ca6, 0xff777984, 0xff5f616c, 0xffa2a4ae},
     {Role::Placeholder, 0xff70727d, 0xff8d8f9a, 0xff4a4b53, 0xffc0c2ca},
     {Role::Scrim, 0x591a1c25, 0x80000000, 0x801a1c25, 0xb0000000},
+    {Role::Brand, accent, accent, accent, accent},
 };
 
 QRgb valueFor(const RoleColors &colors, const Appearance &appearance)
@@ -102,7 +107,7 @@ StyleSize sizeOf(TextStyle style)
     case TextStyle::Eyebrow:
         return {10.5, QFont::DemiBold};
     case TextStyle::Tiny:
-        return {10, QFont::Normal};
+        return {11, QFont::Normal};
     }
     return {13, QFont::Normal};
 }
@@ -118,11 +123,16 @@ AppTheme &AppTheme::instance()
 AppTheme::AppTheme()
 {
     const QFont desktopFont = QGuiApplication::font();
-    m_family = QFontDatabase::hasFamily("Inter") ? QString("Inter") : desktopFont.family();
+    m_families = FontFamilies::chosen(desktopFont.family());
     // 10 points on a screen of 96 dots an inch are what most desktops call normal.
     constexpr double normalPixels = 40.0 / 3;
-    m_scale = std::clamp(QFontInfo(desktopFont).pixelSize() / std::round(normalPixels), 1.0, 2.0);
+    m_desktopScale = std::clamp(QFontInfo(desktopFont).pixelSize() / std::round(normalPixels), 1.0, 2.0);
+    m_scale = m_desktopScale;
     compute();
+    // Of what brings no font of its own: stock menus and dialogs.
+    QApplication::setFont(font(TextStyle::Body));
+    QToolTip::setFont(font(TextStyle::Small));
+    QToolTip::setPalette(m_palette);
 }
 
 void AppTheme::compute()
@@ -130,6 +140,7 @@ void AppTheme::compute()
     for (const RoleColors &colors : roleColors)
         m_colors[static_cast<int>(colors.role)] = QColor::fromRgba(valueFor(colors, m_appearance));
     takeDesktopGrounds();
+    takeAccent();
 
     for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Button})
         m_palette.setColor(role, color(Role::Paper));
@@ -166,6 +177,20 @@ void AppTheme::takeDesktopGrounds()
     m_colors[static_cast<int>(Role::Sidebar)] = sidebar;
 }
 
+void AppTheme::takeAccent()
+{
+    if (!m_appearance.accent)
+        return;
+    const AccentColors colors = AccentColors::fitted(
+        QColor::fromRgb(*m_appearance.accent), {.paper = color(Role::Paper),
+                                                .sidebar = color(Role::Sidebar),
+                                                .scheme = m_appearance.scheme,
+                                                .leastContrast = m_appearance.contrast == Contrast::High ? 7 : 4.5});
+    m_colors[static_cast<int>(Role::Accent)] = colors.fill;
+    m_colors[static_cast<int>(Role::AccentSoft)] = colors.soft;
+    m_colors[static_cast<int>(Role::AccentText)] = colors.text;
+}
+
 QPalette::ColorRole AppTheme::paletteRole(Role role)
 {
     switch (role) {
@@ -193,9 +218,29 @@ void AppTheme::setAppearance(const Appearance &appearance)
         QIcon::setThemeName(appearance.iconTheme);
     compute();
     QToolTip::setPalette(m_palette);
+    scaleFonts(appearance.textScale);
     followers().removeIf([](const QPointer<QWidget> &window) { return window.isNull(); });
     for (const QPointer<QWidget> &window : followers())
         window->setPalette(m_palette);
+}
+
+void AppTheme::scaleFonts(double textScale)
+{
+    constexpr double most = 2.5;
+    const double before = std::exchange(m_scale, std::clamp(m_desktopScale * textScale, 0.8, most));
+    if (m_scale == before)
+        return;
+    QApplication::setFont(font(TextStyle::Body));
+    QToolTip::setFont(font(TextStyle::Small));
+    // Every widget was given a font of its own, in proportion to the scale.
+    for (QWidget *const widget : QApplication::allWidgets()) {
+        if (!widget->testAttribute(Qt::WA_SetFont) || widget->font().pointSizeF() <= 0)
+            continue;
+        QFont scaled = widget->font();
+        scaled.setPointSizeF(scaled.pointSizeF() * m_scale / before);
+        widget->setFont(scaled);
+        widget->updateGeometry();
+    }
 }
 
 void AppTheme::follow(QWidget *window)
@@ -218,7 +263,8 @@ QFont AppTheme::font(TextStyle style) const
 
 QFont AppTheme::font(double pixels, QFont::Weight weight) const
 {
-    QFont result(m_family);
+    QFont result;
+    result.setFamilies(m_families);
     // Points keep the fractions that pixel sizes would lose; Qt counts 72 of them at 96 dots an inch.
     result.setPointSizeF(pixels * m_scale * 0.75);
     result.setWeight(weight);

@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QFont>
 #include <QPalette>
+#include <QStringList>
 
 #include <optional>
 
@@ -30,14 +31,16 @@ enum class Role {
     Sidebar,
     Card,
     Field,
-    Line,
-    Hover, // Over any ground, below the pointer.
+    Line,    // Between parts of the window, around cards.
+    Outline, // Around what is pressed or typed into, with a contrast of 3 : 1.
+    Hover,   // Over any ground, below the pointer.
     Text,
     Dim,
     DimOnSoft, // Dim text on one of the …Soft grounds.
     Faint,     // Marks that carry no text.
     Placeholder,
     Scrim,
+    Brand, // Of the application's own mark, whatever the accent.
     Count,
 };
 
@@ -50,7 +53,9 @@ struct Appearance {
     Scheme scheme = Scheme::Light;
     Contrast contrast = Contrast::Normal;
     Motion motion = Motion::Normal;
-    QString iconTheme = {}; // Of the applications' icons; empty: as the platform has it.
+    QString iconTheme = {};          // Of the applications' icons; empty: as the platform has it.
+    std::optional<QRgb> accent = {}; // Absent: the program's own.
+    double textScale = 1;            // Over the size that the desktop's font has.
 
     bool operator==(const Appearance &) const = default;
 };
@@ -86,12 +91,15 @@ private:
     AppTheme();
 
     void compute();
+    void takeAccent();
     void takeDesktopGrounds();
+    void scaleFonts(double textScale);
 
     Appearance m_appearance;
     QColor m_colors[static_cast<int>(Role::Count)];
     QPalette m_palette;
-    QString m_family;
+    QStringList m_families; // The first one, then those for what it does not have.
+    double m_desktopScale = 1;
     double m_scale = 1;
 };
 

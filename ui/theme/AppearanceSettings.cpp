@@ -9,6 +9,9 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QGuiApplication>
+#include <QScreen>
+
+#include <cmath>
 
 namespace ardeno {
 
@@ -22,14 +25,56 @@ constexpr const char *interface = "org.freedesktop.portal.Settings";
 constexpr const char *appearanceGroup = "org.freedesktop.appearance";
 constexpr const char *interfaceGroup = "org.gnome.desktop.interface"; // Where most desktops keep their animations.
 
+// Values come wrapped as variants, from some portals twice.
 QVariant plain(const QVariant &value)
 {
-    return value.canConvert<QDBusVariant>() ? value.value<QDBusVariant>().variant() : value;
+    QVariant inner = value;
+    while (inner.metaType() == QMetaType::fromType<QDBusVariant>())
+        inner = inner.value<QDBusVariant>().variant();
+    return inner;
 }
 
 Scheme desktopScheme()
 {
     return QGuiApplication::palette().color(QPalette::Base).lightness() < 128 ? Scheme::Dark : Scheme::Light;
+}
+
+// Under X11 a desktop may tell larger texts as more dots an inch, by which Qt has enlarged everything already.
+bool isInScreenScale(double factor)
+{
+    const QScreen *const screen = QGuiApplication::primaryScreen();
+    if (!screen || QGuiApplication::platformName() != "xcb")
+        return false;
+    const double rest = screen->devicePixelRatio() / factor;
+    constexpr double rounding = 0.02;
+    return std::abs(rest - std::round(rest)) < rounding;
+}
+
+double textScaleFrom(const QVariant &value)
+{
+    const double factor = value.toDouble();
+    const bool isSane = factor >= 0.5 && factor <= 3;
+    return !isSane || factor == 1 || isInScreenScale(factor) ? 1 : factor;
+}
+
+// Three shares of a whole; anything else means that none was chosen.
+std::optional<QRgb> accentFrom(const QVariant &value)
+{
+    if (!value.canConvert<QDBusArgument>())
+        return {};
+    const auto argument = value.value<QDBusArgument>();
+    if (argument.currentSignature() != "(ddd)")
+        return {};
+    double red = -1;
+    double green = -1;
+    double blue = -1;
+    argument.beginStructure();
+    argument >> red >> green >> blue;
+    argument.endStructure();
+    const auto isShare = [](double part) { return part >= 0 && part <= 1; };
+    if (!isShare(red) || !isShare(green) || !isShare(blue))
+        return {};
+    return QColor::fromRgbF(static_cast<float>(red), static_cast<float>(green), static_cast<float>(blue)).rgb();
 }
 
 void readInterface(Appearance &appearance, const QVariantMap &settings)
@@ -38,6 +83,8 @@ void readInterface(Appearance &appearance, const QVariantMap &settings)
         appearance.motion = plain(settings.value("enable-animations")).toBool() ? Motion::Normal : Motion::Reduced;
     if (settings.contains("icon-theme"))
         appearance.iconTheme = plain(settings.value("icon-theme")).toString();
+    if (settings.contains("text-scaling-factor"))
+        appearance.textScale = textScaleFrom(plain(settings.value("text-scaling-factor")));
 }
 
 void readAppearance(Appearance &appearance, const QVariantMap &settings)
@@ -49,6 +96,8 @@ void readAppearance(Appearance &appearance, const QVariantMap &settings)
     }
     if (settings.contains("contrast"))
         appearance.contrast = number("contrast") == 1 ? Contrast::High : Contrast::Normal;
+    if (settings.contains("accent-color"))
+        appearance.accent = accentFrom(plain(settings.value("accent-color")));
     if (number("reduced-motion") == 1)
         appearance.motion = Motion::Reduced;
 }
@@ -72,6 +121,8 @@ QDBusMessage question()
 AppearanceSettings::AppearanceSettings()
 {
     qDBusRegisterMetaType<SettingGroups>();
+    // The bus refuses a slot with a type that it has not heard of, and it learns its own ones late.
+    qRegisterMetaType<QDBusVariant>();
     m_appearance.scheme = desktopScheme();
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (bus.isConnected()) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/theme/Drawing.h"
 
-#include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QPixmapCache>
 #include <qdrawutil.h>
 
@@ -104,21 +104,51 @@ void Drawing::shadow(QPainter &painter, const QRect &panel)
     qDrawBorderPixmap(&painter, target, QMargins() + shadowCorner, corners, corners.rect(), own);
 }
 
-void Drawing::focusRing(QPainter &painter, const QRectF &rect, qreal radius)
+void Drawing::softShadow(QPainter &painter, const QRectF &panel, qreal radius, int margin)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    // Rings that add up, so that it is deepest at the panel's edge.
+    const int drop = margin / 4; // Downwards.
+    for (int ring = 1; ring < margin - drop; ++ring) {
+        const qreal share = 1 - qreal(ring) / (margin - drop);
+        painter.setPen(QPen(QColor::fromRgbF(0, 0, 0, static_cast<float>(0.16 * share * share)), 1.2));
+        painter.drawRoundedRect(panel.adjusted(-ring, -ring + drop, ring, ring + drop), radius + ring, radius + ring);
+    }
+    painter.restore();
+}
+
+void Drawing::focusRing(QPainter &painter, const QRectF &rect, qreal radius, RingOn on)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(themeColor(Role::AccentText), 2));
     painter.drawRoundedRect(rect.adjusted(1, 1, -1, -1), radius, radius);
+    if (on == RingOn::Fill) {
+        painter.setPen(QPen(themeColor(Role::OnAccent), 1.5));
+        painter.drawRoundedRect(rect.adjusted(3, 3, -3, -3), radius - 2, radius - 2);
+    }
     painter.restore();
 }
 
 void Drawing::field(QPainter &painter, const QRectF &rect, bool hasFocus)
 {
-    panel(painter, rect, 7, themeColor(Role::Field), themeColor(hasFocus ? Role::Accent : Role::Line));
+    panel(painter, rect, 7, themeColor(Role::Field), themeColor(hasFocus ? Role::Accent : Role::Outline));
     if (hasFocus)
         focusRing(painter, rect, 7);
+}
+
+QString Drawing::fitted(const QString &text, const QFontMetricsF &metrics, qreal width)
+{
+    constexpr qsizetype widest = 2000; // Characters; no window is wider.
+    const QString shown = metrics.elidedText(text.left(widest), Qt::ElideRight, width);
+    // An isolate has the direction of its first letter, and ends at that direction's end.
+    constexpr QChar isolate(0x2068);
+    constexpr QChar endOfIsolate(0x2069);
+    const bool isForeign = text.isRightToLeft() != QGuiApplication::isRightToLeft();
+    return isForeign ? isolate + shown + endOfIsolate : shown;
 }
 
 void Drawing::text(QPainter &painter, const QRectF &rect, const QString &text, TextStyle style, const QColor &color,
@@ -127,10 +157,8 @@ void Drawing::text(QPainter &painter, const QRectF &rect, const QString &text, T
     const QFont font = AppTheme::instance().font(style);
     painter.setFont(font);
     painter.setPen(color);
-    constexpr qsizetype widest = 2000; // Characters; no window is wider.
-    const QString elided =
-        QFontMetricsF(font, painter.device()).elidedText(text.left(widest), Qt::ElideRight, rect.width());
-    painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine, elided);
+    painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine,
+                     fitted(text, QFontMetricsF(font, painter.device()), rect.width()));
 }
 
 } // namespace ardeno

@@ -3,6 +3,7 @@
 
 #include "ui/theme/AppTheme.h"
 
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QRectF>
 
@@ -20,11 +21,19 @@ void edge(QPainter &painter, const QRectF &rect, Qt::Edge which, const QColor &c
 // The soft shadow that a panel throws on what lies below it, which is painted before the panel.
 void shadow(QPainter &painter, const QRect &panel);
 
-// The ring around what has the keyboard's focus.
-void focusRing(QPainter &painter, const QRectF &rect, qreal radius);
+// The small one of a menu or a tooltip, within the margin around it.
+void softShadow(QPainter &painter, const QRectF &panel, qreal radius, int margin);
+
+// The ring around what has the keyboard's focus. On a filled ground it is a light one within a dark one.
+enum class RingOn { Ground, Fill };
+void focusRing(QPainter &painter, const QRectF &rect, qreal radius, RingOn on = RingOn::Ground);
 
 // The ground of what is typed into or chosen from.
 void field(QPainter &painter, const QRectF &rect, bool hasFocus);
+
+// A text that fits this width, with "…" where it ends for who reads it, in whichever direction. A text in the other
+// direction than that of the window keeps its own order.
+QString fitted(const QString &text, const QFontMetricsF &metrics, qreal width);
 
 // One line of text, elided, in the left middle of the rectangle.
 void text(QPainter &painter, const QRectF &rect, const QString &text, TextStyle style, const QColor &color,

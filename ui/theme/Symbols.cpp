@@ -63,7 +63,7 @@ class BrandIconEngine final : public QIconEngine {
 public:
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode, QIcon::State) override
     {
-        Symbols::drawBrandMark(*painter, rect, themeColor(Role::Accent), Qt::white);
+        Symbols::drawBrandMark(*painter, rect, themeColor(Role::Brand), Qt::white);
     }
 
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
