@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/BrowserTabs.h"
 
-#include "capture/AppleScripts.h"
+#include "capture/macos/AppleScripts.h"
 #include "support/StoredText.h"
 
 #include <QCoreApplication>

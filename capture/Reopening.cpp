@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/Reopening.h"
 
-#include "capture/AppleScripts.h"
 #include "capture/BrowserTabs.h"
+#include "capture/macos/AppleScripts.h"
 #include "support/Identifiers.h"
 
 #include <QCoreApplication>

@@ -1492,7 +1492,7 @@ für die Arbeit.</translation>
     </message>
     <message>
         <source>Removed %1</source>
-        <translation>%1 entfernt</translation>
+        <translation>Entfernt: %1</translation>
     </message>
     <message>
         <source>Save a checkpoint.</source>

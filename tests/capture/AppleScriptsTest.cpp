@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "capture/AppleScripts.h"
+#include "capture/macos/AppleScripts.h"
 
 #include "tests/Printing.h"
 

@@ -30,7 +30,7 @@ struct UpdateFixture : StoreFixture {
 
 } // namespace
 
-TEST_CASE_FIXTURE(UpdateFixture, "the maker is asked once a day by itself, failed or not, and whenever the user asks")
+TEST_CASE_FIXTURE(UpdateFixture, "updates are looked for once a day, also after a failure, and whenever the user asks")
 {
     check(Force::No);
     check(Force::No);

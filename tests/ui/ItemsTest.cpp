@@ -5,7 +5,10 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QScrollArea>
 #include <QTest>
+
+#include <cstdlib>
 
 using namespace ardeno;
 
@@ -76,6 +79,27 @@ TEST_CASE_FIXTURE(ItemsFixture, "an item is removed by its row's button or key, 
     CHECK(saved().apps.isEmpty());
     click("Undo");
     CHECK(titles("Apps") == QStringList{"Tom & Jerry"}); // Only the last one.
+}
+
+TEST_CASE_FIXTURE(ItemsFixture, "the button that removes stands in its row, and nothing moves below Undo when it goes")
+{
+    QListView *const tabs = list("Browser tabs");
+    const auto topOfList = [&] { // On the page, however it is scrolled.
+        QWidget *page = tabs;
+        while (!qobject_cast<QScrollArea *>(page->parentWidget()->parentWidget()))
+            page = page->parentWidget();
+        return tabs->mapTo(page, QPoint()).y();
+    };
+    tabs->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Delete);
+    const auto *const button = findButton("Remove tab Untitled tab from checkpoint");
+    REQUIRE(button);
+    const QPoint middle = tabs->viewport()->mapFromGlobal(button->mapToGlobal(button->rect().center()));
+    const int inRow = tabs->visualRect(tabs->model()->index(0, 0)).center().y();
+    CHECK(std::abs(middle.y() - inRow) <= 1);
+    const int top = topOfList();
+    click("Undo");
+    CHECK(topOfList() == top);
 }
 
 TEST_CASE_FIXTURE(ItemsFixture, "a write that fails keeps the item and says so")

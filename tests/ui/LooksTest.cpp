@@ -219,7 +219,7 @@ TEST_CASE_FIXTURE(LooksFixture, "texts of any length and kind stay in their plac
     picture("long-texts-overview");
 }
 
-TEST_CASE_FIXTURE(LooksFixture, "thousands of checkpoints and projects are shown by as many widgets as a few")
+TEST_CASE_FIXTURE(LooksFixture, "the number of widgets does not grow with that of checkpoints and projects")
 {
     {
         WorkspaceLibrary library;

@@ -98,7 +98,7 @@ QRect RunningWindow::place(const QString &name) const
         }
         const bool wasThere = !extents.isNull() && extents == last;
         last = extents;
-        if (!wasThere || extents.center().y() < frame.bottom() - 50)
+        if (!wasThere || extents.center().y() < frame.bottom() - 16)
             return wasThere;
         outputOf("xdotool", moveTo(frame.center() + QPoint(200, 100)) + QStringList{"click", "5"});
         return false;

@@ -19,6 +19,14 @@ UndoStrip::UndoStrip(std::function<void()> undo)
     row->addWidget(button);
 }
 
+void UndoStrip::showEvent(QShowEvent *event)
+{
+    QSizePolicy policy = sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    setSizePolicy(policy);
+    Card::showEvent(event);
+}
+
 void UndoStrip::setText(const QString &text)
 {
     m_text->setText(text);

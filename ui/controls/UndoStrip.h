@@ -16,6 +16,10 @@ public:
 
     void setText(const QString &text);
 
+protected:
+    // From then on its place is kept: what stands below would move under the pointer that has just pressed the button.
+    void showEvent(QShowEvent *event) override;
+
 private:
     LineLabel *m_text;
 };

@@ -122,7 +122,13 @@ void ItemList::setOnRemove(Say name, Say hint, Act remove)
     m_button->setFocusPolicy(Qt::TabFocus);
     m_button->hide();
     QWidget::setTabOrder(this, m_button);
-    connect(m_button, &QAbstractButton::clicked, this, [this] { removeRow(m_buttonRow); });
+    connect(m_button, &QAbstractButton::clicked, this, [this] {
+        // Never another row than the one it stands in.
+        if (m_buttonRow.isValid() && m_button->geometry() == placeOfButton(m_buttonRow))
+            removeRow(m_buttonRow);
+        else
+            placeButton(m_buttonRow);
+    });
 }
 
 QSize ItemList::sizeHint() const
@@ -136,6 +142,12 @@ void ItemList::removeRow(const QModelIndex &index)
         m_remove(index);
 }
 
+QRect ItemList::placeOfButton(const QModelIndex &index) const
+{
+    const QRect place = ItemDelegate::buttonPlace(visualRect(index));
+    return {viewport()->mapTo(m_button->parentWidget(), place.topLeft()), place.size()};
+}
+
 void ItemList::placeButton(const QModelIndex &index)
 {
     if (!m_button)
@@ -144,8 +156,7 @@ void ItemList::placeButton(const QModelIndex &index)
     m_button->setVisible(index.isValid());
     if (!index.isValid())
         return;
-    const QRect place = ItemDelegate::buttonPlace(visualRect(index));
-    m_button->setGeometry(QRect(viewport()->mapTo(m_button->parentWidget(), place.topLeft()), place.size()));
+    m_button->setGeometry(placeOfButton(index));
     m_button->setAccessibleName(m_removeName(index));
     m_button->setToolTip(m_removeHint(index));
     m_button->raise();
@@ -192,6 +203,12 @@ void ItemList::focusInEvent(QFocusEvent *event)
 void ItemList::resizeEvent(QResizeEvent *event)
 {
     PlainList::resizeEvent(event);
+    placeButton(m_buttonRow);
+}
+
+void ItemList::moveEvent(QMoveEvent *event)
+{
+    PlainList::moveEvent(event);
     placeButton(m_buttonRow);
 }
 

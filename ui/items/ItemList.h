@@ -61,12 +61,14 @@ protected:
     void leaveEvent(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void moveEvent(QMoveEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     // The page scrolls, not the list.
     void wheelEvent(QWheelEvent *event) override;
     void scrollTo(const QModelIndex &index, ScrollHint hint) override;
 
 private:
+    QRect placeOfButton(const QModelIndex &index) const;
     void placeButton(const QModelIndex &index);
     void afterChange();
     void removeRow(const QModelIndex &index);

@@ -117,13 +117,14 @@ QWidget *MainWindow::makeDetailColumn()
     column->addLayout(m_contentColumn, 1);
     m_foot = new QWidget;
     auto *foot = makeColumn(0, m_foot);
-    foot->addWidget(new NewsletterPrompt(*m_store, m_screens));
     foot->addWidget(new RemarkStrips(*m_store));
     foot->addWidget(new ArchivingStrip(*m_store));
     foot->addWidget(new NoticeStrip(*m_store, [this] {
         if (m_detail)
             m_detail->showShortfall();
     }));
+    // Lowest, where it stays when a notice above it goes.
+    foot->addWidget(new NewsletterPrompt(*m_store, m_screens));
     column->addWidget(m_foot);
     return detail;
 }

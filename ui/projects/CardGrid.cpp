@@ -121,7 +121,7 @@ void CardGrid::showCards()
     }
     const int pool = static_cast<int>(m_widgets.size());
     for (int place = 0; place < pool; ++place) {
-        // Of the cards that fall to this widget, the one within the window of those near.
+        // Widget `place` shows the indexes that leave the same rest when divided by `pool`: one of them is in sight.
         const int index = first + ((place - first) % pool + pool) % pool;
         showCard(place, index < std::min(m_count, first + seen) ? index : -1);
     }

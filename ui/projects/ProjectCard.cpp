@@ -101,7 +101,7 @@ void ProjectCard::show(const Project &project, const Checkpoint *latest)
     m_symbol->setSymbol(isBlocked          ? "pause.circle.fill"
                         : project.isSample ? "sparkle"
                                            : "folder",
-                        isBlocked ? Role::Amber : Role::AccentText);
+                        isBlocked ? Role::AmberText : Role::AccentText);
     m_name->setText(project.name);
     m_actions->setVisible(!project.isSample); // Nothing changes the sample.
     m_actions->setHint(tr("Actions for %1").arg(project.name));

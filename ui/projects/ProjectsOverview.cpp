@@ -37,7 +37,7 @@ ProjectsOverview::ProjectsOverview(AppStore &store, QWidget *parent)
       m_store(store),
       m_pictures(
           store, [this] { m_grid->viewport()->update(); }, ProjectCard::pictureSize),
-      m_title(makeLabel({}, TextStyle::Title)),
+      m_title(new LineLabel({}, TextStyle::Title)),
       m_subtitle(makeLabel({}, TextStyle::Body, Role::Dim)),
       m_archived(new Switch(tr("Show archived"))),
       m_empty(new EmptyState("folder", {}, 64))

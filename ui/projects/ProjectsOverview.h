@@ -14,6 +14,7 @@ namespace ardeno {
 class Button;
 class CardGrid;
 class EmptyState;
+class LineLabel;
 class Switch;
 
 // All projects, one card each.
@@ -29,7 +30,7 @@ private:
 
     AppStore &m_store;
     ThumbnailShelf m_pictures;
-    QLabel *m_title;
+    LineLabel *m_title;
     QLabel *m_subtitle;
     Switch *m_archived;
     CardGrid *m_grid;

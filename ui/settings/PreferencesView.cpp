@@ -184,12 +184,15 @@ void PreferencesView::showUpdate()
     const std::optional<AppUpdateManifest> &update = m_store.availableUpdate();
     m_updateSymbol->setVisible(update.has_value());
     const bool canDownload = update && isOpenable(update->downloadURL);
+    const bool isAnswered = m_store.updateAnswer() && !m_store.checkingForUpdates();
     QStringList lines;
-    lines += update ? tr("Update available: %1").arg(update->latestVersion.left(longestVersion))
-                    : tr("Version %1").arg(QCoreApplication::applicationVersion());
+    if (update)
+        lines += tr("Update available: %1").arg(update->latestVersion.left(longestVersion));
+    else if (!isAnswered)
+        lines += tr("Version %1").arg(QCoreApplication::applicationVersion());
     if (update && !canDownload)
         lines += tr("It names no download over a secure connection (https), so Ardeno does not open one.");
-    if (m_store.updateAnswer() && !m_store.checkingForUpdates())
+    if (isAnswered)
         lines += *m_store.updateAnswer();
     m_updateText->setText(lines.join('\n'));
     m_updateText->setAccessibleName(m_updateText->text());

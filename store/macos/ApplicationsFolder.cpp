@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "store/ApplicationsFolder.h"
+#include "store/macos/ApplicationsFolder.h"
 
 #include <QDir>
 #include <QFileInfo>
