@@ -170,27 +170,34 @@ void printText(const RestoreReport &report, const QString &notice)
             u"Left alone: %1 “%2” (%3)\n"_qs.arg(oneLine(window.appID), oneLine(window.title), oneLine(window.reason)));
 }
 
-// The newest checkpoint, of all projects or of the one of this name; throws Failure when there is none.
-Checkpoint latestCheckpoint(const AppStore &store, const QString &projectName)
+// The projects of this name; all without a name. Throws Failure when there is none.
+QSet<QUuid> projectsNamed(const AppStore &store, const QString &name)
 {
     QSet<QUuid> named;
     for (const Project &project : store.projects()) {
-        if (Text::equalNames(project.name, projectName))
+        if (name.isEmpty() || Text::equalNames(project.name, name))
             named.insert(project.id);
     }
-    if (!projectName.isEmpty() && named.isEmpty())
-        throw Failure("Command", 1, u"There is no project “%1”."_qs.arg(projectName));
+    if (!name.isEmpty() && named.isEmpty())
+        throw Failure("Command", 1, u"There is no project “%1”."_qs.arg(name));
+    return named;
+}
+
+// The newest checkpoint, of all projects or of those of this name; throws Failure when there is none.
+Checkpoint latestCheckpoint(const AppStore &store, const QString &projectName)
+{
+    const QSet<QUuid> projects = projectsNamed(store, projectName);
     const Checkpoint *newest = nullptr;
     for (const Checkpoint &checkpoint : store.checkpoints()) {
-        const bool isCandidate = projectName.isEmpty() || named.contains(checkpoint.projectID.value_or(QUuid()));
+        const bool isCandidate = projects.contains(checkpoint.projectID.value_or(QUuid()));
         if (isCandidate && (!newest || newest->createdAt < checkpoint.createdAt))
             newest = &checkpoint;
     }
-    if (!newest)
-        throw Failure("Command", 1,
-                      projectName.isEmpty() ? u"There is no checkpoint yet."_qs
-                                            : u"There is no checkpoint in “%1”."_qs.arg(projectName));
-    return *newest;
+    if (newest)
+        return *newest;
+    throw Failure("Command", 1,
+                  projectName.isEmpty() ? u"There is no checkpoint yet."_qs
+                                        : u"There is no checkpoint in “%1”."_qs.arg(projectName));
 }
 
 Checkpoint chosenCheckpoint(const QCommandLineParser &parsed, const AppStore &store)

@@ -11,7 +11,7 @@ namespace ardeno {
 class NotificationServer final : public QDBusVirtualObject {
 public:
     NotificationServer();
-    ~NotificationServer();
+    ~NotificationServer() override;
     NotificationServer(const NotificationServer &) = delete;
     NotificationServer &operator=(const NotificationServer &) = delete;
 

@@ -24,6 +24,8 @@ struct BrowserProcess {
     QStringList openFiles = {};
     bool isVisible = true; // False: the system does not show which files it has open.
     ProcessFacts facts = ProcessFacts(0);
+
+    bool operator==(const BrowserProcess &) const = default;
 };
 
 namespace BrowserProcesses {

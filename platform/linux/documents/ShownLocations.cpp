@@ -20,7 +20,7 @@ namespace ardeno {
 
 namespace {
 
-constexpr std::chrono::milliseconds longest(1000);
+constexpr std::chrono::milliseconds longestAnswer(1000);
 
 // The windows of several processes, taken one process at a time by several workers; what they have found is there
 // even when one of them never ends.
@@ -69,7 +69,7 @@ QCoro::Task<QList<WindowLocation>> findDocuments(QList<LiveWindow> windows)
     const auto work = [search] { return search->work(); };
     std::vector<QCoro::Task<bool>> workers;
     for (qsizetype i = 0; i < std::min(byProcess.size(), mostWorkers); ++i)
-        workers.push_back(SlowWork::withinDeadline(work, longest, SlowWork::Kind::Documents));
+        workers.push_back(SlowWork::withinDeadline(work, longestAnswer, SlowWork::Kind::Documents));
     for (QCoro::Task<bool> &worker : workers) {
         try {
             co_await worker;
@@ -84,7 +84,7 @@ QCoro::Task<QList<WindowLocation>> findFolders(QList<LiveWindow> windows)
 {
     const auto work = [windows] { return FileManagers::locations(windows); };
     try {
-        co_return co_await SlowWork::withinDeadline(work, longest, SlowWork::Kind::Folders);
+        co_return co_await SlowWork::withinDeadline(work, longestAnswer, SlowWork::Kind::Folders);
     } catch (const Failure &) {
         co_return {};
     }
@@ -140,7 +140,7 @@ QCoro::Task<QStringList> LinuxDocuments::held(QString applicationID, QStringList
         return found;
     };
     try {
-        co_return co_await SlowWork::withinDeadline(work, longest, SlowWork::Kind::Documents);
+        co_return co_await SlowWork::withinDeadline(work, longestAnswer, SlowWork::Kind::Documents);
     } catch (const Failure &) {
         co_return {};
     }

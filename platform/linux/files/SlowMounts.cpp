@@ -33,7 +33,7 @@ bool mayFail(const QByteArray &system, const QByteArray &point)
 }
 
 // The list writes blanks and the like as "\040".
-QByteArray unescaped(QByteArray text)
+QByteArray unescapedMount(QByteArray text)
 {
     constexpr qsizetype length = 4;
     constexpr int octal = 8;
@@ -85,7 +85,7 @@ SlowMounts::Mount SlowMounts::parsed(const QByteArray &line)
     constexpr qsizetype pointField = 4;
     const QByteArrayList fields = line.split(' ');
     const qsizetype separator = fields.indexOf("-");
-    const QByteArray point = unescaped(fields.value(pointField));
+    const QByteArray point = unescapedMount(fields.value(pointField));
     return {point, fields.value(0) + ' ' + fields.value(2) + ' ' + point, mayFail(fields.value(separator + 1), point)};
 }
 

@@ -61,7 +61,7 @@ OpenFiles OpenFiles::of(qint64 processID)
     const QMap<int, QByteArray> descriptors = process.descriptors().value_or(QMap<int, QByteArray>());
     for (auto descriptor = descriptors.begin(); descriptor != descriptors.end(); ++descriptor) {
         const QByteArray number = QByteArray::number(descriptor.key());
-        const QByteArray target = descriptor.value();
+        const QByteArray &target = descriptor.value();
         if (target == "anon_inode:inotify")
             readWatches(folder + "/fdinfo/" + number, &found);
         else if (target == "/dev/ptmx" || target == "/dev/pts/ptmx")

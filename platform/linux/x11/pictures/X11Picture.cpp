@@ -15,7 +15,7 @@ namespace ardeno {
 namespace {
 
 // How often a picture is begun anew because a window has come that nobody has judged yet.
-constexpr int mostAttempts = 5;
+constexpr int mostPictureAttempts = 5;
 
 // Counts the windows that go from now on.
 class DepartureCount final {
@@ -73,7 +73,7 @@ std::optional<Canvas> X11Picture::ofScreen(X11Redirection &redirection)
 std::optional<Canvas> X11Picture::screenIf(const IsClean &isClean, const Departures &departures,
                                            const X11Connection &connection, const X11Extensions &extensions)
 {
-    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+    for (int attempt = 0; attempt < mostPictureAttempts; ++attempt) {
         const quint64 before = departures();
         const QList<TopLevel> windows = topLevels(connection);
         choose(connection, windows, before);
@@ -108,7 +108,7 @@ bool X11Picture::knowsAll(const QList<TopLevel> &windows, quint64 departures) co
 Canvas X11Picture::ofWindows(X11Redirection &redirection)
 {
     const X11Connection &connection = redirection.connection();
-    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+    for (int attempt = 0; attempt < mostPictureAttempts; ++attempt) {
         if (!m_choice || attempt > 0) {
             m_revision = redirection.revision();
             const quint64 departures = redirection.departures();
