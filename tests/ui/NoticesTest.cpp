@@ -31,13 +31,13 @@ struct Notices : WindowFixture {
     // Whether the notice is gone after several times what it waits.
     bool leaves()
     {
-        QTest::qWait(200);
+        QTest::qWait(900);
         return !store().notice();
     }
 
     void announce()
     {
-        strip()->setPatience(std::chrono::milliseconds(20));
+        strip()->setPatience(std::chrono::milliseconds(300)); // Longer than anything between two lines here takes.
         store().confirm("Something was done.");
         settle();
     }
