@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/EndSignals.h"
 
+#include "support/Failure.h"
+
 #include <QSocketNotifier>
 
 #include <atomic>
+#include <cerrno>
 #include <csignal>
 
-#include <sys/eventfd.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace ardeno {
@@ -18,16 +21,32 @@ constexpr int endSignals[] = {SIGTERM, SIGINT, SIGHUP};
 // What a signal handler may touch.
 std::atomic<int> caughtSignal = 0;
 std::atomic<bool> endsNext = false;
-int wake = -1; // An eventfd.
+int wakeUp[2] = {-1, -1}; // A pipe, from its end to read to its end to write.
 
 void note(int number)
 {
     caughtSignal = number;
-    const eventfd_t one = 1;
-    [[maybe_unused]] const ssize_t written = ::write(wake, &one, sizeof one);
+    [[maybe_unused]] const ssize_t written = ::write(wakeUp[1], "", 1);
     for (const int other : endSignals) {
         if (endsNext)
             std::signal(other, SIG_DFL);
+    }
+}
+
+void openPipe()
+{
+    if (::pipe(wakeUp) != 0)
+        throw Failure::system(errno);
+    for (const int end : wakeUp) {
+        ::fcntl(end, F_SETFD, FD_CLOEXEC);
+        ::fcntl(end, F_SETFL, O_NONBLOCK);
+    }
+}
+
+void emptyPipe()
+{
+    char bytes[16];
+    while (::read(wakeUp[0], bytes, sizeof bytes) == sizeof bytes) {
     }
 }
 
@@ -40,11 +59,10 @@ struct EndSignals::Former {
 
 EndSignals::EndSignals(Again again, std::function<void()> handler)
 {
-    wake = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-    auto *notifier = new QSocketNotifier(wake, QSocketNotifier::Read, this);
+    openPipe();
+    auto *notifier = new QSocketNotifier(wakeUp[0], QSocketNotifier::Read, this);
     QObject::connect(notifier, &QSocketNotifier::activated, this, [handler = std::move(handler)] {
-        eventfd_t count = 0;
-        eventfd_read(wake, &count);
+        emptyPipe();
         if (handler)
             handler();
     });
@@ -63,7 +81,8 @@ EndSignals::~EndSignals()
 {
     for (const Former &former : m_former)
         ::sigaction(former.number, &former.action, nullptr);
-    ::close(wake);
+    for (const int end : wakeUp)
+        ::close(end);
 }
 
 int EndSignals::caught()

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "model/Json.h"
 #include "support/VisibleText.h"
+#include "json/Json.h"
 
 #include <QByteArray>
 #include <QString>

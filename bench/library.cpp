@@ -3,8 +3,8 @@
 #include "bench/libraryPeer.h"
 #include "bench/librarySamples.h"
 #include "model/CheckpointRepository.h"
-#include "model/Json.h"
 #include "support/FileDescriptor.h"
+#include "json/Json.h"
 
 #include <QFile>
 #include <QTemporaryDir>

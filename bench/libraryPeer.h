@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "model/Field.h"
 #include "support/Date.h"
+#include "json/Field.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/OpenedPages.h"
 
-#include "model/Json.h"
 #include "support/AtomicFile.h"
 #include "support/Failure.h"
 #include "support/OwnFile.h"
+#include "json/Json.h"
 
 #include <QCryptographicHash>
 #include <QFileInfo>

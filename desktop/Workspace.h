@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/Capability.h"
-#include "model/Field.h"
+#include "json/Field.h"
 
 #include <QList>
 #include <QSet>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/EncodedCheckpoints.h"
 
-#include "model/SameRecord.h"
+#include "json/SameRecord.h"
 
 #include <QHash>
 

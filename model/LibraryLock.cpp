@@ -6,7 +6,9 @@
 #include "support/Failure.h"
 #include "support/OwnFile.h"
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -14,6 +16,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <thread>
 
 namespace ardeno {
@@ -73,11 +76,9 @@ bool isInPlace(const FileDescriptor &file, const LibraryLock::Request &request)
            opened.st_ino == named.st_ino;
 }
 
-// The name of a running process, empty when there is none of that number.
-QString processName(qint64 process)
+bool isRunning(qint64 process)
 {
-    QFile file(u"/proc/%1/comm"_qs.arg(process));
-    return file.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(file.readAll()).trimmed() : QString();
+    return process > 0 && (::kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM);
 }
 
 void writeHolder(const FileDescriptor &file, LibraryLock::Kind kind)
@@ -87,8 +88,22 @@ void writeHolder(const FileDescriptor &file, LibraryLock::Kind kind)
     if (::fstat(file.number(), &status) != 0 || status.st_nlink != 1 || ::ftruncate(file.number(), 0) != 0)
         return;
     const char *word = kind == LibraryLock::Kind::Application ? applicationWord : commandWord;
-    const QByteArray text = QByteArray::number(qint64{::getpid()}) + ' ' + word + '\n';
+    const QByteArray program = QFile::encodeName(QFileInfo(QCoreApplication::applicationFilePath()).fileName());
+    const QByteArray text = QByteArray::number(qint64{::getpid()}) + ' ' + program + ' ' + word + '\n';
     uninterrupted([&] { return ::pwrite(file.number(), text.constData(), static_cast<size_t>(text.size()), 0); });
+}
+
+// "4711 ardeno-window application"; earlier versions wrote no program.
+std::optional<LibraryLock::Holder> holderIn(const QByteArray &text)
+{
+    QList<QByteArray> words = text.simplified().split(' ');
+    LibraryLock::Holder holder{.process = words.takeFirst().toLongLong()};
+    if (!isRunning(holder.process) || words.isEmpty())
+        return std::nullopt;
+    const bool isApplication = words.takeLast() == applicationWord;
+    holder.kind = isApplication ? LibraryLock::Kind::Application : LibraryLock::Kind::Command;
+    holder.name = words.isEmpty() ? QString("ardeno") : QFile::decodeName(words.join(' '));
+    return holder;
 }
 
 Failure inUse(const std::optional<LibraryLock::Holder> &holder)
@@ -154,15 +169,9 @@ std::optional<LibraryLock::Holder> LibraryLock::holder(const QString &root, cons
     // Whoever held it last left the name there. The shared lock is given back at once, with the descriptor.
     if (::flock(file.number(), LOCK_SH | LOCK_NB) == 0)
         return std::nullopt;
-    char bytes[64];
+    char bytes[512];
     const ssize_t length = uninterrupted([&] { return ::pread(file.number(), bytes, sizeof bytes, 0); });
-    const QList<QByteArray> words = QByteArray(bytes, std::max<ssize_t>(length, 0)).simplified().split(' ');
-    Holder holder{.process = words.first().toLongLong()};
-    holder.name = processName(holder.process);
-    holder.kind = words.last() == applicationWord ? Kind::Application : Kind::Command;
-    if (holder.process <= 0 || holder.name.isEmpty())
-        return std::nullopt;
-    return holder;
+    return holderIn(QByteArray(bytes, std::max<ssize_t>(length, 0)));
 }
 
 LibraryLock::~LibraryLock() = default;

@@ -23,7 +23,7 @@ public:
 
     struct Holder {
         qint64 process = 0;
-        QString name = {}; // Of the program, as the system knows it.
+        QString name = {}; // Of the program's file.
         Kind kind = Kind::Command;
     };
 

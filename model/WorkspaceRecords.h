@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "model/Field.h"
 #include "support/Date.h"
 #include "support/WebAddress.h"
+#include "json/Field.h"
 
 #include <QList>
 #include <QString>

@@ -8,6 +8,7 @@
 #include "platform/linux/browsers/SessionTabs.h"
 #include "platform/linux/documents/ShownLocations.h"
 #include "platform/linux/files/LinuxFiles.h"
+#include "platform/linux/running/ProcessEnd.h"
 #include "platform/linux/x11/keys/X11HotKeys.h"
 #include "platform/linux/x11/pictures/X11ScreenAccess.h"
 #include "platform/linux/x11/pictures/X11ScreenCapture.h"
@@ -95,6 +96,11 @@ Desktop makeDesktop()
 bool isDisplayReachable()
 {
     return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || X11Connection::isReachable(qgetenv("DISPLAY"));
+}
+
+bool waitForProcessEnd(qint64 process, std::chrono::milliseconds patience)
+{
+    return ProcessEnd::waitFor(process, patience);
 }
 
 QString applicationsFolder()

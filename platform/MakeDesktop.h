@@ -3,6 +3,8 @@
 
 #include "desktop/Desktop.h"
 
+#include <chrono>
+
 namespace ardeno {
 
 // The desktop of this session, chosen from the environment: X11, or the null desktop with the reason why there is
@@ -11,6 +13,9 @@ Desktop makeDesktop();
 
 // Whether a program with windows can start here.
 bool isDisplayReachable();
+
+// Returns when that process has gone; false when it is still there after this time.
+bool waitForProcessEnd(qint64 process, std::chrono::milliseconds patience);
 
 // Where applications belong on this system; empty where that is anywhere.
 QString applicationsFolder();

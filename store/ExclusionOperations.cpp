@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/WorkspaceCapture.h"
-#include "model/Json.h"
 #include "store/AppStore.h"
 #include "store/PreferenceKeys.h"
 #include "store/Subjects.h"
 #include "support/Text.h"
+#include "json/Json.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/ExclusionsFile.h"
 
-#include "model/Json.h"
 #include "support/Failure.h"
 #include "support/OwnFile.h"
+#include "json/Json.h"
 
 #include <QDateTime>
 #include <QFile>

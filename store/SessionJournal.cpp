@@ -3,11 +3,11 @@
 
 #include "media/VideoFile.h"
 #include "model/CheckpointRepository.h"
-#include "model/Json.h"
 #include "store/MediaFolders.h"
 #include "support/AtomicFile.h"
 #include "support/Failure.h"
 #include "support/OwnFile.h"
+#include "json/Json.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/Json.h"
 #include "store/AppStore.h"
 #include "store/PreferenceKeys.h"
+#include "json/Json.h"
 
 #include <algorithm>
 #include <chrono>

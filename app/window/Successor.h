@@ -4,7 +4,6 @@
 #include <QCoroTask>
 #include <QStringList>
 
-#include <chrono>
 #include <optional>
 
 // One process of the application takes the place of another: it is started with the identifier of the process that
@@ -16,8 +15,5 @@ QCoro::Task<qint64> start();
 
 // The process whose place this one takes, from the arguments it was started with.
 std::optional<qint64> predecessor(const QStringList &arguments);
-
-// Returns when that process has gone; false when it is still there after this time.
-bool waitForEnd(qint64 process, std::chrono::milliseconds patience = std::chrono::seconds(20));
 
 } // namespace ardeno::Successor

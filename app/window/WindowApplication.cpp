@@ -3,9 +3,9 @@
 
 #include "app/Output.h"
 #include "app/window/Successor.h"
-#include "network/UpdateFetch.h"
 #include "platform/MakeDesktop.h"
 #include "services/Endpoints.h"
+#include "services/network/UpdateFetch.h"
 #include "store/PreferenceKeys.h"
 #include "store/macos/ApplicationsFolder.h"
 #include "support/InWorker.h"

@@ -5,6 +5,7 @@
 #include "app/WriteSignals.h"
 #include "app/window/Successor.h"
 #include "app/window/WindowApplication.h"
+#include "platform/MakeDesktop.h"
 #include "ui/theme/AppStyle.h"
 #include "words/Words.h"
 
@@ -60,7 +61,7 @@ int main(int argc, char **argv)
     QApplication::setDesktopFileName("org.ardeno.Ardeno");
     QApplication::setQuitOnLastWindowClosed(false);
     if (const auto predecessor = Successor::predecessor(QApplication::arguments()))
-        Successor::waitForEnd(*predecessor);
+        waitForProcessEnd(*predecessor, std::chrono::seconds(20));
     const Words words(Words::Language::OfUser);
     return run(QApplication::arguments().contains("--background"));
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/CaptureExclusions.h"
 
-#include "model/Json.h"
 #include "support/Failure.h"
 #include "tests/Printing.h"
+#include "json/Json.h"
 
 using namespace ardeno;
 

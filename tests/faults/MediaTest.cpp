@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/PngWriter.h"
-#include "model/Json.h"
 #include "support/Finish.h"
 #include "tests/faults/Faults.h"
 #include "tests/store/StoreFixture.h"
 #include "tests/support/Children.h"
+#include "json/Json.h"
 
 #include <sys/mman.h>
 

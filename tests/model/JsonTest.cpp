@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/Json.h"
+#include "json/Json.h"
 
-#include "model/SameRecord.h"
 #include "model/WorkspaceRecords.h"
 #include "support/Failure.h"
 #include "tests/Printing.h"
+#include "json/SameRecord.h"
 
 #include <QJsonDocument>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/Json.h"
 #include "support/Failure.h"
 #include "tests/model/RepositoryFixture.h"
 #include "tests/support/Children.h"
+#include "json/Json.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/Json.h"
 #include "model/WorkspaceRecords.h"
 #include "tests/resume/ResumeFixture.h"
+#include "json/Json.h"
 
 #include <QThread>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/PngWriter.h"
-#include "model/Json.h"
 #include "support/Finish.h"
 #include "tests/store/StoreFixture.h"
+#include "json/Json.h"
 
 #include <sys/stat.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/Json.h"
 #include "support/Finish.h"
 #include "tests/store/StoreFixture.h"
+#include "json/Json.h"
 
 #include <QStandardPaths>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/browsers/FirefoxSession.h"
 
-#include "model/JsonText.h"
 #include "platform/linux/browsers/MozLz4.h"
 #include "platform/linux/browsers/SessionFile.h"
+#include "json/JsonText.h"
 
 #include <simdjson.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "model/JsonReader.h"
+#include "json/JsonReader.h"
 
 #include <QByteArrayView>
 

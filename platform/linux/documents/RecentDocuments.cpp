@@ -3,9 +3,9 @@
 
 #include "platform/linux/files/PathText.h"
 
-#include <QDir>
 #include <QFile>
 #include <QStandardPaths>
+#include <QXmlStreamReader>
 
 #include <algorithm>
 
@@ -13,65 +13,42 @@ namespace ardeno {
 
 namespace {
 
-// The value of an attribute in the text of one element; empty when it has none.
-QByteArray attribute(const QByteArray &element, const QByteArray &name)
+QDateTime lastOf(const QXmlStreamAttributes &attributes, std::initializer_list<const char *> names)
 {
-    const qsizetype start = element.indexOf(' ' + name + "=\"");
-    if (start < 0)
-        return {};
-    const qsizetype begin = start + name.size() + 3;
-    QByteArray value = element.mid(begin, element.indexOf('"', begin) - begin);
-    return value.replace("&apos;", "'")
-        .replace("&quot;", "\"")
-        .replace("&lt;", "<")
-        .replace("&gt;", ">")
-        .replace("&amp;", "&");
-}
-
-QDateTime time(const QByteArray &element, const QByteArray &name)
-{
-    constexpr qsizetype toSeconds = 19; // The fraction has more digits than a date takes.
-    return QDateTime::fromString(QString::fromLatin1(attribute(element, name).left(toSeconds)) + 'Z', Qt::ISODate);
+    QDateTime last;
+    for (const char *name : names)
+        last = std::max(last, QDateTime::fromString(attributes.value(name).toString(), Qt::ISODateWithMs));
+    return last;
 }
 
 // "'evince %u'" → "evince".
-QString program(const QByteArray &command)
+QString program(QStringView command)
 {
-    QByteArray words = command.trimmed();
-    if (words.startsWith('\''))
-        words.remove(0, 1);
-    const QByteArray first = words.left(words.indexOf(' '));
-    return QString::fromUtf8(first.mid(first.lastIndexOf('/') + 1)).remove('\'');
-}
-
-QStringList applications(const QByteArray &bookmark)
-{
-    static const QByteArray mark("<bookmark:application ");
-    QStringList names;
-    for (qsizetype at = bookmark.indexOf(mark); at >= 0; at = bookmark.indexOf(mark, at + 1)) {
-        const QByteArray element = bookmark.mid(at, bookmark.indexOf('>', at) - at);
-        names.append(QString::fromUtf8(attribute(element, "name")));
-        names.append(program(attribute(element, "exec")));
-    }
-    return names;
+    const QStringView words = command.trimmed().mid(command.trimmed().startsWith('\'') ? 1 : 0);
+    const QStringView first = words.left(words.indexOf(' '));
+    return first.mid(first.lastIndexOf('/') + 1).toString().remove('\'');
 }
 
 } // namespace
 
 QList<RecentDocument> RecentDocuments::parsed(const QByteArray &text)
 {
-    static const QByteArray mark("<bookmark ");
     QList<RecentDocument> documents;
-    for (qsizetype at = text.indexOf(mark); at >= 0;) {
-        const qsizetype next = text.indexOf(mark, at + 1);
-        const QByteArray bookmark = text.mid(at, next < 0 ? -1 : next - at);
-        const QByteArray element = bookmark.left(bookmark.indexOf('>'));
-        if (const auto path = PathText::fromAddress(attribute(element, "href"))) {
-            const QDateTime lastUsed =
-                std::max({time(element, "added"), time(element, "modified"), time(element, "visited")});
-            documents.append({*path, lastUsed, applications(bookmark)});
+    RecentDocument current; // Without a path outside of a bookmark that names a file.
+    QXmlStreamReader reader(text);
+    reader.setNamespaceProcessing(false);
+    while (!reader.atEnd()) {
+        const auto token = reader.readNext();
+        const QXmlStreamAttributes attributes = reader.attributes();
+        if (token == QXmlStreamReader::StartElement && reader.qualifiedName() == u"bookmark") {
+            current = {.path = PathText::fromAddress(attributes.value("href").toUtf8()).value_or(QString()),
+                       .lastUsed = lastOf(attributes, {"added", "modified", "visited"})};
+        } else if (token == QXmlStreamReader::StartElement && reader.qualifiedName() == u"bookmark:application") {
+            current.applications += {attributes.value("name").toString(), program(attributes.value("exec"))};
+        } else if (token == QXmlStreamReader::EndElement && reader.qualifiedName() == u"bookmark" &&
+                   !current.path.isEmpty()) {
+            documents.append(current);
         }
-        at = next;
     }
     return documents;
 }

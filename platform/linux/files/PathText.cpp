@@ -7,37 +7,20 @@
 #include <QStringDecoder>
 #include <QSysInfo>
 
+#include <glib.h>
+
+#include <algorithm>
+#include <memory>
+
 namespace ardeno {
 
 namespace {
 
-int hexadecimal(char digit)
-{
-    if (digit >= '0' && digit <= '9')
-        return digit - '0';
-    const char lower = static_cast<char>(digit | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
+struct FreeText {
+    void operator()(char *text) const { g_free(text); }
+};
 
-// Absent when an escape is broken or stands for a zero byte.
-std::optional<QByteArray> unescaped(const QByteArray &text)
-{
-    QByteArray bytes;
-    bytes.reserve(text.size());
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i] != '%') {
-            bytes.append(text[i]);
-            continue;
-        }
-        const int high = i + 2 < text.size() ? hexadecimal(text[i + 1]) : -1;
-        const int low = i + 2 < text.size() ? hexadecimal(text[i + 2]) : -1;
-        if (high < 0 || low < 0 || high + low == 0)
-            return std::nullopt;
-        bytes.append(static_cast<char>(high * 16 + low));
-        i += 2;
-    }
-    return bytes;
-}
+using OwnedText = std::unique_ptr<char, FreeText>;
 
 } // namespace
 
@@ -52,21 +35,17 @@ std::optional<QString> PathText::fromBytes(const QByteArray &path)
 
 std::optional<QString> PathText::fromAddress(const QByteArray &address)
 {
-    constexpr qsizetype schemeLength = 7;
-    if (address.size() <= schemeLength || qstrnicmp(address.constData(), "file://", schemeLength) != 0)
+    if (!address.toLower().startsWith("file://"))
         return std::nullopt;
-    const qsizetype slash = address.indexOf('/', schemeLength);
-    const QByteArray host = address.mid(schemeLength, slash - schemeLength);
-    if (slash < 0 || !(host.isEmpty() || host == "localhost" || host == QSysInfo::machineHostName().toUtf8()))
+    // What follows one of these is no part of the file's name: there they are escaped.
+    const auto end = std::find_if(address.begin(), address.end(), [](char each) { return each == '#' || each == '?'; });
+    const QByteArray file = address.first(end - address.begin());
+    char *host = nullptr;
+    const OwnedText path(g_filename_from_uri(file.constData(), &host, nullptr));
+    const QByteArray hostName = OwnedText(host).get();
+    if (!path || !(hostName.isEmpty() || hostName == "localhost" || hostName == QSysInfo::machineHostName().toUtf8()))
         return std::nullopt;
-    QByteArray path = address.mid(slash);
-    // What follows is no part of the file's name: there these characters are escaped.
-    for (const char end : {'#', '?'}) {
-        if (const qsizetype position = path.indexOf(end); position >= 0)
-            path.truncate(position);
-    }
-    const auto bytes = unescaped(path);
-    return bytes ? fromBytes(*bytes) : std::nullopt;
+    return fromBytes(path.get());
 }
 
 bool PathText::isFile(const QString &path)

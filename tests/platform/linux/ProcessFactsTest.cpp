@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/running/ProcessFacts.h"
 
+#include "platform/linux/running/ProcessEnd.h"
 #include "tests/Printing.h"
 
 #include <doctest/doctest.h>
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QProcess>
 
 #include <unistd.h>
+
+#include <chrono>
 
 using namespace ardeno;
 
@@ -50,4 +54,18 @@ TEST_CASE("a process's program and arguments are read, those of a process that h
     CHECK(gone.arguments().isEmpty());
     CHECK(gone.launchedDesktopFileID().isEmpty());
     CHECK(gone.scopeApplicationID().isEmpty());
+}
+
+TEST_CASE("the end of a process is waited for, and not for ever")
+{
+    using namespace std::chrono_literals;
+    QProcess program;
+    program.start("sleep", {"1000"});
+    REQUIRE(program.waitForStarted());
+    const qint64 process = program.processId();
+    CHECK_FALSE(ProcessEnd::waitFor(process, 50ms));
+    program.terminate();
+    CHECK(ProcessEnd::waitFor(process, 20s));
+    program.waitForFinished();
+    CHECK(ProcessEnd::waitFor(process, 0ms)); // It has gone.
 }

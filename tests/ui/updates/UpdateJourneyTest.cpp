@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "network/UpdateFetch.h"
-#include "tests/network/ManifestServer.h"
+#include "services/network/UpdateFetch.h"
+#include "tests/services/network/ManifestServer.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/settings/SettingsScreens.h"
 

@@ -5,6 +5,10 @@
 
 #include <QList>
 
+#include <xcb/xcb_keysyms.h>
+
+#include <memory>
+
 namespace ardeno {
 
 // Which keys and modifiers stand for what, as the keyboard is laid out now.
@@ -20,11 +24,12 @@ public:
     QList<quint16> lockCombinations() const;
 
 private:
-    xcb_keycode_t m_firstKey;
-    int m_symbolsPerKey = 0;
-    QList<xcb_keysym_t> m_symbols = {};
-    int m_keysPerModifier = 0;
-    QList<xcb_keycode_t> m_modifiers = {};
+    struct FreeSymbols {
+        void operator()(xcb_key_symbols_t *symbols) const { xcb_key_symbols_free(symbols); }
+    };
+
+    std::unique_ptr<xcb_key_symbols_t, FreeSymbols> m_symbols;
+    X11Reply<xcb_get_modifier_mapping_reply_t> m_modifiers;
 };
 
 } // namespace ardeno

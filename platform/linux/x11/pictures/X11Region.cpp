@@ -1,94 +1,77 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/x11/pictures/X11Region.h"
 
-#include <algorithm>
+#include <new>
 
 namespace ardeno {
 
 namespace {
 
-// Appends what is left of the rectangle without the hole: at most one piece on each side.
-void appendWithout(const QRect &rectangle, const QRect &hole, QList<QRect> &pieces)
+void require(pixman_bool_t isDone)
 {
-    const QRect common = rectangle.intersected(hole);
-    const int above = common.y() - rectangle.y();
-    const int below = rectangle.bottom() - common.bottom();
-    const int before = common.x() - rectangle.x();
-    const int after = rectangle.right() - common.right();
-    if (above > 0)
-        pieces.append(QRect(rectangle.x(), rectangle.y(), rectangle.width(), above));
-    if (before > 0)
-        pieces.append(QRect(rectangle.x(), common.y(), before, common.height()));
-    if (after > 0)
-        pieces.append(QRect(common.right() + 1, common.y(), after, common.height()));
-    if (below > 0)
-        pieces.append(QRect(rectangle.x(), common.bottom() + 1, rectangle.width(), below));
+    if (!isDone)
+        throw std::bad_alloc();
+}
+
+QRect toRectangle(const pixman_box32_t &box)
+{
+    return {box.x1, box.y1, box.x2 - box.x1, box.y2 - box.y1};
 }
 
 } // namespace
 
+X11Region &X11Region::operator=(const X11Region &other)
+{
+    require(pixman_region32_copy(&m_region, &other.m_region));
+    return *this;
+}
+
 void X11Region::add(const QRect &rectangle)
 {
-    if (rectangle.isEmpty())
-        return;
-    X11Region added;
-    added.m_rectangles.append(rectangle);
-    for (const QRect &present : std::as_const(m_rectangles))
-        added.subtract(present);
-    m_rectangles += added.m_rectangles;
+    if (!rectangle.isEmpty())
+        require(pixman_region32_union_rect(&m_region, &m_region, rectangle.x(), rectangle.y(),
+                                           static_cast<unsigned>(rectangle.width()),
+                                           static_cast<unsigned>(rectangle.height())));
 }
 
 void X11Region::add(const X11Region &other)
 {
-    for (const QRect &rectangle : other.m_rectangles)
-        add(rectangle);
-}
-
-void X11Region::subtract(const QRect &rectangle)
-{
-    const auto touches = [&](const QRect &present) { return present.intersects(rectangle); };
-    if (std::none_of(m_rectangles.cbegin(), m_rectangles.cend(), touches))
-        return;
-    QList<QRect> left;
-    for (const QRect &present : std::as_const(m_rectangles)) {
-        if (touches(present))
-            appendWithout(present, rectangle, left);
-        else
-            left.append(present);
-    }
-    m_rectangles = left;
+    require(pixman_region32_union(&m_region, &m_region, &other.m_region));
 }
 
 void X11Region::subtract(const X11Region &other)
 {
-    for (const QRect &rectangle : other.m_rectangles)
-        subtract(rectangle);
-}
-
-X11Region X11Region::intersected(const QRect &rectangle) const
-{
-    X11Region common;
-    for (const QRect &present : m_rectangles) {
-        if (present.intersects(rectangle))
-            common.m_rectangles.append(present.intersected(rectangle));
-    }
-    return common;
+    require(pixman_region32_subtract(&m_region, &m_region, &other.m_region));
 }
 
 X11Region X11Region::intersected(const X11Region &other) const
 {
     X11Region common;
-    for (const QRect &rectangle : other.m_rectangles)
-        common.m_rectangles += intersected(rectangle).m_rectangles;
+    require(pixman_region32_intersect(&common.m_region, &m_region, &other.m_region));
     return common;
 }
 
 X11Region X11Region::translated(const QPoint &offset) const
 {
     X11Region moved = *this;
-    for (QRect &rectangle : moved.m_rectangles)
-        rectangle.translate(offset);
+    pixman_region32_translate(&moved.m_region, offset.x(), offset.y());
     return moved;
+}
+
+QRect X11Region::boundingRectangle() const
+{
+    return toRectangle(*pixman_region32_extents(&m_region));
+}
+
+QList<QRect> X11Region::rectangles() const
+{
+    int count = 0;
+    const pixman_box32_t *const boxes = pixman_region32_rectangles(&m_region, &count);
+    QList<QRect> rectangles;
+    rectangles.reserve(count);
+    for (int i = 0; i < count; ++i)
+        rectangles.append(toRectangle(boxes[i]));
+    return rectangles;
 }
 
 } // namespace ardeno

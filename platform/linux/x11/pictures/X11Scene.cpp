@@ -10,14 +10,6 @@ namespace ardeno {
 
 namespace {
 
-QRect bounding(const X11Region &region)
-{
-    QRect all;
-    for (const QRect &rectangle : region.rectangles())
-        all = all.united(rectangle);
-    return all;
-}
-
 bool isTranslucent(const TopLevel &window, bool hasCompositor)
 {
     return window.depth == 32 && hasCompositor;
@@ -113,7 +105,7 @@ void X11Scene::drawLayer(const Layer &layer, const RenderPicture &picture, const
     if (visible.isEmpty())
         return;
     clip(m_connection, picture, visible.translated(offset));
-    const QRect drawn = bounding(visible);
+    const QRect drawn = visible.boundingRectangle();
     const QPoint source = drawn.topLeft() - layer.outer.topLeft();
     const QPoint target = drawn.topLeft() + offset;
     if (!layer.picture.isNull()) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/JsonReaderState.h"
+#include "json/JsonReaderState.h"
 
 #include "support/Failure.h"
 

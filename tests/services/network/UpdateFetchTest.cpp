@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "network/UpdateFetch.h"
+#include "services/network/UpdateFetch.h"
 #include "tests/Printing.h"
-#include "tests/network/ManifestServer.h"
+#include "tests/services/network/ManifestServer.h"
 
 #include <QCoreApplication>
 #include <QSslSocket>

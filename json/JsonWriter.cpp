@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/JsonWriter.h"
+#include "json/JsonWriter.h"
 
 #include <charconv>
 #include <cmath>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/PaddedBytes.h"
+#include "json/PaddedBytes.h"
 
 #include <simdjson.h>
 

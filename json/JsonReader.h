@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "model/Field.h"
-#include "model/PaddedBytes.h"
 #include "support/Date.h"
+#include "json/Field.h"
+#include "json/PaddedBytes.h"
 
 #include <QByteArrayView>
 #include <QList>
@@ -178,20 +178,29 @@ void read(Reader &reader, Verbatim<T> &value);
 template <JsonRecord R>
 void read(Reader &reader, R &record);
 
+template <typename T>
+inline constexpr bool isOptional = false;
+template <typename T>
+inline constexpr bool isOptional<std::optional<T>> = true;
+
+template <JsonRecord R, size_t index>
+void readField(Reader &reader, void *record)
+{
+    read(reader, static_cast<R *>(record)->*std::get<index>(R::fields()).member);
+}
+
 template <JsonRecord R, size_t index>
 constexpr FieldReader fieldReader()
 {
     constexpr auto field = std::get<index>(R::fields());
     using Value = std::remove_cvref_t<decltype(std::declval<R &>().*field.member)>;
-    return {.name = field.name,
-            .nameLength = static_cast<qsizetype>(std::char_traits<char>::length(field.name)),
-            .isRequired = !requires(Value value){value.has_value();
-}
-
-, .need = Need<Value>::text, .read = [](Reader &reader, void *record) {
-    read(reader, static_cast<R *>(record)->*std::get<index>(R::fields()).member);
-},
-}; // namespace ardeno::json
+    return {
+        .name = field.name,
+        .nameLength = static_cast<qsizetype>(std::char_traits<char>::length(field.name)),
+        .isRequired = !isOptional<Value>,
+        .need = Need<Value>::text,
+        .read = readField<R, index>,
+    };
 }
 
 template <JsonRecord R>

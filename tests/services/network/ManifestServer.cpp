@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/network/ManifestServer.h"
+#include "tests/services/network/ManifestServer.h"
 
 #include <QFile>
 #include <QHostAddress>

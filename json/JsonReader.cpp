@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/JsonReader.h"
+#include "json/JsonReader.h"
 
-#include "model/JsonReaderState.h"
 #include "support/Failure.h"
+#include "json/JsonReaderState.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/JsonText.h"
+#include "json/JsonText.h"
 
-#include "model/PlainText.h"
+#include "json/PlainText.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/TextPool.h"
+#include "json/TextPool.h"
 
-#include "model/PlainText.h"
+#include "json/PlainText.h"
 
 #include <cstring>
 #include <utility>

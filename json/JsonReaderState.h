@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "model/JsonReader.h"
-#include "model/JsonText.h"
-#include "model/TextPool.h"
+#include "json/JsonReader.h"
+#include "json/JsonText.h"
+#include "json/TextPool.h"
 
 #include <QVarLengthArray>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "network/UpdateFetch.h"
+#include "services/network/UpdateFetch.h"
 
 #include <QCoroSignal>
 #include <QNetworkAccessManager>

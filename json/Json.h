@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "model/JsonReader.h"
-#include "model/JsonWriter.h"
+#include "json/JsonReader.h"
+#include "json/JsonWriter.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
