@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/app/Program.h"
 #include "tests/desktop/Desktop.h"
+#include "tests/desktop/DesktopFile.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QImage>
 #include <QJsonArray>
-#include <QThread>
 
 #include <csignal>
 #include <sys/file.h>
@@ -15,32 +14,14 @@ using namespace ardeno;
 
 namespace {
 
-// A terminal whose window is on screen.
+// A terminal whose window is listed by the window manager, as commands see windows.
 struct Terminal {
-    QProcess process;
+    desktop_test::Application process;
 
     explicit Terminal(const QString &title, const QStringList &options = {})
+        : process("xterm", options + QStringList{"-geometry", "60x20+200+150", "-T", title, "-e", "sleep 300"})
     {
-        process.start("xterm", options + QStringList{"-geometry", "60x20+200+150", "-T", title, "-e", "sleep 300"});
-        REQUIRE(process.waitForStarted());
-        const QDeadlineTimer deadline(20'000);
-        while (!isListed(title) && !deadline.hasExpired())
-            QThread::msleep(20);
-        REQUIRE(isListed(title));
-    }
-
-    ~Terminal()
-    {
-        process.kill();
-        process.waitForFinished();
-    }
-
-    static bool isListed(const QString &title)
-    {
-        QProcess list;
-        list.start("wmctrl", {"-l"});
-        list.waitForFinished();
-        return QString::fromUtf8(list.readAllStandardOutput()).contains(title);
+        REQUIRE(desktop_test::eventually([&] { return desktop_test::outputOf("wmctrl", {"-l"}).contains(title); }));
     }
 };
 
@@ -141,10 +122,7 @@ TEST_CASE_FIXTURE(ProgramFixture,
     QFile::remove(applications + "copy.desktop");
     for (const QByteArray line : {"NoDisplay=true", "Hidden=true"}) {
         CAPTURE(line);
-        QFile file(applications + "debian-xterm.desktop");
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write("[Desktop Entry]\nType=Application\nName=XTerm\nExec=xterm\n" + line + '\n');
-        file.close();
+        desktop_test::writeDesktopFile(applications, "debian-xterm", "Name=XTerm\nExec=xterm\n" + line);
         CHECK(pixels() == std::pair(0, false));
     }
     environment.insert("XDG_DATA_DIRS", home.filePath("nowhere"));

@@ -4,6 +4,7 @@
 #include "tests/Printing.h"
 
 #include <QDir>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
@@ -72,6 +73,15 @@ struct ProgramFixture {
     {
         QFile file(libraryPath());
         return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+    }
+
+    QJsonArray checkpoints() const { return library().value("checkpoints").toArray(); }
+
+    // The process that has the library, or had it last.
+    qint64 libraryHolder() const
+    {
+        QFile lock(root() + "/lock");
+        return lock.open(QIODevice::ReadOnly) ? lock.readAll().split(' ').first().toLongLong() : 0;
     }
 };
 

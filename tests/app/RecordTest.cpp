@@ -16,27 +16,22 @@ using desktop_test::Video;
 
 namespace {
 
-// The program with an application that serves its commands; whatever is left of it ends with the test.
-struct ApplicationFixture : ProgramFixture {
+// What a command started to record goes on without it; it ends with the test.
+struct RecordingFixture : ProgramFixture {
     // A terminal in which lines run past.
     Application terminal{"xterm",
                          {"-geometry", "100x40+200+150", "-T", "ablation run", "-e", "sh", "-c",
                           "while :; do date +%N; ls /usr/bin | head -n 20; sleep .1; done"}};
 
-    ApplicationFixture() { REQUIRE(terminal.waitForWindow("ablation run") != 0); }
+    RecordingFixture() { REQUIRE(terminal.waitForWindow("ablation run") != 0); }
 
-    ~ApplicationFixture()
+    ~RecordingFixture()
     {
         if (isRunning())
             ::kill(process(), SIGKILL);
     }
 
-    // The process that holds the library.
-    pid_t process() const
-    {
-        QFile lock(root() + "/lock");
-        return lock.open(QIODevice::ReadOnly) ? pid_t(lock.readAll().split(' ').first().toInt()) : 0;
-    }
+    pid_t process() const { return pid_t(libraryHolder()); }
 
     bool isRunning() const
     {
@@ -61,13 +56,11 @@ struct ApplicationFixture : ProgramFixture {
         CHECK(eventually([&] { return Video(path).frames() >= frames; }));
         return path;
     }
-
-    QJsonArray checkpoints() const { return library().value("checkpoints").toArray(); }
 };
 
 } // namespace
 
-TEST_CASE_FIXTURE(ApplicationFixture, "a work session is recorded while other commands go on, and stopping it saves it")
+TEST_CASE_FIXTURE(RecordingFixture, "a work session is recorded while other commands go on, and stopping it saves it")
 {
     const ProgramResult started = run({"record", "start", "--project", "Thesis", "--title", "Ablation"});
     CAPTURE(started.error);
@@ -98,7 +91,7 @@ TEST_CASE_FIXTURE(ApplicationFixture, "a work session is recorded while other co
     CHECK(run({"list"}).out.contains("Ablation"));
 }
 
-TEST_CASE_FIXTURE(ApplicationFixture,
+TEST_CASE_FIXTURE(RecordingFixture,
                   "a program killed in a session leaves a video that plays, and the next start saves it")
 {
     REQUIRE(run({"record", "start", "--project", "Thesis", "--title", "Ablation"}).status == 0);
@@ -119,7 +112,7 @@ TEST_CASE_FIXTURE(ApplicationFixture,
     CHECK(run({"list"}).error.isEmpty());
 }
 
-TEST_CASE_FIXTURE(ApplicationFixture, "an application that is told to end saves the session in progress first")
+TEST_CASE_FIXTURE(RecordingFixture, "an application that is told to end saves the session in progress first")
 {
     for (const int signal : {SIGTERM, SIGHUP}) {
         REQUIRE(run({"record", "start", "--project", "Thesis"}).status == 0);
@@ -131,7 +124,7 @@ TEST_CASE_FIXTURE(ApplicationFixture, "an application that is told to end saves 
         CHECK(Video(checkpoint.toObject().value("recording").toString()).problems() == "");
 }
 
-TEST_CASE_FIXTURE(ApplicationFixture, "the end of the session's bus is the end of the application, which saves first")
+TEST_CASE_FIXTURE(RecordingFixture, "the end of the session's bus is the end of the application, which saves first")
 {
     QProcess bus;
     const QString address = "unix:path=" + home.filePath("bus");
@@ -151,7 +144,7 @@ TEST_CASE_FIXTURE(ApplicationFixture, "the end of the session's bus is the end o
     CHECK(run({"save", "--project", "Thesis", "--no-tabs"}).status == 0); // Alone.
 }
 
-TEST_CASE_FIXTURE(ApplicationFixture, "a display that dies ends the application, and the next start saves the session")
+TEST_CASE_FIXTURE(RecordingFixture, "a display that dies ends the application, and the next start saves the session")
 {
     QProcess server;
     server.start("Xvfb", {"-displayfd", "1", "-noreset", "-nolisten", "tcp", "-screen", "0", "640x480x24"});
@@ -174,7 +167,7 @@ TEST_CASE_FIXTURE(ApplicationFixture, "a display that dies ends the application,
     CHECK(Video(path).frames() >= 2);
 }
 
-TEST_CASE_FIXTURE(ApplicationFixture, "one application serves all commands, and tells of itself on the bus")
+TEST_CASE_FIXTURE(RecordingFixture, "one application serves all commands, and tells of itself on the bus")
 {
     const auto application = start({"--background"});
     REQUIRE(eventually([this] { return isRunning(); }));

@@ -20,11 +20,7 @@ void ApplicationFixture::startApplication(const QStringList &arguments)
 {
     application = start(arguments);
     // The lock names the application before it serves; a command then waits for it.
-    REQUIRE(eventually([this] {
-        QFile lock(root() + "/lock");
-        return lock.open(QIODevice::ReadOnly) &&
-               lock.readAll().startsWith(QByteArray::number(application->processId()));
-    }));
+    REQUIRE(eventually([this] { return libraryHolder() == application->processId(); }));
     REQUIRE(run({"list"}).status == 0);
 }
 

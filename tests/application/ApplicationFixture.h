@@ -22,8 +22,6 @@ struct ApplicationFixture : ProgramFixture {
     // Ends it as the system does.
     ProgramResult terminate() const;
 
-    QJsonArray checkpoints() const { return library().value("checkpoints").toArray(); }
-
     // The number of a visible window of the application; empty when there is none.
     QString window(const QString &title) const;
     bool waitForWindow(const QString &title) const;

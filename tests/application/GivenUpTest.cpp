@@ -118,3 +118,36 @@ TEST_CASE_FIXTURE(ApplicationFixture, "a stranger who has the application's name
     holder.waitForFinished();
     bus.unregisterService("org.ardeno.Ardeno");
 }
+
+TEST_CASE_FIXTURE(ApplicationFixture, "calls on the bus that make no sense are refused and harm nothing")
+{
+    startApplication({"--background"});
+    REQUIRE(run(save).status == 0);
+    const Client client;
+    const auto answer = [&](const char *path, const char *interface, const char *method,
+                            const QVariantList &arguments) {
+        QDBusMessage call = QDBusMessage::createMethodCall("org.ardeno.Ardeno", path, interface, method);
+        call.setArguments(arguments);
+        return client.connection.call(call, QDBus::Block, 60'000);
+    };
+    constexpr auto ownPath = "/org/ardeno/Ardeno";
+    constexpr auto commandLine = "org.ardeno.Ardeno.CommandLine";
+    constexpr auto freedesktop = "org.freedesktop.Application";
+    for (const QVariantList &arguments :
+         {QVariantList{}, {"list"}, {7}, {QStringList{"list"}, "more"}, {QByteArray("list")}})
+        CHECK(answer(ownPath, commandLine, "Execute", arguments).errorName() ==
+              "org.freedesktop.DBus.Error.InvalidArgs");
+    CHECK(answer(ownPath, commandLine, "Erase", {}).type() == QDBusMessage::ErrorMessage);
+    CHECK(answer(ownPath, "org.ardeno.Else", "Execute", {QStringList{"list"}}).type() == QDBusMessage::ErrorMessage);
+    CHECK(answer("/", commandLine, "Execute", {QStringList{"list"}}).type() == QDBusMessage::ErrorMessage);
+    CHECK(answer(ownPath, freedesktop, "ActivateAction", {}).type() == QDBusMessage::ErrorMessage);
+    CHECK(answer(ownPath, freedesktop, "ActivateAction", {"no such", 1, 2}).type() == QDBusMessage::ErrorMessage);
+    // Words that are none of the command line's, and more of them than anybody types.
+    QStringList many;
+    for (int i = 0; i < 100'000; ++i)
+        many += "x";
+    for (const QStringList &words : {QStringList{}, QStringList{""}, QStringList{u"\u202e\n\u0007"_qs}, many})
+        CHECK(answer(ownPath, commandLine, "Execute", {words}).arguments().value(0) == 2);
+    CHECK(isRunning());
+    CHECK(checkpoints().size() == 1);
+}

@@ -62,9 +62,7 @@ TEST_CASE_FIXTURE(QuickSaveFixture, "a checkpoint is saved over another applicat
 TEST_CASE_FIXTURE(QuickSaveFixture, "the panel is opened by a command, once, and comes back with what was typed")
 {
     CHECK(run({"quick-save"}).status == 0); // Starts an application.
-    QFile lock(root() + "/lock");
-    REQUIRE(lock.open(QIODevice::ReadOnly));
-    const auto process = lock.readAll().split(' ').first().toInt();
+    const qint64 process = libraryHolder();
     REQUIRE(process > 0);
     const auto panels = [&] {
         return outputOf("xdotool", {"search", "--all", "--onlyvisible", "--pid", QString::number(process), "--name",

@@ -3,6 +3,7 @@
 
 #include "tests/app/Program.h"
 #include "tests/desktop/Desktop.h"
+#include "tests/desktop/DesktopFile.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -30,7 +31,7 @@ struct ResumeFixture : ProgramFixture {
 
     void install(const QString &id, const QString &lines) const
     {
-        write("data/applications/" + id + ".desktop", ("[Desktop Entry]\nType=Application\n" + lines + '\n').toUtf8());
+        desktop_test::writeDesktopFile(home.filePath("data/applications"), id, lines.toUtf8());
     }
 
     static void place(const QString &title, const QString &frame)

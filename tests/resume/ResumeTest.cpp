@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/desktop/PageServer.h"
 #include "tests/resume/ResumeFixture.h"
 
 using namespace ardeno;
@@ -14,7 +15,7 @@ constexpr auto minimalPdf = "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endob
 
 // A workspace of real applications and a browser with pages from this machine.
 struct WorkspaceFixture : ResumeFixture {
-    QProcess server;
+    std::optional<PageServer> server;
     QString site;
 
     WorkspaceFixture()
@@ -22,12 +23,6 @@ struct WorkspaceFixture : ResumeFixture {
         QDir().mkpath(home.filePath("pages"));
         install("chromium", "Name=Chromium\nExec=chromium " + chromiumFlags().join(' ') +
                                 " %U\nStartupWMClass=Chromium\nMimeType=x-scheme-handler/https;");
-    }
-
-    ~WorkspaceFixture()
-    {
-        server.terminate();
-        server.waitForFinished();
     }
 
     QStringList chromiumFlags() const
@@ -40,10 +35,8 @@ struct WorkspaceFixture : ResumeFixture {
     // Pages that close themselves once there is a file "close".
     void serve()
     {
-        server.start("/usr/bin/python3",
-                     {"-u", "-m", "http.server", "--bind", "127.0.0.1", "--directory", home.filePath("pages"), "0"});
-        REQUIRE(eventually([&] { return server.canReadLine(); }));
-        site = QString(server.readLine()).section('(', 1).section("/)", 0, 0);
+        server.emplace(home.filePath("pages"));
+        site = server->address();
     }
 
     QString page(const QString &name, bool closes) const

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/CheckpointRepository.h"
+#include "tests/desktop/DesktopFile.h"
 #include "tests/ui/RunningWindow.h"
 
 using namespace ardeno;
@@ -12,10 +13,7 @@ namespace {
 struct ProgramOnLibrary : RunningWindow {
     void install(const QString &id, const QString &lines) const
     {
-        QDir().mkpath(home.filePath("data/applications"));
-        QFile file(home.filePath("data/applications/" + id + ".desktop"));
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(("[Desktop Entry]\nType=Application\n" + lines + '\n').toUtf8());
+        desktop_test::writeDesktopFile(home.filePath("data/applications"), id, lines.toUtf8());
     }
 
     void write(const Checkpoint &checkpoint) const

@@ -8,6 +8,7 @@
 #include "platform/linux/x11/windows/X11Windows.h"
 #include "support/Finish.h"
 #include "tests/Printing.h"
+#include "tests/desktop/PageServer.h"
 
 #include <QFile>
 #include <QProcess>
@@ -26,18 +27,10 @@ namespace ardeno {
 struct BrowserFixture {
     QTemporaryDir folder;
     std::vector<std::unique_ptr<QProcess>> processes; // Those that do not end by themselves.
-    QString server;
+    desktop_test::PageServer server{folder.path()};
     std::shared_ptr<X11Connection> connection = std::make_shared<X11Connection>();
     LiveWindowList liveWindows = x11LiveWindows(connection, std::make_shared<DesktopEntries>());
     SessionTabs source{liveWindows};
-
-    BrowserFixture()
-    {
-        QProcess &python = run("/usr/bin/python3",
-                               {"-u", "-m", "http.server", "--bind", "127.0.0.1", "--directory", folder.path(), "0"});
-        REQUIRE(waitFor([&] { return python.canReadLine(); }));
-        server = QString(python.readLine()).section('(', 1).section("/)", 0, 0);
-    }
 
     // A browser that lives on would write into a folder that is being removed.
     ~BrowserFixture()
@@ -80,7 +73,7 @@ struct BrowserFixture {
         QFile file(folder.filePath(name));
         REQUIRE(file.open(QIODevice::WriteOnly));
         file.write(u"<!doctype html><meta charset=utf-8><title>%1</title>Page"_qs.arg(title.toHtmlEscaped()).toUtf8());
-        return server + '/' + name;
+        return server.address() + '/' + name;
     }
 
     WorkspaceCapture::OpenTabs openTabs() { return finish(WorkspaceCapture::browserTabs(source, {})); }

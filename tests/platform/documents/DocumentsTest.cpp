@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/documents/DocumentsFixture.h"
 
+#include "tests/desktop/DesktopFile.h"
 #include "tests/desktop/TestWindow.h"
 
 #include <memory>
@@ -100,14 +101,9 @@ TEST_CASE_FIXTURE(DocumentsFixture, "a title that several windows of a process h
 
 TEST_CASE_FIXTURE(DocumentsFixture, "a title alone names no document, and programs for mail and the web have none")
 {
-    const QString folder = QDir::homePath() + "/.local/share/applications";
-    QDir().mkpath(folder);
-    for (const QByteArray category : {"Office", "Email", "WebBrowser"}) {
-        QFile entry(folder + '/' + category + ".desktop");
-        REQUIRE(entry.open(QIODevice::WriteOnly));
-        entry.write("[Desktop Entry]\nType=Application\nExec=true\nName=" + category + "\nCategories=Network;" +
-                    category + ";\n");
-    }
+    for (const QByteArray category : {"Office", "Email", "WebBrowser"})
+        desktop_test::writeDesktopFile(desktop_test::ownDesktopFiles(), category,
+                                       "Exec=true\nName=" + category + "\nCategories=Network;" + category + ';');
     const qint64 own = QCoreApplication::applicationPid();
     const QString path = makeFile("Texts/notes.txt");
     const QString inOther = makeFile("notes.txt");

@@ -28,10 +28,10 @@ struct Identities : InstalledApplications {
 
 TEST_CASE_FIXTURE(Identities, "real applications are known however they write their names")
 {
-    install("org.keepassxc.KeePassXC.desktop", "Name=KeePassXC\nExec=true\nStartupWMClass=keepassxc");
-    install("jedit.desktop", "Name=jEdit\nExec=true\nStartupWMClass=jedit");
-    install("org.kde.gwenview.desktop", "Name=Gwenview\nExec=true");
-    install("org.kde.gwenview_importer.desktop", "Name=Importer\nExec=true\nNoDisplay=true\nStartupWMClass=gwenview");
+    install("org.keepassxc.KeePassXC", "Name=KeePassXC\nExec=true\nStartupWMClass=keepassxc");
+    install("jedit", "Name=jEdit\nExec=true\nStartupWMClass=jedit");
+    install("org.kde.gwenview", "Name=Gwenview\nExec=true");
+    install("org.kde.gwenview_importer", "Name=Importer\nExec=true\nNoDisplay=true\nStartupWMClass=gwenview");
 
     struct Case {
         const char *id;
@@ -54,31 +54,31 @@ TEST_CASE_FIXTURE(Identities, "what becomes of an application's desktop file bri
 {
     const WindowHints hints{.instance = "window", .windowClass = "Canary"};
     const QByteArray file = "Name=Secret\nExec=/bin/true\nStartupWMClass=canary";
-    install("org.test.Secret.desktop", file);
-    install("org.test.Open.desktop", "Name=Open\nExec=true\nStartupWMClass=open");
+    install("org.test.Secret", file);
+    install("org.test.Open", "Name=Open\nExec=true\nStartupWMClass=open");
     REQUIRE(idOfWindow(hints) == "org.test.Secret");
     const QString rule = "org.test.Secret";
     CHECK(excludedBy(rule, hints) == rule);
 
     SUBCASE("doubled")
     {
-        install("copy.desktop", file);
+        install("copy", file);
     }
     SUBCASE("doubled by the user")
     {
-        install("copy.desktop", file, "user");
+        install("copy", file, "user");
     }
     SUBCASE("hidden")
     {
-        install("org.test.Secret.desktop", file + "\nNoDisplay=true");
+        install("org.test.Secret", file + "\nNoDisplay=true");
     }
     SUBCASE("another one of the name")
     {
-        install("org.test.Secret.desktop", "Name=Other\nExec=true", "user");
+        install("org.test.Secret", "Name=Other\nExec=true", "user");
     }
     SUBCASE("removed by the user")
     {
-        install("org.test.Secret.desktop", "Hidden=true", "user");
+        install("org.test.Secret", "Hidden=true", "user");
     }
     SUBCASE("removed")
     {
@@ -93,8 +93,8 @@ TEST_CASE_FIXTURE(Identities, "windows of an application that is no longer insta
 {
     const WindowHints hints{.instance = "window", .windowClass = "Canary"};
     const QString rule = "org.test.Secret";
-    install("org.test.Secret.desktop", "Name=Secret\nExec=/bin/true\nStartupWMClass=canary");
-    install("org.test.Open.desktop", "Name=Open\nExec=true\nStartupWMClass=open");
+    install("org.test.Secret", "Name=Secret\nExec=/bin/true\nStartupWMClass=canary");
+    install("org.test.Open", "Name=Open\nExec=true\nStartupWMClass=open");
     const ApplicationTraces known = entries.traces(rule);
     SUBCASE("removed")
     {
@@ -102,9 +102,9 @@ TEST_CASE_FIXTURE(Identities, "windows of an application that is no longer insta
     }
     SUBCASE("an empty one in its place")
     {
-        install("org.test.Secret.desktop", "Hidden=true");
+        install("org.test.Secret", "Hidden=true");
     }
-    install("copy.desktop", "Name=Copy\nExec=/bin/true\nStartupWMClass=canary");
+    install("copy", "Name=Copy\nExec=/bin/true\nStartupWMClass=canary");
     REQUIRE(idOfWindow(hints) == "copy");
     REQUIRE(excludedBy(rule, hints) == "none");
     entries.remembered()->set({{rule, known}});
@@ -116,8 +116,8 @@ TEST_CASE_FIXTURE(Identities, "windows of an application that is no longer insta
 TEST_CASE_FIXTURE(Identities,
                   "a program's name decides where a window says too little, and never against its own words")
 {
-    install("org.test.Secret.desktop", "Name=Secret\nExec=" + folder.filePath("canary").toUtf8());
-    install("org.test.Open.desktop", "Name=Open\nExec=true\nStartupWMClass=open");
+    install("org.test.Secret", "Name=Secret\nExec=" + folder.filePath("canary").toUtf8());
+    install("org.test.Open", "Name=Open\nExec=true\nStartupWMClass=open");
     const QString program = folder.filePath("canary");
     REQUIRE(QFile::copy("/bin/sleep", program));
     QProcess canary;
@@ -134,7 +134,7 @@ TEST_CASE_FIXTURE(Identities,
     CHECK(ProcessFacts(process).program() == program);
     CHECK(ProcessFacts::isAnyRunning({"canary"}));
     QFile::remove(folder.filePath("system/org.test.Secret.desktop"));
-    install("org.test.Canary.desktop", "Name=Secret\nExec=/no/such/program");
+    install("org.test.Canary", "Name=Secret\nExec=/no/such/program");
     CHECK(idOfWindow(unknown) == "none");
     CHECK(excludedBy("org.test.Canary", unknown) == "org.test.Canary");
     CHECK(excludedBy("org.test.Canary", {.windowClass = "Open", .processID = process}) == "none");

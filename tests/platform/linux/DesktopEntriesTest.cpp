@@ -9,8 +9,8 @@ using namespace ardeno;
 
 TEST_CASE_FIXTURE(InstalledApplications, "an application is found by its identifier in any letter case")
 {
-    install("org.example.Editor.desktop", "Name=Editor\nName[de]=Schreiber\nIcon=editor-icon\nExec=true %U");
-    install("kde/player.desktop", "Name=Player\nExec=true");
+    install("org.example.Editor", "Name=Editor\nName[de]=Schreiber\nIcon=editor-icon\nExec=true %U");
+    install("kde/player", "Name=Player\nExec=true");
 
     const auto editor = entries.find("org.example.editor");
     REQUIRE(editor.has_value());
@@ -25,10 +25,10 @@ TEST_CASE_FIXTURE(InstalledApplications, "an application is found by its identif
 
 TEST_CASE_FIXTURE(InstalledApplications, "a user's own desktop file hides the system's")
 {
-    install("one.desktop", "Name=System's\nExec=true\nStartupWMClass=One");
-    install("two.desktop", "Name=Two\nExec=true\nStartupWMClass=Two");
-    install("one.desktop", "Name=User's\nExec=true\nStartupWMClass=One", "user");
-    install("two.desktop", "Name=Two\nExec=true\nHidden=true", "user");
+    install("one", "Name=System's\nExec=true\nStartupWMClass=One");
+    install("two", "Name=Two\nExec=true\nStartupWMClass=Two");
+    install("one", "Name=User's\nExec=true\nStartupWMClass=One", "user");
+    install("two", "Name=Two\nExec=true\nHidden=true", "user");
 
     const QList<DesktopEntry> one = entries.findByWindowName("One");
     REQUIRE(one.size() == 1);
@@ -39,13 +39,13 @@ TEST_CASE_FIXTURE(InstalledApplications, "a user's own desktop file hides the sy
 
 TEST_CASE_FIXTURE(InstalledApplications, "a window's name is looked for as applications write theirs, shown ones first")
 {
-    install("a.desktop", "Name=A\nExec=true\nStartupWMClass=Shared");
-    install("b.desktop", "Name=B\nExec=true\nStartupWMClass=shared");
-    install("c.desktop", "Name=C\nExec=true\nStartupWMClass=Own\n[Desktop Action New]\nStartupWMClass=Action");
-    install("org.test.Viewer.desktop", "Name=Viewer\nExec=true");
-    install("org.test.viewer_importer.desktop", "Name=Importer\nExec=true\nNoDisplay=true\nStartupWMClass=viewer");
-    install("org.test.Hidden.desktop", "Name=Hidden\nExec=true\nNoDisplay=true");
-    install("removed.desktop", "Name=Removed\nExec=true\nHidden=true\nStartupWMClass=removed");
+    install("a", "Name=A\nExec=true\nStartupWMClass=Shared");
+    install("b", "Name=B\nExec=true\nStartupWMClass=shared");
+    install("c", "Name=C\nExec=true\nStartupWMClass=Own\n[Desktop Action New]\nStartupWMClass=Action");
+    install("org.test.Viewer", "Name=Viewer\nExec=true");
+    install("org.test.viewer_importer", "Name=Importer\nExec=true\nNoDisplay=true\nStartupWMClass=viewer");
+    install("org.test.Hidden", "Name=Hidden\nExec=true\nNoDisplay=true");
+    install("removed", "Name=Removed\nExec=true\nHidden=true\nStartupWMClass=removed");
 
     CHECK(idOf(entries.findByWindowName("Shared")) == "a+b");
     CHECK(idOf(entries.findByWindowName("own")) == "c");
@@ -60,15 +60,15 @@ TEST_CASE_FIXTURE(InstalledApplications, "a window's name is looked for as appli
 TEST_CASE_FIXTURE(InstalledApplications, "a process is matched to the one application whose command fits best")
 {
     const QString program = QFileInfo("/bin/sh").canonicalFilePath();
-    install("plain.desktop", "Name=Plain\nExec=/bin/sh %U");
-    install("special.desktop", "Name=Special\nExec=sh --special %F");
-    install("tool.desktop", "Name=Tool\nExec=sh --tool\nNoDisplay=true");
+    install("plain", "Name=Plain\nExec=/bin/sh %U");
+    install("special", "Name=Special\nExec=sh --special %F");
+    install("tool", "Name=Tool\nExec=sh --tool\nNoDisplay=true");
     CHECK(idOf(entries.findByCommand(program, {"file"})) == "plain");
     CHECK(idOf(entries.findByCommand(program, {"--special", "file"})) == "special");
     CHECK(idOf(entries.findByCommand(program, {"--tool"})) == "plain");
     CHECK(idOf(entries.findByCommand("/bin/other", {})) == "none");
 
-    install("rival.desktop", "Name=Rival\nExec=\"/bin/sh\"");
+    install("rival", "Name=Rival\nExec=\"/bin/sh\"");
     CHECK_MESSAGE(idOf(entries.findByCommand(program, {})) == "plain+rival", "two applications fit equally well");
     CHECK(idOf(entries.findByCommand(program, {"--special"})) == "special");
 }
@@ -76,7 +76,7 @@ TEST_CASE_FIXTURE(InstalledApplications, "a process is matched to the one applic
 TEST_CASE_FIXTURE(InstalledApplications, "applications that come and go are noticed")
 {
     CHECK(entries.shown().isEmpty());
-    install("new.desktop", "Name=New\nExec=true");
+    install("new", "Name=New\nExec=true");
     CHECK(idOf(entries.find("new")) == "new");
     CHECK(entries.shown().size() == 1);
     QFile::remove(folder.filePath("system/new.desktop"));
@@ -85,9 +85,9 @@ TEST_CASE_FIXTURE(InstalledApplications, "applications that come and go are noti
 
 TEST_CASE_FIXTURE(InstalledApplications, "damaged desktop files are left out and harm nothing")
 {
-    install("good.desktop", "Name=Good\nExec=true\nStartupWMClass=Good");
-    install("gone.desktop", "Name=Gone\nExec=/no/such/program\nStartupWMClass=Gone");
-    install("quote.desktop", "Name=Quote\nExec=\"unfinished\nStartupWMClass=Quote");
+    install("good", "Name=Good\nExec=true\nStartupWMClass=Good");
+    install("gone", "Name=Gone\nExec=/no/such/program\nStartupWMClass=Gone");
+    install("quote", "Name=Quote\nExec=\"unfinished\nStartupWMClass=Quote");
     for (const QByteArray &bytes : {QByteArray(), QByteArray("\0\xff\xfe[Desktop", 11), QByteArray("[Desktop Entry]"),
                                     QByteArray("[Desktop Entry]\nName\n=\n[\n]\nExec=="), QByteArray(200000, '[')}) {
         QFile damaged(folder.filePath("system/damaged.desktop"));
@@ -105,9 +105,9 @@ TEST_CASE_FIXTURE(InstalledApplications, "damaged desktop files are left out and
 
 TEST_CASE_FIXTURE(InstalledApplications, "menus show what is meant for them, a browser under its own identifier")
 {
-    install("shown.desktop", "Name=Shown\nExec=true");
-    install("tool.desktop", "Name=Tool\nExec=true\nNoDisplay=true");
-    install("firefox-esr.desktop", "Name=Firefox ESR\nExec=true");
+    install("shown", "Name=Shown\nExec=true");
+    install("tool", "Name=Tool\nExec=true\nNoDisplay=true");
+    install("firefox-esr", "Name=Firefox ESR\nExec=true");
 
     QStringList ids;
     for (const DesktopEntry &entry : entries.shown())
@@ -117,7 +117,7 @@ TEST_CASE_FIXTURE(InstalledApplications, "menus show what is meant for them, a b
     CHECK(idOf(entries.find("org.mozilla.firefox")) == "org.mozilla.firefox");
     CHECK(entries.find("org.mozilla.firefox")->path.endsWith("firefox-esr.desktop"));
 
-    install("pages.desktop", "Name=Pages\nExec=true\nCategories=GNOME;WebBrowser;");
+    install("pages", "Name=Pages\nExec=true\nCategories=GNOME;WebBrowser;");
     CHECK(entries.find("pages")->isBrowser);
     CHECK(entries.find("org.mozilla.firefox")->isBrowser);
     CHECK_FALSE(entries.find("shown")->isBrowser);

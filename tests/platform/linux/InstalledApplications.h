@@ -3,6 +3,7 @@
 
 #include "platform/linux/applications/DesktopEntries.h"
 #include "tests/Printing.h"
+#include "tests/desktop/DesktopFile.h"
 
 #include <doctest/doctest.h>
 
@@ -14,13 +15,9 @@ namespace ardeno {
 
 // Desktop files in two folders, of which the user's own goes first.
 struct InstalledApplications {
-    void install(const QString &file, const QByteArray &lines, const QString &root = "system")
+    void install(const QString &id, const QByteArray &lines, const QString &root = "system")
     {
-        const QString path = folder.filePath(root + '/' + file);
-        QDir().mkpath(path.left(path.lastIndexOf('/')));
-        QFile written(path);
-        REQUIRE(written.open(QIODevice::WriteOnly));
-        written.write("[Desktop Entry]\nType=Application\n" + lines + '\n');
+        desktop_test::writeDesktopFile(folder.filePath(root), id, lines);
     }
 
     static QString idOf(const std::optional<DesktopEntry> &entry) { return entry ? entry->id : "none"; }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/applications/LinuxMailProgram.h"
 #include "tests/Printing.h"
+#include "tests/desktop/DesktopFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -47,9 +48,9 @@ struct MailDesktop {
         write(name,
               "#!/bin/sh\nprintf %s \"$1\" >\"" + target + ".new\" && mv \"" + target + ".new\" \"" + target + "\"\n");
         QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        write("data/applications/" + name + ".desktop",
-              "[Desktop Entry]\nType=Application\nName=" + name.toUtf8() + "\nExec=" + program.toUtf8() +
-                  " %u\nMimeType=x-scheme-handler/mailto;\nCategories=" + categories + "\n");
+        desktop_test::writeDesktopFile(folder.filePath("data/applications"), name,
+                                       "Name=" + name.toUtf8() + "\nExec=" + program.toUtf8() +
+                                           " %u\nMimeType=x-scheme-handler/mailto;\nCategories=" + categories);
     }
 
     void setDefault(const QByteArray &name) const

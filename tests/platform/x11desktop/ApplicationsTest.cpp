@@ -3,6 +3,7 @@
 #include "platform/linux/x11/windows/WindowOwners.h"
 #include "platform/linux/x11/windows/WindowTree.h"
 #include "platform/linux/x11/windows/X11LiveWindows.h"
+#include "tests/desktop/DesktopFile.h"
 #include "tests/platform/x11desktop/SessionFixture.h"
 
 #include <QSysInfo>
@@ -247,10 +248,8 @@ TEST_CASE_FIXTURE(SessionFixture,
     const DesktopEntry ghost = *entries->find("org.test.Ghost");
     CHECK(DesktopLaunch::open(ghost, {}).size() == 1);
     CHECK(eventually([&] { return QFile::exists(mark); }));
-    QFile file(ghost.path);
-    REQUIRE(file.open(QIODevice::WriteOnly));
-    file.write("[Desktop Entry]\nType=Application\nName=Ghost\nDBusActivatable=true\n");
-    file.close();
+    desktop_test::writeDesktopFile(desktop_test::ownDesktopFiles(), "org.test.Ghost",
+                                   "Name=Ghost\nDBusActivatable=true");
     CHECK_THROWS_AS(DesktopLaunch::open(ghost, {}), Failure);
 }
 

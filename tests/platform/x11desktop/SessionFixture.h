@@ -5,6 +5,7 @@
 #include "platform/linux/x11/windows/X11Workspace.h"
 #include "tests/Printing.h"
 #include "tests/desktop/Desktop.h"
+#include "tests/desktop/DesktopFile.h"
 #include "tests/desktop/TestWindow.h"
 
 #include <doctest/doctest.h>
@@ -22,11 +23,7 @@ struct SessionFixture {
     // Puts a desktop file where only this desktop finds it.
     static void install(const QString &id, const QByteArray &lines)
     {
-        const QString folder = QDir::homePath() + "/.local/share/applications";
-        QDir().mkpath(folder);
-        QFile file(folder + '/' + id + ".desktop");
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write("[Desktop Entry]\nType=Application\nExec=true\n" + lines + '\n');
+        desktop_test::writeDesktopFile(desktop_test::ownDesktopFiles(), id, "Exec=true\n" + lines);
     }
 
     // Empty when the window is not among those on screen.

@@ -3,6 +3,7 @@
 
 #include "support/Finish.h"
 #include "tests/desktop/Desktop.h"
+#include "tests/desktop/DesktopFile.h"
 
 #include <doctest/doctest.h>
 
@@ -22,13 +23,8 @@ namespace {
 
 void install(const QString &id, const QString &windowClass)
 {
-    const QDir home(qEnvironmentVariable("HOME"));
-    REQUIRE(home.mkpath(".local/share/applications"));
-    QFile file(home.filePath(".local/share/applications/" + id + ".desktop"));
-    REQUIRE(file.open(QIODevice::WriteOnly));
-    file.write(QString("[Desktop Entry]\nType=Application\nName=%1\nExec=/bin/true\nStartupWMClass=%2\n")
-                   .arg(id, windowClass)
-                   .toUtf8());
+    desktop_test::writeDesktopFile(desktop_test::ownDesktopFiles(), id,
+                                   u"Name=%1\nExec=/bin/true\nStartupWMClass=%2"_qs.arg(id, windowClass).toUtf8());
 }
 
 xcb_atom_t atom(xcb_connection_t *xcb, const QByteArray &name)
