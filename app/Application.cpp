@@ -49,8 +49,8 @@ Application::Application(OpenedLibrary library, BusService &bus, ApplicationActi
       m_store(m_desktop, applicationParts(std::move(parts), library, m_lock)),
       m_shared(m_store, std::move(actions))
 {
-    m_observations.watch([this] { m_desktop.screenCapture->prepareExclusion(m_store.exclusions().appIDs()); },
-                         m_store.exclusions);
+    m_observations.watch([this] { m_desktop.screenCapture->prepareExclusion(m_store.rules.exclusions().appIDs()); },
+                         m_store.rules.exclusions);
 }
 
 void Application::end()
@@ -58,15 +58,15 @@ void Application::end()
     if (std::exchange(m_isEnding, true))
         return;
     m_bus.refuseCommands();
-    m_observations.watch([this] { endWhenIdle(); }, m_store.working, m_store.recording);
+    m_observations.watch([this] { endWhenIdle(); }, m_store.operations.working, m_store.recorder.recording);
 }
 
 void Application::endWhenIdle()
 {
-    if (m_store.working())
+    if (m_store.operations.working())
         return;
-    if (m_store.recording())
-        m_store.stop();
+    if (m_store.recorder.recording())
+        m_store.sessions.stop();
     else
         m_bus.finishWith([] { QCoreApplication::exit(0); });
 }

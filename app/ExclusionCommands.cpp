@@ -55,7 +55,7 @@ ExitStatus excludeApp(const QString &id)
     Desktop desktop = makeDesktop();
     const std::optional<SavedApp> known = knownApp(*desktop.workspace, id);
     const SavedApp app = known.value_or(SavedApp{id, id});
-    const auto exclude = [&](AppStore &store) { return store.excludeApp(app, Audience::Caller); };
+    const auto exclude = [&](AppStore &store) { return store.rules.excludeApp(app, Audience::Caller); };
     const ExitStatus status = change(desktop, exclude, u"%1 is left out of captures."_qs.arg(oneLine(app.name)));
     if (!known && status == ExitStatus::Done)
         printError(u"No application “%1” is installed or running. Until there is one, windows of applications that are "
@@ -69,7 +69,7 @@ ExitStatus excludeDomain(const QString &text)
     if (!domain)
         throw Failure("Command", 3, u"Enter a valid website domain or an http/https URL."_qs);
     Desktop desktop = libraryOnlyDesktop();
-    const auto exclude = [&](AppStore &store) { return store.excludeDomain(text, Audience::Caller); };
+    const auto exclude = [&](AppStore &store) { return store.rules.excludeDomain(text, Audience::Caller); };
     return change(desktop, exclude,
                   u"The pages of %1 are left out of captures. Pictures and recordings still show one that can be seen; "
                   "exclude the browser to hide it there, too."_qs.arg(*domain));
@@ -77,7 +77,7 @@ ExitStatus excludeDomain(const QString &text)
 
 bool hasApp(const AppStore &store, const QString &id)
 {
-    return store.exclusions().appIDs().contains(id);
+    return store.rules.exclusions().appIDs().contains(id);
 }
 
 ExitStatus allow(RuleKind kind, const QString &text)
@@ -86,13 +86,14 @@ ExitStatus allow(RuleKind kind, const QString &text)
     // A rule can be named as it was typed or as it is stored.
     const QString rule = kind == RuleKind::App ? text : CaptureExclusions::domainFrom(text).value_or(text);
     const auto allowRule = [&](AppStore &store) -> Outcome {
-        if (const auto issue = store.exclusionsObstacle())
+        if (const auto issue = store.rules.exclusionsObstacle())
             return {.error = issue};
-        const bool exists = kind == RuleKind::App ? hasApp(store, rule) : store.exclusions().domains.contains(rule);
+        const bool exists =
+            kind == RuleKind::App ? hasApp(store, rule) : store.rules.exclusions().domains.contains(rule);
         if (!exists)
             return {.error = u"“%1” is not excluded."_qs.arg(text)};
-        return kind == RuleKind::App ? store.allowApp(rule, Audience::Caller)
-                                     : store.allowDomain(rule, Audience::Caller);
+        return kind == RuleKind::App ? store.rules.allowApp(rule, Audience::Caller)
+                                     : store.rules.allowDomain(rule, Audience::Caller);
     };
     return change(desktop, allowRule, u"%1 is no longer left out of captures."_qs.arg(oneLine(rule)));
 }
@@ -130,12 +131,12 @@ ExitStatus runExclusions(const QCommandLineParser &parsed)
         Desktop desktop = libraryOnlyDesktop();
         if (parsed.isSet("start-over"))
             return change(
-                desktop, [](AppStore &store) { return store.startExclusionsOver(Audience::Caller); },
+                desktop, [](AppStore &store) { return store.rules.startExclusionsOver(Audience::Caller); },
                 "Nothing is left out of captures any more.");
         LockedStore locked(desktop, LockedStore::Purpose::Read);
-        if (const auto issue = locked.store().exclusionsObstacle())
+        if (const auto issue = locked.store().rules.exclusionsObstacle())
             return locked.report({.error = issue});
-        const CaptureExclusions &exclusions = locked.store().exclusions();
+        const CaptureExclusions &exclusions = locked.store().rules.exclusions();
         if (parsed.isSet("json")) {
             printJson(exclusions);
             return ExitStatus::Done;

@@ -130,10 +130,10 @@ ExitStatus list(const QCommandLineParser &parsed)
 {
     Desktop desktop = libraryOnlyDesktop();
     LockedStore locked(desktop, LockedStore::Purpose::Read);
-    if (!locked.store().isLibraryRead())
+    if (!locked.store().library.isLibraryRead())
         return ExitStatus::Failed;
-    const QList<Project> projects = chosenProjects(parsed, locked.store().projects());
-    const QList<Checkpoint> checkpoints = locked.store().checkpoints();
+    const QList<Project> projects = chosenProjects(parsed, locked.store().library.projects());
+    const QList<Checkpoint> checkpoints = locked.store().library.checkpoints();
     locked.release();
     const bool isJson = parsed.isSet("json");
     // The library may be large, and the application has other things to do.

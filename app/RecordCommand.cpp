@@ -12,17 +12,17 @@ namespace {
 ExitStatus start(AppStore &store, const QCommandLineParser &parsed)
 {
     takeTurn(store);
-    if (store.recording()) {
+    if (store.recorder.recording()) {
         printError(u"A work session is being recorded already. Stop it before you start another one."_qs);
         return ExitStatus::Failed;
     }
-    if (const auto issue = store.exclusionsObstacle()) // Before a project is made for it.
+    if (const auto issue = store.rules.exclusionsObstacle()) // Before a project is made for it.
         return report({.error = issue});
-    const Outcome project = store.createProject(parsed.value("project"), Audience::Caller);
+    const Outcome project = store.projects.createProject(parsed.value("project"), Audience::Caller);
     if (!project)
         return report(project);
-    const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), store.includeBrowser()};
-    Outcome outcome = finish(store.startSession(request, Audience::Caller));
+    const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), store.drafts.includeBrowser()};
+    Outcome outcome = finish(store.capture.startSession(request, Audience::Caller));
     outcome.remarks = project.remarks + outcome.remarks; // Both may have written.
     if (outcome)
         print(outcome.notice.value_or(QString()) + '\n' + uuidText(*outcome) + '\n');
@@ -31,12 +31,12 @@ ExitStatus start(AppStore &store, const QCommandLineParser &parsed)
 
 ExitStatus stop(AppStore &store)
 {
-    const Outcome outcome = finish(store.stop(Audience::Caller));
+    const Outcome outcome = finish(store.sessions.stop(Audience::Caller));
     if (!outcome.id) {
         printError(u"No work session is being recorded."_qs);
         return ExitStatus::Failed;
     }
-    const Checkpoint *const saved = outcome ? store.checkpoint(*outcome) : nullptr;
+    const Checkpoint *const saved = outcome ? store.library.checkpoint(*outcome) : nullptr;
     if (saved) {
         print(outcome.notice.value_or(QString()) + '\n' + uuidText(saved->id) + '\n');
         if (saved->recording)

@@ -174,7 +174,7 @@ void printText(const RestoreReport &report, const QString &notice)
 QSet<QUuid> projectsNamed(const AppStore &store, const QString &name)
 {
     QSet<QUuid> named;
-    for (const Project &project : store.projects()) {
+    for (const Project &project : store.library.projects()) {
         if (name.isEmpty() || Text::equalNames(project.name, name))
             named.insert(project.id);
     }
@@ -188,7 +188,7 @@ Checkpoint latestCheckpoint(const AppStore &store, const QString &projectName)
 {
     const QSet<QUuid> projects = projectsNamed(store, projectName);
     const Checkpoint *newest = nullptr;
-    for (const Checkpoint &checkpoint : store.checkpoints()) {
+    for (const Checkpoint &checkpoint : store.library.checkpoints()) {
         const bool isCandidate = projects.contains(checkpoint.projectID.value_or(QUuid()));
         if (isCandidate && (!newest || newest->createdAt < checkpoint.createdAt))
             newest = &checkpoint;
@@ -209,7 +209,7 @@ Checkpoint chosenCheckpoint(const QCommandLineParser &parsed, const AppStore &st
 
 ExitStatus printPlan(AppStore &store, const Checkpoint &checkpoint, bool isText)
 {
-    const RestorePlan plan = finish(store.restorePlan(checkpoint));
+    const RestorePlan plan = finish(store.resuming.restorePlan(checkpoint));
     if (isText)
         printText(checkpoint, plan);
     else
@@ -227,7 +227,7 @@ ResumeOutcome resume(AppStore &store, const Checkpoint &checkpoint, bool withLay
             printText(checkpoint, plan);
         return ResumeChoice::missing(plan);
     };
-    ResumeOutcome resumed = finish(store.restore(checkpoint, chooseMissing, withLayout, Audience::Caller));
+    ResumeOutcome resumed = finish(store.resuming.restore(checkpoint, chooseMissing, withLayout, Audience::Caller));
     if (!resumed)
         return resumed;
     result.outcome = describe(resumed.report);
@@ -243,7 +243,7 @@ ExitStatus resume(const QCommandLineParser &parsed, Desktop &desktop)
 {
     LockedStore locked(desktop, LockedStore::Purpose::Read);
     AppStore &store = locked.store();
-    if (!store.isLibraryRead())
+    if (!store.library.isLibraryRead())
         return ExitStatus::Failed;
     const bool isDry = parsed.isSet("dry-run");
     if (!isDry)

@@ -38,7 +38,7 @@ struct SaveResult {
 
 SaveResult describe(const AppStore &store, const Checkpoint &checkpoint, const Outcome &outcome)
 {
-    const Project *const project = store.project(checkpoint.projectID.value_or(QUuid()));
+    const Project *const project = store.library.project(checkpoint.projectID.value_or(QUuid()));
     return {
         .id = checkpoint.id,
         .project = project ? project->name : QString(),
@@ -71,7 +71,7 @@ bool wantsTabs(const QCommandLineParser &parsed, const AppStore &store)
 {
     if (parsed.isSet("tabs") || parsed.isSet("no-tabs"))
         return parsed.isSet("tabs");
-    return store.includeBrowser();
+    return store.drafts.includeBrowser();
 }
 
 ExitStatus save(const QCommandLineParser &parsed, Desktop &desktop)
@@ -79,15 +79,15 @@ ExitStatus save(const QCommandLineParser &parsed, Desktop &desktop)
     LockedStore locked(desktop, LockedStore::Purpose::Write);
     AppStore &store = locked.store();
     takeTurn(store);
-    if (const auto issue = store.exclusionsObstacle()) // Before a project is made for it.
+    if (const auto issue = store.rules.exclusionsObstacle()) // Before a project is made for it.
         return locked.report({.error = issue});
-    const Outcome project = store.createProject(parsed.value("project"), Audience::Caller);
+    const Outcome project = store.projects.createProject(parsed.value("project"), Audience::Caller);
     if (!project)
         return locked.report(project);
     const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), wantsTabs(parsed, store)};
-    Outcome outcome = finish(store.saveMoment(request, Audience::Caller));
+    Outcome outcome = finish(store.capture.saveMoment(request, Audience::Caller));
     outcome.remarks = project.remarks + outcome.remarks; // Both may have written.
-    const Checkpoint *const saved = outcome ? store.checkpoint(*outcome) : nullptr;
+    const Checkpoint *const saved = outcome ? store.library.checkpoint(*outcome) : nullptr;
     if (!saved)
         return locked.report(outcome);
     const SaveResult result = describe(store, *saved, outcome);

@@ -18,7 +18,7 @@ QString frameText(const WindowRect &frame)
 
 QString text(const AppStore &store, const Checkpoint &checkpoint)
 {
-    const Project *const project = store.project(checkpoint.projectID.value_or(QUuid()));
+    const Project *const project = store.library.project(checkpoint.projectID.value_or(QUuid()));
     QString text = oneLine(checkpoint.title) + '\n';
     text += field("Identifier", uuidText(checkpoint.id));
     text += field("Project", project ? project->name : QString());
@@ -41,7 +41,7 @@ ExitStatus show(const QCommandLineParser &parsed)
 {
     Desktop desktop = libraryOnlyDesktop();
     LockedStore locked(desktop, LockedStore::Purpose::Read);
-    if (!locked.store().isLibraryRead())
+    if (!locked.store().library.isLibraryRead())
         return ExitStatus::Failed;
     const Checkpoint checkpoint = findCheckpoint(locked.store(), parsed.positionalArguments().first());
     if (parsed.isSet("json"))

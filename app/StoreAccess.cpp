@@ -86,20 +86,20 @@ LockedStore::LockedStore(Desktop &desktop, Purpose purpose)
 LockedStore::~LockedStore()
 {
     if (m_store) {
-        for (const QString &sentence : m_store->sentences()) {
+        for (const QString &sentence : m_store->messages.sentences()) {
             if (!m_reported.contains(sentence))
                 printError(sentence);
         }
-    } else if (!ApplicationStore::current()->isLibraryRead()) // Also by now: a save reads it again.
+    } else if (!ApplicationStore::current()->library.isLibraryRead()) // Also by now: a save reads it again.
         printError(u"The running application could not read your saved checkpoints. Existing files have been left in "
                    "place."_qs);
 }
 
 void takeTurn(AppStore &store)
 {
-    finish(store.whenIdle());
+    finish(store.operations.whenIdle());
     Caller::begin();
-    finish(store.whenIdle()); // Its user may have begun something else.
+    finish(store.operations.whenIdle()); // Its user may have begun something else.
 }
 
 ExitStatus LockedStore::report(const Outcome &outcome)
@@ -117,7 +117,7 @@ ExitStatus report(const Outcome &outcome)
 
 void reportAtStart(const AppStore &store)
 {
-    for (const QString &sentence : store.sentences())
+    for (const QString &sentence : store.messages.sentences())
         printError(sentence);
 }
 
@@ -125,7 +125,7 @@ Checkpoint findCheckpoint(const AppStore &store, const QString &prefix)
 {
     const QString wanted = prefix.trimmed();
     QList<Checkpoint> found;
-    for (const Checkpoint &checkpoint : store.checkpoints()) {
+    for (const Checkpoint &checkpoint : store.library.checkpoints()) {
         if (!wanted.isEmpty() && checkpoint.id.toString(QUuid::WithoutBraces).startsWith(wanted, Qt::CaseInsensitive))
             found.append(checkpoint);
     }

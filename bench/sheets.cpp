@@ -96,13 +96,13 @@ struct Sheets {
 
     void select(int checkpoint) const
     {
-        store->selectCheckpoint(library.checkpoints.at(checkpoint).id);
+        store->navigation.selectCheckpoint(library.checkpoints.at(checkpoint).id);
         settle();
     }
 
-    void show(Editable<bool> &flag) const
+    void show(OpenSheets::Flag flag) const
     {
-        flag.set(true);
+        store->sheets.open(flag);
         settle();
     }
 
@@ -128,7 +128,7 @@ void measurePainting(Table &table, Sheets &sheets)
         std::vector<double> seconds;
         sheets.select(checkpoint);
         for (int round = 0; round < 21; ++round) {
-            seconds.push_back(secondsOf([&] { sheets.show(sheets.store->showRestore); }));
+            seconds.push_back(secondsOf([&] { sheets.show(&OpenSheets::showRestore); }));
             sheets.hide();
         }
         return seconds;
@@ -176,7 +176,7 @@ void measureSettings(Table &table, Sheets &sheets)
         delete std::exchange(trivial, nullptr);
         sheets.hide();
     };
-    const auto ours = [&] { sheets.show(sheets.store->showSettings); };
+    const auto ours = [&] { sheets.show(&OpenSheets::showSettings); };
     const auto peer = [&] {
         trivial = trivialDialog(sheets.window.get());
         trivial->show();
@@ -188,7 +188,7 @@ void measureSettings(Table &table, Sheets &sheets)
               milliseconds(medians.at(1)), medians.at(0) / medians.at(1), 1.5);
 }
 
-void measureGrowth(Table &table, Sheets &sheets, Editable<bool> &flag, const QString &name)
+void measureGrowth(Table &table, Sheets &sheets, OpenSheets::Flag flag, const QString &name)
 {
     const auto open = [&](int times) {
         for (int i = 0; i < times; ++i) {
@@ -214,13 +214,12 @@ int main(int argc, char **argv)
     Sheets sheets;
     measurePainting(table, sheets);
     measureSettings(table, sheets);
-    AppStore &store = *sheets.store;
-    measureGrowth(table, sheets, store.showRestore, "restore sheet");
-    measureGrowth(table, sheets, store.showCapture, "capture sheet");
+    measureGrowth(table, sheets, &OpenSheets::showRestore, "restore sheet");
+    measureGrowth(table, sheets, &OpenSheets::showCapture, "capture sheet");
     sheets.access = {Capability::State::NeedsConsent, {}};
-    measureGrowth(table, sheets, store.showCapture, "screen access sheet");
-    measureGrowth(table, sheets, store.showNewProject, "project sheet");
-    measureGrowth(table, sheets, store.showSettings, "settings");
-    measureGrowth(table, sheets, store.showExclusions, "exclusions");
+    measureGrowth(table, sheets, &OpenSheets::showCapture, "screen access sheet");
+    measureGrowth(table, sheets, &OpenSheets::showNewProject, "project sheet");
+    measureGrowth(table, sheets, &OpenSheets::showSettings, "settings");
+    measureGrowth(table, sheets, &OpenSheets::showExclusions, "exclusions");
     return table.finish();
 }

@@ -143,7 +143,7 @@ void measureSearch(Table &table)
 {
     const WorkspaceLibrary library = manyTitles();
     const Opened opened(library);
-    opened.store->showProjects();
+    opened.store->navigation.showProjects();
     Opened::settle();
     QStringList titles;
     for (const Checkpoint &checkpoint : library.checkpoints)
@@ -154,7 +154,7 @@ void measureSearch(Table &table)
     int theirs = 0;
     const auto medians =
         interleavedMedians(30, {[&] {
-                                    opened.store->search.set(words.at(at++ % words.size()));
+                                    opened.store->navigation.setSearch(words.at(at++ % words.size()));
                                     Opened::settle();
                                 },
                                 [&] {
@@ -177,7 +177,7 @@ void measureOpening(Table &table)
         library.checkpoints[i].projectID = i < 20 ? small : i < 40 ? other : large;
     const Opened opened(library);
     const auto open = [&](const QUuid &project) {
-        opened.store->selectProject(project);
+        opened.store->navigation.selectProject(project);
         Opened::settle();
     };
     const auto medians = interleavedMedians(30, {[&] { open(large); }, [&] { open(small); }}, [&] { open(other); });

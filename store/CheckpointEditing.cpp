@@ -1,165 +1,170 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "capture/WindowLayout.h"
-#include "store/AppStore.h"
+#include "store/CheckpointEditing.h"
+
+#include "json/Json.h"
+#include "store/PreferenceKeys.h"
 #include "store/Subjects.h"
-#include "support/Identifiers.h"
+#include "support/Failure.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace ardeno {
 
 namespace {
 
-// Those whose address the checkpoint does not have yet.
-QList<SavedTab> newTabs(const Checkpoint &checkpoint, QList<SavedTab> tabs)
+// A write is one of the whole library; nobody waits for it.
+constexpr std::chrono::seconds pauseBetweenAttempts(5);
+
+using NoteField = QString Checkpoint::*;
+
+constexpr std::pair<const char *, NoteField> noteFields[] = {
+    {"title", &Checkpoint::title},
+    {"objective", &Checkpoint::objective},
+    {"decision", &Checkpoint::decision},
+    {"nextStep", &Checkpoint::nextStep},
+};
+
+QString nameOf(NoteField field)
 {
-    QSet<QString> saved;
-    for (const SavedTab &tab : checkpoint.tabs)
-        saved.insert(tab.url);
-    tabs.removeIf([&](const SavedTab &tab) { return saved.contains(tab.url); });
-    return tabs;
+    const auto *const found = std::find_if(std::begin(noteFields), std::end(noteFields),
+                                           [&](const auto &one) { return one.second == field; });
+    return found == std::end(noteFields) ? QString() : QString::fromLatin1(found->first);
+}
+
+std::optional<NoteField> noteField(const QString &name)
+{
+    const auto *const found = std::find_if(std::begin(noteFields), std::end(noteFields),
+                                           [&](const auto &one) { return QLatin1String(one.first) == name; });
+    return found == std::end(noteFields) ? std::nullopt : std::optional(found->second);
 }
 
 } // namespace
 
-// A copy to change, of a checkpoint that may be changed.
-std::optional<Checkpoint> AppStore::editable(const QUuid &id) const
+CheckpointEditing::CheckpointEditing(Operations &operations, Library &library, Navigation &navigation,
+                                     Preferences &preferences)
+    : m_operations(operations), m_library(library), m_navigation(navigation), m_preferences(preferences)
 {
-    const Checkpoint *const found = checkpoint(id);
-    return found && !found->isSample ? std::optional(*found) : std::nullopt;
+    m_noteRetry.setInterval(pauseBetweenAttempts);
+    QObject::connect(&m_noteRetry, &QTimer::timeout, &m_noteRetry, [this] { saveUnsavedNotes(); });
 }
 
-// What the user looks at stays as it is: a note may be saved because another checkpoint was chosen.
-Outcome AppStore::edit(QUuid checkpointID, const char *what, const std::function<bool(Checkpoint &)> &change,
-                       const QString &failurePrefix, const SettleMedia &settle)
+void CheckpointEditing::start()
 {
-    Outcome outcome{.id = checkpointID, .checkpointID = checkpointID, .subject = subjects::about(what, checkpointID)};
-    const auto apply = [&](WorkspaceLibrary &library) {
-        const auto found = std::find_if(library.checkpoints.begin(), library.checkpoints.end(),
-                                        [&](const Checkpoint &candidate) { return candidate.id == checkpointID; });
-        return found != library.checkpoints.end() && !found->isSample && change(*found);
-    };
-    const QString prefix = failurePrefix.isEmpty() ? tr("Could not save this checkpoint: ") : failurePrefix;
-    outcome.isDone = commit(apply, prefix, &outcome, settle);
-    return outcome;
+    readUnsavedNotes();
+    m_mirror.emplace(unsavedNotes.addNotifier([this] { keepInMind(); }));
+    if (unsavedNotes().isEmpty())
+        return;
+    m_noteRetry.start();
+    saveUnsavedNotes();
 }
 
-QCoro::Task<Outcome> AppStore::addCurrentBrowserTabs(QUuid checkpointID)
+Outcome CheckpointEditing::save(Checkpoint checkpoint)
 {
-    return carryOut(addTabs(checkpointID));
+    Outcome outcome{.id = checkpoint.id, .subject = subjects::about("save", checkpoint.id)};
+    const PublishTogether group;
+    outcome.isDone = !checkpoint.isSample && m_library.write(m_library.owned(checkpoint), &outcome);
+    if (outcome)
+        m_navigation.show(checkpoint);
+    return m_operations.concluded(std::move(outcome));
 }
 
-QCoro::Task<Outcome> AppStore::addTabs(QUuid checkpointID)
+Outcome CheckpointEditing::updateNote(QString Checkpoint::*field, const QString &text, QUuid checkpointID)
 {
-    Outcome outcome{.checkpointID = checkpointID};
-    if (!editable(checkpointID))
-        co_return outcome;
-    if (const std::optional<QString> obstacle = exclusionsObstacle()) {
-        outcome.fail(*obstacle);
-        co_return outcome;
+    const std::optional<Checkpoint> existing = m_library.editable(checkpointID);
+    if (!existing || *existing.*field == text) {
+        forgetNote(checkpointID, nameOf(field));
+        return {.isDone = existing.has_value(), .id = checkpointID};
     }
-    const WorkspaceCapture::OpenTabs open = co_await capturedTabs();
-    const std::optional<Checkpoint> changed = editable(checkpointID); // As it is by now.
-    if (!changed)
-        co_return outcome;
-    QList<SavedTab> added = newTabs(*changed, open.tabs);
-    if (!added.isEmpty()) {
-        const auto append = [&](Checkpoint &checkpoint) {
-            added = newTabs(checkpoint, open.tabs); // Where another program has added some.
-            checkpoint.tabs += added;
-            return !added.isEmpty();
-        };
-        outcome = edit(checkpointID, "tabs", append);
-        if (!outcome)
-            co_return outcome;
-        outcome.notice =
-            tr("Added %n current browser tabs. Your screenshot is unchanged.", "", static_cast<int>(added.size()));
-    } else if (!open.tabs.isEmpty() || !open.warning) {
-        outcome.isDone = true;
-        outcome.notice = tr("No new browser tabs to add.");
-    }
-    if (open.shownWarning)
-        outcome.fail(*open.shownWarning);
-    co_return outcome;
-}
-
-QCoro::Task<Outcome> AppStore::addCurrentWindowLayout(QUuid checkpointID)
-{
-    return carryOut(addLayout(checkpointID));
-}
-
-QCoro::Task<Outcome> AppStore::addLayout(QUuid checkpointID)
-{
-    Outcome outcome{.checkpointID = checkpointID};
-    const std::optional<Checkpoint> existing = editable(checkpointID);
-    if (!existing)
-        co_return outcome;
-    const Capability server = m_desktop.windowServer->availability();
-    const auto obstacle = server.isAvailable() ? exclusionsObstacle() : std::optional(server.reason);
-    if (obstacle) {
-        outcome.fail(*obstacle);
-        co_return outcome;
-    }
-    CaptureExclusions rules;
-    WindowLayout::Captured captured;
-    do { // A rule may be added meanwhile.
-        rules = exclusions();
-        captured = co_await WindowLayout::capture(existing->apps, m_desktop, rules, QCoreApplication::applicationPid());
-    } while (rules != exclusions());
-    QList<SavedWindow> windows = captured.windows;
-    const QSet<QString> excluded = exclusions().appIDs();
-    windows.removeIf([&](const SavedWindow &window) { return excluded.contains(window.appID); });
-    if (windows.isEmpty()) {
-        outcome.isDone = true;
-        outcome.notice = tr("No visible windows matched this checkpoint’s saved apps.");
-        co_return outcome;
-    }
-    RemovedLayout before;
-    const auto replace = [&](Checkpoint &checkpoint) { // As it is by now.
-        before = {checkpoint.windows};
-        const QSet<QString> saved = idsOf(checkpoint.apps);
-        windows.removeIf([&](const SavedWindow &window) { return !saved.contains(window.appID); });
-        checkpoint.windows = windows;
+    const auto write = [&](Checkpoint &checkpoint) {
+        checkpoint.*field = text;
         return true;
     };
-    outcome = edit(checkpointID, "layout", replace);
-    if (outcome && before.windows && !before.windows->isEmpty())
-        remember(WorkspaceRemoval{checkpointID, {before}});
-    if (outcome)
-        outcome.notice = tr("Saved current positions for %n windows. The screenshot is unchanged.", "",
-                            static_cast<int>(windows.size()));
-    co_return outcome;
-}
-
-template <typename Item>
-Outcome AppStore::removeItem(QUuid checkpointID, QList<Item> Checkpoint::*list, Item item)
-{
-    const std::optional<Checkpoint> existing = editable(checkpointID);
-    if (!existing || !(*existing.*list).contains(item))
-        return {};
-    qsizetype index = -1;
-    const auto remove = [&](Checkpoint &checkpoint) {
-        index = (checkpoint.*list).indexOf(item);
-        if (index >= 0)
-            (checkpoint.*list).removeAt(index);
-        return index >= 0;
-    };
     const PublishTogether group;
-    Outcome outcome = edit(checkpointID, "item", remove);
+    Outcome outcome = m_library.edit(checkpointID, "note", write);
     if (outcome)
-        remember(WorkspaceRemoval{checkpointID, {std::move(item), index}});
-    return concluded(std::move(outcome));
+        forgetNote(checkpointID, nameOf(field));
+    else if (m_library.editable(checkpointID))
+        keepNote({checkpointID, nameOf(field), text});
+    return m_operations.concluded(std::move(outcome));
 }
 
-Outcome AppStore::removeApp(SavedApp app, QUuid checkpointID)
+QString CheckpointEditing::noteText(QString Checkpoint::*field, const Checkpoint &checkpoint) const
 {
-    return removeItem(checkpointID, &Checkpoint::apps, std::move(app));
+    const QString name = nameOf(field);
+    for (const UnsavedNote &note : unsavedNotes()) {
+        if (note.checkpointID == checkpoint.id && note.field == name)
+            return note.text;
+    }
+    return checkpoint.*field;
 }
 
-Outcome AppStore::removeTab(SavedTab tab, QUuid checkpointID)
+void CheckpointEditing::keepNote(const UnsavedNote &note)
 {
-    return removeItem(checkpointID, &Checkpoint::tabs, std::move(tab));
+    QList<UnsavedNote> notes = unsavedNotes();
+    notes.removeIf(
+        [&](const UnsavedNote &other) { return other.checkpointID == note.checkpointID && other.field == note.field; });
+    notes.append(note);
+    unsavedNotes.set(std::move(notes));
+}
+
+void CheckpointEditing::forgetNote(const QUuid &checkpointID, const QString &field)
+{
+    QList<UnsavedNote> notes = unsavedNotes();
+    notes.removeIf([&](const UnsavedNote &note) { return note.checkpointID == checkpointID && note.field == field; });
+    unsavedNotes.set(std::move(notes));
+}
+
+void CheckpointEditing::saveUnsavedNotes()
+{
+    const QList<UnsavedNote> notes = unsavedNotes();
+    for (const UnsavedNote &note : notes) {
+        const std::optional<NoteField> field = noteField(note.field);
+        if (!field || !m_library.editable(note.checkpointID)) {
+            forgetNote(note.checkpointID, note.field); // Deleted with its checkpoint.
+            continue;
+        }
+        const auto write = [&](Checkpoint &checkpoint) {
+            checkpoint.**field = note.text;
+            return true;
+        };
+        const PublishTogether group;
+        Outcome outcome = m_library.edit(note.checkpointID, "note", write);
+        if (!outcome)
+            return; // The others would fail as well.
+        forgetNote(note.checkpointID, note.field);
+        m_operations.concluded(std::move(outcome));
+    }
+}
+
+// Of an earlier run, which could not write them either.
+void CheckpointEditing::readUnsavedNotes()
+{
+    QList<UnsavedNote> notes;
+    for (const QString &text : m_preferences.value(keys::unsavedNotes).value_or(QStringList())) {
+        try {
+            notes.append(json::decode<UnsavedNote>(text.toUtf8()));
+        } catch (const Failure &) {
+            // Nobody can say whose it was.
+        }
+    }
+    unsavedNotes.set(std::move(notes));
+}
+
+void CheckpointEditing::keepInMind()
+{
+    QStringList texts;
+    for (const UnsavedNote &note : unsavedNotes())
+        texts += QString::fromUtf8(json::encode(note));
+    if (texts.isEmpty())
+        m_preferences.remove(keys::unsavedNotes);
+    else
+        m_preferences.setValue(keys::unsavedNotes, texts);
+    if (texts.isEmpty())
+        m_noteRetry.stop();
+    else if (!m_noteRetry.isActive())
+        m_noteRetry.start();
 }
 
 } // namespace ardeno

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "store/AppStore.h"
+#include "store/Deletion.h"
+
 #include "store/MediaFolders.h"
 #include "store/MediaStaging.h"
-#include "store/PreferenceKeys.h"
 #include "store/ProjectOrder.h"
 #include "store/Subjects.h"
 #include "support/Identifiers.h"
@@ -31,20 +31,20 @@ QList<Checkpoint> takeCheckpoints(WorkspaceLibrary &library, const QUuid &projec
 } // namespace
 
 // The media go aside first: cut short at any moment, the library says at the next start whether they come back.
-bool AppStore::commitDeletion(const TakeCheckpoints &take, const DeletionTexts &texts, Outcome *outcome)
+bool Deletion::commitDeletion(const TakeCheckpoints &take, const Texts &texts, Outcome *outcome)
 {
     std::optional<MediaStaging> staging;
     const auto setAside = [&](WorkspaceLibrary &library) {
         // The library has been read again, and others may be gone with it.
         if (const auto remains = staging ? staging->putBack() : std::nullopt)
             throw Failure(remains->reason);
-        staging.emplace(m_repository.root());
+        staging.emplace(m_parts.library.storageFolder());
         const std::optional<QSet<QUuid>> gone = take(library);
         for (const QUuid &id : gone.value_or(QSet<QUuid>()))
-            staging->add(MediaFolders::own(m_repository.root(), id), id);
+            staging->add(MediaFolders::own(m_parts.library.storageFolder(), id), id);
         return gone.has_value();
     };
-    if (!commit(setAside, texts.failed, outcome)) {
+    if (!m_parts.library.commit(setAside, texts.failed, outcome)) {
         if (const auto remains = staging ? staging->putBack() : std::nullopt)
             outcome->error = outcome->error.value_or(QString()) + tr(" Some media remains in ") + remaining(*remains);
         return false;
@@ -54,13 +54,14 @@ bool AppStore::commitDeletion(const TakeCheckpoints &take, const DeletionTexts &
     return true;
 }
 
-Outcome AppStore::deleteProject(QUuid id)
+Outcome Deletion::deleteProject(QUuid id)
 {
     Outcome outcome{.subject = subjects::about("delete project", id)};
-    if (m_active && m_active->checkpoint.projectID == id) {
+    const std::optional<OwnedCheckpoint> &active = m_parts.recorder.active();
+    if (active && active->checkpoint.projectID == id) {
         outcome.subject = subjects::whileRecording;
         outcome.fail(tr("Finish the recording before deleting its project."));
-        return concluded(std::move(outcome));
+        return m_parts.operations.concluded(std::move(outcome));
     }
     QList<Checkpoint> gone;
     const auto take = [&](WorkspaceLibrary &library) -> std::optional<QSet<QUuid>> {
@@ -69,66 +70,53 @@ Outcome AppStore::deleteProject(QUuid id)
         gone = takeCheckpoints(library, id);
         return idsOf(gone);
     };
-    const DeletionTexts texts{tr("Could not delete the project: "),
-                              tr("Project deleted, but some local media could not be removed from ")};
+    const Texts texts{tr("Could not delete the project: "),
+                      tr("Project deleted, but some local media could not be removed from ")};
     outcome.isDone = commitDeletion(take, texts, &outcome);
     if (outcome) {
         forgetProject(id);
-        forgetPictures(gone);
+        m_parts.media.forgetPictures(gone);
     }
-    return concluded(std::move(outcome));
+    return m_parts.operations.concluded(std::move(outcome));
 }
 
-void AppStore::forgetProject(QUuid id)
+void Deletion::forgetProject(QUuid id)
 {
     const PublishTogether group;
-    if (selectedProjectID() == id) {
-        setSelectedProjectID(std::nullopt);
-        setSelection(std::nullopt);
-    }
-    if (m_preferences.value(keys::lastOpenedProjectID) == uuidText(id))
-        m_preferences.remove(keys::lastOpenedProjectID);
-    if (draftProjectID() == id)
-        draftProjectID.set(std::nullopt);
-    if (deletingProject() && deletingProject()->id == id)
-        deletingProject.set(std::nullopt);
-    if (editingBlocker() && editingBlocker()->id == id)
-        editingBlocker.set(std::nullopt);
-    if (lastArchiving() && lastArchiving()->projectID == id)
-        lastArchiving.set(std::nullopt);
-    if (lastRemoval() && !isUndoable(*lastRemoval()))
-        remember(std::nullopt);
+    m_parts.navigation.forgetProject(id);
+    m_parts.forget(id);
+    m_parts.removals.look();
 }
 
-Outcome AppStore::deleteCheckpoint(QUuid id)
+Outcome Deletion::deleteCheckpoint(QUuid id)
 {
     Outcome outcome{.subject = subjects::about("delete checkpoint", id)};
-    if (m_active && m_active->checkpoint.id == id) {
+    const std::optional<OwnedCheckpoint> &active = m_parts.recorder.active();
+    if (active && active->checkpoint.id == id) {
         outcome.subject = subjects::whileRecording;
         outcome.fail(tr("Finish the recording before deleting its checkpoint."));
-        return concluded(std::move(outcome));
+        return m_parts.operations.concluded(std::move(outcome));
     }
-    const Checkpoint *const found = checkpoint(id);
+    const Checkpoint *const found = m_parts.library.checkpoint(id);
     if (!found)
         return outcome;
     const Checkpoint gone = *found;
-    const QList<Checkpoint> timeline = checkpointsFor(found->projectID.value_or(QUuid()));
+    const QList<Checkpoint> timeline = m_parts.library.checkpointsFor(found->projectID.value_or(QUuid()));
     const auto take = [&](WorkspaceLibrary &library) -> std::optional<QSet<QUuid>> {
         if (library.checkpoints.removeIf([&](const Checkpoint &candidate) { return candidate.id == id; }) == 0)
             return std::nullopt;
         return QSet<QUuid>{id};
     };
-    const DeletionTexts texts{tr("Could not delete the checkpoint: "),
-                              tr("Checkpoint deleted, but some local media could not be removed from ")};
+    const Texts texts{tr("Could not delete the checkpoint: "),
+                      tr("Checkpoint deleted, but some local media could not be removed from ")};
     outcome.isDone = commitDeletion(take, texts, &outcome);
     if (!outcome)
-        return concluded(std::move(outcome));
-    if (selection() == id)
-        setSelection(ProjectOrder::neighbour(timeline, id));
-    if (lastRemoval() && !isUndoable(*lastRemoval()))
-        remember(std::nullopt);
-    forgetPictures({gone});
-    return concluded(std::move(outcome));
+        return m_parts.operations.concluded(std::move(outcome));
+    if (m_parts.navigation.selection() == id)
+        m_parts.navigation.selectCheckpoint(ProjectOrder::neighbour(timeline, id));
+    m_parts.removals.look();
+    m_parts.media.forgetPictures({gone});
+    return m_parts.operations.concluded(std::move(outcome));
 }
 
 } // namespace ardeno

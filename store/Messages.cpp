@@ -8,6 +8,8 @@ namespace ardeno {
 void Messages::tell(const Outcome &outcome)
 {
     const PublishTogether group;
+    if (outcome.captureIssue)
+        captureIssue.set(outcome.captureIssue);
     for (const Remark &each : outcome.remarks)
         remark(each);
     if (outcome.isDone)
@@ -68,6 +70,11 @@ QStringList Messages::sentences() const
     for (const Remark &remark : remarks())
         all += remark.sentence;
     return all;
+}
+
+void Messages::setCaptureIssue(const std::optional<QString> &issue)
+{
+    captureIssue.set(issue);
 }
 
 void Messages::dismissError()

@@ -21,14 +21,17 @@ public:
     // dismissed.
     Shown<std::optional<QString>> notice;
     Shown<QList<Remark>> remarks;
+    // What is wrong with capturing, for the form.
+    Shown<std::optional<QString>> captureIssue;
 
-    // Tells how an operation ended; its captureIssue is not among it.
+    // Tells how an operation ended.
     void tell(const Outcome &outcome);
     void report(const QString &problem, const QString &subject = {});
     void confirm(const QString &sentence);
     void remark(const Remark &remark);
     // Takes back what was said about this.
     void resolve(const QString &subject);
+    void setCaptureIssue(const std::optional<QString> &issue);
 
     // What the notice is about, as its outcome says.
     const QString &noticeSubject() const { return m_noticeSubject; }

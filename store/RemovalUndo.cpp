@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "store/AppStore.h"
+#include "store/RemovalUndo.h"
+
 #include "store/MediaFolders.h"
 #include "store/MediaRemoval.h"
 #include "store/Subjects.h"
@@ -10,7 +11,24 @@
 
 namespace ardeno {
 
-void AppStore::remember(const std::optional<WorkspaceRemoval> &removal)
+RemovalUndo::RemovalUndo(Operations &operations, Messages &messages, Library &library, CheckpointMedia &media)
+    : m_operations(operations), m_messages(messages), m_library(library), m_media(media)
+{
+}
+
+void RemovalUndo::settleLast()
+{
+    if (lastRemoval())
+        settleRemoved(*lastRemoval());
+}
+
+void RemovalUndo::look()
+{
+    if (lastRemoval() && !isUndoable(*lastRemoval()))
+        remember(std::nullopt);
+}
+
+void RemovalUndo::remember(const std::optional<WorkspaceRemoval> &removal)
 {
     const std::optional<WorkspaceRemoval> before = lastRemoval();
     lastRemoval.set(removal);
@@ -18,26 +36,26 @@ void AppStore::remember(const std::optional<WorkspaceRemoval> &removal)
         settleRemoved(*before);
 }
 
-bool AppStore::isNamed(const QUuid &checkpointID, const QString &file) const
+bool RemovalUndo::isNamed(const QUuid &checkpointID, const QString &file) const
 {
-    const Checkpoint *const owner = checkpoint(checkpointID);
+    const Checkpoint *const owner = m_library.checkpoint(checkpointID);
     const auto names = [&](const std::optional<QString> &recorded) {
-        return recorded && MediaFolders::fileOf(m_repository.root(), checkpointID, *recorded) == file;
+        return recorded && MediaFolders::fileOf(m_library.storageFolder(), checkpointID, *recorded) == file;
     };
     return owner && (names(owner->screenshot) || names(owner->recording));
 }
 
-bool AppStore::isUndoable(const WorkspaceRemoval &removal) const
+bool RemovalUndo::isUndoable(const WorkspaceRemoval &removal) const
 {
     const auto *const picture = std::get_if<RemovedPicture>(&removal.item.item);
-    if (!editable(removal.checkpointID) || !picture)
-        return editable(removal.checkpointID).has_value();
-    const auto file = MediaFolders::fileOf(m_repository.root(), removal.checkpointID, picture->screenshot);
+    if (!m_library.editable(removal.checkpointID) || !picture)
+        return m_library.editable(removal.checkpointID).has_value();
+    const auto file = MediaFolders::fileOf(m_library.storageFolder(), removal.checkpointID, picture->screenshot);
     return !file || !isNamed(removal.checkpointID, *file); // Another program may have put it back.
 }
 
 // The file of a picture has stood aside until now.
-void AppStore::settleRemoved(const WorkspaceRemoval &removal)
+void RemovalUndo::settleRemoved(const WorkspaceRemoval &removal)
 {
     const auto *const picture = std::get_if<RemovedPicture>(&removal.item.item);
     if (!picture)
@@ -45,8 +63,8 @@ void AppStore::settleRemoved(const WorkspaceRemoval &removal)
     std::optional<Failure> failure;
     QString remains;
     try {
-        const auto file =
-            MediaRemoval::allowed(m_repository.root(), removal.checkpointID, picture->screenshot).value_or(QString());
+        const auto file = MediaRemoval::allowed(m_library.storageFolder(), removal.checkpointID, picture->screenshot)
+                              .value_or(QString());
         remains = MediaFolders::leaving(file);
         if (!file.isEmpty())
             failure = isNamed(removal.checkpointID, file) ? MediaRemoval::bringBack(file) : MediaRemoval::discard(file);
@@ -54,20 +72,20 @@ void AppStore::settleRemoved(const WorkspaceRemoval &removal)
         failure = unknown;
     }
     if (failure)
-        report(tr("Screenshot removed, but its file could not be deleted from ") + remains + ": " +
-                   failure->description(),
-               subjects::about("picture", removal.checkpointID));
+        m_messages.report(tr("Screenshot removed, but its file could not be deleted from ") + remains + ": " +
+                              failure->description(),
+                          subjects::about("picture", removal.checkpointID));
 }
 
-Outcome AppStore::undoWorkspaceRemoval()
+Outcome RemovalUndo::undoWorkspaceRemoval()
 {
     const std::optional<WorkspaceRemoval> removal = lastRemoval();
-    const std::optional<Checkpoint> before = removal ? editable(removal->checkpointID) : std::nullopt;
+    const std::optional<Checkpoint> before = removal ? m_library.editable(removal->checkpointID) : std::nullopt;
     if (!before)
         return {};
     const PublishTogether group;
     if (const auto *const picture = std::get_if<RemovedPicture>(&removal->item.item))
-        return concluded(putPictureBack(*before, *picture));
+        return m_operations.concluded(putPictureBack(*before, *picture));
     const auto putBack = [&](Checkpoint &checkpoint) {
         const auto insert = [&](auto &list, const auto &item) {
             list.insert(std::min(removal->item.index, list.size()), item);
@@ -81,14 +99,14 @@ Outcome AppStore::undoWorkspaceRemoval()
         return true;
     };
     const bool isLayout = std::holds_alternative<RemovedLayout>(removal->item.item);
-    Outcome outcome = edit(removal->checkpointID, isLayout ? "layout" : "item", putBack);
+    Outcome outcome = m_library.edit(removal->checkpointID, isLayout ? "layout" : "item", putBack);
     if (outcome)
         lastRemoval.set(std::nullopt);
-    return concluded(std::move(outcome));
+    return m_operations.concluded(std::move(outcome));
 }
 
 // The one that stands in its place goes aside in turn, and can be brought back the same way.
-Outcome AppStore::putPictureBack(const Checkpoint &before, const RemovedPicture &picture)
+Outcome RemovalUndo::putPictureBack(const Checkpoint &before, const RemovedPicture &picture)
 {
     const QString failed = tr("Could not bring the screenshot back: ");
     Outcome outcome{.subject = subjects::about("picture", before.id)};
@@ -96,9 +114,9 @@ Outcome AppStore::putPictureBack(const Checkpoint &before, const RemovedPicture 
     std::optional<QString> displaced;
     std::optional<Failure> failure;
     try {
-        returning = MediaRemoval::allowed(m_repository.root(), before.id, picture.screenshot);
+        returning = MediaRemoval::allowed(m_library.storageFolder(), before.id, picture.screenshot);
         if (before.screenshot)
-            displaced = MediaRemoval::allowed(m_repository.root(), before.id, *before.screenshot);
+            displaced = MediaRemoval::allowed(m_library.storageFolder(), before.id, *before.screenshot);
     } catch (const Failure &unknown) {
         failure = unknown;
     }
@@ -113,20 +131,27 @@ Outcome AppStore::putPictureBack(const Checkpoint &before, const RemovedPicture 
         checkpoint.screenshot = picture.screenshot;
         return true;
     };
-    const SettleMedia settle = [&] {
+    const Library::SettleMedia settle = [&] {
         const auto missing = returning ? MediaRemoval::bringBack(*returning) : std::nullopt;
         if (missing)
             throw Failure(*missing);
     };
-    outcome = edit(before.id, "picture", show, failed, settle);
+    outcome = m_library.edit(before.id, "picture", show, failed, settle);
     if (!outcome) {
         putBack(removal, &outcome);
         return outcome;
     }
-    forgetPictures({before});
+    m_media.forgetPictures({before});
     lastRemoval.set(before.screenshot ? std::optional(WorkspaceRemoval{before.id, {RemovedPicture{*before.screenshot}}})
                                       : std::nullopt);
     return outcome;
+}
+
+void RemovalUndo::putBack(MediaRemoval &removal, Outcome *outcome)
+{
+    if (const auto failure = removal.putBack())
+        outcome->error = outcome->error.value_or(QString()) + tr(" Some media remains in ") + removal.aside() + ": " +
+                         failure->description();
 }
 
 } // namespace ardeno

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "capture/LocationRestore.h"
+#include "store/ResumeFlow.h"
+
 #include "capture/Reopening.h"
-#include "capture/WindowRestore.h"
-#include "store/AppStore.h"
 #include "store/Subjects.h"
 #include "support/Identifiers.h"
 
@@ -23,9 +22,19 @@ constexpr std::chrono::seconds patienceForOthers(60); // A resume of many slow a
 
 } // namespace
 
-QCoro::Task<RestorePlan> AppStore::restorePlan(Checkpoint checkpoint)
+ResumeFlow::ResumeFlow(Operations &operations, Desktop &desktop, const Library &library, const ExclusionRules &rules,
+                       OpenedPages openedPages)
+    : m_operations(operations),
+      m_desktop(desktop),
+      m_library(library),
+      m_rules(rules),
+      m_openedPages(std::move(openedPages))
 {
-    const WorkspaceCapture::ReopeningTools tools{m_desktop, m_openedPages, exclusions().appIDs()};
+}
+
+QCoro::Task<RestorePlan> ResumeFlow::restorePlan(Checkpoint checkpoint)
+{
+    const WorkspaceCapture::ReopeningTools tools{m_desktop, m_openedPages, m_rules.exclusions().appIDs()};
     co_return co_await WorkspaceCapture::presentPlan(checkpoint.apps, checkpoint.tabs, tools);
 }
 
@@ -34,17 +43,17 @@ ResumeChoice ResumeChoice::missing(const RestorePlan &plan)
     return {idsOf(plan.appsToOpen), idsOf(plan.tabsToOpen)};
 }
 
-QCoro::Task<ResumeOutcome> AppStore::restore(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout,
-                                             Audience audience)
+QCoro::Task<ResumeOutcome> ResumeFlow::restore(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout,
+                                               Audience audience)
 {
-    return carryOut(resume(std::move(checkpoint), std::move(choose), restoreLayout, audience), audience);
+    return m_operations.carryOut(resume(std::move(checkpoint), std::move(choose), restoreLayout, audience), audience);
 }
 
 // Throws Failure when another process does not come to an end.
-QCoro::Task<LibraryLock> AppStore::turnToResume()
+QCoro::Task<LibraryLock> ResumeFlow::turnToResume()
 {
     const LibraryLock::Request request{
-        .root = m_repository.root(), .access = LibraryLock::Access::Read, .file = LibraryLock::resumeFile};
+        .root = m_library.storageFolder(), .access = LibraryLock::Access::Read, .file = LibraryLock::resumeFile};
     const QDeadlineTimer deadline(patienceForOthers);
     for (;;) {
         std::optional<LibraryLock> turn = LibraryLock::tryLock(request);
@@ -60,16 +69,16 @@ QCoro::Task<LibraryLock> AppStore::turnToResume()
                         : tr("Another program is still resuming a checkpoint."));
 }
 
-QCoro::Task<ResumeOutcome> AppStore::resume(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout,
-                                            Audience audience)
+QCoro::Task<ResumeOutcome> ResumeFlow::resume(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout,
+                                              Audience audience)
 {
     ResumeOutcome outcome;
     outcome.subject = subjects::resume;
     outcome.checkpointID = checkpoint.id;
-    if (busy())
+    if (m_operations.busy())
         co_return outcome;
-    busy.set(true);
-    const auto idle = qScopeGuard([this] { busy.set(false); });
+    m_operations.setBusy(true);
+    const auto idle = qScopeGuard([this] { m_operations.setBusy(false); });
     const LibraryLock turn = co_await turnToResume();
     if (audience == Audience::Window) {
         unplacedWindows.set({});
@@ -88,7 +97,8 @@ QCoro::Task<ResumeOutcome> AppStore::resume(Checkpoint checkpoint, ChooseItems c
     co_return outcome;
 }
 
-QCoro::Task<void> AppStore::reopen(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout, RestoreReport *report)
+QCoro::Task<void> ResumeFlow::reopen(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout,
+                                     RestoreReport *report)
 {
     const RestorePlan plan = co_await restorePlan(checkpoint);
     const ResumeChoice chosen = choose(plan);
@@ -102,7 +112,7 @@ QCoro::Task<void> AppStore::reopen(Checkpoint checkpoint, ChooseItems choose, bo
         request.pathsByApp = WindowLayout::pathsByApp(windows, saved);
         looking = WindowLayout::openPlaces(windows, saved, m_desktop);
     }
-    const WorkspaceCapture::ReopeningTools tools{m_desktop, m_openedPages, exclusions().appIDs()};
+    const WorkspaceCapture::ReopeningTools tools{m_desktop, m_openedPages, m_rules.exclusions().appIDs()};
     WorkspaceCapture::Reopened reopened = co_await WorkspaceCapture::reopen(request, tools);
     report->outcome = reopened.outcome;
     if (restoreLayout) {
@@ -117,7 +127,7 @@ QCoro::Task<void> AppStore::reopen(Checkpoint checkpoint, ChooseItems choose, bo
     WorkspaceCapture::withdraw(failed, reopened.opened, m_desktop.roles, report);
 }
 
-QCoro::Task<QList<SavedWindow>> AppStore::restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report)
+QCoro::Task<QList<SavedWindow>> ResumeFlow::restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report)
 {
     // Before the windows are moved, so that those that show them are there.
     const WindowLayout::LocationResult opened = co_await WindowLayout::restoreLocations(places, m_desktop);
@@ -140,7 +150,7 @@ QCoro::Task<QList<SavedWindow>> AppStore::restorePlaces(WindowLayout::LocationRe
 }
 
 // Of these windows alone: what is known of others stays.
-void AppStore::keepUnplaced(const QList<SavedWindow> &windows, const RestoreResult &result)
+void ResumeFlow::keepUnplaced(const QList<SavedWindow> &windows, const RestoreResult &result)
 {
     QList<SkippedWindow> skipped = result.skipped;
     QList<UnplacedWindow> unplaced = unplacedWindows();
@@ -157,7 +167,7 @@ void AppStore::keepUnplaced(const QList<SavedWindow> &windows, const RestoreResu
     unplacedWindows.set(unplaced);
 }
 
-QCoro::Task<Outcome> AppStore::placeRemainingWindows(const QList<SavedWindow> &windows)
+QCoro::Task<Outcome> ResumeFlow::placeRemainingWindows(const QList<SavedWindow> &windows)
 {
     WindowLayout::RestoreRequest request{.windows = windows};
     for (const UnplacedWindow &unplaced : unplacedWindows()) {
@@ -166,16 +176,16 @@ QCoro::Task<Outcome> AppStore::placeRemainingWindows(const QList<SavedWindow> &w
         request.onlyIDs.insert(unplaced.window.id);
         request.allowedAppIDs.insert(unplaced.window.appID);
     }
-    return carryOut(placeWindows(std::move(request)));
+    return m_operations.carryOut(placeWindows(std::move(request)));
 }
 
-QCoro::Task<Outcome> AppStore::placeWindows(WindowLayout::RestoreRequest request)
+QCoro::Task<Outcome> ResumeFlow::placeWindows(WindowLayout::RestoreRequest request)
 {
     Outcome outcome{.subject = subjects::resume};
-    if (busy() || request.onlyIDs.isEmpty())
+    if (m_operations.busy() || request.onlyIDs.isEmpty())
         co_return outcome;
-    busy.set(true);
-    const auto idle = qScopeGuard([this] { busy.set(false); });
+    m_operations.setBusy(true);
+    const auto idle = qScopeGuard([this] { m_operations.setBusy(false); });
     const LibraryLock turn = co_await turnToResume();
     const RestoreResult result = co_await WindowLayout::restore(request, m_desktop);
     if (!result.accessibilityRequired)
@@ -185,19 +195,19 @@ QCoro::Task<Outcome> AppStore::placeWindows(WindowLayout::RestoreRequest request
     co_return outcome;
 }
 
-void AppStore::dismissShortfall()
+void ResumeFlow::dismissShortfall()
 {
     const PublishTogether group;
     resumeShortfall.set(std::nullopt);
     unplacedWindows.set({});
 }
 
-Capability AppStore::windowPositioning() const
+Capability ResumeFlow::windowPositioning() const
 {
     return m_desktop.windowMover->availability();
 }
 
-void AppStore::askWindowPositioning()
+void ResumeFlow::askWindowPositioning()
 {
     m_desktop.windowMover->ask();
 }

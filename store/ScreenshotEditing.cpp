@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/ScreenshotEditing.h"
+
 #include "media/ImageImport.h"
-#include "media/ThumbnailCache.h"
-#include "store/AppStore.h"
 #include "store/MediaFolders.h"
 #include "store/MediaRemoval.h"
 #include "store/Subjects.h"
@@ -21,25 +21,31 @@ namespace {
 void discard(const QString &arriving, Outcome *outcome)
 {
     if (MediaFolders::removeAll(arriving))
-        outcome->fail(AppStore::tr("The new image remains in ") + arriving + '.');
+        outcome->fail(ScreenshotEditing::tr("The new image remains in ") + arriving + '.');
 }
 
 } // namespace
 
-QCoro::Task<Outcome> AppStore::importScreenshot(QString file, QUuid checkpointID)
+ScreenshotEditing::ScreenshotEditing(Operations &operations, Library &library, CheckpointMedia &media,
+                                     RemovalUndo &removals)
+    : m_operations(operations), m_library(library), m_media(media), m_removals(removals)
 {
-    return carryOut(addPicture(std::move(file), checkpointID));
 }
 
-QCoro::Task<Outcome> AppStore::addPicture(QString file, QUuid checkpointID)
+QCoro::Task<Outcome> ScreenshotEditing::importScreenshot(QString file, QUuid checkpointID)
+{
+    return m_operations.carryOut(addPicture(std::move(file), checkpointID));
+}
+
+QCoro::Task<Outcome> ScreenshotEditing::addPicture(QString file, QUuid checkpointID)
 {
     Outcome outcome{.checkpointID = checkpointID, .subject = subjects::about("picture", checkpointID)};
-    if (!editable(checkpointID))
+    if (!m_library.editable(checkpointID))
         co_return outcome;
     QString path;
     std::optional<Failure> failure;
     try {
-        path = mediaFolder(checkpointID) + '/' + MediaFile::importedImage();
+        path = m_library.mediaFolder(checkpointID) + '/' + MediaFile::importedImage();
         const auto copy = [&] { ImageImport::writePng(file, MediaFolders::arriving(path)); };
         co_await inWorker(copy);
         adoptScreenshot(checkpointID, path, &outcome);
@@ -51,13 +57,13 @@ QCoro::Task<Outcome> AppStore::addPicture(QString file, QUuid checkpointID)
     importFailed(checkpointID, *failure, &outcome);
     if (!path.isEmpty())
         discard(MediaFolders::arriving(path), &outcome);
-    QDir().rmdir(m_repository.root() + '/' + uuidText(checkpointID)); // Nothing happens when it holds anything.
+    QDir().rmdir(m_library.storageFolder() + '/' + uuidText(checkpointID)); // Nothing happens when it holds anything.
     co_return outcome;
 }
 
-void AppStore::importFailed(QUuid checkpointID, const Failure &failure, Outcome *outcome) const
+void ScreenshotEditing::importFailed(QUuid checkpointID, const Failure &failure, Outcome *outcome) const
 {
-    if (!editable(checkpointID)) // It was deleted meanwhile, and its folder with it.
+    if (!m_library.editable(checkpointID)) // It was deleted meanwhile, and its folder with it.
         return;
     if (failure.domain() == ImageImport::notAnImageDomain)
         outcome->fail(tr("This file could not be opened as an image. Choose a PNG, JPEG, HEIC or another supported "
@@ -68,17 +74,17 @@ void AppStore::importFailed(QUuid checkpointID, const Failure &failure, Outcome 
 
 // The new picture has been written; now it belongs to the checkpoint, or goes again. Throws Failure when what is there
 // does not answer; nothing has changed then.
-void AppStore::adoptScreenshot(QUuid checkpointID, const QString &path, Outcome *outcome)
+void ScreenshotEditing::adoptScreenshot(QUuid checkpointID, const QString &path, Outcome *outcome)
 {
     const QString arriving = MediaFolders::arriving(path);
-    const std::optional<Checkpoint> before = editable(checkpointID);
+    const std::optional<Checkpoint> before = m_library.editable(checkpointID);
     if (!before) { // The checkpoint was deleted meanwhile; what it had by then went with it.
         QFile::remove(arriving);
         QDir().rmdir(QFileInfo(path).path());
         return;
     }
     const auto replaced = before->screenshot
-                              ? MediaRemoval::allowed(m_repository.root(), checkpointID, *before->screenshot)
+                              ? MediaRemoval::allowed(m_library.storageFolder(), checkpointID, *before->screenshot)
                               : std::nullopt;
     MediaRemoval removal(replaced.value_or(QString()));
     removal.begin(); // What cannot go aside now is tried again in the end.
@@ -86,48 +92,41 @@ void AppStore::adoptScreenshot(QUuid checkpointID, const QString &path, Outcome 
         checkpoint.screenshot = path;
         return true;
     };
-    const SettleMedia settle = [&] {
+    const Library::SettleMedia settle = [&] {
         if (const auto failure = MediaFolders::move(arriving, path))
             throw Failure(*failure);
     };
-    *outcome = edit(checkpointID, "picture", show, {}, settle);
+    *outcome = m_library.edit(checkpointID, "picture", show, {}, settle);
     if (!*outcome) {
-        putBack(removal, outcome);
+        RemovalUndo::putBack(removal, outcome);
         discard(arriving, outcome);
         return;
     }
     pictureAdopted(*before, removal, outcome);
 }
 
-void AppStore::pictureAdopted(const Checkpoint &before, MediaRemoval &removal, Outcome *outcome)
+void ScreenshotEditing::pictureAdopted(const Checkpoint &before, MediaRemoval &removal, Outcome *outcome)
 {
     outcome->notice = tr("Image added. A copy is saved with this checkpoint.");
-    forgetPictures({before});
+    m_media.forgetPictures({before});
     if (!before.screenshot)
         return; // What was removed before can still be brought back.
     if (const auto remains = removal.isAside() ? std::nullopt : removal.begin())
         outcome->notice =
             tr("Image added, but the previous image file could not be removed: ") + remains->description();
-    remember(WorkspaceRemoval{before.id, {RemovedPicture{*before.screenshot}}});
+    m_removals.remember(WorkspaceRemoval{before.id, {RemovedPicture{*before.screenshot}}});
 }
 
-void AppStore::putBack(MediaRemoval &removal, Outcome *outcome)
+Outcome ScreenshotEditing::removeScreenshot(QUuid checkpointID)
 {
-    if (const auto failure = removal.putBack())
-        outcome->error = outcome->error.value_or(QString()) + tr(" Some media remains in ") + removal.aside() + ": " +
-                         failure->description();
-}
-
-Outcome AppStore::removeScreenshot(QUuid checkpointID)
-{
-    const std::optional<Checkpoint> before = editable(checkpointID);
+    const std::optional<Checkpoint> before = m_library.editable(checkpointID);
     if (!before || !before->screenshot)
         return {};
     Outcome outcome{.subject = subjects::about("picture", checkpointID)};
     const QString failed = tr("Could not remove the screenshot: ");
     std::optional<QString> file;
     try {
-        file = MediaRemoval::allowed(m_repository.root(), checkpointID, *before->screenshot);
+        file = MediaRemoval::allowed(m_library.storageFolder(), checkpointID, *before->screenshot);
         if (!file)
             outcome.fail(tr("Could not remove a screenshot outside this checkpoint’s storage folder."));
     } catch (const Failure &failure) {
@@ -138,53 +137,24 @@ Outcome AppStore::removeScreenshot(QUuid checkpointID)
         outcome.fail(failed + failure->description());
     if (!outcome.error)
         outcome = clearScreenshot(*before, removal);
-    return concluded(std::move(outcome));
+    return m_operations.concluded(std::move(outcome));
 }
 
-Outcome AppStore::clearScreenshot(const Checkpoint &before, MediaRemoval &removal)
+Outcome ScreenshotEditing::clearScreenshot(const Checkpoint &before, MediaRemoval &removal)
 {
     const auto clear = [](Checkpoint &checkpoint) {
         checkpoint.screenshot.reset();
         return true;
     };
-    Outcome outcome = edit(before.id, "picture", clear, tr("Could not remove the screenshot: "));
+    Outcome outcome = m_library.edit(before.id, "picture", clear, tr("Could not remove the screenshot: "));
     if (!outcome) {
-        putBack(removal, &outcome);
+        RemovalUndo::putBack(removal, &outcome);
         return outcome;
     }
-    forgetPictures({before});
-    remember(WorkspaceRemoval{before.id, {RemovedPicture{*before.screenshot}}});
+    m_media.forgetPictures({before});
+    m_removals.remember(WorkspaceRemoval{before.id, {RemovedPicture{*before.screenshot}}});
     outcome.notice = tr("Screenshot removed. Your notes and workspace are saved.");
     return outcome;
-}
-
-Thumbnails &AppStore::thumbnails()
-{
-    if (!m_thumbnails) {
-        m_thumbnails = std::make_unique<Thumbnails>(m_thumbnailFolder);
-        if (m_isLibraryRead)
-            m_thumbnails->keepOnly(screenshotFiles(checkpoints()));
-    }
-    return *m_thumbnails;
-}
-
-// What was deleted must not live on as a thumbnail.
-void AppStore::forgetPictures(const QList<Checkpoint> &gone)
-{
-    if (m_thumbnails)
-        m_thumbnails->forget(screenshotFiles(gone));
-    else
-        ThumbnailCache(m_thumbnailFolder).remove(screenshotFiles(gone));
-}
-
-QSet<QString> AppStore::screenshotFiles(const QList<Checkpoint> &of) const
-{
-    QSet<QString> paths;
-    for (const Checkpoint &checkpoint : of) {
-        if (const auto file = screenshotFile(checkpoint))
-            paths.insert(*file);
-    }
-    return paths;
 }
 
 } // namespace ardeno

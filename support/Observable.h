@@ -67,15 +67,6 @@ private:
     void publish(T value) { this->replace(std::move(value)); }
 };
 
-// A property that the control bound to it writes, too.
-template <typename T>
-class Editable final : public Observable<T> {
-public:
-    using Observable<T>::Observable;
-
-    void set(T value) { this->assign(std::move(value)); }
-};
-
 // While it lives, no watcher hears of a change; at the end of the outermost one each hears of all together.
 class PublishTogether final {
 public:

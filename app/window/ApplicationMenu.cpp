@@ -29,7 +29,7 @@ ApplicationMenu::ApplicationMenu(AppStore &store, const Actions &actions)
       m_quit(tr("Quit"))
 {
     connectAction(m_quickSave, actions.quickSave);
-    connectAction(m_stop, [&store] { store.stop(); });
+    connectAction(m_stop, [&store] { store.sessions.stop(); });
     connectAction(m_openWindow, actions.openWindow);
     connectAction(m_newsletter, actions.openNewsletter);
     connectAction(m_quit, actions.quit);
@@ -43,17 +43,17 @@ ApplicationMenu::ApplicationMenu(AppStore &store, const Actions &actions)
     m_recording.setEnabled(false);
     m_quickSave.setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
     m_quit.setShortcut(Qt::CTRL | Qt::Key_Q);
-    m_observations.watch([this] { showState(); }, store.busy, store.recording);
+    m_observations.watch([this] { showState(); }, store.operations.busy, store.recorder.recording);
 }
 
 void ApplicationMenu::showState()
 {
-    const bool isRecording = m_store.recording();
+    const bool isRecording = m_store.recorder.recording();
     m_quickSave.setVisible(!isRecording);
     m_recording.setVisible(isRecording);
     m_stop.setVisible(isRecording);
-    m_quickSave.setEnabled(!m_store.busy() && !isRecording);
-    m_stop.setEnabled(!m_store.busy());
+    m_quickSave.setEnabled(!m_store.operations.busy() && !isRecording);
+    m_stop.setEnabled(!m_store.operations.busy());
 }
 
 void ApplicationMenu::fillTray(QMenu *menu)

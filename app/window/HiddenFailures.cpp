@@ -27,12 +27,12 @@ HiddenFailures::HiddenFailures(const AppStore &store, const QDBusConnection &con
 {
     m_connection.connect(notifications, notificationsPath, notifications, "ActionInvoked", this,
                          SLOT(invoked(uint, QString)));
-    m_observations.watch([this] { look(); }, store.error, store.remarks);
+    m_observations.watch([this] { look(); }, store.messages.error, store.messages.remarks);
 }
 
 void HiddenFailures::look()
 {
-    const QStringList now = m_store.sentences();
+    const QStringList now = m_store.messages.sentences();
     QStringList news = now;
     news.removeIf([this](const QString &sentence) { return m_known.contains(sentence); });
     m_known = now;
@@ -41,7 +41,8 @@ void HiddenFailures::look()
     } else if (!news.isEmpty()) {
         m_hasUnseen = true;
         m_window.mark(true);
-        notify(m_store.error() && news.contains(*m_store.error()) ? *m_store.error() : news.last());
+        notify(m_store.messages.error() && news.contains(*m_store.messages.error()) ? *m_store.messages.error()
+                                                                                    : news.last());
     } else if (now.isEmpty()) { // It has been mended meanwhile.
         seen();
     }

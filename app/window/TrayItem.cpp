@@ -39,8 +39,8 @@ QIcon menuIcon(const std::optional<Role> &mark)
 
 } // namespace
 
-TrayItem::TrayItem(const AppState &state, ApplicationMenu &menu, const QDBusConnection &connection)
-    : m_state(state),
+TrayItem::TrayItem(const SessionRecorder &recorder, ApplicationMenu &menu, const QDBusConnection &connection)
+    : m_recorder(recorder),
       m_menu(menu),
       m_connection(connection),
       m_watcher(trayHost::watcher, connection, QDBusServiceWatcher::WatchForOwnerChange)
@@ -51,7 +51,7 @@ TrayItem::TrayItem(const AppState &state, ApplicationMenu &menu, const QDBusConn
     });
     for (const char *const signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
         m_connection.connect(trayHost::watcher, trayHost::path, trayHost::watcher, signal, this, SLOT(look()));
-    m_observations.watch([this] { showState(); }, state.recording);
+    m_observations.watch([this] { showState(); }, recorder.recording);
     look();
 }
 
@@ -109,7 +109,7 @@ void TrayItem::showState()
 {
     if (!m_icon)
         return;
-    const bool isRecording = m_state.recording();
+    const bool isRecording = m_recorder.recording();
     const auto attention = m_isMarked ? std::optional(Role::Amber) : std::nullopt;
     m_icon->setIcon(menuIcon(isRecording ? std::optional(Role::Recording) : attention));
     m_icon->setToolTip(isRecording  ? tr("Ardeno — Recording")

@@ -20,7 +20,7 @@ class TrayItem final : public QObject {
     Q_OBJECT
 
 public:
-    TrayItem(const AppState &state, ApplicationMenu &menu, const QDBusConnection &connection);
+    TrayItem(const SessionRecorder &recorder, ApplicationMenu &menu, const QDBusConnection &connection);
     ~TrayItem() override;
 
     bool isShown() const { return m_icon != nullptr; }
@@ -37,7 +37,7 @@ private:
     void hide();
     void showState();
 
-    const AppState &m_state;
+    const SessionRecorder &m_recorder;
     ApplicationMenu &m_menu;
     bool m_isMarked = false;
     QDBusConnection m_connection;

@@ -63,7 +63,7 @@ BusService::Actions WindowApplication::actions()
             .stopRecording =
                 [this] {
                     if (m_application)
-                        m_application->store().stop();
+                        m_application->store().sessions.stop();
                 }};
 }
 
@@ -111,14 +111,15 @@ void WindowApplication::adopt(OpenedLibrary library)
     prepareWindows();
     m_quickSave = std::make_unique<QuickSaveController>(store, m_application->desktop(), [this] { comeToFront(); });
     if (m_reach == Reach::Bus)
-        m_tray = std::make_unique<TrayItem>(store, *m_menu, QDBusConnection::sessionBus());
+        m_tray = std::make_unique<TrayItem>(store.recorder, *m_menu, QDBusConnection::sessionBus());
     else
-        store.remark({.sentence = tr("There is no session bus: commands cannot reach this window, and closing it "
-                                     "quits Ardeno.")});
+        store.messages.remark(
+            {.sentence = tr("There is no session bus: commands cannot reach this window, and closing it "
+                            "quits Ardeno.")});
     tellHiddenFailures();
     adviseMove();
     m_bus.serveCommands();
-    store.checkForUpdates(Force::No);
+    store.updates.checkForUpdates(Force::No);
 }
 
 void WindowApplication::openWindow()
@@ -184,7 +185,7 @@ bool WindowApplication::holdsInput()
 
 void WindowApplication::quit()
 {
-    if (m_application && m_application->store().recording())
+    if (m_application && m_application->store().recorder.recording())
         refuseWhileRecording();
     else if (holdsInput())
         askBeforeQuitting();
@@ -231,7 +232,7 @@ void WindowApplication::end()
 
 void WindowApplication::refuseLogout(QSessionManager &manager)
 {
-    const bool isRecording = m_application && m_application->store().recording();
+    const bool isRecording = m_application && m_application->store().recorder.recording();
     if (!manager.allowsInteraction() || (!isRecording && !holdsInput()))
         return; // What is recorded is saved when the end comes.
     quit();
@@ -276,7 +277,7 @@ bool WindowApplication::mayClose()
         askBeforeClosing();
         return false;
     }
-    if (m_application->store().recording() && !m_tray->isShown()) {
+    if (m_application->store().recorder.recording() && !m_tray->isShown()) {
         m_window->showMinimized(); // Else nothing would tell that the recording goes on.
         return false;
     }

@@ -36,9 +36,9 @@ struct ExclusionFaults : StoreFixture {
             ready();
             faults::begin(plan);
             AppStore &own = reopen();
-            const bool isAdded = own.excludeDomain("new.test").isDone;
+            const bool isAdded = own.rules.excludeDomain("new.test").isDone;
             const auto prepared = memory.preparedExclusions.size();
-            const Outcome saved = finish(own.saveMoment({.projectID = *own.createProject("Project")}));
+            const Outcome saved = finish(own.capture.saveMoment({.projectID = *own.projects.createProject("Project")}));
             const bool isHidden = !saved || memory.preparedExclusions.value(prepared).contains("org.secret");
             writeFile(home.filePath("calls"), QByteArray::number(faults::calls()));
             ::_exit(!isHidden ? 2 : isAdded ? 0 : 1);

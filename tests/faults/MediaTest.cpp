@@ -95,12 +95,12 @@ struct MediaFixture : StoreFixture {
     // Whether the message names what a deletion has left, and says only then that nothing was removed.
     bool isSaid()
     {
-        const QString message = store().error().value_or(QString());
+        const QString message = store().messages.error().value_or(QString());
         const QStringList left = QDir(root()).entryList({".deleting-*"}, QDir::Dirs | QDir::Hidden);
         const bool isNamed = std::all_of(left.begin(), left.end(), [&](const QString &name) {
             return list(root() + '/' + name).isEmpty() || message.contains(name);
         });
-        const Checkpoint *const changed = store().checkpoint(first);
+        const Checkpoint *const changed = store().library.checkpoint(first);
         return isNamed && (!message.startsWith("Could not remove the screenshot") || (changed && changed->screenshot));
     }
 
@@ -122,14 +122,14 @@ struct MediaFixture : StoreFixture {
     void check()
     {
         reopen();
-        CHECK_FALSE(store().error().has_value());
+        CHECK_FALSE(store().messages.error().has_value());
         QStringList expected = {"checkpoints.json"};
-        for (const Checkpoint &checkpoint : store().checkpoints()) {
+        for (const Checkpoint &checkpoint : store().library.checkpoints()) {
             expected << uuidText(checkpoint.id);
             const QString file = QFileInfo(checkpoint.screenshot.value_or(QString())).fileName();
             CHECK(list(mediaFolder(checkpoint)).join(' ') == file);
         }
-        const Checkpoint *const recovered = store().checkpoint(session);
+        const Checkpoint *const recovered = store().library.checkpoint(session);
         CHECK((recovered && recovered->title == "session" && recovered->recording) == isCutShort);
         expected.sort();
         CHECK(list(root()) == expected);
@@ -150,26 +150,26 @@ struct MediaFixture : StoreFixture {
 TEST_CASE_FIXTURE(MediaFixture, "wherever a change is cut short, the next start has all media that the library names")
 {
     const CaptureRequest request{.projectID = project, .title = "new"};
-    const auto save = [&] { finish(store().saveMoment(request)); };
-    const auto import = [&] { finish(store().importScreenshot(image, first)); };
+    const auto save = [&] { finish(store().capture.saveMoment(request)); };
+    const auto import = [&] { finish(store().screenshots.importScreenshot(image, first)); };
     const auto record = [&] {
-        finish(store().startSession(request));
-        finish(store().stop());
+        finish(store().capture.startSession(request));
+        finish(store().sessions.stop());
     };
-    const auto removeScreenshot = [&] { store().removeScreenshot(first); };
+    const auto removeScreenshot = [&] { store().screenshots.removeScreenshot(first); };
     const auto bringBack = [&] {
-        store().removeScreenshot(first);
-        store().undoWorkspaceRemoval();
+        store().screenshots.removeScreenshot(first);
+        store().removals.undoWorkspaceRemoval();
     };
     const auto replaceTwice = [&] {
         import();
         import();
-        store().undoWorkspaceRemoval();
+        store().removals.undoWorkspaceRemoval();
         opened.reset();
         reopen();
     };
-    const auto deleteCheckpoint = [&] { store().deleteCheckpoint(first); };
-    const auto deleteProject = [&] { store().deleteProject(project); };
+    const auto deleteCheckpoint = [&] { store().deletion.deleteCheckpoint(first); };
+    const auto deleteProject = [&] { store().deletion.deleteProject(project); };
     using Kind = faults::Plan::Kind;
     for (const std::function<void()> &work : {std::function<void()>(save), std::function<void()>(record)})
         attack(work, {.kind = Kind::Kill});

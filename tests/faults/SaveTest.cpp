@@ -49,8 +49,8 @@ struct FaultFixture : StoreFixture {
         try {
             const LibraryLock lock = LibraryLock::waitFor({.root = root()}, {});
             AppStore &own = reopen();
-            const CaptureRequest request{.projectID = own.projects().value(0).id, .title = "new"};
-            const Outcome outcome = finish(own.saveMoment(request));
+            const CaptureRequest request{.projectID = own.library.projects().value(0).id, .title = "new"};
+            const Outcome outcome = finish(own.capture.saveMoment(request));
             describe(outcome.problems().join(' '));
             return outcome.isDone;
         } catch (const Failure &failure) {

@@ -7,10 +7,10 @@ using namespace ardeno;
 namespace {
 
 struct EditingFixture : StoreFixture {
-    QUuid project = *store().createProject("Thesis");
+    QUuid project = *store().projects.createProject("Thesis");
     Checkpoint saved = saveCheckpoint(project, "one", 1);
 
-    const Checkpoint &now() { return *store().checkpoint(saved.id); }
+    const Checkpoint &now() { return *store().library.checkpoint(saved.id); }
 
     SavedTab tab(const QString &url) const { return {.title = url, .url = url, .browserID = "com.google.Chrome"}; }
 
@@ -27,7 +27,7 @@ struct EditingFixture : StoreFixture {
     {
         saved.apps = apps;
         saved.tabs = tabs;
-        REQUIRE(store().save(saved));
+        REQUIRE(store().editing.save(saved));
     }
 };
 
@@ -35,87 +35,87 @@ struct EditingFixture : StoreFixture {
 
 TEST_CASE_FIXTURE(EditingFixture, "a note is saved as typed, and what the user looks at by then stays")
 {
-    const Checkpoint other = saveCheckpoint(*store().createProject("Other"), "two", 2);
-    CHECK(store().updateNote(&Checkpoint::nextStep, " • first\n", saved.id));
-    CHECK(store().updateNote(&Checkpoint::title, "renamed", saved.id));
-    CHECK(store().selection() == other.id);
-    CHECK(store().selectedProjectID() == other.projectID);
+    const Checkpoint other = saveCheckpoint(*store().projects.createProject("Other"), "two", 2);
+    CHECK(store().editing.updateNote(&Checkpoint::nextStep, " • first\n", saved.id));
+    CHECK(store().editing.updateNote(&Checkpoint::title, "renamed", saved.id));
+    CHECK(store().navigation.selection() == other.id);
+    CHECK(store().navigation.selectedProjectID() == other.projectID);
     reopen();
     CHECK(now().nextStep == " • first\n");
     CHECK(now().title == "renamed");
 
     breakLibrary();
-    CHECK_FALSE(store().updateNote(&Checkpoint::objective, "lost", saved.id));
-    CHECK(store().error()->startsWith("Could not save this checkpoint: "));
+    CHECK_FALSE(store().editing.updateNote(&Checkpoint::objective, "lost", saved.id));
+    CHECK(store().messages.error()->startsWith("Could not save this checkpoint: "));
     CHECK(now().objective.isEmpty());
-    CHECK_MESSAGE(store().updateNote(&Checkpoint::title, "renamed", saved.id), "the same text needs no write");
-    CHECK_FALSE(store().updateNote(&Checkpoint::title, "x", QUuid::createUuid()));
+    CHECK_MESSAGE(store().editing.updateNote(&Checkpoint::title, "renamed", saved.id), "the same text needs no write");
+    CHECK_FALSE(store().editing.updateNote(&Checkpoint::title, "x", QUuid::createUuid()));
 }
 
 TEST_CASE_FIXTURE(EditingFixture, "current tabs are added when their address is new, without excluded ones")
 {
     giveItems({}, {tab("https://a.org/")});
-    store().excludeDomain("secret.org");
+    store().rules.excludeDomain("secret.org");
     openTabs({"https://a.org/", "https://b.org/", "https://www.secret.org/"});
-    finish(store().addCurrentBrowserTabs(saved.id));
-    CHECK(store().notice() == "Added 1 current browser tab. Your screenshot is unchanged.");
+    finish(store().workspace.addCurrentBrowserTabs(saved.id));
+    CHECK(store().messages.notice() == "Added 1 current browser tab. Your screenshot is unchanged.");
     REQUIRE(now().tabs.size() == 2);
     CHECK(now().tabs[0] == saved.tabs[0]);
     CHECK(now().tabs[1].url == "https://b.org/");
 
     const QByteArray library = fileBytes(libraryPath());
-    finish(store().addCurrentBrowserTabs(saved.id));
-    CHECK(store().notice() == "No new browser tabs to add.");
-    CHECK_FALSE(store().error().has_value());
+    finish(store().workspace.addCurrentBrowserTabs(saved.id));
+    CHECK(store().messages.notice() == "No new browser tabs to add.");
+    CHECK_FALSE(store().messages.error().has_value());
     CHECK(fileBytes(libraryPath()) == library);
 
     openTabs({"https://c.org/", "https://d.org/"});
     memory.tabRecords["org.mozilla.firefox"] = QString();
-    finish(store().addCurrentBrowserTabs(saved.id));
+    finish(store().workspace.addCurrentBrowserTabs(saved.id));
     CHECK_MESSAGE(now().tabs.size() == 4, "a browser that cannot be read keeps nobody else's tabs away");
-    CHECK(store().notice() == "Added 2 current browser tabs. Your screenshot is unchanged.");
-    CHECK(store().error().has_value());
+    CHECK(store().messages.notice() == "Added 2 current browser tabs. Your screenshot is unchanged.");
+    CHECK(store().messages.error().has_value());
 
     memory.tabRecords.clear();
-    finish(store().addCurrentBrowserTabs(saved.id));
-    CHECK(store().error()->startsWith("No supported browser was open."));
-    CHECK_FALSE(store().notice().has_value());
+    finish(store().workspace.addCurrentBrowserTabs(saved.id));
+    CHECK(store().messages.error()->startsWith("No supported browser was open."));
+    CHECK_FALSE(store().messages.notice().has_value());
 
     openTabs({"https://e.org/"});
     breakLibrary();
-    finish(store().addCurrentBrowserTabs(saved.id));
-    CHECK(store().error()->startsWith("Could not save this checkpoint: "));
+    finish(store().workspace.addCurrentBrowserTabs(saved.id));
+    CHECK(store().messages.error()->startsWith("Could not save this checkpoint: "));
     CHECK(now().tabs.size() == 4);
 }
 
 TEST_CASE_FIXTURE(EditingFixture, "tabs that arrive after a checkpoint was changed or deleted undo neither")
 {
     openTabs({"https://a.org/"});
-    QCoro::Task<Outcome> adding = store().addCurrentBrowserTabs(saved.id);
-    store().updateNote(&Checkpoint::title, "renamed meanwhile", saved.id);
+    QCoro::Task<Outcome> adding = store().workspace.addCurrentBrowserTabs(saved.id);
+    store().editing.updateNote(&Checkpoint::title, "renamed meanwhile", saved.id);
     finish(std::move(adding));
     CHECK(now().title == "renamed meanwhile");
     CHECK(now().tabs.size() == 1);
 
     openTabs({"https://b.org/"});
-    adding = store().addCurrentBrowserTabs(saved.id);
-    store().deleteCheckpoint(saved.id);
+    adding = store().workspace.addCurrentBrowserTabs(saved.id);
+    store().deletion.deleteCheckpoint(saved.id);
     finish(std::move(adding));
-    CHECK(store().checkpoints().isEmpty());
+    CHECK(store().library.checkpoints().isEmpty());
 }
 
 TEST_CASE_FIXTURE(EditingFixture, "current window positions replace the saved ones, of saved applications alone")
 {
     memory.addApplication("org.other", "Other", {0, 0, 10, 10});
     memory.addApplication("org.secret", "Secret", {0, 0, 10, 10}, "private");
-    finish(store().addCurrentWindowLayout(saved.id));
-    CHECK(store().notice() == "No visible windows matched this checkpoint’s saved apps.");
+    finish(store().workspace.addCurrentWindowLayout(saved.id));
+    CHECK(store().messages.notice() == "No visible windows matched this checkpoint’s saved apps.");
     CHECK_FALSE(now().windows.has_value());
 
     giveItems({{"org.editor", "Editor"}, {"org.secret", "Secret"}}, {});
-    store().excludeApp({"org.secret", "Secret"});
-    finish(store().addCurrentWindowLayout(saved.id));
-    CHECK(store().notice() == "Saved current positions for 1 window. The screenshot is unchanged.");
+    store().rules.excludeApp({"org.secret", "Secret"});
+    finish(store().workspace.addCurrentWindowLayout(saved.id));
+    CHECK(store().messages.notice() == "Saved current positions for 1 window. The screenshot is unchanged.");
     REQUIRE(now().windows->size() == 1);
     CHECK(now().windows->first().frame == WindowRect{100, 100, 800, 600});
     CHECK(now().screenshot == saved.screenshot);
@@ -125,56 +125,56 @@ TEST_CASE_FIXTURE(EditingFixture, "what was removed comes back to its place, onc
 {
     const QList<SavedTab> tabs = {tab("https://a.org/"), tab("https://b.org/"), tab("https://c.org/")};
     giveItems({{"org.editor", "Editor"}, {"org.viewer", "Viewer"}}, tabs);
-    CHECK(store().removeTab(tabs[1], saved.id));
+    CHECK(store().workspace.removeTab(tabs[1], saved.id));
     CHECK(now().tabs == QList{tabs[0], tabs[2]});
-    CHECK(store().lastRemoval() == WorkspaceRemoval{saved.id, {tabs[1], 1}});
-    store().undoWorkspaceRemoval();
+    CHECK(store().removals.lastRemoval() == WorkspaceRemoval{saved.id, {tabs[1], 1}});
+    store().removals.undoWorkspaceRemoval();
     CHECK(now().tabs == tabs);
-    CHECK_FALSE(store().lastRemoval().has_value());
-    store().undoWorkspaceRemoval();
+    CHECK_FALSE(store().removals.lastRemoval().has_value());
+    store().removals.undoWorkspaceRemoval();
     CHECK(now().tabs == tabs);
 
     // Only the last removal is remembered; its place may have gone.
-    CHECK(store().removeApp(saved.apps[1], saved.id));
+    CHECK(store().workspace.removeApp(saved.apps[1], saved.id));
     Checkpoint fewer = now();
     fewer.apps.clear();
-    REQUIRE(store().save(fewer));
-    store().undoWorkspaceRemoval();
+    REQUIRE(store().editing.save(fewer));
+    store().removals.undoWorkspaceRemoval();
     CHECK(now().apps == QList{saved.apps[1]});
 
-    CHECK_FALSE(store().removeApp(saved.apps[0], saved.id));
+    CHECK_FALSE(store().workspace.removeApp(saved.apps[0], saved.id));
     breakLibrary();
-    CHECK_FALSE(store().removeTab(tabs[0], saved.id));
+    CHECK_FALSE(store().workspace.removeTab(tabs[0], saved.id));
     CHECK(now().tabs == tabs);
-    CHECK_FALSE(store().lastRemoval().has_value());
+    CHECK_FALSE(store().removals.lastRemoval().has_value());
 }
 
 TEST_CASE_FIXTURE(EditingFixture, "window positions that were replaced come back")
 {
     giveItems({{"org.editor", "Editor"}}, {});
-    finish(store().addCurrentWindowLayout(saved.id));
-    CHECK_MESSAGE(!store().lastRemoval(), "there were none before");
+    finish(store().workspace.addCurrentWindowLayout(saved.id));
+    CHECK_MESSAGE(!store().removals.lastRemoval(), "there were none before");
     const std::optional<QList<SavedWindow>> first = now().windows;
-    finish(store().addCurrentWindowLayout(saved.id));
+    finish(store().workspace.addCurrentWindowLayout(saved.id));
     CHECK(now().windows != first);
-    CHECK(store().undoWorkspaceRemoval());
+    CHECK(store().removals.undoWorkspaceRemoval());
     CHECK(now().windows == first);
-    CHECK_FALSE(store().notice().has_value());
-    CHECK_FALSE(store().lastRemoval().has_value());
+    CHECK_FALSE(store().messages.notice().has_value());
+    CHECK_FALSE(store().removals.lastRemoval().has_value());
 }
 
 TEST_CASE_FIXTURE(EditingFixture, "a workspace is active while all of its applications run")
 {
     giveItems({{"org.editor", "Editor"}, {"org.viewer", "Viewer"}}, {});
-    store().watchRunningApplications();
-    CHECK_FALSE(store().isWorkspaceActive(now()));
+    store().applications.watchRunningApplications();
+    CHECK_FALSE(store().applications.isWorkspaceActive(now()));
     memory.addApplication("org.viewer", "Viewer", {0, 0, 10, 10});
     memory.applicationsChanged();
-    CHECK(store().isWorkspaceActive(now()));
+    CHECK(store().applications.isWorkspaceActive(now()));
     memory.running.removeFirst();
     memory.applicationsChanged();
-    CHECK_FALSE(store().isWorkspaceActive(now()));
-    CHECK_FALSE(store().isWorkspaceActive(Checkpoint()));
+    CHECK_FALSE(store().applications.isWorkspaceActive(now()));
+    CHECK_FALSE(store().applications.isWorkspaceActive(Checkpoint()));
 
     opened.reset();
     CHECK_MESSAGE(!memory.applicationsChanged, "nothing calls a store that has gone");

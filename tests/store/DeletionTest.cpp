@@ -14,43 +14,43 @@ QStringList stagingFolders(const QString &root)
 
 TEST_CASE_FIXTURE(StoreFixture, "a deleted project takes its checkpoints and media along, and nothing else")
 {
-    const QUuid doomed = *store().createProject("Doomed");
-    const QUuid kept = *store().createProject("Kept");
+    const QUuid doomed = *store().projects.createProject("Doomed");
+    const QUuid kept = *store().projects.createProject("Kept");
     const Checkpoint gone = saveCheckpoint(doomed, "gone", 1);
     const Checkpoint stays = saveCheckpoint(kept, "stays", 2);
-    store().draftProjectID.set(doomed);
-    store().selectProject(doomed);
+    store().drafts.setDraftProjectID(doomed);
+    store().navigation.selectProject(doomed);
 
-    store().deleteProject(doomed);
+    store().deletion.deleteProject(doomed);
 
-    CHECK_FALSE(store().error().has_value());
+    CHECK_FALSE(store().messages.error().has_value());
     CHECK_FALSE(QFile::exists(mediaFolder(gone)));
     CHECK(QFile::exists(*stays.screenshot));
     CHECK(stagingFolders(root()).isEmpty());
-    CHECK_FALSE(store().selectedProjectID().has_value());
-    CHECK_FALSE(store().draftProjectID().has_value());
-    CHECK(reopen().projects().size() == 1);
-    CHECK(store().checkpoints().size() == 1);
+    CHECK_FALSE(store().navigation.selectedProjectID().has_value());
+    CHECK_FALSE(store().drafts.draftProjectID().has_value());
+    CHECK(reopen().library.projects().size() == 1);
+    CHECK(store().library.checkpoints().size() == 1);
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "a project whose deletion cannot be written keeps its media")
 {
-    const QUuid id = *store().createProject("Thesis");
+    const QUuid id = *store().projects.createProject("Thesis");
     const Checkpoint checkpoint = saveCheckpoint(id, "one", 1);
     breakLibrary();
 
-    store().deleteProject(id);
+    store().deletion.deleteProject(id);
 
-    CHECK(store().error()->startsWith("Could not delete the project: "));
-    CHECK_FALSE(store().error()->contains("Some media remains in"));
+    CHECK(store().messages.error()->startsWith("Could not delete the project: "));
+    CHECK_FALSE(store().messages.error()->contains("Some media remains in"));
     CHECK(fileBytes(*checkpoint.screenshot) == "picture of one");
-    CHECK(store().projects().size() == 1);
+    CHECK(store().library.projects().size() == 1);
     CHECK(stagingFolders(root()).isEmpty());
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "a deletion cut short is resolved at the next start, and only when the library is read")
 {
-    const QUuid id = *store().createProject("Thesis");
+    const QUuid id = *store().projects.createProject("Thesis");
     const Checkpoint checkpoint = saveCheckpoint(id, "one", 1);
     const QString staging = root() + "/.deleting-" + uuidText(QUuid::createUuid());
     const QString stranger = staging + '/' + uuidText(QUuid::createUuid());
@@ -60,12 +60,12 @@ TEST_CASE_FIXTURE(StoreFixture, "a deletion cut short is resolved at the next st
 
     const QByteArray library = fileBytes(libraryPath());
     writeFile(libraryPath(), "{");
-    CHECK(reopen().error()->startsWith(
+    CHECK(reopen().messages.error()->startsWith(
         "Your saved checkpoints could not be read. Existing files have been left in place. "));
     CHECK(QFile::exists(stranger));
 
     REQUIRE(QFile::remove(libraryPath()));
-    CHECK_FALSE(reopen().error().has_value());
+    CHECK_FALSE(reopen().messages.error().has_value());
     CHECK(QFile::exists(stranger));
 
     writeFile(libraryPath(), library);
@@ -76,7 +76,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a deletion cut short is resolved at the next st
 
 TEST_CASE_FIXTURE(StoreFixture, "media that stand in the way of a leftover are kept, and so is the leftover")
 {
-    const QUuid id = *store().createProject("Thesis");
+    const QUuid id = *store().projects.createProject("Thesis");
     const Checkpoint checkpoint = saveCheckpoint(id, "one", 1);
     const QString leftover =
         root() + "/.deleting-" + uuidText(QUuid::createUuid()) + '/' + uuidText(checkpoint.id) + "/snapshot.png";
@@ -90,29 +90,29 @@ TEST_CASE_FIXTURE(StoreFixture, "media that stand in the way of a leftover are k
 
 TEST_CASE_FIXTURE(StoreFixture, "a deleted checkpoint hands the selection to the next newer, else the next older")
 {
-    const QUuid id = *store().createProject("Thesis");
+    const QUuid id = *store().projects.createProject("Thesis");
     const Checkpoint oldest = saveCheckpoint(id, "oldest", 1);
     const Checkpoint middle = saveCheckpoint(id, "middle", 2);
     const Checkpoint newest = saveCheckpoint(id, "newest", 3);
 
-    store().selectCheckpoint(middle.id);
-    store().deleteCheckpoint(middle.id);
-    CHECK(store().selection() == newest.id);
+    store().navigation.selectCheckpoint(middle.id);
+    store().deletion.deleteCheckpoint(middle.id);
+    CHECK(store().navigation.selection() == newest.id);
     CHECK_FALSE(QFile::exists(mediaFolder(middle)));
-    store().deleteCheckpoint(newest.id);
-    CHECK(store().selection() == oldest.id);
-    store().deleteCheckpoint(oldest.id);
-    CHECK_FALSE(store().selection().has_value());
-    CHECK(reopen().checkpoints().isEmpty());
+    store().deletion.deleteCheckpoint(newest.id);
+    CHECK(store().navigation.selection() == oldest.id);
+    store().deletion.deleteCheckpoint(oldest.id);
+    CHECK_FALSE(store().navigation.selection().has_value());
+    CHECK(reopen().library.checkpoints().isEmpty());
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "a checkpoint whose deletion cannot be written keeps its media")
 {
-    const QUuid id = *store().createProject("Thesis");
+    const QUuid id = *store().projects.createProject("Thesis");
     const Checkpoint checkpoint = saveCheckpoint(id, "one", 1);
     breakLibrary();
-    store().deleteCheckpoint(checkpoint.id);
-    CHECK(store().error()->startsWith("Could not delete the checkpoint: "));
+    store().deletion.deleteCheckpoint(checkpoint.id);
+    CHECK(store().messages.error()->startsWith("Could not delete the checkpoint: "));
     CHECK(QFile::exists(*checkpoint.screenshot));
-    CHECK(store().checkpoints().size() == 1);
+    CHECK(store().library.checkpoints().size() == 1);
 }

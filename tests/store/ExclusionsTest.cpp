@@ -39,16 +39,16 @@ struct ExclusionsFixture : StoreFixture {
     // Whether anything is captured, in any way.
     bool captures()
     {
-        const QList<Project> projects = store().projects();
-        const QUuid owner = projects.isEmpty() ? *store().createProject("Thesis") : projects.first().id;
-        const auto before = store().checkpoints().size();
-        const Outcome saved = finish(store().saveMoment({.projectID = owner}));
-        CHECK(saved.isDone == finish(store().startSession({.projectID = owner})).isDone);
+        const QList<Project> projects = store().library.projects();
+        const QUuid owner = projects.isEmpty() ? *store().projects.createProject("Thesis") : projects.first().id;
+        const auto before = store().library.checkpoints().size();
+        const Outcome saved = finish(store().capture.saveMoment({.projectID = owner}));
+        CHECK(saved.isDone == finish(store().capture.startSession({.projectID = owner})).isDone);
         if (saved)
-            finish(store().stop());
+            finish(store().sessions.stop());
         else
             CHECK(saved.captureIssue.value_or("").contains("ardeno exclusions --start-over"));
-        CHECK(store().checkpoints().size() == before + (saved ? 2 : 0));
+        CHECK(store().library.checkpoints().size() == before + (saved ? 2 : 0));
         return saved.isDone;
     }
 };
@@ -57,27 +57,27 @@ struct ExclusionsFixture : StoreFixture {
 
 TEST_CASE_FIXTURE(ExclusionsFixture, "exclusions last, and each change is made to what stands on disk")
 {
-    CHECK(store().excludeApp({"org.a", "A"}));
-    CHECK(store().excludeDomain("HTTPS://Mail.Example.com/inbox"));
-    CHECK_FALSE(store().excludeDomain("not a domain"));
-    CHECK(reopen().exclusions() == rules);
+    CHECK(store().rules.excludeApp({"org.a", "A"}));
+    CHECK(store().rules.excludeDomain("HTTPS://Mail.Example.com/inbox"));
+    CHECK_FALSE(store().rules.excludeDomain("not a domain"));
+    CHECK(reopen().rules.exclusions() == rules);
     put(file, R"({"apps":[],"domains":["mail.example.com","theirs.example"]})");
-    CHECK(store().allowDomain("mail.example.com"));
-    CHECK(reopen().exclusions() == CaptureExclusions{.domains = {"theirs.example"}});
+    CHECK(store().rules.allowDomain("mail.example.com"));
+    CHECK(reopen().rules.exclusions() == CaptureExclusions{.domains = {"theirs.example"}});
 }
 
 TEST_CASE_FIXTURE(ExclusionsFixture, "the desktop is told whom to leave out, and the user whose windows are not found")
 {
-    CHECK(store().excludeApp({"org.a", "A"}).remarks.isEmpty());
+    CHECK(store().rules.excludeApp({"org.a", "A"}).remarks.isEmpty());
     reopen();
     CHECK(memory.excludedAppIDs == QSet<QString>{"org.a"});
     memory.programsRunning = {"org.a"};
-    const Outcome unseen = store().excludeApp({"org.a", "A"});
+    const Outcome unseen = store().rules.excludeApp({"org.a", "A"});
     REQUIRE(unseen.remarks.size() == 1);
     CHECK(unseen.remarks.first().sentence.startsWith("A is running, but none of the windows"));
     memory.running = {{"org.a", "A", true}};
-    CHECK(store().excludeApp({"org.a", "A"}).remarks.isEmpty());
-    CHECK(store().allowApp("org.a"));
+    CHECK(store().rules.excludeApp({"org.a", "A"}).remarks.isEmpty());
+    CHECK(store().rules.allowApp("org.a"));
     CHECK(memory.excludedAppIDs.isEmpty());
 }
 
@@ -86,21 +86,21 @@ TEST_CASE_FIXTURE(ExclusionsFixture, "what an excluded application was known by 
     const ApplicationMarks first{.id = "org.a", .names = {"vault"}};
     const ApplicationMarks later{.id = "org.a", .names = {"safe", "vault"}};
     put(file, json::encode(rules)); // Of an older version.
-    CHECK(store().exclusions() == rules);
+    CHECK(store().rules.exclusions() == rules);
     memory.marks = {{"org.a", first}};
     CHECK(captures());
     CHECK(memory.marksTold == QList{first});
     memory.marks = {{"org.a", later}, {"org.b", {.id = "org.b"}}};
-    CHECK(store().excludeDomain("new.test"));
+    CHECK(store().rules.excludeDomain("new.test"));
     CHECK(memory.marksTold == QList{later});
-    CHECK(store().excludeApp({"org.b", "B"}));
+    CHECK(store().rules.excludeApp({"org.b", "B"}));
     memory.marks.clear();
-    CHECK(reopen().exclusions().apps.size() == 2);
+    CHECK(reopen().rules.exclusions().apps.size() == 2);
     CHECK(memory.marksTold.value(0) == later);
     CHECK(captures());
-    CHECK(store().allowApp("org.b"));
+    CHECK(store().rules.allowApp("org.b"));
     CHECK(memory.marksTold == QList{later});
-    CHECK(store().allowApp("org.a"));
+    CHECK(store().rules.allowApp("org.a"));
     CHECK(memory.marksTold.isEmpty());
 }
 
@@ -117,23 +117,23 @@ TEST_CASE_FIXTURE(ExclusionsFixture, "nothing is captured while exclusions canno
     };
     for (const auto &damage : damages) {
         startAgainWith("exclusions.json", json::encode(rules));
-        CHECK(store().exclusions() == rules);
+        CHECK(store().rules.exclusions() == rules);
         QFile::remove(file);
         damage();
         CHECK_FALSE(captures()); // It is looked at again before each capture.
-        CHECK(reopen().error() == store().exclusionsIssue());
+        CHECK(reopen().messages.error() == store().rules.exclusionsIssue());
         CHECK_FALSE(captures());
-        CHECK_FALSE(store().excludeApp({"org.b", "B"}));
-        CHECK_FALSE(store().allowApp("org.a"));
+        CHECK_FALSE(store().rules.excludeApp({"org.b", "B"}));
+        CHECK_FALSE(store().rules.allowApp("org.a"));
         CHECK(keptCopies().isEmpty());
 
-        const Outcome over = store().startExclusionsOver();
+        const Outcome over = store().rules.startExclusionsOver();
         CHECK(over.isDone);
         CHECK(keptCopies().size() == 1);
         CHECK(over.remarks.value(0).file == folder + '/' + keptCopies().value(0));
-        CHECK_FALSE(store().error().has_value());
+        CHECK_FALSE(store().messages.error().has_value());
         CHECK(captures());
-        CHECK_FALSE(store().startExclusionsOver());
+        CHECK_FALSE(store().rules.startExclusionsOver());
     }
 }
 
@@ -144,15 +144,15 @@ captureExclusions="@ByteArray({\"apps\":[{\"id\":\"org.a\",\"name\":\"A\"}],\"do
 includeBrowser=true
 )ini";
     startAgainWith("settings.ini", older);
-    CHECK(store().exclusions() == rules);
+    CHECK(store().rules.exclusions() == rules);
     CHECK(QFile::exists(file));
-    CHECK(reopen().exclusions() == rules);
-    CHECK(store().includeBrowser());
+    CHECK(reopen().rules.exclusions() == rules);
+    CHECK(store().drafts.includeBrowser());
     CHECK_FALSE(preferences().contains("captureExclusions"));
     // From now on, settings that are lost take no exclusion along.
     opened.reset();
     put(folder + "/settings.json", "damaged");
-    CHECK(reopen().exclusions() == rules);
+    CHECK(reopen().rules.exclusions() == rules);
     CHECK(captures());
 
     for (const QByteArray &damaged : {QByteArray(), QByteArray(older.size(), '\0'), older.first(60)}) {
@@ -160,7 +160,7 @@ includeBrowser=true
         CHECK_FALSE(captures());
         reopen();
         CHECK_FALSE(captures());
-        CHECK(store().startExclusionsOver());
+        CHECK(store().rules.startExclusionsOver());
         CHECK(captures());
     }
 }
@@ -168,14 +168,14 @@ includeBrowser=true
 TEST_CASE_FIXTURE(ExclusionsFixture,
                   "a change that cannot be written is neither in force nor stored, and a later one is")
 {
-    REQUIRE(store().excludeApp({"org.a", "A"}));
+    REQUIRE(store().rules.excludeApp({"org.a", "A"}));
     REQUIRE(QFile::rename(folder, folder + "-away"));
     put(folder, "no folder");
-    CHECK_FALSE(store().excludeDomain("mail.example.com"));
-    CHECK_FALSE(store().allowApp("org.a"));
-    CHECK(store().exclusions() == CaptureExclusions{{{"org.a", "A"}}, {}});
+    CHECK_FALSE(store().rules.excludeDomain("mail.example.com"));
+    CHECK_FALSE(store().rules.allowApp("org.a"));
+    CHECK(store().rules.exclusions() == CaptureExclusions{{{"org.a", "A"}}, {}});
     REQUIRE(QFile::remove(folder));
     REQUIRE(QFile::rename(folder + "-away", folder));
-    CHECK(store().excludeDomain("mail.example.com"));
-    CHECK(reopen().exclusions() == rules);
+    CHECK(store().rules.excludeDomain("mail.example.com"));
+    CHECK(reopen().rules.exclusions() == rules);
 }

@@ -12,7 +12,7 @@ namespace {
 
 // A folder of the user's own, and a library whose folder holds what somebody else put there.
 struct HostileFixture : StoreFixture {
-    QUuid project = *store().createProject("Thesis");
+    QUuid project = *store().projects.createProject("Thesis");
     Checkpoint saved = saveCheckpoint(project, "one", 1);
     QString own = home.filePath("own");
     QByteArray ownVideo = QByteArray("\0\0\0\x0cmdatmine", 12) + "a holiday";
@@ -49,7 +49,7 @@ TEST_CASE_FIXTURE(HostileFixture, "no link in the library's folder is followed a
     checkOwn();
     for (const QString &link : links)
         CHECK_MESSAGE(QFileInfo(link).isSymLink(), link.toStdString());
-    CHECK(store().checkpoints().size() == 1);
+    CHECK(store().library.checkpoints().size() == 1);
     CHECK(fileBytes(*saved.screenshot) == "picture of one");
 }
 
@@ -83,9 +83,9 @@ TEST_CASE_FIXTURE(HostileFixture, "a session's journal and video are files of it
     reopen();
 
     checkOwn();
-    CHECK(store().checkpoints().size() == 5);
+    CHECK(store().library.checkpoints().size() == 5);
     for (const QString &session : sessions) {
-        const Checkpoint *const found = store().checkpoint(QUuid(QFileInfo(session).fileName()));
+        const Checkpoint *const found = store().library.checkpoint(QUuid(QFileInfo(session).fileName()));
         REQUIRE(found);
         CHECK(found->recording.has_value() == (session == sessions[1]));
     }
@@ -97,7 +97,7 @@ TEST_CASE_FIXTURE(HostileFixture, "a session's journal and video are files of it
 
 TEST_CASE_FIXTURE(HostileFixture, "no link that was put there during a session is followed at its end")
 {
-    const Outcome session = finish(store().startSession({.projectID = project}));
+    const Outcome session = finish(store().capture.startSession({.projectID = project}));
     REQUIRE(session);
     const QString folder = root() + '/' + uuidText(*session);
     const QStringList names = {"session.json", "snapshot.png"};
@@ -108,7 +108,7 @@ TEST_CASE_FIXTURE(HostileFixture, "no link that was put there during a session i
             REQUIRE(QFile::remove(folder + '/' + name));
             REQUIRE(QFile::link(own + '/' + name, folder + '/' + name));
         }
-        CHECK(finish(store().stop()));
+        CHECK(finish(store().sessions.stop()));
         CHECK(fileBytes(folder + "/snapshot.png").startsWith("\x89PNG"));
         CHECK(QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System) ==
               QStringList{"session.mp4", "snapshot.png"});
@@ -117,9 +117,9 @@ TEST_CASE_FIXTURE(HostileFixture, "no link that was put there during a session i
     {
         REQUIRE(QDir(folder).removeRecursively());
         REQUIRE(QFile::link(own, folder));
-        CHECK(finish(store().stop()));
+        CHECK(finish(store().sessions.stop()));
     }
-    CHECK(store().checkpoint(*session));
+    CHECK(store().library.checkpoint(*session));
     checkOwn();
     CHECK(fileBytes(own + "/snapshot.png") == "a holiday");
 }
@@ -131,7 +131,7 @@ TEST_CASE_FIXTURE(HostileFixture, "what a killed process left is put where the l
     Checkpoint named = arriving;
     named.screenshot = mediaFolder(named) + "/image-1.png";
     reopen();
-    REQUIRE(store().save(named));
+    REQUIRE(store().editing.save(named));
     opened.reset();
     writeFile(root() + "/.saving-" + uuidText(named.id) + "/.image-1.png.saving", "arrived");
     writeFile(freshName(".saving-") + "/snapshot.png", "never saved");
@@ -153,7 +153,7 @@ TEST_CASE_FIXTURE(HostileFixture, "what a killed process left is put where the l
 
     CHECK(fileBytes(*saved.screenshot) == "picture of one");
     CHECK(fileBytes(*named.screenshot) == "arrived");
-    CHECK(store().checkpoint(QUuid(session.section(".saving-", -1))));
+    CHECK(store().library.checkpoint(QUuid(session.section(".saving-", -1))));
     for (const QString &path : unknown)
         CHECK_MESSAGE(fileBytes(path) == "mine", path.toStdString());
     const auto names = [](const QString &of) {

@@ -6,102 +6,102 @@ using namespace ardeno;
 
 TEST_CASE_FIXTURE(StoreFixture, "a project is created once, whatever the case and spaces of its name")
 {
-    const std::optional<QUuid> id = store().createProject("  Thesis \n").id;
+    const std::optional<QUuid> id = store().projects.createProject("  Thesis \n").id;
     REQUIRE(id);
-    CHECK(store().selectedProjectID() == id);
-    CHECK(store().createProject("Other"));
-    CHECK(store().createProject("thesis").id == id);
-    CHECK(store().selectedProjectID() == id);
-    CHECK_FALSE(store().createProject(" \t "));
-    CHECK_FALSE(store().error().has_value());
-    CHECK(namesOf(reopen().projects()) == QStringList{"Thesis", "Other"});
-    CHECK(store().selectedProjectID() == id);
+    CHECK(store().navigation.selectedProjectID() == id);
+    CHECK(store().projects.createProject("Other"));
+    CHECK(store().projects.createProject("thesis").id == id);
+    CHECK(store().navigation.selectedProjectID() == id);
+    CHECK_FALSE(store().projects.createProject(" \t "));
+    CHECK_FALSE(store().messages.error().has_value());
+    CHECK(namesOf(reopen().library.projects()) == QStringList{"Thesis", "Other"});
+    CHECK(store().navigation.selectedProjectID() == id);
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "a failed write leaves the published lists as they were and names the reason")
 {
-    const QUuid id = *store().createProject("Thesis");
+    const QUuid id = *store().projects.createProject("Thesis");
     breakLibrary();
 
-    CHECK_FALSE(store().createProject("Other"));
-    CHECK(store().error()->startsWith("Could not create the project: "));
-    CHECK_FALSE(store().setProjectBlocker(id, "waiting"));
-    CHECK(store().error()->startsWith("Could not update the project: "));
-    CHECK_FALSE(store().save(Checkpoint{.title = "lost", .projectID = id}));
-    CHECK(store().error()->startsWith("Could not save this checkpoint: "));
+    CHECK_FALSE(store().projects.createProject("Other"));
+    CHECK(store().messages.error()->startsWith("Could not create the project: "));
+    CHECK_FALSE(store().projects.setProjectBlocker(id, "waiting"));
+    CHECK(store().messages.error()->startsWith("Could not update the project: "));
+    CHECK_FALSE(store().editing.save(Checkpoint{.title = "lost", .projectID = id}));
+    CHECK(store().messages.error()->startsWith("Could not save this checkpoint: "));
 
-    CHECK(namesOf(store().projects()) == QStringList{"Thesis"});
-    CHECK_FALSE(store().projects().first().blockedReason.has_value());
-    CHECK(store().checkpoints().isEmpty());
+    CHECK(namesOf(store().library.projects()) == QStringList{"Thesis"});
+    CHECK_FALSE(store().library.projects().first().blockedReason.has_value());
+    CHECK(store().library.checkpoints().isEmpty());
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "a blocker is trimmed, may be empty and can be cleared")
 {
-    const QUuid id = *store().createProject("Thesis");
-    CHECK(store().setProjectBlocker(id, "  waiting for data "));
-    CHECK(store().project(id)->blockedReason == QString("waiting for data"));
-    CHECK(store().setProjectBlocker(id, "  "));
-    CHECK(reopen().project(id)->blockedReason == QString(""));
-    CHECK(store().project(id)->blockerDescription() == "No reason added yet.");
-    CHECK(store().setProjectBlocker(id, std::nullopt));
-    CHECK_FALSE(store().project(id)->blockedReason.has_value());
-    CHECK_FALSE(store().setProjectBlocker(QUuid::createUuid(), "x"));
+    const QUuid id = *store().projects.createProject("Thesis");
+    CHECK(store().projects.setProjectBlocker(id, "  waiting for data "));
+    CHECK(store().library.project(id)->blockedReason == QString("waiting for data"));
+    CHECK(store().projects.setProjectBlocker(id, "  "));
+    CHECK(reopen().library.project(id)->blockedReason == QString(""));
+    CHECK(store().library.project(id)->blockerDescription() == "No reason added yet.");
+    CHECK(store().projects.setProjectBlocker(id, std::nullopt));
+    CHECK_FALSE(store().library.project(id)->blockedReason.has_value());
+    CHECK_FALSE(store().projects.setProjectBlocker(QUuid::createUuid(), "x"));
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "the search finds projects by name, blocker and checkpoint title, as typed")
 {
-    const QUuid thesis = *store().createProject("Thesis");
-    const QUuid garden = *store().createProject("Garden");
-    const QUuid tax = *store().createProject("Tax");
-    store().setProjectBlocker(garden, "Waiting for RAIN");
+    const QUuid thesis = *store().projects.createProject("Thesis");
+    const QUuid garden = *store().projects.createProject("Garden");
+    const QUuid tax = *store().projects.createProject("Tax");
+    store().projects.setProjectBlocker(garden, "Waiting for RAIN");
     saveCheckpoint(tax, u"Straße 7"_qs, 10);
-    store().setProjectArchived(thesis, true);
+    store().projects.setProjectArchived(thesis, true);
 
-    CHECK(namesOf(store().filteredProjects()) == QStringList{"Garden", "Tax"});
-    store().search.set("rain");
-    CHECK(namesOf(store().filteredProjects()) == QStringList{"Garden"});
-    store().search.set("STRASSE");
-    CHECK(namesOf(store().filteredProjects()) == QStringList{"Tax"});
-    store().search.set(" rain ");
-    CHECK(store().filteredProjects().isEmpty());
-    store().search.set("thesis");
-    store().showArchivedProjects.set(true);
-    CHECK(namesOf(store().filteredProjects()) == QStringList{"Thesis"});
-    CHECK(namesOf(store().availableProjects()) == QStringList{"Garden", "Tax"});
+    CHECK(namesOf(store().navigation.filteredProjects()) == QStringList{"Garden", "Tax"});
+    store().navigation.setSearch("rain");
+    CHECK(namesOf(store().navigation.filteredProjects()) == QStringList{"Garden"});
+    store().navigation.setSearch("STRASSE");
+    CHECK(namesOf(store().navigation.filteredProjects()) == QStringList{"Tax"});
+    store().navigation.setSearch(" rain ");
+    CHECK(store().navigation.filteredProjects().isEmpty());
+    store().navigation.setSearch("thesis");
+    store().navigation.setShowArchivedProjects(true);
+    CHECK(namesOf(store().navigation.filteredProjects()) == QStringList{"Thesis"});
+    CHECK(namesOf(store().library.availableProjects()) == QStringList{"Garden", "Tax"});
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "selecting a project shows its newest checkpoint, and an archived one in its list")
 {
-    const QUuid id = *store().createProject("Thesis");
+    const QUuid id = *store().projects.createProject("Thesis");
     saveCheckpoint(id, "older", 10);
     const Checkpoint newer = saveCheckpoint(id, "newer", 20);
     saveCheckpoint(id, "oldest", 5);
-    store().setProjectArchived(id, true);
+    store().projects.setProjectArchived(id, true);
 
-    store().selectProject(id);
-    CHECK(store().selection() == newer.id);
-    CHECK(store().selected()->title == "newer");
-    CHECK(store().showArchivedProjects());
-    store().showProjects();
-    CHECK_FALSE(store().selectedProjectID().has_value());
-    CHECK_FALSE(store().selection().has_value());
-    CHECK_FALSE(store().showArchivedProjects());
+    store().navigation.selectProject(id);
+    CHECK(store().navigation.selection() == newer.id);
+    CHECK(store().navigation.selected()->title == "newer");
+    CHECK(store().navigation.showArchivedProjects());
+    store().navigation.showProjects();
+    CHECK_FALSE(store().navigation.selectedProjectID().has_value());
+    CHECK_FALSE(store().navigation.selection().has_value());
+    CHECK_FALSE(store().navigation.showArchivedProjects());
 }
 
 TEST_CASE_FIXTURE(StoreFixture,
                   "start-up opens the last project, the first one when that is gone, none with the overview")
 {
-    const QUuid first = *store().createProject("First");
-    const QUuid second = *store().createProject("Second");
-    CHECK(reopen().selectedProjectID() == second);
+    const QUuid first = *store().projects.createProject("First");
+    const QUuid second = *store().projects.createProject("Second");
+    CHECK(reopen().navigation.selectedProjectID() == second);
 
     auto stored = preferences();
     stored.setValue(keys::lastOpenedProjectID, QString("not an identifier"));
     REQUIRE(stored.synchronise());
-    CHECK(reopen().selectedProjectID() == first);
+    CHECK(reopen().navigation.selectedProjectID() == first);
 
-    store().launchOverview.set(true);
-    CHECK_FALSE(reopen().selectedProjectID().has_value());
+    store().navigation.setLaunchOverview(true);
+    CHECK_FALSE(reopen().navigation.selectedProjectID().has_value());
 }
 
 TEST_CASE("a dragged project lands before its target, and hidden projects keep their places")
@@ -137,52 +137,52 @@ TEST_CASE("a dragged project lands before its target, and hidden projects keep t
 
 TEST_CASE_FIXTURE(StoreFixture, "a project gets a name that no other has, and one that is not blank")
 {
-    const QUuid thesis = *store().createProject("Thesis");
-    store().createProject("Garden");
-    CHECK(store().renameProject(thesis, "  Dissertation "));
-    CHECK(namesOf(reopen().projects()) == QStringList{"Dissertation", "Garden"});
-    CHECK_FALSE(store().renameProject(thesis, " \t"));
-    CHECK_FALSE(store().renameProject(QUuid::createUuid(), "Other"));
-    CHECK_FALSE(store().error());
-    CHECK_FALSE(store().renameProject(thesis, "garden"));
-    CHECK(store().error() == u"There is a project named “Garden” already."_qs);
-    CHECK(store().renameProject(thesis, "DISSERTATION"));
-    CHECK_FALSE(store().error());
+    const QUuid thesis = *store().projects.createProject("Thesis");
+    store().projects.createProject("Garden");
+    CHECK(store().projects.renameProject(thesis, "  Dissertation "));
+    CHECK(namesOf(reopen().library.projects()) == QStringList{"Dissertation", "Garden"});
+    CHECK_FALSE(store().projects.renameProject(thesis, " \t"));
+    CHECK_FALSE(store().projects.renameProject(QUuid::createUuid(), "Other"));
+    CHECK_FALSE(store().messages.error());
+    CHECK_FALSE(store().projects.renameProject(thesis, "garden"));
+    CHECK(store().messages.error() == u"There is a project named “Garden” already."_qs);
+    CHECK(store().projects.renameProject(thesis, "DISSERTATION"));
+    CHECK_FALSE(store().messages.error());
     breakLibrary();
-    CHECK_FALSE(store().renameProject(thesis, "Other"));
-    CHECK(store().error()->startsWith("Could not update the project: "));
-    CHECK(store().project(thesis)->name == "DISSERTATION");
+    CHECK_FALSE(store().projects.renameProject(thesis, "Other"));
+    CHECK(store().messages.error()->startsWith("Could not update the project: "));
+    CHECK(store().library.project(thesis)->name == "DISSERTATION");
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "an archiving that is not written changes nothing, and what is undone is as it was")
 {
-    const QUuid thesis = *store().createProject("Thesis");
-    REQUIRE(store().setProjectArchived(thesis, true));
-    CHECK_FALSE(store().setProjectArchived(thesis, true)); // It is there.
-    REQUIRE(store().lastArchiving());
-    CHECK_FALSE(store().selectedProjectID());
+    const QUuid thesis = *store().projects.createProject("Thesis");
+    REQUIRE(store().projects.setProjectArchived(thesis, true));
+    CHECK_FALSE(store().projects.setProjectArchived(thesis, true)); // It is there.
+    REQUIRE(store().projects.lastArchiving());
+    CHECK_FALSE(store().navigation.selectedProjectID());
     breakLibrary();
-    CHECK_FALSE(store().undoArchiving());
-    CHECK(store().lastArchiving());
-    CHECK(store().project(thesis)->archivedAt);
+    CHECK_FALSE(store().projects.undoArchiving());
+    CHECK(store().projects.lastArchiving());
+    CHECK(store().library.project(thesis)->archivedAt);
     QDir(libraryPath()).removeRecursively();
-    CHECK(store().undoArchiving());
-    CHECK(store().selectedProjectID() == thesis);
-    CHECK_FALSE(store().lastArchiving());
-    CHECK_FALSE(store().undoArchiving());
-    CHECK_FALSE(reopen().project(thesis)->archivedAt);
+    CHECK(store().projects.undoArchiving());
+    CHECK(store().navigation.selectedProjectID() == thesis);
+    CHECK_FALSE(store().projects.lastArchiving());
+    CHECK_FALSE(store().projects.undoArchiving());
+    CHECK_FALSE(reopen().library.project(thesis)->archivedAt);
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "search finds titles as people compare them, and what changed since")
 {
-    const QUuid thesis = *store().createProject("Thesis");
-    const QUuid garden = *store().createProject("Garden");
+    const QUuid thesis = *store().projects.createProject("Thesis");
+    const QUuid garden = *store().projects.createProject("Garden");
     saveCheckpoint(thesis, u"Straße und Café"_qs, 10);
     Checkpoint tomatoes = saveCheckpoint(garden, "Tomatoes", 20);
     const auto found = [this](const QString &text) {
-        store().search.set(text);
+        store().navigation.setSearch(text);
         QStringList names;
-        for (const Project &project : store().filteredProjects())
+        for (const Project &project : store().navigation.filteredProjects())
             names << project.name;
         return names;
     };
@@ -192,7 +192,7 @@ TEST_CASE_FIXTURE(StoreFixture, "search finds titles as people compare them, and
     CHECK(found("s t") == QStringList());                    // No match reaches from one title into the next.
     CHECK(found(QString(QChar(0xFFFF))).isEmpty());
     tomatoes.title = "Beans";
-    REQUIRE(store().save(tomatoes));
+    REQUIRE(store().editing.save(tomatoes));
     CHECK(found("toma") == QStringList());
     CHECK(found("beans") == QStringList{"Garden"});
     // Typing on and going back.

@@ -44,7 +44,7 @@ struct ResumeFixture : StoreFixture {
 
     RestoreReport resume(bool layout = false)
     {
-        return finish(store().restore(checkpoint, ResumeChoice::missing, layout)).report;
+        return finish(store().resuming.restore(checkpoint, ResumeChoice::missing, layout)).report;
     }
 };
 
@@ -73,29 +73,29 @@ TEST_CASE_FIXTURE(ResumeFixture, "a resume opens what is missing, and a second o
                                        "new com.google.Chrome https://b.example/"});
     CHECK(memory.savedPagesTold == 6); // Those that are open or cannot be opened tell windows apart, too.
     CHECK(report.outcome == RestoreOutcome{.openedApps = 1, .openedTabs = 3, .alreadyActive = 2, .unavailable = 2});
-    CHECK(store().notice() == u"Workspace restored · 4 opened · 2 already active · 2 unavailable"_qs);
-    CHECK_FALSE(store().error().has_value());
-    CHECK_FALSE(store().busy());
+    CHECK(store().messages.notice() == u"Workspace restored · 4 opened · 2 already active · 2 unavailable"_qs);
+    CHECK_FALSE(store().messages.error().has_value());
+    CHECK_FALSE(store().operations.busy());
 
     // The browser has not written the new pages down yet.
     memory.opened.clear();
     reopen();
     CHECK(resume().outcome.alreadyActive == 7);
     CHECK(memory.opened.isEmpty());
-    CHECK(store().notice() == u"Workspace restored · 0 opened · 7 already active · 2 unavailable"_qs);
+    CHECK(store().messages.notice() == u"Workspace restored · 0 opened · 7 already active · 2 unavailable"_qs);
 }
 
 TEST_CASE_FIXTURE(ResumeFixture, "what opens after it was chosen is not opened twice")
 {
     memory.tabRecords[chrome] = QString("");
     addTab("https://a.example/");
-    const RestorePlan plan = finish(store().restorePlan(checkpoint));
+    const RestorePlan plan = finish(store().resuming.restorePlan(checkpoint));
     REQUIRE(plan.tabsToOpen.size() == 1);
     memory.tabRecords[chrome] = u"1\u001f7\u001fHTTPS://a.example/\u001fOpen\u001e"_qs;
 
     const auto choose = [&](const RestorePlan &) { return ResumeChoice::missing(plan); };
     memory.addApplication("viewer", "Viewer", {0, 0, 300, 300});
-    const RestoreReport report = finish(store().restore(checkpoint, choose, false)).report;
+    const RestoreReport report = finish(store().resuming.restore(checkpoint, choose, false)).report;
 
     CHECK(memory.opened.isEmpty());
     CHECK(report.outcome.openedTabs == 0);
@@ -114,11 +114,11 @@ TEST_CASE_FIXTURE(ResumeFixture,
                   "pages of a browser that is not here go to the user's own, those of an unread one wait")
 {
     addTab("https://unread.example/");
-    CHECK_FALSE(finish(store().restorePlan(checkpoint)).tabCheckWarning); // That no browser runs is no fault.
-    memory.tabRecords[chrome] = QString();                                // Runs and cannot be read.
+    CHECK_FALSE(finish(store().resuming.restorePlan(checkpoint)).tabCheckWarning); // That no browser runs is no fault.
+    memory.tabRecords[chrome] = QString();                                         // Runs and cannot be read.
     addTab("https://elsewhere.example/").browserID = "com.apple.Safari";
 
-    const RestorePlan plan = finish(store().restorePlan(checkpoint));
+    const RestorePlan plan = finish(store().resuming.restorePlan(checkpoint));
     CHECK(plan.unverifiedTabs.size() == 1);
     CHECK(plan.tabCheckWarning == u"Chrome tabs weren’t available. Whether its saved pages are open is not known."_qs);
 
@@ -139,11 +139,13 @@ TEST_CASE_FIXTURE(ResumeFixture, "what fails is named, and the rest is opened al
     const RestoreReport report = resume();
 
     CHECK(report.outcome.openedTabs == 1);
-    CHECK(store().error() == "Could not open: Viewer (No such file or directory), Page https://b.example/ (No "
-                             "application opens web pages), Chrome (it ended with an error), Page https://a.example/ "
-                             "(Chrome ended with an error)");
-    CHECK(store().notice() == u"Workspace restored · 1 opened · 1 already active · 1 unavailable · %1 failed"_qs.arg(
-                                  store().resumeShortfall()->failures.size()));
+    CHECK(store().messages.error() ==
+          "Could not open: Viewer (No such file or directory), Page https://b.example/ (No "
+          "application opens web pages), Chrome (it ended with an error), Page https://a.example/ "
+          "(Chrome ended with an error)");
+    CHECK(store().messages.notice() ==
+          u"Workspace restored · 1 opened · 1 already active · 1 unavailable · %1 failed"_qs.arg(
+              store().resuming.resumeShortfall()->failures.size()));
 
     // A document that was handed to an application in vain, and applications that never came.
     checkpoint.apps = {{"files", "Files"}, {chrome, "Chrome"}};
@@ -218,13 +220,13 @@ TEST_CASE_FIXTURE(ResumeFixture, "two resumes of a library at once open everythi
                              .repository = CheckpointRepository(root()),
                              .openedPages = OpenedPages(home.filePath("opened-pages"))});
     QDir().mkpath(root());
-    auto first = other.restore(checkpoint, ResumeChoice::missing, false);
+    auto first = other.resuming.restore(checkpoint, ResumeChoice::missing, false);
     QList<RestorePlan> plans;
     const auto choose = [&](const RestorePlan &plan) {
         plans += plan;
         return ResumeChoice::missing(plan);
     };
-    const RestoreReport second = finish(store().restore(checkpoint, choose, false)).report;
+    const RestoreReport second = finish(store().resuming.restore(checkpoint, choose, false)).report;
     finish(std::move(first));
     CHECK(memory.opened == QStringList{"app viewer", "page com.google.Chrome https://a.example/"});
     REQUIRE(plans.size() == 1);

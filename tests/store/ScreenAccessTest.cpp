@@ -27,8 +27,8 @@ struct AccessFixture : StoreFixture {
         // The new process reads the drafts from the disk.
         CHECK(preferences().value(keys::resumeCaptureSetup) == true);
         CHECK(preferences().value(keys::captureDraftTitle) == "Chapter");
-        CHECK_FALSE(store().showCapture());
-        CHECK(store().restartingApp());
+        CHECK_FALSE(store().sheets.showCapture());
+        CHECK(store().screenAccess.restartingApp());
         if (startFailure)
             throw Failure(*startFailure);
         co_return started;
@@ -36,8 +36,8 @@ struct AccessFixture : StoreFixture {
 
     void openForm()
     {
-        store().requestCapture(CaptureKind::Session, CaptureForm::Sheet);
-        store().draftTitle.set("Chapter");
+        store().setup.requestCapture(CaptureKind::Session, CaptureForm::Sheet);
+        store().drafts.setDraftTitle("Chapter");
     }
 };
 
@@ -46,28 +46,29 @@ struct AccessFixture : StoreFixture {
 TEST_CASE_FIXTURE(AccessFixture, "the system's question is asked once in a run, and what was typed survives it")
 {
     openForm();
-    store().verifyAccessNow();
+    store().screenAccess.verifyAccessNow();
     CHECK(memory.timesAsked == 0);
-    CHECK(store().captureIssue() == "Access is not active for this copy yet. Check Settings, then restart this app if "
-                                    "macOS asks. This check does not request permission.");
-    store().requestScreenAccess();
+    CHECK(store().messages.captureIssue() ==
+          "Access is not active for this copy yet. Check Settings, then restart this app if "
+          "macOS asks. This check does not request permission.");
+    store().screenAccess.requestScreenAccess();
     const QString enable =
         "Enable Ardeno in Screen Recording settings, then return here. If macOS asks you to quit and "
         "reopen, your draft will be waiting.";
-    CHECK(store().captureIssue() == enable);
-    CHECK_FALSE(store().requestingAccess());
+    CHECK(store().messages.captureIssue() == enable);
+    CHECK_FALSE(store().screenAccess.requestingAccess());
     memory.consentOnAsking = true;
-    store().requestScreenAccess();
+    store().screenAccess.requestScreenAccess();
     CHECK(memory.timesAsked == 1);
-    CHECK_FALSE(store().screenAccessGranted());
-    CHECK(store().captureIssue() == enable);
+    CHECK_FALSE(store().screenAccess.screenAccessGranted());
+    CHECK(store().messages.captureIssue() == enable);
 
     AppStore &next = reopen();
-    CHECK(next.showCapture());
-    CHECK(next.pendingRecording());
-    CHECK(next.draftTitle() == "Chapter");
-    next.cancelCapture();
-    CHECK_FALSE(reopen().showCapture());
+    CHECK(next.sheets.showCapture());
+    CHECK(next.drafts.pendingRecording());
+    CHECK(next.drafts.draftTitle() == "Chapter");
+    next.setup.cancelCapture();
+    CHECK_FALSE(reopen().sheets.showCapture());
 }
 
 TEST_CASE_FIXTURE(AccessFixture, "consent given at the question, or before it was answered, opens the way")
@@ -81,9 +82,9 @@ TEST_CASE_FIXTURE(AccessFixture, "consent given at the question, or before it wa
     {
         memory.screenAccess = true;
     }
-    store().requestScreenAccess();
-    CHECK(store().screenAccessGranted());
-    CHECK_FALSE(store().captureIssue());
+    store().screenAccess.requestScreenAccess();
+    CHECK(store().screenAccess.screenAccessGranted());
+    CHECK_FALSE(store().messages.captureIssue());
 }
 
 TEST_CASE_FIXTURE(AccessFixture, "a restart ends this process only when another one runs")
@@ -93,52 +94,52 @@ TEST_CASE_FIXTURE(AccessFixture, "a restart ends this process only when another 
                            "again. Your draft is saved. ";
     SUBCASE("another one runs")
     {
-        finish(store().restartForPermission());
+        finish(store().screenAccess.restartForPermission());
         CHECK(timesEnded == 1);
-        finish(store().restartForPermission()); // While it is under way, there is no second one.
+        finish(store().screenAccess.restartForPermission()); // While it is under way, there is no second one.
         CHECK(timesEnded == 1);
-        store().requestScreenAccess();
-        store().verifyAccessNow();
+        store().screenAccess.requestScreenAccess();
+        store().screenAccess.verifyAccessNow();
         CHECK(memory.timesAsked == 0);
-        CHECK_FALSE(store().captureIssue());
+        CHECK_FALSE(store().messages.captureIssue());
         return;
     }
     SUBCASE("it is this one")
     {
         started = QCoreApplication::applicationPid();
-        finish(store().restartForPermission());
-        CHECK(store().captureIssue() == prefix + "macOS reopened the existing process.");
+        finish(store().screenAccess.restartForPermission());
+        CHECK(store().messages.captureIssue() == prefix + "macOS reopened the existing process.");
     }
     SUBCASE("there is none")
     {
         startFailure = Failure("Restart", 4, "No such file or directory.");
-        finish(store().restartForPermission());
-        CHECK(store().captureIssue() == prefix + "No such file or directory.");
+        finish(store().screenAccess.restartForPermission());
+        CHECK(store().messages.captureIssue() == prefix + "No such file or directory.");
     }
     CHECK(timesEnded == 0);
-    CHECK_FALSE(store().restartingApp());
-    CHECK(store().showCapture()); // Where the message is.
-    CHECK(store().draftTitle() == "Chapter");
+    CHECK_FALSE(store().screenAccess.restartingApp());
+    CHECK(store().sheets.showCapture()); // Where the message is.
+    CHECK(store().drafts.draftTitle() == "Chapter");
 }
 
 TEST_CASE_FIXTURE(AccessFixture, "access that is granted is tried, as the system says one thing and may do another")
 {
     memory.screenAccess = true;
     openForm();
-    finish(store().verifyAccessNow());
-    CHECK(store().screenAccessGranted());
+    finish(store().screenAccess.verifyAccessNow());
+    CHECK(store().screenAccess.screenAccessGranted());
     memory.displays.clear();
-    finish(store().verifyAccessNow());
-    CHECK_FALSE(store().screenAccessGranted());
-    CHECK(store().captureIssue() == "No display is available.");
+    finish(store().screenAccess.verifyAccessNow());
+    CHECK_FALSE(store().screenAccess.screenAccessGranted());
+    CHECK(store().messages.captureIssue() == "No display is available.");
 }
 
 TEST_CASE_FIXTURE(AccessFixture, "where consent would not help, the desktop's reason is given instead")
 {
     memory.noScreenAccess = "There is no screen.";
     openForm();
-    store().draftProjectName.set("Thesis");
-    finish(store().captureMoment("Chapter", {}, CaptureKind::Checkpoint));
-    CHECK(store().captureIssue() == "There is no screen.");
-    CHECK(store().projects().isEmpty());
+    store().drafts.setDraftProjectName("Thesis");
+    finish(store().form.captureMoment("Chapter", {}, CaptureKind::Checkpoint));
+    CHECK(store().messages.captureIssue() == "There is no screen.");
+    CHECK(store().library.projects().isEmpty());
 }

@@ -9,20 +9,20 @@ using namespace ardeno;
 namespace {
 
 struct ScreenshotFixture : StoreFixture {
-    QUuid project = *store().createProject("Thesis");
+    QUuid project = *store().projects.createProject("Thesis");
     Checkpoint saved = saveCheckpoint(project, "one", 1);
     QString image = home.filePath("image.png");
 
     ScreenshotFixture() { writeFile(image, PngWriter::encoded({2, 2}, QByteArray(16, '\x40'))); }
 
-    const Checkpoint &now() { return *store().checkpoint(saved.id); }
+    const Checkpoint &now() { return *store().library.checkpoint(saved.id); }
 
     QStringList media() const { return QDir(mediaFolder(saved)).entryList(QDir::Files | QDir::Hidden); }
 
     void pointTo(const QString &path)
     {
         saved.screenshot = path;
-        REQUIRE(store().save(saved));
+        REQUIRE(store().editing.save(saved));
     }
 };
 
@@ -32,9 +32,9 @@ const QString outside = "Could not remove a screenshot outside this checkpointâ€
 
 TEST_CASE_FIXTURE(ScreenshotFixture, "an imported image takes the place of the screenshot")
 {
-    finish(store().importScreenshot(image, saved.id));
-    CHECK(store().notice() == "Image added. A copy is saved with this checkpoint.");
-    CHECK_FALSE(store().error().has_value());
+    finish(store().screenshots.importScreenshot(image, saved.id));
+    CHECK(store().messages.notice() == "Image added. A copy is saved with this checkpoint.");
+    CHECK_FALSE(store().messages.error().has_value());
     REQUIRE(now().screenshot.has_value());
     CHECK(now().screenshot->startsWith(mediaFolder(saved) + "/image-"));
     CHECK(QFile::exists(image));
@@ -46,11 +46,11 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "an imported image takes the place of the s
 TEST_CASE_FIXTURE(ScreenshotFixture, "an image that cannot be imported changes nothing, and says why")
 {
     writeFile(image, "words");
-    finish(store().importScreenshot(image, saved.id));
-    CHECK(store().error() ==
+    finish(store().screenshots.importScreenshot(image, saved.id));
+    CHECK(store().messages.error() ==
           "This file could not be opened as an image. Choose a PNG, JPEG, HEIC or another supported image.");
-    finish(store().importScreenshot(home.filePath("missing.png"), saved.id));
-    CHECK(store().error() == "Could not add the image: No such file or directory.");
+    finish(store().screenshots.importScreenshot(home.filePath("missing.png"), saved.id));
+    CHECK(store().messages.error() == "Could not add the image: No such file or directory.");
     CHECK(now() == saved);
     CHECK(media() == QStringList{"snapshot.png"});
 }
@@ -58,16 +58,16 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "an image that cannot be imported changes n
 TEST_CASE_FIXTURE(ScreenshotFixture,
                   "an image whose checkpoint cannot be written, or was deleted meanwhile, goes again")
 {
-    QCoro::Task<Outcome> importing = store().importScreenshot(image, saved.id);
-    store().deleteCheckpoint(saved.id);
+    QCoro::Task<Outcome> importing = store().screenshots.importScreenshot(image, saved.id);
+    store().deletion.deleteCheckpoint(saved.id);
     finish(std::move(importing));
     CHECK_FALSE(QFile::exists(mediaFolder(saved)));
-    CHECK(store().checkpoints().isEmpty());
+    CHECK(store().library.checkpoints().isEmpty());
 
     saved = saveCheckpoint(project, "two", 2);
     breakLibrary();
-    finish(store().importScreenshot(image, saved.id));
-    CHECK(store().error()->startsWith("Could not save this checkpoint: "));
+    finish(store().screenshots.importScreenshot(image, saved.id));
+    CHECK(store().messages.error()->startsWith("Could not save this checkpoint: "));
     CHECK(media() == QStringList{"snapshot.png"});
     CHECK(now() == saved);
 }
@@ -77,8 +77,8 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "a previous image outside the folder is lef
     const QString elsewhere = home.filePath("elsewhere.png");
     writeFile(elsewhere, "mine");
     pointTo(elsewhere);
-    finish(store().importScreenshot(image, saved.id));
-    CHECK(store().notice() == "Image added. A copy is saved with this checkpoint.");
+    finish(store().screenshots.importScreenshot(image, saved.id));
+    CHECK(store().messages.notice() == "Image added. A copy is saved with this checkpoint.");
     CHECK(fileBytes(elsewhere) == "mine");
 }
 
@@ -89,16 +89,16 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "a removed screenshot leaves the library an
     cache.keep(*saved.screenshot, stamp, {{1, 1}, QByteArray(4, 'x')});
     REQUIRE(cache.find(*saved.screenshot, stamp).has_value());
 
-    store().removeScreenshot(saved.id);
-    CHECK(store().notice() == "Screenshot removed. Your notes and workspace are saved.");
+    store().screenshots.removeScreenshot(saved.id);
+    CHECK(store().messages.notice() == "Screenshot removed. Your notes and workspace are saved.");
     CHECK_FALSE(now().screenshot.has_value());
     CHECK(!QFile::exists(*saved.screenshot));
     CHECK_MESSAGE(!cache.find(*saved.screenshot, stamp), "no small copy of it lives on");
 
     pointTo(mediaFolder(saved) + "/gone.png");
-    store().removeScreenshot(saved.id);
+    store().screenshots.removeScreenshot(saved.id);
     CHECK_FALSE(now().screenshot.has_value());
-    CHECK_FALSE(store().error().has_value());
+    CHECK_FALSE(store().messages.error().has_value());
     opened.reset();
     CHECK(media().isEmpty());
 }
@@ -106,29 +106,29 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "a removed screenshot leaves the library an
 TEST_CASE_FIXTURE(ScreenshotFixture, "a picture that was removed or replaced comes back, and so does what replaced it")
 {
     const auto shown = [this] { return fileBytes(now().screenshot.value_or(QString())); };
-    store().removeScreenshot(saved.id);
-    CHECK(store().lastRemoval() == WorkspaceRemoval{saved.id, {RemovedPicture{*saved.screenshot}}});
-    CHECK(store().undoWorkspaceRemoval());
+    store().screenshots.removeScreenshot(saved.id);
+    CHECK(store().removals.lastRemoval() == WorkspaceRemoval{saved.id, {RemovedPicture{*saved.screenshot}}});
+    CHECK(store().removals.undoWorkspaceRemoval());
     CHECK(now() == saved);
     CHECK(shown() == "picture of one");
     CHECK(media() == QStringList{"snapshot.png"});
-    CHECK_FALSE(store().lastRemoval().has_value());
-    CHECK_MESSAGE(!store().notice(), "that it was removed is not true any more");
+    CHECK_FALSE(store().removals.lastRemoval().has_value());
+    CHECK_MESSAGE(!store().messages.notice(), "that it was removed is not true any more");
 
-    finish(store().importScreenshot(image, saved.id));
+    finish(store().screenshots.importScreenshot(image, saved.id));
     const QByteArray imported = shown();
-    CHECK(store().undoWorkspaceRemoval());
+    CHECK(store().removals.undoWorkspaceRemoval());
     CHECK(shown() == "picture of one");
-    CHECK(store().undoWorkspaceRemoval());
+    CHECK(store().removals.undoWorkspaceRemoval());
     CHECK(shown() == imported);
-    CHECK(store().undoWorkspaceRemoval());
+    CHECK(store().removals.undoWorkspaceRemoval());
 
     // What was removed first is not forgotten for what was added since.
-    store().removeScreenshot(saved.id);
-    finish(store().importScreenshot(image, saved.id));
-    CHECK(store().undoWorkspaceRemoval());
+    store().screenshots.removeScreenshot(saved.id);
+    finish(store().screenshots.importScreenshot(image, saved.id));
+    CHECK(store().removals.undoWorkspaceRemoval());
     CHECK(shown() == "picture of one");
-    CHECK(store().updateNote(&Checkpoint::objective, "typed", saved.id));
+    CHECK(store().editing.updateNote(&Checkpoint::objective, "typed", saved.id));
     reopen();
     CHECK(shown() == "picture of one");
     CHECK(media() == QStringList{"snapshot.png"});
@@ -138,52 +138,52 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "a picture that cannot come back any more l
 {
     const Checkpoint other = saveCheckpoint(project, "other", 2);
     saved.apps = {{"org.editor", "Editor"}};
-    REQUIRE(store().save(saved));
+    REQUIRE(store().editing.save(saved));
     const auto leave = [&](const std::function<void()> &act) {
-        REQUIRE(store().removeScreenshot(saved.id));
+        REQUIRE(store().screenshots.removeScreenshot(saved.id));
         CHECK(media() == QStringList{".snapshot.png.removing"});
         act();
         CHECK(media().isEmpty());
         reopen();
-        CHECK_FALSE(store().lastRemoval().has_value());
+        CHECK_FALSE(store().removals.lastRemoval().has_value());
         writeFile(*saved.screenshot, "picture of one");
-        REQUIRE(store().save(saved));
+        REQUIRE(store().editing.save(saved));
     };
-    leave([&] { REQUIRE(store().removeApp(saved.apps.first(), saved.id)); });
-    leave([&] { REQUIRE(store().removeScreenshot(other.id)); });
+    leave([&] { REQUIRE(store().workspace.removeApp(saved.apps.first(), saved.id)); });
+    leave([&] { REQUIRE(store().screenshots.removeScreenshot(other.id)); });
     leave([&] { opened.reset(); });
-    leave([&] { REQUIRE(store().deleteCheckpoint(saved.id)); });
-    leave([&] { REQUIRE(store().deleteProject(project)); });
+    leave([&] { REQUIRE(store().deletion.deleteCheckpoint(saved.id)); });
+    leave([&] { REQUIRE(store().deletion.deleteProject(project)); });
 }
 
 TEST_CASE_FIXTURE(ScreenshotFixture, "an undo that cannot be written, or was made by another program, loses no picture")
 {
     const QByteArray before = fileBytes(libraryPath());
-    store().removeScreenshot(saved.id);
+    store().screenshots.removeScreenshot(saved.id);
     const QByteArray without = fileBytes(libraryPath());
     breakLibrary();
-    CHECK_FALSE(store().undoWorkspaceRemoval());
-    CHECK(store().error()->startsWith("Could not bring the screenshot back: "));
+    CHECK_FALSE(store().removals.undoWorkspaceRemoval());
+    CHECK(store().messages.error()->startsWith("Could not bring the screenshot back: "));
     CHECK(media() == QStringList{".snapshot.png.removing"});
     REQUIRE(QDir(libraryPath()).removeRecursively());
     writeFile(libraryPath(), without);
-    CHECK(store().undoWorkspaceRemoval());
+    CHECK(store().removals.undoWorkspaceRemoval());
     CHECK(fileBytes(*saved.screenshot) == "picture of one");
 
-    store().removeScreenshot(saved.id);
+    store().screenshots.removeScreenshot(saved.id);
     REQUIRE(QFile::remove(libraryPath())); // Else it would be the same file with another content.
     writeFile(libraryPath(), before);
-    store().createProject("Second");
+    store().projects.createProject("Second");
     CHECK(now().screenshot == saved.screenshot);
     CHECK(fileBytes(*saved.screenshot) == "picture of one");
-    CHECK_FALSE(store().lastRemoval().has_value());
+    CHECK_FALSE(store().removals.lastRemoval().has_value());
 }
 
 TEST_CASE_FIXTURE(ScreenshotFixture, "a screenshot whose removal cannot be written is back as it was")
 {
     breakLibrary();
-    store().removeScreenshot(saved.id);
-    CHECK(store().error()->startsWith("Could not remove the screenshot: "));
+    store().screenshots.removeScreenshot(saved.id);
+    CHECK(store().messages.error()->startsWith("Could not remove the screenshot: "));
     CHECK(fileBytes(*saved.screenshot) == "picture of one");
     CHECK(media() == QStringList{"snapshot.png"});
     CHECK(now() == saved);
@@ -205,8 +205,8 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "a file outside the checkpoint's folder, or
           name + "/../../precious.png", name + "/inner", QString("precious.png"), QString()}) {
         CAPTURE(path);
         pointTo(path);
-        store().removeScreenshot(saved.id);
-        CHECK(store().error() == outside);
+        store().screenshots.removeScreenshot(saved.id);
+        CHECK(store().messages.error() == outside);
         CHECK(now().screenshot == path);
     }
     CHECK(fileBytes(precious) == "precious");
@@ -219,7 +219,7 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "a file outside the checkpoint's folder, or
     REQUIRE(QFile::rename(mediaFolder(saved), moved));
     QFile::link(moved, mediaFolder(saved));
     pointTo(mediaFolder(saved) + "/snapshot.png");
-    store().removeScreenshot(saved.id);
-    CHECK(store().error() == outside);
+    store().screenshots.removeScreenshot(saved.id);
+    CHECK(store().messages.error() == outside);
     CHECK(QFile::exists(moved + "/snapshot.png"));
 }

@@ -22,15 +22,15 @@ QByteArray cutVideo(QByteArrayView tail = QByteArrayView("\0\0\0\x40"
 }
 
 struct SessionFixture : StoreFixture {
-    QUuid project = *store().createProject("Thesis");
+    QUuid project = *store().projects.createProject("Thesis");
 
     // Starts a session through the form; the id of its checkpoint.
     QUuid startSession()
     {
-        store().draftProjectID.set(project);
-        finish(store().captureMoment(" Ablation ", "Re-run", CaptureKind::Session));
-        REQUIRE_FALSE(store().captureIssue().has_value());
-        REQUIRE(store().recording());
+        store().drafts.setDraftProjectID(project);
+        finish(store().form.captureMoment(" Ablation ", "Re-run", CaptureKind::Session));
+        REQUIRE_FALSE(store().messages.captureIssue().has_value());
+        REQUIRE(store().recorder.recording());
         return QUuid(QFileInfo(QFileInfo(memory.recordings.last().path).path()).fileName());
     }
 
@@ -43,34 +43,34 @@ struct SessionFixture : StoreFixture {
 
 TEST_CASE_FIXTURE(SessionFixture, "a session is in the library once it is stopped, with the workspace of its end")
 {
-    store().excludeApp({"org.secret", "Secret"});
-    store().includeBrowser.set(true);
+    store().rules.excludeApp({"org.secret", "Secret"});
+    store().drafts.setIncludeBrowser(true);
     memory.tabRecords["com.google.Chrome"] = u"1\u001f7\u001fhttps://a.example/\u001fA\u001e"_qs;
     const QUuid id = startSession();
-    CHECK(store().notice() == QString("Recording your main display. Stop any time from the menu bar."));
-    CHECK(store().startedAt().has_value());
-    CHECK(store().draftTitle().isEmpty());
-    CHECK_FALSE(store().busy());
-    CHECK(store().checkpoints().isEmpty());
+    CHECK(store().messages.notice() == QString("Recording your main display. Stop any time from the menu bar."));
+    CHECK(store().recorder.startedAt().has_value());
+    CHECK(store().drafts.draftTitle().isEmpty());
+    CHECK_FALSE(store().operations.busy());
+    CHECK(store().library.checkpoints().isEmpty());
     CHECK(memory.recordings.last().excludedAppIDs == QSet<QString>{"org.secret"});
-    CHECK_FALSE(store().allowApp("org.secret"));
-    CHECK(store().error() == QString("Finish the recording before changing exclusions."));
+    CHECK_FALSE(store().rules.allowApp("org.secret"));
+    CHECK(store().messages.error() == QString("Finish the recording before changing exclusions."));
     const auto pending = json::decode<Checkpoint>(fileBytes(journalOf(id)));
     CHECK(pending.title == "Ablation");
     CHECK(pending.apps.size() == 1);
     CHECK(pending.tabs.size() == 1);
 
     memory.addApplication("org.browser", "Browser", {0, 0, 500, 500});
-    store().includeBrowser.set(false);
-    finish(store().stop());
+    store().drafts.setIncludeBrowser(false);
+    finish(store().sessions.stop());
 
-    CHECK(store().notice() ==
+    CHECK(store().messages.notice() ==
           QString("Recording stopped and checkpoint saved. Add a next step to make returning easier."));
-    CHECK_FALSE(store().error().has_value());
-    CHECK_FALSE(store().recording());
-    CHECK_FALSE(store().startedAt().has_value());
+    CHECK_FALSE(store().messages.error().has_value());
+    CHECK_FALSE(store().recorder.recording());
+    CHECK_FALSE(store().recorder.startedAt().has_value());
     CHECK_FALSE(QFile::exists(journalOf(id)));
-    const Checkpoint saved = *reopen().selected();
+    const Checkpoint saved = *reopen().navigation.selected();
     CHECK(saved.id == id);
     CHECK(saved.title == "Ablation");
     CHECK(saved.nextStep == "Re-run");
@@ -83,35 +83,35 @@ TEST_CASE_FIXTURE(SessionFixture, "a session is in the library once it is stoppe
 
 TEST_CASE_FIXTURE(SessionFixture, "only one session runs, and only a running one can be stopped")
 {
-    finish(store().stop());
-    CHECK_FALSE(store().notice().has_value());
+    finish(store().sessions.stop());
+    CHECK_FALSE(store().messages.notice().has_value());
     startSession();
-    finish(store().captureMoment("Again", {}, CaptureKind::Session));
-    CHECK(store().captureIssue()->contains("already"));
+    finish(store().form.captureMoment("Again", {}, CaptureKind::Session));
+    CHECK(store().messages.captureIssue()->contains("already"));
     CHECK(memory.recordings.size() == 1);
 
-    auto first = store().stop();
-    finish(store().stop());
+    auto first = store().sessions.stop();
+    finish(store().sessions.stop());
     finish(std::move(first));
-    CHECK(store().checkpoints().size() == 1);
-    finish(store().stop());
-    CHECK(store().checkpoints().size() == 1);
+    CHECK(store().library.checkpoints().size() == 1);
+    finish(store().sessions.stop());
+    CHECK(store().library.checkpoints().size() == 1);
 }
 
 TEST_CASE_FIXTURE(SessionFixture, "a session that cannot begin keeps the drafts and leaves nothing behind")
 {
     memory.recordingFailure = Failure("POSIX", 28, "No space left on device.");
-    store().draftProjectID.set(project);
-    finish(store().captureMoment("Title", {}, CaptureKind::Session));
-    CHECK(store().captureIssue()->startsWith("Capture could not finish. Your draft is safe."));
-    CHECK(store().captureIssue()->endsWith("No space left on device."));
-    CHECK(store().draftTitle() == "Title");
-    CHECK_FALSE(store().recording());
+    store().drafts.setDraftProjectID(project);
+    finish(store().form.captureMoment("Title", {}, CaptureKind::Session));
+    CHECK(store().messages.captureIssue()->startsWith("Capture could not finish. Your draft is safe."));
+    CHECK(store().messages.captureIssue()->endsWith("No space left on device."));
+    CHECK(store().drafts.draftTitle() == "Title");
+    CHECK_FALSE(store().recorder.recording());
     memory.recorder = Capability::unavailable("There is no display.");
-    finish(store().captureMoment("Title", {}, CaptureKind::Session));
-    CHECK(store().captureIssue() == QString("There is no display."));
+    finish(store().form.captureMoment("Title", {}, CaptureKind::Session));
+    CHECK(store().messages.captureIssue() == QString("There is no display."));
     CHECK(QDir(root()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).isEmpty());
-    CHECK(reopen().checkpoints().isEmpty());
+    CHECK(reopen().library.checkpoints().isEmpty());
 }
 
 TEST_CASE_FIXTURE(SessionFixture, "a recording that breaks off is reported, and stopping still saves the checkpoint")
@@ -119,16 +119,18 @@ TEST_CASE_FIXTURE(SessionFixture, "a recording that breaks off is reported, and 
     const QUuid id = startSession();
     memory.recordingEvents.failed(Failure("POSIX", 28, "No space left on device."));
     QCoreApplication::processEvents();
-    CHECK(store().error() == QString("Recording stopped unexpectedly: No space left on device. Use Stop & save "
-                                     "checkpoint to preserve the checkpoint."));
-    CHECK(store().recording());
+    CHECK(store().messages.error() ==
+          QString("Recording stopped unexpectedly: No space left on device. Use Stop & save "
+                  "checkpoint to preserve the checkpoint."));
+    CHECK(store().recorder.recording());
 
     memory.pictureFailure = Failure("Capture", 2, "The screenshot could not be created.");
-    finish(store().stop());
-    CHECK(store().error() == QString("The video could not be finalized. Your screenshot and workspace will still be "
-                                     "saved. No space left on device."));
-    CHECK(store().notice()->startsWith("Recording stopped and checkpoint saved."));
-    const Checkpoint saved = *store().checkpoint(id);
+    finish(store().sessions.stop());
+    CHECK(store().messages.error() ==
+          QString("The video could not be finalized. Your screenshot and workspace will still be "
+                  "saved. No space left on device."));
+    CHECK(store().messages.notice()->startsWith("Recording stopped and checkpoint saved."));
+    const Checkpoint saved = *store().library.checkpoint(id);
     CHECK_FALSE(saved.recording.has_value());
     CHECK(fileBytes(*saved.screenshot).startsWith("\x89PNG"));
     CHECK(saved.captureNote ==
@@ -141,9 +143,9 @@ TEST_CASE_FIXTURE(SessionFixture, "a session whose folder has been removed is sa
     const QUuid id = startSession();
     REQUIRE(QDir(folderOf(id)).removeRecursively());
     memory.recordingEvents.failed(Failure("POSIX", 2, "No such file or directory."));
-    finish(store().stop());
-    CHECK(store().checkpoint(id)->captureNote == "Workspace captured at the end of your session.");
-    CHECK(QFile::exists(*store().checkpoint(id)->screenshot));
+    finish(store().sessions.stop());
+    CHECK(store().library.checkpoint(id)->captureNote == "Workspace captured at the end of your session.");
+    CHECK(QFile::exists(*store().library.checkpoint(id)->screenshot));
 }
 
 TEST_CASE_FIXTURE(SessionFixture, "a session that the library refuses is saved by the next start")
@@ -151,15 +153,15 @@ TEST_CASE_FIXTURE(SessionFixture, "a session that the library refuses is saved b
     const QUuid id = startSession();
     memory.addApplication("org.browser", "Browser", {0, 0, 500, 500});
     breakLibrary();
-    finish(store().stop());
-    CHECK(store().error()->startsWith("Could not save this checkpoint: "));
-    CHECK_FALSE(store().recording());
+    finish(store().sessions.stop());
+    CHECK(store().messages.error()->startsWith("Could not save this checkpoint: "));
+    CHECK_FALSE(store().recorder.recording());
     REQUIRE(QFile::exists(journalOf(id)));
 
     REQUIRE(QDir(libraryPath()).removeRecursively());
     REQUIRE(QFile::rename(root() + "/moved", libraryPath()));
-    CHECK(reopen().checkpoint(id)->apps.size() == 2);
-    CHECK(store().project(*store().checkpoint(id)->projectID)->name == "Thesis");
+    CHECK(reopen().library.checkpoint(id)->apps.size() == 2);
+    CHECK(store().library.project(*store().library.checkpoint(id)->projectID)->name == "Thesis");
 }
 
 TEST_CASE_FIXTURE(SessionFixture, "a session that was cut short is saved by the next start, once, with what there is")
@@ -176,19 +178,19 @@ TEST_CASE_FIXTURE(SessionFixture, "a session that was cut short is saved by the 
     reopen();
     const QString said =
         u"Your work session “%1” was interrupted. Its checkpoint has been saved with what was recorded."_qs;
-    CHECK(store().sentences().size() == 2);
-    CHECK(store().sentences().contains(said.arg("Ablation")));
-    CHECK(store().sentences().contains(said.arg("Second")));
-    REQUIRE(store().checkpoints().size() == 2);
-    CHECK(store().checkpoint(whole)->title == "Ablation");
-    CHECK(store().checkpoint(whole)->recording == folderOf(whole) + "/session.mp4");
-    CHECK(store().checkpoint(whole)->captureNote.contains("start of your session"));
+    CHECK(store().messages.sentences().size() == 2);
+    CHECK(store().messages.sentences().contains(said.arg("Ablation")));
+    CHECK(store().messages.sentences().contains(said.arg("Second")));
+    REQUIRE(store().library.checkpoints().size() == 2);
+    CHECK(store().library.checkpoint(whole)->title == "Ablation");
+    CHECK(store().library.checkpoint(whole)->recording == folderOf(whole) + "/session.mp4");
+    CHECK(store().library.checkpoint(whole)->captureNote.contains("start of your session"));
     CHECK(fileBytes(folderOf(whole) + "/session.mp4") == cutVideo({}));
-    CHECK_FALSE(store().checkpoint(empty)->recording.has_value());
-    CHECK_FALSE(store().checkpoint(empty)->screenshot.has_value());
+    CHECK_FALSE(store().library.checkpoint(empty)->recording.has_value());
+    CHECK_FALSE(store().library.checkpoint(empty)->screenshot.has_value());
     CHECK_FALSE(QFile::exists(journalOf(whole)));
-    CHECK(reopen().checkpoints().size() == 2);
-    CHECK(store().sentences().isEmpty());
+    CHECK(reopen().library.checkpoints().size() == 2);
+    CHECK(store().messages.sentences().isEmpty());
 }
 
 TEST_CASE_FIXTURE(SessionFixture, "a journal that cannot be read loses no video")
@@ -199,12 +201,12 @@ TEST_CASE_FIXTURE(SessionFixture, "a journal that cannot be read loses no video"
     const QByteArray journal = fileBytes(journalOf(id));
     writeFile(journalOf(id), journal.first(journal.size() / 2));
 
-    CHECK(reopen().sentences().first().contains("Recovered work session"));
-    const Checkpoint *const saved = store().checkpoint(id);
+    CHECK(reopen().messages.sentences().first().contains("Recovered work session"));
+    const Checkpoint *const saved = store().library.checkpoint(id);
     REQUIRE(saved);
     CHECK(saved->recording.has_value());
     CHECK(saved->screenshot.has_value());
-    CHECK(store().project(*saved->projectID));
+    CHECK(store().library.project(*saved->projectID));
 }
 
 TEST_CASE_FIXTURE(SessionFixture,
@@ -214,9 +216,9 @@ TEST_CASE_FIXTURE(SessionFixture,
     opened.reset();
     const QByteArray library = fileBytes(libraryPath());
     writeFile(libraryPath(), "{");
-    CHECK(reopen().error()->startsWith("Your saved checkpoints could not be read."));
+    CHECK(reopen().messages.error()->startsWith("Your saved checkpoints could not be read."));
     CHECK(QFile::exists(journalOf(id)));
     CHECK(fileBytes(libraryPath()) == "{");
     writeFile(libraryPath(), library);
-    CHECK(reopen().checkpoint(id));
+    CHECK(reopen().library.checkpoint(id));
 }

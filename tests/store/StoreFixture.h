@@ -93,7 +93,7 @@ struct StoreFixture {
         Checkpoint checkpoint{.title = title, .projectID = project, .createdAt = {seconds}};
         checkpoint.screenshot = root() + '/' + uuidText(checkpoint.id) + "/snapshot.png";
         writeFile(*checkpoint.screenshot, "picture of " + title.toUtf8());
-        REQUIRE(store().save(checkpoint));
+        REQUIRE(store().editing.save(checkpoint));
         return checkpoint;
     }
 

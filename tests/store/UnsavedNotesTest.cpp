@@ -6,10 +6,10 @@ using namespace ardeno;
 namespace {
 
 struct UnsavedNotesFixture : StoreFixture {
-    QUuid project = *store().createProject("Thesis");
+    QUuid project = *store().projects.createProject("Thesis");
     Checkpoint saved = saveCheckpoint(project, "one", 1);
 
-    const Checkpoint &now() { return *store().checkpoint(saved.id); }
+    const Checkpoint &now() { return *store().library.checkpoint(saved.id); }
 
     void mendLibrary()
     {
@@ -23,21 +23,21 @@ struct UnsavedNotesFixture : StoreFixture {
 TEST_CASE_FIXTURE(UnsavedNotesFixture, "a note that could not be written is kept and written when that is possible")
 {
     breakLibrary();
-    CHECK_FALSE(store().updateNote(&Checkpoint::objective, "first", saved.id));
-    CHECK_FALSE(store().updateNote(&Checkpoint::objective, "second", saved.id));
-    CHECK_FALSE(store().updateNote(&Checkpoint::nextStep, "step", saved.id));
-    CHECK(store().unsavedNotes().size() == 2);
-    CHECK(store().noteText(&Checkpoint::objective, now()) == "second");
+    CHECK_FALSE(store().editing.updateNote(&Checkpoint::objective, "first", saved.id));
+    CHECK_FALSE(store().editing.updateNote(&Checkpoint::objective, "second", saved.id));
+    CHECK_FALSE(store().editing.updateNote(&Checkpoint::nextStep, "step", saved.id));
+    CHECK(store().editing.unsavedNotes().size() == 2);
+    CHECK(store().editing.noteText(&Checkpoint::objective, now()) == "second");
     CHECK(now().objective.isEmpty());
-    store().dismissError();
-    store().saveUnsavedNotes();
-    CHECK_MESSAGE(!store().error(), "who has read it is not told again and again");
+    store().messages.dismissError();
+    store().editing.saveUnsavedNotes();
+    CHECK_MESSAGE(!store().messages.error(), "who has read it is not told again and again");
 
     mendLibrary();
-    store().saveUnsavedNotes();
+    store().editing.saveUnsavedNotes();
     CHECK(now().objective == "second");
     CHECK(now().nextStep == "step");
-    CHECK(store().unsavedNotes().isEmpty());
+    CHECK(store().editing.unsavedNotes().isEmpty());
     reopen();
     CHECK(now().objective == "second");
 }
@@ -45,11 +45,11 @@ TEST_CASE_FIXTURE(UnsavedNotesFixture, "a note that could not be written is kept
 TEST_CASE_FIXTURE(UnsavedNotesFixture, "a note that was not written by the end comes back with the next start")
 {
     breakLibrary();
-    CHECK_FALSE(store().updateNote(&Checkpoint::objective, u"a “note” — \n• two lines"_qs, saved.id));
+    CHECK_FALSE(store().editing.updateNote(&Checkpoint::objective, u"a “note” — \n• two lines"_qs, saved.id));
     opened.reset();
     mendLibrary();
     CHECK(now().objective == u"a “note” — \n• two lines"_qs);
-    CHECK(store().unsavedNotes().isEmpty());
+    CHECK(store().editing.unsavedNotes().isEmpty());
     reopen();
     CHECK(now().objective.startsWith("a "));
 }
@@ -57,13 +57,13 @@ TEST_CASE_FIXTURE(UnsavedNotesFixture, "a note that was not written by the end c
 TEST_CASE_FIXTURE(UnsavedNotesFixture, "a note that is typed back, or whose checkpoint goes, waits no longer")
 {
     breakLibrary();
-    CHECK_FALSE(store().updateNote(&Checkpoint::objective, "typed", saved.id));
-    CHECK(store().updateNote(&Checkpoint::objective, "", saved.id));
-    CHECK(store().unsavedNotes().isEmpty());
-    CHECK_FALSE(store().updateNote(&Checkpoint::objective, "typed", saved.id));
+    CHECK_FALSE(store().editing.updateNote(&Checkpoint::objective, "typed", saved.id));
+    CHECK(store().editing.updateNote(&Checkpoint::objective, "", saved.id));
+    CHECK(store().editing.unsavedNotes().isEmpty());
+    CHECK_FALSE(store().editing.updateNote(&Checkpoint::objective, "typed", saved.id));
     mendLibrary();
-    CHECK(store().deleteCheckpoint(saved.id));
-    store().saveUnsavedNotes();
-    CHECK(store().unsavedNotes().isEmpty());
-    CHECK(store().checkpoints().isEmpty());
+    CHECK(store().deletion.deleteCheckpoint(saved.id));
+    store().editing.saveUnsavedNotes();
+    CHECK(store().editing.unsavedNotes().isEmpty());
+    CHECK(store().library.checkpoints().isEmpty());
 }

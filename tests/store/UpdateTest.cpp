@@ -25,7 +25,7 @@ struct UpdateFixture : StoreFixture {
         co_return offer;
     }
 
-    void check(Force force) { finish(store().checkForUpdates(force)); }
+    void check(Force force) { finish(store().updates.checkForUpdates(force)); }
 };
 
 } // namespace
@@ -64,36 +64,36 @@ TEST_CASE_FIXTURE(UpdateFixture, "a newer version is offered until a check finds
 {
     offer = AppUpdateManifest{.latestVersion = "0.1.1"};
     check(Force::Yes);
-    REQUIRE(store().availableUpdate());
-    CHECK(store().availableUpdate()->latestVersion == "0.1.1");
+    REQUIRE(store().updates.availableUpdate());
+    CHECK(store().updates.availableUpdate()->latestVersion == "0.1.1");
     offer.reset();
     check(Force::Yes);
-    CHECK(store().availableUpdate());
-    CHECK_FALSE(store().error());
+    CHECK(store().updates.availableUpdate());
+    CHECK_FALSE(store().messages.error());
     offer = AppUpdateManifest{.latestVersion = "0.1"};
     check(Force::Yes);
-    CHECK_FALSE(store().availableUpdate());
+    CHECK_FALSE(store().updates.availableUpdate());
 }
 
 TEST_CASE_FIXTURE(UpdateFixture, "one check runs at a time, and one that outlives the store is dropped")
 {
     offer = AppUpdateManifest{.latestVersion = "2"};
-    auto first = store().checkForUpdates(Force::No);
-    CHECK(store().checkingForUpdates());
+    auto first = store().updates.checkForUpdates(Force::No);
+    CHECK(store().updates.checkingForUpdates());
     check(Force::Yes);
     CHECK(requests == 1);
     finish(std::move(first));
-    CHECK_FALSE(store().checkingForUpdates());
+    CHECK_FALSE(store().updates.checkingForUpdates());
 
-    auto late = store().checkForUpdates(Force::Yes);
+    auto late = store().updates.checkForUpdates(Force::Yes);
     opened.reset();
     finish(std::move(late)); // It must not touch what is gone.
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "a build without the check never checks")
 {
-    CHECK_FALSE(store().canCheckForUpdates());
-    finish(store().checkForUpdates(Force::Yes));
+    CHECK_FALSE(store().updates.canCheckForUpdates());
+    finish(store().updates.checkForUpdates(Force::Yes));
     CHECK_FALSE(preferences().contains("lastUpdateCheck"));
 }
 
@@ -105,10 +105,10 @@ TEST_CASE_FIXTURE(StoreFixture, "applications to be excluded are offered with a 
                         {"org.nameless", "", {}},
                         {"org.a", "alpha", {}}};
     QStringList names;
-    for (const InstalledApplication &app : store().installedApps())
+    for (const InstalledApplication &app : store().applications.installedApps())
         names << app.name;
     CHECK(names == QStringList{"alpha", "org.nameless", "Zed"});
     memory.addApplication("org.other", "Other", {0, 0, 500, 500});
-    store().excludeApp({"org.editor", "Editor"});
-    CHECK(store().runningApps() == QList<SavedApp>{{"org.other", "Other"}});
+    store().rules.excludeApp({"org.editor", "Editor"});
+    CHECK(store().applications.runningApps() == QList<SavedApp>{{"org.other", "Other"}});
 }

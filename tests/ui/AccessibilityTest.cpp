@@ -98,15 +98,15 @@ TEST_CASE_FIXTURE(WindowFixture, "every control of every screen has a name")
     seedStarterExample = true;
     openWindow();
     check("sample");
-    store().createProject("Thesis");
+    store().projects.createProject("Thesis");
     check("empty project");
     Checkpoint newer = saveTwoCheckpoints().newer;
     newer.apps = {{"org.editor", "Editor"}, {"gone", "Gone"}};
     newer.tabs = {{.title = "Page", .url = "https://one.example/"}};
     newer.windows = QList<SavedWindow>{SavedWindow{.appID = "org.editor", .appName = "Editor"}};
-    REQUIRE(store().save(newer));
-    store().setProjectBlocker(*newer.projectID, "Approval");
-    store().confirm("Checkpoint saved.");
+    REQUIRE(store().editing.save(newer));
+    store().projects.setProjectBlocker(*newer.projectID, "Approval");
+    store().messages.confirm("Checkpoint saved.");
     check("blocked project with checkpoints");
     click("Manage checkpoints");
     check("manager");
@@ -122,18 +122,18 @@ TEST_CASE_FIXTURE(WindowFixture, "every control of every screen has a name")
     press(Qt::Key_S, Qt::ControlModifier);
     check("capture");
     memory.screenAccess = false;
-    store().refreshScreenAccess();
+    store().screenAccess.refreshScreenAccess();
     check("screen access");
     press(Qt::Key_Escape);
-    store().showRestore.set(true);
+    store().sheets.open(&OpenSheets::showRestore);
     check("restore");
     press(Qt::Key_Escape);
-    store().showProjects();
+    store().navigation.showProjects();
     check("overview");
     press(Qt::Key_N, Qt::ControlModifier);
     check("new project");
     press(Qt::Key_Escape);
-    store().report("Could not update the project: the disk is full.");
+    store().messages.report("Could not update the project: the disk is full.");
     check("error");
 }
 
@@ -159,18 +159,18 @@ TEST_CASE_FIXTURE(WindowFixture, "what lies beneath a sheet is not there for scr
     press(Qt::Key_N, Qt::ControlModifier);
     press(Qt::Key_S, Qt::ControlModifier);
     press(Qt::Key_F, Qt::ControlModifier);
-    CHECK_FALSE(store().showNewProject());
-    CHECK(store().checkpoints().isEmpty());
+    CHECK_FALSE(store().sheets.showNewProject());
+    CHECK(store().library.checkpoints().isEmpty());
     CHECK(window->sheets().topSheet()->isAncestorOf(QApplication::focusWidget()));
     // Nor does a click reach it.
     QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 115));
     settle();
-    CHECK(store().selectedProjectID());
+    CHECK(store().navigation.selectedProjectID());
     CHECK(window->sheets().isCovering());
 
     press(Qt::Key_Escape);
     CHECK_FALSE(window->sheets().isCovering());
-    CHECK_FALSE(store().editingBlocker());
+    CHECK_FALSE(store().sheets.editingBlocker());
     CHECK(QApplication::focusWidget() == button("Mark blocked…")); // Back where one was.
     CHECK(read(window.get()).names.contains("All projects"));
 }
@@ -179,7 +179,7 @@ TEST_CASE_FIXTURE(WindowFixture, "the keyboard alone reaches everything")
 {
     const QUuid project = openProject();
     saveTwoCheckpoints();
-    store().confirm("Checkpoint saved.");
+    store().messages.confirm("Checkpoint saved.");
     settle();
     const QStringList reached = tabOrder(*this);
     CAPTURE(reached);
@@ -190,7 +190,7 @@ TEST_CASE_FIXTURE(WindowFixture, "the keyboard alone reaches everything")
         CAPTURE(name);
         CHECK(reached.contains(name));
     }
-    store().showProjects();
+    store().navigation.showProjects();
     settle();
     const QStringList overview = tabOrder(*this);
     CHECK(overview.contains("Actions for Thesis"));
@@ -198,7 +198,7 @@ TEST_CASE_FIXTURE(WindowFixture, "the keyboard alone reaches everything")
     CHECK(overview.contains("Show archived"));
 
     // Lists are worked with the arrow keys and Return.
-    store().selectProject(project);
+    store().navigation.selectProject(project);
     settle();
     list("Checkpoint history")->setFocus(Qt::TabFocusReason);
     press(Qt::Key_Right);
@@ -212,8 +212,8 @@ TEST_CASE_FIXTURE(WindowFixture, "the tab key goes through all cards of a long o
 {
     openWindow();
     for (int i = 0; i < 40; ++i)
-        store().createProject(QString("Project %1").arg(i));
-    store().showProjects();
+        store().projects.createProject(QString("Project %1").arg(i));
+    store().navigation.showProjects();
     settle();
     button("Show archived")->setFocus(Qt::TabFocusReason);
     QStringList reached;

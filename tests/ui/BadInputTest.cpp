@@ -23,7 +23,7 @@ struct BadInput : WindowFixture {
     void showPicture(Checkpoint checkpoint, const QString &path)
     {
         checkpoint.screenshot = path;
-        REQUIRE(store().save(checkpoint));
+        REQUIRE(store().editing.save(checkpoint));
         settle();
         REQUIRE(shownPicture(*this));
     }
@@ -72,10 +72,10 @@ TEST_CASE_FIXTURE(BadInput, "names, notes and messages of any length leave the w
     openWindow();
     const QString words = u"ein Wort مشروع 🚀 "_qs.repeated(700);
     for (const QString &text : {QString(10'000, 'W'), words, u"🚀"_qs.repeated(5000)}) {
-        const QUuid id = *store().createProject(text);
-        store().setProjectBlocker(id, text);
+        const QUuid id = *store().projects.createProject(text);
+        store().projects.setProjectBlocker(id, text);
         Checkpoint checkpoint{.title = "a" + text, .projectID = id, .objective = text, .nextStep = text};
-        REQUIRE(store().save(checkpoint));
+        REQUIRE(store().editing.save(checkpoint));
         window->resize(960, 690);
         settle();
         CHECK(window->width() == 960);
@@ -84,18 +84,18 @@ TEST_CASE_FIXTURE(BadInput, "names, notes and messages of any length leave the w
                 FAIL_CHECK(each->metaObject()->className());
         }
         picture("long-word");
-        store().report("Could not update the project: " + text);
+        store().messages.report("Could not update the project: " + text);
         settle();
         CHECK(window->sheets().topSheet()->width() == 420);
         CHECK(button("OK")->mapTo(window.get(), QPoint(0, 30)).y() < window->height());
         picture("long-error");
         press(Qt::Key_Return);
-        store().deletingProject.set(*store().project(id));
+        store().sheets.askToDelete(*store().library.project(id));
         settle();
         CHECK(window->sheets().topSheet()->width() == 420);
         CHECK(button("Cancel")->mapTo(window.get(), QPoint(0, 30)).y() < window->height());
         press(Qt::Key_Escape);
-        store().showProjects();
+        store().navigation.showProjects();
         settle();
         CHECK(window->width() == 960);
     }
@@ -116,9 +116,9 @@ TEST_CASE_FIXTURE(BadInput, "a note of a megabyte is pasted, written on and kept
         CHECK(editor->text().size() >= text.size() + 1);
         CHECK(editor->height() == 260);
         press(Qt::Key_Escape);
-        CHECK(store().checkpoint(checkpoint.id)->objective == editor->text());
+        CHECK(store().library.checkpoint(checkpoint.id)->objective == editor->text());
         window.reset();
-        store().deleteProject(project);
+        store().deletion.deleteProject(project);
     }
 }
 
@@ -164,25 +164,25 @@ TEST_CASE_FIXTURE(BadInput, "a project that is deleted elsewhere while it is sho
     settle();
     click("Manage checkpoints");
     CHECK(window->sheets().isCovering());
-    store().deleteProject(project);
+    store().deletion.deleteProject(project);
     settle();
     CHECK_FALSE(window->sheets().isCovering());
     CHECK(seesText("Create a project to save your first checkpoint."));
 
-    project = *store().createProject("Garden");
+    project = *store().projects.createProject("Garden");
     saveCheckpoint(project, "One", 10);
     settle();
     QTest::mouseClick(dynamic_cast<QuickListEditor *>(widget("Where you left off"))->viewport(), Qt::LeftButton);
     type("typed");
-    store().deleteProject(project);
+    store().deletion.deleteProject(project);
     settle();
-    CHECK(store().checkpoints().isEmpty());
-    CHECK_FALSE(store().error());
+    CHECK(store().library.checkpoints().isEmpty());
+    CHECK_FALSE(store().messages.error());
 
-    project = *store().createProject("Release");
+    project = *store().projects.createProject("Release");
     settle();
     click("Mark blocked…");
-    store().deleteProject(project);
+    store().deletion.deleteProject(project);
     settle();
     CHECK_FALSE(window->sheets().isCovering());
     press(Qt::Key_N, Qt::ControlModifier);

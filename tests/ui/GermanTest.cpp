@@ -60,9 +60,9 @@ TEST_CASE_FIXTURE(GermanFixture, "the whole program speaks another language, and
     openWindow();
     window->resize(960, 690);
     look("empty");
-    const QUuid thesis = *store().createProject("Abschlussarbeit");
+    const QUuid thesis = *store().projects.createProject("Abschlussarbeit");
     look("project");
-    store().setProjectBlocker(*store().createProject("Website"), "das überarbeitete Angebot");
+    store().projects.setProjectBlocker(*store().projects.createProject("Website"), "das überarbeitete Angebot");
     saveCheckpoint(thesis, "Auswertung", Date::now().seconds - 86'400);
     Checkpoint latest = saveCheckpoint(thesis, "Vergleich", Date::now().seconds - 60);
     latest.apps = {{"a", "A"}};
@@ -70,19 +70,20 @@ TEST_CASE_FIXTURE(GermanFixture, "the whole program speaks another language, and
     QImage screen(1920, 1080, QImage::Format_RGB32);
     screen.fill(Qt::darkCyan);
     REQUIRE(screen.save(*latest.screenshot));
-    REQUIRE(store().save(latest));
-    CHECK(store().notice() != QString("Checkpoint saved."));
-    store().selectCheckpoint(latest.id);
+    REQUIRE(store().editing.save(latest));
+    CHECK(store().messages.notice() != QString("Checkpoint saved."));
+    store().navigation.selectCheckpoint(latest.id);
     settle();
     CHECK(seesText(u"1 App · 1 Seite · Sie wählen, was geöffnet wird"_qs));
     look("detail");
-    store().selectCheckpoint(store().checkpointsFor(thesis).last().id); // With the way back to the newest one.
+    store().navigation.selectCheckpoint(
+        store().library.checkpointsFor(thesis).last().id); // With the way back to the newest one.
     look("older");
-    store().setProjectBlocker(thesis, QString());
+    store().projects.setProjectBlocker(thesis, QString());
     look("blocked");
     CHECK(seesText("Noch ohne Grund."));
-    store().setProjectBlocker(thesis, std::nullopt);
-    store().selectCheckpoint(latest.id);
+    store().projects.setProjectBlocker(thesis, std::nullopt);
+    store().navigation.selectCheckpoint(latest.id);
     settle();
     auto *const page = window->findChild<QScrollArea *>();
     page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum());
@@ -93,14 +94,14 @@ TEST_CASE_FIXTURE(GermanFixture, "the whole program speaks another language, and
     click(u"Checkpoint-Details …"_qs);
     look("edit");
     click("Abbrechen");
-    store().requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
+    store().setup.requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
     look("capture");
     memory.screenAccess = false;
-    store().refreshScreenAccess();
+    store().screenAccess.refreshScreenAccess();
     look("access");
     memory.screenAccess = true;
     press(Qt::Key_Escape);
-    store().showRestore.set(true);
+    store().sheets.open(&OpenSheets::showRestore);
     settle();
     REQUIRE(eventually([this] { return findButton("Abbrechen") != nullptr; }));
     look("restore");
@@ -118,14 +119,14 @@ TEST_CASE_FIXTURE(GermanFixture, "settings, exclusions and the viewer fit in ano
     window->resize(960, 690);
     click("Einstellungen");
     CHECK(findButton("Kurzbefehl zum Sichern: Strg+Alt+Super+S (Standard)"));
-    store().shortcutIssue.set("Problem");
+    store().shortcut.setShortcutIssue("Problem");
     look("preferences");
     for (QScrollArea *const page : window->sheets().topSheet()->findChildren<QScrollArea *>())
         page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum());
     look("preferences-end");
     click(u"Ausnahmen …"_qs);
-    store().excludeApp({"org.editor", "Texteditor"});
-    store().excludeDomain("beispiel.example");
+    store().rules.excludeApp({"org.editor", "Texteditor"});
+    store().rules.excludeDomain("beispiel.example");
     look("exclusions");
     click(u"App wählen …"_qs);
     look("applications");

@@ -23,11 +23,11 @@ struct ItemsFixture : WindowFixture {
         checkpoint.tabs = {{.title = u"Fi\u202er\u2066st"_qs, .url = "https://one.example/a"},
                            {.title = "", .url = "https://sub.two.example/b", .browserName = "Firefox"},
                            {.title = "Third", .url = "about:blank"}};
-        REQUIRE(store().save(checkpoint));
+        REQUIRE(store().editing.save(checkpoint));
         settle();
     }
 
-    const Checkpoint &saved() { return store().checkpoints().first(); }
+    const Checkpoint &saved() { return store().library.checkpoints().first(); }
 
     QStringList titles(const QString &name) const
     {
@@ -127,7 +127,7 @@ TEST_CASE_FIXTURE(ItemsFixture, "the menu of a row makes a rule for later captur
     choose("Always exclude one.example");
     CHECK(seesText("one.example excluded from future tab lists. Visible pages and this checkpoint’s media are "
                    "unchanged."));
-    store().excludeDomain("two.example");
+    store().rules.excludeDomain("two.example");
     settle();
     CHECK(menuOf("Browser tabs", 1) == QStringList{"(Excluded from future tab captures)"});
     CHECK(menuOf("Browser tabs", 2).isEmpty()); // No website.

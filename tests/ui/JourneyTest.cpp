@@ -98,13 +98,13 @@ TEST_CASE_FIXTURE(WindowFixture, "a note is kept when another checkpoint is chos
     type("one");
     press(Qt::Key_PageDown, Qt::ControlModifier); // The next checkpoint.
     CHECK(seesText("Older"));
-    CHECK(store().checkpoint(newer.id)->objective == u"• one"_qs);
-    CHECK(store().checkpoint(older.id)->objective.isEmpty());
-    CHECK(store().selection() == older.id); // A late write does not pull the old one back.
+    CHECK(store().library.checkpoint(newer.id)->objective == u"• one"_qs);
+    CHECK(store().library.checkpoint(older.id)->objective.isEmpty());
+    CHECK(store().navigation.selection() == older.id); // A late write does not pull the old one back.
     QTest::mouseClick(note(*this, "Where you left off")->viewport(), Qt::LeftButton);
     type("two");
     window->close();
-    CHECK(store().checkpoint(older.id)->objective == u"• two"_qs);
+    CHECK(store().library.checkpoint(older.id)->objective == u"• two"_qs);
 }
 
 TEST_CASE_FIXTURE(WindowFixture, "a note that cannot be written stays on screen and says so")
@@ -120,7 +120,7 @@ TEST_CASE_FIXTURE(WindowFixture, "a note that cannot be written stays on screen 
     picture("error");
     press(Qt::Key_Return);
     CHECK_FALSE(seesText("Something needs attention"));
-    CHECK_FALSE(store().error());
+    CHECK_FALSE(store().messages.error());
     CHECK(editor->text() == u"• x"_qs);
 }
 
@@ -150,8 +150,8 @@ TEST_CASE_FIXTURE(WindowFixture,
 {
     openWindow();
     for (const char *name : {"Thesis", "Garden", "Release"})
-        store().createProject(name);
-    saveCheckpoint(store().projects().at(1).id, "Tomatoes and Thes", 10);
+        store().projects.createProject(name);
+    saveCheckpoint(store().library.projects().at(1).id, "Tomatoes and Thes", 10);
     click("All projects");
     CHECK(findButton("Actions for Release"));
     press(Qt::Key_F, Qt::ControlModifier);
@@ -172,7 +172,7 @@ TEST_CASE_FIXTURE(WindowFixture,
 {
     openWindow();
     for (const char *name : {"A", "B", "C", "D"})
-        store().createProject(name);
+        store().projects.createProject(name);
     settle();
     QListView *const projects = list("Projects");
     const auto center = [&](int row) {
@@ -189,18 +189,18 @@ TEST_CASE_FIXTURE(WindowFixture,
         way += at({bottom.x(), y});
     way += at(top) + at(top) + QStringList{"mouseup", "1"};
     int writes = 0;
-    const auto counting = store().projects.addNotifier([&writes] { ++writes; });
+    const auto counting = store().library.projects.addNotifier([&writes] { ++writes; });
     QProcess pointer;
     pointer.start("xdotool", way);
     REQUIRE(eventually([&] { return pointer.state() == QProcess::NotRunning; }));
-    CHECK(eventually([this] { return namesOf(store().projects()) == QStringList{"D", "A", "B", "C"}; }));
+    CHECK(eventually([this] { return namesOf(store().library.projects()) == QStringList{"D", "A", "B", "C"}; }));
     CHECK(writes == 3);
     picture("dragged");
 
     // The keyboard does the same.
     projects->setFocus();
     press(Qt::Key_Down, Qt::AltModifier);
-    CHECK(namesOf(store().projects()) == QStringList{"A", "D", "B", "C"});
+    CHECK(namesOf(store().library.projects()) == QStringList{"A", "D", "B", "C"});
 }
 
 TEST_CASE_FIXTURE(WindowFixture,
@@ -227,7 +227,7 @@ TEST_CASE_FIXTURE(WindowFixture,
 
 TEST_CASE_FIXTURE(WindowFixture, "an archived project can be opened, and comes back from there")
 {
-    store().setProjectArchived(openProject(), true);
+    store().projects.setProjectArchived(openProject(), true);
     settle();
     click("All projects");
     CHECK_FALSE(findButton("Actions for Thesis"));
@@ -237,7 +237,7 @@ TEST_CASE_FIXTURE(WindowFixture, "an archived project can be opened, and comes b
     click("Open project Thesis");
     CHECK(seesText("Archived"));
     click("Unarchive project");
-    CHECK_FALSE(store().projects().first().archivedAt);
+    CHECK_FALSE(store().library.projects().first().archivedAt);
     click("All projects");
     CHECK(findButton("Actions for Thesis"));
 }

@@ -73,8 +73,8 @@ TEST_CASE_FIXTURE(KeptInput, "who leaves a note that could not be written is ask
     breakLibrary();
     typeNote("precious");
     press(Qt::Key_PageDown, Qt::ControlModifier);
-    REQUIRE(store().selection() == older.id);
-    store().dismissError();
+    REQUIRE(store().navigation.selection() == older.id);
+    store().messages.dismissError();
     settle();
     CHECK(topTitle() == "A note is not saved yet");
     CHECK(note()->text().isEmpty());
@@ -88,7 +88,7 @@ TEST_CASE_FIXTURE(KeptInput, "who leaves a note that could not be written is ask
     click("All projects");
     REQUIRE(topTitle() == "A note is not saved yet");
     click("Back to the note");
-    CHECK(store().selection() == newer.id);
+    CHECK(store().navigation.selection() == newer.id);
     CHECK(note()->text() == u"• precious"_qs);
     CHECK(window->hasUnsavedNotes());
     settle();
@@ -96,7 +96,7 @@ TEST_CASE_FIXTURE(KeptInput, "who leaves a note that could not be written is ask
     mendLibrary();
     CHECK_FALSE(window->hasUnsavedNotes());
     settle();
-    CHECK(store().checkpoint(newer.id)->objective == u"• precious"_qs);
+    CHECK(store().library.checkpoint(newer.id)->objective == u"• precious"_qs);
     CHECK_FALSE(seesText(u"Not saved yet · Saving is tried again"_qs));
     press(Qt::Key_PageDown, Qt::ControlModifier);
     CHECK_FALSE(window->sheets().isCovering());
@@ -111,17 +111,17 @@ TEST_CASE_FIXTURE(KeptInput, "Escape throws what was typed away only after a que
         {"Your next small step", [&] { click(u"Checkpoint details…"_qs); }},
         {"Steps to reproduce (optional)",
          [&] {
-             store().showSettings.set(true);
+             store().sheets.open(&OpenSheets::showSettings);
              settle();
              click("Report a bug");
          }},
         {"Website",
          [&] {
-             store().showSettings.set(true);
-             store().showExclusions.set(true);
+             store().sheets.open(&OpenSheets::showSettings);
+             store().sheets.open(&OpenSheets::showExclusions);
          }},
-        {"Project name", [&] { store().showNewProject.set(true); }},
-        {u"Waiting for…"_qs, [&] { store().editingBlocker.set(store().projects().first()); }},
+        {"Project name", [&] { store().sheets.open(&OpenSheets::showNewProject); }},
+        {u"Waiting for…"_qs, [&] { store().sheets.editBlocker(store().library.projects().first()); }},
     };
     for (const auto &[field, open] : sheets) {
         CAPTURE(field);
@@ -130,8 +130,8 @@ TEST_CASE_FIXTURE(KeptInput, "Escape throws what was typed away only after a que
         const QString title = topTitle();
         press(Qt::Key_Escape);
         CHECK_MESSAGE(topTitle() != title, "nothing was typed");
-        store().showExclusions.set(false);
-        store().showSettings.set(false);
+        store().sheets.close(&OpenSheets::showExclusions);
+        store().sheets.close(&OpenSheets::showSettings);
         settle();
 
         open();
@@ -146,11 +146,11 @@ TEST_CASE_FIXTURE(KeptInput, "Escape throws what was typed away only after a que
         click("Discard");
         CHECK(topTitle() != title);
         CHECK_FALSE(window->sheets().holdsInput());
-        store().showExclusions.set(false);
-        store().showSettings.set(false);
+        store().sheets.close(&OpenSheets::showExclusions);
+        store().sheets.close(&OpenSheets::showSettings);
         settle();
     }
-    CHECK(store().checkpoints().first().title == "Chapter");
+    CHECK(store().library.checkpoints().first().title == "Chapter");
 }
 
 TEST_CASE_FIXTURE(KeptInput, "details of a checkpoint that was deleted meanwhile stay to be copied")
@@ -159,7 +159,7 @@ TEST_CASE_FIXTURE(KeptInput, "details of a checkpoint that was deleted meanwhile
     settle();
     click(u"Checkpoint details…"_qs);
     fill("Checkpoint title", "A long title");
-    REQUIRE(store().deleteCheckpoint(checkpoint.id));
+    REQUIRE(store().deletion.deleteCheckpoint(checkpoint.id));
     settle();
     click("Save context");
     CHECK(seesText("This checkpoint is no longer in the library, so nothing could be saved."));
@@ -181,15 +181,15 @@ TEST_CASE_FIXTURE(KeptInput, "a picture that was removed comes back by one butto
     CHECK(seesText("Screenshot removed"));
     bothPictures("screenshot-removed");
     click("Undo");
-    CHECK(store().checkpoint(checkpoint.id)->screenshot == checkpoint.screenshot);
+    CHECK(store().library.checkpoint(checkpoint.id)->screenshot == checkpoint.screenshot);
     CHECK_FALSE(seesText("No screenshot saved"));
     CHECK_FALSE(findButton("Undo"));
 
     click("Expand");
-    store().updateNote(&Checkpoint::objective, "typed", checkpoint.id);
+    store().editing.updateNote(&Checkpoint::objective, "typed", checkpoint.id);
     settle();
     CHECK(viewers().size() == 1);
-    store().deleteCheckpoint(checkpoint.id);
+    store().deletion.deleteCheckpoint(checkpoint.id);
     settle();
     CHECK(viewers().isEmpty());
 }

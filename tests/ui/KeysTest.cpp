@@ -37,11 +37,14 @@ struct KeysFixture : WindowFixture {
     {
         openWindow();
         for (const char *name : {"Apples", "Books", "Cellar", "Dance"})
-            store().createProject(name);
+            store().projects.createProject(name);
         settle();
     }
 
-    QString shown() const { return opened->selectedProject() ? opened->selectedProject()->name : QString(); }
+    QString shown() const
+    {
+        return opened->navigation.selectedProject() ? opened->navigation.selectedProject()->name : QString();
+    }
 
     // Without waiting for anything.
     static void hit(QWidget *target, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
@@ -118,7 +121,7 @@ TEST_CASE_FIXTURE(KeysFixture, "neither a menu nor a press that ends elsewhere m
     // A screen reader selects as a click does.
     strip->selectionModel()->select(strip->model()->index(1, 0), QItemSelectionModel::ClearAndSelect);
     settle();
-    CHECK(store().selected()->title == "Older");
+    CHECK(store().navigation.selected()->title == "Older");
     CHECK(highlighted(strip) == "Older");
 }
 
@@ -138,7 +141,7 @@ TEST_CASE_FIXTURE(KeysFixture, "a shortcut is about the row that the keys are at
     CHECK(alertText() == name(older));
     picture("delete-question");
     click("Delete checkpoint");
-    CHECK_FALSE(store().checkpoint(older.id));
+    CHECK_FALSE(store().library.checkpoint(older.id));
     CHECK(highlighted(strip) == "Newer");
     CHECK(QApplication::focusWidget() == strip);
     clickRow(strip, 0, Qt::RightButton);
@@ -151,7 +154,7 @@ TEST_CASE_FIXTURE(KeysFixture, "a shortcut is about the row that the keys are at
     hit(projects, Qt::Key_Home);
     hit(projects, Qt::Key_S, Qt::ControlModifier);
     REQUIRE(eventually([this] { return seesText("Checkpoint saved."); }));
-    CHECK(store().selected()->projectID == store().projects().first().id);
+    CHECK(store().navigation.selected()->projectID == store().library.projects().first().id);
 }
 
 TEST_CASE_FIXTURE(KeysFixture, "keys that edit belong to the text that has the focus")
@@ -209,14 +212,14 @@ TEST_CASE_FIXTURE(KeysFixture,
     };
     for (int attempt = 1; attempt <= 2; ++attempt) {
         press(Qt::Key_Return);
-        REQUIRE(eventually([&] { return tries == attempt && !store().savingForm(); }));
+        REQUIRE(eventually([&] { return tries == attempt && !store().form.savingForm(); }));
         QWidget *const field = widget("Your next small step (optional)");
         CHECK(QApplication::focusWidget() == field);
         type(" and");
         settle();
-        CHECK_FALSE(store().savingForm());
+        CHECK_FALSE(store().form.savingForm());
     }
-    CHECK(store().draftNext() == "My title and and");
+    CHECK(store().drafts.draftNext() == "My title and and");
     CHECK(tries == 2);
     press(Qt::Key_Escape);
 
@@ -224,12 +227,13 @@ TEST_CASE_FIXTURE(KeysFixture,
     memory.pictureFailure.reset();
     memory.whileComposing = [&] { CHECK_FALSE(QApplication::focusWidget()); };
     button("Save first checkpoint"); // There is none yet.
-    store().createProject("Garden");
-    saveCheckpoint(*store().selectedProjectID(), "Chapter", 10);
+    store().projects.createProject("Garden");
+    saveCheckpoint(*store().navigation.selectedProjectID(), "Chapter", 10);
     settle();
     QAbstractButton *const save = button("Save checkpoint");
     save->setFocus(Qt::TabFocusReason);
-    finish(store().saveMoment({.projectID = *store().selectedProjectID(), .title = "By a command"}, Audience::Caller));
+    finish(store().capture.saveMoment({.projectID = *store().navigation.selectedProjectID(), .title = "By a command"},
+                                      Audience::Caller));
     settle();
     CHECK(QApplication::focusWidget() == save);
 }
@@ -243,7 +247,7 @@ TEST_CASE_FIXTURE(KeysFixture, "what comes unasked waits for a pause in writing,
         CAPTURE(field);
         widget(field)->setFocus();
         type("Thes");
-        store().report("The disk is full.");
+        store().messages.report("The disk is full.");
         settle();
         CHECK_FALSE(isThere());
         type("is");
@@ -268,14 +272,14 @@ TEST_CASE_FIXTURE(KeysFixture, "what comes unasked waits for a pause in writing,
     // Text that is composed is written, too; a click ends the writing.
     QInputMethodEvent composing(u"か"_qs, {});
     QApplication::sendEvent(QApplication::focusWidget(), &composing);
-    store().report("The disk is full.");
+    store().messages.report("The disk is full.");
     settle();
     CHECK_FALSE(isThere());
     REQUIRE(eventually(isThere));
     press(Qt::Key_Escape);
     type("x");
     QTest::mouseClick(window->content(), Qt::LeftButton, Qt::NoModifier, QPoint(2, 500));
-    store().report("The disk is full.");
+    store().messages.report("The disk is full.");
     settle();
     CHECK(isThere());
 }
@@ -293,7 +297,7 @@ TEST_CASE_FIXTURE(KeysFixture, "a search is opened by Return, entered by the arr
     press(Qt::Key_Down);
     CHECK(QApplication::focusWidget() == list("Projects"));
     click("Clear the search");
-    CHECK(store().search().isEmpty());
+    CHECK(store().navigation.search().isEmpty());
     CHECK(QApplication::focusWidget() == widget("Find a project"));
     CHECK_FALSE(findButton("Clear the search"));
     type("zzz");
@@ -311,7 +315,7 @@ TEST_CASE_FIXTURE(KeysFixture,
                   "menus open by the keyboard, the window fills the screen, and what begins with an emoji is whole")
 {
     openProjects();
-    saveCheckpoint(*store().selectedProjectID(), "  ", 10);
+    saveCheckpoint(*store().navigation.selectedProjectID(), "  ", 10);
     settle();
     const QString moment = DateText::mediumDateShortTime(Date{10});
     CHECK(seesText(moment)); // In place of the title.
@@ -336,7 +340,7 @@ TEST_CASE_FIXTURE(KeysFixture,
     };
     opensMenu("Projects", "Rename project…");
     opensMenu("Checkpoint history", "Open checkpoint");
-    store().showProjects();
+    store().navigation.showProjects();
     settle();
     opensMenu("Open project Books", "Rename project…");
     const QSize before = window->size();

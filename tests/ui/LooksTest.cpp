@@ -36,10 +36,10 @@ struct LooksFixture : WindowFixture {
     {
         addSheetScreens(screens);
         openWindow();
-        thesis = *store().createProject("Thesis");
-        const QUuid website = *store().createProject("Client website");
-        store().createProject("Ardeno release");
-        store().setProjectBlocker(website, "Waiting for the revised quote");
+        thesis = *store().projects.createProject("Thesis");
+        const QUuid website = *store().projects.createProject("Client website");
+        store().projects.createProject("Ardeno release");
+        store().projects.setProjectBlocker(website, "Waiting for the revised quote");
         const double now = Date::now().seconds;
         saveCheckpoint(website, "Start", now - 90'000);
         saveCheckpoint(thesis, "Thesis", now - 200'000);
@@ -62,8 +62,8 @@ struct LooksFixture : WindowFixture {
                                                         .frame = {0, 0, 800, 600},
                                                         .displayName = "Built-in display"}};
         REQUIRE(drawnScreen().save(*latest.screenshot));
-        REQUIRE(store().save(latest));
-        store().confirm("Checkpoint saved.");
+        REQUIRE(store().editing.save(latest));
+        store().messages.confirm("Checkpoint saved.");
         settle();
     }
 
@@ -72,12 +72,12 @@ struct LooksFixture : WindowFixture {
         press(Qt::Key_S, Qt::ControlModifier);
         pictures("capture" + suffix);
         memory.screenAccess = false;
-        store().refreshScreenAccess();
+        store().screenAccess.refreshScreenAccess();
         settle();
         pictures("capture-access" + suffix);
         memory.screenAccess = true;
         press(Qt::Key_Escape);
-        store().showRestore.set(true);
+        store().sheets.open(&OpenSheets::showRestore);
         REQUIRE(eventually([this] { return findButton("Open 3 missing items") != nullptr; }));
         pictures("restore" + suffix);
         press(Qt::Key_Escape);
@@ -118,16 +118,16 @@ TEST_CASE_FIXTURE(LooksFixture, "no text is cut on any screen, also in the narro
     settle();
     pictures("items-narrow");
     showSheets("-narrow");
-    store().showProjects();
+    store().navigation.showProjects();
     settle();
     pictures("overview-narrow");
     window->resize(1170, 790);
     settle();
     pictures("overview");
-    store().selectProject(thesis);
+    store().navigation.selectProject(thesis);
     settle();
     showSheets({});
-    store().showNewProject.set(true);
+    store().sheets.open(&OpenSheets::showNewProject);
     settle();
     pictures("sheet");
 }
@@ -135,7 +135,7 @@ TEST_CASE_FIXTURE(LooksFixture, "no text is cut on any screen, also in the narro
 TEST_CASE_FIXTURE(LooksFixture, "the next step is seen at once, and what belongs together stands on one line")
 {
     fill();
-    store().dismissNotice();
+    store().messages.dismissNotice();
     settle();
     const auto bottomOf = [this](const char *name) {
         QWidget *const found = widget(name);
@@ -179,7 +179,7 @@ TEST_CASE_FIXTURE(LooksFixture, "a card of the overview is one button, with the 
         const QRect tile = history->visualRect(history->model()->index(0, 0));
         return hasPicture(history->viewport(), tile.topLeft() + QPoint(9, 11), {72, 40});
     }));
-    store().showProjects();
+    store().navigation.showProjects();
     settle();
     QAbstractButton *card = button("Open project Thesis");
     CHECK(card->accessibleDescription().contains("Re-run the ablation with seed 7"));
@@ -187,33 +187,33 @@ TEST_CASE_FIXTURE(LooksFixture, "a card of the overview is one button, with the 
     picture("overview-pictures");
     QTest::mouseClick(card, Qt::LeftButton, Qt::NoModifier, QPoint(card->width() - 60, card->height() - 30));
     settle();
-    CHECK(store().selectedProjectID() == thesis);
-    store().showProjects();
+    CHECK(store().navigation.selectedProjectID() == thesis);
+    store().navigation.showProjects();
     settle();
     card = button("Open project Thesis");
     card->setFocus();
     press(Qt::Key_Return);
-    CHECK(store().selectedProjectID() == thesis);
+    CHECK(store().navigation.selectedProjectID() == thesis);
 }
 
 TEST_CASE_FIXTURE(LooksFixture, "texts of any length and kind stay in their places")
 {
     openWindow();
     const QString longName = QString("A project with a name that nobody would want to read ").repeated(6);
-    const QUuid id = *store().createProject(longName);
-    store().createProject(u"مشروع التخرج"_qs);
-    store().createProject(u"プロジェクト 🚀"_qs);
-    store().setProjectBlocker(id, QString("a reason\nwith lines ").repeated(20));
+    const QUuid id = *store().projects.createProject(longName);
+    store().projects.createProject(u"مشروع التخرج"_qs);
+    store().projects.createProject(u"プロジェクト 🚀"_qs);
+    store().projects.setProjectBlocker(id, QString("a reason\nwith lines ").repeated(20));
     Checkpoint checkpoint = saveCheckpoint(id, QString("Title ").repeated(40), 10);
     checkpoint.nextStep = QString("A step of many words ").repeated(40);
     checkpoint.objective = u"<b>not bold</b> &amp; plain\n"_qs + QString("line\n").repeated(60);
-    REQUIRE(store().save(checkpoint));
+    REQUIRE(store().editing.save(checkpoint));
     window->resize(960, 690);
     settle();
     CHECK(window->width() == 960); // No text widens the window.
     picture("long-texts");
     CHECK(seesText(checkpoint.title));
-    store().showProjects();
+    store().navigation.showProjects();
     settle();
     CHECK(window->width() == 960);
     picture("long-texts-overview");

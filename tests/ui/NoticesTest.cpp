@@ -32,13 +32,13 @@ struct Notices : WindowFixture {
     bool leaves()
     {
         QTest::qWait(900);
-        return !store().notice();
+        return !store().messages.notice();
     }
 
     void announce()
     {
         strip()->setPatience(std::chrono::milliseconds(300)); // Longer than anything between two lines here takes.
-        store().confirm("Something was done.");
+        store().messages.confirm("Something was done.");
         settle();
     }
 };
@@ -50,27 +50,27 @@ TEST_CASE_FIXTURE(Notices, "a notice leaves by itself, but not while it is point
     openProject();
     QTest::mouseMove(window.get(), {400, 300});
     announce();
-    CHECK(eventually([this] { return !store().notice(); }));
+    CHECK(eventually([this] { return !store().messages.notice(); }));
     CHECK_FALSE(strip()->isVisible());
 
     announce();
     QTest::mouseMove(strip(), {10, 10});
     CHECK_FALSE(leaves());
     QTest::mouseMove(window.get(), {400, 300});
-    CHECK(eventually([this] { return !store().notice(); }));
+    CHECK(eventually([this] { return !store().messages.notice(); }));
 
     announce();
     button("Dismiss the message")->setFocus();
     CHECK_FALSE(leaves());
     window->setFocus();
-    CHECK(eventually([this] { return !store().notice(); }));
+    CHECK(eventually([this] { return !store().messages.notice(); }));
 
     announce();
-    store().showSettings.set(true);
+    store().sheets.open(&OpenSheets::showSettings);
     settle();
     CHECK_FALSE(leaves());
-    store().showSettings.set(false);
-    CHECK(eventually([this] { return !store().notice(); }));
+    store().sheets.close(&OpenSheets::showSettings);
+    CHECK(eventually([this] { return !store().messages.notice(); }));
 
     announce();
     window->hide();
@@ -86,13 +86,13 @@ TEST_CASE_FIXTURE(Notices, "what a resume opened, failed to open and did not pla
     SavedWindow saved{.appID = "org.editor", .appName = "Editor", .title = "notes.txt"};
     saved.frame = {10, 10, 400, 300};
     checkpoint.windows = QList<SavedWindow>{saved};
-    REQUIRE(store().save(checkpoint));
+    REQUIRE(store().editing.save(checkpoint));
     memory.movable = {{.windowID = 1, .applicationID = "org.editor", .title = "notes.txt", .isMinimised = true}};
     memory.failedStarts = {{"viewer", "Viewer", {}}};
-    finish(store().restore(checkpoint, ResumeChoice::missing, true));
+    finish(store().resuming.restore(checkpoint, ResumeChoice::missing, true));
     settle();
     press(Qt::Key_Return); // The message about what failed.
-    CHECK(store().notice() ==
+    CHECK(store().messages.notice() ==
           u"Workspace restored · 0 opened · 1 already active · 0 window positions restored · 1 failed · 1 window not "
           "placed"_qs);
     CHECK(seesText("Could not open: Viewer (it ended with an error)"));
@@ -114,7 +114,7 @@ TEST_CASE_FIXTURE(Notices, "a check for updates that was asked for is answered, 
     std::optional<AppUpdateManifest> offer;
     fetchUpdate = [&]() -> QCoro::Task<std::optional<AppUpdateManifest>> { co_return offer; };
     openWindow();
-    store().showSettings.set(true);
+    store().sheets.open(&OpenSheets::showSettings);
     settle();
     const auto check = [&](const std::optional<AppUpdateManifest> &found) {
         offer = found;
@@ -123,18 +123,18 @@ TEST_CASE_FIXTURE(Notices, "a check for updates that was asked for is answered, 
     check(std::nullopt);
     CHECK(seesText("Could not check for updates. Try again when you are online."));
     check(AppUpdateManifest{.latestVersion = "0.0.1"});
-    CHECK(seesText(QString("Ardeno %1 is up to date.").arg(AppStore::currentAppVersion())));
+    CHECK(seesText(QString("Ardeno %1 is up to date.").arg(Updates::currentAppVersion())));
     check(AppUpdateManifest{.latestVersion = "99", .downloadURL = QUrl("http://example.org/get")});
     CHECK_FALSE(findButton("Download update"));
     CHECK(seesText("Update available: 99\nIt names no download over a secure connection (https), so Ardeno does not "
                    "open one."));
     bothPictures("update-insecure");
-    store().showSettings.set(false);
+    store().sheets.close(&OpenSheets::showSettings);
     settle();
     click(u"See what’s new"_qs);
     CHECK_FALSE(findButton("Download update"));
     click("Not now");
-    store().showSettings.set(true);
+    store().sheets.open(&OpenSheets::showSettings);
     settle();
     check(AppUpdateManifest{.latestVersion = "99", .downloadURL = QUrl("https://example.org/get")});
     CHECK(findButton("Download update"));

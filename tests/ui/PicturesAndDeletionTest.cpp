@@ -10,12 +10,12 @@ TEST_CASE_FIXTURE(WindowFixture, "a screenshot that is missing or damaged is nam
     const QUuid project = openProject();
     const Checkpoint damaged = saveCheckpoint(project, "Damaged", 10);
     Checkpoint missing{.title = "Missing", .projectID = project, .screenshot = home.filePath("nowhere.png")};
-    REQUIRE(store().save(missing));
+    REQUIRE(store().editing.save(missing));
     settle();
     REQUIRE(shownPicture(*this));
     CHECK(eventually([this] { return shownPicture(*this)->isUnavailable(); }));
     picture("screenshot-unavailable");
-    store().selectCheckpoint(damaged.id);
+    store().navigation.selectCheckpoint(damaged.id);
     settle();
     REQUIRE(shownPicture(*this));
     CHECK(eventually([this] { return shownPicture(*this)->isUnavailable(); }));
@@ -29,17 +29,17 @@ TEST_CASE_FIXTURE(WindowFixture, "a checkpoint is deleted only after the questio
     CHECK(seesText("Delete this checkpoint and its local recording?"));
     picture("delete-checkpoint");
     press(Qt::Key_Return); // Deleting wants its own button.
-    CHECK(store().checkpoints().size() == 2);
+    CHECK(store().library.checkpoints().size() == 2);
     clickRow(list("Checkpoint history"), 1, Qt::RightButton);
     choose("Delete checkpoint…");
     CHECK(seesText(u"This removes “Older” and its local screenshot or recording."_qs));
     press(Qt::Key_Escape);
-    CHECK(store().checkpoints().size() == 2);
+    CHECK(store().library.checkpoints().size() == 2);
     press(Qt::Key_Delete, Qt::ControlModifier);
     click("Delete checkpoint");
-    REQUIRE(store().checkpoints().size() == 1);
+    REQUIRE(store().library.checkpoints().size() == 1);
     CHECK(seesText("1 saved"));
-    CHECK(store().checkpoints().first().title == "Older");
+    CHECK(store().library.checkpoints().first().title == "Older");
 }
 
 TEST_CASE_FIXTURE(WindowFixture, "a project is deleted with all it holds only after the question was answered so")
@@ -51,11 +51,11 @@ TEST_CASE_FIXTURE(WindowFixture, "a project is deleted with all it holds only af
     CHECK(seesText(u"Delete “Thesis” and all 1 checkpoints, including their local screenshots and recordings? This "
                    "cannot be undone."_qs));
     press(Qt::Key_Escape);
-    CHECK(store().projects().size() == 1);
+    CHECK(store().library.projects().size() == 1);
     click("Actions for Thesis");
     choose("Delete project…");
     click("Delete project");
-    CHECK(store().projects().isEmpty());
+    CHECK(store().library.projects().isEmpty());
     CHECK(seesText("Create a project to save your first checkpoint."));
 }
 
@@ -77,7 +77,7 @@ TEST_CASE_FIXTURE(WindowFixture, "the manager opens and deletes checkpoints, and
     for (int left = 2; left > 0; --left) {
         click("Delete selected checkpoint…");
         click("Delete checkpoint");
-        CHECK(store().checkpoints().size() == left - 1);
+        CHECK(store().library.checkpoints().size() == left - 1);
     }
     CHECK(seesText("No checkpoints"));
     picture("manager-empty");
@@ -104,7 +104,7 @@ TEST_CASE_FIXTURE(WindowFixture, "a recording is viewed only from the checkpoint
     for (const auto &[path, reason] : cases) {
         CAPTURE(path);
         checkpoint.recording = path;
-        REQUIRE(store().save(checkpoint));
+        REQUIRE(store().editing.save(checkpoint));
         settle();
         click("View recording");
         CHECK(seesText(failed + reason));

@@ -105,7 +105,7 @@ TEST_CASE_FIXTURE(PopupFixture, "a sheet fits into the smallest window, and keep
 {
     openWindow();
     window->resize(960, 690);
-    store().showExclusions.set(true);
+    store().sheets.open(&OpenSheets::showExclusions);
     settle();
     QWidget *const sheet = window->sheets().topSheet();
     REQUIRE(sheet);
@@ -118,8 +118,8 @@ TEST_CASE_FIXTURE(PopupFixture, "a sheet fits into the smallest window, and keep
     window->resize(1170, 950);
     settle();
     const int tallTop = sheet->y();
-    store().excludeDomain("example.org");
-    store().excludeApp({"org.editor", "Text Editor"});
+    store().rules.excludeDomain("example.org");
+    store().rules.excludeApp({"org.editor", "Text Editor"});
     settle();
     CHECK(sheet->y() == tallTop);
     CHECK(window->rect().contains(sheet->geometry()));

@@ -21,7 +21,7 @@ struct ProjectListFixture : WindowFixture {
     {
         openWindow();
         for (const char *name : {"A", "B", "C", "D"})
-            store().createProject(name);
+            store().projects.createProject(name);
         settle();
     }
 
@@ -47,7 +47,7 @@ struct ProjectListFixture : WindowFixture {
         REQUIRE(eventually([&] { return pointer.state() == QProcess::NotRunning; }));
     }
 
-    QString order() const { return namesOf(opened->projects()).join(""); }
+    QString order() const { return namesOf(opened->library.projects()).join(""); }
 
     QString highlighted() const
     {
@@ -97,7 +97,7 @@ TEST_CASE_FIXTURE(ProjectListFixture, "a project is dragged by one place or to t
     dragRow(3, 2);
     CHECK(eventually([this] { return order() == "BCAD"; }));
     CHECK(highlighted() == "D");
-    CHECK(store().selectedProject()->name == "D");
+    CHECK(store().navigation.selectedProject()->name == "D");
     CHECK(list("Projects")->currentIndex().data().toString() == "D");
 
     // The keys go the same ways, and no further than the ends.
@@ -111,9 +111,9 @@ TEST_CASE_FIXTURE(ProjectListFixture, "a project is dragged by one place or to t
         press(Qt::Key_Down, Qt::AltModifier);
     CHECK(order() == "BCAD");
     // Only among what is seen.
-    store().setProjectArchived(store().projects().first().id, true);
-    store().showProjects();
-    store().selectProject(store().projects().at(1).id);
+    store().projects.setProjectArchived(store().library.projects().first().id, true);
+    store().navigation.showProjects();
+    store().navigation.selectProject(store().library.projects().at(1).id);
     settle();
     press(Qt::Key_Down, Qt::AltModifier);
     press(Qt::Key_Down, Qt::AltModifier);
@@ -125,11 +125,11 @@ TEST_CASE_FIXTURE(ProjectListFixture,
 {
     openProjects();
     const auto [older, newer] = saveTwoCheckpoints();
-    store().selectCheckpoint(older.id);
+    store().navigation.selectCheckpoint(older.id);
     settle();
     clickRow(list("Projects"), 3, Qt::RightButton);
     choose("Archive project");
-    CHECK_FALSE(store().selectedProjectID());
+    CHECK_FALSE(store().navigation.selectedProjectID());
     CHECK(findButton("Open project A"));
     CHECK(highlighted().isEmpty());
     CHECK(list("Projects")->currentIndex().data().toString() == "C"); // Where the keys go on.
@@ -137,14 +137,14 @@ TEST_CASE_FIXTURE(ProjectListFixture,
     bothPictures("archived-undo");
     click("Undo");
     CHECK(highlighted() == "D");
-    CHECK(store().selected()->id == older.id);
-    CHECK_FALSE(store().selectedProject()->archivedAt);
+    CHECK(store().navigation.selected()->id == older.id);
+    CHECK_FALSE(store().navigation.selectedProject()->archivedAt);
     CHECK_FALSE(findButton("Undo"));
 
     // The way back from the archive is one, too.
-    store().setProjectArchived(*newer.projectID, true);
-    const std::optional<Date> since = store().project(*newer.projectID)->archivedAt;
-    store().selectProject(*newer.projectID);
+    store().projects.setProjectArchived(*newer.projectID, true);
+    const std::optional<Date> since = store().library.project(*newer.projectID)->archivedAt;
+    store().navigation.selectProject(*newer.projectID);
     settle();
     CHECK(seesText("ARCHIVED"));
     click("Unarchive project");
@@ -154,13 +154,13 @@ TEST_CASE_FIXTURE(ProjectListFixture,
     click("Undo");
     CHECK(seesText("ARCHIVED"));
     CHECK(highlighted() == "D");
-    CHECK(store().project(*newer.projectID)->archivedAt == since);
+    CHECK(store().library.project(*newer.projectID)->archivedAt == since);
     // One that is not shown leaves the page alone; a deleted one cannot come back.
-    store().selectProject(store().projects().first().id);
-    store().setProjectArchived(store().projects().at(1).id, true);
+    store().navigation.selectProject(store().library.projects().first().id);
+    store().projects.setProjectArchived(store().library.projects().at(1).id, true);
     settle();
     CHECK(highlighted() == "A");
-    store().deleteProject(store().projects().at(1).id);
+    store().deletion.deleteProject(store().library.projects().at(1).id);
     settle();
     CHECK_FALSE(findButton("Undo"));
 }
@@ -192,7 +192,7 @@ TEST_CASE_FIXTURE(ProjectListFixture, "a project gets another name by a key or i
     type("b"); // Its own, written otherwise.
     press(Qt::Key_Return);
     CHECK(order() == "AbCZ");
-    store().showProjects();
+    store().navigation.showProjects();
     settle();
     widget("Open project A")->setFocus(Qt::TabFocusReason);
     press(Qt::Key_F2);
@@ -202,28 +202,28 @@ TEST_CASE_FIXTURE(ProjectListFixture, "a project gets another name by a key or i
 TEST_CASE_FIXTURE(ProjectListFixture, "what vanishes leaves the focus at its neighbour; a moved tile is in view")
 {
     openProjects();
-    store().showProjects();
+    store().navigation.showProjects();
     settle();
     widget("Open project D")->setFocus(Qt::TabFocusReason);
-    store().deleteProject(store().projects().last().id);
+    store().deletion.deleteProject(store().library.projects().last().id);
     settle();
     CHECK(QApplication::focusWidget() == widget("Open project C"));
-    store().setProjectArchived(store().projects().first().id, true);
+    store().projects.setProjectArchived(store().library.projects().first().id, true);
     settle();
     CHECK(QApplication::focusWidget() == widget("Open project C"));
-    store().deleteProject(store().projects().at(1).id);
+    store().deletion.deleteProject(store().library.projects().at(1).id);
     settle();
     CHECK(QApplication::focusWidget() == widget("Open project C"));
 
-    store().selectProject(store().projects().last().id);
+    store().navigation.selectProject(store().library.projects().last().id);
     for (int i = 0; i < 20; ++i)
-        saveCheckpoint(*store().selectedProjectID(), QString("Step %1").arg(i), 100 + i);
-    Checkpoint moved = saveCheckpoint(*store().selectedProjectID(), "Moved", 500);
-    store().selectCheckpoint(moved.id);
+        saveCheckpoint(*store().navigation.selectedProjectID(), QString("Step %1").arg(i), 100 + i);
+    Checkpoint moved = saveCheckpoint(*store().navigation.selectedProjectID(), "Moved", 500);
+    store().navigation.selectCheckpoint(moved.id);
     settle();
     QListView *const strip = list("Checkpoint history");
     moved.createdAt = {1};
-    REQUIRE(store().save(moved));
+    REQUIRE(store().editing.save(moved));
     settle();
     const QRect tile = strip->visualRect(strip->model()->index(20, 0));
     CHECK(strip->viewport()->rect().contains(tile.center()));
@@ -232,10 +232,11 @@ TEST_CASE_FIXTURE(ProjectListFixture, "what vanishes leaves the focus at its nei
 TEST_CASE_FIXTURE(ProjectListFixture, "an image of another application is dropped or pasted onto the picture")
 {
     openProjects();
-    const Checkpoint checkpoint = saveCheckpoint(*store().selectedProjectID(), "Chapter", 10);
+    const Checkpoint checkpoint = saveCheckpoint(*store().navigation.selectedProjectID(), "Chapter", 10);
     settle();
     const auto color = [&] {
-        return QImage(store().screenshotFile(*store().checkpoint(checkpoint.id)).value_or(QString())).pixelColor(5, 5);
+        return QImage(store().media.screenshotFile(*store().library.checkpoint(checkpoint.id)).value_or(QString()))
+            .pixelColor(5, 5);
     };
     const QString file = home.filePath("red.png");
     REQUIRE(plain(Qt::red).save(file));
@@ -249,7 +250,7 @@ TEST_CASE_FIXTURE(ProjectListFixture, "an image of another application is droppe
     QMimeData several;
     several.setUrls({QUrl::fromLocalFile(file), QUrl::fromLocalFile(file)});
     drop(several);
-    CHECK_FALSE(store().error());
+    CHECK_FALSE(store().messages.error());
 
     QApplication::clipboard()->setImage(plain(Qt::blue));
     widget("Where you left off")->setFocus();
@@ -265,6 +266,6 @@ TEST_CASE_FIXTURE(ProjectListFixture, "an image of another application is droppe
     QMimeData broken;
     broken.setUrls({QUrl::fromLocalFile(home.filePath("words.png"))});
     drop(broken);
-    CHECK(eventually([this] { return store().error().has_value(); }));
+    CHECK(eventually([this] { return store().messages.error().has_value(); }));
     CHECK(color() == QColor(Qt::blue));
 }

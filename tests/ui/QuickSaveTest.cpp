@@ -117,22 +117,22 @@ TEST_CASE_FIXTURE(QuickSaveFixture, "the hot key follows the setting, and says w
     memory.areKeysTaken = true;
     start();
     const QString taken = "That shortcut is unavailable. Choose another shortcut or use the menu bar.";
-    CHECK(store().shortcutIssue() == taken);
+    CHECK(store().shortcut.shortcutIssue() == taken);
     memory.areKeysTaken = false;
-    store().shortcutChoice.set(1);
+    store().shortcut.setShortcutChoice(1);
     settle();
     CHECK(memory.keys == Combination::ShiftSuperS);
-    CHECK_FALSE(store().shortcutIssue());
-    store().shortcutChoice.set(7); // As the default.
+    CHECK_FALSE(store().shortcut.shortcutIssue());
+    store().shortcut.setShortcutChoice(7); // As the default.
     settle();
     CHECK(memory.keys == Combination::ControlAltSuperS);
     memory.keyListener.lost(Failure("HotKeys", 1, "Another program has these keys."));
-    CHECK(store().shortcutIssue() == taken);
-    store().shortcutChoice.set(2); // Off.
+    CHECK(store().shortcut.shortcutIssue() == taken);
+    store().shortcut.setShortcutChoice(2); // Off.
     settle();
     CHECK_FALSE(memory.keys);
-    CHECK_FALSE(store().shortcutIssue());
-    store().shortcutChoice.set(0);
+    CHECK_FALSE(store().shortcut.shortcutIssue());
+    store().shortcut.setShortcutChoice(0);
     settle();
     controller.reset();
     CHECK_FALSE(memory.keys);
@@ -141,7 +141,7 @@ TEST_CASE_FIXTURE(QuickSaveFixture, "the hot key follows the setting, and says w
 TEST_CASE_FIXTURE(QuickSaveFixture,
                   "a checkpoint is saved from the panel, and the keyboard goes back to whoever had it")
 {
-    store().createProject("Thesis");
+    store().projects.createProject("Thesis");
     start();
     open();
     CHECK(QTest::qWaitFor([this] { return memory.focusRequests == QStringList{"remember", "above"}; }));
@@ -151,44 +151,44 @@ TEST_CASE_FIXTURE(QuickSaveFixture,
     type("Plot the variance");
     press(Qt::Key_Return);
     REQUIRE(QTest::qWaitFor([] { return !panel(); }));
-    REQUIRE(store().checkpoints().size() == 1);
-    CHECK(store().checkpoints().first().nextStep == "Plot the variance");
-    CHECK(store().notice() == "Checkpoint saved.");
-    CHECK(store().draftNext().isEmpty());
+    REQUIRE(store().library.checkpoints().size() == 1);
+    CHECK(store().library.checkpoints().first().nextStep == "Plot the variance");
+    CHECK(store().messages.notice() == "Checkpoint saved.");
+    CHECK(store().drafts.draftNext().isEmpty());
     CHECK(memory.focusRequests.last() == "return");
 }
 
 TEST_CASE_FIXTURE(QuickSaveFixture, "a panel that is given up keeps what was typed, for the next time")
 {
-    store().createProject("Thesis");
+    store().projects.createProject("Thesis");
     start();
     open();
     type("Plot");
     press(Qt::Key_Escape);
     CHECK_FALSE(panel());
-    CHECK(store().checkpoints().isEmpty());
+    CHECK(store().library.checkpoints().isEmpty());
     open();
     CHECK(control<QLineEdit>("Next time")->text() == "Plot");
     panel()->close();
     settle();
-    CHECK_FALSE(store().showQuickCapture());
-    CHECK(store().draftNext() == "Plot");
+    CHECK_FALSE(store().sheets.showQuickCapture());
+    CHECK(store().drafts.draftNext() == "Plot");
 }
 
 TEST_CASE_FIXTURE(QuickSaveFixture, "the hot key opens one panel, and none over an unfinished sheet")
 {
-    store().createProject("Thesis");
+    store().projects.createProject("Thesis");
     start();
-    store().showNewProject.set(true);
+    store().sheets.open(&OpenSheets::showNewProject);
     pressHotKey();
     CHECK_FALSE(panel());
     CHECK(timesWindowShown == 1);
-    store().showNewProject.set(false);
+    store().sheets.close(&OpenSheets::showNewProject);
     for (int i = 0; i < 10; ++i)
         pressHotKey();
     REQUIRE(panel());
     const QuickSavePanel *const first = panel();
-    store().showCapture.set(true); // A sheet that opens now is none of the panel's business.
+    store().sheets.open(&OpenSheets::showCapture); // A sheet that opens now is none of the panel's business.
     pressHotKey();
     CHECK(panel() == first);
     CHECK(timesWindowShown == 1);
@@ -209,14 +209,14 @@ TEST_CASE_FIXTURE(QuickSaveFixture, "a first checkpoint needs the name of a new 
     picture("quick-save-new-project");
     press(Qt::Key_Return);
     REQUIRE(QTest::qWaitFor([] { return !panel(); }));
-    CHECK(store().projects().first().name == "Garden");
-    REQUIRE(store().checkpoints().size() == 1);
+    CHECK(store().library.projects().first().name == "Garden");
+    REQUIRE(store().library.checkpoints().size() == 1);
 }
 
 TEST_CASE_FIXTURE(QuickSaveFixture,
                   "a save that fails keeps the panel open with the reason, and what is being saved is awaited")
 {
-    store().createProject("Thesis");
+    store().projects.createProject("Thesis");
     start();
     open();
     memory.pictureFailure = Failure("Capture", 1, "No display is available to capture.");
@@ -228,29 +228,29 @@ TEST_CASE_FIXTURE(QuickSaveFixture,
     };
     type("Plot");
     press(Qt::Key_Return);
-    REQUIRE(QTest::qWaitFor([this] { return store().captureIssue().has_value(); }));
+    REQUIRE(QTest::qWaitFor([this] { return store().messages.captureIssue().has_value(); }));
     settle();
     REQUIRE(panel());
     CHECK(wasOpenMeanwhile);
-    CHECK(sees(*store().captureIssue()));
-    CHECK(store().captureIssue()->endsWith("No display is available to capture."));
-    CHECK(store().draftNext() == "Plot");
+    CHECK(sees(*store().messages.captureIssue()));
+    CHECK(store().messages.captureIssue()->endsWith("No display is available to capture."));
+    CHECK(store().drafts.draftNext() == "Plot");
     picture("quick-save-failed");
 
     memory.whileComposing = {};
     memory.pictureFailure.reset();
     breakLibrary();
     button("Save checkpoint")->click();
-    REQUIRE(QTest::qWaitFor([this] { return store().error().has_value(); }));
+    REQUIRE(QTest::qWaitFor([this] { return store().messages.error().has_value(); }));
     settle();
-    CHECK(sees(*store().error()));
+    CHECK(sees(*store().messages.error()));
     press(Qt::Key_Escape);
     CHECK_FALSE(panel());
 }
 
 TEST_CASE_FIXTURE(QuickSaveFixture, "more options hold the title and the browser tabs, in light and dark")
 {
-    store().createProject("Thesis");
+    store().projects.createProject("Thesis");
     start();
     open();
     CHECK_FALSE(control<QLineEdit>("Checkpoint title"));
@@ -260,12 +260,12 @@ TEST_CASE_FIXTURE(QuickSaveFixture, "more options hold the title and the browser
     settle();
     CHECK(panel()->height() > collapsed);
     REQUIRE(control<QLineEdit>("Checkpoint title"));
-    const bool withTabs = store().includeBrowser();
+    const bool withTabs = store().drafts.includeBrowser();
     QTest::mouseClick(button("Include browser tabs"), Qt::LeftButton);
-    CHECK(store().includeBrowser() != withTabs);
+    CHECK(store().drafts.includeBrowser() != withTabs);
     control<QLineEdit>("Checkpoint title")->setFocus();
     type("Second run");
-    CHECK(store().draftTitle() == "Second run");
+    CHECK(store().drafts.draftTitle() == "Second run");
     picture("quick-save-more-light");
     AppTheme::instance().setAppearance({Scheme::Dark, Contrast::Normal, Motion::Normal});
     settle();

@@ -30,33 +30,33 @@ TEST_CASE_FIXTURE(RemarksFixture,
     CHECK(eventually([this] { return sees("have been left in place"); }));
     press(Qt::Key_Return);
     openProject();
-    REQUIRE(store().remarks().size() == 1);
-    const QString copy = store().remarks().first().file.value();
+    REQUIRE(store().messages.remarks().size() == 1);
+    const QString copy = store().messages.remarks().first().file.value();
     CHECK(sees("a new library has been begun"));
-    store().confirm("Checkpoint saved.");
+    store().messages.confirm("Checkpoint saved.");
     window->resize(960, 690);
     bothPictures("remark");
 
     click("Show file");
     CHECK(eventually([&] { return memory.opened == QStringList{"reveal " + copy}; }));
-    store().updateNote(&Checkpoint::title, "typed meanwhile", QUuid());
+    store().editing.updateNote(&Checkpoint::title, "typed meanwhile", QUuid());
     CHECK(sees("a new library has been begun"));
     restart();
     CHECK_MESSAGE(sees("a new library has been begun"), "nobody has dismissed it");
 
     for (int i = 0; i < 5; ++i)
-        store().remark({.sentence = QString("Remark %1 of five.").arg(i)});
+        store().messages.remark({.sentence = QString("Remark %1 of five.").arg(i)});
     settle();
     CHECK(sees("Remark 4 of five."));
     CHECK_MESSAGE(!sees("Remark 1 of five."), "the window keeps its room");
     bothPictures("remarks");
     button("Dismiss the remark")->setFocus(Qt::TabFocusReason);
     for (int i = 0; i < 6; ++i) {
-        CHECK(store().remarks().size() == 6 - i);
+        CHECK(store().messages.remarks().size() == 6 - i);
         press(Qt::Key_Space);
         settle();
     }
-    CHECK(store().remarks().isEmpty());
+    CHECK(store().messages.remarks().isEmpty());
     CHECK(window->isAncestorOf(window->focusWidget()));
     restart();
     CHECK_FALSE(sees("a new library has been begun"));
@@ -65,9 +65,9 @@ TEST_CASE_FIXTURE(RemarksFixture,
 TEST_CASE_FIXTURE(RemarksFixture, "a recording that broke off is seen, also when the message has been dismissed")
 {
     const QUuid project = openProject();
-    store().draftProjectID.set(project);
-    store().captureMoment("Ablation", {}, CaptureKind::Session);
-    REQUIRE(eventually([this] { return store().recording(); }));
+    store().drafts.setDraftProjectID(project);
+    store().form.captureMoment("Ablation", {}, CaptureKind::Session);
+    REQUIRE(eventually([this] { return store().recorder.recording(); }));
     memory.recordingEvents.failed(Failure::system(ENOSPC));
     REQUIRE(eventually([this] { return sees("Recording stopped unexpectedly: No space left on device."); }));
     press(Qt::Key_Return);
@@ -76,14 +76,14 @@ TEST_CASE_FIXTURE(RemarksFixture, "a recording that broke off is seen, also when
     bothPictures("recording-broken");
     breakLibrary();
     click("Stop & save checkpoint");
-    REQUIRE(eventually([this] { return !store().recording() && store().error().has_value(); }));
+    REQUIRE(eventually([this] { return !store().recorder.recording() && store().messages.error().has_value(); }));
     press(Qt::Key_Return);
     press(Qt::Key_Return);
-    CHECK_FALSE(store().error());
+    CHECK_FALSE(store().messages.error());
     CHECK(sees(u"Your work session “Ablation” is kept in"_qs));
     QDir(libraryPath()).removeRecursively();
     QFile::rename(root() + "/moved", libraryPath());
     click("Save now");
     CHECK(sees(u"Your work session “Ablation” has been saved now."_qs));
-    CHECK(store().checkpoints().size() == 1);
+    CHECK(store().library.checkpoints().size() == 1);
 }

@@ -81,29 +81,29 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is set is shown, used at once and known
     pictures("preferences");
     click("On launch: Last opened project");
     choose("Projects overview");
-    CHECK(store().launchOverview());
+    CHECK(store().navigation.launchOverview());
     click(u"Quick save shortcut: ⌃⌥⌘S (default)"_qs);
     choose(u"⇧⌘S"_qs);
-    CHECK(store().shortcutChoice() == 1);
-    store().shortcutIssue.set("That shortcut is unavailable. Choose another shortcut or use the menu bar.");
+    CHECK(store().shortcut.shortcutChoice() == 1);
+    store().shortcut.setShortcutIssue("That shortcut is unavailable. Choose another shortcut or use the menu bar.");
     settle();
     CHECK(seesText("That shortcut is unavailable. Choose another shortcut or use the menu bar."));
     picture("preferences-issue");
     widget(u"Quick save shortcut: ⇧⌘S"_qs)->setFocus();
     press(Qt::Key_Down);
-    CHECK(store().shortcutChoice() == 2);
+    CHECK(store().shortcut.shortcutChoice() == 2);
     press(Qt::Key_Down); // There is no further one.
-    CHECK(store().shortcutChoice() == 2);
+    CHECK(store().shortcut.shortcutChoice() == 2);
     widget("On launch: Projects overview")->setFocus();
     press(Qt::Key_L);
-    CHECK_FALSE(store().launchOverview());
+    CHECK_FALSE(store().navigation.launchOverview());
     press(Qt::Key_P);
     press(Qt::Key_P); // There is no other one.
-    CHECK(store().launchOverview());
+    CHECK(store().navigation.launchOverview());
     click("Include browser tabs");
-    CHECK(store().includeBrowser());
+    CHECK(store().drafts.includeBrowser());
     click("Done");
-    CHECK_FALSE(store().showSettings());
+    CHECK_FALSE(store().sheets.showSettings());
 
     restart();
     click("Settings");
@@ -112,7 +112,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is set is shown, used at once and known
     CHECK(button("Include browser tabs")->isChecked());
     CHECK_FALSE(findButton("Check for updates")); // Here nothing could check.
     press(Qt::Key_Escape);
-    CHECK_FALSE(store().showSettings());
+    CHECK_FALSE(store().sheets.showSettings());
 }
 
 TEST_CASE_FIXTURE(SettingsFixture, "settings of another kind or a later version are shown as the defaults")
@@ -148,7 +148,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "exclusions that cannot be read are told of, 
     click("Start over");
     CHECK(findButton(u"Choose application…"_qs));
     CHECK_FALSE(findButton("Start over"));
-    CHECK_FALSE(store().exclusionsIssue().has_value());
+    CHECK_FALSE(store().rules.exclusionsIssue().has_value());
 }
 
 TEST_CASE_FIXTURE(SettingsFixture, "what is excluded by menu, by choice and by typing is left out of the next capture")
@@ -167,7 +167,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is excluded by menu, by choice and by t
     click("Exclude ");
     picture("exclusions-menu");
     choose("Messages && more");
-    CHECK(store().exclusions().appIDs() == QSet<QString>{"org.chat"});
+    CHECK(store().rules.exclusions().appIDs() == QSet<QString>{"org.chat"});
 
     click(u"Choose application…"_qs);
     CHECK(list("Applications")->model()->rowCount() == 63);
@@ -176,7 +176,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is excluded by menu, by choice and by t
     CHECK(list("Applications")->model()->rowCount() == 1);
     CHECK(findButton("Exclude app"));
     press(Qt::Key_Return);
-    CHECK(store().exclusions().apps.last() == SavedApp{.id = "org.safe", .name = "Password Safe"});
+    CHECK(store().rules.exclusions().apps.last() == SavedApp{.id = "org.safe", .name = "Password Safe"});
     click(u"Choose application…"_qs);
     type("nothing like it");
     CHECK(seesText("No applications found"));
@@ -190,19 +190,19 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is excluded by menu, by choice and by t
     fill("Website", " HTTPS://Example.com:8080/path?q#f ");
     pictures("exclusions-invalid");
     click("Exclude website");
-    CHECK(store().exclusions().domains == QStringList{"example.com"});
+    CHECK(store().rules.exclusions().domains == QStringList{"example.com"});
     CHECK_FALSE(seesText("Enter a valid website domain or an http/https URL."));
     CHECK(qobject_cast<QLineEdit *>(widget("Website"))->text().isEmpty());
     pictures("exclusions");
     click("Done");
-    CHECK_FALSE(store().showExclusions());
+    CHECK_FALSE(store().sheets.showExclusions());
     CHECK(seesText("Private by design. Stored locally.")); // The settings are still there.
     click("Done");
 
-    const QUuid project = *store().createProject("Thesis");
-    const auto saved = finish(store().saveMoment({.projectID = project}));
+    const QUuid project = *store().projects.createProject("Thesis");
+    const auto saved = finish(store().capture.saveMoment({.projectID = project}));
     REQUIRE(saved);
-    CHECK(store().checkpoint(*saved)->apps == QList<SavedApp>{{"org.editor", "Editor"}});
+    CHECK(store().library.checkpoint(*saved)->apps == QList<SavedApp>{{"org.editor", "Editor"}});
     CHECK(memory.requests.last().excludedAppIDs == QSet<QString>{"org.chat", "org.safe"});
 }
 
@@ -210,42 +210,42 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is excluded can be allowed again, also 
 {
     openWindow();
     for (int i = 0; i < 300; ++i)
-        store().excludeDomain(QString("site%1.example").arg(i));
-    store().excludeApp({"org.editor", "Editor"});
-    store().showSettings.set(true);
-    store().showExclusions.set(true);
+        store().rules.excludeDomain(QString("site%1.example").arg(i));
+    store().rules.excludeApp({"org.editor", "Editor"});
+    store().sheets.open(&OpenSheets::showSettings);
+    store().sheets.open(&OpenSheets::showExclusions);
     settle();
     CHECK(window->sheets().findChildren<QAbstractButton *>().size() < 60);
     click("Allow Editor again");
-    CHECK(store().exclusions().apps.isEmpty());
+    CHECK(store().rules.exclusions().apps.isEmpty());
     CHECK(seesText("No apps excluded"));
     click("Undo");
-    CHECK(store().exclusions().apps == QList<SavedApp>{{"org.editor", "Editor"}});
+    CHECK(store().rules.exclusions().apps == QList<SavedApp>{{"org.editor", "Editor"}});
     click("Allow Editor again");
     click("Allow site1.example again");
-    CHECK_FALSE(store().exclusions().domains.contains("site1.example"));
+    CHECK_FALSE(store().rules.exclusions().domains.contains("site1.example"));
     QListView *const websites = list("Excluded websites");
     websites->setFocus();
     press(Qt::Key_End);
     CHECK(findButton("Allow site299.example again"));
     press(Qt::Key_Delete);
-    CHECK_FALSE(store().exclusions().domains.contains("site299.example"));
+    CHECK_FALSE(store().rules.exclusions().domains.contains("site299.example"));
     CHECK(websites->hasFocus());
     picture("exclusions-many");
     CHECK(seesText("site299.example is no longer excluded"));
     click("Undo");
-    CHECK(store().exclusions().domains.contains("site299.example"));
+    CHECK(store().rules.exclusions().domains.contains("site299.example"));
     CHECK_FALSE(findButton("Undo"));
 }
 
 TEST_CASE_FIXTURE(SettingsFixture, "exclusions are shown and stay as they are while a session is recorded")
 {
-    store().draftProjectID.set(store().createProject("Thesis").id);
-    store().excludeDomain("example.com");
+    store().drafts.setDraftProjectID(store().projects.createProject("Thesis").id);
+    store().rules.excludeDomain("example.com");
     openSettings();
     click(u"Capture exclusions…"_qs);
     CHECK(findButton("Allow again"));
-    finish(store().captureMoment("", "", CaptureKind::Session));
+    finish(store().form.captureMoment("", "", CaptureKind::Session));
     settle();
     CHECK(seesText("Finish the recording before changing exclusions."));
     CHECK_FALSE(findButton("Allow again"));
@@ -255,8 +255,8 @@ TEST_CASE_FIXTURE(SettingsFixture, "exclusions are shown and stay as they are wh
     websites->setFocus();
     websites->setCurrentIndex(websites->model()->index(0, 0));
     press(Qt::Key_Delete);
-    CHECK(store().exclusions().domains == QStringList{"example.com"});
-    finish(store().stop());
+    CHECK(store().rules.exclusions().domains == QStringList{"example.com"});
+    finish(store().sessions.stop());
     settle();
     CHECK(findButton("Allow again"));
     CHECK_FALSE(seesText("Finish the recording before changing exclusions."));
@@ -338,10 +338,10 @@ TEST_CASE_FIXTURE(SettingsFixture, "the tab key shows what it reaches")
 TEST_CASE_FIXTURE(SettingsFixture, "a checkpoint's details are saved as written, or not at all")
 {
     const QUuid thesis = openProject();
-    const QUuid website = *store().createProject("Client website & shop");
+    const QUuid website = *store().projects.createProject("Client website & shop");
     Checkpoint checkpoint = saveCheckpoint(thesis, "Evaluation", 1000);
     checkpoint.objective = u"• one\u00a0two\n\n  three"_qs;
-    REQUIRE(store().save(checkpoint));
+    REQUIRE(store().editing.save(checkpoint));
     settle();
     const auto openDetails = [this] {
         click(u"Checkpoint details…"_qs);
@@ -350,7 +350,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "a checkpoint's details are saved as written,
     openDetails();
     fill("Checkpoint title", "Something else");
     click("Cancel");
-    CHECK(store().checkpoint(checkpoint.id)->title == "Evaluation");
+    CHECK(store().library.checkpoint(checkpoint.id)->title == "Evaluation");
 
     openDetails();
     pictures("edit");
@@ -360,12 +360,12 @@ TEST_CASE_FIXTURE(SettingsFixture, "a checkpoint's details are saved as written,
     click("Project: Thesis");
     choose("Client website && shop");
     click("Save context");
-    const Checkpoint saved = *store().checkpoint(checkpoint.id);
+    const Checkpoint saved = *store().library.checkpoint(checkpoint.id);
     CHECK(saved.nextStep == "Plot\nit");
     CHECK(saved.objective == checkpoint.objective);
     CHECK(saved.title == "Evaluation");
     CHECK(saved.projectID == website);
-    CHECK(store().selectedProject()->id == website);
+    CHECK(store().navigation.selectedProject()->id == website);
 
     settle();
     openDetails();
@@ -375,5 +375,5 @@ TEST_CASE_FIXTURE(SettingsFixture, "a checkpoint's details are saved as written,
     CHECK(seesText("Something needs attention"));
     click("OK");
     CHECK(qobject_cast<QLineEdit *>(field("Checkpoint title"))->text() == "Kept");
-    CHECK(store().checkpoint(checkpoint.id)->title == "Evaluation");
+    CHECK(store().library.checkpoint(checkpoint.id)->title == "Evaluation");
 }

@@ -32,7 +32,7 @@ struct SheetFixture : WindowFixture {
         memory.installed = {{"org.editor", "Editor"}, {"viewer", "Viewer"}, {chromeID, "Chrome"}};
         memory.tabRecords[chromeID] = u"1\u001f7\u001fhttps://open.example/\u001fOpen\u001e"_qs;
         memory.tabRecords["org.mozilla.firefox"] = QString(); // Runs and cannot be read.
-        Checkpoint checkpoint = saveCheckpoint(store().projects().first().id, "Mixed", 10);
+        Checkpoint checkpoint = saveCheckpoint(store().library.projects().first().id, "Mixed", 10);
         checkpoint.apps = {{"org.editor", "Editor"}, {"viewer", "Viewer"}, {"gone", "Gone"}};
         const auto tab = [](const QString &title, const QString &url, const QString &browser = chromeID) {
             return SavedTab{.title = title, .url = url, .window = 1, .browserID = browser};
@@ -42,7 +42,7 @@ struct SheetFixture : WindowFixture {
                            tab("Unread", "https://unread.example/", "org.mozilla.firefox")};
         checkpoint.windows =
             QList<SavedWindow>{SavedWindow{.appID = "org.editor", .appName = "Editor", .title = "notes.txt"}};
-        REQUIRE(store().save(checkpoint));
+        REQUIRE(store().editing.save(checkpoint));
         settle();
         return checkpoint;
     }
@@ -54,7 +54,7 @@ struct SheetFixture : WindowFixture {
 
     void openRestore()
     {
-        store().showRestore.set(true);
+        store().sheets.open(&OpenSheets::showRestore);
         settle();
         REQUIRE(eventually([this] { return rows().plan().has_value(); }));
     }
@@ -80,7 +80,7 @@ TEST_CASE_FIXTURE(SheetFixture, "a checkpoint is saved through its sheet, into a
     CHECK_FALSE(seesText("New project name"));
     type("Chapter 3");
     press(Qt::Key_Escape);
-    CHECK(store().draftTitle() == "Chapter 3"); // What was typed is still there the next time.
+    CHECK(store().drafts.draftTitle() == "Chapter 3"); // What was typed is still there the next time.
     openCapture();
     button("Project: Thesis")->setFocus(Qt::TabFocusReason);
     press(Qt::Key_End);
@@ -90,14 +90,14 @@ TEST_CASE_FIXTURE(SheetFixture, "a checkpoint is saved through its sheet, into a
     press(Qt::Key_Return);
     CHECK(seesText("Choose a project or enter a new project name before saving."));
     press(Qt::Key_Return);
-    CHECK(store().checkpoints().isEmpty());
+    CHECK(store().library.checkpoints().isEmpty());
     type("Garden");
     press(Qt::Key_Return);
     REQUIRE(eventually([this] { return seesText("Checkpoint saved."); }));
     CHECK_FALSE(sheet());
-    CHECK(store().checkpoints().first().title == "Chapter 3");
-    CHECK(store().selectedProject()->name == "Garden");
-    CHECK(store().draftTitle().isEmpty());
+    CHECK(store().library.checkpoints().first().title == "Chapter 3");
+    CHECK(store().navigation.selectedProject()->name == "Garden");
+    CHECK(store().drafts.draftTitle().isEmpty());
 }
 
 TEST_CASE_FIXTURE(SheetFixture, "a save that fails leaves the sheet open with all that was typed, to be tried again")
@@ -128,31 +128,31 @@ TEST_CASE_FIXTURE(SheetFixture, "a save that fails leaves the sheet open with al
     CHECK(sheet()->accessibleName() == "Save a checkpoint.");
     QDir(libraryPath()).removeRecursively();
     click("Save checkpoint");
-    REQUIRE(eventually([this] { return !store().checkpoints().isEmpty(); }));
-    CHECK(store().checkpoints().first().title == "Chapter 3");
+    REQUIRE(eventually([this] { return !store().library.checkpoints().isEmpty(); }));
+    CHECK(store().library.checkpoints().first().title == "Chapter 3");
 }
 
 TEST_CASE_FIXTURE(SheetFixture, "what a command saves meanwhile takes neither the keyboard nor the page from the user")
 {
     openProject();
-    const std::optional<QUuid> shown = store().selectedProjectID();
+    const std::optional<QUuid> shown = store().navigation.selectedProjectID();
     openCapture();
     type("Chapter");
-    const CaptureRequest request{*store().createProject("Garden", Audience::Caller).id};
+    const CaptureRequest request{*store().projects.createProject("Garden", Audience::Caller).id};
     memory.whileComposing = [this] {
         type(" 3");
         CHECK(isOff("Save checkpoint"));
     };
-    CHECK(finish(store().saveMoment(request, Audience::Caller)));
+    CHECK(finish(store().capture.saveMoment(request, Audience::Caller)));
     settle();
-    CHECK(store().draftTitle() == "Chapter 3");
-    CHECK(store().selectedProjectID() == shown);
+    CHECK(store().drafts.draftTitle() == "Chapter 3");
+    CHECK(store().navigation.selectedProjectID() == shown);
     CHECK_FALSE(seesText("Checkpoint saved."));
     memory.whileComposing = {};
     press(Qt::Key_Return);
     REQUIRE(eventually([this] { return seesText("Checkpoint saved."); }));
-    CHECK(store().checkpoints().first().title == "Chapter 3");
-    CHECK(store().checkpoints().first().projectID == shown);
+    CHECK(store().library.checkpoints().first().title == "Chapter 3");
+    CHECK(store().library.checkpoints().first().projectID == shown);
 }
 
 TEST_CASE_FIXTURE(SheetFixture, "a work session is started in the sheet and stopped from the window")
@@ -162,12 +162,12 @@ TEST_CASE_FIXTURE(SheetFixture, "a work session is started in the sheet and stop
     click("Record a work session");
     CHECK(seesText("Record a work session."));
     click("Start session");
-    REQUIRE(eventually([this] { return store().recording(); }));
+    REQUIRE(eventually([this] { return store().recorder.recording(); }));
     CHECK_FALSE(sheet());
-    CHECK(store().checkpoints().isEmpty());
+    CHECK(store().library.checkpoints().isEmpty());
     click("Stop & save checkpoint");
-    REQUIRE(eventually([this] { return !store().checkpoints().isEmpty(); }));
-    CHECK(store().checkpoints().first().recording.has_value());
+    REQUIRE(eventually([this] { return !store().library.checkpoints().isEmpty(); }));
+    CHECK(store().library.checkpoints().first().recording.has_value());
     openCapture();
     CHECK(findButton("Save checkpoint")); // The next one is an ordinary one.
 }
@@ -199,11 +199,11 @@ TEST_CASE_FIXTURE(SheetFixture, "without screen access the sheet leads to it, an
     settle();
     CHECK_FALSE(seesText("Screen access setup"));
     CHECK(findButton("Save checkpoint"));
-    CHECK_FALSE(store().captureIssue());
+    CHECK_FALSE(store().messages.captureIssue());
 
     memory.screenAccess = false;
     memory.noScreenAccess = "This desktop does not show its screen to anybody.";
-    store().refreshScreenAccess();
+    store().screenAccess.refreshScreenAccess();
     settle();
     CHECK(seesText("This desktop does not show its screen to anybody."));
     CHECK_FALSE(seesText("Screen access setup"));
@@ -226,7 +226,7 @@ TEST_CASE_FIXTURE(SheetFixture, "the restore sheet ticks what is missing and not
     QListView *const view = list("Apps and tabs of the checkpoint");
     REQUIRE(view->hasFocus());
     click("Open 2 missing items");
-    REQUIRE(eventually([this] { return store().notice().has_value() && !store().busy(); }));
+    REQUIRE(eventually([this] { return store().messages.notice().has_value() && !store().operations.busy(); }));
     CHECK_FALSE(sheet());
     CHECK(memory.opened == QStringList{"app viewer", "page com.google.Chrome https://new.example/"});
 }
@@ -280,11 +280,11 @@ TEST_CASE_FIXTURE(SheetFixture, "applications that start and end while the resto
         memory.applicationsChanged(); // Each asks again; the last answer counts.
     // What a command resumed is open as well.
     memory.tabRecords[chromeID] += u"1\u001f7\u001fhttps://new.example/\u001fNew\u001e"_qs;
-    finish(store().restore({}, ResumeChoice::missing, false, Audience::Caller));
+    finish(store().resuming.restore({}, ResumeChoice::missing, false, Audience::Caller));
     CHECK(eventually([this] { return statuses().contains("New: Already open"); }));
     press(Qt::Key_Escape);
     settle();
-    CHECK_FALSE(store().showRestore());
+    CHECK_FALSE(store().sheets.showRestore());
 }
 
 TEST_CASE_FIXTURE(SheetFixture, "what the last resume did not place is listed with its reason and can be tried again")
@@ -293,20 +293,20 @@ TEST_CASE_FIXTURE(SheetFixture, "what the last resume did not place is listed wi
     Checkpoint checkpoint = saveMixed();
     checkpoint.apps = {{"org.editor", "Editor"}};
     checkpoint.tabs.clear();
-    REQUIRE(store().save(checkpoint));
+    REQUIRE(store().editing.save(checkpoint));
     memory.movable = {{.windowID = 1, .applicationID = "org.editor", .title = "notes.txt", .isMinimised = true}};
     checkpoint.windows->first().frame = {10, 10, 400, 300};
-    REQUIRE(store().save(checkpoint));
+    REQUIRE(store().editing.save(checkpoint));
     openRestore();
     click("Restore window positions");
-    REQUIRE(eventually([this] { return !store().unplacedWindows().isEmpty() && !store().busy(); }));
+    REQUIRE(eventually([this] { return !store().resuming.unplacedWindows().isEmpty() && !store().operations.busy(); }));
     openRestore();
     CHECK(statuses().contains("notes.txt: minimised"));
     CHECK(seesText("1 window was not placed by the last resume."));
     picture("restore-remaining");
     memory.movable.first().isMinimised = false;
     click("Place remaining windows");
-    REQUIRE(eventually([this] { return store().unplacedWindows().isEmpty() && !store().busy(); }));
+    REQUIRE(eventually([this] { return store().resuming.unplacedWindows().isEmpty() && !store().operations.busy(); }));
     CHECK(memory.moves.size() == 1);
     CHECK_FALSE(statuses().contains("notes.txt: minimised"));
     CHECK(sheet());
@@ -349,7 +349,7 @@ TEST_CASE_FIXTURE(SheetFixture, "hundreds of items and endless texts fit into bo
                                          : i % 2 ? endless
                                                  : QString(),
                                 .url = QString("https://example.org/%1?").arg(i) + QString("x").repeated(10'000)});
-    REQUIRE(store().save(checkpoint));
+    REQUIRE(store().editing.save(checkpoint));
     window->resize(960, 690);
     settle();
     CHECK(window->findChildren<QWidget *>().size() < 400);
@@ -360,8 +360,8 @@ TEST_CASE_FIXTURE(SheetFixture, "hundreds of items and endless texts fit into bo
     picture("restore-many");
     press(Qt::Key_Escape);
     openCapture();
-    store().draftTitle.set(endless);
-    store().createProject(endless);
+    store().drafts.setDraftTitle(endless);
+    store().projects.createProject(endless);
     settle();
     CHECK(sheet()->width() == 500);
     picture("capture-long");

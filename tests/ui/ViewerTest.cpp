@@ -112,9 +112,9 @@ TEST_CASE_FIXTURE(ViewerFixture, "the screenshot of a checkpoint opens in one wi
     const QUuid project = openProject();
     const Checkpoint checkpoint = saveCheckpoint(project, "Start", 1000);
     REQUIRE(paintedScreens({1920, 1080}).save(*checkpoint.screenshot));
-    REQUIRE(store().save(checkpoint));
+    REQUIRE(store().editing.save(checkpoint));
     restart();
-    store().selectProject(project);
+    store().navigation.selectProject(project);
     REQUIRE(eventually([&] { return !PicturePreviews::find(*checkpoint.screenshot).isNull(); }));
     click("Expand");
     const auto openViewers = [] {

@@ -27,14 +27,14 @@ void WindowFixture::openWindow()
 QUuid WindowFixture::openProject()
 {
     openWindow();
-    const QUuid project = *store().createProject("Thesis");
+    const QUuid project = *store().projects.createProject("Thesis");
     settle();
     return project;
 }
 
 WindowFixture::TwoCheckpoints WindowFixture::saveTwoCheckpoints()
 {
-    const QUuid project = *store().selectedProjectID();
+    const QUuid project = *store().navigation.selectedProjectID();
     const Checkpoint older = saveCheckpoint(project, "Older", 10);
     const Checkpoint newer = saveCheckpoint(project, "Newer", 20);
     settle();

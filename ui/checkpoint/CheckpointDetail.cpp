@@ -39,8 +39,8 @@ CheckpointDetail::CheckpointDetail(AppStore &store, const Screens &screens, cons
     setWidget(makePage(checkpoint));
     viewport()->setAutoFillBackground(false);
     widget()->setAutoFillBackground(false);
-    m_observations.watch([this] { showCheckpoint(); }, store.checkpoints, store.projects, store.runningApplicationIDs,
-                         store.unsavedNotes);
+    m_observations.watch([this] { showCheckpoint(); }, store.library.checkpoints, store.library.projects,
+                         store.applications.runningApplicationIDs, store.editing.unsavedNotes);
 }
 
 QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
@@ -76,7 +76,7 @@ QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
 
 const Checkpoint *CheckpointDetail::current() const
 {
-    return m_sample.isSample ? &m_sample : m_store.checkpoint(m_id);
+    return m_sample.isSample ? &m_sample : m_store.library.checkpoint(m_id);
 }
 
 QWidget *CheckpointDetail::makeEyebrow(const Checkpoint &checkpoint)
@@ -103,7 +103,7 @@ QWidget *CheckpointDetail::makeResumeRow()
     if (m_screens.restore) {
         m_resume = new Button(tr("Resume workspace"), Button::Kind::Prominent, "arrow.up.right");
         m_resume->setLarge();
-        connect(m_resume, &QAbstractButton::clicked, this, [this] { m_store.showRestore.set(true); });
+        connect(m_resume, &QAbstractButton::clicked, this, [this] { m_store.sheets.open(&OpenSheets::showRestore); });
         row->addWidget(m_resume);
     }
     m_caption = makeLabel({}, TextStyle::Small, Role::Dim);
@@ -144,10 +144,10 @@ QWidget *CheckpointDetail::makeFooter(const Checkpoint &checkpoint)
 void CheckpointDetail::viewRecording(const Checkpoint &checkpoint)
 {
     try {
-        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(m_store.recordingFile(checkpoint))))
-            m_store.report(tr("Could not open the recording: there is no application for it."));
+        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(m_store.media.recordingFile(checkpoint))))
+            m_store.messages.report(tr("Could not open the recording: there is no application for it."));
     } catch (const Failure &failure) {
-        m_store.report(tr("Could not open the recording. ") + failure.description());
+        m_store.messages.report(tr("Could not open the recording. ") + failure.description());
     }
 }
 
@@ -166,7 +166,7 @@ InlineNote *CheckpointDetail::makeNote(QString Checkpoint::*field)
     note->installEventFilter(this);
     if (!m_sample.isSample)
         note->setOnCommit([&store = m_store, id = m_id, field](const QString &typed) {
-            return store.updateNote(field, typed, id).isDone;
+            return store.editing.updateNote(field, typed, id).isDone;
         });
     return note;
 }
@@ -213,7 +213,7 @@ void CheckpointDetail::showCheckpoint()
     const Checkpoint *const checkpoint = current();
     if (!checkpoint)
         return;
-    const Project *const project = m_store.selectedProject();
+    const Project *const project = m_store.navigation.selectedProject();
     m_title->setText(ProjectText::title(*checkpoint, project ? project->name : QString()));
     m_caption->setText(ProjectText::resumeCaption(*checkpoint));
     showNote(m_objective, &Checkpoint::objective, *checkpoint);
@@ -226,7 +226,7 @@ void CheckpointDetail::showCheckpoint()
 
 void CheckpointDetail::showNote(InlineNote *note, QString Checkpoint::*field, const Checkpoint &checkpoint)
 {
-    const QString text = m_store.noteText(field, checkpoint);
+    const QString text = m_store.editing.noteText(field, checkpoint);
     note->setText(text);
     note->setUnsaved(text != checkpoint.*field);
 }
@@ -239,7 +239,7 @@ void CheckpointDetail::showShortfall()
 
 void CheckpointDetail::showResume(const Checkpoint &checkpoint)
 {
-    const bool isActive = m_store.isWorkspaceActive(checkpoint);
+    const bool isActive = m_store.applications.isWorkspaceActive(checkpoint);
     const bool hasItems = !checkpoint.tabs.isEmpty() || (checkpoint.windows && !checkpoint.windows->isEmpty());
     m_resume->setText(!isActive ? tr("Resume workspace") : hasItems ? tr("Review workspace") : tr("Workspace active"));
     m_resume->setSymbol(isActive && !hasItems ? "checkmark" : "arrow.up.right");

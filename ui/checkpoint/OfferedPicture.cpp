@@ -46,7 +46,7 @@ QByteArray encoded(const QMimeData &data)
 
 QCoro::Task<void> import(AppStore &store, QUuid checkpointID, OfferedPicture picture)
 {
-    co_await store.importScreenshot(picture.file(), checkpointID);
+    co_await store.screenshots.importScreenshot(picture.file(), checkpointID);
 }
 
 } // namespace
@@ -77,7 +77,7 @@ void adoptPicture(AppStore &store, const QUuid &checkpointID, const QMimeData *d
     try {
         import(store, checkpointID, OfferedPicture(*data));
     } catch (const Failure &failure) {
-        store.report(OfferedPictureTexts::tr("Could not add the image: ") + failure.description());
+        store.messages.report(OfferedPictureTexts::tr("Could not add the image: ") + failure.description());
     }
 }
 

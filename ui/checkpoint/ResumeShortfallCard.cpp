@@ -26,13 +26,13 @@ QString unplacedText(const UnplacedWindow &unplaced)
 QStringList ResumeShortfallCard::missing(const AppStore &store, const QUuid &checkpointID)
 {
     QStringList lines;
-    if (store.resumeShortfall() && store.resumeShortfall()->checkpointID == checkpointID) {
-        for (const QString &failure : store.resumeShortfall()->failures)
+    if (store.resuming.resumeShortfall() && store.resuming.resumeShortfall()->checkpointID == checkpointID) {
+        for (const QString &failure : store.resuming.resumeShortfall()->failures)
             lines += tr("Could not open: %1").arg(failure);
     }
-    const Checkpoint *const checkpoint = store.checkpoint(checkpointID);
+    const Checkpoint *const checkpoint = store.library.checkpoint(checkpointID);
     const QList<SavedWindow> own = checkpoint && checkpoint->windows ? *checkpoint->windows : QList<SavedWindow>();
-    for (const UnplacedWindow &unplaced : store.unplacedWindows()) {
+    for (const UnplacedWindow &unplaced : store.resuming.unplacedWindows()) {
         if (own.contains(unplaced.window))
             lines += unplacedText(unplaced);
     }
@@ -52,7 +52,8 @@ ResumeShortfallCard::ResumeShortfallCard(AppStore &store, const QUuid &checkpoin
     column->setContentsMargins(14, 8, 8, 12);
     column->addWidget(makeHead());
     column->addLayout(m_lines);
-    m_observations.watch([this] { showShortfall(); }, store.resumeShortfall, store.unplacedWindows, store.checkpoints);
+    m_observations.watch([this] { showShortfall(); }, store.resuming.resumeShortfall, store.resuming.unplacedWindows,
+                         store.library.checkpoints);
 }
 
 QWidget *ResumeShortfallCard::makeHead()
@@ -62,10 +63,10 @@ QWidget *ResumeShortfallCard::makeHead()
     row->addWidget(new SymbolView("exclamationmark.triangle", Role::AmberText));
     row->addWidget(makeLabel(tr("Not everything is back"), TextStyle::Strong), 1);
     auto *review = new Button(tr("Review workspace"), Button::Kind::Plain);
-    connect(review, &QAbstractButton::clicked, this, [this] { m_store.showRestore.set(true); });
+    connect(review, &QAbstractButton::clicked, this, [this] { m_store.sheets.open(&OpenSheets::showRestore); });
     row->addWidget(review);
     Button *const close = Button::makeIcon("xmark", tr("Dismiss what is not back"));
-    connect(close, &QAbstractButton::clicked, this, [this] { m_store.dismissShortfall(); });
+    connect(close, &QAbstractButton::clicked, this, [this] { m_store.resuming.dismissShortfall(); });
     row->addWidget(close);
     return head;
 }

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace ardeno {
 
@@ -108,9 +109,10 @@ QVBoxLayout *makeLabelled(const QString &label, QWidget *field, QWidget *owner)
     return column;
 }
 
-void bind(QLineEdit *field, Editable<QString> &text, Observations &observations)
+void bind(QLineEdit *field, const Observable<QString> &text, std::function<void(const QString &)> write,
+          Observations &observations)
 {
-    QObject::connect(field, &QLineEdit::textEdited, field, [&text](const QString &typed) { text.set(typed); });
+    QObject::connect(field, &QLineEdit::textEdited, field, std::move(write));
     // Only what comes from elsewhere, so that the cursor stays.
     const auto show = [field, &text] {
         if (field->text() != text())
@@ -119,9 +121,9 @@ void bind(QLineEdit *field, Editable<QString> &text, Observations &observations)
     observations.watch(show, text);
 }
 
-void bind(Switch *control, Editable<bool> &isOn, Observations &observations)
+void bind(Switch *control, const Observable<bool> &isOn, std::function<void(bool)> write, Observations &observations)
 {
-    QObject::connect(control, &QAbstractButton::toggled, control, [&isOn](bool on) { isOn.set(on); });
+    QObject::connect(control, &QAbstractButton::toggled, control, std::move(write));
     observations.watch([control, &isOn] { control->setChecked(isOn()); }, isOn);
 }
 

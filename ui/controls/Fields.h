@@ -6,6 +6,8 @@
 #include <QAbstractButton>
 #include <QLineEdit>
 
+#include <functional>
+
 class QVBoxLayout;
 
 namespace ardeno {
@@ -43,8 +45,9 @@ private:
 // A field with its label above it.
 QVBoxLayout *makeLabelled(const QString &label, QWidget *field, QWidget *owner = nullptr);
 
-// They show the property and change it, for as long as the observations live.
-void bind(QLineEdit *field, Editable<QString> &text, Observations &observations);
-void bind(Switch *control, Editable<bool> &isOn, Observations &observations);
+// They show the property for as long as the observations live, and give what the user makes of it to its owner.
+void bind(QLineEdit *field, const Observable<QString> &text, std::function<void(const QString &)> write,
+          Observations &observations);
+void bind(Switch *control, const Observable<bool> &isOn, std::function<void(bool)> write, Observations &observations);
 
 } // namespace ardeno

@@ -48,7 +48,7 @@ Choice *EditSheet::makeProjects(const Checkpoint &checkpoint)
 {
     auto *projects = new Choice(tr("Project"));
     QList<Choice::Option> options;
-    for (const Project &project : m_store.projects())
+    for (const Project &project : m_store.library.projects())
         options.append({project.name, project.id});
     projects->setOptions(options);
     projects->setCurrent(checkpoint.projectID.value_or(QUuid()));
@@ -57,9 +57,9 @@ Choice *EditSheet::makeProjects(const Checkpoint &checkpoint)
 
 void EditSheet::save()
 {
-    const Checkpoint *const stored = m_store.checkpoint(m_id);
+    const Checkpoint *const stored = m_store.library.checkpoint(m_id);
     if (!stored) { // What was typed stays, to be copied.
-        m_store.report(tr("This checkpoint is no longer in the library, so nothing could be saved."));
+        m_store.messages.report(tr("This checkpoint is no longer in the library, so nothing could be saved."));
         return;
     }
     // On top of what is stored by now, as a picture may have been added meanwhile. What was not touched stays exactly
@@ -74,7 +74,7 @@ void EditSheet::save()
     if (m_nextStep->isModified())
         edited.nextStep = m_nextStep->text();
     // What could not be saved stays in its fields.
-    if (m_store.save(edited))
+    if (m_store.editing.save(edited))
         close();
 }
 

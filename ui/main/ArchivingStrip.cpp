@@ -26,17 +26,17 @@ ArchivingStrip::ArchivingStrip(AppStore &store, QWidget *parent)
     row->addWidget(new SymbolView("archivebox", Role::AccentText));
     row->addWidget(m_text, 1);
     auto *undo = new Button(ArchivingTexts::tr("Undo"));
-    connect(undo, &QAbstractButton::clicked, this, [this] { m_store.undoArchiving(); });
+    connect(undo, &QAbstractButton::clicked, this, [this] { m_store.projects.undoArchiving(); });
     row->addWidget(undo);
     Button *const close = Button::makeIcon("xmark", ArchivingTexts::tr("Dismiss the message"));
-    connect(close, &QAbstractButton::clicked, this, [this] { m_store.dismissArchiving(); });
+    connect(close, &QAbstractButton::clicked, this, [this] { m_store.projects.dismissArchiving(); });
     row->addWidget(close);
-    m_observations.watch([this] { showArchiving(); }, store.lastArchiving);
+    m_observations.watch([this] { showArchiving(); }, store.projects.lastArchiving);
 }
 
 void ArchivingStrip::showArchiving()
 {
-    const std::optional<Archiving> &last = m_store.lastArchiving();
+    const std::optional<Archiving> &last = m_store.projects.lastArchiving();
     setVisible(last.has_value());
     if (!last)
         return;

@@ -58,15 +58,16 @@ DetailBar::DetailBar(AppStore &store, const Screens &screens, std::function<void
         if (stop)
             stop(m_store);
         else
-            m_store.stop();
+            m_store.sessions.stop();
     });
     Button *const more = Button::makeIcon("ellipsis", tr("More actions"));
     more->setFixedWidth(20);
     setMenu(more, std::move(fillMenu));
     row->addWidget(more);
     connect(&m_tick, &QTimer::timeout, this, [this] { showElapsed(); });
-    m_observations.watch([this] { showState(); }, store.projects, store.selectedProjectID, store.busy, store.recording,
-                         store.startedAt, store.recordingFailure);
+    m_observations.watch([this] { showState(); }, store.library.projects, store.navigation.selectedProjectID,
+                         store.operations.busy, store.recorder.recording, store.recorder.startedAt,
+                         store.recorder.recordingFailure);
 }
 
 QWidget *DetailBar::makeRecording()
@@ -82,12 +83,12 @@ QWidget *DetailBar::makeRecording()
 
 void DetailBar::showState()
 {
-    const Project *const project = m_store.selectedProject();
+    const Project *const project = m_store.navigation.selectedProject();
     m_title->setText(project ? project->name : tr("Projects"));
-    m_recording->setVisible(m_store.recording());
-    m_stop->setEnabled(!m_store.busy());
-    m_progress->setVisible(m_store.busy());
-    if (m_store.recording() && !m_store.recordingFailure())
+    m_recording->setVisible(m_store.recorder.recording());
+    m_stop->setEnabled(!m_store.operations.busy());
+    m_progress->setVisible(m_store.operations.busy());
+    if (m_store.recorder.recording() && !m_store.recorder.recordingFailure())
         m_tick.start(1000);
     else
         m_tick.stop();
@@ -96,11 +97,11 @@ void DetailBar::showState()
 
 void DetailBar::showElapsed()
 {
-    if (m_store.recordingFailure()) {
+    if (m_store.recorder.recordingFailure()) {
         m_elapsed->setText(tr("Recording broken off"));
         return;
     }
-    const std::optional<Date> start = m_store.startedAt();
+    const std::optional<Date> start = m_store.recorder.startedAt();
     m_elapsed->setText(start ? elapsedText(static_cast<qint64>(Date::now().seconds - start->seconds)) : QString());
 }
 

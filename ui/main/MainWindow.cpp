@@ -50,11 +50,12 @@ namespace {
 void reportMissingServices(AppStore &store)
 {
     if (!QDBusConnection::sessionBus().isConnected())
-        store.remark({.sentence = QCoreApplication::translate(
-                          "ardeno::MainWindow",
-                          "There is no session bus: folders and documents of windows are not found, the desktop’s "
-                          "appearance is not followed, and commands do not reach this window."),
-                      .subject = "session bus"});
+        store.messages.remark(
+            {.sentence = QCoreApplication::translate(
+                 "ardeno::MainWindow",
+                 "There is no session bus: folders and documents of windows are not found, the desktop’s "
+                 "appearance is not followed, and commands do not reach this window."),
+             .subject = "session bus"});
 }
 
 } // namespace
@@ -96,10 +97,10 @@ void MainWindow::open(AppStore &store)
     makeActions();
     sheets().setOnCover([this](bool) { enableActions(); });
     m_observations = std::make_unique<Observations>();
-    m_observations->watch([this] { showContent(); }, store.selectedProjectID, store.selection, store.projects,
-                          store.checkpoints);
-    m_observations->watch([this] { enableActions(); }, store.busy, store.recording);
-    store.watchRunningApplications();
+    m_observations->watch([this] { showContent(); }, store.navigation.selectedProjectID, store.navigation.selection,
+                          store.library.projects, store.library.checkpoints);
+    m_observations->watch([this] { enableActions(); }, store.operations.busy, store.recorder.recording);
+    store.applications.watchRunningApplications();
     reportMissingServices(store);
 }
 
@@ -175,9 +176,9 @@ QWidget *MainWindow::makeEmptyProject()
 QWidget *MainWindow::makeContent()
 {
     m_detail = nullptr;
-    if (!m_store->selectedProject())
+    if (!m_store->navigation.selectedProject())
         return new ProjectsOverview(*m_store);
-    const Checkpoint *const checkpoint = m_store->selected();
+    const Checkpoint *const checkpoint = m_store->navigation.selected();
     if (!checkpoint)
         return makeEmptyProject();
     m_detail = new CheckpointDetail(*m_store, m_screens, *checkpoint);
@@ -186,8 +187,8 @@ QWidget *MainWindow::makeContent()
 
 void MainWindow::showContent()
 {
-    const Project *const project = m_store->selectedProject();
-    const Checkpoint *const checkpoint = m_store->selected();
+    const Project *const project = m_store->navigation.selectedProject();
+    const Checkpoint *const checkpoint = m_store->navigation.selected();
     const auto wanted = std::pair(project ? std::optional(project->id) : std::nullopt,
                                   checkpoint ? std::optional(checkpoint->id) : std::nullopt);
     enableActions();
@@ -220,8 +221,8 @@ void MainWindow::makeActions()
         return action;
     };
     m_actions = std::make_unique<Actions>();
-    m_actions->newProject =
-        add(tr("New project"), Qt::CTRL | Qt::Key_N, "plus", [this] { m_store->showNewProject.set(true); });
+    m_actions->newProject = add(tr("New project"), Qt::CTRL | Qt::Key_N, "plus",
+                                [this] { m_store->sheets.open(&OpenSheets::showNewProject); });
     m_actions->save = add(tr("Save checkpoint"), Qt::CTRL | Qt::Key_S, "plus.circle.fill",
                           [this] { CheckpointActions::requestSave(*m_store, static_cast<bool>(m_screens.capture)); });
     m_actions->search =
@@ -233,7 +234,7 @@ void MainWindow::makeActions()
     m_actions->remove =
         add(tr("Delete checkpoint…"), Qt::CTRL | Qt::Key_Delete, "trash", [this] { m_presentations->confirmDelete(); });
     m_actions->settings = add(tr("Settings"), Qt::CTRL | Qt::Key_Comma, "slider.horizontal.3",
-                              [this] { m_store->showSettings.set(true); });
+                              [this] { m_store->sheets.open(&OpenSheets::showSettings); });
     m_actions->fullScreen = add(tr("Full screen"), Qt::Key_F11, "arrow.up.left.and.arrow.down.right",
                                 [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
 }
@@ -243,14 +244,14 @@ void MainWindow::enableActions()
     if (!m_actions)
         return;
     const bool isReachable = !sheets().isCovering();
-    const bool hasCheckpoint = m_store->selected() != nullptr;
-    const bool isIdle = !m_store->busy() && !m_store->recording();
+    const bool hasCheckpoint = m_store->navigation.selected() != nullptr;
+    const bool isIdle = !m_store->operations.busy() && !m_store->recorder.recording();
     m_actions->newProject->setEnabled(isReachable);
     m_actions->search->setEnabled(isReachable);
-    m_actions->save->setEnabled(isReachable && isIdle && m_store->selectedProject());
+    m_actions->save->setEnabled(isReachable && isIdle && m_store->navigation.selectedProject());
     m_actions->next->setEnabled(isReachable && hasCheckpoint);
     m_actions->previous->setEnabled(isReachable && hasCheckpoint);
-    m_actions->remove->setEnabled(isReachable && hasCheckpoint && !m_store->selected()->isSample);
+    m_actions->remove->setEnabled(isReachable && hasCheckpoint && !m_store->navigation.selected()->isSample);
     m_actions->settings->setVisible(static_cast<bool>(m_screens.preferences));
     m_actions->settings->setEnabled(isReachable);
 }
@@ -288,9 +289,9 @@ bool MainWindow::event(QEvent *event)
 
 void MainWindow::keyPressEvent(QKeyEvent *event)
 {
-    const bool isRename = event->key() == Qt::Key_F2 && m_store && m_store->selectedProjectID();
+    const bool isRename = event->key() == Qt::Key_F2 && m_store && m_store->navigation.selectedProjectID();
     if (isRename && !TextKeys::isField(QApplication::focusWidget()))
-        ProjectActions::rename(this, *m_store, *m_store->selectedProjectID());
+        ProjectActions::rename(this, *m_store, *m_store->navigation.selectedProjectID());
     else
         CoverableWindow::keyPressEvent(event);
 }
@@ -312,8 +313,8 @@ bool MainWindow::hasUnsavedNotes()
         return false;
     if (m_detail)
         m_detail->commitNotes();
-    m_store->saveUnsavedNotes();
-    return !m_store->unsavedNotes().isEmpty();
+    m_store->editing.saveUnsavedNotes();
+    return !m_store->editing.unsavedNotes().isEmpty();
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

@@ -21,10 +21,11 @@ struct PresentationTexts final {
 Presentations::Presentations(AppStore &store, const Screens &screens, SheetHost &host)
     : m_store(store), m_screens(screens), m_host(host)
 {
-    m_observations.watch([this] { showSheets(); }, store.showCapture, store.showRestore, store.showSettings,
-                         store.showExclusions, store.showNewProject, store.editingBlocker, store.selection);
-    m_observations.watch([this] { showDeletingProject(); }, store.deletingProject);
-    m_observations.watch([this] { showError(); }, store.error);
+    m_observations.watch([this] { showSheets(); }, store.sheets.showCapture, store.sheets.showRestore,
+                         store.sheets.showSettings, store.sheets.showExclusions, store.sheets.showNewProject,
+                         store.sheets.editingBlocker, store.navigation.selection);
+    m_observations.watch([this] { showDeletingProject(); }, store.sheets.deletingProject);
+    m_observations.watch([this] { showError(); }, store.messages.error);
 }
 
 void Presentations::follow(QPointer<Sheet> &slot, bool isWanted, const Make &make)
@@ -42,62 +43,62 @@ void Presentations::showSheets()
     const auto from = [this](const Screens::MakeSheet &screen) {
         return screen ? Make([this, &screen] { return screen(m_store); }) : Make();
     };
-    follow(m_capture, m_store.showCapture(), from(m_screens.capture));
-    follow(m_restore, m_store.showRestore() && m_store.selected(), from(m_screens.restore));
-    follow(m_preferences, m_store.showSettings(), from(m_screens.preferences));
-    follow(m_exclusions, m_store.showExclusions(), from(m_screens.exclusions));
-    follow(m_newProject, m_store.showNewProject(), [this] { return makeNewProjectSheet(m_store); });
-    follow(m_blocker, m_store.editingBlocker().has_value(),
-           [this] { return makeProjectBlockerSheet(m_store, *m_store.editingBlocker()); });
+    follow(m_capture, m_store.sheets.showCapture(), from(m_screens.capture));
+    follow(m_restore, m_store.sheets.showRestore() && m_store.navigation.selected(), from(m_screens.restore));
+    follow(m_preferences, m_store.sheets.showSettings(), from(m_screens.preferences));
+    follow(m_exclusions, m_store.sheets.showExclusions(), from(m_screens.exclusions));
+    follow(m_newProject, m_store.sheets.showNewProject(), [this] { return makeNewProjectSheet(m_store); });
+    follow(m_blocker, m_store.sheets.editingBlocker().has_value(),
+           [this] { return makeProjectBlockerSheet(m_store, *m_store.sheets.editingBlocker()); });
 }
 
 void Presentations::showDeletingProject()
 {
-    if (!m_store.deletingProject() || m_deleting)
+    if (!m_store.sheets.deletingProject() || m_deleting)
         return;
-    const Project project = *m_store.deletingProject();
+    const Project project = *m_store.sheets.deletingProject();
     const AlertText question{
         .title = PresentationTexts::tr("Delete project?"),
         .message = PresentationTexts::tr(
                        "Delete “%1” and all %n checkpoints, including their local screenshots and recordings? This "
                        "cannot be undone.",
-                       "", static_cast<int>(m_store.checkpointsFor(project.id).size()))
+                       "", static_cast<int>(m_store.library.checkpointsFor(project.id).size()))
                        .arg(project.name),
         .confirm = PresentationTexts::tr("Delete project"),
         .cancel = PresentationTexts::tr("Cancel"),
         .kind = Button::Kind::Destructive,
     };
     m_deleting = presentAlert(m_host, question, [this, id = project.id](bool isConfirmed) {
-        m_store.deletingProject.set(std::nullopt);
+        m_store.sheets.closeDeletion();
         if (isConfirmed)
-            m_store.deleteProject(id);
+            m_store.deletion.deleteProject(id);
     });
 }
 
 void Presentations::showError()
 {
-    if (m_error && m_error->accessibleDescription() != m_store.error())
+    if (m_error && m_error->accessibleDescription() != m_store.messages.error())
         std::exchange(m_error, nullptr)->close();
-    if (!m_store.error() || m_error)
+    if (!m_store.messages.error() || m_error)
         return;
     if (InputWatch::instance().isWriting()) { // It comes when the sentence is finished.
         InputWatch::instance().whenPaused(&m_waiting, [this] { showError(); });
         return;
     }
-    const QString sentence = *m_store.error();
+    const QString sentence = *m_store.messages.error();
     const AlertText text{.title = PresentationTexts::tr("Something needs attention"),
                          .message = sentence,
                          .confirm = PresentationTexts::tr("OK")};
     m_error = presentAlert(m_host, text, [this, sentence](bool) {
         // A newer one has an alert of its own.
-        if (m_store.error() == sentence)
-            m_store.dismissError();
+        if (m_store.messages.error() == sentence)
+            m_store.messages.dismissError();
     });
 }
 
 void Presentations::confirmDelete()
 {
-    const Checkpoint *const checkpoint = m_store.selected();
+    const Checkpoint *const checkpoint = m_store.navigation.selected();
     if (!checkpoint || m_host.isCovering())
         return;
     const AlertText question{
@@ -109,7 +110,7 @@ void Presentations::confirmDelete()
     };
     presentAlert(m_host, question, [this, id = checkpoint->id](bool isConfirmed) {
         if (isConfirmed)
-            m_store.deleteCheckpoint(id);
+            m_store.deletion.deleteCheckpoint(id);
     });
 }
 

@@ -50,31 +50,32 @@ ProjectListView::ProjectListView(AppStore &store, QWidget *parent)
     m_rest.setSingleShot(true);
     connect(&m_rest, &QTimer::timeout, this, [this] { writeOrder(); });
     setToolTip(tr("Drag a project to another place, or press Alt with an arrow key"));
-    setOnActivate([this](const QModelIndex &index) { m_store.selectProject(m_model.rows().at(index.row()).id); });
+    setOnActivate(
+        [this](const QModelIndex &index) { m_store.navigation.selectProject(m_model.rows().at(index.row()).id); });
     setOnMenu([this](const QModelIndex &index, const QPoint &place) {
         showMenu(this, place,
                  [&](QMenu *menu) { ProjectActions::fill(menu, m_store, m_model.rows().at(index.row()).id); });
     });
     m_observations.watch(
         [this] {
-            m_counts =
-                ProjectListModel::count(m_store.projects().isEmpty() ? m_store.sampleHistory() : m_store.checkpoints());
+            m_counts = ProjectListModel::count(m_store.library.projects().isEmpty() ? m_store.library.sampleHistory()
+                                                                                    : m_store.library.checkpoints());
             showProjects();
         },
-        store.projects, store.checkpoints, store.sampleHistory);
-    m_observations.watch([this] { showProjects(); }, store.search, store.showArchivedProjects);
-    m_observations.watch([this] { showSelection(); }, store.selectedProjectID);
+        store.library.projects, store.library.checkpoints, store.library.sampleHistory);
+    m_observations.watch([this] { showProjects(); }, store.navigation.search, store.navigation.showArchivedProjects);
+    m_observations.watch([this] { showSelection(); }, store.navigation.selectedProjectID);
 }
 
 void ProjectListView::showProjects()
 {
-    m_model.setRows(ProjectListModel::makeRows(m_store.filteredProjects(), m_counts));
+    m_model.setRows(ProjectListModel::makeRows(m_store.navigation.filteredProjects(), m_counts));
     showSelection();
 }
 
 void ProjectListView::showSelection()
 {
-    showChosen(m_store.selectedProjectID() ? m_model.rowOf(*m_store.selectedProjectID()) : -1);
+    showChosen(m_store.navigation.selectedProjectID() ? m_model.rowOf(*m_store.navigation.selectedProjectID()) : -1);
 }
 
 void ProjectListView::startDrag(Qt::DropActions)
@@ -119,7 +120,7 @@ void ProjectListView::writeOrder()
         return;
     QElapsedTimer time;
     time.start();
-    const Outcome outcome = m_store.reorderProjects(moved->first, moved->second, m_model.ids());
+    const Outcome outcome = m_store.projects.reorderProjects(moved->first, moved->second, m_model.ids());
     m_writeMilliseconds = time.elapsed();
     // As the store has it: a write that failed takes the row back.
     if (!outcome)
@@ -174,7 +175,7 @@ void ProjectListView::moveCurrent(int step)
     const qsizetype other = at + step;
     if (at < 0 || other < 0 || other >= ids.size())
         return;
-    m_store.reorderProjects(ids.at(at), followerAt(ids, ids.at(at), ids.at(other)), ids);
+    m_store.projects.reorderProjects(ids.at(at), followerAt(ids, ids.at(at), ids.at(other)), ids);
 }
 
 } // namespace ardeno

@@ -36,11 +36,12 @@ public:
         row->addWidget(makeParagraph(shortened(remark.sentence)), 1);
         setAccessibleName(remark.sentence);
         if (remark.file)
-            addAction(row, RemarkTexts::tr("Show file"), [&store, file = *remark.file] { store.showFile(file); });
+            addAction(row, RemarkTexts::tr("Show file"),
+                      [&store, file = *remark.file] { store.applications.showFile(file); });
         if (remark.hasUnsavedSession)
-            addAction(row, RemarkTexts::tr("Save now"), [&store] { store.saveUnsavedSessions(); });
+            addAction(row, RemarkTexts::tr("Save now"), [&store] { store.sessions.saveUnsavedSessions(); });
         Button *const close = Button::makeIcon("xmark", RemarkTexts::tr("Dismiss the remark"));
-        QObject::connect(close, &QAbstractButton::clicked, this, [&store, remark] { store.dismiss(remark); });
+        QObject::connect(close, &QAbstractButton::clicked, this, [&store, remark] { store.messages.dismiss(remark); });
         row->addWidget(close);
     }
 
@@ -61,14 +62,14 @@ private:
 RemarkStrips::RemarkStrips(AppStore &store, QWidget *parent) : QWidget(parent), m_store(store)
 {
     makeColumn(0, this);
-    m_observations.watch([this] { showRemarks(); }, store.remarks);
+    m_observations.watch([this] { showRemarks(); }, store.messages.remarks);
 }
 
 void RemarkStrips::showRemarks()
 {
     constexpr qsizetype most = 3; // What is below has its place, too; who dismisses one sees the next.
     const bool hadFocus = isAncestorOf(window()->focusWidget());
-    const QList<Remark> &all = m_store.remarks();
+    const QList<Remark> &all = m_store.messages.remarks();
     setVisible(!all.isEmpty()); // Before its strips go: what is hidden hands the focus on.
     qDeleteAll(findChildren<QWidget *>(Qt::FindDirectChildrenOnly));
     const QList<Remark> newest = all.last(std::min(all.size(), most));

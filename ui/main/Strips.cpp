@@ -48,22 +48,22 @@ UpdateBanner::UpdateBanner(AppStore &store, const Screens &screens, QWidget *par
     auto *details = new Button(tr("See what’s new"), Button::Kind::Link);
     connect(details, &QAbstractButton::clicked, this, [this, &screens] {
         SheetHost *const host = SheetHost::of(this);
-        if (host && m_store.availableUpdate())
-            host->present(makeUpdateDetailsSheet(m_store, screens, *m_store.availableUpdate()));
+        if (host && m_store.updates.availableUpdate())
+            host->present(makeUpdateDetailsSheet(m_store, screens, *m_store.updates.availableUpdate()));
     });
     row->addWidget(details);
     row->addStretch();
     Button *const close = makeClose(tr("Dismiss the update"));
-    connect(close, &QAbstractButton::clicked, this, [this] { m_store.dismissUpdate(); });
+    connect(close, &QAbstractButton::clicked, this, [this] { m_store.updates.dismissUpdate(); });
     row->addWidget(close);
-    m_observations.watch([this] { showUpdate(); }, store.availableUpdate);
+    m_observations.watch([this] { showUpdate(); }, store.updates.availableUpdate);
 }
 
 void UpdateBanner::showUpdate()
 {
-    setVisible(m_store.availableUpdate().has_value());
-    if (m_store.availableUpdate())
-        m_text->setText(tr("Ardeno %1 is available.").arg(m_store.availableUpdate()->latestVersion));
+    setVisible(m_store.updates.availableUpdate().has_value());
+    if (m_store.updates.availableUpdate())
+        m_text->setText(tr("Ardeno %1 is available.").arg(m_store.updates.availableUpdate()->latestVersion));
 }
 
 void UpdateBanner::paintEvent(QPaintEvent *)
@@ -108,11 +108,11 @@ NoticeStrip::NoticeStrip(AppStore &store, std::function<void()> showShortfall, Q
     connect(m_show, &QAbstractButton::clicked, this, std::move(showShortfall));
     row->addWidget(m_show);
     Button *const close = makeClose(tr("Dismiss the message"));
-    connect(close, &QAbstractButton::clicked, this, [this] { m_store.dismissNotice(); });
+    connect(close, &QAbstractButton::clicked, this, [this] { m_store.messages.dismissNotice(); });
     row->addWidget(close);
     m_expiry.setInterval(std::chrono::seconds(10));
     connect(&m_expiry, &QTimer::timeout, this, [this] { expire(); });
-    m_observations.watch([this] { showNotice(); }, store.notice);
+    m_observations.watch([this] { showNotice(); }, store.messages.notice);
 }
 
 void NoticeStrip::setPatience(std::chrono::milliseconds patience)
@@ -122,13 +122,13 @@ void NoticeStrip::setPatience(std::chrono::milliseconds patience)
 
 void NoticeStrip::showNotice()
 {
-    const bool isResume = m_store.noticeSubject() == subjects::resume;
-    const std::optional<QUuid> &shown = m_store.selection();
-    setVisible(m_store.notice().has_value());
-    m_text->setText(m_store.notice().value_or(QString()));
+    const bool isResume = m_store.messages.noticeSubject() == subjects::resume;
+    const std::optional<QUuid> &shown = m_store.navigation.selection();
+    setVisible(m_store.messages.notice().has_value());
+    m_text->setText(m_store.messages.notice().value_or(QString()));
     m_show->setVisible(isResume && shown && !ResumeShortfallCard::missing(m_store, *shown).isEmpty());
     setAccessibleName(m_text->text());
-    if (!m_store.notice()) {
+    if (!m_store.messages.notice()) {
         m_expiry.stop();
         return;
     }
@@ -147,13 +147,13 @@ bool NoticeStrip::isHeld() const
 void NoticeStrip::expire()
 {
     if (!isHeld())
-        m_store.dismissNotice();
+        m_store.messages.dismissNotice();
 }
 
 void NoticeStrip::leaveEvent(QEvent *event)
 {
     QWidget::leaveEvent(event);
-    if (m_store.notice())
+    if (m_store.messages.notice())
         m_expiry.start();
 }
 
@@ -174,17 +174,17 @@ NewsletterPrompt::NewsletterPrompt(AppStore &store, const Screens &screens, QWid
     row->addLayout(texts, 1);
     auto *later = new Button(tr("Not now"), Button::Kind::Plain);
     auto *join = new Button(tr("Join newsletter"));
-    connect(later, &QAbstractButton::clicked, this, [this] { m_store.dismissNewsletterPrompt(); });
+    connect(later, &QAbstractButton::clicked, this, [this] { m_store.newsletter.dismissNewsletterPrompt(); });
     connect(join, &QAbstractButton::clicked, this, [this, open = screens.openNewsletter] {
         open();
-        m_store.dismissNewsletterPrompt();
+        m_store.newsletter.dismissNewsletterPrompt();
     });
     row->addWidget(later);
     row->addWidget(join);
     // Without a page to open there is nothing to ask.
     const bool canJoin = static_cast<bool>(screens.openNewsletter);
-    m_observations.watch([this, canJoin] { setVisible(canJoin && m_store.showNewsletterPrompt()); },
-                         store.showNewsletterPrompt);
+    m_observations.watch([this, canJoin] { setVisible(canJoin && m_store.newsletter.showNewsletterPrompt()); },
+                         store.newsletter.showNewsletterPrompt);
 }
 
 void NewsletterPrompt::paintEvent(QPaintEvent *)

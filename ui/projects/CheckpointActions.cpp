@@ -17,17 +17,17 @@ struct CheckpointActionTexts final {
 
 QString titleOf(const AppStore &store, const Checkpoint &checkpoint)
 {
-    const Project *const project = store.project(checkpoint.projectID.value_or(QUuid()));
+    const Project *const project = store.library.project(checkpoint.projectID.value_or(QUuid()));
     return ProjectText::timelineTitle(checkpoint, project ? project->name : QString());
 }
 
 QCoro::Task<void> saveAtOnce(AppStore &store)
 {
     const Outcome outcome =
-        co_await store.captureMoment(store.draftTitle(), store.draftNext(), CaptureKind::Checkpoint);
+        co_await store.form.captureMoment(store.drafts.draftTitle(), store.drafts.draftNext(), CaptureKind::Checkpoint);
     // Without a form there is no other place for what went wrong.
     if (outcome.captureIssue)
-        store.report(*outcome.captureIssue, outcome.subject);
+        store.messages.report(*outcome.captureIssue, outcome.subject);
 }
 
 } // namespace
@@ -37,7 +37,7 @@ void CheckpointActions::fill(QMenu *menu, AppStore &store, const Checkpoint &che
 {
     addMenuItem(menu, CheckpointActionTexts::tr("Open checkpoint"), "arrow.right",
                 [&store, id = checkpoint.id, opened = std::move(opened)] {
-                    store.selectCheckpoint(id);
+                    store.navigation.selectCheckpoint(id);
                     if (opened)
                         opened();
                 });
@@ -64,13 +64,13 @@ void CheckpointActions::confirmDelete(QWidget *owner, AppStore &store, const Che
     };
     presentAlert(*host, question, [&store, id = checkpoint.id](bool isConfirmed) {
         if (isConfirmed)
-            store.deleteCheckpoint(id);
+            store.deletion.deleteCheckpoint(id);
     });
 }
 
 QString CheckpointActions::describe(const AppStore &store, const Checkpoint &checkpoint)
 {
-    const Project *const project = store.project(checkpoint.projectID.value_or(QUuid()));
+    const Project *const project = store.library.project(checkpoint.projectID.value_or(QUuid()));
     return CheckpointActionTexts::tr("“%1”, saved %2 in the project “%3”.")
         .arg(titleOf(store, checkpoint), DateText::mediumDateShortTime(checkpoint.createdAt),
              project ? project->name : QString());
@@ -78,19 +78,19 @@ QString CheckpointActions::describe(const AppStore &store, const Checkpoint &che
 
 void CheckpointActions::requestSave(AppStore &store, bool hasForm)
 {
-    if (store.busy())
+    if (store.operations.busy())
         return;
     if (hasForm) {
-        store.requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
+        store.setup.requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
         return;
     }
     // The sample takes no checkpoints: what comes first is a project of one's own.
-    const Project *const selected = store.selectedProject();
+    const Project *const selected = store.navigation.selectedProject();
     if (!selected || selected->isSample) {
-        store.showNewProject.set(true);
+        store.sheets.open(&OpenSheets::showNewProject);
         return;
     }
-    store.draftProjectID.set(selected->id);
+    store.drafts.setDraftProjectID(selected->id);
     saveAtOnce(store);
 }
 

@@ -34,8 +34,8 @@ CheckpointManagerSheet::CheckpointManagerSheet(AppStore &store, const Project &p
     addButton(tr("Done"), Button::Kind::Prominent, [this] { close(); });
     setMinimumHeight(540);
     setFirstFocus(m_list);
-    m_observations.watch([this] { showCheckpoints(); }, store.checkpoints);
-    m_list->showCurrent(store.selection() ? m_model.rowOf(*store.selection()) : -1);
+    m_observations.watch([this] { showCheckpoints(); }, store.library.checkpoints);
+    m_list->showCurrent(store.navigation.selection() ? m_model.rowOf(*store.navigation.selection()) : -1);
 }
 
 PlainList *CheckpointManagerSheet::makeList()
@@ -58,7 +58,7 @@ PlainList *CheckpointManagerSheet::makeList()
             });
     connect(list, &QAbstractItemView::entered, this, [this](const QModelIndex &index) { pointTo(index); });
     connect(list, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex &index) {
-        m_store.selectCheckpoint(m_model.rows().at(index.row()).id);
+        m_store.navigation.selectCheckpoint(m_model.rows().at(index.row()).id);
         close();
     });
     return list;
@@ -85,7 +85,7 @@ void CheckpointManagerSheet::placeRowMenu(const QModelIndex &index)
     Button *const actions = Button::makeIcon("ellipsis.circle", tr("Actions for %1").arg(m_model.title(index.row())));
     row->addWidget(actions);
     setMenu(actions, [this, id](QMenu *menu) {
-        if (const Checkpoint *const checkpoint = m_store.checkpoint(id))
+        if (const Checkpoint *const checkpoint = m_store.library.checkpoint(id))
             CheckpointActions::fill(menu, m_store, *checkpoint, this, [this] { close(); });
     });
     m_list->setIndexWidget(index, holder);
@@ -126,11 +126,11 @@ std::optional<Checkpoint> CheckpointManagerSheet::chosen() const
 
 void CheckpointManagerSheet::showCheckpoints()
 {
-    if (!m_store.project(m_projectID)) {
+    if (!m_store.library.project(m_projectID)) {
         close(); // Deleted meanwhile.
         return;
     }
-    m_model.setRows(m_store.checkpointsFor(m_projectID));
+    m_model.setRows(m_store.library.checkpointsFor(m_projectID));
     m_count->setText(tr("%n saved", "", m_model.rowCount()));
     m_list->setVisible(m_model.rowCount() > 0);
     m_empty->setVisible(m_model.rowCount() == 0);

@@ -7,7 +7,8 @@ namespace ardeno {
 
 bool DraftProject::isNew(const AppStore &store)
 {
-    const Project *const chosen = store.draftProjectID() ? store.project(*store.draftProjectID()) : nullptr;
+    const Project *const chosen =
+        store.drafts.draftProjectID() ? store.library.project(*store.drafts.draftProjectID()) : nullptr;
     return !chosen || chosen->archivedAt;
 }
 
@@ -15,17 +16,17 @@ void DraftProject::offer(Choice *choice, const QString &newProject, AppStore &st
 {
     choice->setOnChoose([&store](const QVariant &chosen) {
         const QUuid id = chosen.toUuid();
-        store.draftProjectID.set(id.isNull() ? std::nullopt : std::optional(id));
+        store.drafts.setDraftProjectID(id.isNull() ? std::nullopt : std::optional(id));
     });
     const auto show = [choice, newProject, &store] {
         QList<Choice::Option> options;
-        for (const Project &project : store.availableProjects())
+        for (const Project &project : store.library.availableProjects())
             options.append({project.name, project.id});
         options.append({newProject, QUuid(), Choice::Apart::Yes});
         choice->setOptions(options);
-        choice->setCurrent(isNew(store) ? QUuid() : *store.draftProjectID());
+        choice->setCurrent(isNew(store) ? QUuid() : *store.drafts.draftProjectID());
     };
-    observations.watch(show, store.projects, store.draftProjectID);
+    observations.watch(show, store.library.projects, store.drafts.draftProjectID);
 }
 
 } // namespace ardeno

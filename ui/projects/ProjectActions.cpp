@@ -19,7 +19,7 @@ struct ProjectActionTexts final {
 
 void ProjectActions::fill(QMenu *menu, AppStore &store, const QUuid &projectID)
 {
-    const Project *const found = store.project(projectID);
+    const Project *const found = store.library.project(projectID);
     if (!found)
         return;
     const Project project = *found;
@@ -28,27 +28,27 @@ void ProjectActions::fill(QMenu *menu, AppStore &store, const QUuid &projectID)
                                          [owner, &store, projectID] { rename(owner, store, projectID); });
     another->setShortcut(Qt::Key_F2);
     another->setShortcutContext(Qt::WidgetShortcut); // Only shown; the lists take the key.
-    const auto edit = [&store, project] { store.editingBlocker.set(project); };
+    const auto edit = [&store, project] { store.sheets.editBlocker(project); };
     if (project.blockedReason) {
         addMenuItem(menu, ProjectActionTexts::tr("Edit reason"), "pencil", edit);
         addMenuItem(menu, ProjectActionTexts::tr("Mark active"), "checkmark.circle",
-                    [&store, projectID] { store.setProjectBlocker(projectID, std::nullopt); });
+                    [&store, projectID] { store.projects.setProjectBlocker(projectID, std::nullopt); });
     } else {
         addMenuItem(menu, ProjectActionTexts::tr("Mark blocked…"), "pause.circle.fill", edit);
     }
     const bool isArchived = project.archivedAt.has_value();
-    addMenuItem(menu,
-                isArchived ? ProjectActionTexts::tr("Unarchive project") : ProjectActionTexts::tr("Archive project"),
-                "archivebox", [&store, projectID, isArchived] { store.setProjectArchived(projectID, !isArchived); });
+    addMenuItem(
+        menu, isArchived ? ProjectActionTexts::tr("Unarchive project") : ProjectActionTexts::tr("Archive project"),
+        "archivebox", [&store, projectID, isArchived] { store.projects.setProjectArchived(projectID, !isArchived); });
     menu->addSeparator();
     addMenuItem(menu, ProjectActionTexts::tr("Delete project…"), "trash",
-                [&store, project] { store.deletingProject.set(project); });
+                [&store, project] { store.sheets.askToDelete(project); });
 }
 
 void ProjectActions::rename(const QWidget *widget, AppStore &store, const QUuid &projectID)
 {
     SheetHost *const host = SheetHost::of(widget);
-    const Project *const project = store.project(projectID);
+    const Project *const project = store.library.project(projectID);
     if (host && project && !host->isCovering())
         host->present(makeRenameSheet(store, *project));
 }

@@ -51,7 +51,7 @@ ProjectCard::ProjectCard(AppStore &store, ThumbnailShelf &pictures)
     setCursor(Qt::PointingHandCursor);
     auto *row = makeRow(0, this);
     row->addWidget(makeTexts(), 1, Qt::AlignTop);
-    connect(this, &QAbstractButton::clicked, this, [this] { m_store.selectProject(m_projectID); });
+    connect(this, &QAbstractButton::clicked, this, [this] { m_store.navigation.selectProject(m_projectID); });
     setMenu(m_actions, [this](QMenu *menu) { ProjectActions::fill(menu, m_store, m_projectID); });
 }
 

@@ -51,13 +51,13 @@ Sheet *makeNewProjectSheet(AppStore &store)
     Button *const create =
         sheet->addButton(ProjectSheetTexts::tr("Create project"), Button::Kind::Prominent, [&store, sheet, name] {
             // A name that could not be kept stays in its field.
-            if (store.createProject(name->text()))
+            if (store.projects.createProject(name->text()))
                 sheet->close();
         });
     needName(name, create);
     sheet->setFirstFocus(name);
     sheet->setHoldsInput([name] { return !name->text().trimmed().isEmpty(); });
-    sheet->setOnCancel([&store] { store.showNewProject.set(false); });
+    sheet->setOnCancel([&store] { store.sheets.close(&OpenSheets::showNewProject); });
     return sheet;
 }
 
@@ -72,11 +72,11 @@ Sheet *makeRenameSheet(AppStore &store, const Project &project)
     name->selectAll();
     column->addSpacing(4);
     sheet->addButton(ProjectSheetTexts::tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
-    Button *const rename = sheet->addButton(ProjectSheetTexts::tr("Rename"), Button::Kind::Prominent,
-                                            [&store, sheet, name, id = project.id] {
-                                                if (store.renameProject(id, name->text()) || !store.project(id))
-                                                    sheet->close();
-                                            });
+    Button *const rename = sheet->addButton(
+        ProjectSheetTexts::tr("Rename"), Button::Kind::Prominent, [&store, sheet, name, id = project.id] {
+            if (store.projects.renameProject(id, name->text()) || !store.library.project(id))
+                sheet->close();
+        });
     needName(name, rename);
     sheet->setFirstFocus(name);
     return sheet;
@@ -100,12 +100,12 @@ Sheet *makeProjectBlockerSheet(AppStore &store, const Project &project)
     sheet->addButton(ProjectSheetTexts::tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
     sheet->addButton(isBlocked ? ProjectSheetTexts::tr("Save reason") : ProjectSheetTexts::tr("Mark blocked"),
                      Button::Kind::Prominent, [&store, sheet, reason, id = project.id] {
-                         if (store.setProjectBlocker(id, reason->text()))
+                         if (store.projects.setProjectBlocker(id, reason->text()))
                              sheet->close();
                      });
     sheet->setFirstFocus(reason);
     sheet->setHoldsInput([reason, before = reason->text()] { return reason->text() != before; });
-    sheet->setOnCancel([&store] { store.editingBlocker.set(std::nullopt); });
+    sheet->setOnCancel([&store] { store.sheets.closeBlocker(); });
     return sheet;
 }
 

@@ -28,25 +28,25 @@ ProjectStatusView::ProjectStatusView(AppStore &store, QWidget *parent)
     connect(m_block, &QAbstractButton::clicked, this, [this] { edit(); });
     connect(m_editReason, &QAbstractButton::clicked, this, [this] { edit(); });
     connect(m_activate, &QAbstractButton::clicked, this, [this] {
-        if (const Project *const project = m_store.selectedProject())
-            m_store.setProjectBlocker(project->id, std::nullopt);
+        if (const Project *const project = m_store.navigation.selectedProject())
+            m_store.projects.setProjectBlocker(project->id, std::nullopt);
     });
     connect(m_unarchive, &QAbstractButton::clicked, this, [this] {
-        if (const Project *const project = m_store.selectedProject())
-            m_store.setProjectArchived(project->id, false);
+        if (const Project *const project = m_store.navigation.selectedProject())
+            m_store.projects.setProjectArchived(project->id, false);
     });
-    m_observations.watch([this] { showProject(); }, store.projects, store.selectedProjectID);
+    m_observations.watch([this] { showProject(); }, store.library.projects, store.navigation.selectedProjectID);
 }
 
 void ProjectStatusView::edit()
 {
-    if (const Project *const project = m_store.selectedProject())
-        m_store.editingBlocker.set(*project);
+    if (const Project *const project = m_store.navigation.selectedProject())
+        m_store.sheets.editBlocker(*project);
 }
 
 void ProjectStatusView::showProject()
 {
-    const Project *const project = m_store.selectedProject();
+    const Project *const project = m_store.navigation.selectedProject();
     if (!project)
         return;
     const bool isBlocked = project->blockedReason.has_value();

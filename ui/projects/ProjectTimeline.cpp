@@ -55,9 +55,10 @@ ProjectTimeline::ProjectTimeline(AppStore &store, const Screens &screens, QWidge
     column->setContentsMargins(28, 12, 28, 3);
     column->addWidget(makeHeader());
     column->addWidget(m_strip);
-    m_observations.watch([this] { showCheckpoints(); }, store.checkpoints, store.projects, store.selectedProjectID);
-    m_observations.watch([this] { showSelection(); }, store.selection);
-    m_observations.watch([this] { showBusy(); }, store.busy, store.recording);
+    m_observations.watch([this] { showCheckpoints(); }, store.library.checkpoints, store.library.projects,
+                         store.navigation.selectedProjectID);
+    m_observations.watch([this] { showSelection(); }, store.navigation.selection);
+    m_observations.watch([this] { showBusy(); }, store.operations.busy, store.recorder.recording);
 }
 
 QWidget *ProjectTimeline::makeHeader()
@@ -73,7 +74,7 @@ QWidget *ProjectTimeline::makeHeader()
     row->addWidget(m_save);
     connect(m_latest, &QAbstractButton::clicked, this, [this] {
         if (!m_model.rows().isEmpty())
-            m_store.selectCheckpoint(m_model.rows().first().id);
+            m_store.navigation.selectCheckpoint(m_model.rows().first().id);
     });
     connect(m_manage, &QAbstractButton::clicked, this, [this] { manage(); });
     connect(m_save, &QAbstractButton::clicked, this,
@@ -96,7 +97,7 @@ FollowingList *ProjectTimeline::makeStrip()
     strip->setFixedHeight(TimelineDelegate::cardSize.height() + scrollBarRoom);
     new FadedEdges(strip, Role::Paper);
     strip->setOnActivate(
-        [this](const QModelIndex &index) { m_store.selectCheckpoint(m_model.rows().at(index.row()).id); });
+        [this](const QModelIndex &index) { m_store.navigation.selectCheckpoint(m_model.rows().at(index.row()).id); });
     strip->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
         showMenu(this, place, [&](QMenu *menu) {
             CheckpointActions::fill(menu, m_store, m_model.rows().at(index.row()), this, {});
@@ -107,41 +108,41 @@ FollowingList *ProjectTimeline::makeStrip()
 
 void ProjectTimeline::showCheckpoints()
 {
-    const Project *const project = m_store.selectedProject();
+    const Project *const project = m_store.navigation.selectedProject();
     if (!project)
         return;
     m_manage->setVisible(!project->isSample); // The sample stays as it is.
     m_model.setProjectName(project->name);
-    m_model.setRows(m_store.checkpointsFor(project->id));
+    m_model.setRows(m_store.library.checkpointsFor(project->id));
     m_count->setText(tr("%n saved", "", m_model.rowCount()));
     showSelection();
 }
 
 void ProjectTimeline::showSelection()
 {
-    const int row = m_store.selection() ? m_model.rowOf(*m_store.selection()) : -1;
+    const int row = m_store.navigation.selection() ? m_model.rowOf(*m_store.navigation.selection()) : -1;
     m_strip->showChosen(row);
     m_latest->setVisible(row > 0);
 }
 
 void ProjectTimeline::showBusy()
 {
-    m_save->setEnabled(!m_store.busy() && !m_store.recording());
+    m_save->setEnabled(!m_store.operations.busy() && !m_store.recorder.recording());
 }
 
 void ProjectTimeline::selectNeighbour(int step)
 {
-    const int row = m_store.selection() ? m_model.rowOf(*m_store.selection()) : -1;
+    const int row = m_store.navigation.selection() ? m_model.rowOf(*m_store.navigation.selection()) : -1;
     if (row < 0)
         return;
     const int other = std::clamp(row + step, 0, m_model.rowCount() - 1);
-    m_store.selectCheckpoint(m_model.rows().at(other).id);
+    m_store.navigation.selectCheckpoint(m_model.rows().at(other).id);
 }
 
 void ProjectTimeline::manage()
 {
     SheetHost *const host = SheetHost::of(this);
-    const Project *const project = m_store.selectedProject();
+    const Project *const project = m_store.navigation.selectedProject();
     if (host && project)
         host->present(new CheckpointManagerSheet(m_store, *project));
 }

@@ -57,11 +57,13 @@ ProjectsOverview::ProjectsOverview(AppStore &store, QWidget *parent)
     makeColumn(0, this)->addWidget(m_grid);
     m_observations.watch(
         [this] {
-            m_latest = latestByProject(m_store.projects().isEmpty() ? m_store.sampleHistory() : m_store.checkpoints());
+            m_latest = latestByProject(m_store.library.projects().isEmpty() ? m_store.library.sampleHistory()
+                                                                            : m_store.library.checkpoints());
             showProjects(true);
         },
-        store.projects, store.checkpoints, store.sampleHistory);
-    m_observations.watch([this] { showProjects(false); }, store.search, store.showArchivedProjects);
+        store.library.projects, store.library.checkpoints, store.library.sampleHistory);
+    m_observations.watch([this] { showProjects(false); }, store.navigation.search,
+                         store.navigation.showArchivedProjects);
 }
 
 QWidget *ProjectsOverview::makeHeader()
@@ -71,8 +73,9 @@ QWidget *ProjectsOverview::makeHeader()
     titles->addWidget(m_subtitle);
     auto *create = new Button(tr("New project"), Button::Kind::Prominent, "plus");
     create->setHint(tr("New project"), "Ctrl+N");
-    connect(create, &QAbstractButton::clicked, this, [this] { m_store.showNewProject.set(true); });
-    connect(m_archived, &QAbstractButton::toggled, this, [this](bool isOn) { m_store.showArchivedProjects.set(isOn); });
+    connect(create, &QAbstractButton::clicked, this, [this] { m_store.sheets.open(&OpenSheets::showNewProject); });
+    connect(m_archived, &QAbstractButton::toggled, this,
+            [this](bool isOn) { m_store.navigation.setShowArchivedProjects(isOn); });
 
     auto *header = new QWidget;
     auto *column = makeColumn(24, header);
@@ -87,9 +90,9 @@ QWidget *ProjectsOverview::makeHeader()
 
 void ProjectsOverview::showEmpty()
 {
-    if (!m_store.search().isEmpty())
+    if (!m_store.navigation.search().isEmpty())
         m_empty->show("magnifyingglass", tr("No projects match your search."));
-    else if (m_store.showArchivedProjects())
+    else if (m_store.navigation.showArchivedProjects())
         m_empty->show("archivebox", tr("No archived projects."));
     else
         m_empty->show("folder.badge.plus", tr("Create a project to save your first checkpoint."));
@@ -98,10 +101,10 @@ void ProjectsOverview::showEmpty()
 
 void ProjectsOverview::showProjects(bool isStale)
 {
-    m_title->setText(m_store.showArchivedProjects() ? tr("Archived projects") : tr("Projects"));
-    m_subtitle->setText(ProjectText::overview(m_store.availableProjects()));
-    m_archived->setChecked(m_store.showArchivedProjects());
-    const QList<Project> before = std::exchange(m_projects, m_store.filteredProjects());
+    m_title->setText(m_store.navigation.showArchivedProjects() ? tr("Archived projects") : tr("Projects"));
+    m_subtitle->setText(ProjectText::overview(m_store.library.availableProjects()));
+    m_archived->setChecked(m_store.navigation.showArchivedProjects());
+    const QList<Project> before = std::exchange(m_projects, m_store.navigation.filteredProjects());
     showEmpty();
     if (isStale || m_projects != before)
         m_grid->setCount(static_cast<int>(m_projects.size()));

@@ -24,7 +24,7 @@ constexpr int labelWidth = 62;
 QCoro::Task<void> saveDraft(AppStore &store, QPointer<QuickSaveContent> form)
 {
     const Outcome outcome =
-        co_await store.captureMoment(store.draftTitle(), store.draftNext(), CaptureKind::Checkpoint);
+        co_await store.form.captureMoment(store.drafts.draftTitle(), store.drafts.draftNext(), CaptureKind::Checkpoint);
     if (form)
         form->showError(outcome.error);
 }
@@ -58,15 +58,20 @@ QuickSaveContent::QuickSaveContent(AppStore &store, QWidget *parent)
     column->addWidget(m_details);
     column->addWidget(m_problem);
     column->addWidget(makeFooter());
-    bind(m_newProject, store.draftProjectName, m_observations);
-    bind(m_next, store.draftNext, m_observations);
+    bind(
+        m_newProject, m_store.drafts.draftProjectName,
+        [this](const QString &text) { m_store.drafts.setDraftProjectName(text); }, m_observations);
+    bind(
+        m_next, m_store.drafts.draftNext, [this](const QString &text) { m_store.drafts.setDraftNext(text); },
+        m_observations);
     DraftProject::offer(m_project, tr("New project…"), store, m_observations);
     connect(m_disclosure, &QAbstractButton::clicked, this, [this] { showDetails(m_details->isHidden()); });
     showDetails(false);
-    m_observations.watch([this] { m_newProject->setVisible(DraftProject::isNew(m_store)); }, store.projects,
-                         store.draftProjectID);
-    m_observations.watch([this] { showState(); }, store.busy, store.savingForm, store.requestingAccess,
-                         store.draftProjectID, store.draftProjectName, store.captureIssue);
+    m_observations.watch([this] { m_newProject->setVisible(DraftProject::isNew(m_store)); }, store.library.projects,
+                         store.drafts.draftProjectID);
+    m_observations.watch([this] { showState(); }, store.operations.busy, store.form.savingForm,
+                         store.screenAccess.requestingAccess, store.drafts.draftProjectID,
+                         store.drafts.draftProjectName, store.messages.captureIssue);
 }
 
 QWidget *QuickSaveContent::makeProjectRow()
@@ -86,10 +91,14 @@ QWidget *QuickSaveContent::makeDetails()
     auto *column = makeColumn(10, details);
     auto *title =
         new TextField(tr("Checkpoint title (automatic if empty)"), tr("Checkpoint title (automatic if empty)"));
-    bind(title, m_store.draftTitle, m_observations);
+    bind(
+        title, m_store.drafts.draftTitle, [this](const QString &text) { m_store.drafts.setDraftTitle(text); },
+        m_observations);
     column->addWidget(title);
     auto *tabs = new Switch(tr("Include browser tabs"));
-    bind(tabs, m_store.includeBrowser, m_observations);
+    bind(
+        tabs, m_store.drafts.includeBrowser, [this](bool isOn) { m_store.drafts.setIncludeBrowser(isOn); },
+        m_observations);
     column->addWidget(tabs);
     return details;
 }
@@ -105,19 +114,19 @@ QWidget *QuickSaveContent::makeFooter()
     row->addWidget(m_progress);
     row->addWidget(m_cancel);
     row->addWidget(m_save);
-    connect(m_cancel, &QAbstractButton::clicked, this, [this] { m_store.cancelCapture(); });
+    connect(m_cancel, &QAbstractButton::clicked, this, [this] { m_store.setup.cancelCapture(); });
     connect(m_save, &QAbstractButton::clicked, this, [this] { save(); });
     return footer;
 }
 
 void QuickSaveContent::showState()
 {
-    const bool isSaving = m_store.savingForm() || m_store.requestingAccess();
-    const bool lacksName = DraftProject::isNew(m_store) && m_store.draftProjectName().trimmed().isEmpty();
-    m_progress->setVisible(m_store.savingForm());
+    const bool isSaving = m_store.form.savingForm() || m_store.screenAccess.requestingAccess();
+    const bool lacksName = DraftProject::isNew(m_store) && m_store.drafts.draftProjectName().trimmed().isEmpty();
+    m_progress->setVisible(m_store.form.savingForm());
     m_cancel->setEnabled(!isSaving);
-    m_save->setEnabled(!isSaving && !m_store.busy() && !lacksName);
-    const std::optional<QString> problem = m_store.captureIssue() ? m_store.captureIssue() : m_error;
+    m_save->setEnabled(!isSaving && !m_store.operations.busy() && !lacksName);
+    const std::optional<QString> problem = m_store.messages.captureIssue() ? m_store.messages.captureIssue() : m_error;
     m_problem->setText(problem.value_or(QString()));
     m_problem->setVisible(problem.has_value());
 }

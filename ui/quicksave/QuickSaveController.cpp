@@ -17,11 +17,12 @@ QuickSaveController::QuickSaveController(AppStore &store, Desktop &desktop, std:
     : m_store(store), m_desktop(desktop), m_showWindow(std::move(showWindow))
 {
     if (m_desktop.hotKeys->availability().isAvailable())
-        m_observations.watch([this] { registerShortcut(m_store.shortcutChoice()); }, store.shortcutChoice);
+        m_observations.watch([this] { registerShortcut(m_store.shortcut.shortcutChoice()); },
+                             store.shortcut.shortcutChoice);
     else
-        store.shortcutIssue.set(
+        store.shortcut.setShortcutIssue(
             tr("The global shortcut could not start. Quick save is still available in the menu bar."));
-    m_observations.watch([this] { followFlag(); }, store.showQuickCapture);
+    m_observations.watch([this] { followFlag(); }, store.sheets.showQuickCapture);
 }
 
 QuickSaveController::~QuickSaveController()
@@ -32,11 +33,12 @@ QuickSaveController::~QuickSaveController()
 void QuickSaveController::registerShortcut(int choice)
 {
     m_desktop.hotKeys->release();
-    m_store.shortcutIssue.set(std::nullopt);
+    m_store.shortcut.setShortcutIssue(std::nullopt);
     if (choice == offChoice)
         return;
     const auto refused = [this](const Failure &) {
-        m_store.shortcutIssue.set(tr("That shortcut is unavailable. Choose another shortcut or use the menu bar."));
+        m_store.shortcut.setShortcutIssue(
+            tr("That shortcut is unavailable. Choose another shortcut or use the menu bar."));
     };
     using Combination = HotKeys::Combination;
     const Combination keys = choice == shiftSuperChoice ? Combination::ShiftSuperS : Combination::ControlAltSuperS;
@@ -49,24 +51,24 @@ void QuickSaveController::registerShortcut(int choice)
 
 void QuickSaveController::trigger()
 {
-    if (m_store.showQuickCapture() && m_panel)
+    if (m_store.sheets.showQuickCapture() && m_panel)
         m_desktop.ownWindows->floatAbove(m_panel->winId());
     else if (isSheetOpen())
         m_showWindow();
     else
-        m_store.requestCapture(CaptureKind::Checkpoint, CaptureForm::QuickPanel);
+        m_store.setup.requestCapture(CaptureKind::Checkpoint, CaptureForm::QuickPanel);
 }
 
 // The panel does not open on top of something unfinished.
 bool QuickSaveController::isSheetOpen() const
 {
-    return m_store.showCapture() || m_store.showRestore() || m_store.showSettings() || m_store.showNewProject() ||
-           m_store.editingBlocker();
+    return m_store.sheets.showCapture() || m_store.sheets.showRestore() || m_store.sheets.showSettings() ||
+           m_store.sheets.showNewProject() || m_store.sheets.editingBlocker();
 }
 
 void QuickSaveController::followFlag()
 {
-    if (m_store.showQuickCapture())
+    if (m_store.sheets.showQuickCapture())
         present();
     else
         hide();

@@ -51,10 +51,10 @@ void QuickSavePanel::paintEvent(QPaintEvent *)
 
 void QuickSavePanel::closeEvent(QCloseEvent *event)
 {
-    const bool isBusy = m_store.savingForm() || m_store.requestingAccess();
+    const bool isBusy = m_store.form.savingForm() || m_store.screenAccess.requestingAccess();
     event->setAccepted(!isBusy);
     if (!isBusy)
-        m_store.cancelCapture();
+        m_store.setup.cancelCapture();
 }
 
 } // namespace ardeno

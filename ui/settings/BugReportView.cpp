@@ -81,7 +81,8 @@ void BugReportView::copy()
 
 void BugReportView::openMail()
 {
-    if (BugReportComposer::openMail(draft(), [this](const QUrl &address) { return m_store.openMail(address); })) {
+    if (BugReportComposer::openMail(draft(),
+                                    [this](const QUrl &address) { return m_store.applications.openMail(address); })) {
         close();
         return;
     }

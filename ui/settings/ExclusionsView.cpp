@@ -67,7 +67,7 @@ Card *cardAround(QWidget *list)
 ExclusionsView::ExclusionsView(AppStore &store)
     : Sheet(tr("Capture exclusions"), 560),
       m_store(store),
-      m_runningApps(store.runningApps()),
+      m_runningApps(store.applications.runningApps()),
       m_recordingNote(makeNote(
           makeParagraph(tr("Finish the recording before changing exclusions."), TextStyle::Medium, Role::AmberText))),
       m_issueText(makeParagraph({}, TextStyle::Medium, Role::AmberText)),
@@ -101,12 +101,12 @@ ExclusionsView::ExclusionsView(AppStore &store)
     addApps(controls);
     controls->addSpacing(8);
     addWebsites(controls);
-    m_startOver = addButton(tr("Start over"), Button::Kind::Bordered, [this] { m_store.startExclusionsOver(); });
+    m_startOver = addButton(tr("Start over"), Button::Kind::Bordered, [this] { m_store.rules.startExclusionsOver(); });
     addButton(tr("Done"), Button::Kind::Prominent, [this] { cancel(); });
     setHoldsInput([this] { return !m_domain->text().trimmed().isEmpty(); }); // It is not excluded yet.
-    setOnCancel([&store] { store.showExclusions.set(false); });
-    m_observations.watch([this] { showExclusions(); }, store.exclusions, store.exclusionsIssue);
-    m_observations.watch([this] { showObstacles(); }, store.recording, store.exclusionsIssue);
+    setOnCancel([&store] { store.sheets.close(&OpenSheets::showExclusions); });
+    m_observations.watch([this] { showExclusions(); }, store.rules.exclusions, store.rules.exclusionsIssue);
+    m_observations.watch([this] { showObstacles(); }, store.recorder.recording, store.rules.exclusionsIssue);
 }
 
 void ExclusionsView::addApps(QVBoxLayout *column)
@@ -138,8 +138,8 @@ Button *ExclusionsView::makeExcludeMenu()
         for (const SavedApp &app : std::as_const(m_runningApps)) {
             QString name = VisibleText::oneLine(app.name).simplified();
             QAction *const item =
-                addMenuItem(menu, name.replace('&', "&&"), {}, [this, app] { m_store.excludeApp(app); });
-            item->setEnabled(!m_store.exclusions().appIDs().contains(app.id));
+                addMenuItem(menu, name.replace('&', "&&"), {}, [this, app] { m_store.rules.excludeApp(app); });
+            item->setEnabled(!m_store.rules.exclusions().appIDs().contains(app.id));
         }
         if (m_runningApps.isEmpty())
             menu->addAction(tr("No apps to exclude"))->setEnabled(false);
@@ -176,17 +176,17 @@ void ExclusionsView::addWebsites(QVBoxLayout *column)
 
 void ExclusionsView::allowApp(const QString &id)
 {
-    const QList<SavedApp> apps = m_store.exclusions().apps;
+    const QList<SavedApp> apps = m_store.rules.exclusions().apps;
     const auto found = std::find_if(apps.begin(), apps.end(), [&](const SavedApp &app) { return app.id == id; });
-    if (found == apps.end() || !m_store.allowApp(id))
+    if (found == apps.end() || !m_store.rules.allowApp(id))
         return;
-    offerUndo(found->name.isEmpty() ? id : found->name, [this, app = *found] { return m_store.excludeApp(app); });
+    offerUndo(found->name.isEmpty() ? id : found->name, [this, app = *found] { return m_store.rules.excludeApp(app); });
 }
 
 void ExclusionsView::allowDomain(const QString &domain)
 {
-    if (m_store.allowDomain(domain))
-        offerUndo(domain, [this, domain] { return m_store.excludeDomain(domain); });
+    if (m_store.rules.allowDomain(domain))
+        offerUndo(domain, [this, domain] { return m_store.rules.excludeDomain(domain); });
 }
 
 void ExclusionsView::offerUndo(const QString &name, std::function<Outcome()> exclude)
@@ -208,15 +208,16 @@ void ExclusionsView::chooseApplication()
     SheetHost *const host = SheetHost::of(this);
     if (!host)
         return;
-    host->present(new ApplicationChooser(m_store.installedApps(), [this](const InstalledApplication &application) {
-        if (!application.id.isEmpty())
-            m_store.excludeApp({.id = application.id, .name = application.name});
-    }));
+    host->present(
+        new ApplicationChooser(m_store.applications.installedApps(), [this](const InstalledApplication &application) {
+            if (!application.id.isEmpty())
+                m_store.rules.excludeApp({.id = application.id, .name = application.name});
+        }));
 }
 
 void ExclusionsView::excludeDomain()
 {
-    const Outcome outcome = m_store.excludeDomain(m_domain->text());
+    const Outcome outcome = m_store.rules.excludeDomain(m_domain->text());
     // The store tells by itself when a good domain could not be written.
     m_validation->setVisible(!outcome && !outcome.error);
     if (outcome)
@@ -228,7 +229,7 @@ void ExclusionsView::excludeDomain()
 
 void ExclusionsView::showExclusions()
 {
-    const CaptureExclusions &exclusions = m_store.exclusions();
+    const CaptureExclusions &exclusions = m_store.rules.exclusions();
     QList<ExclusionRule> apps;
     for (const SavedApp &app : exclusions.apps)
         apps.append({app.id, app.name.isEmpty() ? app.id : app.name});
@@ -238,18 +239,18 @@ void ExclusionsView::showExclusions()
     m_apps->setRules(apps);
     m_domains->setRules(domains);
     m_appsCard->setVisible(!apps.isEmpty());
-    m_noApps->setVisible(apps.isEmpty() && !m_store.exclusionsIssue());
+    m_noApps->setVisible(apps.isEmpty() && !m_store.rules.exclusionsIssue());
     m_domainsCard->setVisible(!domains.isEmpty());
 }
 
 void ExclusionsView::showObstacles()
 {
-    const std::optional<QString> &issue = m_store.exclusionsIssue();
-    m_recordingNote->setVisible(m_store.recording());
+    const std::optional<QString> &issue = m_store.rules.exclusionsIssue();
+    m_recordingNote->setVisible(m_store.recorder.recording());
     m_issueText->setText(issue.value_or(QString()));
     m_issueNote->setVisible(issue.has_value());
     m_startOver->setVisible(issue.has_value());
-    m_controls->setEnabled(!m_store.recording() && !issue);
+    m_controls->setEnabled(!m_store.recorder.recording() && !issue);
 }
 
 } // namespace ardeno

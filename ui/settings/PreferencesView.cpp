@@ -42,11 +42,11 @@ PreferencesView::PreferencesView(AppStore &store)
     cards->column()->addWidget(makeContact());
     cards->column()->addStretch();
     addButton(tr("Done"), Button::Kind::Prominent, [this] { close(); });
-    setOnCancel([&store] { store.showSettings.set(false); });
-    m_observations.watch([this] { showShortcutIssue(); }, store.shortcutIssue);
+    setOnCancel([&store] { store.sheets.close(&OpenSheets::showSettings); });
+    m_observations.watch([this] { showShortcutIssue(); }, store.shortcut.shortcutIssue);
     if (m_check)
-        m_observations.watch([this] { showUpdate(); }, store.availableUpdate, store.checkingForUpdates,
-                             store.updateAnswer);
+        m_observations.watch([this] { showUpdate(); }, store.updates.availableUpdate, store.updates.checkingForUpdates,
+                             store.updates.updateAnswer);
 }
 
 QWidget *PreferencesView::makeBehaviour()
@@ -78,8 +78,9 @@ Choice *PreferencesView::makeLaunch()
 {
     auto *launch = new Choice(tr("On launch"));
     launch->setOptions({{tr("Last opened project"), false}, {tr("Projects overview"), true}});
-    launch->setOnChoose([this](const QVariant &value) { m_store.launchOverview.set(value.toBool()); });
-    m_observations.watch([this, launch] { launch->setCurrent(m_store.launchOverview()); }, m_store.launchOverview);
+    launch->setOnChoose([this](const QVariant &value) { m_store.navigation.setLaunchOverview(value.toBool()); });
+    m_observations.watch([this, launch] { launch->setCurrent(m_store.navigation.launchOverview()); },
+                         m_store.navigation.launchOverview);
     return launch;
 }
 
@@ -88,12 +89,12 @@ Choice *PreferencesView::makeShortcut()
     auto *shortcut = new Choice(tr("Quick save shortcut"));
     shortcut->setOptions(
         {{tr("⌃⌥⌘S (default)"), defaultShortcut}, {tr("⇧⌘S"), shortShortcut}, {tr("Off"), noShortcut}});
-    shortcut->setOnChoose([this](const QVariant &value) { m_store.shortcutChoice.set(value.toInt()); });
+    shortcut->setOnChoose([this](const QVariant &value) { m_store.shortcut.setShortcutChoice(value.toInt()); });
     const auto show = [this, shortcut] {
-        const int choice = m_store.shortcutChoice();
+        const int choice = m_store.shortcut.shortcutChoice();
         shortcut->setCurrent(choice == shortShortcut || choice == noShortcut ? choice : defaultShortcut);
     };
-    m_observations.watch(show, m_store.shortcutChoice);
+    m_observations.watch(show, m_store.shortcut.shortcutChoice);
     return shortcut;
 }
 
@@ -101,7 +102,9 @@ Switch *PreferencesView::makeBrowserTabs()
 {
     auto *tabs = new Switch({});
     tabs->setAccessibleName(tr("Include browser tabs"));
-    bind(tabs, m_store.includeBrowser, m_observations);
+    bind(
+        tabs, m_store.drafts.includeBrowser, [this](bool isOn) { m_store.drafts.setIncludeBrowser(isOn); },
+        m_observations);
     return tabs;
 }
 
@@ -127,8 +130,8 @@ QWidget *PreferencesView::makePrivacy()
     texts->addSpacing(4);
     auto *buttons = makeRow(8);
     buttons->addWidget(makeButton(tr("Show saved files"), {}, [this] { showSavedFiles(); }));
-    buttons->addWidget(
-        makeButton(tr("Capture exclusions…"), "eye.slash", [this] { m_store.showExclusions.set(true); }));
+    buttons->addWidget(makeButton(tr("Capture exclusions…"), "eye.slash",
+                                  [this] { m_store.sheets.open(&OpenSheets::showExclusions); }));
     buttons->addStretch();
     texts->addLayout(buttons);
     row->addLayout(texts, 1);
@@ -138,7 +141,7 @@ QWidget *PreferencesView::makePrivacy()
 QWidget *PreferencesView::makeContact()
 {
     auto *card = new SettingsCard;
-    if (m_store.canCheckForUpdates())
+    if (m_store.updates.canCheckForUpdates())
         addUpdates(card);
     card->addRow({.title = tr("Newsletter"),
                   .explanation = tr("Get occasional workspace tips and product news by email. This is separate from "
@@ -164,11 +167,11 @@ void PreferencesView::addUpdates(SettingsCard *card)
     m_updateSymbol = new SymbolView("arrow.down.circle", Role::AccentText);
     m_updateText = makeParagraph({}, TextStyle::Medium);
     m_checking = new Progress(tr("Working"));
-    m_check = makeButton(tr("Check for updates"), {}, [this] { m_store.checkForUpdates(Force::Yes); });
+    m_check = makeButton(tr("Check for updates"), {}, [this] { m_store.updates.checkForUpdates(Force::Yes); });
     m_download = new Button(tr("Download update"), Button::Kind::Prominent);
     connect(m_download, &QAbstractButton::clicked, this, [this] {
-        if (m_store.availableUpdate())
-            Links::openUpdateURL(m_store.availableUpdate()->downloadURL);
+        if (m_store.updates.availableUpdate())
+            Links::openUpdateURL(m_store.updates.availableUpdate()->downloadURL);
     });
     row->setSpacing(8);
     row->addWidget(m_updateSymbol);
@@ -181,10 +184,10 @@ void PreferencesView::addUpdates(SettingsCard *card)
 void PreferencesView::showUpdate()
 {
     constexpr qsizetype longestVersion = 60;
-    const std::optional<AppUpdateManifest> &update = m_store.availableUpdate();
+    const std::optional<AppUpdateManifest> &update = m_store.updates.availableUpdate();
     m_updateSymbol->setVisible(update.has_value());
     const bool canDownload = update && isOpenable(update->downloadURL);
-    const bool isAnswered = m_store.updateAnswer() && !m_store.checkingForUpdates();
+    const bool isAnswered = m_store.updates.updateAnswer() && !m_store.updates.checkingForUpdates();
     QStringList lines;
     if (update)
         lines += tr("Update available: %1").arg(update->latestVersion.left(longestVersion));
@@ -193,22 +196,22 @@ void PreferencesView::showUpdate()
     if (update && !canDownload)
         lines += tr("It names no download over a secure connection (https), so Ardeno does not open one.");
     if (isAnswered)
-        lines += *m_store.updateAnswer();
+        lines += *m_store.updates.updateAnswer();
     m_updateText->setText(lines.join('\n'));
     m_updateText->setAccessibleName(m_updateText->text());
     m_download->setVisible(canDownload);
-    m_checking->setVisible(m_store.checkingForUpdates());
+    m_checking->setVisible(m_store.updates.checkingForUpdates());
 }
 
 void PreferencesView::showShortcutIssue()
 {
-    m_shortcutIssue->setText(m_store.shortcutIssue().value_or(QString()));
-    m_shortcutIssue->setVisible(m_store.shortcutIssue().has_value());
+    m_shortcutIssue->setText(m_store.shortcut.shortcutIssue().value_or(QString()));
+    m_shortcutIssue->setVisible(m_store.shortcut.shortcutIssue().has_value());
 }
 
 void PreferencesView::showSavedFiles()
 {
-    const QString folder = m_store.storageFolder();
+    const QString folder = m_store.library.storageFolder();
     if (!QDir(folder).exists())
         tell(tr("Nothing has been saved yet."));
     else if (!Links::openFolder(folder))
@@ -217,7 +220,7 @@ void PreferencesView::showSavedFiles()
 
 void PreferencesView::emailSupport()
 {
-    if (!m_store.openMail(BugReportComposer::contactURL()))
+    if (!m_store.applications.openMail(BugReportComposer::contactURL()))
         tell(tr("Your email app could not be opened. You can write to %1.").arg(Endpoints::supportAddress()));
 }
 

@@ -21,8 +21,8 @@ void addSettingsScreens(Screens *screens)
         viewers->show(file)->closeWithout(store);
     };
     screens->openUpdate = [](AppStore &store) {
-        if (store.availableUpdate())
-            Links::openUpdateURL(store.availableUpdate()->downloadURL);
+        if (store.updates.availableUpdate())
+            Links::openUpdateURL(store.updates.availableUpdate()->downloadURL);
     };
     screens->openNewsletter = [] { Links::openNewsletter(); };
 }

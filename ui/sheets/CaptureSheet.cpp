@@ -46,28 +46,40 @@ CaptureSheet::CaptureSheet(AppStore &store)
     column()->addWidget(makeMessages());
     m_cancel = addButton(tr("Cancel"), Button::Kind::Bordered, [this] { close(); });
     m_primary = addButton({}, Button::Kind::Prominent, [this] { carryOut(); });
-    bind(m_name, store.draftProjectName, m_observations);
-    bind(m_title, store.draftTitle, m_observations);
-    bind(m_next, store.draftNext, m_observations);
-    bind(m_browser, store.includeBrowser, m_observations);
-    bind(m_recording, store.pendingRecording, m_observations);
-    store.refreshScreenAccess();
+    bind(
+        m_name, m_store.drafts.draftProjectName,
+        [this](const QString &text) { m_store.drafts.setDraftProjectName(text); }, m_observations);
+    bind(
+        m_title, m_store.drafts.draftTitle, [this](const QString &text) { m_store.drafts.setDraftTitle(text); },
+        m_observations);
+    bind(
+        m_next, m_store.drafts.draftNext, [this](const QString &text) { m_store.drafts.setDraftNext(text); },
+        m_observations);
+    bind(
+        m_browser, m_store.drafts.includeBrowser, [this](bool isOn) { m_store.drafts.setIncludeBrowser(isOn); },
+        m_observations);
+    bind(
+        m_recording, m_store.drafts.pendingRecording, [this](bool isOn) { m_store.drafts.setPendingRecording(isOn); },
+        m_observations);
+    store.screenAccess.refreshScreenAccess();
     // The user may come back from the system's settings.
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
-        if (state == Qt::ApplicationActive && !m_store.busy())
-            m_store.refreshScreenAccess();
+        if (state == Qt::ApplicationActive && !m_store.operations.busy())
+            m_store.screenAccess.refreshScreenAccess();
     });
     // When the form was finished or another process goes on with it, nothing is cancelled.
     setOnCancel([this] {
-        if (m_store.showCapture())
-            m_store.cancelCapture();
+        if (m_store.sheets.showCapture())
+            m_store.setup.cancelCapture();
     });
-    m_observations.watch([this] { showNewName(); }, store.draftProjectID, store.projects);
-    m_observations.watch([this] { showKind(); }, store.pendingRecording);
-    m_observations.watch([this] { showState(); }, store.busy, store.savingForm, store.pendingRecording,
-                         store.screenAccessGranted, store.screenAccessReason, store.permissionRequestSent,
-                         store.requestingAccess, store.restartingApp);
-    m_observations.watch([this] { showMessages(); }, store.captureIssue, store.screenAccessReason);
+    m_observations.watch([this] { showNewName(); }, store.drafts.draftProjectID, store.library.projects);
+    m_observations.watch([this] { showKind(); }, store.drafts.pendingRecording);
+    m_observations.watch([this] { showState(); }, store.operations.busy, store.form.savingForm,
+                         store.drafts.pendingRecording, store.screenAccess.screenAccessGranted,
+                         store.screenAccess.screenAccessReason, store.screenAccess.permissionRequestSent,
+                         store.screenAccess.requestingAccess, store.screenAccess.restartingApp);
+    m_observations.watch([this] { showMessages(); }, store.messages.captureIssue,
+                         store.screenAccess.screenAccessReason);
     setFirstFocus(m_newName->isHidden() ? m_title : m_name);
 }
 
@@ -134,7 +146,7 @@ QWidget *CaptureSheet::makeMessages()
 
 bool CaptureSheet::needsSetup() const
 {
-    return !m_store.screenAccessGranted() && !m_store.screenAccessReason();
+    return !m_store.screenAccess.screenAccessGranted() && !m_store.screenAccess.screenAccessReason();
 }
 
 void CaptureSheet::showNewName()
@@ -144,7 +156,7 @@ void CaptureSheet::showNewName()
 
 void CaptureSheet::showKind()
 {
-    const bool isSession = m_store.pendingRecording();
+    const bool isSession = m_store.drafts.pendingRecording();
     m_heading->setText(isSession ? tr("Record a work session.") : tr("Save a checkpoint."));
     m_lead->setText(isSession ? tr("Record your main display while you work. Stop & save checkpoint finishes the "
                                    "video and captures your workspace.")
@@ -155,34 +167,36 @@ void CaptureSheet::showKind()
 
 QString CaptureSheet::primaryText() const
 {
-    const bool isSession = m_store.pendingRecording();
-    if (m_store.savingForm())
+    const bool isSession = m_store.drafts.pendingRecording();
+    if (m_store.form.savingForm())
         return isSession ? tr("Starting session…") : tr("Saving checkpoint…");
     if (!needsSetup())
         return isSession ? tr("Start session") : tr("Save checkpoint");
-    return m_store.permissionRequestSent() ? tr("Open Screen Settings…") : tr("Allow screen access…");
+    return m_store.screenAccess.permissionRequestSent() ? tr("Open Screen Settings…") : tr("Allow screen access…");
 }
 
 void CaptureSheet::showState()
 {
-    const bool isIdle = !m_store.savingForm() && !m_store.restartingApp() && !m_store.requestingAccess();
+    const bool isIdle =
+        !m_store.form.savingForm() && !m_store.screenAccess.restartingApp() && !m_store.screenAccess.requestingAccess();
     m_setup->setVisible(needsSetup());
     setFixedWidth(formWidth + 56 + (needsSetup() ? columnGap + setupWidth : 0));
     m_form->setEnabled(isIdle);
     m_cancel->setEnabled(isIdle);
     m_primary->setText(primaryText());
     m_primary->updateGeometry();
-    m_primary->setEnabled(isIdle && !m_store.busy() && !m_store.screenAccessReason());
+    m_primary->setEnabled(isIdle && !m_store.operations.busy() && !m_store.screenAccess.screenAccessReason());
 }
 
 void CaptureSheet::showMessages()
 {
-    m_hopelessRow->setVisible(m_store.screenAccessReason().has_value());
-    m_hopeless->setText(m_store.screenAccessReason().value_or(QString()));
-    const bool isNews = m_store.captureIssue() && m_store.captureIssue() != m_store.screenAccessReason();
+    m_hopelessRow->setVisible(m_store.screenAccess.screenAccessReason().has_value());
+    m_hopeless->setText(m_store.screenAccess.screenAccessReason().value_or(QString()));
+    const bool isNews =
+        m_store.messages.captureIssue() && m_store.messages.captureIssue() != m_store.screenAccess.screenAccessReason();
     m_issue->setVisible(isNews);
-    m_issue->setText(isNews ? tr("Capture status: %1").arg(*m_store.captureIssue()) : QString());
-    m_issue->parentWidget()->setVisible(isNews || m_store.screenAccessReason());
+    m_issue->setText(isNews ? tr("Capture status: %1").arg(*m_store.messages.captureIssue()) : QString());
+    m_issue->parentWidget()->setVisible(isNews || m_store.screenAccess.screenAccessReason());
     QAccessibleEvent said(m_issue, QAccessible::Alert);
     if (isNews)
         QAccessible::updateAccessibility(&said);
@@ -199,12 +213,12 @@ void CaptureSheet::keyPressEvent(QKeyEvent *event)
 void CaptureSheet::carryOut()
 {
     if (!needsSetup()) {
-        m_store.captureMoment(m_store.draftTitle(), m_store.draftNext(),
-                              m_store.pendingRecording() ? CaptureKind::Session : CaptureKind::Checkpoint);
-    } else if (m_store.permissionRequestSent()) {
-        m_store.openScreenSettings();
+        m_store.form.captureMoment(m_store.drafts.draftTitle(), m_store.drafts.draftNext(),
+                                   m_store.drafts.pendingRecording() ? CaptureKind::Session : CaptureKind::Checkpoint);
+    } else if (m_store.screenAccess.permissionRequestSent()) {
+        m_store.screenAccess.openScreenSettings();
     } else {
-        m_store.requestScreenAccess();
+        m_store.screenAccess.requestScreenAccess();
     }
 }
 

@@ -3,7 +3,7 @@
 
 #include "capture/RestorePlan.h"
 #include "model/WorkspaceRecords.h"
-#include "store/AppState.h"
+#include "store/ResumeFlow.h"
 #include "ui/theme/AppTheme.h"
 
 #include <QAbstractListModel>

@@ -30,11 +30,12 @@ ScreenAccessSetup::ScreenAccessSetup(AppStore &store)
                                                TextStyle::Body, Role::AmberText)));
     column->addWidget(makeSteps());
     column->addWidget(makeScreenAccessExplanation());
-    connect(m_allow, &QAbstractButton::clicked, this, [this] { m_store.requestScreenAccess(); });
-    connect(m_check, &QAbstractButton::clicked, this, [this] { m_store.verifyAccessNow(); });
-    connect(m_restart, &QAbstractButton::clicked, this, [this] { m_store.restartForPermission(); });
-    m_observations.watch([this] { showProgress(); }, store.requestingAccess, store.permissionRequestSent,
-                         store.restartingApp, store.busy, store.recording);
+    connect(m_allow, &QAbstractButton::clicked, this, [this] { m_store.screenAccess.requestScreenAccess(); });
+    connect(m_check, &QAbstractButton::clicked, this, [this] { m_store.screenAccess.verifyAccessNow(); });
+    connect(m_restart, &QAbstractButton::clicked, this, [this] { m_store.screenAccess.restartForPermission(); });
+    m_observations.watch([this] { showProgress(); }, store.screenAccess.requestingAccess,
+                         store.screenAccess.permissionRequestSent, store.screenAccess.restartingApp,
+                         store.operations.busy, store.recorder.recording);
 }
 
 QWidget *ScreenAccessSetup::makeSteps()
@@ -59,7 +60,7 @@ QWidget *ScreenAccessSetup::makeButtons()
     auto *column = makeColumn(8, buttons);
     auto *row = makeRow(8);
     auto *settings = new Button(tr("Open Settings"));
-    connect(settings, &QAbstractButton::clicked, this, [this] { m_store.openScreenSettings(); });
+    connect(settings, &QAbstractButton::clicked, this, [this] { m_store.screenAccess.openScreenSettings(); });
     row->addWidget(m_allow);
     row->addWidget(settings);
     row->addStretch();
@@ -79,10 +80,10 @@ QWidget *ScreenAccessSetup::makeRestart()
 
 void ScreenAccessSetup::showProgress()
 {
-    const bool isUnderWay = m_store.requestingAccess() || m_store.restartingApp();
-    m_allow->setEnabled(!isUnderWay && !m_store.permissionRequestSent());
+    const bool isUnderWay = m_store.screenAccess.requestingAccess() || m_store.screenAccess.restartingApp();
+    m_allow->setEnabled(!isUnderWay && !m_store.screenAccess.permissionRequestSent());
     m_check->setEnabled(!isUnderWay);
-    m_restart->setEnabled(!isUnderWay && !m_store.busy() && !m_store.recording());
+    m_restart->setEnabled(!isUnderWay && !m_store.operations.busy() && !m_store.recorder.recording());
 }
 
 QWidget *makeScreenAccessExplanation()

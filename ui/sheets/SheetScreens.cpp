@@ -11,9 +11,9 @@ namespace ardeno {
 void addSheetScreens(Screens &screens)
 {
     screens.capture = [](AppStore &store) { return new CaptureSheet(store); };
-    screens.restore = [](AppStore &store) { return new RestoreSheet(store, *store.selected()); };
+    screens.restore = [](AppStore &store) { return new RestoreSheet(store, *store.navigation.selected()); };
     screens.workspaceItems = [](AppStore &store, const QUuid &id) { return new WorkspaceItemsView(store, id); };
-    screens.stopRecording = [](AppStore &store) { store.stop(); };
+    screens.stopRecording = [](AppStore &store) { store.sessions.stop(); };
 }
 
 } // namespace ardeno

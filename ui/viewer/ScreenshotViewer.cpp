@@ -48,9 +48,9 @@ ScreenshotViewer::ScreenshotViewer(const QString &path)
 void ScreenshotViewer::closeWithout(const AppStore &store)
 {
     const auto isNamed = [this, &store] {
-        const QList<Checkpoint> &all = store.checkpoints();
+        const QList<Checkpoint> &all = store.library.checkpoints();
         return std::any_of(all.begin(), all.end(), [&](const Checkpoint &checkpoint) {
-            return checkpoint.screenshot && store.screenshotFile(checkpoint).value_or(QString()) == m_path;
+            return checkpoint.screenshot && store.media.screenshotFile(checkpoint).value_or(QString()) == m_path;
         });
     };
     const auto look = [this, isNamed] {
@@ -58,7 +58,7 @@ void ScreenshotViewer::closeWithout(const AppStore &store)
             close();
     };
     m_observations = std::make_unique<Observations>();
-    m_observations->watch(look, store.checkpoints);
+    m_observations->watch(look, store.library.checkpoints);
 }
 
 QWidget *ScreenshotViewer::makeToolbar()

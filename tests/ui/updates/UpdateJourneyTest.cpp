@@ -31,7 +31,7 @@ struct UpdateJourney : WindowFixture {
     void checkNow()
     {
         click("Check for updates");
-        REQUIRE(eventually([this] { return !store().checkingForUpdates(); }));
+        REQUIRE(eventually([this] { return !store().updates.checkingForUpdates(); }));
     }
 };
 
@@ -42,8 +42,8 @@ TEST_CASE_FIXTURE(UpdateJourney, "an offered version shows its banner and detail
     offer(R"({"latestVersion": "0.2.0", "releaseNotes": ["Resuming is faster", "Windows return to every display"],
               "downloadURL": "https://example.org/download"})");
     openWindow();
-    store().createProject("Thesis");
-    store().checkForUpdates(Force::No);
+    store().projects.createProject("Thesis");
+    store().updates.checkForUpdates(Force::No);
     REQUIRE(eventually([this] { return seesText("Ardeno 0.2.0 is available."); }));
     bothPictures("update-banner");
     click(u"See what’s new"_qs);
@@ -76,7 +76,7 @@ TEST_CASE_FIXTURE(UpdateJourney, "what a manifest says is never more than text i
     window->resize(960, 690);
     click("Settings");
     checkNow();
-    REQUIRE(store().availableUpdate());
+    REQUIRE(store().updates.availableUpdate());
     CHECK_FALSE(findButton("Download update")); // It leads to no secure page.
     CHECK(window->width() == 960);
     picture("preferences-endless-version");

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/Updates.h"
+
 #include "services/Endpoints.h"
 #include "services/UpdateVersion.h"
-#include "store/AppStore.h"
 #include "store/PreferenceKeys.h"
 
 namespace ardeno {
@@ -19,44 +20,27 @@ bool wasRecent(const std::optional<QDateTime> &last)
 
 } // namespace
 
-bool AppStore::openMail(const QUrl &address)
+Updates::Updates(Preferences &preferences, Fetch fetch)
+    : m_preferences(preferences), m_fetch(std::move(fetch)), m_lastUpdateCheck(preferences.value(keys::lastUpdateCheck))
 {
-    return m_desktop.mailProgram->openDraft(address);
 }
 
-QString AppStore::currentAppVersion()
+QString Updates::currentAppVersion()
 {
     const QString version = ApplicationBundle::current().version;
     return version.isEmpty() ? u"0.1.0"_qs : version;
 }
 
-QCoro::Task<Outcome> AppStore::showFile(QString path)
+QCoro::Task<void> Updates::checkForUpdates(Force force)
 {
-    return carryOut(reveal(std::move(path)));
-}
-
-QCoro::Task<Outcome> AppStore::reveal(QString path)
-{
-    Outcome outcome{.subject = "show file"};
-    try {
-        co_await m_desktop.launcher->reveal(path);
-        outcome.isDone = true;
-    } catch (...) {
-        outcome.fail(tr("Could not show the file: ") + Failure::current().description());
-    }
-    co_return outcome;
-}
-
-QCoro::Task<void> AppStore::checkForUpdates(Force force)
-{
-    if (!m_fetchUpdate || checkingForUpdates() || (force == Force::No && wasRecent(m_lastUpdateCheck)))
+    if (!m_fetch || checkingForUpdates() || (force == Force::No && wasRecent(m_lastUpdateCheck)))
         co_return;
     checkingForUpdates.set(true);
     updateAnswer.set(std::nullopt);
-    const std::weak_ptr<bool> life = m_life; // The answer may come after the store has gone.
+    const std::weak_ptr<bool> life = m_life; // The answer may come after this object has gone.
     std::optional<AppUpdateManifest> manifest;
     try {
-        manifest = co_await m_fetchUpdate();
+        manifest = co_await m_fetch();
     } catch (...) {
         // As silent as every other failure of a check.
     }
@@ -72,6 +56,11 @@ QCoro::Task<void> AppStore::checkForUpdates(Force force)
     checkingForUpdates.set(false);
     m_lastUpdateCheck = QDateTime::currentDateTimeUtc();
     m_preferences.setValue(keys::lastUpdateCheck, *m_lastUpdateCheck);
+}
+
+void Updates::dismissUpdate()
+{
+    availableUpdate.set(std::nullopt);
 }
 
 } // namespace ardeno

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "capture/WorkspaceCapture.h"
-#include "store/AppStore.h"
+#include "store/ExclusionRules.h"
+
+#include "json/Json.h"
 #include "store/PreferenceKeys.h"
 #include "store/Subjects.h"
-#include "support/Text.h"
-#include "json/Json.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace ardeno {
 
@@ -23,8 +21,26 @@ QList<ApplicationMarks> knownMarks(const QString &appID, const QList<Application
 
 } // namespace
 
+ExclusionRules::ExclusionRules(Operations &operations, Messages &messages, Preferences &preferences, Desktop &desktop,
+                               const SessionRecorder &recorder)
+    : m_operations(operations),
+      m_messages(messages),
+      m_preferences(preferences),
+      m_desktop(desktop),
+      m_recorder(recorder),
+      m_exclusionsFile(preferences.folder())
+{
+}
+
+void ExclusionRules::start()
+{
+    takeOver();
+    if (!readExclusions())
+        m_messages.report(*exclusionsIssue(), subjects::exclusions);
+}
+
 // Where they stood before they had a file of their own: they go there with the first start that finds them.
-void AppStore::takeOverExclusions()
+void ExclusionRules::takeOver()
 {
     const bool isStored = m_preferences.contains(keys::captureExclusions.name);
     try {
@@ -39,7 +55,7 @@ void AppStore::takeOverExclusions()
     }
 }
 
-StoredExclusions AppStore::storedExclusions()
+StoredExclusions ExclusionRules::storedExclusions()
 {
     if (const std::optional<StoredExclusions> stored = m_exclusionsFile.read())
         return *stored;
@@ -50,13 +66,13 @@ StoredExclusions AppStore::storedExclusions()
     return {};
 }
 
-std::optional<StoredExclusions> AppStore::readExclusions()
+std::optional<StoredExclusions> ExclusionRules::readExclusions()
 {
     try {
         const StoredExclusions stored = storedExclusions();
         enforce(stored);
         exclusionsIssue.set(std::nullopt);
-        resolve(subjects::exclusions); // That they could not be.
+        m_messages.resolve(subjects::exclusions); // That they could not be.
         return stored;
     } catch (const Failure &failure) {
         exclusionsIssue.set(
@@ -68,14 +84,15 @@ std::optional<StoredExclusions> AppStore::readExclusions()
     }
 }
 
-void AppStore::enforce(const StoredExclusions &stored)
+void ExclusionRules::enforce(const StoredExclusions &stored)
 {
     const CaptureExclusions rules = stored.rules();
     m_desktop.workspace->setExcluded(rules.appIDs(), stored.marks.value_or(QList<ApplicationMarks>()));
     exclusions.set(rules);
 }
 
-QList<ApplicationMarks> AppStore::marksOf(const QList<SavedApp> &apps, const QList<ApplicationMarks> &earlier) const
+QList<ApplicationMarks> ExclusionRules::marksOf(const QList<SavedApp> &apps,
+                                                const QList<ApplicationMarks> &earlier) const
 {
     QList<ApplicationMarks> marks;
     for (const SavedApp &app : apps) {
@@ -88,7 +105,7 @@ QList<ApplicationMarks> AppStore::marksOf(const QList<SavedApp> &apps, const QLi
 }
 
 // Who is excluded again need not be installed any more.
-void AppStore::keepMarks(const QList<ApplicationMarks> &marks)
+void ExclusionRules::keepMarks(const QList<ApplicationMarks> &marks)
 {
     for (const ApplicationMarks &known : marks) {
         m_formerMarks.removeIf([&](const ApplicationMarks &other) { return other.id == known.id; });
@@ -96,7 +113,7 @@ void AppStore::keepMarks(const QList<ApplicationMarks> &marks)
     }
 }
 
-void AppStore::writeExclusions(const CaptureExclusions &rules, const QList<ApplicationMarks> &earlier)
+void ExclusionRules::writeExclusions(const CaptureExclusions &rules, const QList<ApplicationMarks> &earlier)
 {
     keepMarks(earlier);
     const StoredExclusions stored{rules.apps, rules.domains, marksOf(rules.apps, earlier)};
@@ -104,7 +121,7 @@ void AppStore::writeExclusions(const CaptureExclusions &rules, const QList<Appli
     enforce(stored);
 }
 
-std::optional<QString> AppStore::exclusionsObstacle()
+std::optional<QString> ExclusionRules::exclusionsObstacle()
 {
     const std::optional<StoredExclusions> stored = readExclusions();
     if (!stored)
@@ -119,7 +136,7 @@ std::optional<QString> AppStore::exclusionsObstacle()
     return std::nullopt;
 }
 
-Outcome AppStore::excludeApp(const SavedApp &app, Audience audience)
+Outcome ExclusionRules::excludeApp(const SavedApp &app, Audience audience)
 {
     const auto exclude = [&](CaptureExclusions &changed) {
         changed.apps.removeIf([&](const SavedApp &existing) { return existing.id == app.id; });
@@ -133,11 +150,11 @@ Outcome AppStore::excludeApp(const SavedApp &app, Audience audience)
                         "at a picture before you rely on its being left out.")
                          .arg(app.name),
          .subject = subjects::exclusions});
-    return concluded(std::move(outcome), audience);
+    return m_operations.concluded(std::move(outcome), audience);
 }
 
 // Its windows may be other ones than anybody can tell, or it has none now.
-bool AppStore::runsUnseen(const QString &appID) const
+bool ExclusionRules::runsUnseen(const QString &appID) const
 {
     Workspace &workspace = *m_desktop.workspace;
     if (!workspace.isProgramRunning(appID))
@@ -147,7 +164,7 @@ bool AppStore::runsUnseen(const QString &appID) const
                         [&](const RunningApplication &application) { return application.id == appID; });
 }
 
-Outcome AppStore::allowApp(const QString &id, Audience audience)
+Outcome ExclusionRules::allowApp(const QString &id, Audience audience)
 {
     const auto allow = [&](CaptureExclusions &changed) {
         changed.apps.removeIf([&](const SavedApp &existing) { return existing.id == id; });
@@ -155,7 +172,7 @@ Outcome AppStore::allowApp(const QString &id, Audience audience)
     return changeExclusions(allow, audience);
 }
 
-Outcome AppStore::excludeDomain(const QString &text, Audience audience)
+Outcome ExclusionRules::excludeDomain(const QString &text, Audience audience)
 {
     const std::optional<QString> domain = CaptureExclusions::domainFrom(text);
     if (!domain)
@@ -167,17 +184,17 @@ Outcome AppStore::excludeDomain(const QString &text, Audience audience)
     return changeExclusions(exclude, audience);
 }
 
-Outcome AppStore::allowDomain(const QString &domain, Audience audience)
+Outcome ExclusionRules::allowDomain(const QString &domain, Audience audience)
 {
     return changeExclusions([&](CaptureExclusions &changed) { changed.domains.removeAll(domain); }, audience);
 }
 
-Outcome AppStore::startExclusionsOver(Audience audience)
+Outcome ExclusionRules::startExclusionsOver(Audience audience)
 {
     Outcome outcome{.subject = subjects::exclusions};
     if (readExclusions()) {
         outcome.fail(tr("Your capture exclusions can be read. They stay as they are."));
-        return concluded(std::move(outcome), audience);
+        return m_operations.concluded(std::move(outcome), audience);
     }
     try {
         const std::optional<QString> kept = m_exclusionsFile.moveAside();
@@ -192,42 +209,21 @@ Outcome AppStore::startExclusionsOver(Audience audience)
     } catch (const Failure &failure) {
         outcome.fail(tr("Could not save the exclusions: ") + failure.description());
     }
-    return concluded(std::move(outcome), audience);
+    return m_operations.concluded(std::move(outcome), audience);
 }
 
-QList<SavedApp> AppStore::runningApps() const
-{
-    return WorkspaceCapture::applications(*m_desktop.workspace, m_desktop.roles, exclusions().appIDs());
-}
-
-QList<InstalledApplication> AppStore::installedApps() const
-{
-    QList<InstalledApplication> apps = m_desktop.workspace->installedApplications();
-    apps.removeIf([&](const InstalledApplication &app) { return app.id.isEmpty() || app.id == m_desktop.roles.ownID; });
-    for (InstalledApplication &app : apps) {
-        app.name = app.name.simplified();
-        if (app.name.isEmpty())
-            app.name = app.id;
-    }
-    const NameOrder isBefore;
-    std::stable_sort(apps.begin(), apps.end(), [&](const InstalledApplication &a, const InstalledApplication &b) {
-        return isBefore(a.name, b.name);
-    });
-    return apps;
-}
-
-Outcome AppStore::changeExclusions(const std::function<void(CaptureExclusions &)> &change, Audience audience)
+Outcome ExclusionRules::changeExclusions(const std::function<void(CaptureExclusions &)> &change, Audience audience)
 {
     Outcome outcome{.subject = subjects::exclusions};
-    if (m_active) {
+    if (m_recorder.active()) {
         outcome.subject = subjects::whileRecording;
         outcome.fail(tr("Finish the recording before changing exclusions."));
-        return concluded(std::move(outcome), audience);
+        return m_operations.concluded(std::move(outcome), audience);
     }
     const std::optional<StoredExclusions> stored = readExclusions();
     if (!stored) {
         outcome.fail(*exclusionsIssue());
-        return concluded(std::move(outcome), audience);
+        return m_operations.concluded(std::move(outcome), audience);
     }
     CaptureExclusions changed = stored->rules();
     change(changed);
@@ -237,7 +233,7 @@ Outcome AppStore::changeExclusions(const std::function<void(CaptureExclusions &)
     } catch (const Failure &failure) {
         outcome.fail(tr("Could not save the exclusions: ") + failure.description());
     }
-    return concluded(std::move(outcome), audience);
+    return m_operations.concluded(std::move(outcome), audience);
 }
 
 } // namespace ardeno
