@@ -2,7 +2,6 @@
 #include "app/Application.h"
 
 #include "app/CommandLine.h"
-#include "app/Output.h"
 #include "platform/MakeDesktop.h"
 
 #include <QCoreApplication>
@@ -25,6 +24,15 @@ StoreParts applicationParts(StoreParts parts, const OpenedLibrary &library, Libr
     return parts;
 }
 
+// Carries out a command line for another process.
+QCoro::Task<CommandAnswer> answerCommand(const CommandHost &host, const Caller &caller, QStringList arguments)
+{
+    KeptOutput written;
+    CommandContext context{.out = written, .host = &host, .caller = &caller};
+    const ExitStatus status = co_await runCommandLine(context, arguments);
+    co_return CommandAnswer{static_cast<int>(status), written.results(), written.errors()};
+}
+
 } // namespace
 
 OpenedLibrary openLibrary()
@@ -42,15 +50,22 @@ OpenedLibrary openLibrary()
     return opened;
 }
 
-Application::Application(OpenedLibrary library, BusService &bus, ApplicationActions actions, StoreParts parts)
+Application::Application(OpenedLibrary library, BusService &bus, std::function<void()> quickSave, StoreParts parts)
     : m_bus(bus),
       m_lock(std::move(library.lock)),
       m_desktop(makeDesktop()),
       m_store(m_desktop, applicationParts(std::move(parts), library, m_lock)),
-      m_shared(m_store, std::move(actions))
+      m_host{m_store, std::move(quickSave)}
 {
     m_observations.watch([this] { m_desktop.screenCapture->prepareExclusion(m_store.rules.exclusions().appIDs()); },
                          m_store.rules.exclusions);
+}
+
+void Application::serveCommands()
+{
+    m_bus.serveCommands([this](const Caller &caller, const QStringList &arguments) {
+        return answerCommand(m_host, caller, arguments);
+    });
 }
 
 void Application::end()
@@ -69,13 +84,6 @@ void Application::endWhenIdle()
         m_store.sessions.stop();
     else
         m_bus.finishWith([] { QCoreApplication::exit(0); });
-}
-
-CommandAnswer answerCommand(const QStringList &arguments)
-{
-    OutputCapture written;
-    const ExitStatus status = runCommandLine(arguments);
-    return {static_cast<int>(status), written.output(), written.errors()};
 }
 
 } // namespace ardeno

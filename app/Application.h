@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/BusService.h"
-#include "app/StoreAccess.h"
+#include "app/CommandStore.h"
 #include "model/LibraryLock.h"
 #include "store/AppStore.h"
 
@@ -25,12 +25,15 @@ OpenedLibrary openLibrary();
 // The application, with or without windows: it holds the library, has the one store and carries out commands.
 class Application final {
 public:
-    // The actions of the commands are those of this program, not of the store; the parts are but for the library.
-    Application(OpenedLibrary library, BusService &bus, ApplicationActions actions = {}, StoreParts parts = {});
+    // The parts are but for the library. Without a display there is no quick-save panel to open.
+    Application(OpenedLibrary library, BusService &bus, std::function<void()> quickSave = {}, StoreParts parts = {});
 
     AppStore &store() { return m_store; }
 
     Desktop &desktop() { return m_desktop; }
+
+    // From now on.
+    void serveCommands();
 
     // Lets what is being done come to its end, saves a session in progress, then leaves the event loop.
     void end();
@@ -42,12 +45,9 @@ private:
     LibraryLock m_lock;
     Desktop m_desktop;
     AppStore m_store;
-    ApplicationStore m_shared;
+    CommandHost m_host;
     bool m_isEnding = false;
     Observations m_observations;
 };
-
-// Carries out a command line for another process.
-CommandAnswer answerCommand(const QStringList &arguments);
 
 } // namespace ardeno

@@ -4,7 +4,6 @@
 #include "app/Application.h"
 #include "app/BusClient.h"
 #include "app/EndRequest.h"
-#include "app/Output.h"
 
 #include <QCoreApplication>
 
@@ -18,33 +17,33 @@ bool hasApplication()
     return holder && holder->kind == LibraryLock::Kind::Application;
 }
 
-ExitStatus serve(const QDBusConnection &connection)
+ExitStatus serve(Output &out, const QDBusConnection &connection)
 {
     BusService bus(connection);
-    if (!bus.begin({.run = answerCommand})) {
+    if (!bus.begin({})) {
         BusClient::refuseStranger();
         return ExitStatus::Done; // Another application has just been quicker.
     }
     Application application(openLibrary(), bus);
-    reportAtStart(application.store());
+    reportAtStart(out, application.store());
     const EndRequest request(connection, [&application] { application.end(); });
-    bus.serveCommands();
+    application.serveCommands();
     QCoreApplication::exec();
     return ExitStatus::Done;
 }
 
 } // namespace
 
-ExitStatus runBackground()
+ExitStatus runBackground(Output &out)
 {
     try {
         const QDBusConnection connection = QDBusConnection::sessionBus();
         if (!connection.isConnected())
             throw notAvailable("There is no session bus, over which Ardeno could serve commands.");
         // It serves as well.
-        return hasApplication() ? ExitStatus::Done : serve(connection);
+        return hasApplication() ? ExitStatus::Done : serve(out, connection);
     } catch (const Failure &failure) {
-        return report(failure);
+        return report(out, failure);
     }
 }
 

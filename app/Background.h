@@ -7,6 +7,6 @@ namespace ardeno {
 
 // The application where there is no display: holds the library and serves commands over the session bus until it is
 // asked to end or the session ends.
-ExitStatus runBackground();
+ExitStatus runBackground(Output &out);
 
 } // namespace ardeno

@@ -3,7 +3,6 @@
 
 #include "app/BusNames.h"
 #include "app/BusRequest.h"
-#include "app/Output.h"
 #include "desktop/Capability.h"
 #include "model/CheckpointRepository.h"
 #include "model/LibraryLock.h"
@@ -78,18 +77,21 @@ std::optional<Holder> reachableApplication(const QDBusConnection &connection)
 
 } // namespace
 
-std::optional<ExitStatus> BusClient::run(const QStringList &arguments)
+QCoro::Task<std::optional<ExitStatus>> BusClient::run(Output &out, QStringList arguments)
 {
     if (!application())
-        return std::nullopt;
+        co_return std::nullopt;
     const QDBusConnection connection = QDBusConnection::sessionBus();
     if (!connection.isConnected())
-        return std::nullopt;
+        co_return std::nullopt;
     const std::optional<Holder> running = reachableApplication(connection);
-    return running ? std::optional(BusRequest(connection, *running).run(arguments)) : std::nullopt;
+    if (!running)
+        co_return std::nullopt;
+    BusRequest request(connection, *running);
+    co_return co_await request.run(out, arguments);
 }
 
-std::optional<ExitStatus> BusClient::showWindow()
+std::optional<ExitStatus> BusClient::showWindow(Output &out)
 {
     QDBusMessage call = QDBusMessage::createMethodCall(bus::service, bus::path, bus::application, "Activate");
     call << QVariantMap();
@@ -99,7 +101,7 @@ std::optional<ExitStatus> BusClient::showWindow()
         return ExitStatus::Done;
     if (reply.errorName() != bus::refusal)
         return std::nullopt;
-    printError(reply.errorMessage());
+    out.printError(reply.errorMessage());
     return ExitStatus::NotAvailable;
 }
 

@@ -3,10 +3,10 @@
 
 #include "app/BusNames.h"
 #include "app/EndSignals.h"
-#include "app/Output.h"
 #include "platform/linux/running/ProcessFacts.h"
 #include "support/Failure.h"
 
+#include <QCoroFuture>
 #include <QDBusPendingCallWatcher>
 #include <QDBusUnixFileDescriptor>
 #include <QTimer>
@@ -34,20 +34,20 @@ BusRequest::~BusRequest()
     m_connection.unregisterObject(bus::path);
 }
 
-ExitStatus BusRequest::run(const QStringList &arguments)
+QCoro::Task<ExitStatus> BusRequest::run(Output &out, QStringList arguments)
 {
     QDBusMessage call = QDBusMessage::createMethodCall(bus::service, bus::path, bus::commandLine, "Execute");
     call.setArguments({arguments});
     call.setAutoStartService(false);
-    const QDBusMessage reply = waitForAnswer(call);
+    const QDBusMessage reply = co_await waitForAnswer(call);
     if (m_givenUp.isEmpty() || reply.type() == QDBusMessage::ReplyMessage)
-        return printAnswer(reply);
+        co_return printAnswer(out, reply);
     const QString rest =
         m_hasBegun ? u"It had begun with the command and may still complete it."_qs : u"Nothing was done."_qs;
     throw Failure("Command", 5, m_givenUp + ' ' + rest);
 }
 
-QDBusMessage BusRequest::waitForAnswer(const QDBusMessage &call)
+QCoro::Task<QDBusMessage> BusRequest::waitForAnswer(QDBusMessage call)
 {
     // The next signal ends the process at once, which takes back what was not begun.
     const EndSignals interruption(EndSignals::Again::EndAtOnce, [this] {
@@ -57,16 +57,18 @@ QDBusMessage BusRequest::waitForAnswer(const QDBusMessage &call)
     QObject::connect(&pulse, &QTimer::timeout, this, &BusRequest::listen);
     pulse.start(interval);
     m_silence.start();
+    m_end.start();
     QDBusPendingCallWatcher answer(m_connection.asyncCall(call, std::numeric_limits<int>::max()));
-    QObject::connect(&answer, &QDBusPendingCallWatcher::finished, &m_waiting, &QEventLoop::quit);
-    m_waiting.exec();
-    return answer.isFinished() ? answer.reply() : QDBusMessage();
+    QObject::connect(&answer, &QDBusPendingCallWatcher::finished, this, [this] { m_end.finish(); });
+    const QFuture<void> end = m_end.future();
+    co_await end;
+    co_return answer.isFinished() ? answer.reply() : QDBusMessage();
 }
 
 void BusRequest::giveUp(const QString &reason)
 {
     m_givenUp = reason;
-    m_waiting.quit();
+    m_end.finish();
 }
 
 // The bus library answers on a thread of its own, so that an application that is busy is heard.
@@ -107,7 +109,7 @@ bool BusRequest::handleMessage(const QDBusMessage &message, const QDBusConnectio
     return true;
 }
 
-ExitStatus BusRequest::printAnswer(const QDBusMessage &reply) const
+ExitStatus BusRequest::printAnswer(Output &out, const QDBusMessage &reply) const
 {
     if (reply.errorName() == bus::ending)
         throw Failure("Command", 5, reply.errorMessage());
@@ -117,7 +119,7 @@ ExitStatus BusRequest::printAnswer(const QDBusMessage &reply) const
     }
     const auto output = reply.arguments()[1].value<QDBusUnixFileDescriptor>();
     const auto errors = reply.arguments()[2].value<QDBusUnixFileDescriptor>();
-    printFiles(output.fileDescriptor(), errors.fileDescriptor());
+    out.printFiles(output.fileDescriptor(), errors.fileDescriptor());
     return static_cast<ExitStatus>(reply.arguments()[0].toInt());
 }
 

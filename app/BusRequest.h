@@ -8,7 +8,7 @@
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QElapsedTimer>
-#include <QEventLoop>
+#include <QPromise>
 
 namespace ardeno {
 
@@ -20,22 +20,22 @@ public:
     ~BusRequest() override;
 
     // Prints what the command wrote. Throws Failure when there is no answer.
-    ExitStatus run(const QStringList &arguments);
+    QCoro::Task<ExitStatus> run(Output &out, QStringList arguments);
 
     QString introspect(const QString &path) const override;
     // Whether the command is still wanted.
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
 
 private:
-    QDBusMessage waitForAnswer(const QDBusMessage &call);
+    QCoro::Task<QDBusMessage> waitForAnswer(QDBusMessage call);
     void giveUp(const QString &reason);
     void listen();
     void judgeSilence();
-    ExitStatus printAnswer(const QDBusMessage &reply) const;
+    ExitStatus printAnswer(Output &out, const QDBusMessage &reply) const;
 
     QDBusConnection m_connection;
     LibraryLock::Holder m_application;
-    QEventLoop m_waiting;
+    QPromise<void> m_end; // Of the waiting.
     QElapsedTimer m_silence;
     bool m_hasBegun = false;
     QString m_givenUp = {}; // Why; empty: the command is wanted.

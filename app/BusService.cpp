@@ -44,6 +44,12 @@ QVariant fileWith(const QByteArray &bytes)
     return QVariant::fromValue(QDBusUnixFileDescriptor(file.number()));
 }
 
+QCoro::Task<void> carriedOut(std::function<void()> action)
+{
+    action();
+    co_return;
+}
+
 } // namespace
 
 BusService::BusService(const QDBusConnection &connection) : m_connection(connection) {}
@@ -55,9 +61,9 @@ bool BusService::begin(Actions actions)
     return m_connection.registerVirtualObject(bus::path, this) && m_connection.registerService(bus::service);
 }
 
-void BusService::serveCommands()
+void BusService::serveCommands(Run run)
 {
-    m_isServing = true;
+    m_run = std::move(run);
     schedule();
 }
 
@@ -73,7 +79,7 @@ void BusService::finishWith(const std::function<void()> &last)
     if (std::exchange(m_isFinishing, true))
         return;
     refuseCommands();
-    enqueue({.carryOut = last});
+    enqueue({.carryOut = [last] { return carriedOut(last); }});
 }
 
 QString BusService::introspect(const QString &) const
@@ -101,7 +107,8 @@ bool BusService::handleMessage(const QDBusMessage &message, const QDBusConnectio
     else if (m_isRefusing)
         refuse(message);
     else
-        enqueue({.carryOut = [this, message] { carryOut(message); }, .refuse = [this, message] { refuse(message); }});
+        enqueue({.carryOut = [this, message] { return carryOut(message); },
+                 .refuse = [this, message] { refuse(message); }});
     return true;
 }
 
@@ -120,7 +127,7 @@ bool BusService::handleApplication(const QDBusMessage &message)
     }
     // What shows something does not wait for a command.
     if (wanted == &m_actions.stopRecording)
-        enqueue({.carryOut = *wanted});
+        enqueue({.carryOut = [action = *wanted] { return carriedOut(action); }});
     else
         QMetaObject::invokeMethod(this, *wanted, Qt::QueuedConnection);
     m_connection.send(message.createReply());
@@ -138,12 +145,13 @@ const std::function<void()> *BusService::action(const QDBusMessage &message) con
     return found && *found ? found : nullptr;
 }
 
-void BusService::carryOut(const QDBusMessage &message)
+QCoro::Task<void> BusService::carryOut(QDBusMessage message)
 {
     const Caller caller(m_connection, message.service());
     if (!caller.isThere())
-        return;
-    const CommandAnswer answer = m_actions.run(message.arguments().value(0).toStringList());
+        co_return;
+    const QStringList arguments = message.arguments().value(0).toStringList();
+    const CommandAnswer answer = co_await m_run(caller, arguments);
     try {
         m_connection.send(message.createReply({answer.status, fileWith(answer.output), fileWith(answer.errors)}));
     } catch (const Failure &failure) {
@@ -167,12 +175,12 @@ void BusService::schedule()
     QMetaObject::invokeMethod(this, [this] { workOff(); }, Qt::QueuedConnection);
 }
 
-// A command that waits runs the event loop, and what is asked for meanwhile waits here.
-void BusService::workOff()
+QCoro::Task<void> BusService::workOff()
 {
-    if (!m_isServing || m_queue.isEmpty() || std::exchange(m_isWorking, true))
-        return;
-    m_queue.dequeue().carryOut();
+    if (!m_run || m_queue.isEmpty() || std::exchange(m_isWorking, true))
+        co_return;
+    const Task task = m_queue.dequeue();
+    co_await task.carryOut();
     m_isWorking = false;
     schedule();
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QCoroTask>
+
 #include <QByteArray>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -12,6 +14,8 @@
 
 namespace ardeno {
 
+class Caller;
+
 // What a command wrote and how it ended.
 struct CommandAnswer {
     int status = 0;
@@ -19,13 +23,12 @@ struct CommandAnswer {
     QByteArray errors = {};
 };
 
-// The application on the session bus. Commands are carried out one after the other, on the main thread, also while one
-// of them waits for the system. In between, whatever else the application has to do has its turn.
+// The application on the session bus. Commands are carried out one after the other, on the main thread; while one of
+// them waits, and in between, whatever else the application has to do has its turn.
 class BusService final : public QDBusVirtualObject {
 public:
     // An action that is empty is refused.
     struct Actions {
-        std::function<CommandAnswer(const QStringList &)> run = {};
         std::function<void()> activate = {}; // Brings the window to the front.
         std::function<void()> quickSave = {};
         std::function<void()> stopRecording = {};
@@ -36,8 +39,11 @@ public:
     // Takes the application's name. False when another program has it.
     bool begin(Actions actions);
 
-    // Commands wait until the library is open.
-    void serveCommands();
+    // How a command is carried out for a caller, who lives until it is done.
+    using Run = std::function<QCoro::Task<CommandAnswer>(const Caller &caller, const QStringList &arguments)>;
+
+    // Commands wait until then.
+    void serveCommands(Run run);
 
     // Refuses what has not begun and whatever is asked for from now on.
     void refuseCommands();
@@ -50,7 +56,7 @@ public:
 
 private:
     struct Task {
-        std::function<void()> carryOut = {};
+        std::function<QCoro::Task<void>()> carryOut = {};
         std::function<void()> refuse = [] {};
     };
 
@@ -58,14 +64,14 @@ private:
     const std::function<void()> *action(const QDBusMessage &message) const;
     void enqueue(const Task &task);
     void schedule();
-    void workOff();
-    void carryOut(const QDBusMessage &message);
+    QCoro::Task<void> workOff();
+    QCoro::Task<void> carryOut(QDBusMessage message);
     void refuse(const QDBusMessage &message);
 
     QDBusConnection m_connection;
     Actions m_actions;
     QQueue<Task> m_queue = {};
-    bool m_isServing = false;
+    Run m_run = {}; // Empty: nothing is carried out yet.
     bool m_isWorking = false;
     bool m_isRefusing = false;
     bool m_isFinishing = false;

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/CommandContext.h"
+
 #include <QCommandLineOption>
 #include <QCommandLineParser>
+#include <QCoroTask>
 #include <QList>
 #include <QString>
 
@@ -23,22 +26,23 @@ struct Command {
     QString summary = {};
     QList<QCommandLineOption> options = {};
     int positionals = 0; // How many arguments it takes besides its options, exactly.
-    ExitStatus (*run)(const QCommandLineParser &parsed) = nullptr;
+    // Throws Failure.
+    QCoro::Task<ExitStatus> (*run)(CommandContext &context, const QCommandLineParser &parsed) = nullptr;
     bool positionalsAreOptional = false; // Either all of them or none.
 };
 
 // The commands, in the order in which help lists them.
 const QList<Command> &commands();
 
-ExitStatus runSave(const QCommandLineParser &parsed);
-ExitStatus runList(const QCommandLineParser &parsed);
-ExitStatus runShow(const QCommandLineParser &parsed);
-ExitStatus runResume(const QCommandLineParser &parsed);
-ExitStatus runExclude(const QCommandLineParser &parsed);
-ExitStatus runAllow(const QCommandLineParser &parsed);
-ExitStatus runExclusions(const QCommandLineParser &parsed);
-ExitStatus runRecord(const QCommandLineParser &parsed);
-ExitStatus runQuickSave(const QCommandLineParser &parsed);
-ExitStatus runDoctor(const QCommandLineParser &parsed);
+QCoro::Task<ExitStatus> runSave(CommandContext &context, const QCommandLineParser &parsed);
+QCoro::Task<ExitStatus> runList(CommandContext &context, const QCommandLineParser &parsed);
+QCoro::Task<ExitStatus> runShow(CommandContext &context, const QCommandLineParser &parsed);
+QCoro::Task<ExitStatus> runResume(CommandContext &context, const QCommandLineParser &parsed);
+QCoro::Task<ExitStatus> runExclude(CommandContext &context, const QCommandLineParser &parsed);
+QCoro::Task<ExitStatus> runAllow(CommandContext &context, const QCommandLineParser &parsed);
+QCoro::Task<ExitStatus> runExclusions(CommandContext &context, const QCommandLineParser &parsed);
+QCoro::Task<ExitStatus> runRecord(CommandContext &context, const QCommandLineParser &parsed);
+QCoro::Task<ExitStatus> runQuickSave(CommandContext &context, const QCommandLineParser &parsed);
+QCoro::Task<ExitStatus> runDoctor(CommandContext &context, const QCommandLineParser &parsed);
 
 } // namespace ardeno

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/CommandLine.h"
 
-#include "app/Background.h"
 #include "app/BusClient.h"
+#include "app/CommandStore.h"
 #include "app/EndSignals.h"
-#include "app/Output.h"
-#include "app/StoreAccess.h"
 
 #include <algorithm>
 
@@ -112,50 +110,58 @@ QString generalHelp()
     return text + u"  ardeno --version\n  ardeno --help\n  ardeno COMMAND --help\n"_qs;
 }
 
-ExitStatus wrongUsage(const QString &problem, const QString &command = {})
+ExitStatus wrongUsage(Output &out, const QString &problem, const QString &command = {})
 {
-    printError(problem);
-    printError(command.isEmpty() ? u"See ardeno --help."_qs : u"See ardeno %1 --help."_qs.arg(command));
+    out.printError(problem);
+    out.printError(command.isEmpty() ? u"See ardeno --help."_qs : u"See ardeno %1 --help."_qs.arg(command));
     return ExitStatus::WrongUsage;
 }
 
-// In a process of its own.
-ExitStatus carryOut(const Command &command, const QStringList &arguments, const QCommandLineParser &parsed)
+// What is wrong with how many arguments there are; empty: nothing.
+QString miscounted(const Command &command, const QCommandLineParser &parsed)
 {
-    try {
-        // The application that runs has the library.
-        if (const auto status = BusClient::run(QStringList{command.name} + arguments))
-            return *status;
-    } catch (const Failure &failure) {
-        return report(failure);
-    }
-    return command.run(parsed);
+    const qsizetype given = parsed.positionalArguments().size();
+    if (given == command.positionals || (given == 0 && command.positionalsAreOptional))
+        return {};
+    return u"ardeno %1 takes %2."_qs.arg(command.name,
+                                         command.positionals == 0 ? u"options only"_qs : command.arguments);
 }
 
-ExitStatus runCommand(const Command &command, const QStringList &arguments)
+// By the application that runs, which has the library, or else here.
+QCoro::Task<ExitStatus> carryOut(CommandContext &context, const Command &command, QStringList arguments,
+                                 const QCommandLineParser &parsed)
+{
+    if (!context.host) {
+        const auto status = co_await BusClient::run(context.out, arguments);
+        if (status)
+            co_return *status;
+    }
+    co_return co_await command.run(context, parsed);
+}
+
+QCoro::Task<ExitStatus> runCommand(CommandContext &context, const Command &command, QStringList arguments)
 {
     QCommandLineParser parser;
     parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsOptions);
     parser.addOptions(command.options);
     parser.addOption({"help", "Shows this help."});
-    if (!parser.parse(QStringList{command.name} + arguments))
-        return wrongUsage(parser.errorText(), command.name);
+    if (!parser.parse(arguments))
+        co_return wrongUsage(context.out, parser.errorText(), command.name);
     if (parser.isSet("help")) {
-        print(u"Usage: ardeno %1 %2\n%3\n"_qs.arg(command.name, command.arguments, command.summary));
-        return ExitStatus::Done;
+        context.out.print(u"Usage: ardeno %1 %2\n%3\n"_qs.arg(command.name, command.arguments, command.summary));
+        co_return ExitStatus::Done;
     }
-    const qsizetype given = parser.positionalArguments().size();
-    if (given != command.positionals && !(given == 0 && command.positionalsAreOptional)) {
-        return wrongUsage(u"ardeno %1 takes %2."_qs.arg(command.name, command.positionals == 0 ? u"options only"_qs
-                                                                                               : command.arguments),
-                          command.name);
+    if (const QString problem = miscounted(command, parser); !problem.isEmpty())
+        co_return wrongUsage(context.out, problem, command.name);
+    ExitStatus status = ExitStatus::Failed;
+    try {
+        status = co_await carryOut(context, command, arguments, parser);
+    } catch (const Failure &failure) {
+        status = report(context.out, failure);
     }
-    if (ApplicationStore::current())
-        return command.run(parser);
-    const ExitStatus status = carryOut(command, arguments, parser);
     // As shells tell it.
-    const int signal = EndSignals::caught();
-    return status == ExitStatus::Failed && signal != 0 ? static_cast<ExitStatus>(128 + signal) : status;
+    const int signal = context.host ? 0 : EndSignals::caught();
+    co_return status == ExitStatus::Failed &&signal != 0 ? static_cast<ExitStatus>(128 + signal) : status;
 }
 
 } // namespace
@@ -166,24 +172,22 @@ const QList<Command> &commands()
     return all;
 }
 
-ExitStatus runCommandLine(const QStringList &arguments)
+QCoro::Task<ExitStatus> runCommandLine(CommandContext &context, QStringList arguments)
 {
     const QString name = arguments.value(0);
     if (name == "--help" || name == "-h" || name == "help") {
-        print(generalHelp());
-        return ExitStatus::Done;
+        context.out.print(generalHelp());
+        co_return ExitStatus::Done;
     }
     if (name == "--version") {
-        print(u"Ardeno %1\n"_qs.arg(ARDENO_VERSION));
-        return ExitStatus::Done;
+        context.out.print(u"Ardeno %1\n"_qs.arg(ARDENO_VERSION));
+        co_return ExitStatus::Done;
     }
-    if (name == "--background" && arguments.size() == 1 && !ApplicationStore::current())
-        return runBackground();
     const auto found = std::find_if(commands().begin(), commands().end(),
                                     [&](const Command &command) { return command.name == name; });
-    if (found != commands().end())
-        return runCommand(*found, arguments.mid(1));
-    return wrongUsage(u"There is no command “%1”."_qs.arg(name));
+    if (found == commands().end())
+        co_return wrongUsage(context.out, u"There is no command “%1”."_qs.arg(name));
+    co_return co_await runCommand(context, *found, arguments);
 }
 
 } // namespace ardeno

@@ -7,7 +7,8 @@
 
 namespace ardeno {
 
-// Carries out a command line; the arguments without the program's name. Needs a QCoreApplication.
-ExitStatus runCommandLine(const QStringList &arguments);
+// Carries out a command line; the arguments without the program's name. In a process of its own it needs a
+// QCoreApplication and is the only one.
+QCoro::Task<ExitStatus> runCommandLine(CommandContext &context, QStringList arguments);
 
 } // namespace ardeno

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/Output.h"
-#include "app/StoreAccess.h"
+#include "app/CommandStore.h"
 #include "app/TrayHost.h"
 #include "platform/MakeDesktop.h"
 
@@ -82,20 +81,20 @@ DoctorReport examine(Desktop &desktop)
 
 } // namespace
 
-ExitStatus runDoctor(const QCommandLineParser &parsed)
+QCoro::Task<ExitStatus> runDoctor(CommandContext &context, const QCommandLineParser &parsed)
 {
     Desktop desktop = makeDesktop();
     const DoctorReport result = examine(desktop);
     if (parsed.isSet("json")) {
-        printJson(result);
-        return ExitStatus::Done;
+        context.out.printJson(result);
+        co_return ExitStatus::Done;
     }
-    print(u"Session: %1\n"_qs.arg(result.session));
+    context.out.print(u"Session: %1\n"_qs.arg(result.session));
     for (const ReportedCapability &capability : result.capabilities) {
         const QString reason = capability.reason.isEmpty() ? QString() : u" – "_qs + capability.reason;
-        print(u"%1  %2%3\n"_qs.arg(capability.name, -16).arg(capability.state, reason));
+        context.out.print(u"%1  %2%3\n"_qs.arg(capability.name, -16).arg(capability.state, reason));
     }
-    return ExitStatus::Done;
+    co_return ExitStatus::Done;
 }
 
 } // namespace ardeno

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/Output.h"
-#include "app/StoreAccess.h"
+#include "app/CommandStore.h"
 #include "platform/MakeDesktop.h"
-#include "support/Finish.h"
 
 #include <algorithm>
 #include <functional>
@@ -14,14 +12,14 @@ namespace {
 enum class RuleKind { App, Domain };
 
 // "app" or "domain", the first argument of exclude and allow.
-std::optional<RuleKind> ruleKind(const QCommandLineParser &parsed)
+std::optional<RuleKind> ruleKind(Output &out, const QCommandLineParser &parsed)
 {
     const QString kind = parsed.positionalArguments().first();
     if (kind == "app")
         return RuleKind::App;
     if (kind == "domain")
         return RuleKind::Domain;
-    printError(u"Say “app ID” or “domain TEXT”, not “%1”."_qs.arg(kind));
+    out.printError(u"Say “app ID” or “domain TEXT”, not “%1”."_qs.arg(kind));
     return std::nullopt;
 }
 
@@ -40,39 +38,42 @@ std::optional<SavedApp> knownApp(Workspace &workspace, const QString &name)
 using Change = std::function<Outcome(AppStore &)>;
 
 // Changes the exclusions with the library locked, so that two commands at once lose nothing, and says what was done.
-ExitStatus change(Desktop &desktop, const Change &apply, const QString &done)
+QCoro::Task<ExitStatus> change(CommandContext &context, Desktop &desktop, Change apply, QString done)
 {
-    LockedStore locked(desktop, LockedStore::Purpose::Write);
-    takeTurn(locked.store());
-    const Outcome outcome = apply(locked.store());
+    CommandStore access(context, desktop, CommandStore::Purpose::Write);
+    co_await takeTurn(context, access.store());
+    const Outcome outcome = apply(access.store());
     if (outcome)
-        print(done + '\n');
-    return locked.report(outcome);
+        context.out.print(done + '\n');
+    co_return access.report(outcome);
 }
 
-ExitStatus excludeApp(const QString &id)
+QCoro::Task<ExitStatus> excludeApp(CommandContext &context, QString id)
 {
     Desktop desktop = makeDesktop();
     const std::optional<SavedApp> known = knownApp(*desktop.workspace, id);
     const SavedApp app = known.value_or(SavedApp{id, id});
     const auto exclude = [&](AppStore &store) { return store.rules.excludeApp(app, Audience::Caller); };
-    const ExitStatus status = change(desktop, exclude, u"%1 is left out of captures."_qs.arg(oneLine(app.name)));
+    const QString done = u"%1 is left out of captures."_qs.arg(oneLine(app.name));
+    const ExitStatus status = co_await change(context, desktop, exclude, done);
     if (!known && status == ExitStatus::Done)
-        printError(u"No application “%1” is installed or running. Until there is one, windows of applications that are "
-                   "not installed are left out, since they may be its own."_qs.arg(id));
-    return status;
+        context.out.printError(
+            u"No application “%1” is installed or running. Until there is one, windows of applications that are "
+            "not installed are left out, since they may be its own."_qs.arg(id));
+    co_return status;
 }
 
-ExitStatus excludeDomain(const QString &text)
+QCoro::Task<ExitStatus> excludeDomain(CommandContext &context, QString text)
 {
     const std::optional<QString> domain = CaptureExclusions::domainFrom(text);
     if (!domain)
         throw Failure("Command", 3, u"Enter a valid website domain or an http/https URL."_qs);
     Desktop desktop = libraryOnlyDesktop();
     const auto exclude = [&](AppStore &store) { return store.rules.excludeDomain(text, Audience::Caller); };
-    return change(desktop, exclude,
-                  u"The pages of %1 are left out of captures. Pictures and recordings still show one that can be seen; "
-                  "exclude the browser to hide it there, too."_qs.arg(*domain));
+    const QString done =
+        u"The pages of %1 are left out of captures. Pictures and recordings still show one that can be seen; "
+        "exclude the browser to hide it there, too."_qs.arg(*domain);
+    co_return co_await change(context, desktop, exclude, done);
 }
 
 bool hasApp(const AppStore &store, const QString &id)
@@ -80,7 +81,7 @@ bool hasApp(const AppStore &store, const QString &id)
     return store.rules.exclusions().appIDs().contains(id);
 }
 
-ExitStatus allow(RuleKind kind, const QString &text)
+QCoro::Task<ExitStatus> allow(CommandContext &context, RuleKind kind, QString text)
 {
     Desktop desktop = libraryOnlyDesktop();
     // A rule can be named as it was typed or as it is stored.
@@ -95,62 +96,51 @@ ExitStatus allow(RuleKind kind, const QString &text)
         return kind == RuleKind::App ? store.rules.allowApp(rule, Audience::Caller)
                                      : store.rules.allowDomain(rule, Audience::Caller);
     };
-    return change(desktop, allowRule, u"%1 is no longer left out of captures."_qs.arg(oneLine(rule)));
+    const QString done = u"%1 is no longer left out of captures."_qs.arg(oneLine(rule));
+    co_return co_await change(context, desktop, allowRule, done);
 }
 
 } // namespace
 
-ExitStatus runExclude(const QCommandLineParser &parsed)
+QCoro::Task<ExitStatus> runExclude(CommandContext &context, const QCommandLineParser &parsed)
 {
-    const std::optional<RuleKind> kind = ruleKind(parsed);
+    const std::optional<RuleKind> kind = ruleKind(context.out, parsed);
     if (!kind)
-        return ExitStatus::WrongUsage;
+        co_return ExitStatus::WrongUsage;
     const QString text = parsed.positionalArguments().last();
-    try {
-        return *kind == RuleKind::App ? excludeApp(text.trimmed()) : excludeDomain(text);
-    } catch (const Failure &failure) {
-        return report(failure);
-    }
+    co_return co_await (*kind == RuleKind::App ? excludeApp(context, text.trimmed()) : excludeDomain(context, text));
 }
 
-ExitStatus runAllow(const QCommandLineParser &parsed)
+QCoro::Task<ExitStatus> runAllow(CommandContext &context, const QCommandLineParser &parsed)
 {
-    const std::optional<RuleKind> kind = ruleKind(parsed);
+    const std::optional<RuleKind> kind = ruleKind(context.out, parsed);
     if (!kind)
-        return ExitStatus::WrongUsage;
-    try {
-        return allow(*kind, parsed.positionalArguments().last().trimmed());
-    } catch (const Failure &failure) {
-        return report(failure);
-    }
+        co_return ExitStatus::WrongUsage;
+    co_return co_await allow(context, *kind, parsed.positionalArguments().last().trimmed());
 }
 
-ExitStatus runExclusions(const QCommandLineParser &parsed)
+QCoro::Task<ExitStatus> runExclusions(CommandContext &context, const QCommandLineParser &parsed)
 {
-    try {
-        Desktop desktop = libraryOnlyDesktop();
-        if (parsed.isSet("start-over"))
-            return change(
-                desktop, [](AppStore &store) { return store.rules.startExclusionsOver(Audience::Caller); },
-                "Nothing is left out of captures any more.");
-        LockedStore locked(desktop, LockedStore::Purpose::Read);
-        if (const auto issue = locked.store().rules.exclusionsObstacle())
-            return locked.report({.error = issue});
-        const CaptureExclusions &exclusions = locked.store().rules.exclusions();
-        if (parsed.isSet("json")) {
-            printJson(exclusions);
-            return ExitStatus::Done;
-        }
-        QString text;
-        for (const SavedApp &app : exclusions.apps)
-            text += "app     " + oneLine(app.id) + "  " + oneLine(app.name) + '\n';
-        for (const QString &domain : exclusions.domains)
-            text += "domain  " + oneLine(domain) + '\n';
-        print(text);
-        return ExitStatus::Done;
-    } catch (const Failure &failure) {
-        return report(failure);
+    Desktop desktop = libraryOnlyDesktop();
+    if (parsed.isSet("start-over")) {
+        const auto startOver = [](AppStore &store) { return store.rules.startExclusionsOver(Audience::Caller); };
+        co_return co_await change(context, desktop, startOver, "Nothing is left out of captures any more.");
     }
+    CommandStore access(context, desktop, CommandStore::Purpose::Read);
+    if (const auto issue = access.store().rules.exclusionsObstacle())
+        co_return access.report({.error = issue});
+    const CaptureExclusions &exclusions = access.store().rules.exclusions();
+    if (parsed.isSet("json")) {
+        context.out.printJson(exclusions);
+        co_return ExitStatus::Done;
+    }
+    QString text;
+    for (const SavedApp &app : exclusions.apps)
+        text += "app     " + oneLine(app.id) + "  " + oneLine(app.name) + '\n';
+    for (const QString &domain : exclusions.domains)
+        text += "domain  " + oneLine(domain) + '\n';
+    context.out.print(text);
+    co_return ExitStatus::Done;
 }
 
 } // namespace ardeno

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/Output.h"
-#include "app/StoreAccess.h"
+#include "app/CommandStore.h"
 #include "store/ProjectOrder.h"
-#include "support/Finish.h"
 #include "support/InWorker.h"
 #include "support/Text.h"
 
@@ -126,34 +124,30 @@ QList<Project> chosenProjects(const QCommandLineParser &parsed, QList<Project> p
     return projects;
 }
 
-ExitStatus list(const QCommandLineParser &parsed)
+QCoro::Task<ExitStatus> list(CommandContext &context, const QCommandLineParser &parsed)
 {
     Desktop desktop = libraryOnlyDesktop();
-    LockedStore locked(desktop, LockedStore::Purpose::Read);
-    if (!locked.store().library.isLibraryRead())
-        return ExitStatus::Failed;
-    const QList<Project> projects = chosenProjects(parsed, locked.store().library.projects());
-    const QList<Checkpoint> checkpoints = locked.store().library.checkpoints();
-    locked.release();
+    CommandStore access(context, desktop, CommandStore::Purpose::Read);
+    if (!access.store().library.isLibraryRead())
+        co_return ExitStatus::Failed;
+    const QList<Project> projects = chosenProjects(parsed, access.store().library.projects());
+    const QList<Checkpoint> checkpoints = access.store().library.checkpoints();
+    access.release();
     const bool isJson = parsed.isSet("json");
     // The library may be large, and the application has other things to do.
     const auto answer = [projects, checkpoints, isJson] {
         const Listing found = listing(projects, checkpoints);
         return isJson ? jsonText(found) : text(found).toUtf8();
     };
-    printBytes(finish(inWorker(answer)));
-    return ExitStatus::Done;
+    context.out.printBytes(co_await inWorker(answer));
+    co_return ExitStatus::Done;
 }
 
 } // namespace
 
-ExitStatus runList(const QCommandLineParser &parsed)
+QCoro::Task<ExitStatus> runList(CommandContext &context, const QCommandLineParser &parsed)
 {
-    try {
-        return list(parsed);
-    } catch (const Failure &failure) {
-        return report(failure);
-    }
+    co_return co_await list(context, parsed);
 }
 
 } // namespace ardeno

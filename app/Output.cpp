@@ -4,14 +4,13 @@
 #include "support/Failure.h"
 #include "support/FileDescriptor.h"
 
+#include <functional>
+
 #include <poll.h>
 
 namespace ardeno {
 
 namespace {
-
-OutputCapture *capture = nullptr;
-int outputProblem = 0; // Why standard output takes nothing any more.
 
 // Whether the stream can be written to again, where it does not wait by itself.
 bool waitFor(int stream)
@@ -34,18 +33,7 @@ int write(int stream, QByteArrayView bytes)
     return 0;
 }
 
-void writeOutput(QByteArrayView bytes)
-{
-    if (outputProblem == 0)
-        outputProblem = write(STDOUT_FILENO, bytes);
-}
-
-void writeErrors(QByteArrayView bytes)
-{
-    write(STDERR_FILENO, bytes); // There is nowhere to say that it failed.
-}
-
-void copy(int file, void (*writeTo)(QByteArrayView))
+void copy(int file, const std::function<void(QByteArrayView)> &writeTo)
 {
     QByteArray piece(1 << 18, Qt::Uninitialized);
     for (off_t at = 0;;) {
@@ -62,50 +50,29 @@ void copy(int file, void (*writeTo)(QByteArrayView))
 
 } // namespace
 
-OutputCapture::OutputCapture()
+void Output::printFiles(int results, int errors)
 {
-    capture = this;
+    copy(errors, [this](QByteArrayView bytes) { writeError(bytes); });
+    copy(results, [this](QByteArrayView bytes) { writeResult(bytes); });
 }
 
-OutputCapture::~OutputCapture()
+void StandardOutput::writeResult(QByteArrayView bytes)
 {
-    capture = nullptr;
+    if (m_problem == 0)
+        m_problem = write(STDOUT_FILENO, bytes);
 }
 
-void print(const QString &text)
+void StandardOutput::writeError(QByteArrayView bytes)
 {
-    printBytes(VisibleText::lines(text).toUtf8());
+    write(STDERR_FILENO, bytes); // There is nowhere to say that it failed.
 }
 
-void printError(const QString &sentence)
+bool StandardOutput::isComplete()
 {
-    const QByteArray line = oneLine(sentence).toUtf8() + '\n';
-    if (capture)
-        capture->m_errors += line;
-    else
-        writeErrors(line);
-}
-
-void printBytes(const QByteArray &output)
-{
-    if (capture)
-        capture->m_output += output;
-    else
-        writeOutput(output);
-}
-
-void printFiles(int output, int errors)
-{
-    copy(errors, writeErrors);
-    copy(output, writeOutput);
-}
-
-bool isOutputComplete()
-{
-    if (outputProblem != 0 && outputProblem != EPIPE)
+    if (m_problem != 0 && m_problem != EPIPE)
         printError(u"The command was carried out, but its answer could not be written: %1"_qs.arg(
-            Failure::system(outputProblem).description()));
-    return outputProblem == 0;
+            Failure::system(m_problem).description()));
+    return m_problem == 0;
 }
 
 } // namespace ardeno

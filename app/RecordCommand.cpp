@@ -1,53 +1,53 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/BusClient.h"
-#include "app/Output.h"
-#include "app/StoreAccess.h"
+#include "app/CommandStore.h"
 #include "platform/MakeDesktop.h"
-#include "support/Finish.h"
 
 namespace ardeno {
 
 namespace {
 
-ExitStatus start(AppStore &store, const QCommandLineParser &parsed)
+QCoro::Task<ExitStatus> start(CommandContext &context, const QCommandLineParser &parsed)
 {
-    takeTurn(store);
+    AppStore &store = context.host->store;
+    co_await takeTurn(context, store);
     if (store.recorder.recording()) {
-        printError(u"A work session is being recorded already. Stop it before you start another one."_qs);
-        return ExitStatus::Failed;
+        context.out.printError(u"A work session is being recorded already. Stop it before you start another one."_qs);
+        co_return ExitStatus::Failed;
     }
     if (const auto issue = store.rules.exclusionsObstacle()) // Before a project is made for it.
-        return report({.error = issue});
+        co_return report(context.out, {.error = issue});
     const Outcome project = store.projects.createProject(parsed.value("project"), Audience::Caller);
     if (!project)
-        return report(project);
+        co_return report(context.out, project);
     const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), store.drafts.includeBrowser()};
-    Outcome outcome = finish(store.capture.startSession(request, Audience::Caller));
+    Outcome outcome = co_await store.capture.startSession(request, Audience::Caller);
     outcome.remarks = project.remarks + outcome.remarks; // Both may have written.
     if (outcome)
-        print(outcome.notice.value_or(QString()) + '\n' + uuidText(*outcome) + '\n');
-    return report(outcome);
+        context.out.print(outcome.notice.value_or(QString()) + '\n' + uuidText(*outcome) + '\n');
+    co_return report(context.out, outcome);
 }
 
-ExitStatus stop(AppStore &store)
+QCoro::Task<ExitStatus> stop(CommandContext &context)
 {
-    const Outcome outcome = finish(store.sessions.stop(Audience::Caller));
+    AppStore &store = context.host->store;
+    const Outcome outcome = co_await store.sessions.stop(Audience::Caller);
     if (!outcome.id) {
-        printError(u"No work session is being recorded."_qs);
-        return ExitStatus::Failed;
+        context.out.printError(u"No work session is being recorded."_qs);
+        co_return ExitStatus::Failed;
     }
     const Checkpoint *const saved = outcome ? store.library.checkpoint(*outcome) : nullptr;
     if (saved) {
-        print(outcome.notice.value_or(QString()) + '\n' + uuidText(saved->id) + '\n');
+        context.out.print(outcome.notice.value_or(QString()) + '\n' + uuidText(saved->id) + '\n');
         if (saved->recording)
-            print(*saved->recording + '\n');
+            context.out.print(*saved->recording + '\n');
     }
-    report(outcome);
-    return saved ? ExitStatus::Done : ExitStatus::Failed; // The checkpoint counts, also without its video.
+    report(context.out, outcome);
+    co_return saved ? ExitStatus::Done : ExitStatus::Failed; // The checkpoint counts, also without its video.
 }
 
 // Only an application that goes on can record; the one that is started serves the same command.
-ExitStatus startInNewApplication(const QCommandLineParser &parsed)
+QCoro::Task<ExitStatus> startInNewApplication(CommandContext &context, const QCommandLineParser &parsed)
 {
     const Capability recorder = makeDesktop().screenRecorder->availability();
     if (!recorder.isAvailable())
@@ -58,33 +58,30 @@ ExitStatus startInNewApplication(const QCommandLineParser &parsed)
         if (parsed.isSet(option))
             arguments << "--" + option << parsed.value(option);
     }
-    return BusClient::run(arguments).value_or(ExitStatus::Failed);
+    const std::optional<ExitStatus> status = co_await BusClient::run(context.out, arguments);
+    co_return status.value_or(ExitStatus::Failed);
 }
 
 } // namespace
 
-ExitStatus runRecord(const QCommandLineParser &parsed)
+QCoro::Task<ExitStatus> runRecord(CommandContext &context, const QCommandLineParser &parsed)
 {
     const QString verb = parsed.positionalArguments().first();
     const bool isStart = verb == "start";
     if (!isStart && (verb != "stop" || !parsed.optionNames().isEmpty())) {
-        printError(u"Say “record start --project NAME” or “record stop”."_qs);
-        return ExitStatus::WrongUsage;
+        context.out.printError(u"Say “record start --project NAME” or “record stop”."_qs);
+        co_return ExitStatus::WrongUsage;
     }
     if (isStart && parsed.value("project").trimmed().isEmpty()) {
-        printError(u"Name the project: ardeno record start --project NAME."_qs);
-        return ExitStatus::WrongUsage;
+        context.out.printError(u"Name the project: ardeno record start --project NAME."_qs);
+        co_return ExitStatus::WrongUsage;
     }
-    try {
-        if (AppStore *const store = ApplicationStore::current())
-            return isStart ? start(*store, parsed) : stop(*store);
-        if (isStart)
-            return startInNewApplication(parsed);
-        printError(u"No work session is being recorded."_qs);
-        return ExitStatus::Failed;
-    } catch (const Failure &failure) {
-        return report(failure);
-    }
+    if (context.host)
+        co_return co_await (isStart ? start(context, parsed) : stop(context));
+    if (isStart)
+        co_return co_await startInNewApplication(context, parsed);
+    context.out.printError(u"No work session is being recorded."_qs);
+    co_return ExitStatus::Failed;
 }
 
 } // namespace ardeno

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/Output.h"
-#include "app/StoreAccess.h"
+#include "app/CommandStore.h"
 #include "platform/MakeDesktop.h"
-#include "support/Finish.h"
 #include "support/Text.h"
 
 #include <QSet>
@@ -149,7 +147,7 @@ QString lines(const QString &label, const QList<SavedTab> &tabs)
     return text;
 }
 
-void printText(const Checkpoint &checkpoint, const RestorePlan &plan)
+void printText(Output &out, const Checkpoint &checkpoint, const RestorePlan &plan)
 {
     QString text = line("Checkpoint", checkpoint.displayName()) + lines("Running", plan.activeApps) +
                    lines("To open", plan.appsToOpen) + lines("Not installed", plan.unavailableApps) +
@@ -158,15 +156,15 @@ void printText(const Checkpoint &checkpoint, const RestorePlan &plan)
                    lines("Unusable page", plan.unavailableTabs);
     if (plan.tabCheckWarning)
         text += *plan.tabCheckWarning + '\n';
-    print(text);
+    out.print(text);
 }
 
-void printText(const RestoreReport &report, const QString &notice)
+void printText(Output &out, const RestoreReport &report, const QString &notice)
 {
-    print(oneLine(notice) + '\n');
+    out.print(oneLine(notice) + '\n');
     const RestoreResult layout = report.layout.value_or(RestoreResult());
     for (const SkippedWindow &window : layout.skipped)
-        print(
+        out.print(
             u"Left alone: %1 “%2” (%3)\n"_qs.arg(oneLine(window.appID), oneLine(window.title), oneLine(window.reason)));
 }
 
@@ -207,53 +205,56 @@ Checkpoint chosenCheckpoint(const QCommandLineParser &parsed, const AppStore &st
     return findCheckpoint(store, parsed.positionalArguments().first());
 }
 
-ExitStatus printPlan(AppStore &store, const Checkpoint &checkpoint, bool isText)
+QCoro::Task<ExitStatus> printPlan(Output &out, ResumeFlow &resuming, Checkpoint checkpoint, bool isText)
 {
-    const RestorePlan plan = finish(store.resuming.restorePlan(checkpoint));
+    const RestorePlan plan = co_await resuming.restorePlan(checkpoint);
     if (isText)
-        printText(checkpoint, plan);
+        printText(out, checkpoint, plan);
     else
-        printJson(ResumeResult{.plan = describe(plan)});
-    return ExitStatus::Done;
+        out.printJson(ResumeResult{.plan = describe(plan)});
+    co_return ExitStatus::Done;
 }
 
 // The plan is told as soon as it is made, which may be some time after the command was given.
-ResumeOutcome resume(AppStore &store, const Checkpoint &checkpoint, bool withLayout, bool isText)
+QCoro::Task<ResumeOutcome> resume(Output &out, ResumeFlow &resuming, Checkpoint checkpoint, bool withLayout,
+                                  bool isText)
 {
     ResumeResult result;
     const auto chooseMissing = [&](const RestorePlan &plan) {
         result.plan = describe(plan);
         if (isText)
-            printText(checkpoint, plan);
+            printText(out, checkpoint, plan);
         return ResumeChoice::missing(plan);
     };
-    ResumeOutcome resumed = finish(store.resuming.restore(checkpoint, chooseMissing, withLayout, Audience::Caller));
+    ResumeOutcome resumed = co_await resuming.restore(checkpoint, chooseMissing, withLayout, Audience::Caller);
     if (!resumed)
-        return resumed;
+        co_return resumed;
     result.outcome = describe(resumed.report);
     result.notice = resumed.notice.value_or(QString());
     if (isText)
-        printText(resumed.report, result.notice);
+        printText(out, resumed.report, result.notice);
     else
-        printJson(result);
-    return resumed;
+        out.printJson(result);
+    co_return resumed;
 }
 
-ExitStatus resume(const QCommandLineParser &parsed, Desktop &desktop)
+QCoro::Task<ExitStatus> resume(CommandContext &context, const QCommandLineParser &parsed, Desktop &desktop)
 {
-    LockedStore locked(desktop, LockedStore::Purpose::Read);
-    AppStore &store = locked.store();
+    CommandStore access(context, desktop, CommandStore::Purpose::Read);
+    AppStore &store = access.store();
     if (!store.library.isLibraryRead())
-        return ExitStatus::Failed;
+        co_return ExitStatus::Failed;
     const bool isDry = parsed.isSet("dry-run");
     if (!isDry)
-        takeTurn(store); // What it waits for may change which checkpoint is meant.
+        co_await takeTurn(context, store); // What it waits for may change which checkpoint is meant.
     const Checkpoint checkpoint = chosenCheckpoint(parsed, store);
-    locked.release();
+    access.release();
     const bool isText = !parsed.isSet("json");
     if (isDry)
-        return printPlan(store, checkpoint, isText);
-    return locked.report(resume(store, checkpoint, !parsed.isSet("no-layout"), isText));
+        co_return co_await printPlan(context.out, store.resuming, checkpoint, isText);
+    const ResumeOutcome outcome =
+        co_await resume(context.out, store.resuming, checkpoint, !parsed.isSet("no-layout"), isText);
+    co_return access.report(outcome);
 }
 
 // A sentence when the arguments contradict each other.
@@ -270,22 +271,18 @@ QString misuse(const QCommandLineParser &parsed)
 
 } // namespace
 
-ExitStatus runResume(const QCommandLineParser &parsed)
+QCoro::Task<ExitStatus> runResume(CommandContext &context, const QCommandLineParser &parsed)
 {
     const QString problem = misuse(parsed);
     if (!problem.isEmpty()) {
-        printError(problem);
-        return ExitStatus::WrongUsage;
+        context.out.printError(problem);
+        co_return ExitStatus::WrongUsage;
     }
-    try {
-        Desktop desktop = makeDesktop();
-        const Capability opening = desktop.launcher->availability();
-        if (!opening.isAvailable())
-            throw notAvailable(opening.reason);
-        return resume(parsed, desktop);
-    } catch (const Failure &failure) {
-        return report(failure);
-    }
+    Desktop desktop = makeDesktop();
+    const Capability opening = desktop.launcher->availability();
+    if (!opening.isAvailable())
+        throw notAvailable(opening.reason);
+    co_return co_await resume(context, parsed, desktop);
 }
 
 } // namespace ardeno

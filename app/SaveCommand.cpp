@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/Output.h"
-#include "app/StoreAccess.h"
+#include "app/CommandStore.h"
 #include "platform/MakeDesktop.h"
-#include "support/Finish.h"
 
 namespace ardeno {
 
@@ -57,14 +55,14 @@ QString counted(qint64 number, const QString &noun)
     return QString::number(number) + ' ' + noun + (number == 1 ? "" : "s");
 }
 
-void printText(const SaveResult &result)
+void printText(Output &out, const SaveResult &result)
 {
-    print(u"%1 “%2” in “%3”: %4, %5, %6.\n"_qs.arg(result.notice, oneLine(result.title), oneLine(result.project),
-                                                   counted(result.apps, u"app"_qs), counted(result.tabs, u"tab"_qs),
-                                                   counted(result.windows, u"window"_qs)));
-    print(u"%1\n%2\n"_qs.arg(result.captureNote, uuidText(result.id)));
+    out.print(u"%1 “%2” in “%3”: %4, %5, %6.\n"_qs.arg(result.notice, oneLine(result.title), oneLine(result.project),
+                                                       counted(result.apps, u"app"_qs), counted(result.tabs, u"tab"_qs),
+                                                       counted(result.windows, u"window"_qs)));
+    out.print(u"%1\n%2\n"_qs.arg(result.captureNote, uuidText(result.id)));
     if (result.screenshot)
-        print(*result.screenshot + '\n');
+        out.print(*result.screenshot + '\n');
 }
 
 bool wantsTabs(const QCommandLineParser &parsed, const AppStore &store)
@@ -74,51 +72,47 @@ bool wantsTabs(const QCommandLineParser &parsed, const AppStore &store)
     return store.drafts.includeBrowser();
 }
 
-ExitStatus save(const QCommandLineParser &parsed, Desktop &desktop)
+QCoro::Task<ExitStatus> save(CommandContext &context, const QCommandLineParser &parsed, Desktop &desktop)
 {
-    LockedStore locked(desktop, LockedStore::Purpose::Write);
-    AppStore &store = locked.store();
-    takeTurn(store);
+    CommandStore access(context, desktop, CommandStore::Purpose::Write);
+    AppStore &store = access.store();
+    co_await takeTurn(context, store);
     if (const auto issue = store.rules.exclusionsObstacle()) // Before a project is made for it.
-        return locked.report({.error = issue});
+        co_return access.report({.error = issue});
     const Outcome project = store.projects.createProject(parsed.value("project"), Audience::Caller);
     if (!project)
-        return locked.report(project);
+        co_return access.report(project);
     const CaptureRequest request{*project, parsed.value("title"), parsed.value("next"), wantsTabs(parsed, store)};
-    Outcome outcome = finish(store.capture.saveMoment(request, Audience::Caller));
+    Outcome outcome = co_await store.capture.saveMoment(request, Audience::Caller);
     outcome.remarks = project.remarks + outcome.remarks; // Both may have written.
     const Checkpoint *const saved = outcome ? store.library.checkpoint(*outcome) : nullptr;
     if (!saved)
-        return locked.report(outcome);
+        co_return access.report(outcome);
     const SaveResult result = describe(store, *saved, outcome);
     if (parsed.isSet("json"))
-        printJson(result);
+        context.out.printJson(result);
     else
-        printText(result);
-    return locked.report(outcome);
+        printText(context.out, result);
+    co_return access.report(outcome);
 }
 
 } // namespace
 
-ExitStatus runSave(const QCommandLineParser &parsed)
+QCoro::Task<ExitStatus> runSave(CommandContext &context, const QCommandLineParser &parsed)
 {
     if (parsed.value("project").trimmed().isEmpty()) {
-        printError(u"Name the project: ardeno save --project NAME."_qs);
-        return ExitStatus::WrongUsage;
+        context.out.printError(u"Name the project: ardeno save --project NAME."_qs);
+        co_return ExitStatus::WrongUsage;
     }
     if (parsed.isSet("tabs") && parsed.isSet("no-tabs")) {
-        printError(u"Use either --tabs or --no-tabs."_qs);
-        return ExitStatus::WrongUsage;
+        context.out.printError(u"Use either --tabs or --no-tabs."_qs);
+        co_return ExitStatus::WrongUsage;
     }
-    try {
-        Desktop desktop = makeDesktop();
-        const Capability pictures = desktop.screenCapture->availability();
-        if (!pictures.isAvailable())
-            throw notAvailable(pictures.reason);
-        return save(parsed, desktop);
-    } catch (const Failure &failure) {
-        return report(failure);
-    }
+    Desktop desktop = makeDesktop();
+    const Capability pictures = desktop.screenCapture->availability();
+    if (!pictures.isAvailable())
+        throw notAvailable(pictures.reason);
+    co_return co_await save(context, parsed, desktop);
 }
 
 } // namespace ardeno

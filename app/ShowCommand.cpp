@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/Output.h"
-#include "app/StoreAccess.h"
+#include "app/CommandStore.h"
 
 namespace ardeno {
 
@@ -37,29 +36,25 @@ QString text(const AppStore &store, const Checkpoint &checkpoint)
     return text;
 }
 
-ExitStatus show(const QCommandLineParser &parsed)
+ExitStatus show(CommandContext &context, const QCommandLineParser &parsed)
 {
     Desktop desktop = libraryOnlyDesktop();
-    LockedStore locked(desktop, LockedStore::Purpose::Read);
-    if (!locked.store().library.isLibraryRead())
+    CommandStore access(context, desktop, CommandStore::Purpose::Read);
+    if (!access.store().library.isLibraryRead())
         return ExitStatus::Failed;
-    const Checkpoint checkpoint = findCheckpoint(locked.store(), parsed.positionalArguments().first());
+    const Checkpoint checkpoint = findCheckpoint(access.store(), parsed.positionalArguments().first());
     if (parsed.isSet("json"))
-        printJson(checkpoint);
+        context.out.printJson(checkpoint);
     else
-        print(text(locked.store(), checkpoint));
+        context.out.print(text(access.store(), checkpoint));
     return ExitStatus::Done;
 }
 
 } // namespace
 
-ExitStatus runShow(const QCommandLineParser &parsed)
+QCoro::Task<ExitStatus> runShow(CommandContext &context, const QCommandLineParser &parsed)
 {
-    try {
-        return show(parsed);
-    } catch (const Failure &failure) {
-        return report(failure);
-    }
+    co_return show(context, parsed);
 }
 
 } // namespace ardeno

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Background.h"
 #include "app/CommandLine.h"
-#include "app/Output.h"
 #include "app/WriteSignals.h"
+#include "support/Finish.h"
 #include "words/Words.h"
 
 #include <QCoreApplication>
@@ -14,7 +15,11 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationName("ardeno");
     QCoreApplication::setApplicationVersion(ARDENO_VERSION);
     const Words words(Words::Language::English); // As programs that read the output expect.
-    const ExitStatus status = runCommandLine(QCoreApplication::arguments().mid(1));
-    const bool isComplete = isOutputComplete();
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    StandardOutput out;
+    CommandContext context{.out = out};
+    const bool isBackground = arguments == QStringList{"--background"};
+    const ExitStatus status = isBackground ? runBackground(out) : finish(runCommandLine(context, arguments));
+    const bool isComplete = out.isComplete();
     return static_cast<int>(status == ExitStatus::Done && !isComplete ? ExitStatus::Failed : status);
 }

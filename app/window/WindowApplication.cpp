@@ -53,8 +53,7 @@ WindowApplication::~WindowApplication() = default;
 
 BusService::Actions WindowApplication::actions()
 {
-    return {.run = answerCommand,
-            .activate = [this] { comeToFront(); },
+    return {.activate = [this] { comeToFront(); },
             .quickSave =
                 [this] {
                     if (m_quickSave)
@@ -94,11 +93,11 @@ QCoro::Task<void> WindowApplication::openStore()
 
 void WindowApplication::adopt(OpenedLibrary library)
 {
-    const ApplicationActions commandActions{.quickSave = [this] { m_quickSave->trigger(); }};
-    m_application = std::make_unique<Application>(std::move(library), m_bus, commandActions, windowParts());
+    const auto quickSave = [this] { m_quickSave->trigger(); };
+    m_application = std::make_unique<Application>(std::move(library), m_bus, quickSave, windowParts());
     AppStore &store = m_application->store();
     const ApplicationMenu::Actions menuActions{
-        .quickSave = [this] { m_quickSave->trigger(); },
+        .quickSave = quickSave,
         .openWindow = [this] { comeToFront(); },
         .openNewsletter = m_screens.openNewsletter,
         .quit = [this] { quit(); },
@@ -107,7 +106,7 @@ void WindowApplication::adopt(OpenedLibrary library)
     if (m_window)
         openWindow();
     else
-        reportAtStart(store);
+        reportAtStart(m_errors, store);
     prepareWindows();
     m_quickSave = std::make_unique<QuickSaveController>(store, m_application->desktop(), [this] { comeToFront(); });
     if (m_reach == Reach::Bus)
@@ -118,7 +117,7 @@ void WindowApplication::adopt(OpenedLibrary library)
                             "quits Ardeno.")});
     tellHiddenFailures();
     adviseMove();
-    m_bus.serveCommands();
+    m_application->serveCommands();
     store.updates.checkForUpdates(Force::No);
 }
 
@@ -132,7 +131,7 @@ void WindowApplication::openWindow()
 void WindowApplication::fail(const QString &problem)
 {
     if (!m_window) {
-        printError(problem);
+        m_errors.printError(problem);
         QCoreApplication::exit(1);
         return;
     }

@@ -72,6 +72,7 @@ private:
 
     BusService &m_bus;
     Reach m_reach;
+    StandardOutput m_errors; // For those who start it without a window.
     std::optional<AppearanceSettings> m_appearance;
     Screens m_screens;
     // The window goes first, as it keeps what was typed last.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/BusClient.h"
+#include "app/CommandStore.h"
 #include "app/EndRequest.h"
-#include "app/StoreAccess.h"
 #include "app/WriteSignals.h"
 #include "app/window/Successor.h"
 #include "app/window/WindowApplication.h"
@@ -18,13 +18,14 @@ using namespace ardeno;
 // The application that has the name already is the one; absent when it does not answer.
 std::optional<ExitStatus> handOver(bool isBackground)
 {
+    StandardOutput out;
     if (!isBackground)
-        return BusClient::showWindow();
+        return BusClient::showWindow(out);
     try {
         BusClient::refuseStranger();
         return ExitStatus::Done;
     } catch (const Failure &failure) {
-        return report(failure);
+        return report(out, failure);
     }
 }
 
@@ -32,8 +33,11 @@ int run(bool isBackground)
 {
     const QDBusConnection connection = QDBusConnection::sessionBus();
     const bool hasBus = connection.isConnected();
-    if (isBackground && !hasBus)
-        return static_cast<int>(report(notAvailable("There is no session bus, over which Ardeno could be reached.")));
+    if (isBackground && !hasBus) {
+        StandardOutput out;
+        return static_cast<int>(
+            report(out, notAvailable("There is no session bus, over which Ardeno could be reached.")));
+    }
     BusService bus(connection);
     using Reach = WindowApplication::Reach;
     WindowApplication application(bus, hasBus ? Reach::Bus : Reach::WindowAlone);

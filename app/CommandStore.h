@@ -6,44 +6,25 @@
 #include "model/LibraryLock.h"
 #include "store/AppStore.h"
 
-#include <functional>
 #include <optional>
 
 namespace ardeno {
 
-// What commands can ask of an application besides its store; empty where it cannot do so.
-struct ApplicationActions {
-    std::function<void()> quickSave = {};
-};
-
-// While it lives, commands work with this store, which an application has for as long as it runs. One at a time.
-class ApplicationStore final {
-public:
-    explicit ApplicationStore(AppStore &store, ApplicationActions actions = {});
-    ApplicationStore(const ApplicationStore &) = delete;
-    ApplicationStore &operator=(const ApplicationStore &) = delete;
-    ~ApplicationStore();
-
-    // Null when this process is no application.
-    static AppStore *current();
-    static const ApplicationActions &actions();
-};
-
 // The store as one command uses it: the application's, or one of its own, whose library is locked first and loaded
 // second.
-class LockedStore final {
+class CommandStore final {
 public:
     enum class Purpose { Read, Write };
 
     // Throws Failure when another process holds the library. From then on a signal ends a writer tidily: nothing is
     // written any more.
-    LockedStore(Desktop &desktop, Purpose purpose);
+    CommandStore(CommandContext &context, Desktop &desktop, Purpose purpose);
     // Prints what else a store of its own has to say by then, for instance that something could not be read.
-    ~LockedStore();
-    LockedStore(const LockedStore &) = delete;
-    LockedStore &operator=(const LockedStore &) = delete;
+    ~CommandStore();
+    CommandStore(const CommandStore &) = delete;
+    CommandStore &operator=(const CommandStore &) = delete;
 
-    AppStore &store() { return m_store ? *m_store : *ApplicationStore::current(); }
+    AppStore &store() { return m_store ? *m_store : m_context.host->store; }
 
     // Prints what went wrong in an operation; the exit status that belongs to it.
     ExitStatus report(const Outcome &outcome);
@@ -52,6 +33,7 @@ public:
     void release() { m_lock.reset(); }
 
 private:
+    CommandContext &m_context;
     std::optional<LibraryLock> m_lock;
     std::unique_ptr<AppStore> m_store;
     std::optional<EndSignals> m_signals;
@@ -60,13 +42,13 @@ private:
 
 // In an application, lets what its user has begun come to its end first; throws Failure when the command is not wanted
 // any more by then.
-void takeTurn(AppStore &store);
+QCoro::Task<void> takeTurn(CommandContext &context, AppStore &store);
 
 // The same for an operation of an application's store, with its remarks.
-ExitStatus report(const Outcome &outcome);
+ExitStatus report(Output &out, const Outcome &outcome);
 
 // Prints what a store said when it was made.
-void reportAtStart(const AppStore &store);
+void reportAtStart(Output &out, const AppStore &store);
 
 // The one checkpoint whose identifier begins so; throws Failure when there is none or more than one.
 Checkpoint findCheckpoint(const AppStore &store, const QString &prefix);
@@ -75,6 +57,6 @@ Checkpoint findCheckpoint(const AppStore &store, const QString &prefix);
 Desktop libraryOnlyDesktop();
 
 // Prints the failure; the exit status that belongs to it.
-ExitStatus report(const Failure &failure);
+ExitStatus report(Output &out, const Failure &failure);
 
 } // namespace ardeno

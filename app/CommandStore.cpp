@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/StoreAccess.h"
+#include "app/CommandStore.h"
 
 #include "app/Caller.h"
-#include "app/Output.h"
 #include "platform/null/NullDesktop.h"
-#include "support/Finish.h"
 
 #include <utility>
 
@@ -12,16 +10,13 @@ namespace ardeno {
 
 namespace {
 
-AppStore *applicationStore = nullptr;
-ApplicationActions applicationActions;
-
-LibraryLock lock(LockedStore::Purpose purpose)
+LibraryLock lock(CommandStore::Purpose purpose)
 {
     // Another command ends soon; an application goes on, and has been asked over the bus already.
     const auto holder = LibraryLock::holder(CheckpointRepository::defaultRoot());
     const bool isApplication = holder && holder->kind == LibraryLock::Kind::Application;
     const std::chrono::seconds patience(isApplication ? 0 : 10);
-    const auto access = purpose == LockedStore::Purpose::Read ? LibraryLock::Access::Read : LibraryLock::Access::Write;
+    const auto access = purpose == CommandStore::Purpose::Read ? LibraryLock::Access::Read : LibraryLock::Access::Write;
     return LibraryLock::waitFor({CheckpointRepository::defaultRoot(), LibraryLock::Kind::Command, access}, patience);
 }
 
@@ -31,43 +26,21 @@ void refuseWhenInterrupted()
         throw Failure("Command", 5, "The command was interrupted.");
 }
 
-ExitStatus reportProblems(const Outcome &outcome)
+ExitStatus reportProblems(Output &out, const Outcome &outcome)
 {
     const QStringList problems = outcome.problems();
     for (const QString &sentence : problems)
-        printError(sentence);
+        out.printError(sentence);
     if (!outcome && problems.isEmpty())
-        printError(u"Ardeno is busy with something else. Try again when it is done."_qs);
+        out.printError(u"Ardeno is busy with something else. Try again when it is done."_qs);
     return outcome && problems.isEmpty() ? ExitStatus::Done : ExitStatus::Failed;
 }
 
 } // namespace
 
-ApplicationStore::ApplicationStore(AppStore &store, ApplicationActions actions)
+CommandStore::CommandStore(CommandContext &context, Desktop &desktop, Purpose purpose) : m_context(context)
 {
-    applicationStore = &store;
-    applicationActions = std::move(actions);
-}
-
-ApplicationStore::~ApplicationStore()
-{
-    applicationStore = nullptr;
-    applicationActions = {};
-}
-
-AppStore *ApplicationStore::current()
-{
-    return applicationStore;
-}
-
-const ApplicationActions &ApplicationStore::actions()
-{
-    return applicationActions;
-}
-
-LockedStore::LockedStore(Desktop &desktop, Purpose purpose)
-{
-    if (ApplicationStore::current())
+    if (m_context.host)
         return;
     m_lock = lock(purpose);
     StoreParts parts;
@@ -83,42 +56,44 @@ LockedStore::LockedStore(Desktop &desktop, Purpose purpose)
         m_signals.emplace(EndSignals::Again::EndAtOnce);
 }
 
-LockedStore::~LockedStore()
+CommandStore::~CommandStore()
 {
     if (m_store) {
         for (const QString &sentence : m_store->messages.sentences()) {
             if (!m_reported.contains(sentence))
-                printError(sentence);
+                m_context.out.printError(sentence);
         }
-    } else if (!ApplicationStore::current()->library.isLibraryRead()) // Also by now: a save reads it again.
-        printError(u"The running application could not read your saved checkpoints. Existing files have been left in "
-                   "place."_qs);
+    } else if (!m_context.host->store.library.isLibraryRead()) // Also by now: a save reads it again.
+        m_context.out.printError(
+            u"The running application could not read your saved checkpoints. Existing files have been left in "
+            "place."_qs);
 }
 
-void takeTurn(AppStore &store)
+QCoro::Task<void> takeTurn(CommandContext &context, AppStore &store)
 {
-    finish(store.operations.whenIdle());
-    Caller::begin();
-    finish(store.operations.whenIdle()); // Its user may have begun something else.
+    co_await store.operations.whenIdle();
+    if (context.caller)
+        co_await context.caller->begin();
+    co_await store.operations.whenIdle(); // Its user may have begun something else.
 }
 
-ExitStatus LockedStore::report(const Outcome &outcome)
+ExitStatus CommandStore::report(const Outcome &outcome)
 {
     m_reported += outcome.problems();
-    return m_store ? reportProblems(outcome) : ardeno::report(outcome);
+    return m_store ? reportProblems(m_context.out, outcome) : ardeno::report(m_context.out, outcome);
 }
 
-ExitStatus report(const Outcome &outcome)
+ExitStatus report(Output &out, const Outcome &outcome)
 {
     for (const Remark &remark : outcome.remarks)
-        printError(remark.sentence);
-    return reportProblems(outcome);
+        out.printError(remark.sentence);
+    return reportProblems(out, outcome);
 }
 
-void reportAtStart(const AppStore &store)
+void reportAtStart(Output &out, const AppStore &store)
 {
     for (const QString &sentence : store.messages.sentences())
-        printError(sentence);
+        out.printError(sentence);
 }
 
 Checkpoint findCheckpoint(const AppStore &store, const QString &prefix)
@@ -142,9 +117,9 @@ Desktop libraryOnlyDesktop()
     return makeNullDesktop("none", u"This command works on the library alone."_qs, {});
 }
 
-ExitStatus report(const Failure &failure)
+ExitStatus report(Output &out, const Failure &failure)
 {
-    printError(failure.description());
+    out.printError(failure.description());
     return failure.domain() == notAvailableDomain ? ExitStatus::NotAvailable : ExitStatus::Failed;
 }
 
