@@ -74,11 +74,11 @@ struct Sheets {
                          .thumbnailFolder = home.filePath("thumbnails")};
         store = std::make_unique<AppStore>(desktop, std::move(parts));
         Screens screens;
-        addSheetScreens(screens);
-        addSettingsScreens(&screens);
-        window = std::make_unique<MainWindow>(screens);
+        addSheetScreens(screens, *store);
+        addSettingsScreens(&screens, *store);
+        window = std::make_unique<MainWindow>();
         window->show();
-        window->open(*store);
+        window->open(*store, screens);
         settle();
     }
 

@@ -4,6 +4,7 @@
 #include "bench/Bench.h"
 #include "platform/null/NullDesktop.h"
 #include "store/AppStore.h"
+#include "ui/ViewParts.h"
 #include "ui/controls/Sheet.h"
 #include "ui/settings/PreferencesView.h"
 #include "ui/theme/AppStyle.h"
@@ -117,7 +118,7 @@ void measurePreferences(Table &table, const QString &folder)
     window.show();
     QCoreApplication::processEvents();
     const auto settings = [&] {
-        auto *const sheet = new PreferencesView(store);
+        auto *const sheet = new PreferencesView(ViewParts::ofPreferences(store));
         const PaintWatch watch(sheet);
         window.sheets().present(sheet);
         spinUntil([&] { return watch.isPainted(); });

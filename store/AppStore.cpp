@@ -1,25 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/AppStore.h"
 
-#include "store/Subjects.h"
-
 #include <utility>
 
 namespace ardeno {
 
 AppStore::AppStore(Desktop &desktop, StoreParts parts)
-    : m_preferences(parts.preferences),
+    : m_preferences(std::move(parts.preferences)),
       m_keptCopies(messages, m_preferences),
       m_unsavedSessions(parts.repository.root()),
-      library(parts.repository, parts.beforeWrite, messages, m_unsavedSessions,
+      library(std::move(parts.repository), std::move(parts.beforeWrite), messages, m_unsavedSessions,
               {.published = [this] { navigation.leaveMissingProject(); }, .replaced = [this] { libraryReplaced(); }}),
-      media(library, parts.thumbnailFolder),
+      media(library, std::move(parts.thumbnailFolder)),
       navigation(library, messages, m_preferences),
       operations(messages, library, navigation),
       m_capture(*desktop.screenCapture, desktop.screenRecorder.get()),
       recorder(desktop, m_capture, library, messages),
       rules(operations, messages, m_preferences, desktop, recorder),
-      applications(operations, desktop, rules, parts.runningApplicationIDs),
+      applications(operations, desktop, rules, std::move(parts.runningApplicationIDs)),
       m_collector(desktop, m_capture, rules, library),
       removals(operations, messages, library, media),
       editing(operations, library, navigation, m_preferences),
@@ -49,11 +47,11 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
                     .sheets = sheets,
                     .operations = operations,
                     .recorder = recorder},
-                   {.check = parts.checkScreenAccess,
-                    .ask = parts.askScreenAccess,
-                    .verify = parts.verifyScreenAccess,
-                    .startInstance = parts.startInstance,
-                    .endApplication = parts.endApplication}),
+                   {.check = std::move(parts.checkScreenAccess),
+                    .ask = std::move(parts.askScreenAccess),
+                    .verify = std::move(parts.verifyScreenAccess),
+                    .startInstance = std::move(parts.startInstance),
+                    .endApplication = std::move(parts.endApplication)}),
       setup(library, navigation, messages, drafts, sheets, screenAccess),
       newsletter(m_preferences),
       form({.operations = operations,
@@ -73,8 +71,8 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
                 .end = m_sessionEnd,
                 .drafts = drafts,
                 .show = [this](const Checkpoint &saved) { showSession(saved); }}),
-      resuming(operations, desktop, library, rules, parts.openedPages),
-      updates(m_preferences, parts.fetchUpdate),
+      resuming(operations, desktop, library, rules, std::move(parts.openedPages)),
+      updates(m_preferences, std::move(parts.fetchUpdate)),
       shortcut(m_preferences)
 {
     start(parts);

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/WorkspaceEditing.h"
 
-#include "store/Subjects.h"
 #include "support/Identifiers.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace ardeno {

@@ -9,26 +9,25 @@ class QWidget;
 
 namespace ardeno {
 
-class AppStore;
 class Sheet;
 
 // The screens that the main window opens and does not build itself. One that is absent has no button anywhere.
 struct Screens {
-    using MakeSheet = std::function<Sheet *(AppStore &)>;
+    using MakeSheet = std::function<Sheet *()>;
 
     MakeSheet capture = {};     // For showCapture.
     MakeSheet restore = {};     // For showRestore, with the selected checkpoint.
     MakeSheet preferences = {}; // For showSettings.
     MakeSheet exclusions = {};  // For showExclusions, over the others.
-    std::function<Sheet *(AppStore &, const Checkpoint &)> edit = {};
+    std::function<Sheet *(const Checkpoint &)> edit = {};
     // What a checkpoint holds of the workspace, at the end of its detail.
-    std::function<QWidget *(AppStore &, const QUuid &)> workspaceItems = {};
+    std::function<QWidget *(const QUuid &)> workspaceItems = {};
     // The viewer goes with the picture.
-    std::function<void(AppStore &, const QString &file)> viewScreenshot = {};
+    std::function<void(const QString &file)> viewScreenshot = {};
     // Ends a recorded session and saves its checkpoint; absent: the store does so at once.
-    std::function<void(AppStore &)> stopRecording = {};
+    std::function<void()> stopRecording = {};
     // Where an offered version and the newsletter are; absent: nothing to open.
-    std::function<void(AppStore &)> openUpdate = {};
+    std::function<void()> openUpdate = {};
     std::function<void()> openNewsletter = {};
 };
 

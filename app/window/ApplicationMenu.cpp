@@ -19,8 +19,10 @@ void connectAction(QAction &action, const std::function<void()> &run)
 
 } // namespace
 
-ApplicationMenu::ApplicationMenu(AppStore &store, const Actions &actions)
-    : m_store(store),
+ApplicationMenu::ApplicationMenu(SessionFlow &sessions, const Operations &operations, const SessionRecorder &recorder,
+                                 const Actions &actions)
+    : m_operations(operations),
+      m_recorder(recorder),
       m_quickSave(tr("Quick Save Checkpoint…")),
       m_recording(tr("Recording main display")),
       m_stop(tr("Stop & Save Checkpoint").replace('&', "&&")),
@@ -29,7 +31,7 @@ ApplicationMenu::ApplicationMenu(AppStore &store, const Actions &actions)
       m_quit(tr("Quit"))
 {
     connectAction(m_quickSave, actions.quickSave);
-    connectAction(m_stop, [&store] { store.sessions.stop(); });
+    connectAction(m_stop, [&sessions] { sessions.stop(); });
     connectAction(m_openWindow, actions.openWindow);
     connectAction(m_newsletter, actions.openNewsletter);
     connectAction(m_quit, actions.quit);
@@ -43,17 +45,17 @@ ApplicationMenu::ApplicationMenu(AppStore &store, const Actions &actions)
     m_recording.setEnabled(false);
     m_quickSave.setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
     m_quit.setShortcut(Qt::CTRL | Qt::Key_Q);
-    m_observations.watch([this] { showState(); }, store.operations.busy, store.recorder.recording);
+    m_observations.watch([this] { showState(); }, operations.busy, recorder.recording);
 }
 
 void ApplicationMenu::showState()
 {
-    const bool isRecording = m_store.recorder.recording();
+    const bool isRecording = m_recorder.recording();
     m_quickSave.setVisible(!isRecording);
     m_recording.setVisible(isRecording);
     m_stop.setVisible(isRecording);
-    m_quickSave.setEnabled(!m_store.operations.busy() && !isRecording);
-    m_stop.setEnabled(!m_store.operations.busy());
+    m_quickSave.setEnabled(!m_operations.busy() && !isRecording);
+    m_stop.setEnabled(!m_operations.busy());
 }
 
 void ApplicationMenu::fillTray(QMenu *menu)

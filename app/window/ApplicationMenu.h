@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/Operations.h"
+#include "store/SessionFlow.h"
+#include "store/SessionRecorder.h"
 
 #include <QAction>
 
@@ -22,7 +24,8 @@ public:
         std::function<void()> quit = {};
     };
 
-    ApplicationMenu(AppStore &store, const Actions &actions);
+    ApplicationMenu(SessionFlow &sessions, const Operations &operations, const SessionRecorder &recorder,
+                    const Actions &actions);
 
     void fillTray(QMenu *menu);
 
@@ -34,7 +37,8 @@ public:
 private:
     void showState();
 
-    AppStore &m_store;
+    const Operations &m_operations;
+    const SessionRecorder &m_recorder;
     QAction m_quickSave;
     QAction m_recording;
     QAction m_stop;

@@ -22,17 +22,17 @@ QDBusMessage notificationCall(const char *method)
 
 } // namespace
 
-HiddenFailures::HiddenFailures(const AppStore &store, const QDBusConnection &connection, Window window)
-    : m_store(store), m_connection(connection), m_window(std::move(window))
+HiddenFailures::HiddenFailures(const Messages &messages, const QDBusConnection &connection, Window window)
+    : m_messages(messages), m_connection(connection), m_window(std::move(window))
 {
     m_connection.connect(notifications, notificationsPath, notifications, "ActionInvoked", this,
                          SLOT(invoked(uint, QString)));
-    m_observations.watch([this] { look(); }, store.messages.error, store.messages.remarks);
+    m_observations.watch([this] { look(); }, messages.error, messages.remarks);
 }
 
 void HiddenFailures::look()
 {
-    const QStringList now = m_store.messages.sentences();
+    const QStringList now = m_messages.sentences();
     QStringList news = now;
     news.removeIf([this](const QString &sentence) { return m_known.contains(sentence); });
     m_known = now;
@@ -41,8 +41,7 @@ void HiddenFailures::look()
     } else if (!news.isEmpty()) {
         m_hasUnseen = true;
         m_window.mark(true);
-        notify(m_store.messages.error() && news.contains(*m_store.messages.error()) ? *m_store.messages.error()
-                                                                                    : news.last());
+        notify(m_messages.error() && news.contains(*m_messages.error()) ? *m_messages.error() : news.last());
     } else if (now.isEmpty()) { // It has been mended meanwhile.
         seen();
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/Messages.h"
 
 #include <QDBusConnection>
 #include <QObject>
@@ -23,7 +23,7 @@ public:
         std::function<void(bool hasUnseen)> mark; // Wherever else it can be seen.
     };
 
-    HiddenFailures(const AppStore &store, const QDBusConnection &connection, Window window);
+    HiddenFailures(const Messages &messages, const QDBusConnection &connection, Window window);
 
     // The window is there now.
     void seen();
@@ -37,7 +37,7 @@ private:
     void notified(QDBusPendingCallWatcher *call);
     void withdraw();
 
-    const AppStore &m_store;
+    const Messages &m_messages;
     QDBusConnection m_connection;
     Window m_window;
     QStringList m_known; // What has been seen or said.

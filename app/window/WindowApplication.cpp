@@ -9,6 +9,7 @@
 #include "store/PreferenceKeys.h"
 #include "store/macos/ApplicationsFolder.h"
 #include "support/InWorker.h"
+#include "ui/ViewParts.h"
 #include "ui/controls/Alert.h"
 #include "ui/settings/SettingsScreens.h"
 #include "ui/sheets/SheetScreens.h"
@@ -22,11 +23,11 @@ namespace ardeno {
 
 namespace {
 
-Screens makeScreens()
+Screens makeScreens(AppStore &store)
 {
     Screens screens;
-    addSettingsScreens(&screens);
-    addSheetScreens(screens);
+    addSettingsScreens(&screens, store);
+    addSheetScreens(screens, store);
     return screens;
 }
 
@@ -42,8 +43,7 @@ StoreParts windowParts()
 
 } // namespace
 
-WindowApplication::WindowApplication(BusService &bus, Reach reach)
-    : m_bus(bus), m_reach(reach), m_screens(makeScreens())
+WindowApplication::WindowApplication(BusService &bus, Reach reach) : m_bus(bus), m_reach(reach)
 {
     qApp->installEventFilter(this);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &WindowApplication::refuseLogout, Qt::DirectConnection);
@@ -96,19 +96,21 @@ void WindowApplication::adopt(OpenedLibrary library)
     const auto quickSave = [this] { m_quickSave->trigger(); };
     m_application = std::make_unique<Application>(std::move(library), m_bus, quickSave, windowParts());
     AppStore &store = m_application->store();
+    m_screens = makeScreens(store);
     const ApplicationMenu::Actions menuActions{
         .quickSave = quickSave,
         .openWindow = [this] { comeToFront(); },
         .openNewsletter = m_screens.openNewsletter,
         .quit = [this] { quit(); },
     };
-    m_menu = std::make_unique<ApplicationMenu>(store, menuActions);
+    m_menu = std::make_unique<ApplicationMenu>(store.sessions, store.operations, store.recorder, menuActions);
     if (m_window)
         openWindow();
     else
         reportAtStart(m_errors, store);
     prepareWindows();
-    m_quickSave = std::make_unique<QuickSaveController>(store, m_application->desktop(), [this] { comeToFront(); });
+    m_quickSave = std::make_unique<QuickSaveController>(ViewParts::ofCapture(store), store.shortcut,
+                                                        m_application->desktop(), [this] { comeToFront(); });
     if (m_reach == Reach::Bus)
         m_tray = std::make_unique<TrayItem>(store.recorder, *m_menu, QDBusConnection::sessionBus());
     else
@@ -124,7 +126,7 @@ void WindowApplication::adopt(OpenedLibrary library)
 void WindowApplication::openWindow()
 {
     delete std::exchange(m_quitShortcut, nullptr);
-    m_window->open(m_application->store());
+    m_window->open(m_application->store(), m_screens);
     m_window->addMenuActions(m_menu->windowActions());
 }
 
@@ -154,7 +156,7 @@ MainWindow &WindowApplication::window()
     if (m_window)
         return *m_window;
     prepareWindows();
-    m_window = std::make_unique<MainWindow>(m_screens);
+    m_window = std::make_unique<MainWindow>();
     m_window->setOnClose([this] { return mayClose(); });
     m_window->installEventFilter(this);
     m_place = std::make_unique<WindowPlace>(*m_window);
@@ -250,7 +252,8 @@ void WindowApplication::tellHiddenFailures()
     const HiddenFailures::Window shown{.isSeen = [this] { return isWindowSeen(); },
                                        .show = [this] { comeToFront(); },
                                        .mark = [this](bool hasUnseen) { m_tray->setMarked(hasUnseen); }};
-    m_hiddenFailures = std::make_unique<HiddenFailures>(m_application->store(), QDBusConnection::sessionBus(), shown);
+    m_hiddenFailures =
+        std::make_unique<HiddenFailures>(m_application->store().messages, QDBusConnection::sessionBus(), shown);
 }
 
 bool WindowApplication::eventFilter(QObject *watched, QEvent *event)

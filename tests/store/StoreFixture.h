@@ -97,6 +97,8 @@ struct StoreFixture {
         return checkpoint;
     }
 
+    QStringList mediaFolders() const { return QDir(root()).entryList(QDir::Dirs | QDir::NoDotAndDotDot); }
+
     QString mediaFolder(const Checkpoint &checkpoint) const { return root() + '/' + uuidText(checkpoint.id); }
 };
 

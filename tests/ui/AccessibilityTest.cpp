@@ -2,7 +2,6 @@
 #include "tests/ui/WindowFixture.h"
 
 #include "ui/main/Strips.h"
-#include "ui/sheets/SheetScreens.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -94,7 +93,7 @@ TEST_CASE_FIXTURE(WindowFixture, "every control of every screen has a name")
         CHECK(shown.unnamed == QStringList());
         CHECK(shown.names.size() > 3);
     };
-    addSheetScreens(screens);
+    hasSheets = true;
     seedStarterExample = true;
     openWindow();
     check("sample");

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/CutTexts.h"
 #include "tests/ui/WindowFixture.h"
+#include "ui/ViewParts.h"
 #include "ui/quicksave/QuickSavePanel.h"
-#include "ui/settings/SettingsScreens.h"
-#include "ui/sheets/SheetScreens.h"
 #include "ui/viewer/ScreenshotViewer.h"
 #include "words/Words.h"
 
@@ -25,8 +24,8 @@ struct GermanFixture : WindowFixture {
     GermanFixture()
     {
         setLanguage(QLocale(QLocale::German, QLocale::Germany), icu::Locale::getGermany());
-        addSettingsScreens(&screens);
-        addSheetScreens(screens);
+        hasSettings = true;
+        hasSheets = true;
     }
 
     ~GermanFixture()
@@ -148,7 +147,7 @@ TEST_CASE_FIXTURE(GermanFixture, "settings, exclusions and the viewer fit in ano
         CHECK(textsThatAreCut(&viewer) == QStringList());
     }
 
-    QuickSavePanel panel(store());
+    QuickSavePanel panel(ViewParts::ofCapture(store()));
     panel.present([] {});
     settle();
     CHECK(textsThatAreCut(&panel) == QStringList());

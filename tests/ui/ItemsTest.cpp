@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
 
-#include "ui/sheets/SheetScreens.h"
-
 #include <QApplication>
 #include <QMenu>
 #include <QScrollArea>
@@ -17,7 +15,7 @@ namespace {
 struct ItemsFixture : WindowFixture {
     ItemsFixture()
     {
-        addSheetScreens(screens);
+        hasSheets = true;
         Checkpoint checkpoint = saveCheckpoint(openProject(), "Chapter", 10);
         checkpoint.apps = {{"org.editor", "Editor"}, {"tom", "Tom & Jerry"}};
         checkpoint.tabs = {{.title = u"Fi\u202er\u2066st"_qs, .url = "https://one.example/a"},
@@ -158,7 +156,7 @@ TEST_CASE_FIXTURE(ItemsFixture, "current tabs and window positions are added on 
 
 TEST_CASE_FIXTURE(WindowFixture, "a sample's items are shown, and nothing changes them")
 {
-    addSheetScreens(screens);
+    hasSheets = true;
     seedStarterExample = true;
     openWindow();
     CHECK(list("Browser tabs")->model()->rowCount() == 1);

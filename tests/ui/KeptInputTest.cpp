@@ -2,7 +2,6 @@
 #include "media/PngWriter.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/note/QuickListEditor.h"
-#include "ui/settings/SettingsScreens.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -15,7 +14,7 @@ using namespace ardeno;
 namespace {
 
 struct KeptInput : WindowFixture {
-    KeptInput() { addSettingsScreens(&screens); }
+    KeptInput() { hasSettings = true; }
 
     QuickListEditor *note() const
     {

@@ -3,7 +3,6 @@
 
 #include "support/Finish.h"
 #include "ui/note/QuickListEditor.h"
-#include "ui/sheets/SheetScreens.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -198,7 +197,7 @@ TEST_CASE_FIXTURE(KeysFixture, "keys that edit belong to the text that has the f
 TEST_CASE_FIXTURE(KeysFixture,
                   "a save that fails gives the focus back to the field, and what is typed meanwhile is lost")
 {
-    addSheetScreens(screens);
+    hasSheets = true;
     openProject();
     press(Qt::Key_S, Qt::ControlModifier);
     widget("Your next small step (optional)")->setFocus();

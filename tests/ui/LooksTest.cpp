@@ -2,7 +2,6 @@
 #include "tests/ui/CutTexts.h"
 #include "tests/ui/WindowFixture.h"
 
-#include "ui/sheets/SheetScreens.h"
 #include "ui/theme/AppTheme.h"
 
 #include <QImage>
@@ -34,7 +33,7 @@ struct LooksFixture : WindowFixture {
 
     void fill()
     {
-        addSheetScreens(screens);
+        hasSheets = true;
         openWindow();
         thesis = *store().projects.createProject("Thesis");
         const QUuid website = *store().projects.createProject("Client website");

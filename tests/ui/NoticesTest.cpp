@@ -2,8 +2,6 @@
 #include "support/Finish.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/main/Strips.h"
-#include "ui/settings/SettingsScreens.h"
-#include "ui/sheets/SheetScreens.h"
 
 #include <QScrollArea>
 #include <QTest>
@@ -15,8 +13,8 @@ namespace {
 struct Notices : WindowFixture {
     Notices()
     {
-        addSheetScreens(screens);
-        addSettingsScreens(&screens);
+        hasSheets = true;
+        hasSettings = true;
     }
 
     NoticeStrip *strip() const

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
-#include "ui/settings/SettingsScreens.h"
-#include "ui/sheets/SheetScreens.h"
 #include "ui/theme/AppTheme.h"
 #include "ui/theme/PopupGround.h"
 
@@ -21,8 +19,8 @@ namespace {
 struct PopupFixture : WindowFixture {
     PopupFixture()
     {
-        addSettingsScreens(&screens);
-        addSheetScreens(screens);
+        hasSettings = true;
+        hasSheets = true;
     }
 
     QMenu *openMenu() const

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/store/StoreFixture.h"
+#include "ui/ViewParts.h"
 #include "ui/controls/Choice.h"
 #include "ui/quicksave/QuickSaveController.h"
 #include "ui/theme/AppTheme.h"
@@ -27,7 +28,8 @@ struct QuickSaveFixture : StoreFixture {
 
     void start()
     {
-        controller = std::make_unique<QuickSaveController>(store(), desktop, [this] { ++timesWindowShown; });
+        controller = std::make_unique<QuickSaveController>(ViewParts::ofCapture(store()), store().shortcut, desktop,
+                                                           [this] { ++timesWindowShown; });
         settle();
     }
 

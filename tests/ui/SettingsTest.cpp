@@ -4,7 +4,6 @@
 #include "tests/ui/CutTexts.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/controls/Choice.h"
-#include "ui/settings/SettingsScreens.h"
 #include "ui/theme/AppTheme.h"
 
 #include <QApplication>
@@ -26,7 +25,7 @@ using namespace ardeno;
 namespace {
 
 struct SettingsFixture : WindowFixture {
-    SettingsFixture() { addSettingsScreens(&screens); }
+    SettingsFixture() { hasSettings = true; }
 
     void openSettings()
     {

@@ -3,7 +3,6 @@
 
 #include "support/Finish.h"
 #include "ui/sheets/RestoreListModel.h"
-#include "ui/sheets/SheetScreens.h"
 
 #include <QApplication>
 #include <QDir>
@@ -16,7 +15,7 @@ namespace {
 const QString chromeID = "com.google.Chrome";
 
 struct SheetFixture : WindowFixture {
-    SheetFixture() { addSheetScreens(screens); }
+    SheetFixture() { hasSheets = true; }
 
     Sheet *sheet() const { return window->sheets().topSheet(); }
 

@@ -2,7 +2,6 @@
 #include "tests/faults/Faults.h"
 #include "tests/ui/CutTexts.h"
 #include "tests/ui/WindowFixture.h"
-#include "ui/settings/SettingsScreens.h"
 #include "ui/theme/AppTheme.h"
 #include "ui/viewer/PicturePreviews.h"
 #include "ui/viewer/ScreenshotViewer.h"
@@ -108,7 +107,7 @@ struct ViewerFixture : WindowFixture {
 
 TEST_CASE_FIXTURE(ViewerFixture, "the screenshot of a checkpoint opens in one window of its own")
 {
-    addSettingsScreens(&screens);
+    hasSettings = true;
     const QUuid project = openProject();
     const Checkpoint checkpoint = saveCheckpoint(project, "Start", 1000);
     REQUIRE(paintedScreens({1920, 1080}).save(*checkpoint.screenshot));

@@ -3,6 +3,8 @@
 
 #include "tests/ui/CutTexts.h"
 #include "ui/controls/Label.h"
+#include "ui/settings/SettingsScreens.h"
+#include "ui/sheets/SheetScreens.h"
 #include "ui/theme/AppTheme.h"
 
 #include <QApplication>
@@ -11,16 +13,21 @@
 #include <QTest>
 
 #include <algorithm>
+#include <utility>
 
 namespace ardeno {
 
 void WindowFixture::openWindow()
 {
-    store();
-    window = std::make_unique<MainWindow>(screens);
+    Screens screens;
+    if (hasSheets)
+        addSheetScreens(screens, store());
+    if (hasSettings)
+        addSettingsScreens(&screens, store());
+    window = std::make_unique<MainWindow>();
     window->show();
     REQUIRE(QTest::qWaitForWindowActive(window.get()));
-    window->open(store());
+    window->open(store(), std::move(screens));
     settle();
 }
 

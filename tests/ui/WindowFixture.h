@@ -14,7 +14,9 @@ namespace ardeno {
 
 // The main window over a store on a real folder, worked by keys and clicks as a person would.
 struct WindowFixture : StoreFixture {
-    Screens screens;
+    // What the window opens besides what it builds itself; said before it is opened.
+    bool hasSheets = false;
+    bool hasSettings = false;
     std::unique_ptr<MainWindow> window;
 
     ~WindowFixture() { window.reset(); }

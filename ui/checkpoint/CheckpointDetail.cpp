@@ -21,8 +21,8 @@ constexpr int mostTitleLines = 4;
 
 } // namespace
 
-CheckpointDetail::CheckpointDetail(AppStore &store, const Screens &screens, const Checkpoint &checkpoint)
-    : m_store(store),
+CheckpointDetail::CheckpointDetail(const CheckpointParts &parts, const Screens &screens, const Checkpoint &checkpoint)
+    : m_parts(parts),
       m_screens(screens),
       m_sample(checkpoint.isSample ? checkpoint : Checkpoint()),
       m_id(checkpoint.id),
@@ -39,8 +39,8 @@ CheckpointDetail::CheckpointDetail(AppStore &store, const Screens &screens, cons
     setWidget(makePage(checkpoint));
     viewport()->setAutoFillBackground(false);
     widget()->setAutoFillBackground(false);
-    m_observations.watch([this] { showCheckpoint(); }, store.library.checkpoints, store.library.projects,
-                         store.applications.runningApplicationIDs, store.editing.unsavedNotes);
+    m_observations.watch([this] { showCheckpoint(); }, parts.library.checkpoints, parts.library.projects,
+                         parts.applications.runningApplicationIDs, parts.editing.unsavedNotes);
 }
 
 QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
@@ -58,9 +58,9 @@ QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
     column->addSpacing(12);
     column->addWidget(makeResumeRow());
     column->addSpacing(14);
-    m_shortfall = new ResumeShortfallCard(m_store, m_id);
+    m_shortfall = new ResumeShortfallCard(m_parts.resuming, m_parts.library, m_parts.sheets, m_id);
     column->addWidget(m_shortfall);
-    m_screenshot = new ScreenshotCard(m_store, m_screens, checkpoint);
+    m_screenshot = new ScreenshotCard(m_parts, m_screens, checkpoint);
     column->addWidget(m_screenshot);
     column->addSpacing(4);
     column->addWidget(makeFooter(checkpoint));
@@ -69,14 +69,14 @@ QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
     column->addSpacing(4);
     column->addWidget(m_nextStep);
     if (m_screens.workspaceItems)
-        column->addWidget(m_screens.workspaceItems(m_store, m_id));
+        column->addWidget(m_screens.workspaceItems(m_id));
     column->addStretch();
     return page;
 }
 
 const Checkpoint *CheckpointDetail::current() const
 {
-    return m_sample.isSample ? &m_sample : m_store.library.checkpoint(m_id);
+    return m_sample.isSample ? &m_sample : m_parts.library.checkpoint(m_id);
 }
 
 QWidget *CheckpointDetail::makeEyebrow(const Checkpoint &checkpoint)
@@ -103,7 +103,7 @@ QWidget *CheckpointDetail::makeResumeRow()
     if (m_screens.restore) {
         m_resume = new Button(tr("Resume workspace"), Button::Kind::Prominent, "arrow.up.right");
         m_resume->setLarge();
-        connect(m_resume, &QAbstractButton::clicked, this, [this] { m_store.sheets.open(&OpenSheets::showRestore); });
+        connect(m_resume, &QAbstractButton::clicked, this, [this] { m_parts.sheets.open(&OpenSheets::showRestore); });
         row->addWidget(m_resume);
     }
     m_caption = makeLabel({}, TextStyle::Small, Role::Dim);
@@ -134,7 +134,7 @@ QWidget *CheckpointDetail::makeFooter(const Checkpoint &checkpoint)
         connect(edit, &QAbstractButton::clicked, this, [this] {
             SheetHost *const host = SheetHost::of(this);
             if (const Checkpoint *const shown = current(); host && shown)
-                host->present(m_screens.edit(m_store, *shown));
+                host->present(m_screens.edit(*shown));
         });
         row->addWidget(edit);
     }
@@ -144,10 +144,10 @@ QWidget *CheckpointDetail::makeFooter(const Checkpoint &checkpoint)
 void CheckpointDetail::viewRecording(const Checkpoint &checkpoint)
 {
     try {
-        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(m_store.media.recordingFile(checkpoint))))
-            m_store.messages.report(tr("Could not open the recording: there is no application for it."));
+        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(m_parts.media.recordingFile(checkpoint))))
+            m_parts.messages.report(tr("Could not open the recording: there is no application for it."));
     } catch (const Failure &failure) {
-        m_store.messages.report(tr("Could not open the recording. ") + failure.description());
+        m_parts.messages.report(tr("Could not open the recording. ") + failure.description());
     }
 }
 
@@ -165,8 +165,8 @@ InlineNote *CheckpointDetail::makeNote(QString Checkpoint::*field)
     auto *note = new InlineNote(text);
     note->installEventFilter(this);
     if (!m_sample.isSample)
-        note->setOnCommit([&store = m_store, id = m_id, field](const QString &typed) {
-            return store.editing.updateNote(field, typed, id).isDone;
+        note->setOnCommit([parts = m_parts, id = m_id, field](const QString &typed) {
+            return parts.editing.updateNote(field, typed, id).isDone;
         });
     return note;
 }
@@ -213,7 +213,7 @@ void CheckpointDetail::showCheckpoint()
     const Checkpoint *const checkpoint = current();
     if (!checkpoint)
         return;
-    const Project *const project = m_store.navigation.selectedProject();
+    const Project *const project = m_parts.navigation.selectedProject();
     m_title->setText(ProjectText::title(*checkpoint, project ? project->name : QString()));
     m_caption->setText(ProjectText::resumeCaption(*checkpoint));
     showNote(m_objective, &Checkpoint::objective, *checkpoint);
@@ -226,7 +226,7 @@ void CheckpointDetail::showCheckpoint()
 
 void CheckpointDetail::showNote(InlineNote *note, QString Checkpoint::*field, const Checkpoint &checkpoint)
 {
-    const QString text = m_store.editing.noteText(field, checkpoint);
+    const QString text = m_parts.editing.noteText(field, checkpoint);
     note->setText(text);
     note->setUnsaved(text != checkpoint.*field);
 }
@@ -239,7 +239,7 @@ void CheckpointDetail::showShortfall()
 
 void CheckpointDetail::showResume(const Checkpoint &checkpoint)
 {
-    const bool isActive = m_store.applications.isWorkspaceActive(checkpoint);
+    const bool isActive = m_parts.applications.isWorkspaceActive(checkpoint);
     const bool hasItems = !checkpoint.tabs.isEmpty() || (checkpoint.windows && !checkpoint.windows->isEmpty());
     m_resume->setText(!isActive ? tr("Resume workspace") : hasItems ? tr("Review workspace") : tr("Workspace active"));
     m_resume->setSymbol(isActive && !hasItems ? "checkmark" : "arrow.up.right");

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
 #include "ui/Screens.h"
+#include "ui/checkpoint/CheckpointParts.h"
 
 #include <QScrollArea>
 
@@ -18,7 +18,7 @@ class ScreenshotCard;
 // The way back into one checkpoint: when it was saved, its picture, its notes. It is made anew for each checkpoint.
 class CheckpointDetail final : public QScrollArea {
 public:
-    CheckpointDetail(AppStore &store, const Screens &screens, const Checkpoint &checkpoint);
+    CheckpointDetail(const CheckpointParts &parts, const Screens &screens, const Checkpoint &checkpoint);
 
     // Keeps what was typed into the notes.
     void commitNotes();
@@ -44,7 +44,7 @@ private:
     void viewRecording(const Checkpoint &checkpoint);
     const Checkpoint *current() const;
 
-    AppStore &m_store;
+    CheckpointParts m_parts;
     const Screens &m_screens;
     Checkpoint m_sample; // The checkpoint when it is one of the sample's, which are not in the library.
     QUuid m_id;

@@ -44,9 +44,9 @@ QByteArray encoded(const QMimeData &data)
     return png.data();
 }
 
-QCoro::Task<void> import(AppStore &store, QUuid checkpointID, OfferedPicture picture)
+QCoro::Task<void> import(ScreenshotEditing &screenshots, QUuid checkpointID, OfferedPicture picture)
 {
-    co_await store.screenshots.importScreenshot(picture.file(), checkpointID);
+    co_await screenshots.importScreenshot(picture.file(), checkpointID);
 }
 
 } // namespace
@@ -70,14 +70,14 @@ OfferedPicture::OfferedPicture(const QMimeData &data) : m_file(fileOf(data).valu
     m_file = m_copy->fileName();
 }
 
-void adoptPicture(AppStore &store, const QUuid &checkpointID, const QMimeData *data)
+void adoptPicture(ScreenshotEditing &screenshots, Messages &messages, const QUuid &checkpointID, const QMimeData *data)
 {
     if (!OfferedPicture::isIn(data))
         return;
     try {
-        import(store, checkpointID, OfferedPicture(*data));
+        import(screenshots, checkpointID, OfferedPicture(*data));
     } catch (const Failure &failure) {
-        store.messages.report(OfferedPictureTexts::tr("Could not add the image: ") + failure.description());
+        messages.report(OfferedPictureTexts::tr("Could not add the image: ") + failure.description());
     }
 }
 

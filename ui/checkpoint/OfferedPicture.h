@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/Messages.h"
+#include "store/ScreenshotEditing.h"
 
 #include <memory>
 
@@ -27,6 +28,6 @@ private:
 };
 
 // Makes it the checkpoint's screenshot; what fails is reported.
-void adoptPicture(AppStore &store, const QUuid &checkpointID, const QMimeData *data);
+void adoptPicture(ScreenshotEditing &screenshots, Messages &messages, const QUuid &checkpointID, const QMimeData *data);
 
 } // namespace ardeno

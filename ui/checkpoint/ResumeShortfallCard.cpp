@@ -23,24 +23,25 @@ QString unplacedText(const UnplacedWindow &unplaced)
 
 } // namespace
 
-QStringList ResumeShortfallCard::missing(const AppStore &store, const QUuid &checkpointID)
+QStringList ResumeShortfallCard::missing(const ResumeFlow &resuming, const Library &library, const QUuid &checkpointID)
 {
     QStringList lines;
-    if (store.resuming.resumeShortfall() && store.resuming.resumeShortfall()->checkpointID == checkpointID) {
-        for (const QString &failure : store.resuming.resumeShortfall()->failures)
+    if (resuming.resumeShortfall() && resuming.resumeShortfall()->checkpointID == checkpointID) {
+        for (const QString &failure : resuming.resumeShortfall()->failures)
             lines += tr("Could not open: %1").arg(failure);
     }
-    const Checkpoint *const checkpoint = store.library.checkpoint(checkpointID);
+    const Checkpoint *const checkpoint = library.checkpoint(checkpointID);
     const QList<SavedWindow> own = checkpoint && checkpoint->windows ? *checkpoint->windows : QList<SavedWindow>();
-    for (const UnplacedWindow &unplaced : store.resuming.unplacedWindows()) {
+    for (const UnplacedWindow &unplaced : resuming.unplacedWindows()) {
         if (own.contains(unplaced.window))
             lines += unplacedText(unplaced);
     }
     return lines;
 }
 
-ResumeShortfallCard::ResumeShortfallCard(AppStore &store, const QUuid &checkpointID)
-    : m_store(store), m_id(checkpointID), m_lines(makeColumn(3))
+ResumeShortfallCard::ResumeShortfallCard(ResumeFlow &resuming, const Library &library, OpenSheets &sheets,
+                                         const QUuid &checkpointID)
+    : m_resuming(resuming), m_library(library), m_sheets(sheets), m_id(checkpointID), m_lines(makeColumn(3))
 {
     setFocusPolicy(Qt::ClickFocus);
     setAccessibleName(tr("Not everything is back"));
@@ -52,8 +53,8 @@ ResumeShortfallCard::ResumeShortfallCard(AppStore &store, const QUuid &checkpoin
     column->setContentsMargins(14, 8, 8, 12);
     column->addWidget(makeHead());
     column->addLayout(m_lines);
-    m_observations.watch([this] { showShortfall(); }, store.resuming.resumeShortfall, store.resuming.unplacedWindows,
-                         store.library.checkpoints);
+    m_observations.watch([this] { showShortfall(); }, resuming.resumeShortfall, resuming.unplacedWindows,
+                         library.checkpoints);
 }
 
 QWidget *ResumeShortfallCard::makeHead()
@@ -63,17 +64,17 @@ QWidget *ResumeShortfallCard::makeHead()
     row->addWidget(new SymbolView("exclamationmark.triangle", Role::AmberText));
     row->addWidget(makeLabel(tr("Not everything is back"), TextStyle::Strong), 1);
     auto *review = new Button(tr("Review workspace"), Button::Kind::Plain);
-    connect(review, &QAbstractButton::clicked, this, [this] { m_store.sheets.open(&OpenSheets::showRestore); });
+    connect(review, &QAbstractButton::clicked, this, [this] { m_sheets.open(&OpenSheets::showRestore); });
     row->addWidget(review);
     Button *const close = Button::makeIcon("xmark", tr("Dismiss what is not back"));
-    connect(close, &QAbstractButton::clicked, this, [this] { m_store.resuming.dismissShortfall(); });
+    connect(close, &QAbstractButton::clicked, this, [this] { m_resuming.dismissShortfall(); });
     row->addWidget(close);
     return head;
 }
 
 void ResumeShortfallCard::showShortfall()
 {
-    const QStringList lines = missing(m_store, m_id);
+    const QStringList lines = missing(m_resuming, m_library, m_id);
     setVisible(!lines.isEmpty());
     while (QLayoutItem *const item = m_lines->takeAt(0)) {
         delete item->widget();

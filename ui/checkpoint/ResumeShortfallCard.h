@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/Library.h"
+#include "store/OpenSheets.h"
+#include "store/ResumeFlow.h"
 #include "ui/controls/Ground.h"
 
 #include <QCoreApplication>
@@ -15,16 +17,18 @@ class ResumeShortfallCard final : public QWidget {
     Q_DECLARE_TR_FUNCTIONS(ardeno::ResumeShortfallCard)
 
 public:
-    ResumeShortfallCard(AppStore &store, const QUuid &checkpointID);
+    ResumeShortfallCard(ResumeFlow &resuming, const Library &library, OpenSheets &sheets, const QUuid &checkpointID);
 
     // One line for each thing; empty when all is back.
-    static QStringList missing(const AppStore &store, const QUuid &checkpointID);
+    static QStringList missing(const ResumeFlow &resuming, const Library &library, const QUuid &checkpointID);
 
 private:
     QWidget *makeHead();
     void showShortfall();
 
-    AppStore &m_store;
+    ResumeFlow &m_resuming;
+    const Library &m_library;
+    OpenSheets &m_sheets;
     QUuid m_id;
     QVBoxLayout *m_lines;
     Observations m_observations;

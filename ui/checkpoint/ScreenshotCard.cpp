@@ -26,8 +26,8 @@
 
 namespace ardeno {
 
-ScreenshotCard::ScreenshotCard(AppStore &store, const Screens &screens, const Checkpoint &checkpoint)
-    : m_store(store),
+ScreenshotCard::ScreenshotCard(const CheckpointParts &parts, const Screens &screens, const Checkpoint &checkpoint)
+    : m_parts(parts),
       m_screens(screens),
       m_id(checkpoint.id),
       m_isSample(checkpoint.isSample),
@@ -35,26 +35,26 @@ ScreenshotCard::ScreenshotCard(AppStore &store, const Screens &screens, const Ch
       m_choose(new Button({}, Button::Kind::Plain)),
       m_expand(new Button(tr("Expand"), Button::Kind::Plain, "arrow.up.left.and.arrow.down.right")),
       m_remove(new Button(tr("Remove"), Button::Kind::Plain, "trash")),
-      m_undo(new UndoStrip([this] { m_store.removals.undoWorkspaceRemoval(); }))
+      m_undo(new UndoStrip([this] { m_parts.removals.undoWorkspaceRemoval(); }))
 {
     m_column->setContentsMargins(15, 10, 15, 14);
     m_column->addWidget(makeHeader());
     m_column->addWidget(m_undo);
-    m_observations.watch([this] { showUndo(); }, store.removals.lastRemoval, store.library.checkpoints);
+    m_observations.watch([this] { showUndo(); }, parts.removals.lastRemoval, parts.library.checkpoints);
     if (m_isSample) {
         m_column->addWidget(new SampleWorkspace);
         return;
     }
-    m_observations.watch([this] { showCheckpoint(); }, store.library.checkpoints);
+    m_observations.watch([this] { showCheckpoint(); }, parts.library.checkpoints);
     takeOffers();
 }
 
 void ScreenshotCard::showUndo()
 {
-    const std::optional<WorkspaceRemoval> &removal = m_store.removals.lastRemoval();
+    const std::optional<WorkspaceRemoval> &removal = m_parts.removals.lastRemoval();
     const bool isOurs =
         removal && removal->checkpointID == m_id && std::holds_alternative<RemovedPicture>(removal->item.item);
-    const Checkpoint *const checkpoint = m_store.library.checkpoint(m_id);
+    const Checkpoint *const checkpoint = m_parts.library.checkpoint(m_id);
     m_undo->setVisible(isOurs);
     m_undo->setText(checkpoint && checkpoint->screenshot ? tr("Screenshot replaced") : tr("Screenshot removed"));
 }
@@ -74,7 +74,7 @@ QWidget *ScreenshotCard::makeHeader()
     m_remove->setHint(tr("Delete this screenshot while keeping the checkpoint’s notes and workspace"));
     connect(m_choose, &QAbstractButton::clicked, this, [this] { chooseImage(); });
     connect(m_expand, &QAbstractButton::clicked, this, [this] { expand(); });
-    connect(m_remove, &QAbstractButton::clicked, this, [this] { m_store.screenshots.removeScreenshot(m_id); });
+    connect(m_remove, &QAbstractButton::clicked, this, [this] { m_parts.screenshots.removeScreenshot(m_id); });
     return header;
 }
 
@@ -96,10 +96,10 @@ QWidget *ScreenshotCard::makePicture(const Checkpoint &checkpoint)
     if (!checkpoint.screenshot)
         return makePlaceholder();
     const auto enlarging = m_screens.viewScreenshot ? ScreenshotImage::Enlarging::Yes : ScreenshotImage::Enlarging::No;
-    const QString file = m_store.media.screenshotFile(checkpoint).value_or(QString());
+    const QString file = m_parts.media.screenshotFile(checkpoint).value_or(QString());
     auto *image = new ScreenshotImage(file, enlarging);
     image->setMostHeight(m_mostHeight);
-    m_preview = m_store.media.thumbnails().request(
+    m_preview = m_parts.media.thumbnails().request(
         file, [shown = QPointer<ScreenshotImage>(image)](const Thumbnail &thumbnail) {
             if (shown && thumbnail.state == Thumbnail::State::Ready)
                 shown->setPreview(toImage(thumbnail.picture));
@@ -117,7 +117,7 @@ void ScreenshotCard::setMostHeight(int height)
 
 void ScreenshotCard::showCheckpoint()
 {
-    const Checkpoint *const checkpoint = m_store.library.checkpoint(m_id);
+    const Checkpoint *const checkpoint = m_parts.library.checkpoint(m_id);
     if (!checkpoint || (m_shownPath && *m_shownPath == checkpoint->screenshot))
         return;
     m_shownPath = checkpoint->screenshot;
@@ -145,7 +145,7 @@ void ScreenshotCard::chooseImage()
     };
     FileChooser::ask(window(), question, [card = QPointer<ScreenshotCard>(this)](const QString &path) {
         if (card)
-            card->m_store.screenshots.importScreenshot(path, card->m_id); // It reports by itself.
+            card->m_parts.screenshots.importScreenshot(path, card->m_id); // It reports by itself.
     });
 }
 
@@ -163,7 +163,7 @@ void ScreenshotCard::takeOffers()
 
 void ScreenshotCard::paste()
 {
-    adoptPicture(m_store, m_id, QApplication::clipboard()->mimeData());
+    adoptPicture(m_parts.screenshots, m_parts.messages, m_id, QApplication::clipboard()->mimeData());
 }
 
 void ScreenshotCard::showOffered(bool isOffered)
@@ -191,7 +191,7 @@ void ScreenshotCard::dropEvent(QDropEvent *event)
     showOffered(false);
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    adoptPicture(m_store, m_id, event->mimeData());
+    adoptPicture(m_parts.screenshots, m_parts.messages, m_id, event->mimeData());
 }
 
 void ScreenshotCard::fillMenu(QMenu *menu)
@@ -223,9 +223,9 @@ void ScreenshotCard::paintEvent(QPaintEvent *event)
 
 void ScreenshotCard::expand()
 {
-    const Checkpoint *const checkpoint = m_store.library.checkpoint(m_id);
+    const Checkpoint *const checkpoint = m_parts.library.checkpoint(m_id);
     if (checkpoint && checkpoint->screenshot && m_screens.viewScreenshot)
-        m_screens.viewScreenshot(m_store, m_store.media.screenshotFile(*checkpoint).value_or(QString()));
+        m_screens.viewScreenshot(m_parts.media.screenshotFile(*checkpoint).value_or(QString()));
 }
 
 } // namespace ardeno

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
 #include "ui/Screens.h"
+#include "ui/checkpoint/CheckpointParts.h"
 #include "ui/controls/Ground.h"
 
 class QMenu;
@@ -16,7 +16,7 @@ class UndoStrip;
 // The screenshot of one checkpoint with what can be done with it.
 class ScreenshotCard final : public Card {
 public:
-    ScreenshotCard(AppStore &store, const Screens &screens, const Checkpoint &checkpoint);
+    ScreenshotCard(const CheckpointParts &parts, const Screens &screens, const Checkpoint &checkpoint);
 
     // Of the picture, in logical pixels.
     void setMostHeight(int height);
@@ -45,7 +45,7 @@ private:
     void showOffered(bool isOffered);
     void fillMenu(QMenu *menu);
 
-    AppStore &m_store;
+    CheckpointParts m_parts;
     const Screens &m_screens;
     QUuid m_id;
     bool m_isSample;

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/edit/EditSheet.h"
 
-#include "store/AppStore.h"
+#include "store/CheckpointEditing.h"
+#include "store/Library.h"
+#include "store/Messages.h"
 #include "ui/controls/Choice.h"
 #include "ui/controls/Fields.h"
 #include "ui/controls/Ground.h"
@@ -11,9 +13,12 @@
 
 namespace ardeno {
 
-EditSheet::EditSheet(AppStore &store, const Checkpoint &checkpoint)
+EditSheet::EditSheet(const Library &library, CheckpointEditing &editing, Messages &messages,
+                     const Checkpoint &checkpoint)
     : Sheet(tr("Checkpoint details"), 560),
-      m_store(store),
+      m_library(library),
+      m_editing(editing),
+      m_messages(messages),
       m_id(checkpoint.id),
       m_project(makeProjects(checkpoint)),
       m_title(new TextField(tr("Checkpoint title"))),
@@ -48,7 +53,7 @@ Choice *EditSheet::makeProjects(const Checkpoint &checkpoint)
 {
     auto *projects = new Choice(tr("Project"));
     QList<Choice::Option> options;
-    for (const Project &project : m_store.library.projects())
+    for (const Project &project : m_library.projects())
         options.append({project.name, project.id});
     projects->setOptions(options);
     projects->setCurrent(checkpoint.projectID.value_or(QUuid()));
@@ -57,9 +62,9 @@ Choice *EditSheet::makeProjects(const Checkpoint &checkpoint)
 
 void EditSheet::save()
 {
-    const Checkpoint *const stored = m_store.library.checkpoint(m_id);
+    const Checkpoint *const stored = m_library.checkpoint(m_id);
     if (!stored) { // What was typed stays, to be copied.
-        m_store.messages.report(tr("This checkpoint is no longer in the library, so nothing could be saved."));
+        m_messages.report(tr("This checkpoint is no longer in the library, so nothing could be saved."));
         return;
     }
     // On top of what is stored by now, as a picture may have been added meanwhile. What was not touched stays exactly
@@ -74,7 +79,7 @@ void EditSheet::save()
     if (m_nextStep->isModified())
         edited.nextStep = m_nextStep->text();
     // What could not be saved stays in its fields.
-    if (m_store.editing.save(edited))
+    if (m_editing.save(edited))
         close();
 }
 

@@ -8,7 +8,9 @@
 
 namespace ardeno {
 
-class AppStore;
+class CheckpointEditing;
+class Library;
+class Messages;
 class Choice;
 class TextArea;
 class TextField;
@@ -18,13 +20,15 @@ class EditSheet final : public Sheet {
     Q_DECLARE_TR_FUNCTIONS(ardeno::EditSheet)
 
 public:
-    EditSheet(AppStore &store, const Checkpoint &checkpoint);
+    EditSheet(const Library &library, CheckpointEditing &editing, Messages &messages, const Checkpoint &checkpoint);
 
 private:
     Choice *makeProjects(const Checkpoint &checkpoint);
     void save();
 
-    AppStore &m_store;
+    const Library &m_library;
+    CheckpointEditing &m_editing;
+    Messages &m_messages;
     QUuid m_id;
     Choice *m_project;
     TextField *m_title;

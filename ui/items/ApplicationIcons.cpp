@@ -16,7 +16,7 @@ const QIcon &ApplicationIcons::icon(const QString &appID)
     const auto known = m_icons.constFind(appID);
     if (known != m_icons.constEnd())
         return *known;
-    const QString name = m_store.applications.iconName(appID);
+    const QString name = m_applications.iconName(appID);
     const QIcon found = name.isEmpty() ? QIcon() : QDir::isAbsolutePath(name) ? QIcon(name) : QIcon::fromTheme(name);
     return *m_icons.insert(appID, found);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/Applications.h"
 #include "ui/theme/AppTheme.h"
 
 #include <QHash>
@@ -13,7 +13,7 @@ namespace ardeno {
 // The icons of applications, from the desktop's theme.
 class ApplicationIcons final {
 public:
-    explicit ApplicationIcons(AppStore &store) : m_store(store) {}
+    explicit ApplicationIcons(Applications &applications) : m_applications(applications) {}
 
     // The symbol takes the place of an icon that does not exist.
     void draw(QPainter &painter, const QRectF &square, const QString &appID, const QString &symbol);
@@ -21,7 +21,7 @@ public:
 private:
     const QIcon &icon(const QString &appID);
 
-    AppStore &m_store;
+    Applications &m_applications;
     QString m_theme = {}; // That the icons are from.
     QHash<QString, QIcon> m_icons = {};
 };

@@ -39,8 +39,10 @@ ItemRow windowRow(const SavedWindow &window)
 
 } // namespace
 
-WindowLayoutSummary::WindowLayoutSummary(AppStore &store, ApplicationIcons &icons, const Checkpoint &checkpoint)
-    : m_store(store),
+WindowLayoutSummary::WindowLayoutSummary(WorkspaceEditing &workspace, RemovalUndo &removals, ApplicationIcons &icons,
+                                         const Checkpoint &checkpoint)
+    : m_workspace(workspace),
+      m_removals(removals),
       m_none(makeParagraph(tr("No window positions saved yet. New checkpoints include the position and size of visible "
                               "windows."),
                            TextStyle::Small, Role::Dim)),
@@ -53,7 +55,7 @@ WindowLayoutSummary::WindowLayoutSummary(AppStore &store, ApplicationIcons &icon
     column->addWidget(makeHead(checkpoint));
     auto *undo = makeRow(0);
     undo->setContentsMargins(15, 0, 15, 0);
-    m_undo = new UndoStrip([this] { m_store.removals.undoWorkspaceRemoval(); });
+    m_undo = new UndoStrip([this] { m_removals.undoWorkspaceRemoval(); });
     m_undo->setText(tr("Window positions replaced"));
     undo->addWidget(m_undo);
     column->addLayout(undo);
@@ -72,12 +74,12 @@ WindowLayoutSummary::WindowLayoutSummary(AppStore &store, ApplicationIcons &icon
         m_disclosure->setSymbol(isOpen ? "chevron.down" : "chevron.right");
         m_list->setVisible(isOpen);
     });
-    m_observations.watch([this, id = checkpoint.id] { showUndo(id); }, store.removals.lastRemoval);
+    m_observations.watch([this, id = checkpoint.id] { showUndo(id); }, removals.lastRemoval);
 }
 
 void WindowLayoutSummary::showUndo(const QUuid &checkpointID)
 {
-    const std::optional<WorkspaceRemoval> &removal = m_store.removals.lastRemoval();
+    const std::optional<WorkspaceRemoval> &removal = m_removals.lastRemoval();
     m_undo->setVisible(removal && removal->checkpointID == checkpointID &&
                        std::holds_alternative<RemovedLayout>(removal->item.item));
 }
@@ -96,7 +98,7 @@ QWidget *WindowLayoutSummary::makeHead(const Checkpoint &checkpoint)
     if (!checkpoint.isSample) {
         m_update = new Button({});
         connect(m_update, &QAbstractButton::clicked, this,
-                [this, id = checkpoint.id] { m_store.workspace.addCurrentWindowLayout(id); });
+                [this, id = checkpoint.id] { m_workspace.addCurrentWindowLayout(id); });
         row->addWidget(m_update);
     }
     return head;

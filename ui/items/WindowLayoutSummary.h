@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/RemovalUndo.h"
+#include "store/WorkspaceEditing.h"
 #include "ui/items/ApplicationIcons.h"
 #include "ui/items/ItemModel.h"
 
@@ -18,7 +19,8 @@ class UndoStrip;
 // Where the windows of a checkpoint stood.
 class WindowLayoutSummary final : public QWidget {
 public:
-    WindowLayoutSummary(AppStore &store, ApplicationIcons &icons, const Checkpoint &checkpoint);
+    WindowLayoutSummary(WorkspaceEditing &workspace, RemovalUndo &removals, ApplicationIcons &icons,
+                        const Checkpoint &checkpoint);
 
     void show(const Checkpoint &checkpoint);
 
@@ -26,7 +28,8 @@ private:
     QWidget *makeHead(const Checkpoint &checkpoint);
     void showUndo(const QUuid &checkpointID);
 
-    AppStore &m_store;
+    WorkspaceEditing &m_workspace;
+    RemovalUndo &m_removals;
     ItemModel m_model;
     QLabel *m_none;
     Button *m_disclosure;

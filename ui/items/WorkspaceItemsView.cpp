@@ -64,30 +64,33 @@ QWidget *makeListCard(QWidget *card, ItemList *list)
 
 } // namespace
 
-WorkspaceItemsView::WorkspaceItemsView(AppStore &store, const QUuid &checkpointID)
-    : m_store(store), m_id(checkpointID), m_isSample(!store.library.checkpoint(checkpointID)), m_icons(store)
+WorkspaceItemsView::WorkspaceItemsView(const ItemParts &parts, const QUuid &checkpointID)
+    : m_parts(parts),
+      m_id(checkpointID),
+      m_isSample(!parts.library.checkpoint(checkpointID)),
+      m_icons(parts.applications)
 {
     auto *column = makeColumn(12, this);
     column->setContentsMargins(0, 16, 0, 0);
     column->addWidget(makeHead());
-    m_undo = new UndoStrip([this] { m_store.removals.undoWorkspaceRemoval(); });
+    m_undo = new UndoStrip([this] { m_parts.removals.undoWorkspaceRemoval(); });
     column->addWidget(m_undo);
     column->addWidget(makeLists());
     if (const Checkpoint *const checkpoint = current()) {
-        m_windows = new WindowLayoutSummary(store, m_icons, *checkpoint);
+        m_windows = new WindowLayoutSummary(parts.workspace, parts.removals, m_icons, *checkpoint);
         column->addWidget(m_windows);
     }
-    m_observations.watch([this] { showCheckpoint(); }, store.library.checkpoints);
-    m_observations.watch([this] { showUndo(); }, store.removals.lastRemoval, store.library.checkpoints);
+    m_observations.watch([this] { showCheckpoint(); }, parts.library.checkpoints);
+    m_observations.watch([this] { showUndo(); }, parts.removals.lastRemoval, parts.library.checkpoints);
     if (m_addTabs)
-        m_observations.watch([this] { m_addTabs->setEnabled(!m_store.operations.busy()); }, store.operations.busy);
+        m_observations.watch([this] { m_addTabs->setEnabled(!m_parts.operations.busy()); }, parts.operations.busy);
 }
 
 const Checkpoint *WorkspaceItemsView::current() const
 {
     if (!m_isSample)
-        return m_store.library.checkpoint(m_id);
-    const QList<Checkpoint> &samples = m_store.library.sampleHistory();
+        return m_parts.library.checkpoint(m_id);
+    const QList<Checkpoint> &samples = m_parts.library.sampleHistory();
     const auto found = std::find_if(samples.begin(), samples.end(),
                                     [this](const Checkpoint &checkpoint) { return checkpoint.id == m_id; });
     return found == samples.end() ? nullptr : &*found;
@@ -136,7 +139,7 @@ QWidget *WorkspaceItemsView::makeApps()
             },
             [this](const QModelIndex &index) {
                 if (const SavedApp *const app = appAt(index))
-                    m_store.workspace.removeApp(SavedApp(*app), m_id);
+                    m_parts.workspace.removeApp(SavedApp(*app), m_id);
             });
     }
     m_apps->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
@@ -159,7 +162,7 @@ QWidget *WorkspaceItemsView::makeTabsHead()
         m_addTabs = new Button(tr("Add current tabs"));
         m_addTabs->setToolTip(tr("Add tabs currently open in Brave, Chrome, Safari or Firefox. The saved screenshot is "
                                  "unchanged."));
-        connect(m_addTabs, &QAbstractButton::clicked, this, [this] { m_store.workspace.addCurrentBrowserTabs(m_id); });
+        connect(m_addTabs, &QAbstractButton::clicked, this, [this] { m_parts.workspace.addCurrentBrowserTabs(m_id); });
         row->addWidget(m_addTabs);
     }
     return head;
@@ -182,7 +185,7 @@ QWidget *WorkspaceItemsView::makeTabs()
             name, [](const QModelIndex &) { return tr("Remove this tab from the checkpoint"); },
             [this](const QModelIndex &index) {
                 if (const SavedTab *const tab = tabAt(index))
-                    m_store.workspace.removeTab(SavedTab(*tab), m_id);
+                    m_parts.workspace.removeTab(SavedTab(*tab), m_id);
             });
     }
     m_tabs->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
@@ -226,27 +229,27 @@ const SavedTab *WorkspaceItemsView::tabAt(const QModelIndex &index) const
 
 void WorkspaceItemsView::fillAppMenu(QMenu *menu, const SavedApp &app)
 {
-    if (m_store.rules.exclusions().appIDs().contains(app.id)) {
+    if (m_parts.rules.exclusions().appIDs().contains(app.id)) {
         menu->addAction(tr("Excluded from future captures"))->setEnabled(false);
         return;
     }
     addMenuItem(menu, tr("Always exclude %1").arg(menuText(appTitle(app))), {}, [this, app] {
-        if (m_store.rules.excludeApp(app))
-            m_store.messages.confirm(
+        if (m_parts.rules.excludeApp(app))
+            m_parts.messages.confirm(
                 tr("%1 excluded from future captures. This checkpoint is unchanged.").arg(appTitle(app)));
     });
 }
 
 void WorkspaceItemsView::fillTabMenu(QMenu *menu, const SavedTab &tab)
 {
-    const CaptureExclusions websites{.domains = m_store.rules.exclusions().domains};
+    const CaptureExclusions websites{.domains = m_parts.rules.exclusions().domains};
     const std::optional<QString> domain = CaptureExclusions::domainFrom(tab.url);
     if (!websites.allows(tab)) {
         menu->addAction(tr("Excluded from future tab captures"))->setEnabled(false);
     } else if (domain) {
         addMenuItem(menu, tr("Always exclude %1").arg(menuText(*domain)), {}, [this, domain = *domain] {
-            if (m_store.rules.excludeDomain(domain))
-                m_store.messages.confirm(
+            if (m_parts.rules.excludeDomain(domain))
+                m_parts.messages.confirm(
                     tr("%1 excluded from future tab lists. Visible pages and this checkpoint’s media "
                        "are unchanged.")
                         .arg(domain));
@@ -283,7 +286,7 @@ void WorkspaceItemsView::showCheckpoint()
 
 void WorkspaceItemsView::showUndo()
 {
-    const std::optional<WorkspaceRemoval> &removal = m_store.removals.lastRemoval();
+    const std::optional<WorkspaceRemoval> &removal = m_parts.removals.lastRemoval();
     const QString name = removal && removal->checkpointID == m_id ? removedName(removal->item) : QString();
     m_undo->setVisible(!name.isEmpty());
     m_undo->setText(tr("Removed %1").arg(name));

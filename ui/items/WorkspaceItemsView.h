@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
 #include "ui/items/ApplicationIcons.h"
 #include "ui/items/ItemModel.h"
+#include "ui/items/ItemParts.h"
 
 #include <QWidget>
 
@@ -21,7 +21,7 @@ class WindowLayoutSummary;
 // What a checkpoint saved of the workspace, to be pruned, added to, and turned into rules for later captures.
 class WorkspaceItemsView final : public QWidget {
 public:
-    WorkspaceItemsView(AppStore &store, const QUuid &checkpointID);
+    WorkspaceItemsView(const ItemParts &parts, const QUuid &checkpointID);
 
 private:
     QWidget *makeHead();
@@ -38,7 +38,7 @@ private:
     void showCheckpoint();
     void showUndo();
 
-    AppStore &m_store;
+    ItemParts m_parts;
     QUuid m_id;
     bool m_isSample;
     ApplicationIcons m_icons;

@@ -19,24 +19,24 @@ struct ArchivingTexts final {
 
 } // namespace
 
-ArchivingStrip::ArchivingStrip(AppStore &store, QWidget *parent)
-    : QWidget(parent), m_store(store), m_text(makeParagraphOfLines(2))
+ArchivingStrip::ArchivingStrip(ProjectOperations &projects, QWidget *parent)
+    : QWidget(parent), m_projects(projects), m_text(makeParagraphOfLines(2))
 {
     QHBoxLayout *const row = makeStripRow(this);
     row->addWidget(new SymbolView("archivebox", Role::AccentText));
     row->addWidget(m_text, 1);
     auto *undo = new Button(ArchivingTexts::tr("Undo"));
-    connect(undo, &QAbstractButton::clicked, this, [this] { m_store.projects.undoArchiving(); });
+    connect(undo, &QAbstractButton::clicked, this, [this] { m_projects.undoArchiving(); });
     row->addWidget(undo);
     Button *const close = Button::makeIcon("xmark", ArchivingTexts::tr("Dismiss the message"));
-    connect(close, &QAbstractButton::clicked, this, [this] { m_store.projects.dismissArchiving(); });
+    connect(close, &QAbstractButton::clicked, this, [this] { m_projects.dismissArchiving(); });
     row->addWidget(close);
-    m_observations.watch([this] { showArchiving(); }, store.projects.lastArchiving);
+    m_observations.watch([this] { showArchiving(); }, projects.lastArchiving);
 }
 
 void ArchivingStrip::showArchiving()
 {
-    const std::optional<Archiving> &last = m_store.projects.lastArchiving();
+    const std::optional<Archiving> &last = m_projects.lastArchiving();
     setVisible(last.has_value());
     if (!last)
         return;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/ProjectOperations.h"
 
 #include <QWidget>
 
@@ -12,7 +12,7 @@ namespace ardeno {
 // Which project went to the archive or came from there, and the way back.
 class ArchivingStrip final : public QWidget {
 public:
-    explicit ArchivingStrip(AppStore &store, QWidget *parent = nullptr);
+    explicit ArchivingStrip(ProjectOperations &projects, QWidget *parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -20,7 +20,7 @@ protected:
 private:
     void showArchiving();
 
-    AppStore &m_store;
+    ProjectOperations &m_projects;
     QLabel *m_text;
     Observations m_observations;
 };

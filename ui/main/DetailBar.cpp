@@ -38,9 +38,13 @@ QString elapsedText(qint64 seconds)
     return shown < 3600 ? rest : QString::number(shown / 3600) + ':' + rest;
 }
 
-DetailBar::DetailBar(AppStore &store, const Screens &screens, std::function<void(QMenu *)> fillMenu, QWidget *parent)
+DetailBar::DetailBar(const Library &library, const Navigation &navigation, const Operations &operations,
+                     const SessionRecorder &recorder, std::function<void()> stop, std::function<void(QMenu *)> fillMenu,
+                     QWidget *parent)
     : QWidget(parent),
-      m_store(store),
+      m_navigation(navigation),
+      m_operations(operations),
+      m_recorder(recorder),
       m_title(new LineLabel({}, TextStyle::BarTitle)),
       m_elapsed(makeClock(TextStyle::Body, Role::RecordingText)),
       m_stop(new Button(tr("Stop & save checkpoint"), Button::Kind::Recording)),
@@ -54,20 +58,14 @@ DetailBar::DetailBar(AppStore &store, const Screens &screens, std::function<void
     row->addWidget(m_progress);
     row->addWidget(m_recording);
     m_stop->setAccessibleName(m_stop->text()); // Else screen readers would take the "&" for a mark of a letter.
-    connect(m_stop, &QAbstractButton::clicked, this, [this, stop = screens.stopRecording] {
-        if (stop)
-            stop(m_store);
-        else
-            m_store.sessions.stop();
-    });
+    connect(m_stop, &QAbstractButton::clicked, this, std::move(stop));
     Button *const more = Button::makeIcon("ellipsis", tr("More actions"));
     more->setFixedWidth(20);
     setMenu(more, std::move(fillMenu));
     row->addWidget(more);
     connect(&m_tick, &QTimer::timeout, this, [this] { showElapsed(); });
-    m_observations.watch([this] { showState(); }, store.library.projects, store.navigation.selectedProjectID,
-                         store.operations.busy, store.recorder.recording, store.recorder.startedAt,
-                         store.recorder.recordingFailure);
+    m_observations.watch([this] { showState(); }, library.projects, navigation.selectedProjectID, operations.busy,
+                         recorder.recording, recorder.startedAt, recorder.recordingFailure);
 }
 
 QWidget *DetailBar::makeRecording()
@@ -83,12 +81,12 @@ QWidget *DetailBar::makeRecording()
 
 void DetailBar::showState()
 {
-    const Project *const project = m_store.navigation.selectedProject();
+    const Project *const project = m_navigation.selectedProject();
     m_title->setText(project ? project->name : tr("Projects"));
-    m_recording->setVisible(m_store.recorder.recording());
-    m_stop->setEnabled(!m_store.operations.busy());
-    m_progress->setVisible(m_store.operations.busy());
-    if (m_store.recorder.recording() && !m_store.recorder.recordingFailure())
+    m_recording->setVisible(m_recorder.recording());
+    m_stop->setEnabled(!m_operations.busy());
+    m_progress->setVisible(m_operations.busy());
+    if (m_recorder.recording() && !m_recorder.recordingFailure())
         m_tick.start(1000);
     else
         m_tick.stop();
@@ -97,11 +95,11 @@ void DetailBar::showState()
 
 void DetailBar::showElapsed()
 {
-    if (m_store.recorder.recordingFailure()) {
+    if (m_recorder.recordingFailure()) {
         m_elapsed->setText(tr("Recording broken off"));
         return;
     }
-    const std::optional<Date> start = m_store.recorder.startedAt();
+    const std::optional<Date> start = m_recorder.startedAt();
     m_elapsed->setText(start ? elapsedText(static_cast<qint64>(Date::now().seconds - start->seconds)) : QString());
 }
 

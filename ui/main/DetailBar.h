@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
-#include "ui/Screens.h"
+#include "store/Library.h"
+#include "store/Navigation.h"
+#include "store/Operations.h"
+#include "store/SessionRecorder.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -18,7 +20,8 @@ class LineLabel;
 // The row above the detail: what is shown, whether a session is recorded, and a menu.
 class DetailBar final : public QWidget {
 public:
-    DetailBar(AppStore &store, const Screens &screens, std::function<void(QMenu *)> fillMenu,
+    DetailBar(const Library &library, const Navigation &navigation, const Operations &operations,
+              const SessionRecorder &recorder, std::function<void()> stop, std::function<void(QMenu *)> fillMenu,
               QWidget *parent = nullptr);
 
     static constexpr int barHeight = 52;
@@ -28,7 +31,9 @@ private:
     void showState();
     void showElapsed();
 
-    AppStore &m_store;
+    const Navigation &m_navigation;
+    const Operations &m_operations;
+    const SessionRecorder &m_recorder;
     LineLabel *m_title;
     QLabel *m_elapsed;
     Button *m_stop;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/main/MainWindow.h"
 
+#include "store/AppStore.h"
+#include "ui/ViewParts.h"
 #include "ui/checkpoint/CheckpointDetail.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/InputWatch.h"
@@ -47,20 +49,19 @@ struct MainWindow::Actions {
 namespace {
 
 // What a session cannot do is said once, where messages are.
-void reportMissingServices(AppStore &store)
+void reportMissingServices(Messages &messages)
 {
     if (!QDBusConnection::sessionBus().isConnected())
-        store.messages.remark(
-            {.sentence = QCoreApplication::translate(
-                 "ardeno::MainWindow",
-                 "There is no session bus: folders and documents of windows are not found, the desktop’s "
-                 "appearance is not followed, and commands do not reach this window."),
-             .subject = "session bus"});
+        messages.remark({.sentence = QCoreApplication::translate(
+                             "ardeno::MainWindow",
+                             "There is no session bus: folders and documents of windows are not found, the desktop’s "
+                             "appearance is not followed, and commands do not reach this window."),
+                         .subject = "session bus"});
 }
 
 } // namespace
 
-MainWindow::MainWindow(Screens screens) : m_screens(std::move(screens)), m_brand(Sidebar::makeBrand())
+MainWindow::MainWindow() : m_brand(Sidebar::makeBrand())
 {
     setWindowTitle(tr("Ardeno"));
     setWindowIcon(Symbols::brandIcon());
@@ -83,17 +84,19 @@ MainWindow::~MainWindow()
     m_presentations.reset();
 }
 
-void MainWindow::open(AppStore &store)
+void MainWindow::open(AppStore &store, Screens screens)
 {
     m_store = &store;
+    m_screens = std::move(screens);
     delete m_brand;
-    m_sidebar = new Sidebar(store, m_screens);
+    m_sidebar = new Sidebar(ViewParts::ofProjects(store), m_screens);
     m_sidebar->setFixedWidth(Sidebar::fixedWidth);
     auto *row = makeRow(0, content());
     row->addWidget(m_sidebar);
     row->addWidget(makeDetailColumn(), 1);
-    m_presentations = std::make_unique<Presentations>(store, m_screens, sheets());
-    m_noteQuestion = std::make_unique<UnsavedNoteQuestion>(store, sheets());
+    m_presentations = std::make_unique<Presentations>(ViewParts::ofProjects(store), store.messages, store.deletion,
+                                                      m_screens, sheets());
+    m_noteQuestion = std::make_unique<UnsavedNoteQuestion>(store.library, store.navigation, store.editing, sheets());
     makeActions();
     sheets().setOnCover([this](bool) { enableActions(); });
     m_observations = std::make_unique<Observations>();
@@ -101,7 +104,7 @@ void MainWindow::open(AppStore &store)
                           store.library.projects, store.library.checkpoints);
     m_observations->watch([this] { enableActions(); }, store.operations.busy, store.recorder.recording);
     store.applications.watchRunningApplications();
-    reportMissingServices(store);
+    reportMissingServices(store.messages);
 }
 
 QWidget *MainWindow::makeDetailColumn()
@@ -109,23 +112,31 @@ QWidget *MainWindow::makeDetailColumn()
     auto *detail = new QWidget;
     auto *column = makeColumn(0, detail);
     auto *bar = new Ground(Role::Paper, Qt::BottomEdge);
-    makeColumn(0, bar)->addWidget(new DetailBar(*m_store, m_screens, [this](QMenu *menu) { fillMenu(menu); }));
+    const auto stop = [this] {
+        if (m_screens.stopRecording)
+            m_screens.stopRecording();
+        else
+            m_store->sessions.stop();
+    };
+    makeColumn(0, bar)->addWidget(new DetailBar(m_store->library, m_store->navigation, m_store->operations,
+                                                m_store->recorder, stop, [this](QMenu *menu) { fillMenu(menu); }));
     column->addWidget(bar);
-    column->addWidget(new UpdateBanner(*m_store, m_screens));
+    column->addWidget(new UpdateBanner(m_store->updates, m_screens));
     m_projectHead = makeProjectHead();
     column->addWidget(m_projectHead);
     m_contentColumn = makeColumn(0);
     column->addLayout(m_contentColumn, 1);
     m_foot = new QWidget;
     auto *foot = makeColumn(0, m_foot);
-    foot->addWidget(new RemarkStrips(*m_store));
-    foot->addWidget(new ArchivingStrip(*m_store));
-    foot->addWidget(new NoticeStrip(*m_store, [this] {
-        if (m_detail)
-            m_detail->showShortfall();
-    }));
+    foot->addWidget(new RemarkStrips(m_store->messages, m_store->applications, m_store->sessions));
+    foot->addWidget(new ArchivingStrip(m_store->projects));
+    foot->addWidget(
+        new NoticeStrip(m_store->messages, m_store->navigation, m_store->library, m_store->resuming, [this] {
+            if (m_detail)
+                m_detail->showShortfall();
+        }));
     // Lowest, where it stays when a notice above it goes.
-    foot->addWidget(new NewsletterPrompt(*m_store, m_screens));
+    foot->addWidget(new NewsletterPrompt(m_store->newsletter, m_screens));
     column->addWidget(m_foot);
     return detail;
 }
@@ -135,10 +146,11 @@ QWidget *MainWindow::makeProjectHead()
     auto *head = new QWidget;
     auto *column = makeColumn(0, head);
     auto *status = new Ground(Role::Paper, Qt::BottomEdge);
-    makeColumn(0, status)->addWidget(new ProjectStatusView(*m_store));
+    makeColumn(0, status)->addWidget(new ProjectStatusView(ViewParts::ofProjects(*m_store)));
     column->addWidget(status);
     m_timelineGround = new Ground(Role::Paper, Qt::BottomEdge);
-    m_timeline = new ProjectTimeline(*m_store, m_screens);
+    m_timeline = new ProjectTimeline(ViewParts::ofCheckpointLists(*m_store), m_store->operations, m_store->recorder,
+                                     [this] { requestSave(); });
     makeColumn(0, m_timelineGround)->addWidget(m_timeline);
     column->addWidget(m_timelineGround);
     return head;
@@ -177,11 +189,11 @@ QWidget *MainWindow::makeContent()
 {
     m_detail = nullptr;
     if (!m_store->navigation.selectedProject())
-        return new ProjectsOverview(*m_store);
+        return new ProjectsOverview(ViewParts::ofProjects(*m_store), m_store->media);
     const Checkpoint *const checkpoint = m_store->navigation.selected();
     if (!checkpoint)
         return makeEmptyProject();
-    m_detail = new CheckpointDetail(*m_store, m_screens, *checkpoint);
+    m_detail = new CheckpointDetail(ViewParts::ofCheckpoint(*m_store), m_screens, *checkpoint);
     return m_detail;
 }
 
@@ -223,8 +235,7 @@ void MainWindow::makeActions()
     m_actions = std::make_unique<Actions>();
     m_actions->newProject = add(tr("New project"), Qt::CTRL | Qt::Key_N, "plus",
                                 [this] { m_store->sheets.open(&OpenSheets::showNewProject); });
-    m_actions->save = add(tr("Save checkpoint"), Qt::CTRL | Qt::Key_S, "plus.circle.fill",
-                          [this] { CheckpointActions::requestSave(*m_store, static_cast<bool>(m_screens.capture)); });
+    m_actions->save = add(tr("Save checkpoint"), Qt::CTRL | Qt::Key_S, "plus.circle.fill", [this] { requestSave(); });
     m_actions->search =
         add(tr("Find a project"), Qt::CTRL | Qt::Key_F, "magnifyingglass", [this] { m_sidebar->focusSearch(); });
     m_actions->next = add(tr("Next checkpoint"), Qt::CTRL | Qt::Key_PageDown, "arrow.right",
@@ -237,6 +248,12 @@ void MainWindow::makeActions()
                               [this] { m_store->sheets.open(&OpenSheets::showSettings); });
     m_actions->fullScreen = add(tr("Full screen"), Qt::Key_F11, "arrow.up.left.and.arrow.down.right",
                                 [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
+}
+
+void MainWindow::requestSave()
+{
+    CheckpointActions::requestSave(ViewParts::ofCapture(*m_store), m_store->navigation,
+                                   static_cast<bool>(m_screens.capture));
 }
 
 void MainWindow::enableActions()
@@ -291,7 +308,7 @@ void MainWindow::keyPressEvent(QKeyEvent *event)
 {
     const bool isRename = event->key() == Qt::Key_F2 && m_store && m_store->navigation.selectedProjectID();
     if (isRename && !TextKeys::isField(QApplication::focusWidget()))
-        ProjectActions::rename(this, *m_store, *m_store->navigation.selectedProjectID());
+        ProjectActions::rename(this, ViewParts::ofProjects(*m_store), *m_store->navigation.selectedProjectID());
     else
         CoverableWindow::keyPressEvent(event);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "support/Observable.h"
 #include "ui/Screens.h"
 #include "ui/controls/Sheet.h"
 
@@ -14,6 +14,7 @@ class QMenu;
 
 namespace ardeno {
 
+class AppStore;
 class CheckpointDetail;
 class Presentations;
 class ProjectTimeline;
@@ -26,13 +27,13 @@ class MainWindow final : public CoverableWindow {
     Q_DECLARE_TR_FUNCTIONS(ardeno::MainWindow)
 
 public:
-    explicit MainWindow(Screens screens = {});
+    MainWindow();
     ~MainWindow() override;
     MainWindow(const MainWindow &) = delete;
     MainWindow &operator=(const MainWindow &) = delete;
 
-    // Composes the views; the store outlives the window.
-    void open(AppStore &store);
+    // Composes the views; the store, which the screens are of, outlives the window.
+    void open(AppStore &store, Screens screens = {});
 
     // Called once, from the event loop, after the first picture of the window.
     void setOnFirstPaint(std::function<void()> painted) { m_firstPaint = std::move(painted); }
@@ -65,6 +66,7 @@ private:
     void fillMenu(QMenu *menu);
     void showContent();
     QWidget *makeContent();
+    void requestSave();
     void enableActions();
 
     Screens m_screens;

@@ -18,14 +18,15 @@ struct PresentationTexts final {
 
 } // namespace
 
-Presentations::Presentations(AppStore &store, const Screens &screens, SheetHost &host)
-    : m_store(store), m_screens(screens), m_host(host)
+Presentations::Presentations(const ProjectParts &parts, Messages &messages, Deletion &deletion, const Screens &screens,
+                             SheetHost &host)
+    : m_parts(parts), m_messages(messages), m_deletion(deletion), m_screens(screens), m_host(host)
 {
-    m_observations.watch([this] { showSheets(); }, store.sheets.showCapture, store.sheets.showRestore,
-                         store.sheets.showSettings, store.sheets.showExclusions, store.sheets.showNewProject,
-                         store.sheets.editingBlocker, store.navigation.selection);
-    m_observations.watch([this] { showDeletingProject(); }, store.sheets.deletingProject);
-    m_observations.watch([this] { showError(); }, store.messages.error);
+    m_observations.watch([this] { showSheets(); }, parts.sheets.showCapture, parts.sheets.showRestore,
+                         parts.sheets.showSettings, parts.sheets.showExclusions, parts.sheets.showNewProject,
+                         parts.sheets.editingBlocker, parts.navigation.selection);
+    m_observations.watch([this] { showDeletingProject(); }, parts.sheets.deletingProject);
+    m_observations.watch([this] { showError(); }, messages.error);
 }
 
 void Presentations::follow(QPointer<Sheet> &slot, bool isWanted, const Make &make)
@@ -41,76 +42,76 @@ void Presentations::follow(QPointer<Sheet> &slot, bool isWanted, const Make &mak
 void Presentations::showSheets()
 {
     const auto from = [this](const Screens::MakeSheet &screen) {
-        return screen ? Make([this, &screen] { return screen(m_store); }) : Make();
+        return screen ? Make([this, &screen] { return screen(); }) : Make();
     };
-    follow(m_capture, m_store.sheets.showCapture(), from(m_screens.capture));
-    follow(m_restore, m_store.sheets.showRestore() && m_store.navigation.selected(), from(m_screens.restore));
-    follow(m_preferences, m_store.sheets.showSettings(), from(m_screens.preferences));
-    follow(m_exclusions, m_store.sheets.showExclusions(), from(m_screens.exclusions));
-    follow(m_newProject, m_store.sheets.showNewProject(), [this] { return makeNewProjectSheet(m_store); });
-    follow(m_blocker, m_store.sheets.editingBlocker().has_value(),
-           [this] { return makeProjectBlockerSheet(m_store, *m_store.sheets.editingBlocker()); });
+    follow(m_capture, m_parts.sheets.showCapture(), from(m_screens.capture));
+    follow(m_restore, m_parts.sheets.showRestore() && m_parts.navigation.selected(), from(m_screens.restore));
+    follow(m_preferences, m_parts.sheets.showSettings(), from(m_screens.preferences));
+    follow(m_exclusions, m_parts.sheets.showExclusions(), from(m_screens.exclusions));
+    follow(m_newProject, m_parts.sheets.showNewProject(), [this] { return makeNewProjectSheet(m_parts); });
+    follow(m_blocker, m_parts.sheets.editingBlocker().has_value(),
+           [this] { return makeProjectBlockerSheet(m_parts, *m_parts.sheets.editingBlocker()); });
 }
 
 void Presentations::showDeletingProject()
 {
-    if (!m_store.sheets.deletingProject() || m_deleting)
+    if (!m_parts.sheets.deletingProject() || m_deleting)
         return;
-    const Project project = *m_store.sheets.deletingProject();
+    const Project project = *m_parts.sheets.deletingProject();
     const AlertText question{
         .title = PresentationTexts::tr("Delete project?"),
         .message = PresentationTexts::tr(
                        "Delete “%1” and all %n checkpoints, including their local screenshots and recordings? This "
                        "cannot be undone.",
-                       "", static_cast<int>(m_store.library.checkpointsFor(project.id).size()))
+                       "", static_cast<int>(m_parts.library.checkpointsFor(project.id).size()))
                        .arg(project.name),
         .confirm = PresentationTexts::tr("Delete project"),
         .cancel = PresentationTexts::tr("Cancel"),
         .kind = Button::Kind::Destructive,
     };
     m_deleting = presentAlert(m_host, question, [this, id = project.id](bool isConfirmed) {
-        m_store.sheets.closeDeletion();
+        m_parts.sheets.closeDeletion();
         if (isConfirmed)
-            m_store.deletion.deleteProject(id);
+            m_deletion.deleteProject(id);
     });
 }
 
 void Presentations::showError()
 {
-    if (m_error && m_error->accessibleDescription() != m_store.messages.error())
+    if (m_error && m_error->accessibleDescription() != m_messages.error())
         std::exchange(m_error, nullptr)->close();
-    if (!m_store.messages.error() || m_error)
+    if (!m_messages.error() || m_error)
         return;
     if (InputWatch::instance().isWriting()) { // It comes when the sentence is finished.
         InputWatch::instance().whenPaused(&m_waiting, [this] { showError(); });
         return;
     }
-    const QString sentence = *m_store.messages.error();
+    const QString sentence = *m_messages.error();
     const AlertText text{.title = PresentationTexts::tr("Something needs attention"),
                          .message = sentence,
                          .confirm = PresentationTexts::tr("OK")};
     m_error = presentAlert(m_host, text, [this, sentence](bool) {
         // A newer one has an alert of its own.
-        if (m_store.messages.error() == sentence)
-            m_store.messages.dismissError();
+        if (m_messages.error() == sentence)
+            m_messages.dismissError();
     });
 }
 
 void Presentations::confirmDelete()
 {
-    const Checkpoint *const checkpoint = m_store.navigation.selected();
+    const Checkpoint *const checkpoint = m_parts.navigation.selected();
     if (!checkpoint || m_host.isCovering())
         return;
     const AlertText question{
         .title = PresentationTexts::tr("Delete this checkpoint and its local recording?"),
-        .detail = CheckpointActions::describe(m_store, *checkpoint),
+        .detail = CheckpointActions::describe(m_parts.library, *checkpoint),
         .confirm = PresentationTexts::tr("Delete checkpoint"),
         .cancel = PresentationTexts::tr("Cancel"),
         .kind = Button::Kind::Destructive,
     };
     presentAlert(m_host, question, [this, id = checkpoint->id](bool isConfirmed) {
         if (isConfirmed)
-            m_store.deletion.deleteCheckpoint(id);
+            m_deletion.deleteCheckpoint(id);
     });
 }
 

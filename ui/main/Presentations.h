@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/Deletion.h"
 #include "ui/Screens.h"
 #include "ui/controls/Sheet.h"
+#include "ui/projects/ProjectParts.h"
 
 #include <QPointer>
 
@@ -12,7 +13,8 @@ namespace ardeno {
 // Shows the sheets and questions that the store's flags ask for, each as long as its flag is set.
 class Presentations final {
 public:
-    Presentations(AppStore &store, const Screens &screens, SheetHost &host);
+    Presentations(const ProjectParts &parts, Messages &messages, Deletion &deletion, const Screens &screens,
+                  SheetHost &host);
 
     // Asks whether the selected checkpoint is to be deleted.
     void confirmDelete();
@@ -26,7 +28,9 @@ private:
     void showDeletingProject();
     void showError();
 
-    AppStore &m_store;
+    ProjectParts m_parts;
+    Messages &m_messages;
+    Deletion &m_deletion;
     const Screens &m_screens;
     SheetHost &m_host;
     QPointer<Sheet> m_capture;

@@ -35,9 +35,9 @@ std::optional<QUuid> followerAt(const QList<QUuid> &rows, const QUuid &moved, co
 
 } // namespace
 
-ProjectListView::ProjectListView(AppStore &store, QWidget *parent)
+ProjectListView::ProjectListView(const ProjectParts &parts, QWidget *parent)
     : FollowingList(tr("Projects"), parent),
-      m_store(store),
+      m_parts(parts),
       m_drop([this](const QUuid &dragged, const QUuid &target, const QList<QUuid> &) { enter(dragged, target); })
 {
     setModel(&m_model);
@@ -51,31 +51,31 @@ ProjectListView::ProjectListView(AppStore &store, QWidget *parent)
     connect(&m_rest, &QTimer::timeout, this, [this] { writeOrder(); });
     setToolTip(tr("Drag a project to another place, or press Alt with an arrow key"));
     setOnActivate(
-        [this](const QModelIndex &index) { m_store.navigation.selectProject(m_model.rows().at(index.row()).id); });
+        [this](const QModelIndex &index) { m_parts.navigation.selectProject(m_model.rows().at(index.row()).id); });
     setOnMenu([this](const QModelIndex &index, const QPoint &place) {
         showMenu(this, place,
-                 [&](QMenu *menu) { ProjectActions::fill(menu, m_store, m_model.rows().at(index.row()).id); });
+                 [&](QMenu *menu) { ProjectActions::fill(menu, m_parts, m_model.rows().at(index.row()).id); });
     });
     m_observations.watch(
         [this] {
-            m_counts = ProjectListModel::count(m_store.library.projects().isEmpty() ? m_store.library.sampleHistory()
-                                                                                    : m_store.library.checkpoints());
+            m_counts = ProjectListModel::count(m_parts.library.projects().isEmpty() ? m_parts.library.sampleHistory()
+                                                                                    : m_parts.library.checkpoints());
             showProjects();
         },
-        store.library.projects, store.library.checkpoints, store.library.sampleHistory);
-    m_observations.watch([this] { showProjects(); }, store.navigation.search, store.navigation.showArchivedProjects);
-    m_observations.watch([this] { showSelection(); }, store.navigation.selectedProjectID);
+        parts.library.projects, parts.library.checkpoints, parts.library.sampleHistory);
+    m_observations.watch([this] { showProjects(); }, parts.navigation.search, parts.navigation.showArchivedProjects);
+    m_observations.watch([this] { showSelection(); }, parts.navigation.selectedProjectID);
 }
 
 void ProjectListView::showProjects()
 {
-    m_model.setRows(ProjectListModel::makeRows(m_store.navigation.filteredProjects(), m_counts));
+    m_model.setRows(ProjectListModel::makeRows(m_parts.navigation.filteredProjects(), m_counts));
     showSelection();
 }
 
 void ProjectListView::showSelection()
 {
-    showChosen(m_store.navigation.selectedProjectID() ? m_model.rowOf(*m_store.navigation.selectedProjectID()) : -1);
+    showChosen(m_parts.navigation.selectedProjectID() ? m_model.rowOf(*m_parts.navigation.selectedProjectID()) : -1);
 }
 
 void ProjectListView::startDrag(Qt::DropActions)
@@ -120,7 +120,7 @@ void ProjectListView::writeOrder()
         return;
     QElapsedTimer time;
     time.start();
-    const Outcome outcome = m_store.projects.reorderProjects(moved->first, moved->second, m_model.ids());
+    const Outcome outcome = m_parts.projects.reorderProjects(moved->first, moved->second, m_model.ids());
     m_writeMilliseconds = time.elapsed();
     // As the store has it: a write that failed takes the row back.
     if (!outcome)
@@ -163,7 +163,7 @@ void ProjectListView::keyPressEvent(QKeyEvent *event)
     if (isMove && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down))
         moveCurrent(event->key() == Qt::Key_Up ? -1 : 1);
     else if (event->key() == Qt::Key_F2 && currentIndex().isValid())
-        ProjectActions::rename(this, m_store, m_model.rows().at(currentIndex().row()).id);
+        ProjectActions::rename(this, m_parts, m_model.rows().at(currentIndex().row()).id);
     else
         FollowingList::keyPressEvent(event);
 }
@@ -175,7 +175,7 @@ void ProjectListView::moveCurrent(int step)
     const qsizetype other = at + step;
     if (at < 0 || other < 0 || other >= ids.size())
         return;
-    m_store.projects.reorderProjects(ids.at(at), followerAt(ids, ids.at(at), ids.at(other)), ids);
+    m_parts.projects.reorderProjects(ids.at(at), followerAt(ids, ids.at(at), ids.at(other)), ids);
 }
 
 } // namespace ardeno

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
 #include "ui/controls/FollowingList.h"
 #include "ui/main/SidebarProjectDrop.h"
 #include "ui/projects/ProjectListModel.h"
+#include "ui/projects/ProjectParts.h"
 
 #include <QTimer>
 
@@ -16,7 +16,7 @@ namespace ardeno {
 // The projects of the sidebar, in the user's order, which dragging a row changes, or Alt with the arrow keys.
 class ProjectListView final : public FollowingList {
 public:
-    explicit ProjectListView(AppStore &store, QWidget *parent = nullptr);
+    explicit ProjectListView(const ProjectParts &parts, QWidget *parent = nullptr);
 
 protected:
     void startDrag(Qt::DropActions supported) override;
@@ -34,7 +34,7 @@ private:
     void enter(const QUuid &dragged, const QUuid &target);
     void writeOrder();
 
-    AppStore &m_store;
+    ProjectParts m_parts;
     ProjectListModel m_model;
     ProjectListModel::Counts m_counts;
     SidebarProjectDrop m_drop;

@@ -29,7 +29,7 @@ QString shortened(const QString &sentence)
 
 class RemarkStrip final : public QWidget {
 public:
-    RemarkStrip(AppStore &store, const Remark &remark)
+    RemarkStrip(Messages &messages, Applications &applications, SessionFlow &sessions, const Remark &remark)
     {
         QHBoxLayout *const row = makeStripRow(this);
         row->addWidget(new SymbolView("exclamationmark.circle", Role::AccentText));
@@ -37,11 +37,11 @@ public:
         setAccessibleName(remark.sentence);
         if (remark.file)
             addAction(row, RemarkTexts::tr("Show file"),
-                      [&store, file = *remark.file] { store.applications.showFile(file); });
+                      [&applications, file = *remark.file] { applications.showFile(file); });
         if (remark.hasUnsavedSession)
-            addAction(row, RemarkTexts::tr("Save now"), [&store] { store.sessions.saveUnsavedSessions(); });
+            addAction(row, RemarkTexts::tr("Save now"), [&sessions] { sessions.saveUnsavedSessions(); });
         Button *const close = Button::makeIcon("xmark", RemarkTexts::tr("Dismiss the remark"));
-        QObject::connect(close, &QAbstractButton::clicked, this, [&store, remark] { store.messages.dismiss(remark); });
+        QObject::connect(close, &QAbstractButton::clicked, this, [&messages, remark] { messages.dismiss(remark); });
         row->addWidget(close);
     }
 
@@ -59,22 +59,23 @@ private:
 
 } // namespace
 
-RemarkStrips::RemarkStrips(AppStore &store, QWidget *parent) : QWidget(parent), m_store(store)
+RemarkStrips::RemarkStrips(Messages &messages, Applications &applications, SessionFlow &sessions, QWidget *parent)
+    : QWidget(parent), m_messages(messages), m_applications(applications), m_sessions(sessions)
 {
     makeColumn(0, this);
-    m_observations.watch([this] { showRemarks(); }, store.messages.remarks);
+    m_observations.watch([this] { showRemarks(); }, messages.remarks);
 }
 
 void RemarkStrips::showRemarks()
 {
     constexpr qsizetype most = 3; // What is below has its place, too; who dismisses one sees the next.
     const bool hadFocus = isAncestorOf(window()->focusWidget());
-    const QList<Remark> &all = m_store.messages.remarks();
+    const QList<Remark> &all = m_messages.remarks();
     setVisible(!all.isEmpty()); // Before its strips go: what is hidden hands the focus on.
     qDeleteAll(findChildren<QWidget *>(Qt::FindDirectChildrenOnly));
     const QList<Remark> newest = all.last(std::min(all.size(), most));
     for (const Remark &remark : newest) {
-        auto *strip = new RemarkStrip(m_store, remark);
+        auto *strip = new RemarkStrip(m_messages, m_applications, m_sessions, remark);
         layout()->addWidget(strip);
         QAccessibleEvent said(strip, QAccessible::Alert);
         QAccessible::updateAccessibility(&said);

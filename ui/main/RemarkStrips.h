@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/Applications.h"
+#include "store/SessionFlow.h"
 
 #include <QWidget>
 
@@ -10,12 +11,14 @@ namespace ardeno {
 // What is to be known until it is dismissed, a strip each: the newest three at a time.
 class RemarkStrips final : public QWidget {
 public:
-    explicit RemarkStrips(AppStore &store, QWidget *parent = nullptr);
+    RemarkStrips(Messages &messages, Applications &applications, SessionFlow &sessions, QWidget *parent = nullptr);
 
 private:
     void showRemarks();
 
-    AppStore &m_store;
+    Messages &m_messages;
+    Applications &m_applications;
+    SessionFlow &m_sessions;
     Observations m_observations;
 };
 

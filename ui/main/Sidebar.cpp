@@ -28,22 +28,22 @@ protected:
 
 } // namespace
 
-Sidebar::Sidebar(AppStore &store, const Screens &screens, QWidget *parent)
+Sidebar::Sidebar(const ProjectParts &parts, const Screens &screens, QWidget *parent)
     : QWidget(parent),
-      m_store(store),
+      m_parts(parts),
       m_search(makeSearch()),
       m_all(Button::makeRow(tr("All projects"), "square.grid.2x2")),
       m_section(makeLabel({}, TextStyle::Eyebrow, Role::Dim)),
       m_count(makeLabel({}, TextStyle::Eyebrow, Role::Dim)),
       m_nothing(makeParagraph(tr("No projects match your search."), TextStyle::Small, Role::Dim)),
-      m_projects(new ProjectListView(store))
+      m_projects(new ProjectListView(parts))
 {
     auto *column = makeColumn(12, this);
     column->setContentsMargins(12, 16, 13, 12);
     column->addWidget(makeBrand());
     column->addWidget(m_search);
     column->addWidget(m_all);
-    connect(m_all, &QAbstractButton::clicked, this, [this] { m_store.navigation.showProjects(); });
+    connect(m_all, &QAbstractButton::clicked, this, [this] { m_parts.navigation.showProjects(); });
     column->addWidget(makeSectionHeader());
     auto *nothing = makeRow(0);
     nothing->setContentsMargins(8, 0, 8, 0);
@@ -53,14 +53,14 @@ Sidebar::Sidebar(AppStore &store, const Screens &screens, QWidget *parent)
     auto *create = new Button(tr("New project"), Button::Kind::Bordered, "plus");
     create->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     create->setHint(tr("New project"), "Ctrl+N");
-    connect(create, &QAbstractButton::clicked, this, [this] { m_store.sheets.open(&OpenSheets::showNewProject); });
+    connect(create, &QAbstractButton::clicked, this, [this] { m_parts.sheets.open(&OpenSheets::showNewProject); });
     column->addWidget(create);
     column->addWidget(makeExplanation());
     if (screens.preferences)
         column->addWidget(makeSettings());
-    m_observations.watch([this] { showSection(); }, store.library.projects, store.library.checkpoints,
-                         store.navigation.search, store.navigation.showArchivedProjects,
-                         store.navigation.selectedProjectID);
+    m_observations.watch([this] { showSection(); }, parts.library.projects, parts.library.checkpoints,
+                         parts.navigation.search, parts.navigation.showArchivedProjects,
+                         parts.navigation.selectedProjectID);
 }
 
 QWidget *Sidebar::makeBrand()
@@ -77,7 +77,7 @@ SearchField *Sidebar::makeSearch()
 {
     auto *field = new SearchField(tr("Find a project"));
     field->setToolTip(tr("Find a project (%1)").arg("Ctrl+F"));
-    connect(field, &QLineEdit::textChanged, this, [this](const QString &text) { m_store.navigation.setSearch(text); });
+    connect(field, &QLineEdit::textChanged, this, [this](const QString &text) { m_parts.navigation.setSearch(text); });
     field->setOnOpenFirst([this] { openFirst(); });
     field->setOnDown([this] { m_projects->goToFirst(); });
     return field;
@@ -85,9 +85,9 @@ SearchField *Sidebar::makeSearch()
 
 void Sidebar::openFirst()
 {
-    const QList<Project> found = m_store.navigation.filteredProjects();
+    const QList<Project> found = m_parts.navigation.filteredProjects();
     if (!found.isEmpty())
-        m_store.navigation.selectProject(found.first().id);
+        m_parts.navigation.selectProject(found.first().id);
 }
 
 void Sidebar::focusSearch()
@@ -124,20 +124,20 @@ QWidget *Sidebar::makeSettings()
     column->setContentsMargins(0, 8, 0, 0);
     Button *const settings = Button::makeRow(tr("Settings"), "slider.horizontal.3");
     settings->setHint(tr("Settings"), "Ctrl+,");
-    connect(settings, &QAbstractButton::clicked, this, [this] { m_store.sheets.open(&OpenSheets::showSettings); });
+    connect(settings, &QAbstractButton::clicked, this, [this] { m_parts.sheets.open(&OpenSheets::showSettings); });
     column->addWidget(settings);
     return block;
 }
 
 void Sidebar::showSection()
 {
-    m_section->setText(m_store.navigation.showArchivedProjects() ? tr("ARCHIVED") : tr("PROJECTS"));
-    const qsizetype found = m_store.navigation.filteredProjects().size();
+    m_section->setText(m_parts.navigation.showArchivedProjects() ? tr("ARCHIVED") : tr("PROJECTS"));
+    const qsizetype found = m_parts.navigation.filteredProjects().size();
     m_count->setText(QString::number(found));
-    m_nothing->setVisible(found == 0 && !m_store.navigation.search().isEmpty());
-    m_all->setCurrent(!m_store.navigation.selectedProjectID());
-    if (m_search->text() != m_store.navigation.search())
-        m_search->setText(m_store.navigation.search());
+    m_nothing->setVisible(found == 0 && !m_parts.navigation.search().isEmpty());
+    m_all->setCurrent(!m_parts.navigation.selectedProjectID());
+    if (m_search->text() != m_parts.navigation.search())
+        m_search->setText(m_parts.navigation.search());
 }
 
 } // namespace ardeno

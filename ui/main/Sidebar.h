@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
 #include "ui/Screens.h"
+#include "ui/projects/ProjectParts.h"
 
 #include <QWidget>
 
@@ -19,7 +19,7 @@ class Sidebar final : public QWidget {
 public:
     static constexpr int fixedWidth = 244;
 
-    Sidebar(AppStore &store, const Screens &screens, QWidget *parent = nullptr);
+    Sidebar(const ProjectParts &parts, const Screens &screens, QWidget *parent = nullptr);
 
     void focusSearch();
 
@@ -34,7 +34,7 @@ private:
     void openFirst();
     void showSection();
 
-    AppStore &m_store;
+    ProjectParts m_parts;
     SearchField *m_search;
     Button *m_all;
     QLabel *m_section;

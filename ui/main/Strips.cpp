@@ -39,8 +39,8 @@ Button *makeClose(const QString &name)
 
 } // namespace
 
-UpdateBanner::UpdateBanner(AppStore &store, const Screens &screens, QWidget *parent)
-    : QWidget(parent), m_store(store), m_text(new LineLabel)
+UpdateBanner::UpdateBanner(Updates &updates, const Screens &screens, QWidget *parent)
+    : QWidget(parent), m_updates(updates), m_text(new LineLabel)
 {
     auto *row = makeStripRow(this);
     row->addWidget(new SymbolView("arrow.down.circle.fill", Role::AccentText));
@@ -48,22 +48,22 @@ UpdateBanner::UpdateBanner(AppStore &store, const Screens &screens, QWidget *par
     auto *details = new Button(tr("See what’s new"), Button::Kind::Link);
     connect(details, &QAbstractButton::clicked, this, [this, &screens] {
         SheetHost *const host = SheetHost::of(this);
-        if (host && m_store.updates.availableUpdate())
-            host->present(makeUpdateDetailsSheet(m_store, screens, *m_store.updates.availableUpdate()));
+        if (host && m_updates.availableUpdate())
+            host->present(makeUpdateDetailsSheet(screens, *m_updates.availableUpdate()));
     });
     row->addWidget(details);
     row->addStretch();
     Button *const close = makeClose(tr("Dismiss the update"));
-    connect(close, &QAbstractButton::clicked, this, [this] { m_store.updates.dismissUpdate(); });
+    connect(close, &QAbstractButton::clicked, this, [this] { m_updates.dismissUpdate(); });
     row->addWidget(close);
-    m_observations.watch([this] { showUpdate(); }, store.updates.availableUpdate);
+    m_observations.watch([this] { showUpdate(); }, updates.availableUpdate);
 }
 
 void UpdateBanner::showUpdate()
 {
-    setVisible(m_store.updates.availableUpdate().has_value());
-    if (m_store.updates.availableUpdate())
-        m_text->setText(tr("Ardeno %1 is available.").arg(m_store.updates.availableUpdate()->latestVersion));
+    setVisible(m_updates.availableUpdate().has_value());
+    if (m_updates.availableUpdate())
+        m_text->setText(tr("Ardeno %1 is available.").arg(m_updates.availableUpdate()->latestVersion));
 }
 
 void UpdateBanner::paintEvent(QPaintEvent *)
@@ -71,7 +71,7 @@ void UpdateBanner::paintEvent(QPaintEvent *)
     drawStrip(this, Role::AccentSoft, Qt::BottomEdge);
 }
 
-Sheet *makeUpdateDetailsSheet(AppStore &store, const Screens &screens, const AppUpdateManifest &update)
+Sheet *makeUpdateDetailsSheet(const Screens &screens, const AppUpdateManifest &update)
 {
     const auto tr = [](const char *text) { return QCoreApplication::translate("ardeno::UpdateDetailsView", text); };
     auto *sheet = new Sheet(tr("What’s new in Ardeno?"), 440);
@@ -90,16 +90,23 @@ Sheet *makeUpdateDetailsSheet(AppStore &store, const Screens &screens, const App
                                                     "so Ardeno does not open one."),
                                                  TextStyle::Small, Role::AmberText));
     if (screens.openUpdate && isOpenable(update.downloadURL)) {
-        sheet->addButton(tr("Download update"), Button::Kind::Prominent, [&store, sheet, open = screens.openUpdate] {
-            open(store);
+        sheet->addButton(tr("Download update"), Button::Kind::Prominent, [sheet, open = screens.openUpdate] {
+            open();
             sheet->close();
         });
     }
     return sheet;
 }
 
-NoticeStrip::NoticeStrip(AppStore &store, std::function<void()> showShortfall, QWidget *parent)
-    : QWidget(parent), m_store(store), m_text(makeParagraph({})), m_show(new Button(tr("Show")))
+NoticeStrip::NoticeStrip(Messages &messages, const Navigation &navigation, const Library &library,
+                         const ResumeFlow &resuming, std::function<void()> showShortfall, QWidget *parent)
+    : QWidget(parent),
+      m_messages(messages),
+      m_navigation(navigation),
+      m_library(library),
+      m_resuming(resuming),
+      m_text(makeParagraph({})),
+      m_show(new Button(tr("Show")))
 {
     auto *row = makeStripRow(this);
     row->addWidget(new SymbolView("checkmark.circle", Role::SageText));
@@ -108,11 +115,11 @@ NoticeStrip::NoticeStrip(AppStore &store, std::function<void()> showShortfall, Q
     connect(m_show, &QAbstractButton::clicked, this, std::move(showShortfall));
     row->addWidget(m_show);
     Button *const close = makeClose(tr("Dismiss the message"));
-    connect(close, &QAbstractButton::clicked, this, [this] { m_store.messages.dismissNotice(); });
+    connect(close, &QAbstractButton::clicked, this, [this] { m_messages.dismissNotice(); });
     row->addWidget(close);
     m_expiry.setInterval(std::chrono::seconds(10));
     connect(&m_expiry, &QTimer::timeout, this, [this] { expire(); });
-    m_observations.watch([this] { showNotice(); }, store.messages.notice);
+    m_observations.watch([this] { showNotice(); }, messages.notice);
 }
 
 void NoticeStrip::setPatience(std::chrono::milliseconds patience)
@@ -122,13 +129,13 @@ void NoticeStrip::setPatience(std::chrono::milliseconds patience)
 
 void NoticeStrip::showNotice()
 {
-    const bool isResume = m_store.messages.noticeSubject() == subjects::resume;
-    const std::optional<QUuid> &shown = m_store.navigation.selection();
-    setVisible(m_store.messages.notice().has_value());
-    m_text->setText(m_store.messages.notice().value_or(QString()));
-    m_show->setVisible(isResume && shown && !ResumeShortfallCard::missing(m_store, *shown).isEmpty());
+    const bool isResume = m_messages.noticeSubject() == subjects::resume;
+    const std::optional<QUuid> &shown = m_navigation.selection();
+    setVisible(m_messages.notice().has_value());
+    m_text->setText(m_messages.notice().value_or(QString()));
+    m_show->setVisible(isResume && shown && !ResumeShortfallCard::missing(m_resuming, m_library, *shown).isEmpty());
     setAccessibleName(m_text->text());
-    if (!m_store.messages.notice()) {
+    if (!m_messages.notice()) {
         m_expiry.stop();
         return;
     }
@@ -147,13 +154,13 @@ bool NoticeStrip::isHeld() const
 void NoticeStrip::expire()
 {
     if (!isHeld())
-        m_store.messages.dismissNotice();
+        m_messages.dismissNotice();
 }
 
 void NoticeStrip::leaveEvent(QEvent *event)
 {
     QWidget::leaveEvent(event);
-    if (m_store.messages.notice())
+    if (m_messages.notice())
         m_expiry.start();
 }
 
@@ -162,8 +169,8 @@ void NoticeStrip::paintEvent(QPaintEvent *)
     drawStrip(this, Role::SageSoft, Qt::TopEdge);
 }
 
-NewsletterPrompt::NewsletterPrompt(AppStore &store, const Screens &screens, QWidget *parent)
-    : QWidget(parent), m_store(store)
+NewsletterPrompt::NewsletterPrompt(Newsletter &newsletter, const Screens &screens, QWidget *parent)
+    : QWidget(parent), m_newsletter(newsletter)
 {
     auto *row = makeStripRow(this);
     row->addWidget(new SymbolView("envelope", Role::AccentText));
@@ -174,17 +181,17 @@ NewsletterPrompt::NewsletterPrompt(AppStore &store, const Screens &screens, QWid
     row->addLayout(texts, 1);
     auto *later = new Button(tr("Not now"), Button::Kind::Plain);
     auto *join = new Button(tr("Join newsletter"));
-    connect(later, &QAbstractButton::clicked, this, [this] { m_store.newsletter.dismissNewsletterPrompt(); });
+    connect(later, &QAbstractButton::clicked, this, [this] { m_newsletter.dismissNewsletterPrompt(); });
     connect(join, &QAbstractButton::clicked, this, [this, open = screens.openNewsletter] {
         open();
-        m_store.newsletter.dismissNewsletterPrompt();
+        m_newsletter.dismissNewsletterPrompt();
     });
     row->addWidget(later);
     row->addWidget(join);
     // Without a page to open there is nothing to ask.
     const bool canJoin = static_cast<bool>(screens.openNewsletter);
-    m_observations.watch([this, canJoin] { setVisible(canJoin && m_store.newsletter.showNewsletterPrompt()); },
-                         store.newsletter.showNewsletterPrompt);
+    m_observations.watch([this, canJoin] { setVisible(canJoin && m_newsletter.showNewsletterPrompt()); },
+                         newsletter.showNewsletterPrompt);
 }
 
 void NewsletterPrompt::paintEvent(QPaintEvent *)

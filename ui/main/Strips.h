@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/Newsletter.h"
+#include "store/ResumeFlow.h"
+#include "store/Updates.h"
 #include "ui/Screens.h"
 #include "ui/theme/AppTheme.h"
 
@@ -27,7 +29,7 @@ QHBoxLayout *makeStripRow(QWidget *strip);
 // Offers a newer version above the detail; hidden while there is none.
 class UpdateBanner final : public QWidget {
 public:
-    UpdateBanner(AppStore &store, const Screens &screens, QWidget *parent = nullptr);
+    UpdateBanner(Updates &updates, const Screens &screens, QWidget *parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -35,20 +37,21 @@ protected:
 private:
     void showUpdate();
 
-    AppStore &m_store;
+    Updates &m_updates;
     LineLabel *m_text;
     Observations m_observations;
 };
 
 // What a newer version brings.
-Sheet *makeUpdateDetailsSheet(AppStore &store, const Screens &screens, const AppUpdateManifest &update);
+Sheet *makeUpdateDetailsSheet(const Screens &screens, const AppUpdateManifest &update);
 
 // What was done, at the bottom of the detail, until it is dismissed or has been there for a while. It stays while
 // somebody points at it or cannot see it.
 class NoticeStrip final : public QWidget {
 public:
     // Shows what the last resume could not do.
-    NoticeStrip(AppStore &store, std::function<void()> showShortfall, QWidget *parent = nullptr);
+    NoticeStrip(Messages &messages, const Navigation &navigation, const Library &library, const ResumeFlow &resuming,
+                std::function<void()> showShortfall, QWidget *parent = nullptr);
 
     void setPatience(std::chrono::milliseconds patience);
 
@@ -61,7 +64,10 @@ private:
     void expire();
     bool isHeld() const;
 
-    AppStore &m_store;
+    Messages &m_messages;
+    const Navigation &m_navigation;
+    const Library &m_library;
+    const ResumeFlow &m_resuming;
     QLabel *m_text;
     Button *m_show;
     QTimer m_expiry;
@@ -71,13 +77,13 @@ private:
 // Asks once whether the user wants to hear of news.
 class NewsletterPrompt final : public QWidget {
 public:
-    NewsletterPrompt(AppStore &store, const Screens &screens, QWidget *parent = nullptr);
+    NewsletterPrompt(Newsletter &newsletter, const Screens &screens, QWidget *parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    AppStore &m_store;
+    Newsletter &m_newsletter;
     Observations m_observations;
 };
 

@@ -5,21 +5,23 @@
 
 namespace ardeno {
 
-UnsavedNoteQuestion::UnsavedNoteQuestion(AppStore &store, SheetHost &host) : m_store(store), m_host(host)
+UnsavedNoteQuestion::UnsavedNoteQuestion(const Library &library, Navigation &navigation,
+                                         const CheckpointEditing &editing, SheetHost &host)
+    : m_library(library), m_navigation(navigation), m_editing(editing), m_host(host)
 {
-    m_observations.watch([this] { look(); }, store.editing.unsavedNotes, store.navigation.selection);
+    m_observations.watch([this] { look(); }, editing.unsavedNotes, navigation.selection);
 }
 
 void UnsavedNoteQuestion::look()
 {
     QSet<QUuid> left;
-    for (const UnsavedNote &note : m_store.editing.unsavedNotes()) {
-        if (note.checkpointID != m_store.navigation.selection())
+    for (const UnsavedNote &note : m_editing.unsavedNotes()) {
+        if (note.checkpointID != m_navigation.selection())
             left.insert(note.checkpointID);
     }
     m_asked &= left;
     for (const QUuid &id : left - m_asked) {
-        const Checkpoint *const checkpoint = m_store.library.checkpoint(id);
+        const Checkpoint *const checkpoint = m_library.checkpoint(id);
         if (checkpoint && !m_question)
             ask(*checkpoint);
     }
@@ -36,11 +38,11 @@ void UnsavedNoteQuestion::ask(const Checkpoint &checkpoint)
         .confirm = tr("Back to the note"),
         .cancel = tr("Leave it")};
     m_question = presentAlert(m_host, text, [this, id = checkpoint.id](bool isConfirmed) {
-        const Checkpoint *const left = m_store.library.checkpoint(id);
+        const Checkpoint *const left = m_library.checkpoint(id);
         if (!isConfirmed || !left)
             return;
-        m_store.navigation.selectProject(left->projectID.value_or(QUuid()));
-        m_store.navigation.selectCheckpoint(id);
+        m_navigation.selectProject(left->projectID.value_or(QUuid()));
+        m_navigation.selectCheckpoint(id);
     });
 }
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/CheckpointEditing.h"
+#include "store/Library.h"
+#include "store/Navigation.h"
 #include "ui/controls/Sheet.h"
 
 #include <QCoreApplication>
@@ -15,13 +17,16 @@ class UnsavedNoteQuestion final {
     Q_DECLARE_TR_FUNCTIONS(ardeno::UnsavedNoteQuestion)
 
 public:
-    UnsavedNoteQuestion(AppStore &store, SheetHost &host);
+    UnsavedNoteQuestion(const Library &library, Navigation &navigation, const CheckpointEditing &editing,
+                        SheetHost &host);
 
 private:
     void look();
     void ask(const Checkpoint &checkpoint);
 
-    AppStore &m_store;
+    const Library &m_library;
+    Navigation &m_navigation;
+    const CheckpointEditing &m_editing;
     SheetHost &m_host;
     QSet<QUuid> m_asked; // About these it was asked since they were left.
     QPointer<Sheet> m_question;

@@ -15,29 +15,29 @@ struct CheckpointActionTexts final {
     Q_DECLARE_TR_FUNCTIONS(ardeno::CheckpointActionTexts)
 };
 
-QString titleOf(const AppStore &store, const Checkpoint &checkpoint)
+QString titleOf(const Library &library, const Checkpoint &checkpoint)
 {
-    const Project *const project = store.library.project(checkpoint.projectID.value_or(QUuid()));
+    const Project *const project = library.project(checkpoint.projectID.value_or(QUuid()));
     return ProjectText::timelineTitle(checkpoint, project ? project->name : QString());
 }
 
-QCoro::Task<void> saveAtOnce(AppStore &store)
+QCoro::Task<void> saveAtOnce(CaptureParts parts)
 {
     const Outcome outcome =
-        co_await store.form.captureMoment(store.drafts.draftTitle(), store.drafts.draftNext(), CaptureKind::Checkpoint);
+        co_await parts.form.captureMoment(parts.drafts.draftTitle(), parts.drafts.draftNext(), CaptureKind::Checkpoint);
     // Without a form there is no other place for what went wrong.
     if (outcome.captureIssue)
-        store.messages.report(*outcome.captureIssue, outcome.subject);
+        parts.messages.report(*outcome.captureIssue, outcome.subject);
 }
 
 } // namespace
 
-void CheckpointActions::fill(QMenu *menu, AppStore &store, const Checkpoint &checkpoint, QWidget *owner,
-                             std::function<void()> opened)
+void CheckpointActions::fill(QMenu *menu, const CheckpointListParts &parts, const Checkpoint &checkpoint,
+                             QWidget *owner, std::function<void()> opened)
 {
     addMenuItem(menu, CheckpointActionTexts::tr("Open checkpoint"), "arrow.right",
-                [&store, id = checkpoint.id, opened = std::move(opened)] {
-                    store.navigation.selectCheckpoint(id);
+                [parts, id = checkpoint.id, opened = std::move(opened)] {
+                    parts.navigation.selectCheckpoint(id);
                     if (opened)
                         opened();
                 });
@@ -45,10 +45,10 @@ void CheckpointActions::fill(QMenu *menu, AppStore &store, const Checkpoint &che
         return;
     menu->addSeparator();
     addMenuItem(menu, CheckpointActionTexts::tr("Delete checkpoint…"), "trash",
-                [&store, checkpoint, owner] { confirmDelete(owner, store, checkpoint); });
+                [parts, checkpoint, owner] { confirmDelete(owner, parts, checkpoint); });
 }
 
-void CheckpointActions::confirmDelete(QWidget *owner, AppStore &store, const Checkpoint &checkpoint)
+void CheckpointActions::confirmDelete(QWidget *owner, const CheckpointListParts &parts, const Checkpoint &checkpoint)
 {
     SheetHost *const host = SheetHost::of(owner);
     if (!host)
@@ -56,42 +56,42 @@ void CheckpointActions::confirmDelete(QWidget *owner, AppStore &store, const Che
     const AlertText question{
         .title = CheckpointActionTexts::tr("Delete this checkpoint?"),
         .message = CheckpointActionTexts::tr("This removes “%1” and its local screenshot or recording.")
-                       .arg(titleOf(store, checkpoint)),
-        .detail = describe(store, checkpoint),
+                       .arg(titleOf(parts.library, checkpoint)),
+        .detail = describe(parts.library, checkpoint),
         .confirm = CheckpointActionTexts::tr("Delete checkpoint"),
         .cancel = CheckpointActionTexts::tr("Cancel"),
         .kind = Button::Kind::Destructive,
     };
-    presentAlert(*host, question, [&store, id = checkpoint.id](bool isConfirmed) {
+    presentAlert(*host, question, [parts, id = checkpoint.id](bool isConfirmed) {
         if (isConfirmed)
-            store.deletion.deleteCheckpoint(id);
+            parts.deletion.deleteCheckpoint(id);
     });
 }
 
-QString CheckpointActions::describe(const AppStore &store, const Checkpoint &checkpoint)
+QString CheckpointActions::describe(const Library &library, const Checkpoint &checkpoint)
 {
-    const Project *const project = store.library.project(checkpoint.projectID.value_or(QUuid()));
+    const Project *const project = library.project(checkpoint.projectID.value_or(QUuid()));
     return CheckpointActionTexts::tr("“%1”, saved %2 in the project “%3”.")
-        .arg(titleOf(store, checkpoint), DateText::mediumDateShortTime(checkpoint.createdAt),
+        .arg(titleOf(library, checkpoint), DateText::mediumDateShortTime(checkpoint.createdAt),
              project ? project->name : QString());
 }
 
-void CheckpointActions::requestSave(AppStore &store, bool hasForm)
+void CheckpointActions::requestSave(const CaptureParts &parts, const Navigation &navigation, bool hasForm)
 {
-    if (store.operations.busy())
+    if (parts.operations.busy())
         return;
     if (hasForm) {
-        store.setup.requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
+        parts.setup.requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
         return;
     }
     // The sample takes no checkpoints: what comes first is a project of one's own.
-    const Project *const selected = store.navigation.selectedProject();
+    const Project *const selected = navigation.selectedProject();
     if (!selected || selected->isSample) {
-        store.sheets.open(&OpenSheets::showNewProject);
+        parts.sheets.open(&OpenSheets::showNewProject);
         return;
     }
-    store.drafts.setDraftProjectID(selected->id);
-    saveAtOnce(store);
+    parts.drafts.setDraftProjectID(selected->id);
+    saveAtOnce(parts);
 }
 
 } // namespace ardeno

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "ui/projects/CaptureParts.h"
+#include "ui/projects/CheckpointListParts.h"
 
 class QMenu;
 class QWidget;
@@ -10,16 +11,17 @@ class QWidget;
 namespace ardeno::CheckpointActions {
 
 // "Open checkpoint" and "Delete checkpoint…"; the owner's window shows the question.
-void fill(QMenu *menu, AppStore &store, const Checkpoint &checkpoint, QWidget *owner, std::function<void()> opened);
+void fill(QMenu *menu, const CheckpointListParts &parts, const Checkpoint &checkpoint, QWidget *owner,
+          std::function<void()> opened);
 
 // Asks before it deletes.
-void confirmDelete(QWidget *owner, AppStore &store, const Checkpoint &checkpoint);
+void confirmDelete(QWidget *owner, const CheckpointListParts &parts, const Checkpoint &checkpoint);
 
 // Which one it is, in a sentence: title, moment and project.
-QString describe(const AppStore &store, const Checkpoint &checkpoint);
+QString describe(const Library &library, const Checkpoint &checkpoint);
 
 // Saves a checkpoint into the selected project: through the form where there is one, else with its drafts at once.
 // Where no project can take it, one is made first.
-void requestSave(AppStore &store, bool hasForm);
+void requestSave(const CaptureParts &parts, const Navigation &navigation, bool hasForm);
 
 } // namespace ardeno::CheckpointActions

@@ -12,12 +12,12 @@
 
 namespace ardeno {
 
-CheckpointManagerSheet::CheckpointManagerSheet(AppStore &store, const Project &project)
+CheckpointManagerSheet::CheckpointManagerSheet(const CheckpointListParts &parts, const Project &project)
     : Sheet(tr("Manage checkpoints"), 600),
-      m_store(store),
+      m_parts(parts),
       m_projectID(project.id),
       m_count(makeLabel({}, TextStyle::Body, Role::Dim)),
-      m_pictures(store, [this] { m_list->viewport()->update(); }),
+      m_pictures(parts.media, [this] { m_list->viewport()->update(); }),
       m_list(makeList()),
       m_empty(makeEmpty()),
       m_chosen(new LineLabel({}, TextStyle::Small, Role::Dim)),
@@ -34,8 +34,8 @@ CheckpointManagerSheet::CheckpointManagerSheet(AppStore &store, const Project &p
     addButton(tr("Done"), Button::Kind::Prominent, [this] { close(); });
     setMinimumHeight(540);
     setFirstFocus(m_list);
-    m_observations.watch([this] { showCheckpoints(); }, store.library.checkpoints);
-    m_list->showCurrent(store.navigation.selection() ? m_model.rowOf(*store.navigation.selection()) : -1);
+    m_observations.watch([this] { showCheckpoints(); }, parts.library.checkpoints);
+    m_list->showCurrent(parts.navigation.selection() ? m_model.rowOf(*parts.navigation.selection()) : -1);
 }
 
 PlainList *CheckpointManagerSheet::makeList()
@@ -46,7 +46,7 @@ PlainList *CheckpointManagerSheet::makeList()
     list->setUniformItemSizes(true);
     list->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
         showMenu(this, place, [&](QMenu *menu) {
-            CheckpointActions::fill(menu, m_store, m_model.rows().at(index.row()), this, [this] { close(); });
+            CheckpointActions::fill(menu, m_parts, m_model.rows().at(index.row()), this, [this] { close(); });
         });
     });
     connect(list->selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -58,7 +58,7 @@ PlainList *CheckpointManagerSheet::makeList()
             });
     connect(list, &QAbstractItemView::entered, this, [this](const QModelIndex &index) { pointTo(index); });
     connect(list, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex &index) {
-        m_store.navigation.selectCheckpoint(m_model.rows().at(index.row()).id);
+        m_parts.navigation.selectCheckpoint(m_model.rows().at(index.row()).id);
         close();
     });
     return list;
@@ -85,8 +85,8 @@ void CheckpointManagerSheet::placeRowMenu(const QModelIndex &index)
     Button *const actions = Button::makeIcon("ellipsis.circle", tr("Actions for %1").arg(m_model.title(index.row())));
     row->addWidget(actions);
     setMenu(actions, [this, id](QMenu *menu) {
-        if (const Checkpoint *const checkpoint = m_store.library.checkpoint(id))
-            CheckpointActions::fill(menu, m_store, *checkpoint, this, [this] { close(); });
+        if (const Checkpoint *const checkpoint = m_parts.library.checkpoint(id))
+            CheckpointActions::fill(menu, m_parts, *checkpoint, this, [this] { close(); });
     });
     m_list->setIndexWidget(index, holder);
 }
@@ -111,7 +111,7 @@ QWidget *CheckpointManagerSheet::makeFooter()
     row->addWidget(m_delete);
     connect(m_delete, &QAbstractButton::clicked, this, [this] {
         if (const auto checkpoint = chosen())
-            CheckpointActions::confirmDelete(this, m_store, *checkpoint);
+            CheckpointActions::confirmDelete(this, m_parts, *checkpoint);
     });
     return footer;
 }
@@ -126,11 +126,11 @@ std::optional<Checkpoint> CheckpointManagerSheet::chosen() const
 
 void CheckpointManagerSheet::showCheckpoints()
 {
-    if (!m_store.library.project(m_projectID)) {
+    if (!m_parts.library.project(m_projectID)) {
         close(); // Deleted meanwhile.
         return;
     }
-    m_model.setRows(m_store.library.checkpointsFor(m_projectID));
+    m_model.setRows(m_parts.library.checkpointsFor(m_projectID));
     m_count->setText(tr("%n saved", "", m_model.rowCount()));
     m_list->setVisible(m_model.rowCount() > 0);
     m_empty->setVisible(m_model.rowCount() == 0);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
 #include "ui/controls/Sheet.h"
 #include "ui/projects/CheckpointListModel.h"
+#include "ui/projects/CheckpointListParts.h"
 #include "ui/projects/ThumbnailShelf.h"
 
 #include <QPersistentModelIndex>
@@ -18,7 +18,7 @@ class PlainList;
 // All checkpoints of a project, to open and to delete.
 class CheckpointManagerSheet final : public Sheet {
 public:
-    CheckpointManagerSheet(AppStore &store, const Project &project);
+    CheckpointManagerSheet(const CheckpointListParts &parts, const Project &project);
 
 private:
     PlainList *makeList();
@@ -31,7 +31,7 @@ private:
     void pointTo(const QModelIndex &index);
     std::optional<Checkpoint> chosen() const;
 
-    AppStore &m_store;
+    CheckpointListParts m_parts;
     QUuid m_projectID;
     CheckpointListModel m_model;
     QLabel *m_count;

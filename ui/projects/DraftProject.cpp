@@ -5,28 +5,28 @@
 
 namespace ardeno {
 
-bool DraftProject::isNew(const AppStore &store)
+bool DraftProject::isNew(const Library &library, const CaptureDrafts &drafts)
 {
-    const Project *const chosen =
-        store.drafts.draftProjectID() ? store.library.project(*store.drafts.draftProjectID()) : nullptr;
+    const Project *const chosen = drafts.draftProjectID() ? library.project(*drafts.draftProjectID()) : nullptr;
     return !chosen || chosen->archivedAt;
 }
 
-void DraftProject::offer(Choice *choice, const QString &newProject, AppStore &store, Observations &observations)
+void DraftProject::offer(Choice *choice, const QString &newProject, const Library &library, CaptureDrafts &drafts,
+                         Observations &observations)
 {
-    choice->setOnChoose([&store](const QVariant &chosen) {
+    choice->setOnChoose([&drafts](const QVariant &chosen) {
         const QUuid id = chosen.toUuid();
-        store.drafts.setDraftProjectID(id.isNull() ? std::nullopt : std::optional(id));
+        drafts.setDraftProjectID(id.isNull() ? std::nullopt : std::optional(id));
     });
-    const auto show = [choice, newProject, &store] {
+    const auto show = [choice, newProject, &library, &drafts] {
         QList<Choice::Option> options;
-        for (const Project &project : store.library.availableProjects())
+        for (const Project &project : library.availableProjects())
             options.append({project.name, project.id});
         options.append({newProject, QUuid(), Choice::Apart::Yes});
         choice->setOptions(options);
-        choice->setCurrent(isNew(store) ? QUuid() : *store.drafts.draftProjectID());
+        choice->setCurrent(isNew(library, drafts) ? QUuid() : *drafts.draftProjectID());
     };
-    observations.watch(show, store.library.projects, store.drafts.draftProjectID);
+    observations.watch(show, library.projects, drafts.draftProjectID);
 }
 
 } // namespace ardeno

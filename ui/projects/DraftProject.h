@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/CaptureDrafts.h"
+#include "store/Library.h"
 
 namespace ardeno {
 
@@ -11,10 +12,11 @@ class Choice;
 namespace DraftProject {
 
 // Whether it will be made first; its name is in another draft.
-bool isNew(const AppStore &store);
+bool isNew(const Library &library, const CaptureDrafts &drafts);
 
 // Lets it be chosen among those there are and, below a line, a new one.
-void offer(Choice *choice, const QString &newProject, AppStore &store, Observations &observations);
+void offer(Choice *choice, const QString &newProject, const Library &library, CaptureDrafts &drafts,
+           Observations &observations);
 
 } // namespace DraftProject
 

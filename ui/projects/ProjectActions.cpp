@@ -17,40 +17,40 @@ struct ProjectActionTexts final {
 
 } // namespace
 
-void ProjectActions::fill(QMenu *menu, AppStore &store, const QUuid &projectID)
+void ProjectActions::fill(QMenu *menu, const ProjectParts &parts, const QUuid &projectID)
 {
-    const Project *const found = store.library.project(projectID);
+    const Project *const found = parts.library.project(projectID);
     if (!found)
         return;
     const Project project = *found;
     const auto *const owner = qobject_cast<QWidget *>(menu->parent());
     QAction *const another = addMenuItem(menu, ProjectActionTexts::tr("Rename project…"), "pencil",
-                                         [owner, &store, projectID] { rename(owner, store, projectID); });
+                                         [owner, parts, projectID] { rename(owner, parts, projectID); });
     another->setShortcut(Qt::Key_F2);
     another->setShortcutContext(Qt::WidgetShortcut); // Only shown; the lists take the key.
-    const auto edit = [&store, project] { store.sheets.editBlocker(project); };
+    const auto edit = [parts, project] { parts.sheets.editBlocker(project); };
     if (project.blockedReason) {
         addMenuItem(menu, ProjectActionTexts::tr("Edit reason"), "pencil", edit);
         addMenuItem(menu, ProjectActionTexts::tr("Mark active"), "checkmark.circle",
-                    [&store, projectID] { store.projects.setProjectBlocker(projectID, std::nullopt); });
+                    [parts, projectID] { parts.projects.setProjectBlocker(projectID, std::nullopt); });
     } else {
         addMenuItem(menu, ProjectActionTexts::tr("Mark blocked…"), "pause.circle.fill", edit);
     }
     const bool isArchived = project.archivedAt.has_value();
     addMenuItem(
         menu, isArchived ? ProjectActionTexts::tr("Unarchive project") : ProjectActionTexts::tr("Archive project"),
-        "archivebox", [&store, projectID, isArchived] { store.projects.setProjectArchived(projectID, !isArchived); });
+        "archivebox", [parts, projectID, isArchived] { parts.projects.setProjectArchived(projectID, !isArchived); });
     menu->addSeparator();
     addMenuItem(menu, ProjectActionTexts::tr("Delete project…"), "trash",
-                [&store, project] { store.sheets.askToDelete(project); });
+                [parts, project] { parts.sheets.askToDelete(project); });
 }
 
-void ProjectActions::rename(const QWidget *widget, AppStore &store, const QUuid &projectID)
+void ProjectActions::rename(const QWidget *widget, const ProjectParts &parts, const QUuid &projectID)
 {
     SheetHost *const host = SheetHost::of(widget);
-    const Project *const project = store.library.project(projectID);
+    const Project *const project = parts.library.project(projectID);
     if (host && project && !host->isCovering())
-        host->present(makeRenameSheet(store, *project));
+        host->present(makeRenameSheet(parts, *project));
 }
 
 } // namespace ardeno

@@ -34,8 +34,8 @@ int footHeight()
 
 } // namespace
 
-ProjectCard::ProjectCard(AppStore &store, ThumbnailShelf &pictures)
-    : m_store(store),
+ProjectCard::ProjectCard(const ProjectParts &parts, ThumbnailShelf &pictures)
+    : m_parts(parts),
       m_pictures(pictures),
       m_symbol(new SymbolView("folder")),
       m_name(new LineLabel({}, TextStyle::BarTitle)),
@@ -51,8 +51,8 @@ ProjectCard::ProjectCard(AppStore &store, ThumbnailShelf &pictures)
     setCursor(Qt::PointingHandCursor);
     auto *row = makeRow(0, this);
     row->addWidget(makeTexts(), 1, Qt::AlignTop);
-    connect(this, &QAbstractButton::clicked, this, [this] { m_store.navigation.selectProject(m_projectID); });
-    setMenu(m_actions, [this](QMenu *menu) { ProjectActions::fill(menu, m_store, m_projectID); });
+    connect(this, &QAbstractButton::clicked, this, [this] { m_parts.navigation.selectProject(m_projectID); });
+    setMenu(m_actions, [this](QMenu *menu) { ProjectActions::fill(menu, m_parts, m_projectID); });
 }
 
 int ProjectCard::cardHeight()
@@ -161,7 +161,7 @@ void ProjectCard::keyPressEvent(QKeyEvent *event)
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         click();
     else if (event->key() == Qt::Key_F2)
-        ProjectActions::rename(this, m_store, m_projectID);
+        ProjectActions::rename(this, m_parts, m_projectID);
     else
         QAbstractButton::keyPressEvent(event);
 }
@@ -171,7 +171,7 @@ void ProjectCard::contextMenuEvent(QContextMenuEvent *event)
     const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
     const QPoint place = isByKey ? m_actions->mapToGlobal(m_actions->rect().bottomLeft()) : event->globalPos();
     if (!m_actions->isHidden())
-        showMenu(m_actions, place, [this](QMenu *menu) { ProjectActions::fill(menu, m_store, m_projectID); });
+        showMenu(m_actions, place, [this](QMenu *menu) { ProjectActions::fill(menu, m_parts, m_projectID); });
 }
 
 void ProjectCard::focusInEvent(QFocusEvent *event)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "ui/projects/ProjectParts.h"
 #include "ui/projects/ThumbnailShelf.h"
 
 #include <QAbstractButton>
@@ -18,7 +18,7 @@ class SymbolView;
 // project after another while its grid scrolls.
 class ProjectCard final : public QAbstractButton {
 public:
-    ProjectCard(AppStore &store, ThumbnailShelf &pictures);
+    ProjectCard(const ProjectParts &parts, ThumbnailShelf &pictures);
 
     // The latest checkpoint, null when there is none.
     void show(const Project &project, const Checkpoint *latest);
@@ -43,7 +43,7 @@ private:
     void showNote(const Project &project, const Checkpoint *latest);
     QRect pictureArea() const;
 
-    AppStore &m_store;
+    ProjectParts m_parts;
     ThumbnailShelf &m_pictures;
     QUuid m_projectID;
     Checkpoint m_latest; // Of no project when there is none.

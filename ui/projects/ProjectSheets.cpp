@@ -31,7 +31,7 @@ void needName(const TextField *field, Button *button)
 
 } // namespace
 
-Sheet *makeNewProjectSheet(AppStore &store)
+Sheet *makeNewProjectSheet(const ProjectParts &parts)
 {
     const QString title = ProjectSheetTexts::tr("A home for your work.");
     auto *sheet = new Sheet(title, 500);
@@ -49,19 +49,19 @@ Sheet *makeNewProjectSheet(AppStore &store)
     column->addSpacing(4);
     sheet->addButton(ProjectSheetTexts::tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
     Button *const create =
-        sheet->addButton(ProjectSheetTexts::tr("Create project"), Button::Kind::Prominent, [&store, sheet, name] {
+        sheet->addButton(ProjectSheetTexts::tr("Create project"), Button::Kind::Prominent, [parts, sheet, name] {
             // A name that could not be kept stays in its field.
-            if (store.projects.createProject(name->text()))
+            if (parts.projects.createProject(name->text()))
                 sheet->close();
         });
     needName(name, create);
     sheet->setFirstFocus(name);
     sheet->setHoldsInput([name] { return !name->text().trimmed().isEmpty(); });
-    sheet->setOnCancel([&store] { store.sheets.close(&OpenSheets::showNewProject); });
+    sheet->setOnCancel([parts] { parts.sheets.close(&OpenSheets::showNewProject); });
     return sheet;
 }
 
-Sheet *makeRenameSheet(AppStore &store, const Project &project)
+Sheet *makeRenameSheet(const ProjectParts &parts, const Project &project)
 {
     const QString title = ProjectSheetTexts::tr("Rename project");
     auto *sheet = new Sheet(title, 460);
@@ -73,8 +73,8 @@ Sheet *makeRenameSheet(AppStore &store, const Project &project)
     column->addSpacing(4);
     sheet->addButton(ProjectSheetTexts::tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
     Button *const rename = sheet->addButton(
-        ProjectSheetTexts::tr("Rename"), Button::Kind::Prominent, [&store, sheet, name, id = project.id] {
-            if (store.projects.renameProject(id, name->text()) || !store.library.project(id))
+        ProjectSheetTexts::tr("Rename"), Button::Kind::Prominent, [parts, sheet, name, id = project.id] {
+            if (parts.projects.renameProject(id, name->text()) || !parts.library.project(id))
                 sheet->close();
         });
     needName(name, rename);
@@ -82,7 +82,7 @@ Sheet *makeRenameSheet(AppStore &store, const Project &project)
     return sheet;
 }
 
-Sheet *makeProjectBlockerSheet(AppStore &store, const Project &project)
+Sheet *makeProjectBlockerSheet(const ProjectParts &parts, const Project &project)
 {
     const bool isBlocked = project.blockedReason.has_value();
     const QString title =
@@ -99,13 +99,13 @@ Sheet *makeProjectBlockerSheet(AppStore &store, const Project &project)
     column->addSpacing(4);
     sheet->addButton(ProjectSheetTexts::tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
     sheet->addButton(isBlocked ? ProjectSheetTexts::tr("Save reason") : ProjectSheetTexts::tr("Mark blocked"),
-                     Button::Kind::Prominent, [&store, sheet, reason, id = project.id] {
-                         if (store.projects.setProjectBlocker(id, reason->text()))
+                     Button::Kind::Prominent, [parts, sheet, reason, id = project.id] {
+                         if (parts.projects.setProjectBlocker(id, reason->text()))
                              sheet->close();
                      });
     sheet->setFirstFocus(reason);
     sheet->setHoldsInput([reason, before = reason->text()] { return reason->text() != before; });
-    sheet->setOnCancel([&store] { store.sheets.closeBlocker(); });
+    sheet->setOnCancel([parts] { parts.sheets.closeBlocker(); });
     return sheet;
 }
 

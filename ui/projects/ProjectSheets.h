@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "ui/projects/ProjectParts.h"
 
 namespace ardeno {
 
 class Sheet;
 
 // The sheet for a new project; it clears showNewProject when it goes.
-Sheet *makeNewProjectSheet(AppStore &store);
+Sheet *makeNewProjectSheet(const ProjectParts &parts);
 
 // The sheet for what a project waits for; it clears editingBlocker when it goes.
-Sheet *makeProjectBlockerSheet(AppStore &store, const Project &project);
+Sheet *makeProjectBlockerSheet(const ProjectParts &parts, const Project &project);
 
 // The sheet for another name.
-Sheet *makeRenameSheet(AppStore &store, const Project &project);
+Sheet *makeRenameSheet(const ProjectParts &parts, const Project &project);
 
 } // namespace ardeno

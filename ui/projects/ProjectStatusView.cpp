@@ -7,9 +7,9 @@
 
 namespace ardeno {
 
-ProjectStatusView::ProjectStatusView(AppStore &store, QWidget *parent)
+ProjectStatusView::ProjectStatusView(const ProjectParts &parts, QWidget *parent)
     : QWidget(parent),
-      m_store(store),
+      m_parts(parts),
       m_state(new Chip),
       m_waitingFor(makeLabel(tr("Waiting for"), TextStyle::Small, Role::Dim)),
       m_reason(new LineLabel),
@@ -28,25 +28,25 @@ ProjectStatusView::ProjectStatusView(AppStore &store, QWidget *parent)
     connect(m_block, &QAbstractButton::clicked, this, [this] { edit(); });
     connect(m_editReason, &QAbstractButton::clicked, this, [this] { edit(); });
     connect(m_activate, &QAbstractButton::clicked, this, [this] {
-        if (const Project *const project = m_store.navigation.selectedProject())
-            m_store.projects.setProjectBlocker(project->id, std::nullopt);
+        if (const Project *const project = m_parts.navigation.selectedProject())
+            m_parts.projects.setProjectBlocker(project->id, std::nullopt);
     });
     connect(m_unarchive, &QAbstractButton::clicked, this, [this] {
-        if (const Project *const project = m_store.navigation.selectedProject())
-            m_store.projects.setProjectArchived(project->id, false);
+        if (const Project *const project = m_parts.navigation.selectedProject())
+            m_parts.projects.setProjectArchived(project->id, false);
     });
-    m_observations.watch([this] { showProject(); }, store.library.projects, store.navigation.selectedProjectID);
+    m_observations.watch([this] { showProject(); }, parts.library.projects, parts.navigation.selectedProjectID);
 }
 
 void ProjectStatusView::edit()
 {
-    if (const Project *const project = m_store.navigation.selectedProject())
-        m_store.sheets.editBlocker(*project);
+    if (const Project *const project = m_parts.navigation.selectedProject())
+        m_parts.sheets.editBlocker(*project);
 }
 
 void ProjectStatusView::showProject()
 {
-    const Project *const project = m_store.navigation.selectedProject();
+    const Project *const project = m_parts.navigation.selectedProject();
     if (!project)
         return;
     const bool isBlocked = project->blockedReason.has_value();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "ui/projects/ProjectParts.h"
 
 #include <QWidget>
 
@@ -16,13 +16,13 @@ class LineLabel;
 // Whether the selected project is active, blocked or archived, and what it waits for.
 class ProjectStatusView final : public QWidget {
 public:
-    explicit ProjectStatusView(AppStore &store, QWidget *parent = nullptr);
+    explicit ProjectStatusView(const ProjectParts &parts, QWidget *parent = nullptr);
 
 private:
     void showProject();
     void edit();
 
-    AppStore &m_store;
+    ProjectParts m_parts;
     Chip *m_state;
     QLabel *m_waitingFor;
     LineLabel *m_reason;

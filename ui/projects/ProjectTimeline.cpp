@@ -40,11 +40,13 @@ protected:
 
 } // namespace
 
-ProjectTimeline::ProjectTimeline(AppStore &store, const Screens &screens, QWidget *parent)
+ProjectTimeline::ProjectTimeline(const CheckpointListParts &parts, const Operations &operations,
+                                 const SessionRecorder &recorder, std::function<void()> save, QWidget *parent)
     : QWidget(parent),
-      m_store(store),
-      m_screens(screens),
-      m_pictures(store, [this] { m_strip->viewport()->update(); }),
+      m_parts(parts),
+      m_operations(operations),
+      m_recorder(recorder),
+      m_pictures(parts.media, [this] { m_strip->viewport()->update(); }),
       m_count(makeLabel({}, TextStyle::Small, Role::Dim)),
       m_manage(new Button(tr("Manage checkpoints"), Button::Kind::Plain)),
       m_latest(new Button(tr("Back to latest"), Button::Kind::Plain)),
@@ -55,10 +57,11 @@ ProjectTimeline::ProjectTimeline(AppStore &store, const Screens &screens, QWidge
     column->setContentsMargins(28, 12, 28, 3);
     column->addWidget(makeHeader());
     column->addWidget(m_strip);
-    m_observations.watch([this] { showCheckpoints(); }, store.library.checkpoints, store.library.projects,
-                         store.navigation.selectedProjectID);
-    m_observations.watch([this] { showSelection(); }, store.navigation.selection);
-    m_observations.watch([this] { showBusy(); }, store.operations.busy, store.recorder.recording);
+    connect(m_save, &QAbstractButton::clicked, this, std::move(save));
+    m_observations.watch([this] { showCheckpoints(); }, parts.library.checkpoints, parts.library.projects,
+                         parts.navigation.selectedProjectID);
+    m_observations.watch([this] { showSelection(); }, parts.navigation.selection);
+    m_observations.watch([this] { showBusy(); }, operations.busy, recorder.recording);
 }
 
 QWidget *ProjectTimeline::makeHeader()
@@ -74,11 +77,9 @@ QWidget *ProjectTimeline::makeHeader()
     row->addWidget(m_save);
     connect(m_latest, &QAbstractButton::clicked, this, [this] {
         if (!m_model.rows().isEmpty())
-            m_store.navigation.selectCheckpoint(m_model.rows().first().id);
+            m_parts.navigation.selectCheckpoint(m_model.rows().first().id);
     });
     connect(m_manage, &QAbstractButton::clicked, this, [this] { manage(); });
-    connect(m_save, &QAbstractButton::clicked, this,
-            [this] { CheckpointActions::requestSave(m_store, static_cast<bool>(m_screens.capture)); });
     m_save->setHint(tr("Capture this workspace"), "Ctrl+S");
     m_save->setAccessibleDescription(tr("Save a screenshot and your open workspace"));
     return header;
@@ -97,10 +98,10 @@ FollowingList *ProjectTimeline::makeStrip()
     strip->setFixedHeight(TimelineDelegate::cardSize.height() + scrollBarRoom);
     new FadedEdges(strip, Role::Paper);
     strip->setOnActivate(
-        [this](const QModelIndex &index) { m_store.navigation.selectCheckpoint(m_model.rows().at(index.row()).id); });
+        [this](const QModelIndex &index) { m_parts.navigation.selectCheckpoint(m_model.rows().at(index.row()).id); });
     strip->setOnMenu([this](const QModelIndex &index, const QPoint &place) {
         showMenu(this, place, [&](QMenu *menu) {
-            CheckpointActions::fill(menu, m_store, m_model.rows().at(index.row()), this, {});
+            CheckpointActions::fill(menu, m_parts, m_model.rows().at(index.row()), this, {});
         });
     });
     return strip;
@@ -108,43 +109,43 @@ FollowingList *ProjectTimeline::makeStrip()
 
 void ProjectTimeline::showCheckpoints()
 {
-    const Project *const project = m_store.navigation.selectedProject();
+    const Project *const project = m_parts.navigation.selectedProject();
     if (!project)
         return;
     m_manage->setVisible(!project->isSample); // The sample stays as it is.
     m_model.setProjectName(project->name);
-    m_model.setRows(m_store.library.checkpointsFor(project->id));
+    m_model.setRows(m_parts.library.checkpointsFor(project->id));
     m_count->setText(tr("%n saved", "", m_model.rowCount()));
     showSelection();
 }
 
 void ProjectTimeline::showSelection()
 {
-    const int row = m_store.navigation.selection() ? m_model.rowOf(*m_store.navigation.selection()) : -1;
+    const int row = m_parts.navigation.selection() ? m_model.rowOf(*m_parts.navigation.selection()) : -1;
     m_strip->showChosen(row);
     m_latest->setVisible(row > 0);
 }
 
 void ProjectTimeline::showBusy()
 {
-    m_save->setEnabled(!m_store.operations.busy() && !m_store.recorder.recording());
+    m_save->setEnabled(!m_operations.busy() && !m_recorder.recording());
 }
 
 void ProjectTimeline::selectNeighbour(int step)
 {
-    const int row = m_store.navigation.selection() ? m_model.rowOf(*m_store.navigation.selection()) : -1;
+    const int row = m_parts.navigation.selection() ? m_model.rowOf(*m_parts.navigation.selection()) : -1;
     if (row < 0)
         return;
     const int other = std::clamp(row + step, 0, m_model.rowCount() - 1);
-    m_store.navigation.selectCheckpoint(m_model.rows().at(other).id);
+    m_parts.navigation.selectCheckpoint(m_model.rows().at(other).id);
 }
 
 void ProjectTimeline::manage()
 {
     SheetHost *const host = SheetHost::of(this);
-    const Project *const project = m_store.navigation.selectedProject();
+    const Project *const project = m_parts.navigation.selectedProject();
     if (host && project)
-        host->present(new CheckpointManagerSheet(m_store, *project));
+        host->present(new CheckpointManagerSheet(m_parts, *project));
 }
 
 } // namespace ardeno

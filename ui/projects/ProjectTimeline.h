@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
-#include "ui/Screens.h"
 #include "ui/projects/CheckpointListModel.h"
+#include "ui/projects/CheckpointListParts.h"
 #include "ui/projects/ThumbnailShelf.h"
 
 #include <QWidget>
@@ -18,7 +17,8 @@ class FollowingList;
 // The selected project's checkpoints as a strip, newest first.
 class ProjectTimeline final : public QWidget {
 public:
-    ProjectTimeline(AppStore &store, const Screens &screens, QWidget *parent = nullptr);
+    ProjectTimeline(const CheckpointListParts &parts, const Operations &operations, const SessionRecorder &recorder,
+                    std::function<void()> save, QWidget *parent = nullptr);
 
     // To the right in the strip is older.
     void selectNeighbour(int step);
@@ -31,8 +31,9 @@ private:
     void showBusy();
     void manage();
 
-    AppStore &m_store;
-    const Screens &m_screens;
+    CheckpointListParts m_parts;
+    const Operations &m_operations;
+    const SessionRecorder &m_recorder;
     CheckpointListModel m_model;
     ThumbnailShelf m_pictures;
     std::optional<QUuid> m_shownProject;

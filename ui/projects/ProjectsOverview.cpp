@@ -32,18 +32,18 @@ QHash<QUuid, Checkpoint> latestByProject(const QList<Checkpoint> &checkpoints)
 
 } // namespace
 
-ProjectsOverview::ProjectsOverview(AppStore &store, QWidget *parent)
+ProjectsOverview::ProjectsOverview(const ProjectParts &parts, CheckpointMedia &media, QWidget *parent)
     : QWidget(parent),
-      m_store(store),
+      m_parts(parts),
       m_pictures(
-          store, [this] { m_grid->viewport()->update(); }, ProjectCard::pictureSize),
+          media, [this] { m_grid->viewport()->update(); }, ProjectCard::pictureSize),
       m_title(new LineLabel({}, TextStyle::Title)),
       m_subtitle(makeLabel({}, TextStyle::Body, Role::Dim)),
       m_archived(new Switch(tr("Show archived"))),
       m_empty(new EmptyState("folder", {}, 64))
 {
     m_grid = new CardGrid(tr("Projects"),
-                          {.make = [this] { return new ProjectCard(m_store, m_pictures); },
+                          {.make = [this] { return new ProjectCard(m_parts, m_pictures); },
                            .show =
                                [this](QWidget *card, int index) {
                                    const Project &project = m_projects.at(index);
@@ -57,13 +57,13 @@ ProjectsOverview::ProjectsOverview(AppStore &store, QWidget *parent)
     makeColumn(0, this)->addWidget(m_grid);
     m_observations.watch(
         [this] {
-            m_latest = latestByProject(m_store.library.projects().isEmpty() ? m_store.library.sampleHistory()
-                                                                            : m_store.library.checkpoints());
+            m_latest = latestByProject(m_parts.library.projects().isEmpty() ? m_parts.library.sampleHistory()
+                                                                            : m_parts.library.checkpoints());
             showProjects(true);
         },
-        store.library.projects, store.library.checkpoints, store.library.sampleHistory);
-    m_observations.watch([this] { showProjects(false); }, store.navigation.search,
-                         store.navigation.showArchivedProjects);
+        parts.library.projects, parts.library.checkpoints, parts.library.sampleHistory);
+    m_observations.watch([this] { showProjects(false); }, parts.navigation.search,
+                         parts.navigation.showArchivedProjects);
 }
 
 QWidget *ProjectsOverview::makeHeader()
@@ -73,9 +73,9 @@ QWidget *ProjectsOverview::makeHeader()
     titles->addWidget(m_subtitle);
     auto *create = new Button(tr("New project"), Button::Kind::Prominent, "plus");
     create->setHint(tr("New project"), "Ctrl+N");
-    connect(create, &QAbstractButton::clicked, this, [this] { m_store.sheets.open(&OpenSheets::showNewProject); });
+    connect(create, &QAbstractButton::clicked, this, [this] { m_parts.sheets.open(&OpenSheets::showNewProject); });
     connect(m_archived, &QAbstractButton::toggled, this,
-            [this](bool isOn) { m_store.navigation.setShowArchivedProjects(isOn); });
+            [this](bool isOn) { m_parts.navigation.setShowArchivedProjects(isOn); });
 
     auto *header = new QWidget;
     auto *column = makeColumn(24, header);
@@ -90,9 +90,9 @@ QWidget *ProjectsOverview::makeHeader()
 
 void ProjectsOverview::showEmpty()
 {
-    if (!m_store.navigation.search().isEmpty())
+    if (!m_parts.navigation.search().isEmpty())
         m_empty->show("magnifyingglass", tr("No projects match your search."));
-    else if (m_store.navigation.showArchivedProjects())
+    else if (m_parts.navigation.showArchivedProjects())
         m_empty->show("archivebox", tr("No archived projects."));
     else
         m_empty->show("folder.badge.plus", tr("Create a project to save your first checkpoint."));
@@ -101,10 +101,10 @@ void ProjectsOverview::showEmpty()
 
 void ProjectsOverview::showProjects(bool isStale)
 {
-    m_title->setText(m_store.navigation.showArchivedProjects() ? tr("Archived projects") : tr("Projects"));
-    m_subtitle->setText(ProjectText::overview(m_store.library.availableProjects()));
-    m_archived->setChecked(m_store.navigation.showArchivedProjects());
-    const QList<Project> before = std::exchange(m_projects, m_store.navigation.filteredProjects());
+    m_title->setText(m_parts.navigation.showArchivedProjects() ? tr("Archived projects") : tr("Projects"));
+    m_subtitle->setText(ProjectText::overview(m_parts.library.availableProjects()));
+    m_archived->setChecked(m_parts.navigation.showArchivedProjects());
+    const QList<Project> before = std::exchange(m_projects, m_parts.navigation.filteredProjects());
     showEmpty();
     if (isStale || m_projects != before)
         m_grid->setCount(static_cast<int>(m_projects.size()));

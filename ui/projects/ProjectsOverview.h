@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "ui/projects/ProjectParts.h"
 #include "ui/projects/ThumbnailShelf.h"
 
 #include <QHash>
@@ -20,7 +20,7 @@ class Switch;
 // All projects, one card each.
 class ProjectsOverview final : public QWidget {
 public:
-    explicit ProjectsOverview(AppStore &store, QWidget *parent = nullptr);
+    ProjectsOverview(const ProjectParts &parts, CheckpointMedia &media, QWidget *parent = nullptr);
 
 private:
     QWidget *makeHeader();
@@ -28,7 +28,7 @@ private:
     void showProjects(bool isStale);
     void showEmpty();
 
-    AppStore &m_store;
+    ProjectParts m_parts;
     ThumbnailShelf m_pictures;
     LineLabel *m_title;
     QLabel *m_subtitle;

@@ -32,13 +32,13 @@ void ThumbnailShelf::draw(QPainter &painter, const QRectF &area, const Checkpoin
 
 const QImage *ThumbnailShelf::find(const Checkpoint &checkpoint, qreal ratio)
 {
-    const QString path = m_store.media.screenshotFile(checkpoint).value_or(QString());
+    const QString path = m_media.screenshotFile(checkpoint).value_or(QString());
     if (path.isEmpty())
         return nullptr;
     if (const QImage *const known = m_images.object(path))
         return known->isNull() ? nullptr : known;
     if (!m_asked.contains(path)) {
-        m_asked.insert(path, m_store.media.thumbnails().request(path, [this, path, ratio](const Thumbnail &thumbnail) {
+        m_asked.insert(path, m_media.thumbnails().request(path, [this, path, ratio](const Thumbnail &thumbnail) {
             take(path, thumbnail, ratio);
         }));
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/CheckpointMedia.h"
 
 #include <QCache>
 #include <QHash>
@@ -18,8 +18,8 @@ public:
     static constexpr QSize shownSize = QSize(72, 40); // Logical pixels.
 
     // Arrived is called when a picture is there that was drawn as missing before.
-    ThumbnailShelf(AppStore &store, std::function<void()> arrived, QSize size = shownSize)
-        : m_store(store), m_arrived(std::move(arrived)), m_size(size)
+    ThumbnailShelf(CheckpointMedia &media, std::function<void()> arrived, QSize size = shownSize)
+        : m_media(media), m_arrived(std::move(arrived)), m_size(size)
     {
     }
 
@@ -35,7 +35,7 @@ private:
 
     void take(const QString &path, const Thumbnail &thumbnail, qreal ratio);
 
-    AppStore &m_store;
+    CheckpointMedia &m_media;
     std::function<void()> m_arrived;
     QSize m_size;                                                         // Logical pixels.
     QCache<QString, QImage> m_images = QCache<QString, QImage>(mostKept); // A null one: there is nothing to show.

@@ -21,19 +21,19 @@ namespace {
 constexpr int panelWidth = 470;
 constexpr int labelWidth = 62;
 
-QCoro::Task<void> saveDraft(AppStore &store, QPointer<QuickSaveContent> form)
+QCoro::Task<void> saveDraft(CaptureParts parts, QPointer<QuickSaveContent> form)
 {
     const Outcome outcome =
-        co_await store.form.captureMoment(store.drafts.draftTitle(), store.drafts.draftNext(), CaptureKind::Checkpoint);
+        co_await parts.form.captureMoment(parts.drafts.draftTitle(), parts.drafts.draftNext(), CaptureKind::Checkpoint);
     if (form)
         form->showError(outcome.error);
 }
 
 } // namespace
 
-QuickSaveContent::QuickSaveContent(AppStore &store, QWidget *parent)
+QuickSaveContent::QuickSaveContent(const CaptureParts &parts, QWidget *parent)
     : QWidget(parent),
-      m_store(store),
+      m_parts(parts),
       m_project(new Choice(tr("Project"))),
       m_newProject(new TextField(tr("New project name"), tr("New project name"))),
       m_next(new TextField(tr("Next time, start by…"), tr("Optional — e.g. Test the navigation on mobile"))),
@@ -59,19 +59,19 @@ QuickSaveContent::QuickSaveContent(AppStore &store, QWidget *parent)
     column->addWidget(m_problem);
     column->addWidget(makeFooter());
     bind(
-        m_newProject, m_store.drafts.draftProjectName,
-        [this](const QString &text) { m_store.drafts.setDraftProjectName(text); }, m_observations);
+        m_newProject, m_parts.drafts.draftProjectName,
+        [this](const QString &text) { m_parts.drafts.setDraftProjectName(text); }, m_observations);
     bind(
-        m_next, m_store.drafts.draftNext, [this](const QString &text) { m_store.drafts.setDraftNext(text); },
+        m_next, m_parts.drafts.draftNext, [this](const QString &text) { m_parts.drafts.setDraftNext(text); },
         m_observations);
-    DraftProject::offer(m_project, tr("New project…"), store, m_observations);
+    DraftProject::offer(m_project, tr("New project…"), parts.library, parts.drafts, m_observations);
     connect(m_disclosure, &QAbstractButton::clicked, this, [this] { showDetails(m_details->isHidden()); });
     showDetails(false);
-    m_observations.watch([this] { m_newProject->setVisible(DraftProject::isNew(m_store)); }, store.library.projects,
-                         store.drafts.draftProjectID);
-    m_observations.watch([this] { showState(); }, store.operations.busy, store.form.savingForm,
-                         store.screenAccess.requestingAccess, store.drafts.draftProjectID,
-                         store.drafts.draftProjectName, store.messages.captureIssue);
+    m_observations.watch([this] { m_newProject->setVisible(DraftProject::isNew(m_parts.library, m_parts.drafts)); },
+                         parts.library.projects, parts.drafts.draftProjectID);
+    m_observations.watch([this] { showState(); }, parts.operations.busy, parts.form.savingForm,
+                         parts.screenAccess.requestingAccess, parts.drafts.draftProjectID,
+                         parts.drafts.draftProjectName, parts.messages.captureIssue);
 }
 
 QWidget *QuickSaveContent::makeProjectRow()
@@ -92,12 +92,12 @@ QWidget *QuickSaveContent::makeDetails()
     auto *title =
         new TextField(tr("Checkpoint title (automatic if empty)"), tr("Checkpoint title (automatic if empty)"));
     bind(
-        title, m_store.drafts.draftTitle, [this](const QString &text) { m_store.drafts.setDraftTitle(text); },
+        title, m_parts.drafts.draftTitle, [this](const QString &text) { m_parts.drafts.setDraftTitle(text); },
         m_observations);
     column->addWidget(title);
     auto *tabs = new Switch(tr("Include browser tabs"));
     bind(
-        tabs, m_store.drafts.includeBrowser, [this](bool isOn) { m_store.drafts.setIncludeBrowser(isOn); },
+        tabs, m_parts.drafts.includeBrowser, [this](bool isOn) { m_parts.drafts.setIncludeBrowser(isOn); },
         m_observations);
     column->addWidget(tabs);
     return details;
@@ -114,19 +114,20 @@ QWidget *QuickSaveContent::makeFooter()
     row->addWidget(m_progress);
     row->addWidget(m_cancel);
     row->addWidget(m_save);
-    connect(m_cancel, &QAbstractButton::clicked, this, [this] { m_store.setup.cancelCapture(); });
+    connect(m_cancel, &QAbstractButton::clicked, this, [this] { m_parts.setup.cancelCapture(); });
     connect(m_save, &QAbstractButton::clicked, this, [this] { save(); });
     return footer;
 }
 
 void QuickSaveContent::showState()
 {
-    const bool isSaving = m_store.form.savingForm() || m_store.screenAccess.requestingAccess();
-    const bool lacksName = DraftProject::isNew(m_store) && m_store.drafts.draftProjectName().trimmed().isEmpty();
-    m_progress->setVisible(m_store.form.savingForm());
+    const bool isSaving = m_parts.form.savingForm() || m_parts.screenAccess.requestingAccess();
+    const bool lacksName =
+        DraftProject::isNew(m_parts.library, m_parts.drafts) && m_parts.drafts.draftProjectName().trimmed().isEmpty();
+    m_progress->setVisible(m_parts.form.savingForm());
     m_cancel->setEnabled(!isSaving);
-    m_save->setEnabled(!isSaving && !m_store.operations.busy() && !lacksName);
-    const std::optional<QString> problem = m_store.messages.captureIssue() ? m_store.messages.captureIssue() : m_error;
+    m_save->setEnabled(!isSaving && !m_parts.operations.busy() && !lacksName);
+    const std::optional<QString> problem = m_parts.messages.captureIssue() ? m_parts.messages.captureIssue() : m_error;
     m_problem->setText(problem.value_or(QString()));
     m_problem->setVisible(problem.has_value());
 }
@@ -153,7 +154,7 @@ void QuickSaveContent::begin()
 void QuickSaveContent::save()
 {
     m_error.reset();
-    saveDraft(m_store, this);
+    saveDraft(m_parts, this);
 }
 
 void QuickSaveContent::paintEvent(QPaintEvent *)

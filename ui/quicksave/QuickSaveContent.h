@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "ui/projects/CaptureParts.h"
 
 #include <QWidget>
 
@@ -20,7 +20,7 @@ class QuickSaveContent final : public QWidget {
     Q_DECLARE_TR_FUNCTIONS(ardeno::QuickSaveContent)
 
 public:
-    explicit QuickSaveContent(AppStore &store, QWidget *parent = nullptr);
+    explicit QuickSaveContent(const CaptureParts &parts, QWidget *parent = nullptr);
 
     // For another checkpoint; the first thing to type has the focus.
     void begin();
@@ -40,7 +40,7 @@ private:
     void showDetails(bool isOpen);
     void save();
 
-    AppStore &m_store;
+    CaptureParts m_parts;
     std::optional<QString> m_error = {};
     Observations m_observations; // Before the fields, which it is about.
     Choice *m_project;

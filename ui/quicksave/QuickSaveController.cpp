@@ -13,16 +13,16 @@ constexpr int offChoice = 2;
 
 } // namespace
 
-QuickSaveController::QuickSaveController(AppStore &store, Desktop &desktop, std::function<void()> showWindow)
-    : m_store(store), m_desktop(desktop), m_showWindow(std::move(showWindow))
+QuickSaveController::QuickSaveController(const CaptureParts &parts, QuickSaveShortcut &shortcut, Desktop &desktop,
+                                         std::function<void()> showWindow)
+    : m_parts(parts), m_shortcut(shortcut), m_desktop(desktop), m_showWindow(std::move(showWindow))
 {
     if (m_desktop.hotKeys->availability().isAvailable())
-        m_observations.watch([this] { registerShortcut(m_store.shortcut.shortcutChoice()); },
-                             store.shortcut.shortcutChoice);
+        m_observations.watch([this] { registerShortcut(m_shortcut.shortcutChoice()); }, shortcut.shortcutChoice);
     else
-        store.shortcut.setShortcutIssue(
+        shortcut.setShortcutIssue(
             tr("The global shortcut could not start. Quick save is still available in the menu bar."));
-    m_observations.watch([this] { followFlag(); }, store.sheets.showQuickCapture);
+    m_observations.watch([this] { followFlag(); }, parts.sheets.showQuickCapture);
 }
 
 QuickSaveController::~QuickSaveController()
@@ -33,12 +33,11 @@ QuickSaveController::~QuickSaveController()
 void QuickSaveController::registerShortcut(int choice)
 {
     m_desktop.hotKeys->release();
-    m_store.shortcut.setShortcutIssue(std::nullopt);
+    m_shortcut.setShortcutIssue(std::nullopt);
     if (choice == offChoice)
         return;
     const auto refused = [this](const Failure &) {
-        m_store.shortcut.setShortcutIssue(
-            tr("That shortcut is unavailable. Choose another shortcut or use the menu bar."));
+        m_shortcut.setShortcutIssue(tr("That shortcut is unavailable. Choose another shortcut or use the menu bar."));
     };
     using Combination = HotKeys::Combination;
     const Combination keys = choice == shiftSuperChoice ? Combination::ShiftSuperS : Combination::ControlAltSuperS;
@@ -51,24 +50,24 @@ void QuickSaveController::registerShortcut(int choice)
 
 void QuickSaveController::trigger()
 {
-    if (m_store.sheets.showQuickCapture() && m_panel)
+    if (m_parts.sheets.showQuickCapture() && m_panel)
         m_desktop.ownWindows->floatAbove(m_panel->winId());
     else if (isSheetOpen())
         m_showWindow();
     else
-        m_store.setup.requestCapture(CaptureKind::Checkpoint, CaptureForm::QuickPanel);
+        m_parts.setup.requestCapture(CaptureKind::Checkpoint, CaptureForm::QuickPanel);
 }
 
 // The panel does not open on top of something unfinished.
 bool QuickSaveController::isSheetOpen() const
 {
-    return m_store.sheets.showCapture() || m_store.sheets.showRestore() || m_store.sheets.showSettings() ||
-           m_store.sheets.showNewProject() || m_store.sheets.editingBlocker();
+    return m_parts.sheets.showCapture() || m_parts.sheets.showRestore() || m_parts.sheets.showSettings() ||
+           m_parts.sheets.showNewProject() || m_parts.sheets.editingBlocker();
 }
 
 void QuickSaveController::followFlag()
 {
-    if (m_store.sheets.showQuickCapture())
+    if (m_parts.sheets.showQuickCapture())
         present();
     else
         hide();
@@ -77,7 +76,7 @@ void QuickSaveController::followFlag()
 void QuickSaveController::present()
 {
     if (!m_panel)
-        m_panel = std::make_unique<QuickSavePanel>(m_store);
+        m_panel = std::make_unique<QuickSavePanel>(m_parts);
     m_desktop.ownWindows->rememberFocus();
     // The window manager is asked about windows that it knows.
     m_panel->present([this] { m_desktop.ownWindows->floatAbove(m_panel->winId()); });

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/QuickSaveShortcut.h"
 #include "ui/quicksave/QuickSavePanel.h"
 
 #include <functional>
@@ -15,7 +15,8 @@ class QuickSaveController final {
 
 public:
     // What shows the main window, which has an unfinished sheet.
-    QuickSaveController(AppStore &store, Desktop &desktop, std::function<void()> showWindow);
+    QuickSaveController(const CaptureParts &parts, QuickSaveShortcut &shortcut, Desktop &desktop,
+                        std::function<void()> showWindow);
     ~QuickSaveController();
     QuickSaveController(const QuickSaveController &) = delete;
     QuickSaveController &operator=(const QuickSaveController &) = delete;
@@ -30,7 +31,8 @@ private:
     void hide();
     bool isSheetOpen() const;
 
-    AppStore &m_store;
+    CaptureParts m_parts;
+    QuickSaveShortcut &m_shortcut;
     Desktop &m_desktop;
     std::function<void()> m_showWindow;
     std::unique_ptr<QuickSavePanel> m_panel; // Made when it is wanted first, then kept.

@@ -15,11 +15,11 @@
 
 namespace ardeno {
 
-QuickSavePanel::QuickSavePanel(AppStore &store)
+QuickSavePanel::QuickSavePanel(const CaptureParts &parts)
     : QWidget(nullptr, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                            Qt::WindowStaysOnTopHint),
-      m_store(store),
-      m_content(new QuickSaveContent(store))
+      m_parts(parts),
+      m_content(new QuickSaveContent(parts))
 {
     setWindowTitle(tr("Quick save checkpoint"));
     setWindowIcon(Symbols::brandIcon());
@@ -51,10 +51,10 @@ void QuickSavePanel::paintEvent(QPaintEvent *)
 
 void QuickSavePanel::closeEvent(QCloseEvent *event)
 {
-    const bool isBusy = m_store.form.savingForm() || m_store.screenAccess.requestingAccess();
+    const bool isBusy = m_parts.form.savingForm() || m_parts.screenAccess.requestingAccess();
     event->setAccepted(!isBusy);
     if (!isBusy)
-        m_store.setup.cancelCapture();
+        m_parts.setup.cancelCapture();
 }
 
 } // namespace ardeno

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "ui/projects/CaptureParts.h"
 
 #include <QWidget>
 
@@ -16,7 +16,7 @@ class QuickSavePanel final : public QWidget {
     Q_DECLARE_TR_FUNCTIONS(ardeno::QuickSavePanel)
 
 public:
-    explicit QuickSavePanel(AppStore &store);
+    explicit QuickSavePanel(const CaptureParts &parts);
 
     // In the middle of the screen where the pointer is. Calls back from the event loop once it can be seen.
     void present(std::function<void()> shown);
@@ -27,7 +27,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    AppStore &m_store;
+    CaptureParts m_parts;
     QuickSaveContent *m_content;
     std::function<void()> m_shown;
 };

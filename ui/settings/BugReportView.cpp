@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/settings/BugReportView.h"
 
-#include "store/AppStore.h"
+#include "store/Applications.h"
 #include "ui/controls/Alert.h"
 #include "ui/controls/Fields.h"
 #include "ui/controls/Ground.h"
@@ -12,9 +12,9 @@
 
 namespace ardeno {
 
-BugReportView::BugReportView(AppStore &store)
+BugReportView::BugReportView(Applications &applications)
     : Sheet(tr("Report a bug"), 540),
-      m_store(store),
+      m_applications(applications),
       m_title(new TextField(tr("Short summary"), tr("e.g. Saving stays stuck at 90%")))
 {
     auto *head = makeColumn(4);
@@ -82,7 +82,7 @@ void BugReportView::copy()
 void BugReportView::openMail()
 {
     if (BugReportComposer::openMail(draft(),
-                                    [this](const QUrl &address) { return m_store.applications.openMail(address); })) {
+                                    [this](const QUrl &address) { return m_applications.openMail(address); })) {
         close();
         return;
     }

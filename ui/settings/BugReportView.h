@@ -8,7 +8,7 @@
 
 namespace ardeno {
 
-class AppStore;
+class Applications;
 class TextArea;
 class TextField;
 
@@ -17,7 +17,7 @@ class BugReportView final : public Sheet {
     Q_DECLARE_TR_FUNCTIONS(ardeno::BugReportView)
 
 public:
-    explicit BugReportView(AppStore &store);
+    explicit BugReportView(Applications &applications);
 
 private:
     TextArea *addArea(QVBoxLayout *column, const QString &label, int lines);
@@ -27,7 +27,7 @@ private:
     void copy();
     void openMail();
 
-    AppStore &m_store;
+    Applications &m_applications;
     TextField *m_title;
     TextArea *m_details;
     TextArea *m_steps;

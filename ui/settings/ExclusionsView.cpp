@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/settings/ExclusionsView.h"
 
-#include "store/AppStore.h"
+#include "store/Applications.h"
+#include "store/ExclusionRules.h"
+#include "store/OpenSheets.h"
+#include "store/SessionRecorder.h"
 #include "support/VisibleText.h"
 #include "ui/controls/EmptyState.h"
 #include "ui/controls/Fields.h"
@@ -64,10 +67,14 @@ Card *cardAround(QWidget *list)
 
 } // namespace
 
-ExclusionsView::ExclusionsView(AppStore &store)
+ExclusionsView::ExclusionsView(ExclusionRules &rules, const Applications &applications, OpenSheets &sheets,
+                               const SessionRecorder &recorder)
     : Sheet(tr("Capture exclusions"), 560),
-      m_store(store),
-      m_runningApps(store.applications.runningApps()),
+      m_rules(rules),
+      m_applications(applications),
+      m_sheets(sheets),
+      m_recorder(recorder),
+      m_runningApps(applications.runningApps()),
       m_recordingNote(makeNote(
           makeParagraph(tr("Finish the recording before changing exclusions."), TextStyle::Medium, Role::AmberText))),
       m_issueText(makeParagraph({}, TextStyle::Medium, Role::AmberText)),
@@ -101,12 +108,12 @@ ExclusionsView::ExclusionsView(AppStore &store)
     addApps(controls);
     controls->addSpacing(8);
     addWebsites(controls);
-    m_startOver = addButton(tr("Start over"), Button::Kind::Bordered, [this] { m_store.rules.startExclusionsOver(); });
+    m_startOver = addButton(tr("Start over"), Button::Kind::Bordered, [this] { m_rules.startExclusionsOver(); });
     addButton(tr("Done"), Button::Kind::Prominent, [this] { cancel(); });
     setHoldsInput([this] { return !m_domain->text().trimmed().isEmpty(); }); // It is not excluded yet.
-    setOnCancel([&store] { store.sheets.close(&OpenSheets::showExclusions); });
-    m_observations.watch([this] { showExclusions(); }, store.rules.exclusions, store.rules.exclusionsIssue);
-    m_observations.watch([this] { showObstacles(); }, store.recorder.recording, store.rules.exclusionsIssue);
+    setOnCancel([&sheets] { sheets.close(&OpenSheets::showExclusions); });
+    m_observations.watch([this] { showExclusions(); }, rules.exclusions, rules.exclusionsIssue);
+    m_observations.watch([this] { showObstacles(); }, recorder.recording, rules.exclusionsIssue);
 }
 
 void ExclusionsView::addApps(QVBoxLayout *column)
@@ -138,8 +145,8 @@ Button *ExclusionsView::makeExcludeMenu()
         for (const SavedApp &app : std::as_const(m_runningApps)) {
             QString name = VisibleText::oneLine(app.name).simplified();
             QAction *const item =
-                addMenuItem(menu, name.replace('&', "&&"), {}, [this, app] { m_store.rules.excludeApp(app); });
-            item->setEnabled(!m_store.rules.exclusions().appIDs().contains(app.id));
+                addMenuItem(menu, name.replace('&', "&&"), {}, [this, app] { m_rules.excludeApp(app); });
+            item->setEnabled(!m_rules.exclusions().appIDs().contains(app.id));
         }
         if (m_runningApps.isEmpty())
             menu->addAction(tr("No apps to exclude"))->setEnabled(false);
@@ -176,17 +183,17 @@ void ExclusionsView::addWebsites(QVBoxLayout *column)
 
 void ExclusionsView::allowApp(const QString &id)
 {
-    const QList<SavedApp> apps = m_store.rules.exclusions().apps;
+    const QList<SavedApp> apps = m_rules.exclusions().apps;
     const auto found = std::find_if(apps.begin(), apps.end(), [&](const SavedApp &app) { return app.id == id; });
-    if (found == apps.end() || !m_store.rules.allowApp(id))
+    if (found == apps.end() || !m_rules.allowApp(id))
         return;
-    offerUndo(found->name.isEmpty() ? id : found->name, [this, app = *found] { return m_store.rules.excludeApp(app); });
+    offerUndo(found->name.isEmpty() ? id : found->name, [this, app = *found] { return m_rules.excludeApp(app); });
 }
 
 void ExclusionsView::allowDomain(const QString &domain)
 {
-    if (m_store.rules.allowDomain(domain))
-        offerUndo(domain, [this, domain] { return m_store.rules.excludeDomain(domain); });
+    if (m_rules.allowDomain(domain))
+        offerUndo(domain, [this, domain] { return m_rules.excludeDomain(domain); });
 }
 
 void ExclusionsView::offerUndo(const QString &name, std::function<Outcome()> exclude)
@@ -209,15 +216,15 @@ void ExclusionsView::chooseApplication()
     if (!host)
         return;
     host->present(
-        new ApplicationChooser(m_store.applications.installedApps(), [this](const InstalledApplication &application) {
+        new ApplicationChooser(m_applications.installedApps(), [this](const InstalledApplication &application) {
             if (!application.id.isEmpty())
-                m_store.rules.excludeApp({.id = application.id, .name = application.name});
+                m_rules.excludeApp({.id = application.id, .name = application.name});
         }));
 }
 
 void ExclusionsView::excludeDomain()
 {
-    const Outcome outcome = m_store.rules.excludeDomain(m_domain->text());
+    const Outcome outcome = m_rules.excludeDomain(m_domain->text());
     // The store tells by itself when a good domain could not be written.
     m_validation->setVisible(!outcome && !outcome.error);
     if (outcome)
@@ -229,7 +236,7 @@ void ExclusionsView::excludeDomain()
 
 void ExclusionsView::showExclusions()
 {
-    const CaptureExclusions &exclusions = m_store.rules.exclusions();
+    const CaptureExclusions &exclusions = m_rules.exclusions();
     QList<ExclusionRule> apps;
     for (const SavedApp &app : exclusions.apps)
         apps.append({app.id, app.name.isEmpty() ? app.id : app.name});
@@ -239,18 +246,18 @@ void ExclusionsView::showExclusions()
     m_apps->setRules(apps);
     m_domains->setRules(domains);
     m_appsCard->setVisible(!apps.isEmpty());
-    m_noApps->setVisible(apps.isEmpty() && !m_store.rules.exclusionsIssue());
+    m_noApps->setVisible(apps.isEmpty() && !m_rules.exclusionsIssue());
     m_domainsCard->setVisible(!domains.isEmpty());
 }
 
 void ExclusionsView::showObstacles()
 {
-    const std::optional<QString> &issue = m_store.rules.exclusionsIssue();
-    m_recordingNote->setVisible(m_store.recorder.recording());
+    const std::optional<QString> &issue = m_rules.exclusionsIssue();
+    m_recordingNote->setVisible(m_recorder.recording());
     m_issueText->setText(issue.value_or(QString()));
     m_issueNote->setVisible(issue.has_value());
     m_startOver->setVisible(issue.has_value());
-    m_controls->setEnabled(!m_store.recorder.recording() && !issue);
+    m_controls->setEnabled(!m_recorder.recording() && !issue);
 }
 
 } // namespace ardeno

@@ -13,7 +13,10 @@
 
 namespace ardeno {
 
-class AppStore;
+class Applications;
+class ExclusionRules;
+class OpenSheets;
+class SessionRecorder;
 class Card;
 class RuleList;
 class TextField;
@@ -24,7 +27,8 @@ class ExclusionsView final : public Sheet {
     Q_DECLARE_TR_FUNCTIONS(ardeno::ExclusionsView)
 
 public:
-    explicit ExclusionsView(AppStore &store);
+    ExclusionsView(ExclusionRules &rules, const Applications &applications, OpenSheets &sheets,
+                   const SessionRecorder &recorder);
 
 private:
     void addApps(QVBoxLayout *column);
@@ -39,7 +43,10 @@ private:
     void showExclusions();
     void showObstacles();
 
-    AppStore &m_store;
+    ExclusionRules &m_rules;
+    const Applications &m_applications;
+    OpenSheets &m_sheets;
+    const SessionRecorder &m_recorder;
     QList<SavedApp> m_runningApps; // When the view was opened.
     QWidget *m_recordingNote;
     QLabel *m_issueText;

@@ -2,7 +2,6 @@
 #include "ui/settings/PreferencesView.h"
 
 #include "services/BugReportComposer.h"
-#include "store/AppStore.h"
 #include "ui/controls/Alert.h"
 #include "ui/controls/Choice.h"
 #include "ui/controls/Fields.h"
@@ -29,9 +28,9 @@ constexpr int noShortcut = 2;
 
 } // namespace
 
-PreferencesView::PreferencesView(AppStore &store)
+PreferencesView::PreferencesView(const PreferenceParts &parts)
     : Sheet(tr("Settings"), 600),
-      m_store(store),
+      m_parts(parts),
       m_shortcutIssue(makeParagraph({}, TextStyle::Small, Role::RecordingText))
 {
     column()->addWidget(makeLabel(tr("Settings"), TextStyle::SheetTitle));
@@ -42,11 +41,11 @@ PreferencesView::PreferencesView(AppStore &store)
     cards->column()->addWidget(makeContact());
     cards->column()->addStretch();
     addButton(tr("Done"), Button::Kind::Prominent, [this] { close(); });
-    setOnCancel([&store] { store.sheets.close(&OpenSheets::showSettings); });
-    m_observations.watch([this] { showShortcutIssue(); }, store.shortcut.shortcutIssue);
+    setOnCancel([parts] { parts.sheets.close(&OpenSheets::showSettings); });
+    m_observations.watch([this] { showShortcutIssue(); }, parts.shortcut.shortcutIssue);
     if (m_check)
-        m_observations.watch([this] { showUpdate(); }, store.updates.availableUpdate, store.updates.checkingForUpdates,
-                             store.updates.updateAnswer);
+        m_observations.watch([this] { showUpdate(); }, parts.updates.availableUpdate, parts.updates.checkingForUpdates,
+                             parts.updates.updateAnswer);
 }
 
 QWidget *PreferencesView::makeBehaviour()
@@ -78,9 +77,9 @@ Choice *PreferencesView::makeLaunch()
 {
     auto *launch = new Choice(tr("On launch"));
     launch->setOptions({{tr("Last opened project"), false}, {tr("Projects overview"), true}});
-    launch->setOnChoose([this](const QVariant &value) { m_store.navigation.setLaunchOverview(value.toBool()); });
-    m_observations.watch([this, launch] { launch->setCurrent(m_store.navigation.launchOverview()); },
-                         m_store.navigation.launchOverview);
+    launch->setOnChoose([this](const QVariant &value) { m_parts.navigation.setLaunchOverview(value.toBool()); });
+    m_observations.watch([this, launch] { launch->setCurrent(m_parts.navigation.launchOverview()); },
+                         m_parts.navigation.launchOverview);
     return launch;
 }
 
@@ -89,12 +88,12 @@ Choice *PreferencesView::makeShortcut()
     auto *shortcut = new Choice(tr("Quick save shortcut"));
     shortcut->setOptions(
         {{tr("⌃⌥⌘S (default)"), defaultShortcut}, {tr("⇧⌘S"), shortShortcut}, {tr("Off"), noShortcut}});
-    shortcut->setOnChoose([this](const QVariant &value) { m_store.shortcut.setShortcutChoice(value.toInt()); });
+    shortcut->setOnChoose([this](const QVariant &value) { m_parts.shortcut.setShortcutChoice(value.toInt()); });
     const auto show = [this, shortcut] {
-        const int choice = m_store.shortcut.shortcutChoice();
+        const int choice = m_parts.shortcut.shortcutChoice();
         shortcut->setCurrent(choice == shortShortcut || choice == noShortcut ? choice : defaultShortcut);
     };
-    m_observations.watch(show, m_store.shortcut.shortcutChoice);
+    m_observations.watch(show, m_parts.shortcut.shortcutChoice);
     return shortcut;
 }
 
@@ -103,7 +102,7 @@ Switch *PreferencesView::makeBrowserTabs()
     auto *tabs = new Switch({});
     tabs->setAccessibleName(tr("Include browser tabs"));
     bind(
-        tabs, m_store.drafts.includeBrowser, [this](bool isOn) { m_store.drafts.setIncludeBrowser(isOn); },
+        tabs, m_parts.drafts.includeBrowser, [this](bool isOn) { m_parts.drafts.setIncludeBrowser(isOn); },
         m_observations);
     return tabs;
 }
@@ -131,7 +130,7 @@ QWidget *PreferencesView::makePrivacy()
     auto *buttons = makeRow(8);
     buttons->addWidget(makeButton(tr("Show saved files"), {}, [this] { showSavedFiles(); }));
     buttons->addWidget(makeButton(tr("Capture exclusions…"), "eye.slash",
-                                  [this] { m_store.sheets.open(&OpenSheets::showExclusions); }));
+                                  [this] { m_parts.sheets.open(&OpenSheets::showExclusions); }));
     buttons->addStretch();
     texts->addLayout(buttons);
     row->addLayout(texts, 1);
@@ -141,7 +140,7 @@ QWidget *PreferencesView::makePrivacy()
 QWidget *PreferencesView::makeContact()
 {
     auto *card = new SettingsCard;
-    if (m_store.updates.canCheckForUpdates())
+    if (m_parts.updates.canCheckForUpdates())
         addUpdates(card);
     card->addRow({.title = tr("Newsletter"),
                   .explanation = tr("Get occasional workspace tips and product news by email. This is separate from "
@@ -149,7 +148,7 @@ QWidget *PreferencesView::makeContact()
                  {makeButton(tr("Join the newsletter"), {}, [] { Links::openNewsletter(); })});
     const auto reportBug = [this] {
         if (SheetHost *const host = SheetHost::of(this))
-            host->present(new BugReportView(m_store));
+            host->present(new BugReportView(m_parts.applications));
     };
     card->addRow({.title = tr("Contact & support"),
                   .explanation = tr("Questions, feedback or a problem? We’ll open your default email app so you can "
@@ -167,11 +166,11 @@ void PreferencesView::addUpdates(SettingsCard *card)
     m_updateSymbol = new SymbolView("arrow.down.circle", Role::AccentText);
     m_updateText = makeParagraph({}, TextStyle::Medium);
     m_checking = new Progress(tr("Working"));
-    m_check = makeButton(tr("Check for updates"), {}, [this] { m_store.updates.checkForUpdates(Force::Yes); });
+    m_check = makeButton(tr("Check for updates"), {}, [this] { m_parts.updates.checkForUpdates(Force::Yes); });
     m_download = new Button(tr("Download update"), Button::Kind::Prominent);
     connect(m_download, &QAbstractButton::clicked, this, [this] {
-        if (m_store.updates.availableUpdate())
-            Links::openUpdateURL(m_store.updates.availableUpdate()->downloadURL);
+        if (m_parts.updates.availableUpdate())
+            Links::openUpdateURL(m_parts.updates.availableUpdate()->downloadURL);
     });
     row->setSpacing(8);
     row->addWidget(m_updateSymbol);
@@ -184,10 +183,10 @@ void PreferencesView::addUpdates(SettingsCard *card)
 void PreferencesView::showUpdate()
 {
     constexpr qsizetype longestVersion = 60;
-    const std::optional<AppUpdateManifest> &update = m_store.updates.availableUpdate();
+    const std::optional<AppUpdateManifest> &update = m_parts.updates.availableUpdate();
     m_updateSymbol->setVisible(update.has_value());
     const bool canDownload = update && isOpenable(update->downloadURL);
-    const bool isAnswered = m_store.updates.updateAnswer() && !m_store.updates.checkingForUpdates();
+    const bool isAnswered = m_parts.updates.updateAnswer() && !m_parts.updates.checkingForUpdates();
     QStringList lines;
     if (update)
         lines += tr("Update available: %1").arg(update->latestVersion.left(longestVersion));
@@ -196,22 +195,22 @@ void PreferencesView::showUpdate()
     if (update && !canDownload)
         lines += tr("It names no download over a secure connection (https), so Ardeno does not open one.");
     if (isAnswered)
-        lines += *m_store.updates.updateAnswer();
+        lines += *m_parts.updates.updateAnswer();
     m_updateText->setText(lines.join('\n'));
     m_updateText->setAccessibleName(m_updateText->text());
     m_download->setVisible(canDownload);
-    m_checking->setVisible(m_store.updates.checkingForUpdates());
+    m_checking->setVisible(m_parts.updates.checkingForUpdates());
 }
 
 void PreferencesView::showShortcutIssue()
 {
-    m_shortcutIssue->setText(m_store.shortcut.shortcutIssue().value_or(QString()));
-    m_shortcutIssue->setVisible(m_store.shortcut.shortcutIssue().has_value());
+    m_shortcutIssue->setText(m_parts.shortcut.shortcutIssue().value_or(QString()));
+    m_shortcutIssue->setVisible(m_parts.shortcut.shortcutIssue().has_value());
 }
 
 void PreferencesView::showSavedFiles()
 {
-    const QString folder = m_store.library.storageFolder();
+    const QString folder = m_parts.library.storageFolder();
     if (!QDir(folder).exists())
         tell(tr("Nothing has been saved yet."));
     else if (!Links::openFolder(folder))
@@ -220,7 +219,7 @@ void PreferencesView::showSavedFiles()
 
 void PreferencesView::emailSupport()
 {
-    if (!m_store.applications.openMail(BugReportComposer::contactURL()))
+    if (!m_parts.applications.openMail(BugReportComposer::contactURL()))
         tell(tr("Your email app could not be opened. You can write to %1.").arg(Endpoints::supportAddress()));
 }
 

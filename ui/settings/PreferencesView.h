@@ -3,13 +3,13 @@
 
 #include "support/Observable.h"
 #include "ui/controls/Sheet.h"
+#include "ui/settings/PreferenceParts.h"
 
 #include <QCoreApplication>
 #include <QLabel>
 
 namespace ardeno {
 
-class AppStore;
 class Choice;
 class Progress;
 class SettingsCard;
@@ -20,7 +20,7 @@ class PreferencesView final : public Sheet {
     Q_DECLARE_TR_FUNCTIONS(ardeno::PreferencesView)
 
 public:
-    explicit PreferencesView(AppStore &store);
+    explicit PreferencesView(const PreferenceParts &parts);
 
 private:
     QWidget *makeBehaviour();
@@ -37,7 +37,7 @@ private:
     void emailSupport();
     void tell(const QString &sentence);
 
-    AppStore &m_store;
+    PreferenceParts m_parts;
     QLabel *m_shortcutIssue;
     QLabel *m_updateText = nullptr;
     QWidget *m_updateSymbol = nullptr;

@@ -2,6 +2,7 @@
 #include "ui/settings/SettingsScreens.h"
 
 #include "store/AppStore.h"
+#include "ui/ViewParts.h"
 #include "ui/edit/EditSheet.h"
 #include "ui/settings/ExclusionsView.h"
 #include "ui/settings/Links.h"
@@ -12,17 +13,21 @@
 
 namespace ardeno {
 
-void addSettingsScreens(Screens *screens)
+void addSettingsScreens(Screens *screens, AppStore &store)
 {
-    screens->preferences = [](AppStore &store) { return new PreferencesView(store); };
-    screens->exclusions = [](AppStore &store) { return new ExclusionsView(store); };
-    screens->edit = [](AppStore &store, const Checkpoint &checkpoint) { return new EditSheet(store, checkpoint); };
-    screens->viewScreenshot = [viewers = std::make_shared<ScreenshotViewers>()](AppStore &store, const QString &file) {
-        viewers->show(file)->closeWithout(store);
+    screens->preferences = [parts = ViewParts::ofPreferences(store)] { return new PreferencesView(parts); };
+    screens->exclusions = [&store] {
+        return new ExclusionsView(store.rules, store.applications, store.sheets, store.recorder);
     };
-    screens->openUpdate = [](AppStore &store) {
-        if (store.updates.availableUpdate())
-            Links::openUpdateURL(store.updates.availableUpdate()->downloadURL);
+    screens->edit = [&store](const Checkpoint &checkpoint) {
+        return new EditSheet(store.library, store.editing, store.messages, checkpoint);
+    };
+    screens->viewScreenshot = [viewers = std::make_shared<ScreenshotViewers>(), &store](const QString &file) {
+        viewers->show(file)->closeWithout(store.library, store.media);
+    };
+    screens->openUpdate = [&updates = store.updates] {
+        if (updates.availableUpdate())
+            Links::openUpdateURL(updates.availableUpdate()->downloadURL);
     };
     screens->openNewsletter = [] { Links::openNewsletter(); };
 }

@@ -5,7 +5,9 @@
 
 namespace ardeno {
 
+class AppStore;
+
 // Preferences with all that opens from them, the form of a checkpoint's details and the screenshot viewer.
-void addSettingsScreens(Screens *screens);
+void addSettingsScreens(Screens *screens, AppStore &store);
 
 } // namespace ardeno

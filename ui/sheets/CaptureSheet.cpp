@@ -29,9 +29,9 @@ Switch *makeSwitch(const QString &text)
 
 } // namespace
 
-CaptureSheet::CaptureSheet(AppStore &store)
+CaptureSheet::CaptureSheet(const CaptureParts &parts)
     : Sheet(tr("Save a checkpoint."), formWidth + 56),
-      m_store(store),
+      m_parts(parts),
       m_heading(makeParagraph({}, TextStyle::SheetTitle)),
       m_lead(makeParagraph({}, TextStyle::Body, Role::Dim)),
       m_project(new Choice(tr("Project"))),
@@ -41,45 +41,45 @@ CaptureSheet::CaptureSheet(AppStore &store)
       m_browser(makeSwitch(tr("Include browser tabs"))),
       m_recording(makeSwitch(tr("Record a work session")))
 {
-    DraftProject::offer(m_project, tr("New project"), store, m_observations);
+    DraftProject::offer(m_project, tr("New project"), parts.library, parts.drafts, m_observations);
     column()->addWidget(makeMiddle(), 1);
     column()->addWidget(makeMessages());
     m_cancel = addButton(tr("Cancel"), Button::Kind::Bordered, [this] { close(); });
     m_primary = addButton({}, Button::Kind::Prominent, [this] { carryOut(); });
     bind(
-        m_name, m_store.drafts.draftProjectName,
-        [this](const QString &text) { m_store.drafts.setDraftProjectName(text); }, m_observations);
+        m_name, m_parts.drafts.draftProjectName,
+        [this](const QString &text) { m_parts.drafts.setDraftProjectName(text); }, m_observations);
     bind(
-        m_title, m_store.drafts.draftTitle, [this](const QString &text) { m_store.drafts.setDraftTitle(text); },
+        m_title, m_parts.drafts.draftTitle, [this](const QString &text) { m_parts.drafts.setDraftTitle(text); },
         m_observations);
     bind(
-        m_next, m_store.drafts.draftNext, [this](const QString &text) { m_store.drafts.setDraftNext(text); },
+        m_next, m_parts.drafts.draftNext, [this](const QString &text) { m_parts.drafts.setDraftNext(text); },
         m_observations);
     bind(
-        m_browser, m_store.drafts.includeBrowser, [this](bool isOn) { m_store.drafts.setIncludeBrowser(isOn); },
+        m_browser, m_parts.drafts.includeBrowser, [this](bool isOn) { m_parts.drafts.setIncludeBrowser(isOn); },
         m_observations);
     bind(
-        m_recording, m_store.drafts.pendingRecording, [this](bool isOn) { m_store.drafts.setPendingRecording(isOn); },
+        m_recording, m_parts.drafts.pendingRecording, [this](bool isOn) { m_parts.drafts.setPendingRecording(isOn); },
         m_observations);
-    store.screenAccess.refreshScreenAccess();
+    parts.screenAccess.refreshScreenAccess();
     // The user may come back from the system's settings.
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
-        if (state == Qt::ApplicationActive && !m_store.operations.busy())
-            m_store.screenAccess.refreshScreenAccess();
+        if (state == Qt::ApplicationActive && !m_parts.operations.busy())
+            m_parts.screenAccess.refreshScreenAccess();
     });
     // When the form was finished or another process goes on with it, nothing is cancelled.
     setOnCancel([this] {
-        if (m_store.sheets.showCapture())
-            m_store.setup.cancelCapture();
+        if (m_parts.sheets.showCapture())
+            m_parts.setup.cancelCapture();
     });
-    m_observations.watch([this] { showNewName(); }, store.drafts.draftProjectID, store.library.projects);
-    m_observations.watch([this] { showKind(); }, store.drafts.pendingRecording);
-    m_observations.watch([this] { showState(); }, store.operations.busy, store.form.savingForm,
-                         store.drafts.pendingRecording, store.screenAccess.screenAccessGranted,
-                         store.screenAccess.screenAccessReason, store.screenAccess.permissionRequestSent,
-                         store.screenAccess.requestingAccess, store.screenAccess.restartingApp);
-    m_observations.watch([this] { showMessages(); }, store.messages.captureIssue,
-                         store.screenAccess.screenAccessReason);
+    m_observations.watch([this] { showNewName(); }, parts.drafts.draftProjectID, parts.library.projects);
+    m_observations.watch([this] { showKind(); }, parts.drafts.pendingRecording);
+    m_observations.watch([this] { showState(); }, parts.operations.busy, parts.form.savingForm,
+                         parts.drafts.pendingRecording, parts.screenAccess.screenAccessGranted,
+                         parts.screenAccess.screenAccessReason, parts.screenAccess.permissionRequestSent,
+                         parts.screenAccess.requestingAccess, parts.screenAccess.restartingApp);
+    m_observations.watch([this] { showMessages(); }, parts.messages.captureIssue,
+                         parts.screenAccess.screenAccessReason);
     setFirstFocus(m_newName->isHidden() ? m_title : m_name);
 }
 
@@ -89,7 +89,7 @@ QWidget *CaptureSheet::makeMiddle()
     auto *row = makeRow(columnGap);
     middle->column()->addLayout(row);
     m_form = makeForm();
-    m_setup = new ScreenAccessSetup(m_store);
+    m_setup = new ScreenAccessSetup(m_parts.screenAccess, m_parts.operations, m_parts.recorder);
     m_setup->setFixedWidth(setupWidth);
     row->addWidget(m_form, 1, Qt::AlignTop);
     row->addWidget(m_setup, 0, Qt::AlignTop);
@@ -146,17 +146,17 @@ QWidget *CaptureSheet::makeMessages()
 
 bool CaptureSheet::needsSetup() const
 {
-    return !m_store.screenAccess.screenAccessGranted() && !m_store.screenAccess.screenAccessReason();
+    return !m_parts.screenAccess.screenAccessGranted() && !m_parts.screenAccess.screenAccessReason();
 }
 
 void CaptureSheet::showNewName()
 {
-    m_newName->setVisible(DraftProject::isNew(m_store));
+    m_newName->setVisible(DraftProject::isNew(m_parts.library, m_parts.drafts));
 }
 
 void CaptureSheet::showKind()
 {
-    const bool isSession = m_store.drafts.pendingRecording();
+    const bool isSession = m_parts.drafts.pendingRecording();
     m_heading->setText(isSession ? tr("Record a work session.") : tr("Save a checkpoint."));
     m_lead->setText(isSession ? tr("Record your main display while you work. Stop & save checkpoint finishes the "
                                    "video and captures your workspace.")
@@ -167,36 +167,36 @@ void CaptureSheet::showKind()
 
 QString CaptureSheet::primaryText() const
 {
-    const bool isSession = m_store.drafts.pendingRecording();
-    if (m_store.form.savingForm())
+    const bool isSession = m_parts.drafts.pendingRecording();
+    if (m_parts.form.savingForm())
         return isSession ? tr("Starting session…") : tr("Saving checkpoint…");
     if (!needsSetup())
         return isSession ? tr("Start session") : tr("Save checkpoint");
-    return m_store.screenAccess.permissionRequestSent() ? tr("Open Screen Settings…") : tr("Allow screen access…");
+    return m_parts.screenAccess.permissionRequestSent() ? tr("Open Screen Settings…") : tr("Allow screen access…");
 }
 
 void CaptureSheet::showState()
 {
     const bool isIdle =
-        !m_store.form.savingForm() && !m_store.screenAccess.restartingApp() && !m_store.screenAccess.requestingAccess();
+        !m_parts.form.savingForm() && !m_parts.screenAccess.restartingApp() && !m_parts.screenAccess.requestingAccess();
     m_setup->setVisible(needsSetup());
     setFixedWidth(formWidth + 56 + (needsSetup() ? columnGap + setupWidth : 0));
     m_form->setEnabled(isIdle);
     m_cancel->setEnabled(isIdle);
     m_primary->setText(primaryText());
     m_primary->updateGeometry();
-    m_primary->setEnabled(isIdle && !m_store.operations.busy() && !m_store.screenAccess.screenAccessReason());
+    m_primary->setEnabled(isIdle && !m_parts.operations.busy() && !m_parts.screenAccess.screenAccessReason());
 }
 
 void CaptureSheet::showMessages()
 {
-    m_hopelessRow->setVisible(m_store.screenAccess.screenAccessReason().has_value());
-    m_hopeless->setText(m_store.screenAccess.screenAccessReason().value_or(QString()));
+    m_hopelessRow->setVisible(m_parts.screenAccess.screenAccessReason().has_value());
+    m_hopeless->setText(m_parts.screenAccess.screenAccessReason().value_or(QString()));
     const bool isNews =
-        m_store.messages.captureIssue() && m_store.messages.captureIssue() != m_store.screenAccess.screenAccessReason();
+        m_parts.messages.captureIssue() && m_parts.messages.captureIssue() != m_parts.screenAccess.screenAccessReason();
     m_issue->setVisible(isNews);
-    m_issue->setText(isNews ? tr("Capture status: %1").arg(*m_store.messages.captureIssue()) : QString());
-    m_issue->parentWidget()->setVisible(isNews || m_store.screenAccess.screenAccessReason());
+    m_issue->setText(isNews ? tr("Capture status: %1").arg(*m_parts.messages.captureIssue()) : QString());
+    m_issue->parentWidget()->setVisible(isNews || m_parts.screenAccess.screenAccessReason());
     QAccessibleEvent said(m_issue, QAccessible::Alert);
     if (isNews)
         QAccessible::updateAccessibility(&said);
@@ -213,12 +213,12 @@ void CaptureSheet::keyPressEvent(QKeyEvent *event)
 void CaptureSheet::carryOut()
 {
     if (!needsSetup()) {
-        m_store.form.captureMoment(m_store.drafts.draftTitle(), m_store.drafts.draftNext(),
-                                   m_store.drafts.pendingRecording() ? CaptureKind::Session : CaptureKind::Checkpoint);
-    } else if (m_store.screenAccess.permissionRequestSent()) {
-        m_store.screenAccess.openScreenSettings();
+        m_parts.form.captureMoment(m_parts.drafts.draftTitle(), m_parts.drafts.draftNext(),
+                                   m_parts.drafts.pendingRecording() ? CaptureKind::Session : CaptureKind::Checkpoint);
+    } else if (m_parts.screenAccess.permissionRequestSent()) {
+        m_parts.screenAccess.openScreenSettings();
     } else {
-        m_store.screenAccess.requestScreenAccess();
+        m_parts.screenAccess.requestScreenAccess();
     }
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
 #include "ui/controls/Sheet.h"
+#include "ui/projects/CaptureParts.h"
 
 class QLabel;
 
@@ -15,7 +15,7 @@ class TextField;
 // Saves a checkpoint or starts a work session. What is typed belongs to the store, which keeps it when the sheet goes.
 class CaptureSheet final : public Sheet {
 public:
-    explicit CaptureSheet(AppStore &store);
+    explicit CaptureSheet(const CaptureParts &parts);
 
 protected:
     // What is being saved is not left alone.
@@ -38,7 +38,7 @@ private:
     bool needsSetup() const;
     void carryOut();
 
-    AppStore &m_store;
+    CaptureParts m_parts;
     Observations m_observations; // Before the fields, which it is about.
     QLabel *m_heading;
     QLabel *m_lead;

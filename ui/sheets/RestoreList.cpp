@@ -156,8 +156,8 @@ void RestoreDelegate::paintMarks(QPainter *painter, const QRectF &area, const QM
         m_icons.draw(*painter, mark, row.appID, "app.dashed");
 }
 
-RestoreList::RestoreList(AppStore &store, RestoreListModel &model)
-    : PlainList(tr("Apps and tabs of the checkpoint")), m_model(model), m_icons(store)
+RestoreList::RestoreList(Applications &applications, RestoreListModel &model)
+    : PlainList(tr("Apps and tabs of the checkpoint")), m_model(model), m_icons(applications)
 {
     setModel(&model);
     setItemDelegate(new RestoreDelegate(m_icons, this));

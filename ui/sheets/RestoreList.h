@@ -27,7 +27,7 @@ private:
 // The rows of the restore sheet. A click or the space bar ticks; Return is left to the sheet.
 class RestoreList final : public PlainList {
 public:
-    RestoreList(AppStore &store, RestoreListModel &model);
+    RestoreList(Applications &applications, RestoreListModel &model);
 
     // What the rows have to share.
     static constexpr int contentWidth = 584;

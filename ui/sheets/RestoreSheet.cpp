@@ -20,12 +20,15 @@ void showChip(Chip *chip, int count, const QString &text, const QString &symbol,
 
 } // namespace
 
-RestoreSheet::RestoreSheet(AppStore &store, const Checkpoint &checkpoint)
+RestoreSheet::RestoreSheet(ResumeFlow &resuming, Applications &applications, OpenSheets &sheets,
+                           const Operations &operations, const Checkpoint &checkpoint)
     : Sheet(tr("Ready to resume."), RestoreList::contentWidth + 56),
-      m_store(store),
+      m_resuming(resuming),
+      m_sheets(sheets),
+      m_operations(operations),
       m_checkpoint(checkpoint),
       m_model(checkpoint),
-      m_list(new RestoreList(store, m_model)),
+      m_list(new RestoreList(applications, m_model)),
       m_restoreLayout(new Switch({}))
 {
     column()->setSpacing(10);
@@ -45,7 +48,7 @@ RestoreSheet::RestoreSheet(AppStore &store, const Checkpoint &checkpoint)
     m_list->setVisible(m_model.rowCount() > 0);
     m_model.setOnChoose([this] { showChoice(); });
     setFirstFocus(m_model.rowCount() > 0 ? static_cast<QWidget *>(m_list) : this);
-    setOnCancel([this] { m_store.sheets.close(&OpenSheets::showRestore); });
+    setOnCancel([this] { m_sheets.close(&OpenSheets::showRestore); });
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
         if (state != Qt::ApplicationActive)
             return;
@@ -53,10 +56,10 @@ RestoreSheet::RestoreSheet(AppStore &store, const Checkpoint &checkpoint)
         refreshPlan(); // Pages may have been opened meanwhile.
     });
     readAccess();
-    m_observations.watch([this] { showUnplaced(); }, store.resuming.unplacedWindows, store.operations.busy);
+    m_observations.watch([this] { showUnplaced(); }, resuming.unplacedWindows, operations.busy);
     // A resume that was begun elsewhere has opened pages, too.
-    m_observations.watch([this] { refreshPlan(); }, store.applications.runningApplicationIDs, store.operations.busy);
-    m_observations.watch([this] { showChoice(); }, store.operations.busy);
+    m_observations.watch([this] { refreshPlan(); }, applications.runningApplicationIDs, operations.busy);
+    m_observations.watch([this] { showChoice(); }, operations.busy);
 }
 
 QWidget *RestoreSheet::makeHead()
@@ -91,7 +94,7 @@ QWidget *RestoreSheet::makeRemaining()
     m_remainingText = makeParagraph({}, TextStyle::Small, Role::Dim);
     m_place = new Button(tr("Place remaining windows"));
     connect(m_place, &QAbstractButton::clicked, this,
-            [this] { m_store.resuming.placeRemainingWindows(m_checkpoint.windows.value_or(QList<SavedWindow>())); });
+            [this] { m_resuming.placeRemainingWindows(m_checkpoint.windows.value_or(QList<SavedWindow>())); });
     row->addWidget(m_remainingText, 1);
     row->addWidget(m_place);
     return m_remaining;
@@ -134,7 +137,7 @@ QWidget *RestoreSheet::makeAccess()
     auto *allow = new Button(tr("Allow window positioning…"));
     auto *check = new Button(tr("Check access"));
     connect(allow, &QAbstractButton::clicked, this, [this] {
-        m_store.resuming.askWindowPositioning();
+        m_resuming.askWindowPositioning();
         readAccess();
     });
     connect(check, &QAbstractButton::clicked, this, [this] { readAccess(); });
@@ -148,7 +151,7 @@ QWidget *RestoreSheet::makeAccess()
 // Without asking the user.
 void RestoreSheet::readAccess()
 {
-    const Capability access = m_store.resuming.windowPositioning();
+    const Capability access = m_resuming.windowPositioning();
     const bool canBeAllowed = access.state == Capability::State::NeedsConsent;
     m_access->setVisible(!access.isAvailable());
     m_accessButtons->setVisible(canBeAllowed);
@@ -161,7 +164,7 @@ QCoro::Task<void> RestoreSheet::refreshPlan()
 {
     const int question = ++m_plansAsked;
     const QPointer<RestoreSheet> self(this);
-    const RestorePlan plan = co_await m_store.resuming.restorePlan(m_checkpoint);
+    const RestorePlan plan = co_await m_resuming.restorePlan(m_checkpoint);
     if (!self || question != m_plansAsked)
         co_return;
     m_model.setPlan(plan);
@@ -199,25 +202,25 @@ void RestoreSheet::showChoice()
     m_primary->setText(primaryActionTitle());
     m_primary->updateGeometry();
     const bool hasChoice = m_model.selectedCount() > 0 || m_restoreLayout->isChecked();
-    m_primary->setEnabled(m_model.plan() && hasChoice && !m_store.operations.busy() && !m_checkpoint.isSample);
+    m_primary->setEnabled(m_model.plan() && hasChoice && !m_operations.busy() && !m_checkpoint.isSample);
     m_primary->setToolTip(m_checkpoint.isSample ? tr("A sample opens nothing.") : QString());
 }
 
 void RestoreSheet::showUnplaced()
 {
-    m_model.setUnplaced(m_store.resuming.unplacedWindows());
+    m_model.setUnplaced(m_resuming.unplacedWindows());
     m_list->setVisible(m_model.rowCount() > 0);
     m_remaining->setVisible(m_model.unplacedCount() > 0);
     m_remainingText->setText(
         tr("%n windows were not placed by the last resume.", "", static_cast<int>(m_model.unplacedCount())));
-    m_place->setEnabled(!m_store.operations.busy());
+    m_place->setEnabled(!m_operations.busy());
 }
 
 void RestoreSheet::resume()
 {
     const ResumeChoice ticked{m_model.apps(), m_model.tabs()};
     const auto choose = [ticked](const RestorePlan &) { return ticked; };
-    m_store.resuming.restore(m_checkpoint, choose, m_restoreLayout->isChecked());
+    m_resuming.restore(m_checkpoint, choose, m_restoreLayout->isChecked());
     close();
 }
 

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/Applications.h"
+#include "store/OpenSheets.h"
+#include "store/Operations.h"
+#include "store/ResumeFlow.h"
 #include "ui/controls/Sheet.h"
 #include "ui/sheets/RestoreListModel.h"
 
@@ -16,7 +19,8 @@ class Switch;
 // Shows what resuming a checkpoint would do and lets the user choose. It follows applications that start and end.
 class RestoreSheet final : public Sheet {
 public:
-    RestoreSheet(AppStore &store, const Checkpoint &checkpoint);
+    RestoreSheet(ResumeFlow &resuming, Applications &applications, OpenSheets &sheets, const Operations &operations,
+                 const Checkpoint &checkpoint);
 
 private:
     QWidget *makeHead();
@@ -32,7 +36,9 @@ private:
     QString primaryActionTitle() const;
     void resume();
 
-    AppStore &m_store;
+    ResumeFlow &m_resuming;
+    OpenSheets &m_sheets;
+    const Operations &m_operations;
     Checkpoint m_checkpoint;
     RestoreListModel m_model;
     RestoreList *m_list;

@@ -17,8 +17,11 @@ QString buildText()
 
 } // namespace
 
-ScreenAccessSetup::ScreenAccessSetup(AppStore &store)
-    : m_store(store),
+ScreenAccessSetup::ScreenAccessSetup(ScreenAccessFlow &screenAccess, const Operations &operations,
+                                     const SessionRecorder &recorder)
+    : m_screenAccess(screenAccess),
+      m_operations(operations),
+      m_recorder(recorder),
       m_allow(new Button(tr("Allow screen access…"))),
       m_check(new Button(tr("Check again"))),
       m_restart(new Button(tr("Restart app")))
@@ -30,12 +33,11 @@ ScreenAccessSetup::ScreenAccessSetup(AppStore &store)
                                                TextStyle::Body, Role::AmberText)));
     column->addWidget(makeSteps());
     column->addWidget(makeScreenAccessExplanation());
-    connect(m_allow, &QAbstractButton::clicked, this, [this] { m_store.screenAccess.requestScreenAccess(); });
-    connect(m_check, &QAbstractButton::clicked, this, [this] { m_store.screenAccess.verifyAccessNow(); });
-    connect(m_restart, &QAbstractButton::clicked, this, [this] { m_store.screenAccess.restartForPermission(); });
-    m_observations.watch([this] { showProgress(); }, store.screenAccess.requestingAccess,
-                         store.screenAccess.permissionRequestSent, store.screenAccess.restartingApp,
-                         store.operations.busy, store.recorder.recording);
+    connect(m_allow, &QAbstractButton::clicked, this, [this] { m_screenAccess.requestScreenAccess(); });
+    connect(m_check, &QAbstractButton::clicked, this, [this] { m_screenAccess.verifyAccessNow(); });
+    connect(m_restart, &QAbstractButton::clicked, this, [this] { m_screenAccess.restartForPermission(); });
+    m_observations.watch([this] { showProgress(); }, screenAccess.requestingAccess, screenAccess.permissionRequestSent,
+                         screenAccess.restartingApp, operations.busy, recorder.recording);
 }
 
 QWidget *ScreenAccessSetup::makeSteps()
@@ -60,7 +62,7 @@ QWidget *ScreenAccessSetup::makeButtons()
     auto *column = makeColumn(8, buttons);
     auto *row = makeRow(8);
     auto *settings = new Button(tr("Open Settings"));
-    connect(settings, &QAbstractButton::clicked, this, [this] { m_store.screenAccess.openScreenSettings(); });
+    connect(settings, &QAbstractButton::clicked, this, [this] { m_screenAccess.openScreenSettings(); });
     row->addWidget(m_allow);
     row->addWidget(settings);
     row->addStretch();
@@ -80,10 +82,10 @@ QWidget *ScreenAccessSetup::makeRestart()
 
 void ScreenAccessSetup::showProgress()
 {
-    const bool isUnderWay = m_store.screenAccess.requestingAccess() || m_store.screenAccess.restartingApp();
-    m_allow->setEnabled(!isUnderWay && !m_store.screenAccess.permissionRequestSent());
+    const bool isUnderWay = m_screenAccess.requestingAccess() || m_screenAccess.restartingApp();
+    m_allow->setEnabled(!isUnderWay && !m_screenAccess.permissionRequestSent());
     m_check->setEnabled(!isUnderWay);
-    m_restart->setEnabled(!isUnderWay && !m_store.operations.busy() && !m_store.recorder.recording());
+    m_restart->setEnabled(!isUnderWay && !m_operations.busy() && !m_recorder.recording());
 }
 
 QWidget *makeScreenAccessExplanation()

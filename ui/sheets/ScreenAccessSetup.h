@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/Operations.h"
+#include "store/ScreenAccessFlow.h"
+#include "store/SessionRecorder.h"
 
 #include <QWidget>
 
@@ -12,7 +14,7 @@ class Button;
 // What the user can do about pictures of the screen that are not allowed yet, with the reason for it below.
 class ScreenAccessSetup final : public QWidget {
 public:
-    explicit ScreenAccessSetup(AppStore &store);
+    ScreenAccessSetup(ScreenAccessFlow &screenAccess, const Operations &operations, const SessionRecorder &recorder);
 
 private:
     QWidget *makeSteps();
@@ -20,7 +22,9 @@ private:
     QWidget *makeRestart();
     void showProgress();
 
-    AppStore &m_store;
+    ScreenAccessFlow &m_screenAccess;
+    const Operations &m_operations;
+    const SessionRecorder &m_recorder;
     Button *m_allow;
     Button *m_check;
     Button *m_restart;

@@ -2,18 +2,24 @@
 #include "ui/sheets/SheetScreens.h"
 
 #include "store/AppStore.h"
+#include "ui/ViewParts.h"
 #include "ui/items/WorkspaceItemsView.h"
 #include "ui/sheets/CaptureSheet.h"
 #include "ui/sheets/RestoreSheet.h"
 
 namespace ardeno {
 
-void addSheetScreens(Screens &screens)
+void addSheetScreens(Screens &screens, AppStore &store)
 {
-    screens.capture = [](AppStore &store) { return new CaptureSheet(store); };
-    screens.restore = [](AppStore &store) { return new RestoreSheet(store, *store.navigation.selected()); };
-    screens.workspaceItems = [](AppStore &store, const QUuid &id) { return new WorkspaceItemsView(store, id); };
-    screens.stopRecording = [](AppStore &store) { store.sessions.stop(); };
+    screens.capture = [parts = ViewParts::ofCapture(store)] { return new CaptureSheet(parts); };
+    screens.restore = [&store] {
+        return new RestoreSheet(store.resuming, store.applications, store.sheets, store.operations,
+                                *store.navigation.selected());
+    };
+    screens.workspaceItems = [parts = ViewParts::ofItems(store)](const QUuid &id) {
+        return new WorkspaceItemsView(parts, id);
+    };
+    screens.stopRecording = [&store] { store.sessions.stop(); };
 }
 
 } // namespace ardeno

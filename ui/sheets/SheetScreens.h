@@ -5,7 +5,9 @@
 
 namespace ardeno {
 
+class AppStore;
+
 // Adds the screens for saving, recording, resuming and what a checkpoint holds.
-void addSheetScreens(Screens &screens);
+void addSheetScreens(Screens &screens, AppStore &store);
 
 } // namespace ardeno

@@ -45,12 +45,12 @@ ScreenshotViewer::ScreenshotViewer(const QString &path)
     showState();
 }
 
-void ScreenshotViewer::closeWithout(const AppStore &store)
+void ScreenshotViewer::closeWithout(const Library &library, const CheckpointMedia &media)
 {
-    const auto isNamed = [this, &store] {
-        const QList<Checkpoint> &all = store.library.checkpoints();
+    const auto isNamed = [this, &library, &media] {
+        const QList<Checkpoint> &all = library.checkpoints();
         return std::any_of(all.begin(), all.end(), [&](const Checkpoint &checkpoint) {
-            return checkpoint.screenshot && store.media.screenshotFile(checkpoint).value_or(QString()) == m_path;
+            return checkpoint.screenshot && media.screenshotFile(checkpoint).value_or(QString()) == m_path;
         });
     };
     const auto look = [this, isNamed] {
@@ -58,7 +58,7 @@ void ScreenshotViewer::closeWithout(const AppStore &store)
             close();
     };
     m_observations = std::make_unique<Observations>();
-    m_observations->watch(look, store.library.checkpoints);
+    m_observations->watch(look, library.checkpoints);
 }
 
 QWidget *ScreenshotViewer::makeToolbar()

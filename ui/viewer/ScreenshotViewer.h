@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/AppStore.h"
+#include "store/CheckpointMedia.h"
 #include "ui/viewer/ScreenshotCanvas.h"
 
 #include <QCoreApplication>
@@ -27,7 +27,7 @@ public:
     ScreenshotCanvas &canvas() { return *m_canvas; }
 
     // Closes as soon as no checkpoint has this picture any more.
-    void closeWithout(const AppStore &store);
+    void closeWithout(const Library &library, const CheckpointMedia &media);
 
 private:
     QWidget *makeToolbar();

@@ -2,7 +2,6 @@
 #include "services/network/UpdateFetch.h"
 #include "tests/services/network/ManifestServer.h"
 #include "tests/ui/WindowFixture.h"
-#include "ui/settings/SettingsScreens.h"
 
 #include <QTest>
 
@@ -15,7 +14,7 @@ struct UpdateJourney : WindowFixture {
 
     UpdateJourney()
     {
-        addSettingsScreens(&screens);
+        hasSettings = true;
         UpdateFetchOptions options;
         options.manifest = server.url("/ardeno-update.json");
         options.furtherAuthorities = server.certificate();

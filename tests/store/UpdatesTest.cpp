@@ -96,19 +96,3 @@ TEST_CASE_FIXTURE(StoreFixture, "a build without the check never checks")
     finish(store().updates.checkForUpdates(Force::Yes));
     CHECK_FALSE(preferences().contains("lastUpdateCheck"));
 }
-
-TEST_CASE_FIXTURE(StoreFixture, "applications to be excluded are offered with a name, without this program")
-{
-    memory.installed = {{"org.z", " Zed\n", {}},
-                        {"org.ardeno.Ardeno", "Ardeno", {}},
-                        {"", "Nobody", {}},
-                        {"org.nameless", "", {}},
-                        {"org.a", "alpha", {}}};
-    QStringList names;
-    for (const InstalledApplication &app : store().applications.installedApps())
-        names << app.name;
-    CHECK(names == QStringList{"alpha", "org.nameless", "Zed"});
-    memory.addApplication("org.other", "Other", {0, 0, 500, 500});
-    store().rules.excludeApp({"org.editor", "Editor"});
-    CHECK(store().applications.runningApps() == QList<SavedApp>{{"org.other", "Other"}});
-}
