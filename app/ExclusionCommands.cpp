@@ -108,7 +108,9 @@ QCoro::Task<ExitStatus> runExclude(CommandContext &context, const QCommandLinePa
     if (!kind)
         co_return ExitStatus::WrongUsage;
     const QString text = parsed.positionalArguments().last();
-    co_return co_await (*kind == RuleKind::App ? excludeApp(context, text.trimmed()) : excludeDomain(context, text));
+    if (*kind == RuleKind::App)
+        co_return co_await excludeApp(context, text.trimmed());
+    co_return co_await excludeDomain(context, text);
 }
 
 QCoro::Task<ExitStatus> runAllow(CommandContext &context, const QCommandLineParser &parsed)

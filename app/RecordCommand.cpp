@@ -76,10 +76,12 @@ QCoro::Task<ExitStatus> runRecord(CommandContext &context, const QCommandLinePar
         context.out.printError(u"Name the project: ardeno record start --project NAME."_qs);
         co_return ExitStatus::WrongUsage;
     }
-    if (context.host)
-        co_return co_await (isStart ? start(context, parsed) : stop(context));
+    if (isStart && context.host)
+        co_return co_await start(context, parsed);
     if (isStart)
         co_return co_await startInNewApplication(context, parsed);
+    if (context.host)
+        co_return co_await stop(context);
     context.out.printError(u"No work session is being recorded."_qs);
     co_return ExitStatus::Failed;
 }
