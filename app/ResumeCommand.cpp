@@ -119,7 +119,7 @@ OutcomeResult describe(const RestoreReport &report)
         .openedApps = report.outcome.openedApps,
         .openedTabs = report.outcome.openedTabs,
         .alreadyActive = report.outcome.alreadyActive,
-        .unavailable = report.outcome.unavailable,
+        .unavailable = report.outcome.unavailable.size(),
         .windowsRestored = layout.restoredCount,
         .windowsSkipped = layout.skipped,
         .folders = report.folders,

@@ -41,7 +41,8 @@ struct UnsavedNote {
 // What a resume wanted to open and could not.
 struct ResumeShortfall {
     QUuid checkpointID = {};
-    QStringList failures = {}; // Each names the application, page or document.
+    QStringList unavailable = {}; // Names of applications that are not installed and of pages without an address.
+    QStringList failures = {};    // Each names the application, page or document.
 
     bool operator==(const ResumeShortfall &) const = default;
 };
@@ -101,6 +102,8 @@ struct AppState : Messages {
 
     // Workspace editing.
     Published<QList<UnsavedNote>> unsavedNotes; // They are written as soon as that is possible.
+    Editable<QString> keptDetails;              // Of forms that were open when the program was ended; empty: of none.
+    Editable<QString> keptReport;
     Published<std::optional<WorkspaceRemoval>> lastRemoval;
     Published<CaptureExclusions> exclusions;
     Published<std::optional<QString>> exclusionsIssue; // Why they could not be read; nothing is captured then.

@@ -72,9 +72,14 @@ TEST_CASE_FIXTURE(ResumeFixture, "a resume opens what is missing, and a second o
     CHECK(memory.opened == QStringList{"app viewer", "window 7 https://a.example/%7euser?q=\"x\" https://a.example/2",
                                        "new com.google.Chrome https://b.example/"});
     CHECK(memory.savedPagesTold == 6); // Those that are open or cannot be opened tell windows apart, too.
-    CHECK(report.outcome == RestoreOutcome{.openedApps = 1, .openedTabs = 3, .alreadyActive = 2, .unavailable = 2});
+    CHECK(report.outcome == RestoreOutcome{.openedApps = 1,
+                                           .openedTabs = 3,
+                                           .alreadyActive = 2,
+                                           .unavailable = {"Gone", "Page file:///etc/passwd"}});
     CHECK(store().notice() == u"Workspace restored · 4 opened · 2 already active · 2 unavailable"_qs);
     CHECK_FALSE(store().error().has_value());
+    REQUIRE(store().resumeShortfall());
+    CHECK(store().resumeShortfall()->unavailable == report.outcome.unavailable);
     CHECK_FALSE(store().busy());
 
     // The browser has not written the new pages down yet.
@@ -229,7 +234,7 @@ TEST_CASE_FIXTURE(ResumeFixture, "two resumes of a library at once open everythi
     CHECK(memory.opened == QStringList{"app viewer", "page com.google.Chrome https://a.example/"});
     REQUIRE(plans.size() == 1);
     CHECK_MESSAGE(plans[0].appsToOpen.isEmpty(), "the plan is made when the other one is over");
-    CHECK(second.outcome == RestoreOutcome{.alreadyActive = 3, .unavailable = 1});
+    CHECK(second.outcome == RestoreOutcome{.alreadyActive = 3, .unavailable = {"Gone"}});
 }
 
 TEST_CASE_FIXTURE(ResumeFixture, "an application that somebody else starts meanwhile is not started again")

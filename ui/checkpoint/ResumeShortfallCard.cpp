@@ -29,6 +29,8 @@ QStringList ResumeShortfallCard::missing(const AppStore &store, const QUuid &che
     if (store.resumeShortfall() && store.resumeShortfall()->checkpointID == checkpointID) {
         for (const QString &failure : store.resumeShortfall()->failures)
             lines += tr("Could not open: %1").arg(failure);
+        for (const QString &name : store.resumeShortfall()->unavailable)
+            lines += tr("Not available: %1").arg(ItemText::line(name));
     }
     const Checkpoint *const checkpoint = store.checkpoint(checkpointID);
     const QList<SavedWindow> own = checkpoint && checkpoint->windows ? *checkpoint->windows : QList<SavedWindow>();
