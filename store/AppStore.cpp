@@ -101,6 +101,8 @@ void AppStore::readPreferences()
     mirror(draftTitle, keys::captureDraftTitle);
     mirror(draftNext, keys::captureDraftNext);
     mirror(launchOverview, keys::launchOverview);
+    mirror(keptDetails, keys::keptDetails);
+    mirror(keptReport, keys::keptReport);
     mirrorDraftProject();
     m_lastUpdateCheck = m_preferences.value(keys::lastUpdateCheck);
     pendingRecording.set(m_preferences.value(keys::captureDraftRecording).value_or(false));

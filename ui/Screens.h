@@ -11,6 +11,7 @@ namespace ardeno {
 
 class AppStore;
 class Sheet;
+class SheetHost;
 
 // The screens that the main window opens and does not build itself. One that is absent has no button anywhere.
 struct Screens {
@@ -21,6 +22,8 @@ struct Screens {
     MakeSheet preferences = {}; // For showSettings.
     MakeSheet exclusions = {};  // For showExclusions, over the others.
     std::function<Sheet *(AppStore &, const Checkpoint &)> edit = {};
+    // Shows again the forms that were open when the program was ended.
+    std::function<void(AppStore &, SheetHost &)> reopenKept = {};
     // What a checkpoint holds of the workspace, at the end of its detail.
     std::function<QWidget *(AppStore &, const QUuid &)> workspaceItems = {};
     // The viewer goes with the picture.

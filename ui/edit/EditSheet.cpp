@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/edit/EditSheet.h"
 
+#include "model/Json.h"
 #include "store/AppStore.h"
 #include "ui/controls/Choice.h"
 #include "ui/controls/Fields.h"
@@ -11,10 +12,47 @@
 
 namespace ardeno {
 
+namespace {
+
+// What was typed and chosen; what was not touched is absent.
+struct KeptDetails {
+    QUuid checkpointID = {};
+    std::optional<QUuid> projectID = {};
+    std::optional<QString> title = {};
+    std::optional<QString> objective = {};
+    std::optional<QString> nextStep = {};
+
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            Field{"checkpointID", &KeptDetails::checkpointID},
+            Field{"projectID", &KeptDetails::projectID},
+            Field{"title", &KeptDetails::title},
+            Field{"objective", &KeptDetails::objective},
+            Field{"nextStep", &KeptDetails::nextStep},
+        };
+    }
+
+    static std::optional<KeptDetails> of(const AppStore &store)
+    {
+        try {
+            if (!store.keptDetails().isEmpty())
+                return json::decode<KeptDetails>(store.keptDetails().toUtf8());
+        } catch (const Failure &) {
+            // Nobody can say whose it was.
+        }
+        return std::nullopt;
+    }
+};
+
+} // namespace
+
 EditSheet::EditSheet(AppStore &store, const Checkpoint &checkpoint)
     : Sheet(tr("Checkpoint details"), 560),
       m_store(store),
       m_id(checkpoint.id),
+      m_projectBefore(checkpoint.projectID.value_or(QUuid())),
+      m_keptNote(new QWidget),
       m_project(makeProjects(checkpoint)),
       m_title(new TextField(tr("Checkpoint title"))),
       m_objective(new TextArea(tr("Where you left off"), 6)),
@@ -25,12 +63,13 @@ EditSheet::EditSheet(AppStore &store, const Checkpoint &checkpoint)
     head->addWidget(makeParagraph(tr("Your notes are saved as written and shape the local return briefing."),
                                   TextStyle::Body, Role::Dim));
     column()->addLayout(head);
-    auto *form = new ScrollColumn(14);
-    form->column()->addLayout(makeLabelled(tr("Project"), m_project));
-    form->column()->addLayout(makeLabelled(tr("Checkpoint title"), m_title));
-    form->column()->addLayout(makeLabelled(tr("Where you left off"), m_objective));
-    form->column()->addLayout(makeLabelled(tr("Your next small step"), m_nextStep));
-    column()->addWidget(form, 1);
+    makeMarked("exclamationmark.circle", Role::AmberText,
+               makeParagraph(tr("Ardeno was ended before this was saved. Save it now, or cancel to discard it."),
+                             TextStyle::Body, Role::AmberText),
+               m_keptNote);
+    m_keptNote->hide();
+    column()->addWidget(m_keptNote);
+    column()->addWidget(makeForm(), 1);
     m_title->setText(checkpoint.title);
     m_title->setModified(false);
     m_objective->setText(checkpoint.objective);
@@ -38,10 +77,70 @@ EditSheet::EditSheet(AppStore &store, const Checkpoint &checkpoint)
     addButton(tr("Cancel"), Button::Kind::Bordered, [this] { close(); });
     addButton(tr("Save context"), Button::Kind::Prominent, [this] { save(); });
     setFirstFocus(m_title);
-    setHoldsInput([this, project = m_project->current()] {
+    setHoldsInput([this] {
         return m_title->isModified() || m_objective->isModified() || m_nextStep->isModified() ||
-               m_project->current() != project;
+               m_project->current() != m_projectBefore;
     });
+    setOnKeep([this] { keep(); });
+    fillKept();
+}
+
+QWidget *EditSheet::makeForm()
+{
+    auto *form = new ScrollColumn(14);
+    form->column()->addLayout(makeLabelled(tr("Project"), m_project));
+    form->column()->addLayout(makeLabelled(tr("Checkpoint title"), m_title));
+    form->column()->addLayout(makeLabelled(tr("Where you left off"), m_objective));
+    form->column()->addLayout(makeLabelled(tr("Your next small step"), m_nextStep));
+    return form;
+}
+
+void EditSheet::keep() const
+{
+    KeptDetails kept{.checkpointID = m_id};
+    if (m_project->current() != m_projectBefore)
+        kept.projectID = m_project->current().toUuid();
+    if (m_title->isModified())
+        kept.title = m_title->text();
+    if (m_objective->isModified())
+        kept.objective = m_objective->text();
+    if (m_nextStep->isModified())
+        kept.nextStep = m_nextStep->text();
+    m_store.keptDetails.set(QString::fromUtf8(json::encode(kept)));
+}
+
+void EditSheet::fillKept()
+{
+    const std::optional<KeptDetails> kept = KeptDetails::of(m_store);
+    if (!kept || kept->checkpointID != m_id)
+        return;
+    m_keptNote->show();
+    if (kept->projectID && m_store.project(*kept->projectID))
+        m_project->setCurrent(*kept->projectID);
+    if (kept->title) {
+        m_title->selectAll();
+        m_title->insert(*kept->title);
+        m_title->setModified(true);
+    }
+    if (kept->objective)
+        m_objective->retype(*kept->objective);
+    if (kept->nextStep)
+        m_nextStep->retype(*kept->nextStep);
+    setOnCancel([this] { m_store.keptDetails.set({}); }); // It has been saved or discarded.
+}
+
+void EditSheet::reopenKept(AppStore &store, SheetHost &host)
+{
+    const std::optional<KeptDetails> kept = KeptDetails::of(store);
+    if (!kept)
+        return;
+    const Checkpoint *const stored = store.checkpoint(kept->checkpointID);
+    if (stored) {
+        store.selectProject(stored->projectID.value_or(QUuid()));
+        store.selectCheckpoint(kept->checkpointID);
+    }
+    // Of one that was deleted meanwhile the text is shown, too, to be copied.
+    host.present(new EditSheet(store, stored ? *stored : Checkpoint{.id = kept->checkpointID}));
 }
 
 Choice *EditSheet::makeProjects(const Checkpoint &checkpoint)

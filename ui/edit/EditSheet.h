@@ -5,6 +5,7 @@
 #include "ui/controls/Sheet.h"
 
 #include <QCoreApplication>
+#include <QVariant>
 
 namespace ardeno {
 
@@ -20,12 +21,20 @@ class EditSheet final : public Sheet {
 public:
     EditSheet(AppStore &store, const Checkpoint &checkpoint);
 
+    // The form that was open when the program was ended, with what stood in it.
+    static void reopenKept(AppStore &store, SheetHost &host);
+
 private:
     Choice *makeProjects(const Checkpoint &checkpoint);
+    QWidget *makeForm();
     void save();
+    void keep() const;
+    void fillKept();
 
     AppStore &m_store;
     QUuid m_id;
+    QVariant m_projectBefore;
+    QWidget *m_keptNote;
     Choice *m_project;
     TextField *m_title;
     TextArea *m_objective;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/settings/BugReportView.h"
 
+#include "model/Json.h"
 #include "store/AppStore.h"
 #include "ui/controls/Alert.h"
 #include "ui/controls/Fields.h"
@@ -11,6 +12,21 @@
 #include "ui/settings/Links.h"
 
 namespace ardeno {
+
+namespace {
+
+struct KeptReport final : BugReportDraft {
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            Field{"title", &KeptReport::title},
+            Field{"details", &KeptReport::details},
+            Field{"steps", &KeptReport::steps},
+        };
+    }
+};
+
+} // namespace
 
 BugReportView::BugReportView(AppStore &store)
     : Sheet(tr("Report a bug"), 540),
@@ -35,7 +51,29 @@ BugReportView::BugReportView(AppStore &store)
     connect(m_title, &QLineEdit::textChanged, this, [this] { showDraft(); });
     setFirstFocus(m_title);
     setHoldsInput([this] { return !(m_title->text() + m_details->text() + m_steps->text()).trimmed().isEmpty(); });
+    setOnKeep([this] { m_store.keptReport.set(QString::fromUtf8(json::encode(KeptReport{draft()}))); });
+    if (!store.keptReport().isEmpty())
+        fillKept();
     showDraft();
+}
+
+void BugReportView::fillKept()
+{
+    try {
+        const auto kept = json::decode<KeptReport>(m_store.keptReport().toUtf8());
+        m_title->setText(kept.title);
+        m_details->setText(kept.details);
+        m_steps->setText(kept.steps);
+    } catch (const Failure &) {
+        // Nobody can say what it was.
+    }
+    setOnCancel([this] { m_store.keptReport.set({}); }); // It has been sent or discarded.
+}
+
+void BugReportView::reopenKept(AppStore &store, SheetHost &host)
+{
+    if (!store.keptReport().isEmpty())
+        host.present(new BugReportView(store));
 }
 
 TextArea *BugReportView::addArea(QVBoxLayout *column, const QString &label, int lines)

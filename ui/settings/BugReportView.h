@@ -19,10 +19,14 @@ class BugReportView final : public Sheet {
 public:
     explicit BugReportView(AppStore &store);
 
+    // The form that was open when the program was ended, with what stood in it.
+    static void reopenKept(AppStore &store, SheetHost &host);
+
 private:
     TextArea *addArea(QVBoxLayout *column, const QString &label, int lines);
     QWidget *makePrivacyNote();
     BugReportDraft draft() const;
+    void fillKept();
     void showDraft();
     void copy();
     void openMail();
