@@ -417,7 +417,9 @@ private:
     QList<OwnedCheckpoint> m_unsavedSessions;
     QStringList m_shownCopies;
     QTimer m_noteRetry;
-    int m_running = 0; // Operations that take time.
+    int m_running = 0;                  // Operations that take time.
+    int m_imports = 0;                  // Pictures that were chosen so far.
+    QHash<QUuid, int> m_adoptedImports; // By checkpoint, which of them it has.
     std::vector<QPropertyNotifier> m_mirrors;
 };
 

@@ -190,6 +190,8 @@ void AppStore::readAgain(Outcome *outcome)
         setSelection(selectedProjectID() ? ProjectOrder::newest(checkpoints(), *selectedProjectID()) : std::nullopt);
     if (lastRemoval() && !isUndoable(*lastRemoval()))
         remember(std::nullopt);
+    if (lastArchiving() && !project(lastArchiving()->projectID))
+        lastArchiving.set(std::nullopt);
     outcome->remarks +=
         Remark{.sentence = wasRead ? tr("Your library was replaced by another program, so it has been read again.")
                                    : tr("Your saved checkpoints could not be read at first. They have been read now."),

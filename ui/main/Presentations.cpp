@@ -56,21 +56,25 @@ void Presentations::showDeletingProject()
     if (!m_store.deletingProject() || m_deleting)
         return;
     const Project project = *m_store.deletingProject();
+    const qsizetype count = m_store.checkpointsFor(project.id).size();
     const AlertText question{
         .title = PresentationTexts::tr("Delete project?"),
         .message = PresentationTexts::tr(
                        "Delete “%1” and all %n checkpoints, including their local screenshots and recordings? This "
                        "cannot be undone.",
-                       "", static_cast<int>(m_store.checkpointsFor(project.id).size()))
+                       "", static_cast<int>(count))
                        .arg(project.name),
         .confirm = PresentationTexts::tr("Delete project"),
         .cancel = PresentationTexts::tr("Cancel"),
         .kind = Button::Kind::Destructive,
     };
-    m_deleting = presentAlert(m_host, question, [this, id = project.id](bool isConfirmed) {
+    m_deleting = presentAlert(m_host, question, [this, project, count](bool isConfirmed) {
+        m_deleting = nullptr;
         m_store.deletingProject.set(std::nullopt);
-        if (isConfirmed)
-            m_store.deleteProject(id);
+        if (isConfirmed && m_store.checkpointsFor(project.id).size() != count)
+            m_store.deletingProject.set(project); // A command has saved another one: it is asked anew.
+        else if (isConfirmed)
+            m_store.deleteProject(project.id);
     });
 }
 

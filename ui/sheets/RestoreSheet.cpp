@@ -53,6 +53,12 @@ RestoreSheet::RestoreSheet(AppStore &store, const Checkpoint &checkpoint)
         refreshPlan(); // Pages may have been opened meanwhile.
     });
     readAccess();
+    m_observations.watch(
+        [this] {
+            if (!m_checkpoint.isSample && !m_store.checkpoint(m_checkpoint.id))
+                m_store.showRestore.set(false); // It was deleted meanwhile.
+        },
+        store.checkpoints);
     m_observations.watch([this] { showUnplaced(); }, store.unplacedWindows, store.busy);
     // A resume that was begun elsewhere has opened pages, too.
     m_observations.watch([this] { refreshPlan(); }, store.runningApplicationIDs, store.busy);
