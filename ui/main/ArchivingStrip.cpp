@@ -31,21 +31,27 @@ ArchivingStrip::ArchivingStrip(AppStore &store, QWidget *parent)
     Button *const close = Button::makeIcon("xmark", ArchivingTexts::tr("Dismiss the message"));
     connect(close, &QAbstractButton::clicked, this, [this] { m_store.dismissArchiving(); });
     row->addWidget(close);
-    m_observations.watch([this] { showArchiving(); }, store.lastArchiving);
+    m_observations.watch([this] { showArchiving(); }, store.lastArchiving, store.projects);
 }
 
 void ArchivingStrip::showArchiving()
 {
     const std::optional<Archiving> &last = m_store.lastArchiving();
     setVisible(last.has_value());
-    if (!last)
+    if (!last) {
+        setAccessibleName({});
         return;
+    }
     const QString sentence = last->before ? ArchivingTexts::tr("“%1” is back among your projects.")
                                           : ArchivingTexts::tr("“%1” is in the archive now.");
-    m_text->setText(sentence.arg(last->projectName));
-    setAccessibleName(m_text->text());
-    QAccessibleEvent said(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&said);
+    const Project *const project = m_store.project(last->projectID);
+    const QString said = sentence.arg(project ? project->name : last->projectName);
+    if (said == accessibleName())
+        return;
+    m_text->setText(said);
+    setAccessibleName(said);
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 void ArchivingStrip::paintEvent(QPaintEvent *)

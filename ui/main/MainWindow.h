@@ -15,6 +15,7 @@ class QMenu;
 namespace ardeno {
 
 class CheckpointDetail;
+class LastUndo;
 class Presentations;
 class ProjectTimeline;
 class Sidebar;
@@ -80,6 +81,7 @@ private:
     QPointer<CheckpointDetail> m_detail;
     std::optional<std::pair<std::optional<QUuid>, std::optional<QUuid>>> m_shown; // Project and checkpoint.
     std::unique_ptr<Actions> m_actions;
+    std::unique_ptr<LastUndo> m_lastUndo;
     std::unique_ptr<Presentations> m_presentations;
     std::unique_ptr<UnsavedNoteQuestion> m_noteQuestion;
     QList<QAction *> m_applicationActions;

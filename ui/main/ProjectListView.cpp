@@ -55,6 +55,10 @@ ProjectListView::ProjectListView(AppStore &store, QWidget *parent)
         showMenu(this, place,
                  [&](QMenu *menu) { ProjectActions::fill(menu, m_store, m_model.rows().at(index.row()).id); });
     });
+    setOnDelete([this](const QModelIndex &index) {
+        if (const Project *const project = m_store.project(m_model.rows().at(index.row()).id))
+            m_store.deletingProject.set(*project);
+    });
     m_observations.watch(
         [this] {
             m_counts =

@@ -15,6 +15,7 @@
 
 #include <QAccessible>
 #include <QKeyEvent>
+#include <QShortcut>
 
 #include <algorithm>
 #include <utility>
@@ -101,6 +102,12 @@ ExclusionsView::ExclusionsView(AppStore &store)
     addApps(controls);
     controls->addSpacing(8);
     addWebsites(controls);
+    auto *const keys = new QShortcut(QKeySequence::Undo, this);
+    keys->setAutoRepeat(false);
+    connect(keys, &QShortcut::activated, this, [this] {
+        if (!m_undo->isHidden())
+            undo();
+    });
     m_startOver = addButton(tr("Start over"), Button::Kind::Bordered, [this] { m_store.startExclusionsOver(); });
     addButton(tr("Done"), Button::Kind::Prominent, [this] { cancel(); });
     setHoldsInput([this] { return !m_domain->text().trimmed().isEmpty(); }); // It is not excluded yet.
