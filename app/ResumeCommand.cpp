@@ -117,7 +117,7 @@ OutcomeResult describe(const RestoreReport &report)
         .openedApps = report.outcome.openedApps,
         .openedTabs = report.outcome.openedTabs,
         .alreadyActive = report.outcome.alreadyActive,
-        .unavailable = report.outcome.unavailable,
+        .unavailable = report.outcome.unavailable.size(),
         .windowsRestored = layout.restoredCount,
         .windowsSkipped = layout.skipped,
         .folders = report.folders,
@@ -251,9 +251,9 @@ QCoro::Task<ExitStatus> resume(CommandContext &context, const QCommandLineParser
     access.release();
     const bool isText = !parsed.isSet("json");
     if (isDry)
-        co_return co_await printPlan(context.out, store.resuming, checkpoint, isText);
+        co_return co_await printPlan(context.out, store.resumes, checkpoint, isText);
     const ResumeOutcome outcome =
-        co_await resume(context.out, store.resuming, checkpoint, !parsed.isSet("no-layout"), isText);
+        co_await resume(context.out, store.resumes, checkpoint, !parsed.isSet("no-layout"), isText);
     co_return access.report(outcome);
 }
 

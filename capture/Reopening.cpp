@@ -191,7 +191,7 @@ QCoro::Task<void> Reopening::openApps(QList<SavedTab> tabs)
         if (!m_request.appIDs.contains(app.id))
             continue;
         if (!m_tools.desktop.launcher->isInstalled(app.id))
-            ++m_result.outcome.unavailable;
+            m_result.outcome.unavailable += app.name;
         else if (waitsForPages(app, tabs))
             m_waiting.append(app);
         else
@@ -275,7 +275,10 @@ QCoro::Task<Reopened> Reopening::run()
 {
     const RestorePlan &plan = m_request.plan;
     m_result.outcome.alreadyActive = plan.activeApps.size() + plan.activeTabs.size();
-    m_result.outcome.unavailable = plan.unavailableApps.size() + plan.unavailableTabs.size();
+    for (const SavedApp &app : plan.unavailableApps)
+        m_result.outcome.unavailable += app.name;
+    for (const SavedTab &tab : plan.unavailableTabs)
+        m_result.outcome.unavailable += pageName(tab);
     QList<SavedTab> tabs = chosenTabs();
     co_await openApps(tabs);
     co_await QCoro::sleepFor(m_request.wait);

@@ -30,9 +30,9 @@ struct RestorePlan {
 struct RestoreOutcome {
     qint64 openedApps = 0;
     qint64 openedTabs = 0;
-    qint64 alreadyActive = 0;  // Applications and tabs.
-    qint64 unavailable = 0;    // Applications and tabs.
-    QStringList failures = {}; // Each names the application or page that failed.
+    qint64 alreadyActive = 0;     // Applications and tabs.
+    QStringList unavailable = {}; // The names of applications that are not installed and of pages without an address.
+    QStringList failures = {};    // Each names the application or page that failed.
 
     bool operator==(const RestoreOutcome &) const = default;
 };

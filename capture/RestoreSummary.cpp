@@ -44,8 +44,8 @@ QString RestoreSummary::text(const RestoreReport &report)
     QStringList parts;
     parts += summaryText("%n opened", outcome.openedApps + outcome.openedTabs);
     parts += summaryText("%n already active", outcome.alreadyActive);
-    if (outcome.unavailable >= 1)
-        parts += summaryText("%n unavailable", outcome.unavailable);
+    if (!outcome.unavailable.isEmpty())
+        parts += summaryText("%n unavailable", outcome.unavailable.size());
     if (report.layout)
         addLayout(parts, *report.layout);
     if (report.folders >= 1)

@@ -71,9 +71,10 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
                 .end = m_sessionEnd,
                 .drafts = drafts,
                 .show = [this](const Checkpoint &saved) { showSession(saved); }}),
-      resuming(operations, desktop, library, rules, std::move(parts.openedPages)),
+      resumes(operations, desktop, library, rules, std::move(parts.openedPages)),
       updates(m_preferences, std::move(parts.fetchUpdate)),
-      shortcut(m_preferences)
+      shortcut(m_preferences),
+      keptForms(m_preferences)
 {
     start(parts);
 }
@@ -107,6 +108,7 @@ void AppStore::libraryReplaced()
 {
     navigation.leaveMissingCheckpoint();
     removals.look();
+    projects.forgetMissing();
 }
 
 void AppStore::forgetProject(const QUuid &id)

@@ -8,6 +8,7 @@
 #include "store/Deletion.h"
 #include "store/FormCapture.h"
 #include "store/KeptCopies.h"
+#include "store/KeptForms.h"
 #include "store/Newsletter.h"
 #include "store/QuickSaveShortcut.h"
 #include "store/ResumeFlow.h"
@@ -81,9 +82,10 @@ private:
 
 public:
     SessionFlow sessions;
-    ResumeFlow resuming;
+    ResumeFlow resumes;
     Updates updates;
     QuickSaveShortcut shortcut;
+    KeptForms keptForms;
 
 private:
     void start(const StoreParts &parts);

@@ -32,6 +32,9 @@ inline constexpr PreferenceKey<bool> applicationsFolderNoticeShown{"applications
 inline constexpr PreferenceKey<bool> closeNoticeShown{"closeNoticeShown"};
 // Notes that could not be written yet: JSON of UnsavedNote, one each.
 inline constexpr PreferenceKey<QStringList> unsavedNotes{"unsavedNotes"};
+// What stood in open forms when the program was ended: JSON of KeptDetails and KeptReport.
+inline constexpr PreferenceKey<QString> keptDetails{"keptDetails"};
+inline constexpr PreferenceKey<QString> keptReport{"keptReport"};
 inline constexpr PreferenceKey<QString> windowPlace{"windowPlace"}; // Base64 of what Qt saves of a window.
 
 } // namespace ardeno::keys

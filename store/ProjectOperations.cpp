@@ -150,4 +150,10 @@ void ProjectOperations::forgetProject(const QUuid &id)
         lastArchiving.set(std::nullopt);
 }
 
+void ProjectOperations::forgetMissing()
+{
+    if (lastArchiving() && !m_library.project(lastArchiving()->projectID))
+        lastArchiving.set(std::nullopt);
+}
+
 } // namespace ardeno

@@ -47,6 +47,8 @@ public:
     // What is done next is most likely done for it.
     void beginWith(const QUuid &projectID);
     void forgetProject(const QUuid &id);
+    // What another library does not have cannot be brought back.
+    void forgetMissing();
 
 private:
     Outcome updateProject(QUuid id, const std::function<void(Project &)> &change);

@@ -90,8 +90,9 @@ QCoro::Task<ResumeOutcome> ResumeFlow::resume(Checkpoint checkpoint, ChooseItems
         keepUnplaced(checkpoint.windows.value_or(QList<SavedWindow>()), *report.layout);
     outcome.isDone = true;
     outcome.notice = RestoreSummary::text(report);
-    if (audience == Audience::Window && !report.outcome.failures.isEmpty())
-        resumeShortfall.set(ResumeShortfall{checkpoint.id, report.outcome.failures});
+    const ResumeShortfall shortfall{checkpoint.id, report.outcome.unavailable, report.outcome.failures};
+    if (audience == Audience::Window && shortfall != ResumeShortfall{checkpoint.id})
+        resumeShortfall.set(shortfall);
     if (!report.outcome.failures.isEmpty())
         outcome.fail(tr("Could not open: ") + report.outcome.failures.join(", "));
     co_return outcome;

@@ -21,7 +21,8 @@ struct UnplacedWindow {
 // What a resume wanted to open and could not.
 struct ResumeShortfall {
     QUuid checkpointID = {};
-    QStringList failures = {}; // Each names the application, page or document.
+    QStringList unavailable = {}; // Names of applications that are not installed and of pages without an address.
+    QStringList failures = {};    // Each names the application, page or document.
 
     bool operator==(const ResumeShortfall &) const = default;
 };

@@ -42,13 +42,19 @@ QCoro::Task<Outcome> ScreenshotEditing::addPicture(QString file, QUuid checkpoin
     Outcome outcome{.checkpointID = checkpointID, .subject = subjects::about("picture", checkpointID)};
     if (!m_library.editable(checkpointID))
         co_return outcome;
+    const int number = ++m_imports;
     QString path;
     std::optional<Failure> failure;
     try {
         path = m_library.mediaFolder(checkpointID) + '/' + MediaFile::importedImage();
         const auto copy = [&] { ImageImport::writePng(file, MediaFolders::arriving(path)); };
         co_await inWorker(copy);
-        adoptScreenshot(checkpointID, path, &outcome);
+        if (m_adoptedImports.value(checkpointID) > number) // One that was chosen later was quicker.
+            discard(MediaFolders::arriving(path), &outcome);
+        else
+            adoptScreenshot(checkpointID, path, &outcome);
+        if (outcome)
+            m_adoptedImports.insert(checkpointID, number);
     } catch (...) {
         failure = Failure::current();
     }

@@ -3,6 +3,8 @@
 
 #include "store/RemovalUndo.h"
 
+#include <QHash>
+
 namespace ardeno {
 
 class Failure;
@@ -30,6 +32,8 @@ private:
     Library &m_library;
     CheckpointMedia &m_media;
     RemovalUndo &m_removals;
+    int m_imports = 0;                  // Pictures that were chosen so far.
+    QHash<QUuid, int> m_adoptedImports; // By checkpoint, which of them it has.
 };
 
 } // namespace ardeno

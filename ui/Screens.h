@@ -10,6 +10,7 @@ class QWidget;
 namespace ardeno {
 
 class Sheet;
+class SheetHost;
 
 // The screens that the main window opens and does not build itself. One that is absent has no button anywhere.
 struct Screens {
@@ -20,6 +21,8 @@ struct Screens {
     MakeSheet preferences = {}; // For showSettings.
     MakeSheet exclusions = {};  // For showExclusions, over the others.
     std::function<Sheet *(const Checkpoint &)> edit = {};
+    // Shows again the forms that were open when the program was ended.
+    std::function<void(SheetHost &)> reopenKept = {};
     // What a checkpoint holds of the workspace, at the end of its detail.
     std::function<QWidget *(const QUuid &)> workspaceItems = {};
     // The viewer goes with the picture.

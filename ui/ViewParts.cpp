@@ -18,7 +18,7 @@ CheckpointListParts ViewParts::ofCheckpointLists(AppStore &store)
 CheckpointParts ViewParts::ofCheckpoint(AppStore &store)
 {
     return {store.library, store.navigation, store.applications, store.messages, store.sheets,
-            store.media,   store.editing,    store.screenshots,  store.removals, store.resuming};
+            store.media,   store.editing,    store.screenshots,  store.removals, store.resumes};
 }
 
 ItemParts ViewParts::ofItems(AppStore &store)
@@ -36,7 +36,7 @@ CaptureParts ViewParts::ofCapture(AppStore &store)
 PreferenceParts ViewParts::ofPreferences(AppStore &store)
 {
     return {store.library,  store.navigation, store.drafts,      store.sheets,
-            store.shortcut, store.updates,    store.applications};
+            store.shortcut, store.updates, store.applications, store.keptForms};
 }
 
 } // namespace ardeno

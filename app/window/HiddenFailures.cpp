@@ -27,6 +27,8 @@ HiddenFailures::HiddenFailures(const Messages &messages, const QDBusConnection &
 {
     m_connection.connect(notifications, notificationsPath, notifications, "ActionInvoked", this,
                          SLOT(invoked(uint, QString)));
+    m_connection.connect(notifications, notificationsPath, notifications, "NotificationClosed", this,
+                         SLOT(closed(uint, uint)));
     m_observations.watch([this] { look(); }, messages.error, messages.remarks);
 }
 
@@ -57,6 +59,10 @@ void HiddenFailures::seen()
 
 void HiddenFailures::notify(const QString &sentence)
 {
+    if (std::exchange(m_isNotifying, true)) {
+        m_next = sentence;
+        return;
+    }
     QDBusMessage call = notificationCall("Notify");
     // A newer one takes the place of the older; servers may take the text for markup.
     call << "Ardeno" << m_notification << "org.ardeno.Ardeno" << tr("Something needs attention")
@@ -70,12 +76,16 @@ void HiddenFailures::notify(const QString &sentence)
 void HiddenFailures::notified(QDBusPendingCallWatcher *call)
 {
     call->deleteLater();
+    m_isNotifying = false;
+    const std::optional<QString> next = std::exchange(m_next, std::nullopt);
     const QDBusPendingReply<uint> reply = *call;
     if (!reply.isValid())
         return;
     m_notification = reply.value();
     if (!m_hasUnseen) // The window was quicker.
         withdraw();
+    else if (next)
+        notify(*next);
 }
 
 void HiddenFailures::withdraw()
@@ -84,6 +94,13 @@ void HiddenFailures::withdraw()
     call << std::exchange(m_notification, 0);
     if (call.arguments().first() != 0)
         m_connection.asyncCall(call);
+}
+
+// The number is somebody else's from now on.
+void HiddenFailures::closed(uint id, uint)
+{
+    if (id == m_notification)
+        m_notification = 0;
 }
 
 void HiddenFailures::invoked(uint id, const QString &)

@@ -7,6 +7,7 @@
 #include <QObject>
 
 #include <functional>
+#include <optional>
 
 class QDBusPendingCallWatcher;
 
@@ -30,9 +31,11 @@ public:
 
 private Q_SLOTS: // The bus library calls slots alone.
     void invoked(uint id, const QString &action);
+    void closed(uint id, uint reason);
 
 private:
     void look();
+    // One at a time: the next one takes the place of the one whose number is known by then.
     void notify(const QString &sentence);
     void notified(QDBusPendingCallWatcher *call);
     void withdraw();
@@ -43,6 +46,8 @@ private:
     QStringList m_known; // What has been seen or said.
     bool m_hasUnseen = false;
     uint m_notification = 0; // Of the desktop; 0: there is none.
+    bool m_isNotifying = false;
+    std::optional<QString> m_next; // What came meanwhile.
     Observations m_observations;
 };
 

@@ -47,9 +47,14 @@ WindowApplication::WindowApplication(BusService &bus, Reach reach) : m_bus(bus),
 {
     qApp->installEventFilter(this);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &WindowApplication::refuseLogout, Qt::DirectConnection);
+    connect(qApp, &QGuiApplication::saveStateRequest, this, &WindowApplication::describeRestart, Qt::DirectConnection);
 }
 
-WindowApplication::~WindowApplication() = default;
+WindowApplication::~WindowApplication()
+{
+    if (m_keepsInput && m_window) // More was typed while what was being done came to its end.
+        m_window->sheets().keepInput();
+}
 
 BusService::Actions WindowApplication::actions()
 {
@@ -191,7 +196,7 @@ void WindowApplication::quit()
     else if (holdsInput())
         askBeforeQuitting();
     else
-        end();
+        finish();
 }
 
 void WindowApplication::askBeforeQuitting()
@@ -209,7 +214,7 @@ void WindowApplication::askBeforeQuitting()
         return;
     m_alert = presentAlert(m_window->sheets(), text, [this](bool isConfirmed) {
         if (isConfirmed)
-            end();
+            finish();
     });
 }
 
@@ -225,6 +230,14 @@ void WindowApplication::refuseWhileRecording()
 
 void WindowApplication::end()
 {
+    m_keepsInput = true;
+    if (m_window)
+        m_window->sheets().keepInput();
+    finish();
+}
+
+void WindowApplication::finish()
+{
     if (m_application)
         m_application->end();
     else
@@ -238,6 +251,12 @@ void WindowApplication::refuseLogout(QSessionManager &manager)
         return; // What is recorded is saved when the end comes.
     quit();
     manager.cancel();
+}
+
+void WindowApplication::describeRestart(QSessionManager &manager)
+{
+    if (!m_window || !m_window->isVisible())
+        manager.setRestartCommand({QCoreApplication::arguments().first(), "--background"});
 }
 
 bool WindowApplication::isWindowSeen() const

@@ -40,7 +40,7 @@ public:
     void startWithWindow();
     void startInBackground();
 
-    // As the system asks: at once, but what is being done or recorded is saved first.
+    // As the system asks: at once, but what is being done or recorded is saved first, and what is typed is kept.
     void end();
 
 protected:
@@ -56,10 +56,13 @@ private:
     void prepareWindows();
     MainWindow &window();
     void comeToFront();
+    void finish();
     // As the user asks: refused while a session is recorded.
     void quit();
     // The user is asked to finish first, where the session manager allows it.
     void refuseLogout(QSessionManager &manager);
+    // The next session begins as this one ended: with the window, or without.
+    void describeRestart(QSessionManager &manager);
     void refuseWhileRecording();
     bool holdsInput();
     bool isWindowSeen() const;
@@ -85,6 +88,7 @@ private:
     std::unique_ptr<WindowPlace> m_place;
     QShortcut *m_quitShortcut = nullptr; // Until the window is open.
     QPointer<Sheet> m_alert;
+    bool m_keepsInput = false;
 };
 
 } // namespace ardeno

@@ -3,6 +3,7 @@
 
 #include "store/PreferenceKeys.h"
 
+#include <QDataStream>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QScreen>
@@ -26,6 +27,29 @@ QRect areaAround(const QWidget &window)
     return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
 }
 
+// Qt refuses a place that was saved on a screen of another size: size and state stay all the same.
+void restoreSize(QWidget &window, const QByteArray &saved)
+{
+    struct {
+        quint32 magic = 0;
+        quint16 major = 0;
+        quint16 minor = 0;
+        QRect frame = {};
+        QRect normal = {};
+        qint32 screen = 0;
+        quint8 isMaximized = 0;
+    } kept;
+
+    QDataStream stream(saved);
+    stream.setVersion(QDataStream::Qt_4_0);
+    stream >> kept.magic >> kept.major >> kept.minor >> kept.frame >> kept.normal >> kept.screen >> kept.isMaximized;
+    const bool isKnown = stream.status() == QDataStream::Ok && kept.normal.isValid();
+    const QSize size = isKnown ? kept.normal.size() : window.size();
+    window.resize(size.boundedTo(areaAround(window).size() - roomForFrame));
+    if (isKnown && kept.isMaximized)
+        window.setWindowState(Qt::WindowMaximized);
+}
+
 } // namespace
 
 QRect WindowPlace::within(QRect frame, const QRect &area)
@@ -43,7 +67,7 @@ WindowPlace::WindowPlace(QWidget &window) : m_window(window)
     const QByteArray saved =
         QByteArray::fromBase64(preferences.value(keys::windowPlace).value_or(QString()).toLatin1());
     if (saved.isEmpty() || !window.restoreGeometry(saved))
-        window.resize(window.size().boundedTo(areaAround(window).size() - roomForFrame));
+        restoreSize(window, saved);
     m_rest.setSingleShot(true);
     m_rest.setInterval(pauseAfterMoving);
     connect(&m_rest, &QTimer::timeout, this, [this] {

@@ -168,6 +168,14 @@
         <translation>Nicht geöffnet: %1</translation>
     </message>
     <message>
+        <source>Ardeno was ended before this was saved. Save it now, or cancel to discard it.</source>
+        <translation>Ardeno wurde beendet, bevor dies gesichert war. Sichern Sie es jetzt, oder verwerfen Sie es mit „Abbrechen“.</translation>
+    </message>
+    <message>
+        <source>Not available: %1</source>
+        <translation>Nicht verfügbar: %1</translation>
+    </message>
+    <message>
         <source>Not placed: %1 (%2)</source>
         <translation>Nicht platziert: %1 (%2)</translation>
     </message>

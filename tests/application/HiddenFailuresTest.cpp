@@ -43,6 +43,22 @@ TEST_CASE_FIXTURE(HiddenFixture, "what fails while there is no window is notifie
     CHECK_MESSAGE(server.count() == 1, "what is seen is not notified");
 }
 
+TEST_CASE_FIXTURE(HiddenFixture,
+                  "what fails while a notification is on its way takes its place, and goes with the window")
+{
+    breakLibrary();
+    server.setSlow(true);
+    application = start({"--background"});
+    REQUIRE(eventually([&] { return server.count() == 1; }));
+    REQUIRE(run({"save", "--project", "Thesis", "--no-tabs"}).status == 0); // Which keeps what could not be read.
+    server.setSlow(false);
+    CHECK(eventually([&] { return server.count() == 2; }));
+    CHECK(server.shownCount() == 1);
+    CHECK(server.press("Show"));
+    REQUIRE(waitForWindow("Ardeno"));
+    CHECK(eventually([&] { return server.shownCount() == 0; }));
+}
+
 TEST_CASE_FIXTURE(HiddenFixture, "a window that is there says it itself")
 {
     breakLibrary();

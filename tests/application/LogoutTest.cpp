@@ -4,6 +4,7 @@
 
 using namespace ardeno;
 using desktop_test::eventually;
+using desktop_test::outputOf;
 
 namespace {
 
@@ -24,6 +25,19 @@ struct Logout : ApplicationFixture {
         session.logOut(questions);
         REQUIRE(eventually([this] { return session.isQuiet(); }));
         return session.answer();
+    }
+
+    QString place() const { return outputOf("xdotool", {"getwindowgeometry", "--shell", window("Ardeno")}); }
+
+    // Logs out and in again.
+    void startAgain()
+    {
+        REQUIRE(answerTo(SessionManager::Questions::Any) == SessionManager::Answer::Ready);
+        QStringList command = session.restartCommand();
+        session.end();
+        REQUIRE(waitForEnd());
+        REQUIRE(command.takeFirst() == ARDENO_PROGRAM);
+        startApplication(command);
     }
 };
 
@@ -56,4 +70,30 @@ TEST_CASE_FIXTURE(Logout, "where nobody may be asked, the session's end saves wh
     CHECK(end(*application).status == 0);
     REQUIRE(checkpoints().size() == 1);
     CHECK(QFile::exists(checkpoints().at(0).toObject().value("recording").toString()));
+}
+
+TEST_CASE_FIXTURE(Logout, "the next session has the window where it was, and none where it was closed")
+{
+    startManaged();
+    outputOf("wmctrl", {"-r", "Ardeno", "-e", "0,300,120,1000,740"});
+    REQUIRE(eventually([this] { return place().contains("WIDTH=1000") && place().contains("X=30"); }));
+    const QString before = place().section('\n', 1);
+    startAgain();
+    REQUIRE(waitForWindow("Ardeno"));
+    CHECK(eventually([&] { return place().section('\n', 1) == before; }));
+    REQUIRE(eventually([this] { return session.isQuiet(); }));
+
+    outputOf("wmctrl", {"-r", "Ardeno", "-b", "add,maximized_vert,maximized_horz"});
+    REQUIRE(eventually([this] { return place().contains("WIDTH=19"); }));
+    const QString large = place().section('\n', 1);
+    startAgain();
+    REQUIRE(waitForWindow("Ardeno"));
+    CHECK(eventually([&] { return place().section('\n', 1) == large; }));
+    terminate();
+
+    startApplication({"--background"});
+    REQUIRE(eventually([this] { return session.isQuiet(); }));
+    startAgain();
+    CHECK(run({"list"}).status == 0);
+    CHECK(window("Ardeno").isEmpty());
 }

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/application/NotificationServer.h"
 
-#include <QDBusMessage>
-
 namespace ardeno {
 
 namespace {
@@ -27,6 +25,13 @@ NotificationServer::~NotificationServer()
     QDBusConnection::disconnectFromBus(serverConnection);
 }
 
+void NotificationServer::setSlow(bool isSlow)
+{
+    m_isSlow = isSlow;
+    while (!m_isSlow && !m_unanswered.isEmpty())
+        m_connection.send(m_unanswered.takeFirst());
+}
+
 bool NotificationServer::press(const QString &label) const
 {
     const qsizetype at = m_actions.lastIndexOf(label);
@@ -48,12 +53,17 @@ bool NotificationServer::handleMessage(const QDBusMessage &message, const QDBusC
     if (message.member() == "Notify") {
         m_text = arguments.value(4).toString();
         m_actions = arguments.value(5).toStringList();
-        return connection.send(message.createReply(++m_count));
+        m_shown.removeOne(arguments.value(1).toUInt());
+        m_shown.append(++m_count);
+        m_unanswered.append(message.createReply(m_count));
+        setSlow(m_isSlow);
+        return true;
     }
     if (message.member() != "CloseNotification")
         return false;
     if (arguments.value(0).toUInt() == m_count)
         m_text.clear();
+    m_shown.removeOne(arguments.value(0).toUInt());
     return connection.send(message.createReply());
 }
 

@@ -4,6 +4,7 @@
 #include "tests/Printing.h"
 
 #include <array>
+#include <csignal>
 #include <cstdlib>
 
 // These headers define macros that others would trip over.
@@ -50,15 +51,24 @@ struct SessionCallbacks {
     {
         SmFreeReasons(count, reasons);
         manager(data).m_client = nullptr;
+        manager(data).m_isLoggingOut = false; // The next one begins a session.
         IceConn ice = SmsGetIceConnection(connection);
         SmsCleanUp(connection);
         IceSetShutdownNegotiation(ice, False);
     }
 
-    static void setProperties(SmsConn, SmPointer, int count, SmProp **properties)
+    static void setProperties(SmsConn, SmPointer data, int count, SmProp **properties)
     {
-        for (int at = 0; at < count; ++at)
+        for (int at = 0; at < count; ++at) {
+            const SmProp &property = *properties[at];
+            QStringList words;
+            for (int word = 0; word < property.num_vals; ++word)
+                words << QString::fromUtf8(static_cast<const char *>(property.vals[word].value),
+                                           property.vals[word].length);
+            if (qstrcmp(property.name, SmRestartCommand) == 0)
+                manager(data).m_restartCommand = words;
             SmFreeProperty(properties[at]);
+        }
         std::free(properties);
     }
 
@@ -94,6 +104,7 @@ SessionManager::SessionManager()
 {
     // An application that is gone must not end this process, as it would otherwise.
     IceSetIOErrorHandler([](IceConn) {});
+    std::signal(SIGPIPE, SIG_IGN);
     static const auto letIn = [](char *) -> Bool { return True; };
     std::array<char, 256> problem{};
     REQUIRE(

@@ -3,6 +3,7 @@
 
 #include <QSocketNotifier>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
@@ -36,6 +37,9 @@ public:
 
     Answer answer() const { return m_answer; }
 
+    // How the application wants to be started with the next session.
+    const QStringList &restartCommand() const { return m_restartCommand; }
+
     // Ends the application, which has said that it is ready.
     void end();
 
@@ -52,6 +56,7 @@ private:
     bool m_isQuiet = false;
     bool m_isLoggingOut = false;
     Answer m_answer = Answer::None;
+    QStringList m_restartCommand;
 };
 
 } // namespace ardeno

@@ -92,3 +92,41 @@ TEST_CASE_FIXTURE(PlaceFixture, "the window is within the screen, wherever it wa
     REQUIRE(waitForWindow("Ardeno"));
     CHECK(comesWithin(screen()));
 }
+
+TEST_CASE_FIXTURE(PlaceFixture, "a window whose screen has gone keeps its size and state on another one")
+{
+    const auto split = [this](int left) {
+        const int height = screen().height();
+        const auto part = [&](int x, int width) { return QString("%1/%1x%2/%2+%3+0").arg(width).arg(height).arg(x); };
+        outputOf("xrandr", {"--setmonitor", "LEFT", part(0, left), "screen"});
+        outputOf("xrandr", {"--setmonitor", "RIGHT", part(left, screen().width() - left), "none"});
+    };
+    const QRect left(0, 0, 1100, screen().height());
+    split(left.width());
+    startApplication({});
+    REQUIRE(waitForWindow("Ardeno"));
+    moveTo({left.width() + 5, 200, 960, 700});
+    REQUIRE(eventually([&] { return place().left() > left.width() && place().height() == 700; }));
+    CHECK(terminate().status == 0);
+    outputOf("xrandr", {"--delmonitor", "RIGHT"});
+    startApplication({});
+    REQUIRE(waitForWindow("Ardeno"));
+    CHECK(comesWithin(left));
+    CHECK(place().size() == QSize(960, 700));
+
+    split(left.width());
+    moveTo({left.width() + 5, 200, 960, 700});
+    REQUIRE(eventually([&] { return place().left() > left.width(); }));
+    outputOf("wmctrl", {"-i", "-r", window("Ardeno"), "-b", "add,maximized_vert,maximized_horz"});
+    const auto isMaximized = [this] {
+        return outputOf("xprop", {"-id", window("Ardeno"), "_NET_WM_STATE"}).contains("MAXIMIZED");
+    };
+    REQUIRE(eventually(isMaximized));
+    CHECK(terminate().status == 0);
+    outputOf("xrandr", {"--delmonitor", "RIGHT"});
+    startApplication({});
+    REQUIRE(waitForWindow("Ardeno"));
+    CHECK(eventually(isMaximized));
+    CHECK(terminate().status == 0);
+    outputOf("xrandr", {"--delmonitor", "LEFT"});
+}

@@ -23,7 +23,7 @@ TEST_CASE_FIXTURE(SavedFixture, "what was asked while something else went on is 
 {
     store().drafts.setDraftProjectID(project);
     finish(store().form.captureMoment("Ablation", {}, CaptureKind::Session));
-    QCoro::Task<ResumeOutcome> resuming = store().resuming.restore(saved, ResumeChoice::missing, false);
+    QCoro::Task<ResumeOutcome> resuming = store().resumes.restore(saved, ResumeChoice::missing, false);
     REQUIRE(store().operations.busy());
     const Outcome stopped = finish(store().sessions.stop());
     CHECK(stopped);

@@ -44,7 +44,7 @@ struct ResumeFixture : StoreFixture {
 
     RestoreReport resume(bool layout = false)
     {
-        return finish(store().resuming.restore(checkpoint, ResumeChoice::missing, layout)).report;
+        return finish(store().resumes.restore(checkpoint, ResumeChoice::missing, layout)).report;
     }
 };
 
@@ -72,9 +72,14 @@ TEST_CASE_FIXTURE(ResumeFixture, "a resume opens what is missing, and a second o
     CHECK(memory.opened == QStringList{"app viewer", "window 7 https://a.example/%7euser?q=\"x\" https://a.example/2",
                                        "new com.google.Chrome https://b.example/"});
     CHECK(memory.savedPagesTold == 6); // Those that are open or cannot be opened tell windows apart, too.
-    CHECK(report.outcome == RestoreOutcome{.openedApps = 1, .openedTabs = 3, .alreadyActive = 2, .unavailable = 2});
+    CHECK(report.outcome == RestoreOutcome{.openedApps = 1,
+                                           .openedTabs = 3,
+                                           .alreadyActive = 2,
+                                           .unavailable = {"Gone", "Page file:///etc/passwd"}});
     CHECK(store().messages.notice() == u"Workspace restored · 4 opened · 2 already active · 2 unavailable"_qs);
     CHECK_FALSE(store().messages.error().has_value());
+    REQUIRE(store().resumes.resumeShortfall());
+    CHECK(store().resumes.resumeShortfall()->unavailable == report.outcome.unavailable);
     CHECK_FALSE(store().operations.busy());
 
     // The browser has not written the new pages down yet.
@@ -89,13 +94,13 @@ TEST_CASE_FIXTURE(ResumeFixture, "what opens after it was chosen is not opened t
 {
     memory.tabRecords[chrome] = QString("");
     addTab("https://a.example/");
-    const RestorePlan plan = finish(store().resuming.restorePlan(checkpoint));
+    const RestorePlan plan = finish(store().resumes.restorePlan(checkpoint));
     REQUIRE(plan.tabsToOpen.size() == 1);
     memory.tabRecords[chrome] = u"1\u001f7\u001fHTTPS://a.example/\u001fOpen\u001e"_qs;
 
     const auto choose = [&](const RestorePlan &) { return ResumeChoice::missing(plan); };
     memory.addApplication("viewer", "Viewer", {0, 0, 300, 300});
-    const RestoreReport report = finish(store().resuming.restore(checkpoint, choose, false)).report;
+    const RestoreReport report = finish(store().resumes.restore(checkpoint, choose, false)).report;
 
     CHECK(memory.opened.isEmpty());
     CHECK(report.outcome.openedTabs == 0);
@@ -114,11 +119,11 @@ TEST_CASE_FIXTURE(ResumeFixture,
                   "pages of a browser that is not here go to the user's own, those of an unread one wait")
 {
     addTab("https://unread.example/");
-    CHECK_FALSE(finish(store().resuming.restorePlan(checkpoint)).tabCheckWarning); // That no browser runs is no fault.
+    CHECK_FALSE(finish(store().resumes.restorePlan(checkpoint)).tabCheckWarning); // That no browser runs is no fault.
     memory.tabRecords[chrome] = QString();                                         // Runs and cannot be read.
     addTab("https://elsewhere.example/").browserID = "com.apple.Safari";
 
-    const RestorePlan plan = finish(store().resuming.restorePlan(checkpoint));
+    const RestorePlan plan = finish(store().resumes.restorePlan(checkpoint));
     CHECK(plan.unverifiedTabs.size() == 1);
     CHECK(plan.tabCheckWarning == u"Chrome tabs weren’t available. Whether its saved pages are open is not known."_qs);
 
@@ -145,7 +150,7 @@ TEST_CASE_FIXTURE(ResumeFixture, "what fails is named, and the rest is opened al
           "(Chrome ended with an error)");
     CHECK(store().messages.notice() ==
           u"Workspace restored · 1 opened · 1 already active · 1 unavailable · %1 failed"_qs.arg(
-              store().resuming.resumeShortfall()->failures.size()));
+              store().resumes.resumeShortfall()->failures.size()));
 
     // A document that was handed to an application in vain, and applications that never came.
     checkpoint.apps = {{"files", "Files"}, {chrome, "Chrome"}};
@@ -226,12 +231,12 @@ TEST_CASE_FIXTURE(ResumeFixture, "two resumes of a library at once open everythi
         plans += plan;
         return ResumeChoice::missing(plan);
     };
-    const RestoreReport second = finish(store().resuming.restore(checkpoint, choose, false)).report;
+    const RestoreReport second = finish(store().resumes.restore(checkpoint, choose, false)).report;
     finish(std::move(first));
     CHECK(memory.opened == QStringList{"app viewer", "page com.google.Chrome https://a.example/"});
     REQUIRE(plans.size() == 1);
     CHECK_MESSAGE(plans[0].appsToOpen.isEmpty(), "the plan is made when the other one is over");
-    CHECK(second.outcome == RestoreOutcome{.alreadyActive = 3, .unavailable = 1});
+    CHECK(second.outcome == RestoreOutcome{.alreadyActive = 3, .unavailable = {"Gone"}});
 }
 
 TEST_CASE_FIXTURE(ResumeFixture, "an application that somebody else starts meanwhile is not started again")

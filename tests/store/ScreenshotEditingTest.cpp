@@ -223,3 +223,19 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "a file outside the checkpoint's folder, or
     CHECK(store().messages.error() == outside);
     CHECK(QFile::exists(moved + "/snapshot.png"));
 }
+
+TEST_CASE_FIXTURE(ScreenshotFixture, "of two images that are added one after the other the later one stays")
+{
+    // The first takes much longer than the second.
+    const QString large = home.filePath("large.png");
+    writeFile(large, PngWriter::encoded({4000, 4000}, QByteArray(4000 * 4000 * 4, '\x20')));
+    auto first = store().importScreenshot(large, saved.id);
+    auto second = store().importScreenshot(image, saved.id);
+    const bool isSecondAdded = finish(std::move(second)).isDone;
+    const std::optional<QString> picture = now().screenshot;
+    finish(std::move(first));
+    CHECK(isSecondAdded);
+    CHECK(now().screenshot == picture);
+    CHECK_FALSE(store().error());
+    CHECK(media().filter("image-").size() == 1);
+}

@@ -120,6 +120,11 @@ TEST_CASE_FIXTURE(KeptInput, "Escape throws what was typed away only after a que
              store().sheets.open(&OpenSheets::showExclusions);
          }},
         {"Project name", [&] { store().sheets.open(&OpenSheets::showNewProject); }},
+        {"Project name",
+         [&] {
+             list("Projects")->setFocus();
+             press(Qt::Key_F2);
+         }},
         {u"Waiting for…"_qs, [&] { store().sheets.editBlocker(store().library.projects().first()); }},
     };
     for (const auto &[field, open] : sheets) {
@@ -191,4 +196,53 @@ TEST_CASE_FIXTURE(KeptInput, "a picture that was removed comes back by one butto
     store().deletion.deleteCheckpoint(checkpoint.id);
     settle();
     CHECK(viewers().isEmpty());
+}
+
+TEST_CASE_FIXTURE(KeptInput, "what stands in a form when the program is ended is there again at the next start")
+{
+    const Checkpoint checkpoint = saveCheckpoint(openProject(), "Chapter", 10);
+    REQUIRE(store().updateNote(&Checkpoint::nextStep, "as stored", checkpoint.id));
+    settle();
+    click(u"Checkpoint details…"_qs);
+    window->sheets().keepInput(); // Nothing was typed.
+    CHECK(store().keptDetails().isEmpty());
+    fill("Checkpoint title", "A better title");
+    fill("Where you left off", "two lines");
+    window->sheets().keepInput();
+    restart();
+    REQUIRE(topTitle() == "Checkpoint details");
+    CHECK(seesText("Ardeno was ended before this was saved. Save it now, or cancel to discard it."));
+    bothPictures("details-kept");
+    CHECK(store().checkpoint(checkpoint.id)->title == "Chapter"); // Nothing is written without its user.
+    press(Qt::Key_Escape);
+    CHECK(topTitle() == discard);
+    click("Keep editing");
+    click("Save context");
+    CHECK(store().checkpoint(checkpoint.id)->title == "ChapterA better title");
+    CHECK(store().checkpoint(checkpoint.id)->objective == "two lines");
+    CHECK(store().checkpoint(checkpoint.id)->nextStep == "as stored");
+    restart();
+    CHECK_FALSE(window->sheets().isCovering());
+
+    store().showSettings.set(true);
+    settle();
+    click("Report a bug");
+    fill("Steps to reproduce (optional)", "press it");
+    window->sheets().keepInput();
+    restart();
+    REQUIRE(topTitle() == "Report a bug");
+    CHECK(window->sheets().holdsInput());
+    press(Qt::Key_Escape);
+    click("Discard");
+    restart();
+    CHECK_FALSE(window->sheets().isCovering());
+
+    // Of a checkpoint that was deleted meanwhile the text can still be copied.
+    click(u"Checkpoint details…"_qs);
+    fill("Where you left off", "precious");
+    window->sheets().keepInput();
+    store().deleteCheckpoint(checkpoint.id);
+    restart();
+    REQUIRE(topTitle() == "Checkpoint details");
+    CHECK(window->sheets().holdsInput());
 }

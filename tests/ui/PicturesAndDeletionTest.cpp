@@ -111,3 +111,21 @@ TEST_CASE_FIXTURE(WindowFixture, "a recording is viewed only from the checkpoint
         press(Qt::Key_Return);
     }
 }
+
+TEST_CASE_FIXTURE(WindowFixture, "a project that has got another checkpoint meanwhile is asked about anew")
+{
+    const QUuid project = openProject();
+    saveCheckpoint(project, "First", 10);
+    store().deletingProject.set(*store().project(project));
+    settle();
+    REQUIRE(seesText("Delete project?"));
+    saveCheckpoint(project, "Second", 20);
+    settle();
+    click("Delete project");
+    CHECK(store().checkpoints().size() == 2);
+    REQUIRE(seesText("Delete project?"));
+    CHECK(window->sheets().topSheet()->accessibleDescription().contains("all 2 checkpoints"));
+    click("Delete project");
+    CHECK(store().projects().isEmpty());
+    CHECK_FALSE(window->sheets().isCovering());
+}

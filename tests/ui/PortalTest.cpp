@@ -87,7 +87,18 @@ public:
         return connection.send(message.createReply(QVariant::fromValue(groups)));
     }
 
+    // Ends without an answer, as a service that crashes.
+    void leave() { m_bus.interface()->unregisterService("org.freedesktop.portal.Desktop"); }
+
+    void answer(const QString &file)
+    {
+        QDBusMessage signal = QDBusMessage::createSignal(m_request, "org.freedesktop.portal.Request", "Response");
+        signal << 0U << QVariantMap{{"uris", QStringList{QUrl::fromLocalFile(file).toString()}}};
+        REQUIRE(m_bus.send(signal));
+    }
+
     bool hasChooser = false;
+    bool isOpen = false; // The dialog stays until it is answered.
     QString chosen = {}; // Empty: the dialog is cancelled.
     QString asked = {};  // The title of the newest question.
 
@@ -99,6 +110,9 @@ private:
         const QString sender = question.service().mid(1).replace('.', '_');
         const QString request = QString("%1/request/%2/%3").arg(path, sender, options.value("handle_token").toString());
         connection.send(question.createReply(QVariant::fromValue(QDBusObjectPath(request))));
+        m_request = request;
+        if (isOpen)
+            return true;
         QDBusMessage answer = QDBusMessage::createSignal(request, "org.freedesktop.portal.Request", "Response");
         answer << (chosen.isEmpty() ? 1U : 0U)
                << QVariantMap{{"uris", QStringList{QUrl::fromLocalFile(chosen).toString()}}};
@@ -106,6 +120,7 @@ private:
     }
 
     QDBusConnection m_bus;
+    QString m_request = {};
 };
 
 } // namespace
@@ -193,4 +208,30 @@ TEST_CASE_FIXTURE(WindowFixture,
     dialog->reject();
     CHECK(eventually([&] { return !dialog; }));
     AppTheme::instance().setAppearance({});
+}
+
+TEST_CASE_FIXTURE(WindowFixture, "an image goes to the checkpoint it was asked for, and a dialog may vanish")
+{
+    Portal portal;
+    portal.hasChooser = portal.isOpen = true;
+    openProject();
+    const auto [older, newer] = saveTwoCheckpoints();
+    QImage image(320, 200, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    REQUIRE(image.save(home.filePath("photo.png")));
+    click("Replace image…");
+    REQUIRE(eventually([&] { return !portal.asked.isEmpty(); }));
+    store().selectCheckpoint(older.id);
+    settle();
+    portal.answer(home.filePath("photo.png"));
+    CHECK(eventually([&] { return store().checkpoint(newer.id)->screenshot != newer.screenshot; }));
+    CHECK(store().checkpoint(older.id)->screenshot == older.screenshot);
+
+    portal.asked.clear();
+    click("Replace image…");
+    REQUIRE(eventually([&] { return !portal.asked.isEmpty(); }));
+    portal.leave();
+    CHECK(eventually([this] { return window->findChild<FileChooser *>() == nullptr; }));
+    click("Replace image…");
+    CHECK_MESSAGE(window->findChild<FileChooser *>() != nullptr, "it can be asked again");
 }

@@ -72,3 +72,20 @@ TEST_CASE_FIXTURE(ProgramInput, "closing and quitting ask about a note that cann
     key("ctrl+q");
     CHECK(end(*program).status == 0);
 }
+
+TEST_CASE_FIXTURE(ProgramInput, "a program that is ended by the system keeps what stands in an open form")
+{
+    openLibrary();
+    click("Checkpoint details…");
+    REQUIRE(sees("Save context"));
+    key("ctrl+a");
+    type("A better title");
+    close();
+    CHECK(stored("checkpoints").at(0).toObject().value("title") == "Chapter");
+    open();
+    REQUIRE(sees("Ardeno was ended before this was saved. Save it now, or cancel to discard it."));
+    picture("details-kept-program");
+    click("Save context");
+    CHECK(eventually([this] { return stored("checkpoints").at(0).toObject().value("title") == "A better title"; }));
+    close();
+}

@@ -118,6 +118,8 @@ TEST_CASE_FIXTURE(ProgramOnLibrary, "the program resumes what is missing and lea
     click("Open 1 missing item");
     REQUIRE(eventually([] { return visibleWindows("missing-one").size() == 1; }));
     CHECK(sees(u"Workspace restored · 1 opened · 1 already active · 1 unavailable"_qs));
+    click("Show what is not back"); // The sentence counts, the page names.
+    CHECK(sees("Not available: Gone"));
     CHECK(visibleWindows("running-one").size() == 1);
     picture("program-resumed");
 }

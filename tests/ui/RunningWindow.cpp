@@ -2,6 +2,7 @@
 #include "tests/ui/RunningWindow.h"
 
 #include <QImage>
+#include <QMap>
 
 namespace ardeno {
 
@@ -81,26 +82,27 @@ bool RunningWindow::sees(const QString &name) const
     return eventually([&] { return seesNow(name); });
 }
 
-QRect RunningWindow::place(const QString &name) const
+QRect RunningWindow::place(const QString &name, Kind kind) const
 {
     QRect last;
     QStringList seen;
     const bool isStill = eventually([&] {
         seen.clear();
-        QRect extents;
-        QRect frame;
+        ScreenReader::Control found;
         for (const ScreenReader::Control &control : reader->read()) {
             seen << control.name;
-            frame = frame.isNull() && !control.extents.isEmpty() ? control.extents : frame; // The window comes first.
             const bool isIt = control.name == name || control.name.startsWith(name + ',');
-            if (isIt && control.isEnabled && extents.isNull())
-                extents = control.extents;
+            const bool isKind = kind == Kind::Any || control.isFocusable;
+            if (isIt && isKind && control.isEnabled && found.extents.isNull())
+                found = control;
         }
-        const bool wasThere = !extents.isNull() && extents == last;
-        last = extents;
-        if (!wasThere || extents.center().y() < frame.bottom() - 16)
+        const QPoint center = found.extents.center();
+        const bool wasThere = !found.extents.isNull() && found.extents == last;
+        last = found.extents;
+        if (!wasThere || found.around.isNull() || found.around.contains(center))
             return wasThere;
-        outputOf("xdotool", moveTo(frame.center() + QPoint(200, 100)) + QStringList{"click", "5"});
+        const bool isBehind = center.y() > found.around.bottom() || center.x() > found.around.right();
+        outputOf("xdotool", moveTo(found.around.center()) + QStringList{"click", isBehind ? "5" : "4"});
         return false;
     });
     CAPTURE(name);
@@ -109,9 +111,9 @@ QRect RunningWindow::place(const QString &name) const
     return last;
 }
 
-void RunningWindow::click(const QString &name, int button) const
+void RunningWindow::click(const QString &name, int button, Kind kind) const
 {
-    outputOf("xdotool", moveTo(place(name).center()) + QStringList{"click", QString::number(button)});
+    outputOf("xdotool", moveTo(place(name, kind).center()) + QStringList{"click", QString::number(button)});
 }
 
 void RunningWindow::chooseEntry(int at) const
@@ -122,6 +124,22 @@ void RunningWindow::chooseEntry(int at) const
     for (int step = 0; step <= at; ++step)
         keys << "Down";
     outputOf("xdotool", keys + QStringList{"Return"});
+}
+
+QRect RunningWindow::menuPlace() const
+{
+    const QStringList windows =
+        outputOf("xdotool", {"search", "--onlyvisible", "--pid", QString::number(program->processId())})
+            .split('\n', Qt::SkipEmptyParts);
+    for (const QString &number : windows) {
+        if (number == window)
+            continue;
+        QMap<QString, int> numbers;
+        for (const QString &line : outputOf("xdotool", {"getwindowgeometry", "--shell", number}).split('\n'))
+            numbers.insert(line.section('=', 0, 0), line.section('=', 1).toInt());
+        return {numbers.value("X"), numbers.value("Y"), numbers.value("WIDTH"), numbers.value("HEIGHT")};
+    }
+    return {};
 }
 
 void RunningWindow::drag(const QString &name, const QString &target) const

@@ -37,11 +37,14 @@ struct RunningWindow : ProgramFixture {
     bool seesNow(const QString &name) const { return reader->find(name).has_value(); }
 
     // Where it is, once it is there and stands still; scrolled into the window.
-    QRect place(const QString &name) const;
+    enum class Kind { Any, Field }; // A field has a label of its name.
+    QRect place(const QString &name, Kind kind = Kind::Any) const;
     // With the pointer's own button: 1 the left one, 3 the right one.
-    void click(const QString &name, int button = 1) const;
+    void click(const QString &name, int button = 1, Kind kind = Kind::Any) const;
     // Of the menu that opens, the entry at this place; menus are windows of their own, which readers only hear of.
     void chooseEntry(int at) const;
+    // Where the menu is that is open; empty while there is none.
+    QRect menuPlace() const;
     void drag(const QString &name, const QString &target) const;
 
     QJsonArray stored(const char *list) const { return library().value(list).toArray(); }

@@ -84,7 +84,13 @@ std::optional<ScreenReader::Node> ScreenReader::application() const
     return std::nullopt;
 }
 
-bool ScreenReader::walk(const Node &node, const std::function<bool(const Control &)> &visit) const
+QString ScreenReader::nameOf(const Node &node) const
+{
+    const QVariantList name = ask(node, "org.freedesktop.DBus.Properties", "Get", {QString(accessible), "Name"});
+    return name.value(0).value<QDBusVariant>().variant().toString();
+}
+
+bool ScreenReader::walk(const Node &node, QRect around, const std::function<bool(const Control &)> &visit) const
 {
     const QVariant states = ask(node, accessible, "GetState").value(0);
     const auto bits = states.canConvert<QDBusArgument>() ? qdbus_cast<QList<uint>>(states) : QList<uint>{0, 0};
@@ -94,16 +100,18 @@ bool ScreenReader::walk(const Node &node, const std::function<bool(const Control
                         .role = ask(node, accessible, "GetRole").value(0).toUInt(),
                         .isEnabled = has(enabledState) != 0,
                         .isFocusable = has(focusableState) != 0};
-        const QVariantList name = ask(node, "org.freedesktop.DBus.Properties", "Get", {QString(accessible), "Name"});
-        control.name = name.value(0).value<QDBusVariant>().variant().toString();
+        control.name = nameOf(node);
         const QVariant place = ask(node, component, "GetExtents", {0U}).value(0);
         if (place.canConvert<QDBusArgument>())
             control.extents = qdbus_cast<QRect>(place);
+        control.around = around;
+        if (around.isNull() || around.intersects(control.extents)) // A part that is out of sight leaves it as it is.
+            around = around.isNull() ? control.extents : around & control.extents;
         if (!visit(control))
             return false;
     }
     for (const Node &child : childrenOf(node)) {
-        if (!walk(child, visit))
+        if (!walk(child, around, visit))
             return false;
     }
     return true;
@@ -113,7 +121,7 @@ QList<ScreenReader::Control> ScreenReader::read() const
 {
     QList<Control> all;
     if (const std::optional<Node> root = application()) {
-        walk(*root, [&all](const Control &control) {
+        walk(*root, {}, [&all](const Control &control) {
             all.append(control);
             return true;
         });
@@ -128,6 +136,19 @@ std::optional<ScreenReader::Control> ScreenReader::find(const QString &name) con
             return control;
     }
     return std::nullopt;
+}
+
+QStringList ScreenReader::rows(const QString &list) const
+{
+    constexpr uint listRole = 31;
+    QStringList names;
+    for (const Control &control : read()) {
+        if (control.name != list || control.role != listRole)
+            continue;
+        for (const Node &row : childrenOf(control.node))
+            names << nameOf(row);
+    }
+    return names;
 }
 
 bool ScreenReader::focus(const QString &name) const

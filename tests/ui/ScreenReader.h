@@ -23,6 +23,7 @@ public:
         QString name = {};
         uint role = 0;      // AtspiRole.
         QRect extents = {}; // On the screen.
+        QRect around = {};  // What the parts of the window that it stands in leave to be seen.
         bool isEnabled = false;
         bool isFocusable = false;
     };
@@ -35,6 +36,9 @@ public:
     // The first one of that name, or whose name begins with it and a comma, as rows do.
     std::optional<Control> find(const QString &name) const;
 
+    // The names of the rows of a list, whether they are in sight or not.
+    QStringList rows(const QString &list) const;
+
     // Gives it the keyboard; false when there is nothing of that name.
     bool focus(const QString &name) const;
 
@@ -43,8 +47,9 @@ public:
 
 private:
     std::optional<Node> application() const;
+    QString nameOf(const Node &node) const;
     // False ends the walk.
-    bool walk(const Node &node, const std::function<bool(const Control &)> &visit) const;
+    bool walk(const Node &node, QRect around, const std::function<bool(const Control &)> &visit) const;
     QList<Node> childrenOf(const Node &node) const;
     QVariantList ask(const Node &node, const QString &interface, const QString &method,
                      const QVariantList &arguments = {}) const;

@@ -29,6 +29,8 @@ QStringList ResumeShortfallCard::missing(const ResumeFlow &resuming, const Libra
     if (resuming.resumeShortfall() && resuming.resumeShortfall()->checkpointID == checkpointID) {
         for (const QString &failure : resuming.resumeShortfall()->failures)
             lines += tr("Could not open: %1").arg(failure);
+        for (const QString &name : resuming.resumeShortfall()->unavailable)
+            lines += tr("Not available: %1").arg(ItemText::line(name));
     }
     const Checkpoint *const checkpoint = library.checkpoint(checkpointID);
     const QList<SavedWindow> own = checkpoint && checkpoint->windows ? *checkpoint->windows : QList<SavedWindow>();

@@ -10,6 +10,7 @@
 #include "ui/controls/Menu.h"
 #include "ui/controls/PictureImage.h"
 #include "ui/controls/Sheet.h"
+#include "ui/controls/TextKeys.h"
 #include "ui/controls/UndoStrip.h"
 #include "ui/theme/Drawing.h"
 
@@ -143,9 +144,9 @@ void ScreenshotCard::chooseImage()
                         .split(' '),
         .all = tr("All files"),
     };
-    FileChooser::ask(window(), question, [card = QPointer<ScreenshotCard>(this)](const QString &path) {
-        if (card)
-            card->m_parts.screenshots.importScreenshot(path, card->m_id); // It reports by itself.
+    // Whatever the window shows by then; the import reports by itself.
+    FileChooser::ask(window(), question, [&screenshots = m_parts.screenshots, id = m_id](const QString &path) {
+        screenshots.importScreenshot(path, id);
     });
 }
 
@@ -158,6 +159,8 @@ void ScreenshotCard::takeOffers()
         const bool isMeant = underMouse() || isAncestorOf(QApplication::focusWidget());
         if (isMeant && !(host && host->isCovering()))
             paste();
+        else
+            TextKeys::pasteInto(QApplication::focusWidget());
     });
 }
 

@@ -4,12 +4,15 @@
 #include "ui/controls/Ground.h"
 #include "ui/controls/InputWatch.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/TextKeys.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QRegularExpression>
+#include <QValidator>
 
 #include <algorithm>
 #include <cmath>
@@ -22,6 +25,23 @@ namespace {
 constexpr QSize track(34, 20);
 constexpr int switchGap = 10;
 
+// What is pasted may have line breaks, which a field of one line would show as something else.
+class OneLine final : public QValidator {
+public:
+    using QValidator::QValidator;
+
+    State validate(QString &text, int &caret) const override
+    {
+        static const QRegularExpression lineBreaks("[\n\r\\x{2028}\\x{2029}]+");
+        static const QRegularExpression outer("^[\n\r\\x{2028}\\x{2029}]+|[\n\r\\x{2028}\\x{2029}]+$");
+        if (text.contains(lineBreaks)) {
+            text.remove(outer).replace(lineBreaks, " ");
+            caret = std::min<int>(caret, static_cast<int>(text.size()));
+        }
+        return Acceptable;
+    }
+};
+
 } // namespace
 
 TextField::TextField(const QString &name, const QString &placeholder, const QString &symbol, QWidget *parent)
@@ -30,12 +50,21 @@ TextField::TextField(const QString &name, const QString &placeholder, const QStr
     setAccessibleName(name);
     setPlaceholderText(placeholder);
     setFrame(false);
+    setValidator(new OneLine(this));
     setFont(AppTheme::instance().font(TextStyle::Body));
     setTextMargins(symbol.isEmpty() ? 8 : 31, 0, 8, 0);
     setMinimumHeight(std::max(32, static_cast<int>(std::ceil(QFontMetricsF(font()).height())) + 12));
     QPalette own; // It draws its own rounded ground; the rest follows the window.
     own.setColor(QPalette::Base, Qt::transparent);
     setPalette(own);
+}
+
+bool TextField::event(QEvent *event)
+{
+    if (!TextKeys::isLeft(*event, this))
+        return QLineEdit::event(event);
+    event->ignore();
+    return true;
 }
 
 void TextField::keyPressEvent(QKeyEvent *event)

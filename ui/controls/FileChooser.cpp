@@ -10,6 +10,7 @@
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
 #include <QFile>
 #include <QFileDialog>
 #include <QGuiApplication>
@@ -132,6 +133,9 @@ void FileChooser::askPortal()
     // Before the question, so that no answer is missed.
     bus.connect(portalService, QString("%1/request/%2/%3").arg(portalPath, sender, token), requestInterface, "Response",
                 this, SLOT(answered(uint, QVariantMap)));
+    auto *const life = new QDBusServiceWatcher(portalService, bus, QDBusServiceWatcher::WatchForUnregistration, this);
+    connect(life, &QDBusServiceWatcher::serviceUnregistered, this,
+            &QObject::deleteLater); // Its dialog has gone with it.
     QDBusMessage call =
         QDBusMessage::createMethodCall(portalService, portalPath, "org.freedesktop.portal.FileChooser", "OpenFile");
     const QString parent =
@@ -145,8 +149,10 @@ void FileChooser::portalHasCall(QDBusPendingCallWatcher *call)
 {
     const QDBusPendingReply<QDBusObjectPath> reply = *call;
     call->deleteLater();
-    if (reply.isError())
-        askHere(); // There is no portal, or it has no dialog.
+    if (!reply.isError())
+        return;
+    delete findChild<QDBusServiceWatcher *>();
+    askHere(); // There is no portal, or it has no dialog.
 }
 
 void FileChooser::answered(uint code, const QVariantMap &results)

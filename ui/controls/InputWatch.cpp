@@ -26,6 +26,42 @@ Sheet *sheetOf(QWidget *widget)
     return nullptr;
 }
 
+bool takesTab(const QWidget *widget)
+{
+    return widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus);
+}
+
+// Of the controls within, in the order of the tab key: the one behind what vanishes, else the one before.
+QWidget *besideWithin(const QWidget *within, const QWidget *vanishing)
+{
+    QWidget *before = nullptr;
+    bool isBehind = false;
+    for (QWidget *next = within->nextInFocusChain(); next && next != within; next = next->nextInFocusChain()) {
+        const bool isGoing = next == vanishing || vanishing->isAncestorOf(next);
+        isBehind = isBehind || isGoing;
+        if (isGoing || !within->isAncestorOf(next) || !takesTab(next))
+            continue;
+        if (isBehind)
+            return next;
+        before = next;
+    }
+    return before;
+}
+
+// In the smallest part of the window that has one; null: in no part of its sheet or window.
+QWidget *neighbourOf(const QWidget *vanishing)
+{
+    for (QWidget *around = vanishing->parentWidget(); around; around = around->parentWidget()) {
+        if (QWidget *const beside = besideWithin(around, vanishing))
+            return beside;
+        if (takesTab(around))
+            return around;
+        if (around->isWindow() || dynamic_cast<Sheet *>(around))
+            break;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 InputWatch::InputWatch(QObject *application) : QObject(application)
@@ -83,6 +119,18 @@ void InputWatch::returnToPlace()
         place->setFocus(Qt::OtherFocusReason);
 }
 
+void InputWatch::leaveVanishing(const QWidget *vanishing)
+{
+    const QWidget *const focused = QApplication::focusWidget();
+    // With its window or its parent it comes back, and a sheet knows who had the focus before.
+    const bool isPart =
+        focused && vanishing->isHidden() && !vanishing->isWindow() && !dynamic_cast<const Sheet *>(vanishing);
+    if (!isPart || (focused != vanishing && !vanishing->isAncestorOf(focused)))
+        return;
+    if (QWidget *const neighbour = neighbourOf(vanishing))
+        neighbour->setFocus(Qt::OtherFocusReason);
+}
+
 void InputWatch::noteKey(QWidget *focused, QEvent *event)
 {
     const auto *const key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(event) : nullptr;
@@ -106,6 +154,10 @@ bool InputWatch::eventFilter(QObject *watched, QEvent *event)
     case QEvent::InputMethod:
         if (watched == QApplication::focusWidget())
             noteKey(QApplication::focusWidget(), event);
+        break;
+    case QEvent::Hide:
+        if (const auto *const widget = qobject_cast<QWidget *>(watched))
+            leaveVanishing(widget);
         break;
     case QEvent::EnabledChange:
         if (m_waiting && watched == m_waiting && m_waiting->isEnabled())

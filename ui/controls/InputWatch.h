@@ -11,7 +11,8 @@
 namespace ardeno {
 
 // Knows what the user does just now, so that what comes unasked does not come between. Where the control with the focus
-// is off for a while, the focus waits for it and goes to no other one, which the next key would press.
+// is off for a while, the focus waits for it and goes to no other one, which the next key would press; where it
+// vanishes, the focus goes to its neighbour, and nothing scrolls.
 class InputWatch final : public QObject {
 public:
     static InputWatch &instance();
@@ -33,6 +34,7 @@ private:
 
     void keepPlace(QWidget *before, QWidget *now);
     void returnToPlace();
+    void leaveVanishing(const QWidget *vanishing);
     void noteKey(QWidget *focused, QEvent *event);
 
     QElapsedTimer m_written; // Since the last key that wrote; invalid when another one followed.

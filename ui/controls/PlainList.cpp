@@ -49,8 +49,11 @@ void PlainList::keyPressEvent(QKeyEvent *event)
     m_showsFocus = m_showsFocus || !TextKeys::isModifierAlone(*event);
     const bool isPress =
         event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    const bool isDelete = event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier;
     if (isPress && currentIndex().isValid() && m_activated)
         activate(currentIndex());
+    else if (isDelete && currentIndex().isValid() && m_deleted)
+        m_deleted(currentIndex());
     else
         QListView::keyPressEvent(event);
     viewport()->update();

@@ -19,6 +19,9 @@ public:
 
     void setOnMenu(std::function<void(const QModelIndex &, const QPoint &)> menu) { m_menu = std::move(menu); }
 
+    // By the key; whoever is told asks before anything goes.
+    void setOnDelete(std::function<void(const QModelIndex &)> deleted) { m_deleted = std::move(deleted); }
+
     // Makes the row the current one without activating it, and shows it.
     void showCurrent(int row);
 
@@ -38,6 +41,7 @@ protected:
 private:
     std::function<void(const QModelIndex &)> m_activated;
     std::function<void(const QModelIndex &, const QPoint &)> m_menu;
+    std::function<void(const QModelIndex &)> m_deleted;
     QPersistentModelIndex m_pressed; // A click ends where it began.
     bool m_showsFocus = false;
 };

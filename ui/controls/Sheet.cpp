@@ -171,6 +171,14 @@ bool SheetHost::holdsInput() const
                        [](const QPointer<Sheet> &sheet) { return sheet && sheet->holdsInput(); });
 }
 
+void SheetHost::keepInput() const
+{
+    for (const QPointer<Sheet> &sheet : m_sheets) {
+        if (sheet && sheet->m_keep && sheet->holdsInput())
+            sheet->m_keep();
+    }
+}
+
 void SheetHost::present(Sheet *sheet)
 {
     const bool isFirst = !isCovering();

@@ -39,6 +39,9 @@ public:
     // Says whether closing would lose what was typed; Escape then asks first.
     void setHoldsInput(std::function<bool()> holdsInput) { m_holdsInput = std::move(holdsInput); }
 
+    // Keeps what was typed for the next start, where the program is ended and nobody may be asked.
+    void setOnKeep(std::function<void()> keep) { m_keep = std::move(keep); }
+
     bool holdsInput() const { return m_holdsInput && m_holdsInput(); }
 
     // Takes the sheet off the window and deletes it.
@@ -65,6 +68,7 @@ private:
     QPointer<QWidget> m_firstFocus;
     std::function<void()> m_cancelled;
     std::function<bool()> m_holdsInput;
+    std::function<void()> m_keep;
 };
 
 // What a window puts its sheets on. While there is one, all that lies beneath takes no focus, no click and no shortcut
@@ -82,6 +86,9 @@ public:
 
     // Whether a sheet holds what was typed and is kept nowhere else.
     bool holdsInput() const;
+
+    // Of all sheets, what can be kept.
+    void keepInput() const;
 
     // Called whenever the first sheet comes and the last one goes.
     void setOnCover(std::function<void(bool)> covered) { m_covered = std::move(covered); }

@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QTextCursor>
 
 #include <cmath>
 
@@ -25,6 +26,7 @@ TextArea::TextArea(const QString &name, int lines, QWidget *parent) : QWidget(pa
     m_editor->setFont(AppTheme::instance().font(TextStyle::Body));
     m_editor->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_editor->document()->setDocumentMargin(0);
+    m_editor->document()->clearUndoRedoStacks(); // Nobody takes back how it looks.
     m_editor->viewport()->setAutoFillBackground(false);
     QPalette own; // Only its ground is its own, the rest follows the window.
     own.setColor(QPalette::Base, Qt::transparent);
@@ -47,6 +49,14 @@ void TextArea::setText(const QString &text)
 {
     m_editor->setPlainText(text);
     m_editor->document()->setModified(false);
+}
+
+void TextArea::retype(const QString &text)
+{
+    QTextCursor cursor(m_editor->document());
+    cursor.select(QTextCursor::Document);
+    cursor.insertText(text);
+    m_editor->document()->setModified(true); // Whatever was there.
 }
 
 void TextArea::setOnTextChange(std::function<void()> changed)

@@ -17,6 +17,9 @@ public:
     QString text() const;
     void setText(const QString &text);
 
+    // As the user would, who can take it back.
+    void retype(const QString &text);
+
     // Whether the user has changed the text that was set.
     bool isModified() const { return m_editor->document()->isModified(); }
 

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/TextKeys.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTextEdit>
 
 #include <algorithm>
@@ -32,6 +35,20 @@ constexpr Qt::Key placeKeys[] = {Qt::Key_Left, Qt::Key_Right,  Qt::Key_Up,      
                                  Qt::Key_End,  Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Insert};
 
 constexpr Qt::KeyboardModifiers larger = Qt::ControlModifier | Qt::ShiftModifier | Qt::KeypadModifier;
+
+// File managers offer the names of files as texts, too.
+bool isPictureOrFile(const QMimeData *data)
+{
+    return data && (!data->hasFormat("text/plain") || data->hasFormat("x-special/gnome-copied-files"));
+}
+
+bool hasOwnUndo(const QWidget *field)
+{
+    if (const auto *const line = qobject_cast<const QLineEdit *>(field))
+        return line->isUndoAvailable();
+    const auto *const text = qobject_cast<const QTextEdit *>(field);
+    return text && text->document()->isUndoAvailable();
+}
 
 } // namespace
 
@@ -65,6 +82,24 @@ bool TextKeys::isWriting(const QKeyEvent &event, const QWidget *field)
         return false;
     const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
     return isCharacter(event) || isEditing(event) || (isReturn && qobject_cast<const QTextEdit *>(field));
+}
+
+bool TextKeys::isLeft(const QEvent &event, const QWidget *field)
+{
+    if (event.type() != QEvent::ShortcutOverride)
+        return false;
+    const auto &key = static_cast<const QKeyEvent &>(event);
+    if (key.matches(QKeySequence::Paste))
+        return isPictureOrFile(QGuiApplication::clipboard()->mimeData());
+    return key.matches(QKeySequence::Undo) && !hasOwnUndo(field);
+}
+
+void TextKeys::pasteInto(QWidget *field)
+{
+    if (auto *const line = qobject_cast<QLineEdit *>(field))
+        line->paste();
+    else if (auto *const text = qobject_cast<QTextEdit *>(field))
+        text->paste();
 }
 
 bool TextKeys::isModifierAlone(const QKeyEvent &event)

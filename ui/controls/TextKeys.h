@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+class QEvent;
 class QKeyEvent;
 class QWidget;
 
@@ -18,6 +19,13 @@ bool isCharacter(const QKeyEvent &event);
 
 // Whether the press changes this field's text or the place in it.
 bool isWriting(const QKeyEvent &event, const QWidget *field);
+
+// Asked whether a shortcut may have the key: whether the field has no use for it, as it has nothing of its own to take
+// back, or what is to be pasted is a picture or a file.
+bool isLeft(const QEvent &event, const QWidget *field);
+
+// What a shortcut does that was left the key to paste and has no use for it either.
+void pasteInto(QWidget *field);
 
 // Shift, Control and their like.
 bool isModifierAlone(const QKeyEvent &event);

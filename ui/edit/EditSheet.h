@@ -5,31 +5,47 @@
 #include "ui/controls/Sheet.h"
 
 #include <QCoreApplication>
+#include <QVariant>
 
 namespace ardeno {
 
 class CheckpointEditing;
+class Choice;
+class KeptForms;
 class Library;
 class Messages;
-class Choice;
+class Navigation;
 class TextArea;
 class TextField;
+
+struct EditParts {
+    const Library &library;
+    CheckpointEditing &editing;
+    Messages &messages;
+    KeptForms &kept;
+};
 
 // A checkpoint's title, project and notes in one form; nothing is stored before "Save context".
 class EditSheet final : public Sheet {
     Q_DECLARE_TR_FUNCTIONS(ardeno::EditSheet)
 
 public:
-    EditSheet(const Library &library, CheckpointEditing &editing, Messages &messages, const Checkpoint &checkpoint);
+    EditSheet(const EditParts &parts, const Checkpoint &checkpoint);
+
+    // The form that was open when the program was ended, with what stood in it.
+    static void reopenKept(const EditParts &parts, Navigation &navigation, SheetHost &host);
 
 private:
     Choice *makeProjects(const Checkpoint &checkpoint);
+    QWidget *makeForm();
     void save();
+    void keep() const;
+    void fillKept();
 
-    const Library &m_library;
-    CheckpointEditing &m_editing;
-    Messages &m_messages;
+    EditParts m_parts;
     QUuid m_id;
+    QVariant m_projectBefore;
+    QWidget *m_keptNote;
     Choice *m_project;
     TextField *m_title;
     TextArea *m_objective;

@@ -19,8 +19,8 @@ struct ArchivingTexts final {
 
 } // namespace
 
-ArchivingStrip::ArchivingStrip(ProjectOperations &projects, QWidget *parent)
-    : QWidget(parent), m_projects(projects), m_text(makeParagraphOfLines(2))
+ArchivingStrip::ArchivingStrip(ProjectOperations &projects, const Library &library, QWidget *parent)
+    : QWidget(parent), m_projects(projects), m_library(library), m_text(makeParagraphOfLines(2))
 {
     QHBoxLayout *const row = makeStripRow(this);
     row->addWidget(new SymbolView("archivebox", Role::AccentText));
@@ -31,21 +31,27 @@ ArchivingStrip::ArchivingStrip(ProjectOperations &projects, QWidget *parent)
     Button *const close = Button::makeIcon("xmark", ArchivingTexts::tr("Dismiss the message"));
     connect(close, &QAbstractButton::clicked, this, [this] { m_projects.dismissArchiving(); });
     row->addWidget(close);
-    m_observations.watch([this] { showArchiving(); }, projects.lastArchiving);
+    m_observations.watch([this] { showArchiving(); }, projects.lastArchiving, library.projects);
 }
 
 void ArchivingStrip::showArchiving()
 {
     const std::optional<Archiving> &last = m_projects.lastArchiving();
     setVisible(last.has_value());
-    if (!last)
+    if (!last) {
+        setAccessibleName({});
         return;
+    }
     const QString sentence = last->before ? ArchivingTexts::tr("“%1” is back among your projects.")
                                           : ArchivingTexts::tr("“%1” is in the archive now.");
-    m_text->setText(sentence.arg(last->projectName));
-    setAccessibleName(m_text->text());
-    QAccessibleEvent said(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&said);
+    const Project *const project = m_library.project(last->projectID);
+    const QString said = sentence.arg(project ? project->name : last->projectName);
+    if (said == accessibleName())
+        return;
+    m_text->setText(said);
+    setAccessibleName(said);
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 void ArchivingStrip::paintEvent(QPaintEvent *)

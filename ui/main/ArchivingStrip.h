@@ -12,7 +12,7 @@ namespace ardeno {
 // Which project went to the archive or came from there, and the way back.
 class ArchivingStrip final : public QWidget {
 public:
-    explicit ArchivingStrip(ProjectOperations &projects, QWidget *parent = nullptr);
+    ArchivingStrip(ProjectOperations &projects, const Library &library, QWidget *parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -21,6 +21,7 @@ private:
     void showArchiving();
 
     ProjectOperations &m_projects;
+    const Library &m_library;
     QLabel *m_text;
     Observations m_observations;
 };

@@ -11,6 +11,7 @@
 #include "ui/controls/TextKeys.h"
 #include "ui/main/ArchivingStrip.h"
 #include "ui/main/DetailBar.h"
+#include "ui/main/LastUndo.h"
 #include "ui/main/Presentations.h"
 #include "ui/main/RemarkStrips.h"
 #include "ui/main/Sidebar.h"
@@ -41,6 +42,7 @@ struct MainWindow::Actions {
     QAction *search = nullptr;
     QAction *next = nullptr;
     QAction *previous = nullptr;
+    QAction *undo = nullptr;
     QAction *remove = nullptr;
     QAction *settings = nullptr;
     QAction *fullScreen = nullptr;
@@ -97,12 +99,16 @@ void MainWindow::open(AppStore &store, Screens screens)
     m_presentations = std::make_unique<Presentations>(ViewParts::ofProjects(store), store.messages, store.deletion,
                                                       m_screens, sheets());
     m_noteQuestion = std::make_unique<UnsavedNoteQuestion>(store.library, store.navigation, store.editing, sheets());
+    m_lastUndo = std::make_unique<LastUndo>(store.projects, store.removals, store.navigation);
     makeActions();
     sheets().setOnCover([this](bool) { enableActions(); });
     m_observations = std::make_unique<Observations>();
     m_observations->watch([this] { showContent(); }, store.navigation.selectedProjectID, store.navigation.selection,
                           store.library.projects, store.library.checkpoints);
-    m_observations->watch([this] { enableActions(); }, store.operations.busy, store.recorder.recording);
+    m_observations->watch([this] { enableActions(); }, store.operations.busy, store.recorder.recording,
+                          store.removals.lastRemoval, store.projects.lastArchiving);
+    if (m_screens.reopenKept)
+        m_screens.reopenKept(sheets());
     store.applications.watchRunningApplications();
     reportMissingServices(store.messages);
 }
@@ -129,9 +135,9 @@ QWidget *MainWindow::makeDetailColumn()
     m_foot = new QWidget;
     auto *foot = makeColumn(0, m_foot);
     foot->addWidget(new RemarkStrips(m_store->messages, m_store->applications, m_store->sessions));
-    foot->addWidget(new ArchivingStrip(m_store->projects));
+    foot->addWidget(new ArchivingStrip(m_store->projects, m_store->library));
     foot->addWidget(
-        new NoticeStrip(m_store->messages, m_store->navigation, m_store->library, m_store->resuming, [this] {
+        new NoticeStrip(m_store->messages, m_store->navigation, m_store->library, m_store->resumes, [this] {
             if (m_detail)
                 m_detail->showShortfall();
         }));
@@ -182,6 +188,7 @@ QWidget *MainWindow::makeEmptyProject()
     QObject::connect(save, &QAbstractButton::clicked, m_actions->save, &QAction::trigger);
     column->addWidget(save, 0, Qt::AlignHCenter);
     column->addStretch();
+    empty->setFocusProxy(save);
     return empty;
 }
 
@@ -204,13 +211,15 @@ void MainWindow::showContent()
     const auto wanted = std::pair(project ? std::optional(project->id) : std::nullopt,
                                   checkpoint ? std::optional(checkpoint->id) : std::nullopt);
     enableActions();
+    QWidget *const before = m_view;
+    const QWidget *const focused = window()->focusWidget();
+    const bool hadFocus =
+        (before && before->isAncestorOf(focused)) || (!checkpoint && m_timelineGround->isAncestorOf(focused));
     m_projectHead->setVisible(project);
     m_timelineGround->setVisible(checkpoint);
     if (m_shown == wanted)
         return;
     m_shown = wanted;
-    QWidget *const before = m_view;
-    const bool hadFocus = before && before->isAncestorOf(window()->focusWidget());
     m_view = makeContent();
     m_contentColumn->addWidget(m_view);
     delete before;
@@ -242,6 +251,8 @@ void MainWindow::makeActions()
                           [this] { m_timeline->selectNeighbour(1); });
     m_actions->previous = add(tr("Previous checkpoint"), Qt::CTRL | Qt::Key_PageUp, "arrow.left",
                               [this] { m_timeline->selectNeighbour(-1); });
+    m_actions->undo = add(tr("Undo"), Qt::CTRL | Qt::Key_Z, "arrow.uturn.backward", [this] { m_lastUndo->undo(); });
+    m_actions->undo->setAutoRepeat(false); // A key that is held takes back one thing.
     m_actions->remove =
         add(tr("Delete checkpoint…"), Qt::CTRL | Qt::Key_Delete, "trash", [this] { m_presentations->confirmDelete(); });
     m_actions->settings = add(tr("Settings"), Qt::CTRL | Qt::Key_Comma, "slider.horizontal.3",
@@ -268,6 +279,7 @@ void MainWindow::enableActions()
     m_actions->save->setEnabled(isReachable && isIdle && m_store->navigation.selectedProject());
     m_actions->next->setEnabled(isReachable && hasCheckpoint);
     m_actions->previous->setEnabled(isReachable && hasCheckpoint);
+    m_actions->undo->setEnabled(isReachable && m_lastUndo->isPossible());
     m_actions->remove->setEnabled(isReachable && hasCheckpoint && !m_store->navigation.selected()->isSample);
     m_actions->settings->setVisible(static_cast<bool>(m_screens.preferences));
     m_actions->settings->setEnabled(isReachable);
@@ -281,6 +293,7 @@ void MainWindow::fillMenu(QMenu *menu)
     menu->addAction(m_actions->next);
     menu->addAction(m_actions->previous);
     menu->addSeparator();
+    menu->addAction(m_actions->undo);
     menu->addAction(m_actions->remove);
     menu->addSeparator();
     menu->addAction(m_actions->fullScreen);
@@ -296,8 +309,9 @@ void MainWindow::addMenuActions(const QList<QAction *> &actions)
 
 bool MainWindow::event(QEvent *event)
 {
-    const bool isShortcut = event->type() == QEvent::ShortcutOverride && TextKeys::isField(QApplication::focusWidget());
-    if (isShortcut && TextKeys::isEditing(*static_cast<QKeyEvent *>(event))) {
+    const QWidget *const focused = QApplication::focusWidget();
+    const bool isShortcut = event->type() == QEvent::ShortcutOverride && TextKeys::isField(focused);
+    if (isShortcut && TextKeys::isEditing(*static_cast<QKeyEvent *>(event)) && !TextKeys::isLeft(*event, focused)) {
         event->accept();
         return true;
     }

@@ -16,6 +16,7 @@ namespace ardeno {
 
 class AppStore;
 class CheckpointDetail;
+class LastUndo;
 class Presentations;
 class ProjectTimeline;
 class Sidebar;
@@ -82,6 +83,7 @@ private:
     QPointer<CheckpointDetail> m_detail;
     std::optional<std::pair<std::optional<QUuid>, std::optional<QUuid>>> m_shown; // Project and checkpoint.
     std::unique_ptr<Actions> m_actions;
+    std::unique_ptr<LastUndo> m_lastUndo;
     std::unique_ptr<Presentations> m_presentations;
     std::unique_ptr<UnsavedNoteQuestion> m_noteQuestion;
     QList<QAction *> m_applicationActions;

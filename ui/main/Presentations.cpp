@@ -58,21 +58,25 @@ void Presentations::showDeletingProject()
     if (!m_parts.sheets.deletingProject() || m_deleting)
         return;
     const Project project = *m_parts.sheets.deletingProject();
+    const qsizetype count = m_parts.library.checkpointsFor(project.id).size();
     const AlertText question{
         .title = PresentationTexts::tr("Delete project?"),
         .message = PresentationTexts::tr(
                        "Delete “%1” and all %n checkpoints, including their local screenshots and recordings? This "
                        "cannot be undone.",
-                       "", static_cast<int>(m_parts.library.checkpointsFor(project.id).size()))
+                       "", static_cast<int>(count))
                        .arg(project.name),
         .confirm = PresentationTexts::tr("Delete project"),
         .cancel = PresentationTexts::tr("Cancel"),
         .kind = Button::Kind::Destructive,
     };
-    m_deleting = presentAlert(m_host, question, [this, id = project.id](bool isConfirmed) {
+    m_deleting = presentAlert(m_host, question, [this, project, count](bool isConfirmed) {
+        m_deleting = nullptr;
         m_parts.sheets.closeDeletion();
-        if (isConfirmed)
-            m_deletion.deleteProject(id);
+        if (isConfirmed && m_parts.library.checkpointsFor(project.id).size() != count)
+            m_parts.sheets.askToDelete(project); // A command has saved another one: it is asked anew.
+        else if (isConfirmed)
+            m_deletion.deleteProject(project.id);
     });
 }
 

@@ -56,6 +56,10 @@ ProjectListView::ProjectListView(const ProjectParts &parts, QWidget *parent)
         showMenu(this, place,
                  [&](QMenu *menu) { ProjectActions::fill(menu, m_parts, m_model.rows().at(index.row()).id); });
     });
+    setOnDelete([this](const QModelIndex &index) {
+        if (const Project *const project = m_parts.library.project(m_model.rows().at(index.row()).id))
+            m_parts.sheets.askToDelete(*project);
+    });
     m_observations.watch(
         [this] {
             m_counts = ProjectListModel::count(m_parts.library.projects().isEmpty() ? m_parts.library.sampleHistory()

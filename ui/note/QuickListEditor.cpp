@@ -42,7 +42,8 @@ QuickListEditor::QuickListEditor(const QString &title, double fontPixels, QWidge
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setViewportMargins(0, topInset, 0, topInset);
     document()->setDocumentMargin(0);
-    QPalette own; // Only its ground is its own, the rest follows the window.
+    document()->clearUndoRedoStacks(); // Nobody takes back how it looks.
+    QPalette own;                      // Only its ground is its own, the rest follows the window.
     own.setColor(QPalette::Base, Qt::transparent);
     setPalette(own);
     connect(document(), &QTextDocument::contentsChanged, this, [this] {
@@ -116,6 +117,14 @@ bool QuickListEditor::continueList()
     if (edit)
         replace(edit->range.location, edit->range.length, edit->replacement);
     return edit.has_value();
+}
+
+bool QuickListEditor::event(QEvent *event)
+{
+    if (!TextKeys::isLeft(*event, this))
+        return QTextEdit::event(event);
+    event->ignore();
+    return true;
 }
 
 void QuickListEditor::keyPressEvent(QKeyEvent *event)

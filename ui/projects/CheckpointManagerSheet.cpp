@@ -49,6 +49,9 @@ PlainList *CheckpointManagerSheet::makeList()
             CheckpointActions::fill(menu, m_parts, m_model.rows().at(index.row()), this, [this] { close(); });
         });
     });
+    list->setOnDelete([this](const QModelIndex &index) {
+        CheckpointActions::confirmDelete(this, m_store, m_model.rows().at(index.row()));
+    });
     connect(list->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex &current, const QModelIndex &before) {
                 if (before.isValid() && before != m_pointed)

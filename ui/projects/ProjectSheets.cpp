@@ -79,6 +79,7 @@ Sheet *makeRenameSheet(const ProjectParts &parts, const Project &project)
         });
     needName(name, rename);
     sheet->setFirstFocus(name);
+    sheet->setHoldsInput([name, before = project.name] { return name->text() != before; });
     return sheet;
 }
 

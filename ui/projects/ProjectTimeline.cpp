@@ -104,6 +104,10 @@ FollowingList *ProjectTimeline::makeStrip()
             CheckpointActions::fill(menu, m_parts, m_model.rows().at(index.row()), this, {});
         });
     });
+    strip->setOnDelete([this](const QModelIndex &index) {
+        if (const Checkpoint &checkpoint = m_model.rows().at(index.row()); !checkpoint.isSample)
+            CheckpointActions::confirmDelete(this, m_store, checkpoint);
+    });
     return strip;
 }
 

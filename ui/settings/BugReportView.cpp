@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/settings/BugReportView.h"
 
+#include "json/Json.h"
 #include "store/Applications.h"
+#include "store/KeptForms.h"
 #include "ui/controls/Alert.h"
 #include "ui/controls/Fields.h"
 #include "ui/controls/Ground.h"
@@ -12,9 +14,25 @@
 
 namespace ardeno {
 
-BugReportView::BugReportView(Applications &applications)
+namespace {
+
+struct KeptReport final : BugReportDraft {
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            Field{"title", &KeptReport::title},
+            Field{"details", &KeptReport::details},
+            Field{"steps", &KeptReport::steps},
+        };
+    }
+};
+
+} // namespace
+
+BugReportView::BugReportView(Applications &applications, KeptForms &kept)
     : Sheet(tr("Report a bug"), 540),
       m_applications(applications),
+      m_kept(kept),
       m_title(new TextField(tr("Short summary"), tr("e.g. Saving stays stuck at 90%")))
 {
     auto *head = makeColumn(4);
@@ -35,7 +53,29 @@ BugReportView::BugReportView(Applications &applications)
     connect(m_title, &QLineEdit::textChanged, this, [this] { showDraft(); });
     setFirstFocus(m_title);
     setHoldsInput([this] { return !(m_title->text() + m_details->text() + m_steps->text()).trimmed().isEmpty(); });
+    setOnKeep([this] { m_kept.keepReport(QString::fromUtf8(json::encode(KeptReport{draft()}))); });
+    if (!kept.report().isEmpty())
+        fillKept();
     showDraft();
+}
+
+void BugReportView::fillKept()
+{
+    try {
+        const auto draft = json::decode<KeptReport>(m_kept.report().toUtf8());
+        m_title->setText(draft.title);
+        m_details->setText(draft.details);
+        m_steps->setText(draft.steps);
+    } catch (const Failure &) {
+        // Nobody can say what it was.
+    }
+    setOnCancel([this] { m_kept.keepReport({}); }); // It has been sent or discarded.
+}
+
+void BugReportView::reopenKept(Applications &applications, KeptForms &kept, SheetHost &host)
+{
+    if (!kept.report().isEmpty())
+        host.present(new BugReportView(applications, kept));
 }
 
 TextArea *BugReportView::addArea(QVBoxLayout *column, const QString &label, int lines)

@@ -9,6 +9,7 @@
 namespace ardeno {
 
 class Applications;
+class KeptForms;
 class TextArea;
 class TextField;
 
@@ -17,17 +18,22 @@ class BugReportView final : public Sheet {
     Q_DECLARE_TR_FUNCTIONS(ardeno::BugReportView)
 
 public:
-    explicit BugReportView(Applications &applications);
+    BugReportView(Applications &applications, KeptForms &kept);
+
+    // The form that was open when the program was ended, with what stood in it.
+    static void reopenKept(Applications &applications, KeptForms &kept, SheetHost &host);
 
 private:
     TextArea *addArea(QVBoxLayout *column, const QString &label, int lines);
     QWidget *makePrivacyNote();
     BugReportDraft draft() const;
+    void fillKept();
     void showDraft();
     void copy();
     void openMail();
 
     Applications &m_applications;
+    KeptForms &m_kept;
     TextField *m_title;
     TextArea *m_details;
     TextArea *m_steps;

@@ -18,6 +18,7 @@
 
 #include <QAccessible>
 #include <QKeyEvent>
+#include <QShortcut>
 
 #include <algorithm>
 #include <utility>
@@ -108,6 +109,12 @@ ExclusionsView::ExclusionsView(ExclusionRules &rules, const Applications &applic
     addApps(controls);
     controls->addSpacing(8);
     addWebsites(controls);
+    auto *const keys = new QShortcut(QKeySequence::Undo, this);
+    keys->setAutoRepeat(false);
+    connect(keys, &QShortcut::activated, this, [this] {
+        if (!m_undo->isHidden())
+            undo();
+    });
     m_startOver = addButton(tr("Start over"), Button::Kind::Bordered, [this] { m_rules.startExclusionsOver(); });
     addButton(tr("Done"), Button::Kind::Prominent, [this] { cancel(); });
     setHoldsInput([this] { return !m_domain->text().trimmed().isEmpty(); }); // It is not excluded yet.

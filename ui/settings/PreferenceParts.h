@@ -3,6 +3,7 @@
 
 #include "store/Applications.h"
 #include "store/CaptureDrafts.h"
+#include "store/KeptForms.h"
 #include "store/Library.h"
 #include "store/Navigation.h"
 #include "store/OpenSheets.h"
@@ -20,6 +21,7 @@ struct PreferenceParts {
     QuickSaveShortcut &shortcut;
     Updates &updates;
     Applications &applications;
+    KeptForms &keptForms;
 };
 
 } // namespace ardeno

@@ -148,7 +148,7 @@ QWidget *PreferencesView::makeContact()
                  {makeButton(tr("Join the newsletter"), {}, [] { Links::openNewsletter(); })});
     const auto reportBug = [this] {
         if (SheetHost *const host = SheetHost::of(this))
-            host->present(new BugReportView(m_parts.applications));
+            host->present(new BugReportView(m_parts.applications, m_parts.keptForms));
     };
     card->addRow({.title = tr("Contact & support"),
                   .explanation = tr("Questions, feedback or a problem? We’ll open your default email app so you can "

@@ -4,6 +4,7 @@
 #include "store/AppStore.h"
 #include "ui/ViewParts.h"
 #include "ui/edit/EditSheet.h"
+#include "ui/settings/BugReportView.h"
 #include "ui/settings/ExclusionsView.h"
 #include "ui/settings/Links.h"
 #include "ui/settings/PreferencesView.h"
@@ -20,7 +21,11 @@ void addSettingsScreens(Screens *screens, AppStore &store)
         return new ExclusionsView(store.rules, store.applications, store.sheets, store.recorder);
     };
     screens->edit = [&store](const Checkpoint &checkpoint) {
-        return new EditSheet(store.library, store.editing, store.messages, checkpoint);
+        return new EditSheet({store.library, store.editing, store.messages, store.keptForms}, checkpoint);
+    };
+    screens->reopenKept = [&store](SheetHost &host) {
+        EditSheet::reopenKept({store.library, store.editing, store.messages, store.keptForms}, store.navigation, host);
+        BugReportView::reopenKept(store.applications, store.keptForms, host);
     };
     screens->viewScreenshot = [viewers = std::make_shared<ScreenshotViewers>(), &store](const QString &file) {
         viewers->show(file)->closeWithout(store.library, store.media);

@@ -20,10 +20,11 @@ void showChip(Chip *chip, int count, const QString &text, const QString &symbol,
 
 } // namespace
 
-RestoreSheet::RestoreSheet(ResumeFlow &resuming, Applications &applications, OpenSheets &sheets,
+RestoreSheet::RestoreSheet(ResumeFlow &resuming, const Library &library, Applications &applications, OpenSheets &sheets,
                            const Operations &operations, const Checkpoint &checkpoint)
     : Sheet(tr("Ready to resume."), RestoreList::contentWidth + 56),
       m_resuming(resuming),
+      m_library(library),
       m_sheets(sheets),
       m_operations(operations),
       m_checkpoint(checkpoint),
@@ -56,6 +57,12 @@ RestoreSheet::RestoreSheet(ResumeFlow &resuming, Applications &applications, Ope
         refreshPlan(); // Pages may have been opened meanwhile.
     });
     readAccess();
+    m_observations.watch(
+        [this] {
+            if (!m_checkpoint.isSample && !m_library.checkpoint(m_checkpoint.id))
+                m_sheets.close(&OpenSheets::showRestore); // It was deleted meanwhile.
+        },
+        library.checkpoints);
     m_observations.watch([this] { showUnplaced(); }, resuming.unplacedWindows, operations.busy);
     // A resume that was begun elsewhere has opened pages, too.
     m_observations.watch([this] { refreshPlan(); }, applications.runningApplicationIDs, operations.busy);

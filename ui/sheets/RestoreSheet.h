@@ -19,7 +19,7 @@ class Switch;
 // Shows what resuming a checkpoint would do and lets the user choose. It follows applications that start and end.
 class RestoreSheet final : public Sheet {
 public:
-    RestoreSheet(ResumeFlow &resuming, Applications &applications, OpenSheets &sheets, const Operations &operations,
+    RestoreSheet(ResumeFlow &resuming, const Library &library, Applications &applications, OpenSheets &sheets, const Operations &operations,
                  const Checkpoint &checkpoint);
 
 private:
@@ -37,6 +37,7 @@ private:
     void resume();
 
     ResumeFlow &m_resuming;
+    const Library &m_library;
     OpenSheets &m_sheets;
     const Operations &m_operations;
     Checkpoint m_checkpoint;

@@ -62,13 +62,24 @@ void holdStandardStreams()
     }
 }
 
+// Without what a session manager adds when it starts a session again, which the window's program knows.
+int ownCount(int count, char **arguments)
+{
+    for (int at = 1; at < count; ++at) {
+        if (arguments[at] == std::string_view("-session"))
+            return at;
+    }
+    return count;
+}
+
 } // namespace
 
 int main(int count, char **arguments)
 {
     holdStandardStreams();
-    const bool isAlone = count == 1;
-    const bool isBackground = count == 2 && arguments[1] == std::string_view("--background");
+    const int own = ownCount(count, arguments);
+    const bool isAlone = own == 1;
+    const bool isBackground = own == 2 && arguments[1] == std::string_view("--background");
     const bool canShow = (isAlone || isBackground) && isDisplayReachable();
     if (isAlone && !canShow) {
         std::fputs("There is no display to open a window on. See ardeno --help for what works without one.\n", stderr);

@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "media/PngWriter.h"
+#include "support/Finish.h"
+#include "tests/ui/WindowFixture.h"
+#include "ui/note/QuickListEditor.h"
+#include "ui/settings/SettingsScreens.h"
+#include "ui/sheets/SheetScreens.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QImage>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QProcess>
+#include <QTest>
+#include <QUrl>
+
+using namespace ardeno;
+
+namespace {
+
+struct OddWays : WindowFixture {
+    OddWays()
+    {
+        addSheetScreens(screens);
+        addSettingsScreens(&screens);
+    }
+
+    ~OddWays() { QApplication::clipboard()->clear(); }
+
+    void openProjects()
+    {
+        openWindow();
+        for (const char *name : {"Apples", "Books", "Cellar", "Dance"})
+            store().createProject(name);
+        settle();
+    }
+
+    QString shown() const { return opened->selectedProject() ? opened->selectedProject()->name : QString(); }
+
+    static QString selectedRow(const QListView *view)
+    {
+        const QModelIndexList rows = view->selectionModel()->selectedIndexes();
+        return rows.size() == 1 ? rows.first().data().toString() : QString();
+    }
+
+    QString imageFile() const
+    {
+        const QString path = home.filePath("image.png");
+        writeFile(path, PngWriter::encoded({2, 2}, QByteArray(16, '\x40')));
+        return path;
+    }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(OddWays, "what goes or comes below the keys leaves page and highlight together")
+{
+    openProjects();
+    QListView *const projects = list("Projects");
+    projects->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(projects, Qt::Key_Up);
+    store().deleteProject(store().projects().at(2).id); // Where the keys are, before the page has followed.
+    QTest::qWait(300);
+    CHECK(shown() == selectedRow(projects));
+    CHECK_FALSE(shown().isEmpty());
+
+    QTest::keyClick(projects, Qt::Key_Home);
+    store().search.set("boo"); // The row is no longer listed.
+    QTest::qWait(300);
+    CHECK((selectedRow(projects).isEmpty() || shown() == selectedRow(projects)));
+    store().search.set({});
+    settle();
+    CHECK(shown() == selectedRow(projects));
+
+    QTest::keyClick(projects, Qt::Key_Home);
+    store().reorderProjects(store().projects().last().id, store().projects().first().id, [&] {
+        QList<QUuid> ids;
+        for (const Project &project : store().projects())
+            ids << project.id;
+        return ids;
+    }());
+    QTest::qWait(300);
+    CHECK(shown() == selectedRow(projects));
+    CHECK(shown() == "Apples");
+}
+
+TEST_CASE_FIXTURE(OddWays, "keys that move projects move them among those that are seen, and no further than the ends")
+{
+    openProjects();
+    QListView *const projects = list("Projects");
+    store().search.set("e"); // Apples, Cellar, Dance.
+    settle();
+    REQUIRE(projects->model()->rowCount() == 3);
+    projects->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_End);
+    press(Qt::Key_Down, Qt::AltModifier);
+    CHECK(namesOf(store().projects()) == QStringList{"Apples", "Books", "Cellar", "Dance"});
+    press(Qt::Key_Up, Qt::AltModifier);
+    CHECK(namesOf(store().projects()) == QStringList{"Apples", "Books", "Dance", "Cellar"});
+    press(Qt::Key_Up, Qt::AltModifier);
+    press(Qt::Key_Up, Qt::AltModifier);
+    CHECK(namesOf(store().projects()) == QStringList{"Dance", "Books", "Apples", "Cellar"});
+}
+
+TEST_CASE_FIXTURE(OddWays, "an image on the clipboard goes to the picture below the pointer, a text to the field")
+{
+    const Checkpoint checkpoint = saveCheckpoint(openProject(), "Chapter", 10);
+    settle();
+    auto *const search = qobject_cast<QLineEdit *>(widget("Find a project"));
+    search->setFocus();
+    QWidget *const card = button("Replace image…")->parentWidget()->parentWidget();
+    const QPoint place = card->mapToGlobal(card->rect().center());
+    QProcess::execute("xdotool", {"mousemove", QString::number(place.x()), QString::number(place.y())});
+    REQUIRE(eventually([&] { return card->underMouse(); }));
+    QImage image(20, 10, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    QApplication::clipboard()->setImage(image);
+    press(Qt::Key_V, Qt::ControlModifier);
+    CHECK(eventually([&] { return store().checkpoint(checkpoint.id)->screenshot != checkpoint.screenshot; }));
+    CHECK(search->text().isEmpty());
+    const std::optional<QString> added = store().checkpoint(checkpoint.id)->screenshot;
+    QApplication::clipboard()->setText("Chap");
+    press(Qt::Key_V, Qt::ControlModifier);
+    CHECK(search->text() == "Chap");
+    // A file that was copied is no text below the pointer, and one elsewhere.
+    const auto copyFile = [](const QString &path) {
+        auto *const copied = new QMimeData;
+        copied->setText(path);
+        copied->setUrls({QUrl::fromLocalFile(path)});
+        copied->setData("x-special/gnome-copied-files", "copy\nfile://" + path.toUtf8());
+        QApplication::clipboard()->setMimeData(copied);
+    };
+    copyFile(imageFile());
+    press(Qt::Key_V, Qt::ControlModifier);
+    REQUIRE(eventually([&] { return store().checkpoint(checkpoint.id)->screenshot != added; }));
+    const std::optional<QString> copied = store().checkpoint(checkpoint.id)->screenshot;
+    CHECK(search->text() == "Chap");
+    QProcess::execute("xdotool", {"mousemove", "1900", "1060"});
+    REQUIRE(eventually([&] { return !card->underMouse(); }));
+    press(Qt::Key_V, Qt::ControlModifier);
+    CHECK(search->text().size() > 4);
+    CHECK(store().checkpoint(checkpoint.id)->screenshot == copied);
+}
+
+TEST_CASE_FIXTURE(OddWays, "the undo key leaves the looks of a note alone")
+{
+    saveCheckpoint(openProject(), "Chapter", 10);
+    settle();
+    auto *const note = dynamic_cast<QuickListEditor *>(widget("Where you left off"));
+    REQUIRE(note);
+    note->setFocus();
+    for (int round = 0; round < 3; ++round)
+        press(Qt::Key_Z, Qt::ControlModifier);
+    CHECK(note->document()->documentMargin() == 0);
+}
+
+TEST_CASE_FIXTURE(OddWays, "pictures that are replaced twice, and those of what is deleted, leave nothing behind")
+{
+    const QUuid project = openProject();
+    const Checkpoint checkpoint = saveCheckpoint(project, "Chapter", 10);
+    finish(store().importScreenshot(imageFile(), checkpoint.id));
+    const std::optional<QString> first = store().checkpoint(checkpoint.id)->screenshot;
+    finish(store().importScreenshot(imageFile(), checkpoint.id));
+    settle();
+    press(Qt::Key_Z, Qt::ControlModifier);
+    CHECK(store().checkpoint(checkpoint.id)->screenshot == first);
+    press(Qt::Key_Z, Qt::ControlModifier); // And forth.
+    CHECK(store().checkpoint(checkpoint.id)->screenshot != first);
+    store().deleteProject(project);
+    settle();
+    press(Qt::Key_Z, Qt::ControlModifier);
+    CHECK(store().projects().isEmpty());
+    CHECK_FALSE(QDir(mediaFolder(checkpoint)).exists());
+    CHECK_FALSE(store().error());
+}
+
+TEST_CASE_FIXTURE(OddWays,
+                  "an archived project that is renamed, deleted or archived again is never spoken of by an old name")
+{
+    openProjects();
+    const QUuid id = store().projects().first().id;
+    store().setProjectArchived(id, true);
+    store().renameProject(id, "Pears");
+    settle();
+    CHECK(seesText(u"“Pears” is in the archive now."_qs));
+    store().setProjectArchived(id, false);
+    settle();
+    press(Qt::Key_Z, Qt::ControlModifier);
+    CHECK(store().project(id)->archivedAt);
+    store().setProjectArchived(id, true);
+    store().deleteProject(id);
+    settle();
+    press(Qt::Key_Z, Qt::ControlModifier);
+    CHECK_FALSE(seesText(u"“Pears” is in the archive now."_qs));
+    CHECK(store().projects().size() == 3);
+}
+
+TEST_CASE_FIXTURE(OddWays, "a search of spaces, a pasted line break and what is found by nothing do no harm")
+{
+    openProjects();
+    auto *const search = qobject_cast<QLineEdit *>(widget("Find a project"));
+    search->setFocus();
+    type("   ");
+    press(Qt::Key_Return);
+    press(Qt::Key_Down);
+    settle();
+    CHECK(QApplication::focusWidget() != nullptr);
+    press(Qt::Key_F, Qt::ControlModifier);
+    QApplication::clipboard()->setText("Boo\n");
+    press(Qt::Key_V, Qt::ControlModifier);
+    CHECK(list("Projects")->model()->rowCount() == 1);
+    press(Qt::Key_Return);
+    CHECK(shown() == "Books");
+}
