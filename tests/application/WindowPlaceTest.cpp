@@ -105,6 +105,7 @@ TEST_CASE_FIXTURE(PlaceFixture, "a window whose screen has gone keeps its size a
     split(left.width());
     startApplication({});
     REQUIRE(waitForWindow("Ardeno"));
+    REQUIRE(comesWithin(left));
     moveTo({left.width() + 5, 200, 960, 700});
     REQUIRE(eventually([&] { return place().left() > left.width() && place().height() == 700; }));
     CHECK(terminate().status == 0);

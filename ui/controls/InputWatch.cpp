@@ -122,9 +122,9 @@ void InputWatch::returnToPlace()
 void InputWatch::leaveVanishing(const QWidget *vanishing)
 {
     const QWidget *const focused = QApplication::focusWidget();
-    // With its window or its parent it comes back, and a sheet knows who had the focus before.
-    const bool isPart =
-        focused && vanishing->isHidden() && !vanishing->isWindow() && !dynamic_cast<const Sheet *>(vanishing);
+    // With its window or its parent it comes back, and sheets know who had the focus before.
+    const bool isSheet = dynamic_cast<const Sheet *>(vanishing) || dynamic_cast<const SheetHost *>(vanishing);
+    const bool isPart = focused && vanishing->isHidden() && !vanishing->isWindow() && !isSheet;
     if (!isPart || (focused != vanishing && !vanishing->isAncestorOf(focused)))
         return;
     if (QWidget *const neighbour = neighbourOf(vanishing))
