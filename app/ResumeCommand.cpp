@@ -209,7 +209,7 @@ Checkpoint chosenCheckpoint(const QCommandLineParser &parsed, const AppStore &st
 
 ExitStatus printPlan(AppStore &store, const Checkpoint &checkpoint, bool isText)
 {
-    const RestorePlan plan = finish(store.resuming.restorePlan(checkpoint));
+    const RestorePlan plan = finish(store.resumes.restorePlan(checkpoint));
     if (isText)
         printText(checkpoint, plan);
     else
@@ -227,7 +227,7 @@ ResumeOutcome resume(AppStore &store, const Checkpoint &checkpoint, bool withLay
             printText(checkpoint, plan);
         return ResumeChoice::missing(plan);
     };
-    ResumeOutcome resumed = finish(store.resuming.restore(checkpoint, chooseMissing, withLayout, Audience::Caller));
+    ResumeOutcome resumed = finish(store.resumes.restore(checkpoint, chooseMissing, withLayout, Audience::Caller));
     if (!resumed)
         return resumed;
     result.outcome = describe(resumed.report);

@@ -71,7 +71,7 @@ AppStore::AppStore(Desktop &desktop, StoreParts parts)
                 .end = m_sessionEnd,
                 .drafts = drafts,
                 .show = [this](const Checkpoint &saved) { showSession(saved); }}),
-      resuming(operations, desktop, library, rules, std::move(parts.openedPages)),
+      resumes(operations, desktop, library, rules, std::move(parts.openedPages)),
       updates(m_preferences, std::move(parts.fetchUpdate)),
       shortcut(m_preferences)
 {

@@ -81,7 +81,7 @@ private:
 
 public:
     SessionFlow sessions;
-    ResumeFlow resuming;
+    ResumeFlow resumes;
     Updates updates;
     QuickSaveShortcut shortcut;
 

@@ -18,7 +18,7 @@ CheckpointListParts ViewParts::ofCheckpointLists(AppStore &store)
 CheckpointParts ViewParts::ofCheckpoint(AppStore &store)
 {
     return {store.library, store.navigation, store.applications, store.messages, store.sheets,
-            store.media,   store.editing,    store.screenshots,  store.removals, store.resuming};
+            store.media,   store.editing,    store.screenshots,  store.removals, store.resumes};
 }
 
 ItemParts ViewParts::ofItems(AppStore &store)

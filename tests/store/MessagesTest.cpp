@@ -9,7 +9,7 @@ using namespace ardeno;
 TEST_CASE_FIXTURE(SavedFixture, "what went wrong stays until it is dismissed or the same has succeeded")
 {
     memory.failedStarts = {{"viewer", "Viewer", {}}};
-    finish(store().resuming.restore(saved, ResumeChoice::missing, false));
+    finish(store().resumes.restore(saved, ResumeChoice::missing, false));
     const QString ended = "Could not open: Viewer (it ended with an error)";
     REQUIRE(store().messages.error() == ended);
     const std::optional<QString> notice = store().messages.notice();
@@ -57,7 +57,7 @@ TEST_CASE_FIXTURE(SavedFixture, "whoever gives a command is told how it ended, a
     REQUIRE(finish(store().capture.startSession(request, Audience::Caller)));
     CHECK(finish(store().sessions.stop(Audience::Caller)));
     memory.failedStarts = {{"viewer", "Viewer", {}}};
-    CHECK(finish(store().resuming.restore(saved, ResumeChoice::missing, false, Audience::Caller)).error);
+    CHECK(finish(store().resumes.restore(saved, ResumeChoice::missing, false, Audience::Caller)).error);
     CHECK(store().rules.excludeDomain("bank.example", Audience::Caller));
     CHECK(store().navigation.selectedProjectID() == shown);
     CHECK_FALSE(store().navigation.selection().has_value());

@@ -44,7 +44,7 @@ struct ResumeFixture : StoreFixture {
 
     RestoreReport resume(bool layout = false)
     {
-        return finish(store().resuming.restore(checkpoint, ResumeChoice::missing, layout)).report;
+        return finish(store().resumes.restore(checkpoint, ResumeChoice::missing, layout)).report;
     }
 };
 
@@ -89,13 +89,13 @@ TEST_CASE_FIXTURE(ResumeFixture, "what opens after it was chosen is not opened t
 {
     memory.tabRecords[chrome] = QString("");
     addTab("https://a.example/");
-    const RestorePlan plan = finish(store().resuming.restorePlan(checkpoint));
+    const RestorePlan plan = finish(store().resumes.restorePlan(checkpoint));
     REQUIRE(plan.tabsToOpen.size() == 1);
     memory.tabRecords[chrome] = u"1\u001f7\u001fHTTPS://a.example/\u001fOpen\u001e"_qs;
 
     const auto choose = [&](const RestorePlan &) { return ResumeChoice::missing(plan); };
     memory.addApplication("viewer", "Viewer", {0, 0, 300, 300});
-    const RestoreReport report = finish(store().resuming.restore(checkpoint, choose, false)).report;
+    const RestoreReport report = finish(store().resumes.restore(checkpoint, choose, false)).report;
 
     CHECK(memory.opened.isEmpty());
     CHECK(report.outcome.openedTabs == 0);
@@ -114,11 +114,11 @@ TEST_CASE_FIXTURE(ResumeFixture,
                   "pages of a browser that is not here go to the user's own, those of an unread one wait")
 {
     addTab("https://unread.example/");
-    CHECK_FALSE(finish(store().resuming.restorePlan(checkpoint)).tabCheckWarning); // That no browser runs is no fault.
-    memory.tabRecords[chrome] = QString();                                         // Runs and cannot be read.
+    CHECK_FALSE(finish(store().resumes.restorePlan(checkpoint)).tabCheckWarning); // That no browser runs is no fault.
+    memory.tabRecords[chrome] = QString();                                        // Runs and cannot be read.
     addTab("https://elsewhere.example/").browserID = "com.apple.Safari";
 
-    const RestorePlan plan = finish(store().resuming.restorePlan(checkpoint));
+    const RestorePlan plan = finish(store().resumes.restorePlan(checkpoint));
     CHECK(plan.unverifiedTabs.size() == 1);
     CHECK(plan.tabCheckWarning == u"Chrome tabs weren’t available. Whether its saved pages are open is not known."_qs);
 
@@ -145,7 +145,7 @@ TEST_CASE_FIXTURE(ResumeFixture, "what fails is named, and the rest is opened al
           "(Chrome ended with an error)");
     CHECK(store().messages.notice() ==
           u"Workspace restored · 1 opened · 1 already active · 1 unavailable · %1 failed"_qs.arg(
-              store().resuming.resumeShortfall()->failures.size()));
+              store().resumes.resumeShortfall()->failures.size()));
 
     // A document that was handed to an application in vain, and applications that never came.
     checkpoint.apps = {{"files", "Files"}, {chrome, "Chrome"}};
@@ -220,13 +220,13 @@ TEST_CASE_FIXTURE(ResumeFixture, "two resumes of a library at once open everythi
                              .repository = CheckpointRepository(root()),
                              .openedPages = OpenedPages(home.filePath("opened-pages"))});
     QDir().mkpath(root());
-    auto first = other.resuming.restore(checkpoint, ResumeChoice::missing, false);
+    auto first = other.resumes.restore(checkpoint, ResumeChoice::missing, false);
     QList<RestorePlan> plans;
     const auto choose = [&](const RestorePlan &plan) {
         plans += plan;
         return ResumeChoice::missing(plan);
     };
-    const RestoreReport second = finish(store().resuming.restore(checkpoint, choose, false)).report;
+    const RestoreReport second = finish(store().resumes.restore(checkpoint, choose, false)).report;
     finish(std::move(first));
     CHECK(memory.opened == QStringList{"app viewer", "page com.google.Chrome https://a.example/"});
     REQUIRE(plans.size() == 1);

@@ -87,7 +87,7 @@ TEST_CASE_FIXTURE(Notices, "what a resume opened, failed to open and did not pla
     REQUIRE(store().editing.save(checkpoint));
     memory.movable = {{.windowID = 1, .applicationID = "org.editor", .title = "notes.txt", .isMinimised = true}};
     memory.failedStarts = {{"viewer", "Viewer", {}}};
-    finish(store().resuming.restore(checkpoint, ResumeChoice::missing, true));
+    finish(store().resumes.restore(checkpoint, ResumeChoice::missing, true));
     settle();
     press(Qt::Key_Return); // The message about what failed.
     CHECK(store().messages.notice() ==

@@ -279,7 +279,7 @@ TEST_CASE_FIXTURE(SheetFixture, "applications that start and end while the resto
         memory.applicationsChanged(); // Each asks again; the last answer counts.
     // What a command resumed is open as well.
     memory.tabRecords[chromeID] += u"1\u001f7\u001fhttps://new.example/\u001fNew\u001e"_qs;
-    finish(store().resuming.restore({}, ResumeChoice::missing, false, Audience::Caller));
+    finish(store().resumes.restore({}, ResumeChoice::missing, false, Audience::Caller));
     CHECK(eventually([this] { return statuses().contains("New: Already open"); }));
     press(Qt::Key_Escape);
     settle();
@@ -298,14 +298,14 @@ TEST_CASE_FIXTURE(SheetFixture, "what the last resume did not place is listed wi
     REQUIRE(store().editing.save(checkpoint));
     openRestore();
     click("Restore window positions");
-    REQUIRE(eventually([this] { return !store().resuming.unplacedWindows().isEmpty() && !store().operations.busy(); }));
+    REQUIRE(eventually([this] { return !store().resumes.unplacedWindows().isEmpty() && !store().operations.busy(); }));
     openRestore();
     CHECK(statuses().contains("notes.txt: minimised"));
     CHECK(seesText("1 window was not placed by the last resume."));
     picture("restore-remaining");
     memory.movable.first().isMinimised = false;
     click("Place remaining windows");
-    REQUIRE(eventually([this] { return store().resuming.unplacedWindows().isEmpty() && !store().operations.busy(); }));
+    REQUIRE(eventually([this] { return store().resumes.unplacedWindows().isEmpty() && !store().operations.busy(); }));
     CHECK(memory.moves.size() == 1);
     CHECK_FALSE(statuses().contains("notes.txt: minimised"));
     CHECK(sheet());

@@ -130,11 +130,10 @@ QWidget *MainWindow::makeDetailColumn()
     auto *foot = makeColumn(0, m_foot);
     foot->addWidget(new RemarkStrips(m_store->messages, m_store->applications, m_store->sessions));
     foot->addWidget(new ArchivingStrip(m_store->projects));
-    foot->addWidget(
-        new NoticeStrip(m_store->messages, m_store->navigation, m_store->library, m_store->resuming, [this] {
-            if (m_detail)
-                m_detail->showShortfall();
-        }));
+    foot->addWidget(new NoticeStrip(m_store->messages, m_store->navigation, m_store->library, m_store->resumes, [this] {
+        if (m_detail)
+            m_detail->showShortfall();
+    }));
     // Lowest, where it stays when a notice above it goes.
     foot->addWidget(new NewsletterPrompt(m_store->newsletter, m_screens));
     column->addWidget(m_foot);

@@ -20,10 +20,10 @@ void showChip(Chip *chip, int count, const QString &text, const QString &symbol,
 
 } // namespace
 
-RestoreSheet::RestoreSheet(ResumeFlow &resuming, Applications &applications, OpenSheets &sheets,
+RestoreSheet::RestoreSheet(ResumeFlow &resumes, Applications &applications, OpenSheets &sheets,
                            const Operations &operations, const Checkpoint &checkpoint)
     : Sheet(tr("Ready to resume."), RestoreList::contentWidth + 56),
-      m_resuming(resuming),
+      m_resumes(resumes),
       m_sheets(sheets),
       m_operations(operations),
       m_checkpoint(checkpoint),
@@ -56,7 +56,7 @@ RestoreSheet::RestoreSheet(ResumeFlow &resuming, Applications &applications, Ope
         refreshPlan(); // Pages may have been opened meanwhile.
     });
     readAccess();
-    m_observations.watch([this] { showUnplaced(); }, resuming.unplacedWindows, operations.busy);
+    m_observations.watch([this] { showUnplaced(); }, resumes.unplacedWindows, operations.busy);
     // A resume that was begun elsewhere has opened pages, too.
     m_observations.watch([this] { refreshPlan(); }, applications.runningApplicationIDs, operations.busy);
     m_observations.watch([this] { showChoice(); }, operations.busy);
@@ -94,7 +94,7 @@ QWidget *RestoreSheet::makeRemaining()
     m_remainingText = makeParagraph({}, TextStyle::Small, Role::Dim);
     m_place = new Button(tr("Place remaining windows"));
     connect(m_place, &QAbstractButton::clicked, this,
-            [this] { m_resuming.placeRemainingWindows(m_checkpoint.windows.value_or(QList<SavedWindow>())); });
+            [this] { m_resumes.placeRemainingWindows(m_checkpoint.windows.value_or(QList<SavedWindow>())); });
     row->addWidget(m_remainingText, 1);
     row->addWidget(m_place);
     return m_remaining;
@@ -137,7 +137,7 @@ QWidget *RestoreSheet::makeAccess()
     auto *allow = new Button(tr("Allow window positioning…"));
     auto *check = new Button(tr("Check access"));
     connect(allow, &QAbstractButton::clicked, this, [this] {
-        m_resuming.askWindowPositioning();
+        m_resumes.askWindowPositioning();
         readAccess();
     });
     connect(check, &QAbstractButton::clicked, this, [this] { readAccess(); });
@@ -151,7 +151,7 @@ QWidget *RestoreSheet::makeAccess()
 // Without asking the user.
 void RestoreSheet::readAccess()
 {
-    const Capability access = m_resuming.windowPositioning();
+    const Capability access = m_resumes.windowPositioning();
     const bool canBeAllowed = access.state == Capability::State::NeedsConsent;
     m_access->setVisible(!access.isAvailable());
     m_accessButtons->setVisible(canBeAllowed);
@@ -164,7 +164,7 @@ QCoro::Task<void> RestoreSheet::refreshPlan()
 {
     const int question = ++m_plansAsked;
     const QPointer<RestoreSheet> self(this);
-    const RestorePlan plan = co_await m_resuming.restorePlan(m_checkpoint);
+    const RestorePlan plan = co_await m_resumes.restorePlan(m_checkpoint);
     if (!self || question != m_plansAsked)
         co_return;
     m_model.setPlan(plan);
@@ -208,7 +208,7 @@ void RestoreSheet::showChoice()
 
 void RestoreSheet::showUnplaced()
 {
-    m_model.setUnplaced(m_resuming.unplacedWindows());
+    m_model.setUnplaced(m_resumes.unplacedWindows());
     m_list->setVisible(m_model.rowCount() > 0);
     m_remaining->setVisible(m_model.unplacedCount() > 0);
     m_remainingText->setText(
@@ -220,7 +220,7 @@ void RestoreSheet::resume()
 {
     const ResumeChoice ticked{m_model.apps(), m_model.tabs()};
     const auto choose = [ticked](const RestorePlan &) { return ticked; };
-    m_resuming.restore(m_checkpoint, choose, m_restoreLayout->isChecked());
+    m_resumes.restore(m_checkpoint, choose, m_restoreLayout->isChecked());
     close();
 }
 

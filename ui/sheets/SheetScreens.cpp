@@ -13,7 +13,7 @@ void addSheetScreens(Screens &screens, AppStore &store)
 {
     screens.capture = [parts = ViewParts::ofCapture(store)] { return new CaptureSheet(parts); };
     screens.restore = [&store] {
-        return new RestoreSheet(store.resuming, store.applications, store.sheets, store.operations,
+        return new RestoreSheet(store.resumes, store.applications, store.sheets, store.operations,
                                 *store.navigation.selected());
     };
     screens.workspaceItems = [parts = ViewParts::ofItems(store)](const QUuid &id) {
