@@ -225,7 +225,7 @@ TEST_CASE_FIXTURE(ResumeFixture, "two resumes of a library at once open everythi
                              .repository = CheckpointRepository(root()),
                              .openedPages = OpenedPages(home.filePath("opened-pages"))});
     QDir().mkpath(root());
-    auto first = other.resuming.restore(checkpoint, ResumeChoice::missing, false);
+    auto first = other.resumes.restore(checkpoint, ResumeChoice::missing, false);
     QList<RestorePlan> plans;
     const auto choose = [&](const RestorePlan &plan) {
         plans += plan;

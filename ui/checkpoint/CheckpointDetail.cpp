@@ -58,7 +58,7 @@ QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
     column->addSpacing(12);
     column->addWidget(makeResumeRow());
     column->addSpacing(14);
-    m_shortfall = new ResumeShortfallCard(m_parts.resuming, m_parts.library, m_parts.sheets, m_id);
+    m_shortfall = new ResumeShortfallCard(m_parts.resumes, m_parts.library, m_parts.sheets, m_id);
     column->addWidget(m_shortfall);
     m_screenshot = new ScreenshotCard(m_parts, m_screens, checkpoint);
     column->addWidget(m_screenshot);

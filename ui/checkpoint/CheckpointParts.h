@@ -25,7 +25,7 @@ struct CheckpointParts {
     CheckpointEditing &editing;
     ScreenshotEditing &screenshots;
     RemovalUndo &removals;
-    ResumeFlow &resuming;
+    ResumeFlow &resumes;
 };
 
 } // namespace ardeno

@@ -23,27 +23,27 @@ QString unplacedText(const UnplacedWindow &unplaced)
 
 } // namespace
 
-QStringList ResumeShortfallCard::missing(const ResumeFlow &resuming, const Library &library, const QUuid &checkpointID)
+QStringList ResumeShortfallCard::missing(const ResumeFlow &resumes, const Library &library, const QUuid &checkpointID)
 {
     QStringList lines;
-    if (resuming.resumeShortfall() && resuming.resumeShortfall()->checkpointID == checkpointID) {
-        for (const QString &failure : resuming.resumeShortfall()->failures)
+    if (resumes.resumeShortfall() && resumes.resumeShortfall()->checkpointID == checkpointID) {
+        for (const QString &failure : resumes.resumeShortfall()->failures)
             lines += tr("Could not open: %1").arg(failure);
-        for (const QString &name : resuming.resumeShortfall()->unavailable)
+        for (const QString &name : resumes.resumeShortfall()->unavailable)
             lines += tr("Not available: %1").arg(ItemText::line(name));
     }
     const Checkpoint *const checkpoint = library.checkpoint(checkpointID);
     const QList<SavedWindow> own = checkpoint && checkpoint->windows ? *checkpoint->windows : QList<SavedWindow>();
-    for (const UnplacedWindow &unplaced : resuming.unplacedWindows()) {
+    for (const UnplacedWindow &unplaced : resumes.unplacedWindows()) {
         if (own.contains(unplaced.window))
             lines += unplacedText(unplaced);
     }
     return lines;
 }
 
-ResumeShortfallCard::ResumeShortfallCard(ResumeFlow &resuming, const Library &library, OpenSheets &sheets,
+ResumeShortfallCard::ResumeShortfallCard(ResumeFlow &resumes, const Library &library, OpenSheets &sheets,
                                          const QUuid &checkpointID)
-    : m_resuming(resuming), m_library(library), m_sheets(sheets), m_id(checkpointID), m_lines(makeColumn(3))
+    : m_resumes(resumes), m_library(library), m_sheets(sheets), m_id(checkpointID), m_lines(makeColumn(3))
 {
     setFocusPolicy(Qt::ClickFocus);
     setAccessibleName(tr("Not everything is back"));
@@ -55,7 +55,7 @@ ResumeShortfallCard::ResumeShortfallCard(ResumeFlow &resuming, const Library &li
     column->setContentsMargins(14, 8, 8, 12);
     column->addWidget(makeHead());
     column->addLayout(m_lines);
-    m_observations.watch([this] { showShortfall(); }, resuming.resumeShortfall, resuming.unplacedWindows,
+    m_observations.watch([this] { showShortfall(); }, resumes.resumeShortfall, resumes.unplacedWindows,
                          library.checkpoints);
 }
 
@@ -69,14 +69,14 @@ QWidget *ResumeShortfallCard::makeHead()
     connect(review, &QAbstractButton::clicked, this, [this] { m_sheets.open(&OpenSheets::showRestore); });
     row->addWidget(review);
     Button *const close = Button::makeIcon("xmark", tr("Dismiss what is not back"));
-    connect(close, &QAbstractButton::clicked, this, [this] { m_resuming.dismissShortfall(); });
+    connect(close, &QAbstractButton::clicked, this, [this] { m_resumes.dismissShortfall(); });
     row->addWidget(close);
     return head;
 }
 
 void ResumeShortfallCard::showShortfall()
 {
-    const QStringList lines = missing(m_resuming, m_library, m_id);
+    const QStringList lines = missing(m_resumes, m_library, m_id);
     setVisible(!lines.isEmpty());
     while (QLayoutItem *const item = m_lines->takeAt(0)) {
         delete item->widget();

@@ -17,16 +17,16 @@ class ResumeShortfallCard final : public QWidget {
     Q_DECLARE_TR_FUNCTIONS(ardeno::ResumeShortfallCard)
 
 public:
-    ResumeShortfallCard(ResumeFlow &resuming, const Library &library, OpenSheets &sheets, const QUuid &checkpointID);
+    ResumeShortfallCard(ResumeFlow &resumes, const Library &library, OpenSheets &sheets, const QUuid &checkpointID);
 
     // One line for each thing; empty when all is back.
-    static QStringList missing(const ResumeFlow &resuming, const Library &library, const QUuid &checkpointID);
+    static QStringList missing(const ResumeFlow &resumes, const Library &library, const QUuid &checkpointID);
 
 private:
     QWidget *makeHead();
     void showShortfall();
 
-    ResumeFlow &m_resuming;
+    ResumeFlow &m_resumes;
     const Library &m_library;
     OpenSheets &m_sheets;
     QUuid m_id;

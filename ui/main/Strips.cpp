@@ -99,12 +99,12 @@ Sheet *makeUpdateDetailsSheet(const Screens &screens, const AppUpdateManifest &u
 }
 
 NoticeStrip::NoticeStrip(Messages &messages, const Navigation &navigation, const Library &library,
-                         const ResumeFlow &resuming, std::function<void()> showShortfall, QWidget *parent)
+                         const ResumeFlow &resumes, std::function<void()> showShortfall, QWidget *parent)
     : QWidget(parent),
       m_messages(messages),
       m_navigation(navigation),
       m_library(library),
-      m_resuming(resuming),
+      m_resumes(resumes),
       m_text(makeParagraph({})),
       m_show(new Button(tr("Show")))
 {
@@ -133,7 +133,7 @@ void NoticeStrip::showNotice()
     const std::optional<QUuid> &shown = m_navigation.selection();
     setVisible(m_messages.notice().has_value());
     m_text->setText(m_messages.notice().value_or(QString()));
-    m_show->setVisible(isResume && shown && !ResumeShortfallCard::missing(m_resuming, m_library, *shown).isEmpty());
+    m_show->setVisible(isResume && shown && !ResumeShortfallCard::missing(m_resumes, m_library, *shown).isEmpty());
     setAccessibleName(m_text->text());
     if (!m_messages.notice()) {
         m_expiry.stop();

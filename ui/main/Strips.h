@@ -50,7 +50,7 @@ Sheet *makeUpdateDetailsSheet(const Screens &screens, const AppUpdateManifest &u
 class NoticeStrip final : public QWidget {
 public:
     // Shows what the last resume could not do.
-    NoticeStrip(Messages &messages, const Navigation &navigation, const Library &library, const ResumeFlow &resuming,
+    NoticeStrip(Messages &messages, const Navigation &navigation, const Library &library, const ResumeFlow &resumes,
                 std::function<void()> showShortfall, QWidget *parent = nullptr);
 
     void setPatience(std::chrono::milliseconds patience);
@@ -67,7 +67,7 @@ private:
     Messages &m_messages;
     const Navigation &m_navigation;
     const Library &m_library;
-    const ResumeFlow &m_resuming;
+    const ResumeFlow &m_resumes;
     QLabel *m_text;
     Button *m_show;
     QTimer m_expiry;

@@ -50,7 +50,7 @@ PlainList *CheckpointManagerSheet::makeList()
         });
     });
     list->setOnDelete([this](const QModelIndex &index) {
-        CheckpointActions::confirmDelete(this, m_store, m_model.rows().at(index.row()));
+        CheckpointActions::confirmDelete(this, m_parts, m_model.rows().at(index.row()));
     });
     connect(list->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex &current, const QModelIndex &before) {

@@ -106,7 +106,7 @@ FollowingList *ProjectTimeline::makeStrip()
     });
     strip->setOnDelete([this](const QModelIndex &index) {
         if (const Checkpoint &checkpoint = m_model.rows().at(index.row()); !checkpoint.isSample)
-            CheckpointActions::confirmDelete(this, m_store, checkpoint);
+            CheckpointActions::confirmDelete(this, m_parts, checkpoint);
     });
     return strip;
 }

@@ -20,10 +20,10 @@ void showChip(Chip *chip, int count, const QString &text, const QString &symbol,
 
 } // namespace
 
-RestoreSheet::RestoreSheet(ResumeFlow &resuming, const Library &library, Applications &applications, OpenSheets &sheets,
+RestoreSheet::RestoreSheet(ResumeFlow &resumes, const Library &library, Applications &applications, OpenSheets &sheets,
                            const Operations &operations, const Checkpoint &checkpoint)
     : Sheet(tr("Ready to resume."), RestoreList::contentWidth + 56),
-      m_resuming(resuming),
+      m_resumes(resumes),
       m_library(library),
       m_sheets(sheets),
       m_operations(operations),
@@ -63,7 +63,7 @@ RestoreSheet::RestoreSheet(ResumeFlow &resuming, const Library &library, Applica
                 m_sheets.close(&OpenSheets::showRestore); // It was deleted meanwhile.
         },
         library.checkpoints);
-    m_observations.watch([this] { showUnplaced(); }, resuming.unplacedWindows, operations.busy);
+    m_observations.watch([this] { showUnplaced(); }, resumes.unplacedWindows, operations.busy);
     // A resume that was begun elsewhere has opened pages, too.
     m_observations.watch([this] { refreshPlan(); }, applications.runningApplicationIDs, operations.busy);
     m_observations.watch([this] { showChoice(); }, operations.busy);
@@ -101,7 +101,7 @@ QWidget *RestoreSheet::makeRemaining()
     m_remainingText = makeParagraph({}, TextStyle::Small, Role::Dim);
     m_place = new Button(tr("Place remaining windows"));
     connect(m_place, &QAbstractButton::clicked, this,
-            [this] { m_resuming.placeRemainingWindows(m_checkpoint.windows.value_or(QList<SavedWindow>())); });
+            [this] { m_resumes.placeRemainingWindows(m_checkpoint.windows.value_or(QList<SavedWindow>())); });
     row->addWidget(m_remainingText, 1);
     row->addWidget(m_place);
     return m_remaining;
@@ -144,7 +144,7 @@ QWidget *RestoreSheet::makeAccess()
     auto *allow = new Button(tr("Allow window positioning…"));
     auto *check = new Button(tr("Check access"));
     connect(allow, &QAbstractButton::clicked, this, [this] {
-        m_resuming.askWindowPositioning();
+        m_resumes.askWindowPositioning();
         readAccess();
     });
     connect(check, &QAbstractButton::clicked, this, [this] { readAccess(); });
@@ -158,7 +158,7 @@ QWidget *RestoreSheet::makeAccess()
 // Without asking the user.
 void RestoreSheet::readAccess()
 {
-    const Capability access = m_resuming.windowPositioning();
+    const Capability access = m_resumes.windowPositioning();
     const bool canBeAllowed = access.state == Capability::State::NeedsConsent;
     m_access->setVisible(!access.isAvailable());
     m_accessButtons->setVisible(canBeAllowed);
@@ -171,7 +171,7 @@ QCoro::Task<void> RestoreSheet::refreshPlan()
 {
     const int question = ++m_plansAsked;
     const QPointer<RestoreSheet> self(this);
-    const RestorePlan plan = co_await m_resuming.restorePlan(m_checkpoint);
+    const RestorePlan plan = co_await m_resumes.restorePlan(m_checkpoint);
     if (!self || question != m_plansAsked)
         co_return;
     m_model.setPlan(plan);
@@ -215,7 +215,7 @@ void RestoreSheet::showChoice()
 
 void RestoreSheet::showUnplaced()
 {
-    m_model.setUnplaced(m_resuming.unplacedWindows());
+    m_model.setUnplaced(m_resumes.unplacedWindows());
     m_list->setVisible(m_model.rowCount() > 0);
     m_remaining->setVisible(m_model.unplacedCount() > 0);
     m_remainingText->setText(
@@ -227,7 +227,7 @@ void RestoreSheet::resume()
 {
     const ResumeChoice ticked{m_model.apps(), m_model.tabs()};
     const auto choose = [ticked](const RestorePlan &) { return ticked; };
-    m_resuming.restore(m_checkpoint, choose, m_restoreLayout->isChecked());
+    m_resumes.restore(m_checkpoint, choose, m_restoreLayout->isChecked());
     close();
 }
 

@@ -19,7 +19,7 @@ class Switch;
 // Shows what resuming a checkpoint would do and lets the user choose. It follows applications that start and end.
 class RestoreSheet final : public Sheet {
 public:
-    RestoreSheet(ResumeFlow &resuming, const Library &library, Applications &applications, OpenSheets &sheets, const Operations &operations,
+    RestoreSheet(ResumeFlow &resumes, const Library &library, Applications &applications, OpenSheets &sheets, const Operations &operations,
                  const Checkpoint &checkpoint);
 
 private:
@@ -36,7 +36,7 @@ private:
     QString primaryActionTitle() const;
     void resume();
 
-    ResumeFlow &m_resuming;
+    ResumeFlow &m_resumes;
     const Library &m_library;
     OpenSheets &m_sheets;
     const Operations &m_operations;
