@@ -46,6 +46,15 @@ struct ResumeShortfall {
     bool operator==(const ResumeShortfall &) const = default;
 };
 
+// A resume that the window began and that goes on.
+struct ResumeProgress {
+    QUuid checkpointID = {};
+    QString awaited = {}; // The application, page or window that it waits for; empty: for no single one.
+    bool isStopping = false;
+
+    bool operator==(const ResumeProgress &) const = default;
+};
+
 // A project that went to the archive or came from there.
 struct Archiving {
     QUuid projectID = {};
@@ -102,6 +111,7 @@ struct AppState : Messages {
     // Workspace editing.
     Published<QList<UnsavedNote>> unsavedNotes; // They are written as soon as that is possible.
     Published<std::optional<WorkspaceRemoval>> lastRemoval;
+    Published<QList<QUuid>> addingPictures; // Whose image is being imported.
     Published<CaptureExclusions> exclusions;
     Published<std::optional<QString>> exclusionsIssue; // Why they could not be read; nothing is captured then.
     Editable<bool> showExclusions;
@@ -109,6 +119,7 @@ struct AppState : Messages {
 
     // Restore and settings.
     Editable<bool> showRestore;
+    Published<std::optional<ResumeProgress>> resuming;
     Published<QList<UnplacedWindow>> unplacedWindows;          // By the last resume.
     Published<std::optional<ResumeShortfall>> resumeShortfall; // Of the last resume.
     Editable<bool> showSettings;

@@ -20,6 +20,7 @@
 #include <QHash>
 #include <QTimer>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -126,6 +127,8 @@ public:
     void saveUnsavedNotes();
     // Makes a copy of the picture in this file the screenshot. As long as lastRemoval names it, the former one stays.
     QCoro::Task<Outcome> importScreenshot(QString file, QUuid checkpointID);
+    // The picture stays as it was, unless the new one is there already.
+    void stopAddingPicture(QUuid checkpointID);
     Outcome removeScreenshot(QUuid checkpointID);
     QCoro::Task<Outcome> addCurrentBrowserTabs(QUuid checkpointID);
     QCoro::Task<Outcome> addCurrentWindowLayout(QUuid checkpointID);
@@ -182,6 +185,8 @@ public:
                                        Audience audience = Audience::Window);
     // Tries those of unplacedWindows again that are among these, which are all of one checkpoint.
     QCoro::Task<Outcome> placeRemainingWindows(const QList<SavedWindow> &windows);
+    // The resume that `resuming` names begins nothing more. What it has done stays; what it left is named as such.
+    void stopResume();
     // Takes back what the last resume did not do.
     void dismissShortfall();
 
@@ -305,7 +310,15 @@ private:
     void mirrorUnsavedNotes();
     QCoro::Task<Outcome> addTabs(QUuid checkpointID);
     QCoro::Task<Outcome> addLayout(QUuid checkpointID);
-    QCoro::Task<Outcome> addPicture(QString file, QUuid checkpointID);
+
+    // An import, which goes on as long as it is wanted.
+    struct PictureImport {
+        QUuid checkpointID;
+        std::shared_ptr<std::atomic<bool>> isWanted = std::make_shared<std::atomic<bool>>(true);
+    };
+
+    QCoro::Task<Outcome> addPicture(QString file, PictureImport import);
+    void showImports();
     void importFailed(QUuid checkpointID, const Failure &failure, Outcome *outcome) const;
     void adoptScreenshot(QUuid checkpointID, const QString &path, Outcome *outcome);
     void pictureAdopted(const Checkpoint &before, MediaRemoval &removal, Outcome *outcome);
@@ -358,9 +371,11 @@ private:
     QCoro::Task<void> startSuccessor();
 
     // Resuming.
-    QCoro::Task<LibraryLock> turnToResume();
+    ResumeControl controlFor(Audience audience);
+    QCoro::Task<LibraryLock> turnToResume(ResumeControl control);
     QCoro::Task<ResumeOutcome> resume(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout, Audience audience);
-    QCoro::Task<void> reopen(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout, RestoreReport *report);
+    QCoro::Task<void> reopen(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout, RestoreReport *report,
+                             ResumeControl control);
     QCoro::Task<Outcome> placeWindows(WindowLayout::RestoreRequest request);
     // Gives the windows whose folders and documents were opened.
     QCoro::Task<QList<SavedWindow>> restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report);
@@ -417,6 +432,7 @@ private:
     QList<OwnedCheckpoint> m_unsavedSessions;
     QStringList m_shownCopies;
     QTimer m_noteRetry;
+    QList<PictureImport> m_imports;
     int m_running = 0; // Operations that take time.
     std::vector<QPropertyNotifier> m_mirrors;
 };

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <utility>
 
@@ -28,27 +29,57 @@ void discard(const QString &arriving, Outcome *outcome)
 
 QCoro::Task<Outcome> AppStore::importScreenshot(QString file, QUuid checkpointID)
 {
-    return carryOut(addPicture(std::move(file), checkpointID));
+    PictureImport import{checkpointID};
+    return carryOut(addPicture(std::move(file), std::move(import)));
 }
 
-QCoro::Task<Outcome> AppStore::addPicture(QString file, QUuid checkpointID)
+void AppStore::stopAddingPicture(QUuid checkpointID)
 {
+    for (const PictureImport &import : std::as_const(m_imports)) {
+        if (import.checkpointID == checkpointID)
+            import.isWanted->store(false);
+    }
+}
+
+void AppStore::showImports()
+{
+    QList<QUuid> ids;
+    for (const PictureImport &import : std::as_const(m_imports))
+        ids.append(import.checkpointID);
+    addingPictures.set(ids);
+}
+
+QCoro::Task<Outcome> AppStore::addPicture(QString file, PictureImport import)
+{
+    const QUuid checkpointID = import.checkpointID;
     Outcome outcome{.checkpointID = checkpointID, .subject = subjects::about("picture", checkpointID)};
     if (!editable(checkpointID))
         co_return outcome;
+    m_imports.append(import);
+    showImports();
+    const auto ended = qScopeGuard([&] {
+        m_imports.removeIf([&](const PictureImport &other) { return other.isWanted == import.isWanted; });
+        showImports();
+    });
     QString path;
     std::optional<Failure> failure;
     try {
         path = mediaFolder(checkpointID) + '/' + MediaFile::importedImage();
-        const auto copy = [&] { ImageImport::writePng(file, MediaFolders::arriving(path)); };
+        const auto isWanted = [&] { return import.isWanted->load(); };
+        const auto copy = [&] { ImageImport::writePng(file, MediaFolders::arriving(path), isWanted); };
         co_await inWorker(copy);
+        if (!isWanted())
+            throw ImageImport::ended();
         adoptScreenshot(checkpointID, path, &outcome);
     } catch (...) {
         failure = Failure::current();
     }
     if (!failure)
         co_return outcome;
-    importFailed(checkpointID, *failure, &outcome);
+    if (import.isWanted->load())
+        importFailed(checkpointID, *failure, &outcome);
+    else
+        outcome.notice = tr("Stopped. The image was not added.");
     if (!path.isEmpty())
         discard(MediaFolders::arriving(path), &outcome);
     QDir().rmdir(m_repository.root() + '/' + uuidText(checkpointID)); // Nothing happens when it holds anything.

@@ -159,6 +159,35 @@ TEST_CASE_FIXTURE(ResumeFixture, "what fails is named, and the rest is opened al
     CHECK(vain.outcome.failures.contains("lost.txt (Editor ended with an error)"));
 }
 
+TEST_CASE_FIXTURE(ResumeFixture, "a resume that is stopped begins nothing more and names what it left")
+{
+    checkpoint.apps.append(SavedApp{"files", "Files"});
+    addTab("https://a.example/");
+    addWindow("files", "notes").documentURL = existing("notes.txt");
+    addWindow("org.editor", "Editor");
+    QString awaited;
+    memory.whenOpened = [&](const QString &) {
+        awaited = store().resuming()->awaited;
+        store().stopResume();
+    };
+
+    const RestoreReport report = resume(true);
+
+    CHECK(memory.opened == QStringList{"app viewer"});
+    CHECK(awaited == "Viewer");
+    CHECK(report.outcome.openedApps == 1);
+    CHECK(store().error() == "Could not open: Files (stopped by you), Page https://a.example/ (stopped by you), "
+                             "notes.txt (stopped by you)");
+    for (const UnplacedWindow &window : store().unplacedWindows())
+        CHECK(window.reason == "stopped by you");
+    CHECK(store().unplacedWindows().size() == 2);
+    CHECK_FALSE(store().resuming().has_value());
+
+    memory.whenOpened = {};
+    resume();
+    CHECK_MESSAGE(memory.opened.contains("app files"), "the next one is not stopped");
+}
+
 TEST_CASE_FIXTURE(ResumeFixture, "folders, documents and window places follow the layout switch")
 {
     const QString paper = existing("a \"paper\"\n.pdf");

@@ -51,6 +51,7 @@ DetailBar::DetailBar(AppStore &store, const Screens &screens, std::function<void
     auto *row = makeRow(12, this);
     row->setContentsMargins(24, 0, 35, 0);
     row->addWidget(m_title, 1);
+    m_progress->hide();
     row->addWidget(m_progress);
     row->addWidget(m_recording);
     m_stop->setAccessibleName(m_stop->text()); // Else screen readers would take the "&" for a mark of a letter.
@@ -86,7 +87,7 @@ void DetailBar::showState()
     m_title->setText(project ? project->name : tr("Projects"));
     m_recording->setVisible(m_store.recording());
     m_stop->setEnabled(!m_store.busy());
-    m_progress->setVisible(m_store.busy());
+    m_progress->setGoingOn(m_store.busy());
     if (m_store.recording() && !m_store.recordingFailure())
         m_tick.start(1000);
     else

@@ -2,6 +2,7 @@
 #include "ui/main/MainWindow.h"
 
 #include "ui/checkpoint/CheckpointDetail.h"
+#include "ui/controls/FadeIn.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/InputWatch.h"
 #include "ui/controls/Label.h"
@@ -11,6 +12,7 @@
 #include "ui/main/DetailBar.h"
 #include "ui/main/Presentations.h"
 #include "ui/main/RemarkStrips.h"
+#include "ui/main/ResumeStrip.h"
 #include "ui/main/Sidebar.h"
 #include "ui/main/Strips.h"
 #include "ui/note/UnsavedNoteQuestion.h"
@@ -65,6 +67,7 @@ MainWindow::MainWindow(Screens screens) : m_screens(std::move(screens)), m_brand
     setWindowIcon(Symbols::brandIcon());
     setMinimumSize(960, 690);
     resize(1170, 790);
+    setLeastContent(QSize(940, 540));
     setAttribute(Qt::WA_OpaquePaintEvent);
     m_brand->setParent(content());
     m_brand->setGeometry(12, 16, Sidebar::fixedWidth - 25, m_brand->sizeHint().height());
@@ -118,6 +121,7 @@ QWidget *MainWindow::makeDetailColumn()
     m_foot = new QWidget;
     auto *foot = makeColumn(0, m_foot);
     foot->addWidget(new RemarkStrips(*m_store));
+    foot->addWidget(new ResumeStrip(*m_store));
     foot->addWidget(new ArchivingStrip(*m_store));
     foot->addWidget(new NoticeStrip(*m_store, [this] {
         if (m_detail)
@@ -200,6 +204,8 @@ void MainWindow::showContent()
     const bool hadFocus = before && before->isAncestorOf(window()->focusWidget());
     m_view = makeContent();
     m_contentColumn->addWidget(m_view);
+    if (before)
+        FadeIn::begin(m_view, Role::Paper);
     delete before;
     // The tab key goes from top to bottom, though the content is younger than what stands below it.
     for (QAbstractButton *const control : m_foot->findChildren<QAbstractButton *>())
@@ -299,7 +305,7 @@ void MainWindow::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.fillRect(rect(), themeColor(Role::Paper));
-    const QRectF side(0, 0, Sidebar::fixedWidth, height());
+    const QRectF side(content()->x(), 0, Sidebar::fixedWidth, height());
     painter.fillRect(side, themeColor(Role::Sidebar));
     Drawing::edge(painter, side, Qt::RightEdge, themeColor(Role::Line));
     if (const auto painted = std::exchange(m_firstPaint, nullptr))
