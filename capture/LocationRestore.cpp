@@ -76,8 +76,15 @@ private:
 
     QCoro::Task<void> open(SavedWindow window, QString path)
     {
+        const bool isToOpen =
+            isShownInFolder(window, m_request.places) || !m_request.launchedAppIDs.contains(window.appID);
+        m_request.control.awaits(shortName(path));
+        if (isToOpen && m_request.control.isStopped()) {
+            fail(window, path, ResumeControl::reason());
+            co_return;
+        }
         try {
-            if (isShownInFolder(window, m_request.places) || !m_request.launchedAppIDs.contains(window.appID))
+            if (isToOpen)
                 co_await openWith(window, path);
             ++count(window);
             m_result.openedIDs.insert(window.id);

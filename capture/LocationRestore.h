@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "capture/ResumeControl.h"
 #include "capture/WindowContents.h"
 
 #include <QCoroTask>
@@ -19,6 +20,7 @@ struct LocationRequest {
     SavedPlaces places = {};
     OpenPlaces open = {};
     QSet<QString> launchedAppIDs = {}; // Already opened with what they had, see pathsByApp().
+    ResumeControl control = {};
 };
 
 struct LocationResult {

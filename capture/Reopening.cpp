@@ -136,7 +136,8 @@ private:
     QCoro::Task<void> openTabs(QList<SavedTab> tabs);
     QCoro::Task<bool> openGroup(TabGroup group);
     QCoro::Task<void> openPages(TabGroup group);
-    void fail(const QString &name, const Failure &failure);
+    void fail(const QString &name, const QString &reason);
+    bool isStopped(const QString &next);
 
     ReopenRequest m_request;
     ReopeningTools m_tools;
@@ -144,9 +145,16 @@ private:
     Reopened m_result;
 };
 
-void Reopening::fail(const QString &name, const Failure &failure)
+void Reopening::fail(const QString &name, const QString &reason)
 {
-    m_result.outcome.failures += u"%1 (%2)"_qs.arg(name, describe(failure));
+    m_result.outcome.failures += u"%1 (%2)"_qs.arg(name, reason);
+}
+
+// Tells what comes next, unless its user has stopped the resume.
+bool Reopening::isStopped(const QString &next)
+{
+    m_tools.control.awaits(next);
+    return m_tools.control.isStopped();
 }
 
 QList<SavedTab> Reopening::chosenTabs() const
@@ -176,12 +184,16 @@ QCoro::Task<void> Reopening::openApp(SavedApp app)
         ++m_result.outcome.alreadyActive;
         co_return;
     }
+    if (isStopped(app.name)) {
+        fail(app.name, ResumeControl::reason());
+        co_return;
+    }
     try {
         co_await m_tools.desktop.launcher->openApplication(app.id, m_request.pathsByApp.value(app.id));
         m_result.opened.appIDs.insert(app.id);
         m_result.startedAppIDs.insert(app.id);
     } catch (const Failure &failure) {
-        fail(app.name, failure);
+        fail(app.name, describe(failure));
     }
 }
 
@@ -238,6 +250,11 @@ QCoro::Task<void> Reopening::openPages(TabGroup group)
 
 QCoro::Task<bool> Reopening::openGroup(TabGroup group)
 {
+    if (isStopped(pageName(group.tabs.first()))) {
+        for (const SavedTab &tab : std::as_const(group.tabs))
+            fail(pageName(tab), ResumeControl::reason());
+        co_return false;
+    }
     QList<TabToReopen> tabs;
     for (const SavedTab &tab : std::as_const(group.tabs))
         tabs.append({tab, tab.safeURL()->toOpen(), AppleScripts::openTabInSavedWindow(tab, group.browserID)});
@@ -250,7 +267,7 @@ QCoro::Task<bool> Reopening::openGroup(TabGroup group)
         co_return true;
     } catch (const Failure &failure) {
         for (const SavedTab &tab : std::as_const(group.tabs))
-            fail(pageName(tab), failure);
+            fail(pageName(tab), describe(failure));
         co_return false;
     }
 }

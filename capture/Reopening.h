@@ -4,6 +4,7 @@
 #include "capture/FailedStarts.h"
 #include "capture/OpenedPages.h"
 #include "capture/RestorePlan.h"
+#include "capture/ResumeControl.h"
 #include "desktop/Desktop.h"
 
 #include <QCoroTask>
@@ -21,6 +22,7 @@ struct ReopeningTools {
     Desktop &desktop;
     OpenedPages &openedPages;
     QSet<QString> excludedAppIDs = {}; // Browsers that are not read.
+    ResumeControl control = {};
 };
 
 // The plan for a checkpoint and the workspace of this moment, with what could not be checked as its warning.

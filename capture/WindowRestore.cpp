@@ -32,6 +32,7 @@ constexpr auto maximised = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "maximised
 constexpr auto notMovable = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "not movable");
 constexpr auto notAnswering = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "application did not answer");
 constexpr auto movedByUser = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "moved by you");
+constexpr auto stopped = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "stopped by you");
 
 } // namespace reason
 
@@ -103,6 +104,8 @@ private:
     bool mayAnswer(const Pending &pending) const;
     QList<SavedWindow> awaited() const;
     void skip(const SavedWindow &saved, const QString &why);
+    void skipRest();
+    bool isStopped() const;
 
     WindowLayout::RestoreRequest m_request;
     Desktop &m_desktop;
@@ -122,6 +125,21 @@ void Restore::skip(const SavedWindow &saved, const QString &why)
 {
     m_result.skipped.append({saved.appID, saved.title, why});
     m_result.skippedCount = m_result.skipped.size();
+}
+
+// What was still waited for, or what nobody waits for any longer.
+void Restore::skipRest()
+{
+    for (const Pending &pending : std::as_const(m_pending))
+        skip(pending.saved, m_request.control.isStopped() ? reason::stopped : pending.why);
+}
+
+// Tells which window is waited for, unless its user has stopped the resume.
+bool Restore::isStopped() const
+{
+    if (!m_pending.isEmpty())
+        m_request.control.awaits(m_pending.first().saved.appName);
+    return m_request.control.isStopped();
 }
 
 void Restore::collect()
@@ -311,15 +329,15 @@ QCoro::Task<RestoreResult> Restore::run()
     m_sightings.look(m_mover.windows());
     co_await prepare();
     co_await QCoro::sleepFor(m_request.firstWait);
-    co_await place();
+    if (!isStopped())
+        co_await place();
     const qint64 deadline = (m_request.firstWait + m_request.patience).count();
-    while ((!m_pending.isEmpty() && m_clock.elapsed() < deadline) || !m_late.isEmpty()) {
+    while (!isStopped() && ((!m_pending.isEmpty() && m_clock.elapsed() < deadline) || !m_late.isEmpty())) {
         co_await QCoro::sleepFor(lookInterval);
         co_await place();
         co_await placeAgain();
     }
-    for (const Pending &pending : std::as_const(m_pending))
-        skip(pending.saved, pending.why);
+    skipRest();
     co_return m_result;
 }
 

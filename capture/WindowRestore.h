@@ -2,6 +2,7 @@
 #pragma once
 
 #include "capture/RestoreSummary.h"
+#include "capture/ResumeControl.h"
 #include "capture/WindowContents.h"
 
 #include <QCoroTask>
@@ -29,6 +30,7 @@ struct RestoreRequest {
     std::function<bool(const QString &)> isStarting = {};
     std::chrono::milliseconds firstWait = std::chrono::milliseconds(650);
     std::chrono::milliseconds patience = std::chrono::seconds(10); // For awaited windows.
+    ResumeControl control = {};
 };
 
 // Moves the windows that are certain to be the saved ones back to where they were. What is minimised, full screen or

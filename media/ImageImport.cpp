@@ -4,7 +4,6 @@
 #include "media/ImageModule.h"
 #include "media/PngWriter.h"
 #include "support/AtomicFile.h"
-#include "support/Failure.h"
 #include "support/FileDescriptor.h"
 #include "support/Module.h"
 
@@ -92,7 +91,7 @@ void throwOutcome(ImageOutcome outcome)
     case ImageOutcome::Damaged:
         throw imageFailure("The image file is damaged or incomplete.");
     case ImageOutcome::Ended:
-        throw imageFailure("Reading the image was ended.");
+        throw ImageImport::ended();
     case ImageOutcome::NoLibrary:
         throw imageFailure("The system’s image library (libvips) could not be started.");
     }
@@ -117,7 +116,10 @@ void readImage(const FileDescriptor &file, int longestSide, Receiver &receiver)
 // Writes rows into a PNG file, many at once.
 class PngReceiver final : public Receiver {
 public:
-    explicit PngReceiver(PngStream::Sink sink) : m_sink(std::move(sink)) {}
+    PngReceiver(PngStream::Sink sink, const std::function<bool()> &isWanted)
+        : m_sink(std::move(sink)), m_isWanted(isWanted)
+    {
+    }
 
     bool begin(QSize size) override
     {
@@ -125,7 +127,7 @@ public:
         m_stride = qsizetype(size.width()) * 4;
         m_buffer.reserve(std::max(m_stride, std::min(bufferBytes, m_stride * size.height())));
         m_stream.emplace(size, m_sink);
-        return true;
+        return isWanted();
     }
 
     bool add(const uchar *pixels, int rows) override
@@ -136,11 +138,13 @@ public:
             if (m_rows == m_size.height() || m_buffer.size() + m_stride > bufferBytes)
                 flush();
         }
-        return true;
+        return isWanted();
     }
 
 private:
     static constexpr qsizetype bufferBytes = 8 * 1024 * 1024;
+
+    bool isWanted() const { return !m_isWanted || m_isWanted(); }
 
     void flush()
     {
@@ -149,6 +153,7 @@ private:
     }
 
     PngStream::Sink m_sink;
+    const std::function<bool()> &m_isWanted;
     QSize m_size = {};
     qsizetype m_stride = 0;
     QByteArray m_buffer = {};
@@ -196,10 +201,15 @@ public:
 
 } // namespace
 
-void ImageImport::writePng(const QString &source, const QString &target)
+Failure ImageImport::ended()
+{
+    return imageFailure("Reading the image was ended.");
+}
+
+void ImageImport::writePng(const QString &source, const QString &target, const std::function<bool()> &isWanted)
 {
     AtomicFile::writeNew(target, [&](const std::function<void(QByteArrayView)> &write) {
-        PngReceiver receiver([&](const QByteArray &bytes) { write(bytes); });
+        PngReceiver receiver([&](const QByteArray &bytes) { write(bytes); }, isWanted);
         readImage(openImage(source), longestSide, receiver);
     });
 }

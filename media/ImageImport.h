@@ -2,6 +2,7 @@
 #pragma once
 
 #include "media/Picture.h"
+#include "support/Failure.h"
 #include "support/FileDescriptor.h"
 
 #include <QString>
@@ -20,8 +21,12 @@ inline constexpr auto notAnImageDomain = "NotAnImage";
 inline constexpr int longestSide = 8192;
 
 // Writes the picture as a new PNG file of at most longestSide pixels on the longer side. Throws Failure and leaves no
-// file behind then; a picture that is damaged or cut short, or too large to be read, is refused.
-void writePng(const QString &source, const QString &target);
+// file behind then; a picture that is damaged or cut short, or too large to be read, is refused. Ends early with
+// ended() when isWanted turns false.
+void writePng(const QString &source, const QString &target, const std::function<bool()> &isWanted = {});
+
+// What is thrown where nobody wants the result any more.
+Failure ended();
 
 // The picture in this regular file made small, never enlarged; ends early with Failure when isWanted turns false.
 // Throws Failure.

@@ -49,8 +49,30 @@ QCoro::Task<ResumeOutcome> ResumeFlow::restore(Checkpoint checkpoint, ChooseItem
     return m_operations.carryOut(resume(std::move(checkpoint), std::move(choose), restoreLayout, audience), audience);
 }
 
+// A caller stops by itself, by going away.
+ResumeControl ResumeFlow::controlFor(Audience audience)
+{
+    if (audience == Audience::Caller)
+        return {};
+    const auto tell = [this](const QString &name) {
+        std::optional<ResumeProgress> progress = resuming();
+        if (progress)
+            progress->awaited = name;
+        resuming.set(progress);
+    };
+    return {tell, [this] { return resuming() && resuming()->isStopping; }};
+}
+
+void ResumeFlow::stopResume()
+{
+    std::optional<ResumeProgress> progress = resuming();
+    if (progress)
+        progress->isStopping = true;
+    resuming.set(progress);
+}
+
 // Throws Failure when another process does not come to an end.
-QCoro::Task<LibraryLock> ResumeFlow::turnToResume()
+QCoro::Task<LibraryLock> ResumeFlow::turnToResume(ResumeControl control)
 {
     const LibraryLock::Request request{
         .root = m_library.storageFolder(), .access = LibraryLock::Access::Read, .file = LibraryLock::resumeFile};
@@ -61,6 +83,8 @@ QCoro::Task<LibraryLock> ResumeFlow::turnToResume()
             co_return std::move(*turn);
         if (deadline.hasExpired())
             break;
+        if (control.isStopped())
+            throw Failure("Resume", 2, tr("The resume was stopped before it opened anything."));
         co_await QCoro::sleepFor(lookInterval);
     }
     const auto other = LibraryLock::holder(request.root, request.file);
@@ -78,14 +102,22 @@ QCoro::Task<ResumeOutcome> ResumeFlow::resume(Checkpoint checkpoint, ChooseItems
     if (m_operations.busy())
         co_return outcome;
     m_operations.setBusy(true);
-    const auto idle = qScopeGuard([this] { m_operations.setBusy(false); });
-    const LibraryLock turn = co_await turnToResume();
+    const auto idle = qScopeGuard([this, audience] {
+        const PublishTogether group;
+        m_operations.setBusy(false);
+        if (audience == Audience::Window)
+            resuming.set(std::nullopt);
+    });
+    if (audience == Audience::Window)
+        resuming.set(ResumeProgress{checkpoint.id});
+    const ResumeControl control = controlFor(audience);
+    const LibraryLock turn = co_await turnToResume(control);
     if (audience == Audience::Window) {
         unplacedWindows.set({});
         resumeShortfall.set(std::nullopt);
     }
     RestoreReport &report = outcome.report;
-    co_await reopen(checkpoint, choose, restoreLayout, &report);
+    co_await reopen(checkpoint, choose, restoreLayout, &report, control);
     if (report.layout)
         keepUnplaced(checkpoint.windows.value_or(QList<SavedWindow>()), *report.layout);
     outcome.isDone = true;
@@ -99,7 +131,7 @@ QCoro::Task<ResumeOutcome> ResumeFlow::resume(Checkpoint checkpoint, ChooseItems
 }
 
 QCoro::Task<void> ResumeFlow::reopen(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout,
-                                     RestoreReport *report)
+                                     RestoreReport *report, ResumeControl control)
 {
     const RestorePlan plan = co_await restorePlan(checkpoint);
     const ResumeChoice chosen = choose(plan);
@@ -113,7 +145,7 @@ QCoro::Task<void> ResumeFlow::reopen(Checkpoint checkpoint, ChooseItems choose, 
         request.pathsByApp = WindowLayout::pathsByApp(windows, saved);
         looking = WindowLayout::openPlaces(windows, saved, m_desktop);
     }
-    const WorkspaceCapture::ReopeningTools tools{m_desktop, m_openedPages, m_rules.exclusions().appIDs()};
+    const WorkspaceCapture::ReopeningTools tools{m_desktop, m_openedPages, m_rules.exclusions().appIDs(), control};
     WorkspaceCapture::Reopened reopened = co_await WorkspaceCapture::reopen(request, tools);
     report->outcome = reopened.outcome;
     if (restoreLayout) {
@@ -122,8 +154,10 @@ QCoro::Task<void> ResumeFlow::reopen(Checkpoint checkpoint, ChooseItems choose, 
         places.places = saved;
         places.open = co_await *looking;
         places.launchedAppIDs = reopened.startedAppIDs;
+        places.control = control;
         reopened.opened.places = co_await restorePlaces(places, report);
     }
+    control.awaits({});
     const QList<FailedStart> failed = co_await m_desktop.launcher->settle();
     WorkspaceCapture::withdraw(failed, reopened.opened, m_desktop.roles, report);
 }
@@ -139,6 +173,7 @@ QCoro::Task<QList<SavedWindow>> ResumeFlow::restorePlaces(WindowLayout::Location
     WindowLayout::RestoreRequest request{.windows = places.windows, .allowedAppIDs = places.allowedAppIDs};
     request.places = places.places;
     request.before = places.open;
+    request.control = places.control;
     request.isStarting = [this](const QString &appID) { return m_desktop.launcher->isStarting(appID); };
     for (const SavedWindow &window : std::as_const(places.windows)) {
         const bool isStarting = places.launchedAppIDs.contains(window.appID) && !opened.failedIDs.contains(window.id);
@@ -187,7 +222,7 @@ QCoro::Task<Outcome> ResumeFlow::placeWindows(WindowLayout::RestoreRequest reque
         co_return outcome;
     m_operations.setBusy(true);
     const auto idle = qScopeGuard([this] { m_operations.setBusy(false); });
-    const LibraryLock turn = co_await turnToResume();
+    const LibraryLock turn = co_await turnToResume({});
     const RestoreResult result = co_await WindowLayout::restore(request, m_desktop);
     if (!result.accessibilityRequired)
         keepUnplaced(request.windows, result);

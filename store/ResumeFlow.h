@@ -27,6 +27,15 @@ struct ResumeShortfall {
     bool operator==(const ResumeShortfall &) const = default;
 };
 
+// A resume that the window began and that goes on.
+struct ResumeProgress {
+    QUuid checkpointID = {};
+    QString awaited = {}; // The application, page or window that it waits for; empty: for no single one.
+    bool isStopping = false;
+
+    bool operator==(const ResumeProgress &) const = default;
+};
+
 // The items of a plan that are wanted.
 struct ResumeChoice {
     QSet<QString> appIDs = {};
@@ -46,6 +55,7 @@ public:
     template <typename T>
     using Published = PublishedBy<T, ResumeFlow>;
 
+    Published<std::optional<ResumeProgress>> resuming;
     Published<QList<UnplacedWindow>> unplacedWindows;          // By the last resume.
     Published<std::optional<ResumeShortfall>> resumeShortfall; // Of the last resume.
 
@@ -64,13 +74,17 @@ public:
                                        Audience audience = Audience::Window);
     // Tries those of unplacedWindows again that are among these, which are all of one checkpoint.
     QCoro::Task<Outcome> placeRemainingWindows(const QList<SavedWindow> &windows);
+    // The resume that `resuming` names begins nothing more. What it has done stays; what it left is named as such.
+    void stopResume();
     // Takes back what the last resume did not do.
     void dismissShortfall();
 
 private:
-    QCoro::Task<LibraryLock> turnToResume();
+    ResumeControl controlFor(Audience audience);
+    QCoro::Task<LibraryLock> turnToResume(ResumeControl control);
     QCoro::Task<ResumeOutcome> resume(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout, Audience audience);
-    QCoro::Task<void> reopen(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout, RestoreReport *report);
+    QCoro::Task<void> reopen(Checkpoint checkpoint, ChooseItems choose, bool restoreLayout, RestoreReport *report,
+                             ResumeControl control);
     QCoro::Task<Outcome> placeWindows(WindowLayout::RestoreRequest request);
     // Gives the windows whose folders and documents were opened.
     QCoro::Task<QList<SavedWindow>> restorePlaces(WindowLayout::LocationRequest places, RestoreReport *report);

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <utility>
 
@@ -34,33 +35,62 @@ ScreenshotEditing::ScreenshotEditing(Operations &operations, Library &library, C
 
 QCoro::Task<Outcome> ScreenshotEditing::importScreenshot(QString file, QUuid checkpointID)
 {
-    return m_operations.carryOut(addPicture(std::move(file), checkpointID));
+    PictureImport import{.checkpointID = checkpointID, .number = ++m_lastNumber};
+    return m_operations.carryOut(addPicture(std::move(file), std::move(import)));
 }
 
-QCoro::Task<Outcome> ScreenshotEditing::addPicture(QString file, QUuid checkpointID)
+void ScreenshotEditing::stopAddingPicture(QUuid checkpointID)
 {
+    for (const PictureImport &import : std::as_const(m_imports)) {
+        if (import.checkpointID == checkpointID)
+            import.isWanted->store(false);
+    }
+}
+
+void ScreenshotEditing::showImports()
+{
+    QList<QUuid> ids;
+    for (const PictureImport &import : std::as_const(m_imports))
+        ids.append(import.checkpointID);
+    addingPictures.set(ids);
+}
+
+QCoro::Task<Outcome> ScreenshotEditing::addPicture(QString file, PictureImport import)
+{
+    const QUuid checkpointID = import.checkpointID;
     Outcome outcome{.checkpointID = checkpointID, .subject = subjects::about("picture", checkpointID)};
     if (!m_library.editable(checkpointID))
         co_return outcome;
-    const int number = ++m_imports;
+    m_imports.append(import);
+    showImports();
+    const auto ended = qScopeGuard([&] {
+        m_imports.removeIf([&](const PictureImport &other) { return other.number == import.number; });
+        showImports();
+    });
     QString path;
     std::optional<Failure> failure;
     try {
         path = m_library.mediaFolder(checkpointID) + '/' + MediaFile::importedImage();
-        const auto copy = [&] { ImageImport::writePng(file, MediaFolders::arriving(path)); };
+        const auto isWanted = [&] { return import.isWanted->load(); };
+        const auto copy = [&] { ImageImport::writePng(file, MediaFolders::arriving(path), isWanted); };
         co_await inWorker(copy);
-        if (m_adoptedImports.value(checkpointID) > number) // One that was chosen later was quicker.
+        if (!isWanted())
+            throw ImageImport::ended();
+        if (m_adoptedNumbers.value(checkpointID) > import.number) // One that was chosen later was quicker.
             discard(MediaFolders::arriving(path), &outcome);
         else
             adoptScreenshot(checkpointID, path, &outcome);
         if (outcome)
-            m_adoptedImports.insert(checkpointID, number);
+            m_adoptedNumbers.insert(checkpointID, import.number);
     } catch (...) {
         failure = Failure::current();
     }
     if (!failure)
         co_return outcome;
-    importFailed(checkpointID, *failure, &outcome);
+    if (import.isWanted->load())
+        importFailed(checkpointID, *failure, &outcome);
+    else
+        outcome.notice = tr("Stopped. The image was not added.");
     if (!path.isEmpty())
         discard(MediaFolders::arriving(path), &outcome);
     QDir().rmdir(m_library.storageFolder() + '/' + uuidText(checkpointID)); // Nothing happens when it holds anything.

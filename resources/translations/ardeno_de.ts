@@ -844,7 +844,7 @@ für die Arbeit.</translation>
     </message>
     <message>
         <source>Manage checkpoints</source>
-        <translation>Verwalten</translation>
+        <translation>Checkpoints verwalten</translation>
     </message>
     <message>
         <source>No checkpoints</source>
@@ -1988,6 +1988,62 @@ für die Arbeit.</translation>
     <message>
         <source>Your settings could not be read (%1). They are left as they are, and changes to them are not kept.</source>
         <translation>Ihre Einstellungen konnten nicht gelesen werden (%1). Sie bleiben, wie sie sind, und Änderungen an ihnen werden nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>stopped by you</source>
+        <translation>von Ihnen gestoppt</translation>
+    </message>
+    <message>
+        <source>The resume was stopped before it opened anything.</source>
+        <translation>Das Fortsetzen wurde gestoppt, bevor etwas geöffnet war.</translation>
+    </message>
+    <message>
+        <source>Stopped. The image was not added.</source>
+        <translation>Gestoppt. Das Bild wurde nicht hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stoppen</translation>
+    </message>
+    <message>
+        <source>Stop resuming</source>
+        <translation>Fortsetzen stoppen</translation>
+    </message>
+    <message>
+        <source>What is open already stays open</source>
+        <translation>Was schon offen ist, bleibt offen</translation>
+    </message>
+    <message>
+        <source>Stopping. What has begun still comes to its end.</source>
+        <translation>Wird gestoppt. Was begonnen hat, wird noch beendet.</translation>
+    </message>
+    <message>
+        <source>Resuming “%1”. Waiting until what was opened is there.</source>
+        <translation>„%1“ wird fortgesetzt. Es wird gewartet, bis das Geöffnete da ist.</translation>
+    </message>
+    <message>
+        <source>Resuming “%1”. Waiting for %2.</source>
+        <translation>„%1“ wird fortgesetzt. Gewartet wird auf: %2.</translation>
+    </message>
+    <message>
+        <source>Drop an image here, paste one, or choose a file.</source>
+        <translation>Ziehen Sie ein Bild hierher, fügen Sie eines ein oder wählen Sie eine Datei.</translation>
+    </message>
+    <message>
+        <source>Choose a file…</source>
+        <translation>Datei wählen …</translation>
+    </message>
+    <message>
+        <source>Adding the image…</source>
+        <translation>Bild wird hinzugefügt …</translation>
+    </message>
+    <message>
+        <source>Stop adding the image</source>
+        <translation>Hinzufügen des Bildes stoppen</translation>
+    </message>
+    <message>
+        <source>There is a project “%1” already. It is opened.</source>
+        <translation>Ein Projekt „%1“ gibt es schon. Es wird geöffnet.</translation>
     </message>
 </context>
 </TS>

@@ -120,7 +120,7 @@ TEST_CASE_FIXTURE(ResumeFixture,
 {
     addTab("https://unread.example/");
     CHECK_FALSE(finish(store().resumes.restorePlan(checkpoint)).tabCheckWarning); // That no browser runs is no fault.
-    memory.tabRecords[chrome] = QString();                                         // Runs and cannot be read.
+    memory.tabRecords[chrome] = QString();                                        // Runs and cannot be read.
     addTab("https://elsewhere.example/").browserID = "com.apple.Safari";
 
     const RestorePlan plan = finish(store().resumes.restorePlan(checkpoint));
@@ -164,6 +164,35 @@ TEST_CASE_FIXTURE(ResumeFixture, "what fails is named, and the rest is opened al
     const RestoreReport vain = resume(true);
     CHECK(vain.outcome.openedApps + vain.outcome.openedTabs + vain.documents == 0);
     CHECK(vain.outcome.failures.contains("lost.txt (Editor ended with an error)"));
+}
+
+TEST_CASE_FIXTURE(ResumeFixture, "a resume that is stopped begins nothing more and names what it left")
+{
+    checkpoint.apps.append(SavedApp{"files", "Files"});
+    addTab("https://a.example/");
+    addWindow("files", "notes").documentURL = existing("notes.txt");
+    addWindow("org.editor", "Editor");
+    QString awaited;
+    memory.whenOpened = [&](const QString &) {
+        awaited = store().resuming()->awaited;
+        store().stopResume();
+    };
+
+    const RestoreReport report = resume(true);
+
+    CHECK(memory.opened == QStringList{"app viewer"});
+    CHECK(awaited == "Viewer");
+    CHECK(report.outcome.openedApps == 1);
+    CHECK(store().error() == "Could not open: Files (stopped by you), Page https://a.example/ (stopped by you), "
+                             "notes.txt (stopped by you)");
+    for (const UnplacedWindow &window : store().unplacedWindows())
+        CHECK(window.reason == "stopped by you");
+    CHECK(store().unplacedWindows().size() == 2);
+    CHECK_FALSE(store().resuming().has_value());
+
+    memory.whenOpened = {};
+    resume();
+    CHECK_MESSAGE(memory.opened.contains("app files"), "the next one is not stopped");
 }
 
 TEST_CASE_FIXTURE(ResumeFixture, "folders, documents and window places follow the layout switch")

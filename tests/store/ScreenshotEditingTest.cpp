@@ -55,6 +55,19 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "an image that cannot be imported changes n
     CHECK(media() == QStringList{"snapshot.png"});
 }
 
+TEST_CASE_FIXTURE(ScreenshotFixture, "an import that is stopped leaves the picture as it was")
+{
+    QCoro::Task<Outcome> importing = store().importScreenshot(image, saved.id);
+    CHECK(store().addingPictures() == QList<QUuid>{saved.id});
+    store().stopAddingPicture(saved.id);
+    finish(std::move(importing));
+    CHECK(store().notice() == "Stopped. The image was not added.");
+    CHECK_FALSE(store().error().has_value());
+    CHECK(store().addingPictures().isEmpty());
+    CHECK(now() == saved);
+    CHECK(media() == QStringList{"snapshot.png"});
+}
+
 TEST_CASE_FIXTURE(ScreenshotFixture,
                   "an image whose checkpoint cannot be written, or was deleted meanwhile, goes again")
 {

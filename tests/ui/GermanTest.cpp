@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/CutTexts.h"
+#include "tests/ui/DrawnTexts.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/ViewParts.h"
 #include "ui/quicksave/QuickSavePanel.h"
@@ -8,6 +9,7 @@
 
 #include <QApplication>
 #include <QLocale>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -49,6 +51,10 @@ struct GermanFixture : WindowFixture {
         CHECK(window->size() == QSize(960, 690));
         CHECK(textsThatAreCut(window.get()) == QStringList());
         CHECK(linesThatAreCut(window.get()) == QStringList());
+        const QStringList drawn = drawnTexts(*window);
+        CHECK(drawn.size() > 5);
+        // A sentence that ends in "…" has a space before it here; what was shortened has none.
+        CHECK(drawn.filter(QRegularExpression(u"(^|\\S)…$"_qs)) == QStringList());
     }
 };
 
@@ -61,9 +67,9 @@ TEST_CASE_FIXTURE(GermanFixture, "the whole program speaks another language, and
     look("empty");
     const QUuid thesis = *store().projects.createProject("Abschlussarbeit");
     look("project");
-    store().projects.setProjectBlocker(*store().projects.createProject("Website"), "das überarbeitete Angebot");
-    saveCheckpoint(thesis, "Auswertung", Date::now().seconds - 86'400);
-    Checkpoint latest = saveCheckpoint(thesis, "Vergleich", Date::now().seconds - 60);
+    store().projects.setProjectBlocker(*store().projects.createProject("Website"), "das Angebot");
+    saveCheckpoint(thesis, u"Checkpoint · 20:36"_qs, Date::now().seconds - 86'400);
+    Checkpoint latest = saveCheckpoint(thesis, u"Checkpoint · 22:48"_qs, Date::now().seconds - 60);
     latest.apps = {{"a", "A"}};
     latest.tabs = {{.title = "Eine Seite", .url = "https://example.org"}};
     QImage screen(1920, 1080, QImage::Format_RGB32);
@@ -87,7 +93,7 @@ TEST_CASE_FIXTURE(GermanFixture, "the whole program speaks another language, and
     auto *const page = window->findChild<QScrollArea *>();
     page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum());
     look("notes");
-    click("Verwalten");
+    click("Checkpoints verwalten");
     look("manager");
     click("Fertig");
     click(u"Checkpoint-Details …"_qs);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Finish.h"
 #include "tests/ui/WindowFixture.h"
+#include "ui/main/ResumeStrip.h"
 #include "ui/main/Strips.h"
 
 #include <QScrollArea>
@@ -138,4 +139,28 @@ TEST_CASE_FIXTURE(Notices, "a check for updates that was asked for is answered, 
     CHECK(findButton("Download update"));
     check(std::nullopt);
     CHECK(seesText("Update available: 99\nCould not check for updates. Try again when you are online."));
+}
+
+TEST_CASE_FIXTURE(Notices, "a resume that takes long says what it waits for, and ends where it is stopped")
+{
+    Checkpoint saved = saveCheckpoint(openProject(), "Draft", 10);
+    memory.installed = {{"viewer", "Viewer"}};
+    memory.starting = {"viewer"}; // Its window never comes.
+    saved.apps = {{"viewer", "Viewer"}};
+    saved.windows =
+        QList<SavedWindow>{{.appID = "viewer", .appName = "Viewer", .title = "paper", .frame = {50, 60, 500, 400}}};
+    REQUIRE(store().save(saved));
+    for (QWidget *const candidate : window->findChildren<QWidget *>()) {
+        if (auto *const strip = dynamic_cast<ResumeStrip *>(candidate))
+            strip->setPatience(std::chrono::milliseconds(1));
+    }
+
+    store().restore(saved, ResumeChoice::missing, true);
+    CHECK(eventually([this] { return seesText(u"Resuming “Draft”. Waiting for Viewer."_qs); }));
+    bothPictures("resuming");
+    click("Stop resuming");
+    CHECK(eventually([this] { return !store().resuming(); }));
+    CHECK_FALSE(findButton("Stop resuming"));
+    REQUIRE(store().unplacedWindows().size() == 1);
+    CHECK(store().unplacedWindows().first().reason == "stopped by you");
 }

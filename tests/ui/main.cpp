@@ -2,6 +2,7 @@
 #define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
+#include "ui/controls/FadeIn.h"
 #include "ui/controls/Sheet.h"
 #include "ui/theme/AppStyle.h"
 #include "words/Words.h"
@@ -20,6 +21,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     ardeno::installSheetAccessibility();
+    ardeno::FadeIn::setDuration({}); // Pictures show what has come.
     const ardeno::Words words(ardeno::Words::Language::OfCode);
     return doctest::Context(argc, argv).run();
 }

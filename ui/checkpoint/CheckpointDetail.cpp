@@ -18,6 +18,7 @@ namespace ardeno {
 namespace {
 
 constexpr int mostTitleLines = 4;
+constexpr int leastForTwoNotes = 800;
 
 } // namespace
 
@@ -47,7 +48,7 @@ QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
 {
     auto *page = new QWidget;
     auto *column = makeColumn(0, page);
-    column->setContentsMargins(28, 18, 18, 28);
+    column->setContentsMargins(28, 16, 18, 28);
     column->addWidget(makeEyebrow(checkpoint));
     column->addSpacing(5);
     column->addWidget(m_title);
@@ -55,19 +56,21 @@ QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
     column->addWidget(makeParagraph(checkpoint.isSample ? tr("A sample checkpoint. Explore the saved workspace below.")
                                                         : tr("A screenshot, your workspace and a place to continue."),
                                     TextStyle::Body, Role::Dim));
-    column->addSpacing(12);
+    column->addSpacing(10);
     column->addWidget(makeResumeRow());
-    column->addSpacing(14);
+    column->addSpacing(12);
     m_shortfall = new ResumeShortfallCard(m_parts.resumes, m_parts.library, m_parts.sheets, m_id);
     column->addWidget(m_shortfall);
     m_screenshot = new ScreenshotCard(m_parts, m_screens, checkpoint);
     column->addWidget(m_screenshot);
     column->addSpacing(4);
     column->addWidget(makeFooter(checkpoint));
-    column->addSpacing(8);
-    column->addWidget(m_objective);
     column->addSpacing(4);
-    column->addWidget(m_nextStep);
+    m_notes = new QBoxLayout(QBoxLayout::TopToBottom);
+    m_notes->setSpacing(4);
+    m_notes->addWidget(m_objective, 1, Qt::AlignTop);
+    m_notes->addWidget(m_nextStep, 1, Qt::AlignTop);
+    column->addLayout(m_notes);
     if (m_screens.workspaceItems)
         column->addWidget(m_screens.workspaceItems(m_id));
     column->addStretch();
@@ -195,11 +198,17 @@ void CheckpointDetail::fitPicture()
     if (!widget() || !m_screenshot)
         return;
     constexpr int least = 150;
-    constexpr double most = 0.45; // Of what is seen of the page.
+    constexpr int mostAtDefaultSize = 250;
+    constexpr double share = 0.45; // Of what is seen of the page.
+    // Where there is room for two columns of text, the next step stands beside what was done.
+    const bool isWide = viewport()->width() >= leastForTwoNotes;
+    m_notes->setDirection(isWide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     widget()->layout()->activate();
-    const int others = m_nextStep->geometry().bottom() - m_screenshot->pictureHeight();
+    const int end = std::max(m_objective->geometry().bottom(), m_nextStep->geometry().bottom());
+    const int others = end - m_screenshot->pictureHeight();
     const int room = viewport()->height() - others;
-    m_screenshot->setMostHeight(std::clamp(room, least, std::max(least, qRound(viewport()->height() * most))));
+    m_screenshot->setMostHeight(
+        std::clamp(room, least, std::max(mostAtDefaultSize, qRound(viewport()->height() * share))));
 }
 
 void CheckpointDetail::commitNotes()

@@ -6,6 +6,7 @@
 
 #include <QScrollArea>
 
+class QBoxLayout;
 class QLabel;
 class QVBoxLayout;
 
@@ -56,6 +57,7 @@ private:
     ScreenshotCard *m_screenshot = nullptr;
     InlineNote *m_objective;
     InlineNote *m_nextStep;
+    QBoxLayout *m_notes = nullptr;
     Observations m_observations;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/checkpoint/ScreenshotCard.h"
 
+#include "ui/checkpoint/MissingPicture.h"
 #include "ui/checkpoint/OfferedPicture.h"
 #include "ui/checkpoint/SampleWorkspace.h"
 #include "ui/checkpoint/ScreenshotImage.h"
@@ -9,6 +10,7 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
 #include "ui/controls/PictureImage.h"
+#include "ui/controls/Progress.h"
 #include "ui/controls/Sheet.h"
 #include "ui/controls/TextKeys.h"
 #include "ui/controls/UndoStrip.h"
@@ -47,6 +49,7 @@ ScreenshotCard::ScreenshotCard(const CheckpointParts &parts, const Screens &scre
         return;
     }
     m_observations.watch([this] { showCheckpoint(); }, parts.library.checkpoints);
+    m_observations.watch([this] { showAdding(); }, parts.screenshots.addingPictures);
     takeOffers();
 }
 
@@ -67,6 +70,8 @@ QWidget *ScreenshotCard::makeHeader()
     row->addWidget(new SymbolView("photo", Role::Dim));
     row->addWidget(makeLabel(tr("Screenshot"), TextStyle::Strong));
     row->addStretch();
+    m_adding = makeAdding();
+    row->addWidget(m_adding);
     for (Button *const button : {m_choose, m_expand, m_remove}) {
         row->addWidget(button);
         button->setVisible(!m_isSample);
@@ -81,14 +86,36 @@ QWidget *ScreenshotCard::makeHeader()
 
 QWidget *ScreenshotCard::makePlaceholder()
 {
-    auto *card = new Card(nullptr, Role::Paper, Role::Line, 8);
-    card->setFixedHeight(160);
-    auto *column = makeColumn(6, card);
-    column->addStretch();
-    column->addWidget(new SymbolView("photo", Role::Faint, 28), 0, Qt::AlignHCenter);
-    column->addWidget(makeLabel(tr("No screenshot saved"), TextStyle::Body, Role::Dim), 0, Qt::AlignHCenter);
-    column->addStretch();
-    return card;
+    return new MissingPicture([this] { chooseImage(); }, [this] { paste(); });
+}
+
+QWidget *ScreenshotCard::makeAdding()
+{
+    auto *adding = new QWidget;
+    auto *row = makeRow(8, adding);
+    row->addWidget(new Progress(tr("Working")));
+    row->addWidget(makeLabel(tr("Adding the image…"), TextStyle::Small, Role::Dim));
+    auto *stop = new Button(tr("Stop"));
+    stop->setAccessibleName(tr("Stop adding the image"));
+    connect(stop, &QAbstractButton::clicked, this, [this] { m_parts.screenshots.stopAddingPicture(m_id); });
+    row->addWidget(stop);
+    adding->hide();
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(std::chrono::milliseconds(400)); // What is done at once does not flicker.
+    connect(&m_patience, &QTimer::timeout, adding, &QWidget::show);
+    return adding;
+}
+
+void ScreenshotCard::showAdding()
+{
+    const bool isAdding = m_parts.screenshots.addingPictures().contains(m_id);
+    m_choose->setEnabled(!isAdding);
+    if (!isAdding) {
+        m_patience.stop();
+        m_adding->hide();
+    } else if (m_adding->isHidden() && !m_patience.isActive()) {
+        m_patience.start();
+    }
 }
 
 QWidget *ScreenshotCard::makePicture(const Checkpoint &checkpoint)
@@ -123,8 +150,7 @@ void ScreenshotCard::showCheckpoint()
         return;
     m_shownPath = checkpoint->screenshot;
     QWidget *const before = std::exchange(m_picture, makePicture(*checkpoint));
-    const bool isImage = dynamic_cast<ScreenshotImage *>(m_picture) != nullptr;
-    m_column->addWidget(m_picture, 0, isImage ? Qt::AlignLeft : Qt::Alignment());
+    m_column->addWidget(m_picture);
     delete before;
     const bool hasPicture = checkpoint->screenshot.has_value();
     m_choose->setText(hasPicture ? tr("Replace image…") : tr("Add image…"));

@@ -5,6 +5,8 @@
 #include "ui/checkpoint/CheckpointParts.h"
 #include "ui/controls/Ground.h"
 
+#include <QTimer>
+
 class QMenu;
 class QVBoxLayout;
 
@@ -35,6 +37,8 @@ private:
     QWidget *makeHeader();
     QWidget *makePicture(const Checkpoint &checkpoint);
     QWidget *makePlaceholder();
+    QWidget *makeAdding();
+    void showAdding();
     void showCheckpoint();
     void showUndo();
     void chooseImage();
@@ -54,6 +58,8 @@ private:
     Button *m_choose;
     Button *m_expand;
     Button *m_remove;
+    QWidget *m_adding = nullptr; // What is said of an import that takes long.
+    QTimer m_patience;
     UndoStrip *m_undo;
     QWidget *m_picture = nullptr;
     bool m_isOffered = false; // An image is dragged over the card.

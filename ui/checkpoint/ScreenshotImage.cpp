@@ -98,7 +98,7 @@ QSize ScreenshotImage::shownSize(int width) const
 QRectF ScreenshotImage::shownArea() const
 {
     const QSize shown = shownSize(width());
-    return {QPointF(0, (height() - shown.height()) / 2.0), QSizeF(shown)};
+    return {QPointF((width() - shown.width()) / 2.0, (height() - shown.height()) / 2.0), QSizeF(shown)};
 }
 
 void ScreenshotImage::setMostHeight(int height)
@@ -178,17 +178,18 @@ void ScreenshotImage::paintEvent(QPaintEvent *)
         return;
     }
     const QRectF target = shownArea();
+    // The whole width belongs to the picture, whatever its form.
     QPainterPath rounded;
-    rounded.addRoundedRect(target, 8, 8);
+    rounded.addRoundedRect(rect(), 8, 8);
+    painter.fillPath(rounded, themeColor(Role::PictureGround));
     painter.setClipPath(rounded);
-    painter.fillRect(target, themeColor(Role::Line));
     if (const QImage &shownImage = m_image.isNull() ? m_preview : m_image; !shownImage.isNull())
         painter.drawImage(target, shownImage);
     painter.setClipping(false);
     if (focusPolicy() != Qt::NoFocus && (underMouse() || m_showsFocus))
         drawHint(painter);
     if (m_showsFocus)
-        Drawing::focusRing(painter, target, 8);
+        Drawing::focusRing(painter, rect(), 8);
 }
 
 void ScreenshotImage::drawUnavailable(QPainter &painter)

@@ -75,7 +75,8 @@ QSize Chip::sizeHint() const
 void Chip::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    Drawing::panel(painter, rect(), height() / 2.0, themeColor(m_ground), Qt::transparent);
+    const QColor line = m_ground == Role::Card ? themeColor(Role::Line) : QColor(Qt::transparent);
+    Drawing::panel(painter, rect(), height() / 2.0, themeColor(m_ground), line);
     qreal left = padding();
     if (!m_symbol.isEmpty()) {
         Symbols::draw(painter, m_symbol, {left, (height() - 16) / 2.0, 16, 16}, themeColor(m_ink));

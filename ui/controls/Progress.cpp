@@ -5,11 +5,14 @@
 
 #include <QPainter>
 
+#include <chrono>
+
 namespace ardeno {
 
 namespace {
 
 constexpr int steps = 12;
+constexpr std::chrono::milliseconds moment(400);
 
 } // namespace
 
@@ -21,6 +24,19 @@ Progress::Progress(const QString &name, QWidget *parent) : QWidget(parent)
         m_step = (m_step + 1) % steps;
         update();
     });
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(moment);
+    connect(&m_patience, &QTimer::timeout, this, [this] { show(); });
+}
+
+void Progress::setGoingOn(bool isGoingOn)
+{
+    if (!isGoingOn) {
+        m_patience.stop();
+        hide();
+    } else if (isHidden() && !m_patience.isActive()) {
+        m_patience.start();
+    }
 }
 
 void Progress::paintEvent(QPaintEvent *)

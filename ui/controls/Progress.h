@@ -11,6 +11,9 @@ class Progress final : public QWidget {
 public:
     explicit Progress(const QString &name, QWidget *parent = nullptr);
 
+    // Shows it while something goes on, but not for what is done within a moment.
+    void setGoingOn(bool isGoingOn);
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void showEvent(QShowEvent *event) override;
@@ -18,6 +21,7 @@ protected:
 
 private:
     QTimer m_turn;
+    QTimer m_patience;
     int m_step = 0;
 };
 

@@ -2,13 +2,15 @@
 #include "ui/controls/Sheet.h"
 
 #include "ui/controls/Alert.h"
+#include "ui/controls/FadeIn.h"
 #include "ui/controls/InputWatch.h"
 #include "ui/theme/Drawing.h"
 
 #include <QAccessible>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QTextEdit>
 #include <QTimer>
 
@@ -58,9 +60,15 @@ Sheet::Sheet(const QString &name, int width, Kind kind) : m_kind(kind), m_column
 {
     setAccessibleName(name);
     setFocusPolicy(Qt::ClickFocus);
-    setFixedWidth(width);
+    setWantedWidth(width);
     m_column->setContentsMargins(28, 26, 28, 26);
     m_column->setSpacing(14);
+}
+
+void Sheet::setWantedWidth(int width)
+{
+    m_wantedWidth = width;
+    setFixedWidth(parentWidget() ? std::min(width, parentWidget()->width()) : width);
 }
 
 QHBoxLayout *Sheet::buttonRow()
@@ -191,6 +199,7 @@ void SheetHost::present(Sheet *sheet)
     raise();
     show();
     sheet->show();
+    FadeIn::begin(sheet, Role::Paper, 14);
     sheet->takeFocus();
     QTimer::singleShot(0, sheet, [sheet] { sheet->m_isSettled = true; });
     QAccessibleEvent shown(sheet, QAccessible::DialogStart);
@@ -211,6 +220,7 @@ void SheetHost::remove(Sheet *sheet)
     arrange(Stand::Kept);
     if (!isCovering()) {
         hide();
+        FadeIn::begin(window(), Role::Scrim); // The scrim thins out.
         if (m_covered)
             m_covered(false);
     }
@@ -224,6 +234,7 @@ void SheetHost::arrange(Stand stand)
 {
     setGeometry(window()->rect());
     for (const QPointer<Sheet> &sheet : std::as_const(m_sheets)) {
+        sheet->setFixedWidth(std::min(sheet->m_wantedWidth, width()));
         const int room = height() - 48;
         const int wanted = sheet->hasHeightForWidth() ? sheet->heightForWidth(sheet->width()) : 0;
         const int tall = std::min(room, std::max({wanted, sheet->sizeHint().height(), sheet->minimumHeight()}));
@@ -262,12 +273,73 @@ bool SheetHost::focusNextPrevChild(bool next)
     return true; // The sheets keep the focus.
 }
 
-CoverableWindow::CoverableWindow() : m_content(new QWidget(this)), m_sheets(this) {}
+CoverableWindow::CoverableWindow()
+    : m_content(new QWidget(this)),
+      m_sheets(this),
+      m_across(new QScrollBar(Qt::Horizontal, this)),
+      m_down(new QScrollBar(Qt::Vertical, this))
+{
+    for (QScrollBar *const bar : {m_across, m_down}) {
+        bar->hide();
+        QObject::connect(bar, &QScrollBar::valueChanged, this, [this] { moveContent(); });
+    }
+    QObject::connect(qApp, &QApplication::focusChanged, m_content, [this](QWidget *, QWidget *now) { showFocus(now); });
+}
+
+void CoverableWindow::setLeastContent(QSize least)
+{
+    m_leastContent = least;
+    arrangeContent();
+}
+
+void CoverableWindow::arrangeContent()
+{
+    const bool isNarrow = width() < m_leastContent.width();
+    const bool isLow = height() < m_leastContent.height();
+    const int thick = m_down->sizeHint().width();
+    const QSize room = size() - QSize(isLow ? thick : 0, isNarrow ? thick : 0);
+    const QSize whole = room.expandedTo(m_leastContent);
+    m_content->resize(whole);
+    m_across->setGeometry(0, room.height(), room.width(), thick);
+    m_across->setRange(0, whole.width() - room.width());
+    m_across->setPageStep(room.width());
+    m_across->setVisible(isNarrow);
+    m_down->setGeometry(room.width(), 0, thick, room.height());
+    m_down->setRange(0, whole.height() - room.height());
+    m_down->setPageStep(room.height());
+    m_down->setVisible(isLow);
+    moveContent();
+}
+
+void CoverableWindow::moveContent()
+{
+    m_content->move(-m_across->value(), -m_down->value());
+    update();
+}
+
+void CoverableWindow::showFocus(const QWidget *focused)
+{
+    if (!focused || !m_content->isAncestorOf(focused) || QGuiApplication::mouseButtons() != Qt::NoButton)
+        return;
+    const QRect place(focused->mapTo(m_content, QPoint()), focused->size());
+    const auto follow = [](QScrollBar *bar, int first, int last) {
+        const int least = last - bar->pageStep();
+        bar->setValue(std::clamp(bar->value(), std::min(least, first), first));
+    };
+    follow(m_across, place.left(), place.right());
+    follow(m_down, place.top(), place.bottom());
+}
+
+void CoverableWindow::wheelEvent(QWheelEvent *event)
+{
+    if (m_down->isVisible())
+        QCoreApplication::sendEvent(m_down, event);
+}
 
 void CoverableWindow::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    m_content->setGeometry(rect());
+    arrangeContent();
     m_sheets.arrange();
 }
 

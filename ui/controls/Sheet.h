@@ -9,6 +9,8 @@
 
 #include <functional>
 
+class QScrollBar;
+
 namespace ardeno {
 
 // A panel that stands inside the window over all else, with the role of a dialog. Escape cancels it; Return presses
@@ -27,6 +29,9 @@ public:
 
     // A row of buttons at the right end; the default one is the last.
     Button *addButton(const QString &text, Button::Kind kind, std::function<void()> pressed);
+
+    // What it takes where the window has that room.
+    void setWantedWidth(int width);
 
     void setDefaultButton(Button *button) { m_default = button; }
 
@@ -61,6 +66,7 @@ private:
     QHBoxLayout *buttonRow();
 
     Kind m_kind;
+    int m_wantedWidth = 0;
     QVBoxLayout *m_column;
     QHBoxLayout *m_buttons = nullptr;
     bool m_isSettled = false; // The contents have had their first layout.
@@ -129,12 +135,23 @@ public:
     // What sheets cover; composed by the window.
     QWidget *content() const { return m_content; }
 
+    // The smallest size of the content: on a screen that is smaller still, bars move it.
+    void setLeastContent(QSize least);
+
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
 
 private:
+    void arrangeContent();
+    void moveContent();
+    void showFocus(const QWidget *focused);
+
     QWidget *m_content;
     SheetHost m_sheets;
+    QSize m_leastContent;
+    QScrollBar *m_across;
+    QScrollBar *m_down;
 };
 
 // Screen readers learn what sheets are. Once, before the first window.

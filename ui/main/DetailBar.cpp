@@ -55,6 +55,7 @@ DetailBar::DetailBar(const Library &library, const Navigation &navigation, const
     auto *row = makeRow(12, this);
     row->setContentsMargins(24, 0, 35, 0);
     row->addWidget(m_title, 1);
+    m_progress->hide();
     row->addWidget(m_progress);
     row->addWidget(m_recording);
     m_stop->setAccessibleName(m_stop->text()); // Else screen readers would take the "&" for a mark of a letter.
@@ -85,7 +86,7 @@ void DetailBar::showState()
     m_title->setText(project ? project->name : tr("Projects"));
     m_recording->setVisible(m_recorder.recording());
     m_stop->setEnabled(!m_operations.busy());
-    m_progress->setVisible(m_operations.busy());
+    m_progress->setGoingOn(m_operations.busy());
     if (m_recorder.recording() && !m_recorder.recordingFailure())
         m_tick.start(1000);
     else

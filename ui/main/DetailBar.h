@@ -16,6 +16,7 @@ namespace ardeno {
 
 class Button;
 class LineLabel;
+class Progress;
 
 // The row above the detail: what is shown, whether a session is recorded, and a menu.
 class DetailBar final : public QWidget {
@@ -38,7 +39,7 @@ private:
     QLabel *m_elapsed;
     Button *m_stop;
     QWidget *m_recording;
-    QWidget *m_progress;
+    Progress *m_progress;
     QTimer m_tick;
     Observations m_observations;
 };

@@ -4,6 +4,7 @@
 #include "store/AppStore.h"
 #include "ui/ViewParts.h"
 #include "ui/checkpoint/CheckpointDetail.h"
+#include "ui/controls/FadeIn.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/InputWatch.h"
 #include "ui/controls/Label.h"
@@ -14,6 +15,7 @@
 #include "ui/main/LastUndo.h"
 #include "ui/main/Presentations.h"
 #include "ui/main/RemarkStrips.h"
+#include "ui/main/ResumeStrip.h"
 #include "ui/main/Sidebar.h"
 #include "ui/main/Strips.h"
 #include "ui/note/UnsavedNoteQuestion.h"
@@ -69,6 +71,7 @@ MainWindow::MainWindow() : m_brand(Sidebar::makeBrand())
     setWindowIcon(Symbols::brandIcon());
     setMinimumSize(960, 690);
     resize(1170, 790);
+    setLeastContent(QSize(940, 540));
     setAttribute(Qt::WA_OpaquePaintEvent);
     m_brand->setParent(content());
     m_brand->setGeometry(12, 16, Sidebar::fixedWidth - 25, m_brand->sizeHint().height());
@@ -135,12 +138,12 @@ QWidget *MainWindow::makeDetailColumn()
     m_foot = new QWidget;
     auto *foot = makeColumn(0, m_foot);
     foot->addWidget(new RemarkStrips(m_store->messages, m_store->applications, m_store->sessions));
+    foot->addWidget(new ResumeStrip(m_store->resumes, m_store->library));
     foot->addWidget(new ArchivingStrip(m_store->projects, m_store->library));
-    foot->addWidget(
-        new NoticeStrip(m_store->messages, m_store->navigation, m_store->library, m_store->resumes, [this] {
-            if (m_detail)
-                m_detail->showShortfall();
-        }));
+    foot->addWidget(new NoticeStrip(m_store->messages, m_store->navigation, m_store->library, m_store->resumes, [this] {
+        if (m_detail)
+            m_detail->showShortfall();
+    }));
     // Lowest, where it stays when a notice above it goes.
     foot->addWidget(new NewsletterPrompt(m_store->newsletter, m_screens));
     column->addWidget(m_foot);
@@ -222,6 +225,8 @@ void MainWindow::showContent()
     m_shown = wanted;
     m_view = makeContent();
     m_contentColumn->addWidget(m_view);
+    if (before)
+        FadeIn::begin(m_view, Role::Paper);
     delete before;
     // The tab key goes from top to bottom, though the content is younger than what stands below it.
     for (QAbstractButton *const control : m_foot->findChildren<QAbstractButton *>())
@@ -331,7 +336,7 @@ void MainWindow::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.fillRect(rect(), themeColor(Role::Paper));
-    const QRectF side(0, 0, Sidebar::fixedWidth, height());
+    const QRectF side(content()->x(), 0, Sidebar::fixedWidth, height());
     painter.fillRect(side, themeColor(Role::Sidebar));
     Drawing::edge(painter, side, Qt::RightEdge, themeColor(Role::Line));
     if (const auto painted = std::exchange(m_firstPaint, nullptr))

@@ -4,6 +4,7 @@
 #include "store/Subjects.h"
 #include "ui/checkpoint/ResumeShortfallCard.h"
 #include "ui/controls/Button.h"
+#include "ui/controls/FadeIn.h"
 #include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/ScrollColumn.h"
@@ -27,6 +28,7 @@ QHBoxLayout *makeStripRow(QWidget *strip)
 {
     auto *row = makeRow(10, strip);
     row->setContentsMargins(24, 5, 22, 5);
+    FadeIn::follow(strip, Role::Paper);
     return row;
 }
 

@@ -103,10 +103,7 @@ void InlineNote::paintEvent(QPaintEvent *)
     if (!m_isFocused)
         return;
     QPainter painter(this);
-    QColor line = themeColor(Role::AccentText);
-    if (AppTheme::instance().appearance().contrast == Contrast::Normal)
-        line.setAlphaF(0.3F);
-    Drawing::panel(painter, rect(), 7, themeColor(Role::Field), line);
+    Drawing::panel(painter, rect(), 7, themeColor(Role::Field), themeColor(Role::AccentText));
 }
 
 } // namespace ardeno

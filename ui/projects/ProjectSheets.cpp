@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/projects/ProjectSheets.h"
 
+#include "store/ProjectOrder.h"
 #include "ui/controls/Fields.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Sheet.h"
@@ -29,6 +30,21 @@ void needName(const TextField *field, Button *button)
     show(field->text());
 }
 
+// Says what becomes of a name that a project has already.
+QLabel *makeKnownName(AppStore &store, const TextField *field)
+{
+    QLabel *const text = makeParagraph({}, TextStyle::Small, Role::Dim);
+    text->hide();
+    QObject::connect(field, &QLineEdit::textChanged, text, [&store, text](const QString &name) {
+        const auto known = ProjectOrder::named(store.projects(), name.trimmed());
+        const Project *const project = known ? store.project(*known) : nullptr;
+        text->setVisible(project);
+        if (project)
+            text->setText(ProjectSheetTexts::tr("There is a project “%1” already. It is opened.").arg(project->name));
+    });
+    return text;
+}
+
 } // namespace
 
 Sheet *makeNewProjectSheet(const ProjectParts &parts)
@@ -46,6 +62,7 @@ Sheet *makeNewProjectSheet(const ProjectParts &parts)
                               "at a different point in time."),
         TextStyle::Body, Role::Dim));
     TextField *const name = addField(column, ProjectSheetTexts::tr("Project name"), {});
+    column->addWidget(makeKnownName(store, name));
     column->addSpacing(4);
     sheet->addButton(ProjectSheetTexts::tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
     Button *const create =

@@ -47,7 +47,19 @@ bool hasRoomForLatest(const QString &text, qreal width)
     return QFontMetricsF(AppTheme::instance().font(TextStyle::Small)).horizontalAdvance(text) + mark <= width;
 }
 
-// The checkpoint's label with "LATEST" behind it, its title where that says something else, and the moment.
+// The line below the title that the mark stands in: the last one with room, one of its own, or the first.
+qsizetype lineOfLatest(QStringList &lines, qreal width, bool hasRoomForAnother)
+{
+    for (qsizetype at = lines.size() - 1; at >= 0; --at) {
+        if (hasRoomForLatest(lines.at(at), width))
+            return at;
+    }
+    if (hasRoomForAnother)
+        lines.prepend({});
+    return 0;
+}
+
+// The checkpoint's label, its title where that says something else, the moment, and "LATEST" beside one of these.
 void drawTexts(QPainter &painter, const QRectF &area, const QModelIndex &index, const RowState &state)
 {
     const Checkpoint &checkpoint = modelOf(index).rows().at(index.row());
@@ -56,25 +68,21 @@ void drawTexts(QPainter &painter, const QRectF &area, const QModelIndex &index, 
     const qreal small = QFontMetricsF(theme.font(TextStyle::Small)).height() + 1;
     const QString label = modelOf(index).title(index.row());
     const QString heading = modelOf(index).heading(index.row());
+    const bool hasThreeLines = area.height() >= strong + 2 * small;
     QStringList lines{ProjectText::moment(checkpoint.createdAt)};
-    if (heading != label && area.height() >= strong + 2 * small)
+    if (heading != label && hasThreeLines)
         lines.prepend(heading);
+    const bool isLatest = CheckpointListModel::isLatest(index);
+    const qsizetype marked = isLatest ? lineOfLatest(lines, area.width(), hasThreeLines && lines.size() == 1) : -1;
     QRectF line(area.left(), area.center().y() - (strong + small * static_cast<qreal>(lines.size())) / 2, area.width(),
                 strong);
-    const bool isLatest = CheckpointListModel::isLatest(index);
-    const bool isMarkLast = isLatest && hasRoomForLatest(lines.last(), area.width());
-    QRectF first = line;
-    if (isLatest && !isMarkLast)
-        drawLatest(painter, first);
-    Drawing::text(painter, first, label, TextStyle::Strong, themeColor(Role::Text));
-    line.setTop(line.bottom());
-    for (const QString &text : std::as_const(lines)) {
-        line.setHeight(small);
-        if (isMarkLast && &text == &lines.last())
+    Drawing::text(painter, line, label, TextStyle::Strong, themeColor(Role::Text));
+    for (qsizetype at = 0; at < lines.size(); ++at) {
+        line = QRectF(area.left(), line.bottom(), area.width(), small);
+        if (at == marked)
             drawLatest(painter, line);
-        Drawing::text(painter, line, text, TextStyle::Small,
+        Drawing::text(painter, line, lines.at(at), TextStyle::Small,
                       themeColor(state.isSelected ? Role::DimOnSoft : Role::Dim));
-        line.moveTop(line.bottom());
     }
 }
 

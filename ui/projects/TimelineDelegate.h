@@ -12,7 +12,7 @@ class TimelineDelegate final : public QStyledItemDelegate {
 public:
     TimelineDelegate(ThumbnailShelf &pictures, QObject *parent) : QStyledItemDelegate(parent), m_pictures(pictures) {}
 
-    static constexpr QSize cardSize = QSize(244, 62);
+    static constexpr QSize cardSize = QSize(280, 62);
     static constexpr int gap = 10;
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;

@@ -99,7 +99,7 @@ QWidget *CaptureSheet::makeMiddle()
 QWidget *CaptureSheet::makeForm()
 {
     auto *form = new QWidget;
-    form->setFixedWidth(formWidth);
+    form->setMaximumWidth(formWidth); // Less where the bar takes room.
     auto *column = makeColumn(14, form);
     column->addWidget(makeHead());
     column->addLayout(makeLabelled(tr("Project"), m_project));
@@ -180,7 +180,7 @@ void CaptureSheet::showState()
     const bool isIdle =
         !m_parts.form.savingForm() && !m_parts.screenAccess.restartingApp() && !m_parts.screenAccess.requestingAccess();
     m_setup->setVisible(needsSetup());
-    setFixedWidth(formWidth + 56 + (needsSetup() ? columnGap + setupWidth : 0));
+    setWantedWidth(formWidth + 56 + (needsSetup() ? columnGap + setupWidth : 0));
     m_form->setEnabled(isIdle);
     m_cancel->setEnabled(isIdle);
     m_primary->setText(primaryText());

@@ -61,6 +61,7 @@ constexpr RoleColors roleColors[] = {
     {Role::Faint, 0xff9a9ca6, 0xff777984, 0xff5f616c, 0xffa2a4ae},
     {Role::Placeholder, 0xff70727d, 0xff8d8f9a, 0xff4a4b53, 0xffc0c2ca},
     {Role::Scrim, 0x591a1c25, 0x80000000, 0x801a1c25, 0xb0000000},
+    {Role::PictureGround, 0xffefeff3, 0xff2b2c32, 0xffefeff3, 0xff1a1b1f},
     {Role::Brand, accent, accent, accent, accent},
 };
 

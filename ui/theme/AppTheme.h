@@ -40,7 +40,8 @@ enum class Role {
     Faint,     // Marks that carry no text.
     Placeholder,
     Scrim,
-    Brand, // Of the application's own mark, whatever the accent.
+    PictureGround, // Beside a picture that does not fill its place.
+    Brand,         // Of the application's own mark, whatever the accent.
     Count,
 };
 

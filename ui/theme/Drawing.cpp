@@ -109,10 +109,11 @@ void Drawing::softShadow(QPainter &painter, const QRectF &panel, qreal radius, i
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
-    // Rings that add up, so that it is deepest at the panel's edge.
+    // Rings that add up, so that it is deepest at the panel's edge. The first ones lie below the panel: moved down,
+    // they would leave a bright rim at its lower edge.
     const int drop = margin / 4; // Downwards.
-    for (int ring = 1; ring < margin - drop; ++ring) {
-        const qreal share = 1 - qreal(ring) / (margin - drop);
+    for (int ring = -drop; ring < margin - drop; ++ring) {
+        const qreal share = std::min(1.0, 1 - qreal(ring) / (margin - drop));
         painter.setPen(QPen(QColor::fromRgbF(0, 0, 0, static_cast<float>(0.16 * share * share)), 1.2));
         painter.drawRoundedRect(panel.adjusted(-ring, -ring + drop, ring, ring + drop), radius + ring, radius + ring);
     }

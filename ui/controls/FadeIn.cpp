@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/controls/FadeIn.h"
+
+#include "ui/theme/Drawing.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QVariantAnimation>
+
+namespace ardeno {
+
+namespace {
+
+std::chrono::milliseconds fadeDuration(150);
+
+// Lies over what appears, and thins out.
+class Mist final : public QWidget {
+public:
+    Mist(QWidget *shown, Role ground, qreal radius) : QWidget(shown), m_ground(ground), m_radius(radius)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setAttribute(Qt::WA_NoSystemBackground);
+        setFocusPolicy(Qt::NoFocus);
+        setGeometry(shown->rect());
+        shown->installEventFilter(this);
+        m_thinning.setStartValue(1.0);
+        m_thinning.setEndValue(0.0);
+        m_thinning.setDuration(static_cast<int>(fadeDuration.count()));
+        connect(&m_thinning, &QVariantAnimation::valueChanged, this, [this] { update(); });
+        connect(&m_thinning, &QVariantAnimation::finished, this, &QObject::deleteLater);
+        m_thinning.start();
+        raise();
+        show();
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setOpacity(m_thinning.currentValue().toDouble());
+        if (m_radius > 0)
+            Drawing::panel(painter, rect(), m_radius, themeColor(m_ground), themeColor(Role::Line));
+        else
+            painter.fillRect(rect(), themeColor(m_ground));
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Resize)
+            setGeometry(static_cast<QWidget *>(watched)->rect());
+        return QWidget::eventFilter(watched, event);
+    }
+
+private:
+    Role m_ground;
+    qreal m_radius;
+    QVariantAnimation m_thinning = QVariantAnimation(this);
+};
+
+class Follower final : public QObject {
+public:
+    Follower(QWidget *widget, Role ground) : QObject(widget), m_widget(widget), m_ground(ground)
+    {
+        widget->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show)
+            FadeIn::begin(m_widget, m_ground);
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget *m_widget;
+    Role m_ground;
+};
+
+} // namespace
+
+void FadeIn::begin(QWidget *shown, Role ground, qreal radius)
+{
+    const bool isStill = AppTheme::instance().appearance().motion == Motion::Reduced || fadeDuration.count() == 0;
+    if (!isStill && shown->window()->isVisible())
+        new Mist(shown, ground, radius); // The widget owns it.
+}
+
+void FadeIn::follow(QWidget *widget, Role ground)
+{
+    new Follower(widget, ground); // So does this one.
+}
+
+void FadeIn::setDuration(std::chrono::milliseconds duration)
+{
+    fadeDuration = duration;
+}
+
+} // namespace ardeno
