@@ -174,8 +174,8 @@ TEST_CASE_FIXTURE(ResumeFixture, "a resume that is stopped begins nothing more a
     addWindow("org.editor", "Editor");
     QString awaited;
     memory.whenOpened = [&](const QString &) {
-        awaited = store().resuming()->awaited;
-        store().stopResume();
+        awaited = store().resumes.resuming()->awaited;
+        store().resumes.stopResume();
     };
 
     const RestoreReport report = resume(true);
@@ -183,12 +183,12 @@ TEST_CASE_FIXTURE(ResumeFixture, "a resume that is stopped begins nothing more a
     CHECK(memory.opened == QStringList{"app viewer"});
     CHECK(awaited == "Viewer");
     CHECK(report.outcome.openedApps == 1);
-    CHECK(store().error() == "Could not open: Files (stopped by you), Page https://a.example/ (stopped by you), "
+    CHECK(store().messages.error() == "Could not open: Files (stopped by you), Page https://a.example/ (stopped by you), "
                              "notes.txt (stopped by you)");
-    for (const UnplacedWindow &window : store().unplacedWindows())
+    for (const UnplacedWindow &window : store().resumes.unplacedWindows())
         CHECK(window.reason == "stopped by you");
-    CHECK(store().unplacedWindows().size() == 2);
-    CHECK_FALSE(store().resuming().has_value());
+    CHECK(store().resumes.unplacedWindows().size() == 2);
+    CHECK_FALSE(store().resumes.resuming().has_value());
 
     memory.whenOpened = {};
     resume();

@@ -57,13 +57,13 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "an image that cannot be imported changes n
 
 TEST_CASE_FIXTURE(ScreenshotFixture, "an import that is stopped leaves the picture as it was")
 {
-    QCoro::Task<Outcome> importing = store().importScreenshot(image, saved.id);
-    CHECK(store().addingPictures() == QList<QUuid>{saved.id});
-    store().stopAddingPicture(saved.id);
+    QCoro::Task<Outcome> importing = store().screenshots.importScreenshot(image, saved.id);
+    CHECK(store().screenshots.addingPictures() == QList<QUuid>{saved.id});
+    store().screenshots.stopAddingPicture(saved.id);
     finish(std::move(importing));
-    CHECK(store().notice() == "Stopped. The image was not added.");
-    CHECK_FALSE(store().error().has_value());
-    CHECK(store().addingPictures().isEmpty());
+    CHECK(store().messages.notice() == "Stopped. The image was not added.");
+    CHECK_FALSE(store().messages.error().has_value());
+    CHECK(store().screenshots.addingPictures().isEmpty());
     CHECK(now() == saved);
     CHECK(media() == QStringList{"snapshot.png"});
 }
@@ -242,13 +242,13 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "of two images that are added one after the
     // The first takes much longer than the second.
     const QString large = home.filePath("large.png");
     writeFile(large, PngWriter::encoded({4000, 4000}, QByteArray(4000 * 4000 * 4, '\x20')));
-    auto first = store().importScreenshot(large, saved.id);
-    auto second = store().importScreenshot(image, saved.id);
+    auto first = store().screenshots.importScreenshot(large, saved.id);
+    auto second = store().screenshots.importScreenshot(image, saved.id);
     const bool isSecondAdded = finish(std::move(second)).isDone;
     const std::optional<QString> picture = now().screenshot;
     finish(std::move(first));
     CHECK(isSecondAdded);
     CHECK(now().screenshot == picture);
-    CHECK_FALSE(store().error());
+    CHECK_FALSE(store().messages.error());
     CHECK(media().filter("image-").size() == 1);
 }

@@ -18,7 +18,7 @@ TEST_CASE_FIXTURE(WindowFixture,
         AppTheme::instance().setAppearance({});
     });
     const auto isFading = [this] { return window->findChild<QVariantAnimation *>() != nullptr; };
-    store().showNewProject.set(true);
+    store().sheets.open(&OpenSheets::showNewProject);
     settle();
     CHECK(isFading());
     click("Cancel");
@@ -26,7 +26,7 @@ TEST_CASE_FIXTURE(WindowFixture,
     CHECK(eventually([&] { return !isFading(); }));
 
     AppTheme::instance().setAppearance({.motion = Motion::Reduced});
-    store().showNewProject.set(true);
+    store().sheets.open(&OpenSheets::showNewProject);
     settle();
     CHECK_FALSE(isFading());
     click("Cancel");

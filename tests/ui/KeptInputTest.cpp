@@ -201,7 +201,7 @@ TEST_CASE_FIXTURE(KeptInput, "a picture that was removed comes back by one butto
 TEST_CASE_FIXTURE(KeptInput, "what stands in a form when the program is ended is there again at the next start")
 {
     const Checkpoint checkpoint = saveCheckpoint(openProject(), "Chapter", 10);
-    REQUIRE(store().updateNote(&Checkpoint::nextStep, "as stored", checkpoint.id));
+    REQUIRE(store().editing.updateNote(&Checkpoint::nextStep, "as stored", checkpoint.id));
     settle();
     click(u"Checkpoint details…"_qs);
     window->sheets().keepInput(); // Nothing was typed.
@@ -213,18 +213,18 @@ TEST_CASE_FIXTURE(KeptInput, "what stands in a form when the program is ended is
     REQUIRE(topTitle() == "Checkpoint details");
     CHECK(seesText("Ardeno was ended before this was saved. Save it now, or cancel to discard it."));
     bothPictures("details-kept");
-    CHECK(store().checkpoint(checkpoint.id)->title == "Chapter"); // Nothing is written without its user.
+    CHECK(store().library.checkpoint(checkpoint.id)->title == "Chapter"); // Nothing is written without its user.
     press(Qt::Key_Escape);
     CHECK(topTitle() == discard);
     click("Keep editing");
     click("Save context");
-    CHECK(store().checkpoint(checkpoint.id)->title == "ChapterA better title");
-    CHECK(store().checkpoint(checkpoint.id)->objective == "two lines");
-    CHECK(store().checkpoint(checkpoint.id)->nextStep == "as stored");
+    CHECK(store().library.checkpoint(checkpoint.id)->title == "ChapterA better title");
+    CHECK(store().library.checkpoint(checkpoint.id)->objective == "two lines");
+    CHECK(store().library.checkpoint(checkpoint.id)->nextStep == "as stored");
     restart();
     CHECK_FALSE(window->sheets().isCovering());
 
-    store().showSettings.set(true);
+    store().sheets.open(&OpenSheets::showSettings);
     settle();
     click("Report a bug");
     fill("Steps to reproduce (optional)", "press it");
@@ -241,7 +241,7 @@ TEST_CASE_FIXTURE(KeptInput, "what stands in a form when the program is ended is
     click(u"Checkpoint details…"_qs);
     fill("Where you left off", "precious");
     window->sheets().keepInput();
-    store().deleteCheckpoint(checkpoint.id);
+    store().deletion.deleteCheckpoint(checkpoint.id);
     restart();
     REQUIRE(topTitle() == "Checkpoint details");
     CHECK(window->sheets().holdsInput());

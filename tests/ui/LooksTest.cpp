@@ -218,13 +218,13 @@ TEST_CASE_FIXTURE(LooksFixture, "texts of any length and kind stay in their plac
     picture("long-texts-overview");
 
     // Bullets stand where a line begins: at the right in these.
-    const QUuid right = *store().createProject(u"פרויקט הגמר 🎓"_qs);
+    const QUuid right = *store().projects.createProject(u"פרויקט הגמר 🎓"_qs);
     saveCheckpoint(right, u"الفصل الأول 🚀"_qs, Date::now().seconds - 86'400);
     Checkpoint foreign = saveCheckpoint(right, u"פרק ההערכה"_qs, Date::now().seconds - 60);
     foreign.nextStep = u"• להריץ שוב את הניסוי\n• 😀 لرسم التباين"_qs;
     foreign.objective = u"🧪 שני קווי הבסיס רצים."_qs;
-    REQUIRE(store().save(foreign));
-    store().selectCheckpoint(foreign.id);
+    REQUIRE(store().editing.save(foreign));
+    store().navigation.selectCheckpoint(foreign.id);
     settle();
     bothPictures("foreign-writing");
 }

@@ -149,18 +149,18 @@ TEST_CASE_FIXTURE(Notices, "a resume that takes long says what it waits for, and
     saved.apps = {{"viewer", "Viewer"}};
     saved.windows =
         QList<SavedWindow>{{.appID = "viewer", .appName = "Viewer", .title = "paper", .frame = {50, 60, 500, 400}}};
-    REQUIRE(store().save(saved));
+    REQUIRE(store().editing.save(saved));
     for (QWidget *const candidate : window->findChildren<QWidget *>()) {
         if (auto *const strip = dynamic_cast<ResumeStrip *>(candidate))
             strip->setPatience(std::chrono::milliseconds(1));
     }
 
-    store().restore(saved, ResumeChoice::missing, true);
+    store().resumes.restore(saved, ResumeChoice::missing, true);
     CHECK(eventually([this] { return seesText(u"Resuming “Draft”. Waiting for Viewer."_qs); }));
     bothPictures("resuming");
     click("Stop resuming");
-    CHECK(eventually([this] { return !store().resuming(); }));
+    CHECK(eventually([this] { return !store().resumes.resuming(); }));
     CHECK_FALSE(findButton("Stop resuming"));
-    REQUIRE(store().unplacedWindows().size() == 1);
-    CHECK(store().unplacedWindows().first().reason == "stopped by you");
+    REQUIRE(store().resumes.unplacedWindows().size() == 1);
+    CHECK(store().resumes.unplacedWindows().first().reason == "stopped by you");
 }

@@ -32,7 +32,7 @@ struct OddWays : WindowFixture {
     {
         openWindow();
         for (const char *name : {"Apples", "Books", "Cellar", "Dance"})
-            store().createProject(name);
+            store().projects.createProject(name);
         settle();
     }
 
@@ -60,23 +60,23 @@ TEST_CASE_FIXTURE(OddWays, "what goes or comes below the keys leaves page and hi
     QListView *const projects = list("Projects");
     projects->setFocus(Qt::TabFocusReason);
     QTest::keyClick(projects, Qt::Key_Up);
-    store().deleteProject(store().projects().at(2).id); // Where the keys are, before the page has followed.
+    store().deletion.deleteProject(store().library.projects().at(2).id); // Where the keys are, before the page has followed.
     QTest::qWait(300);
     CHECK(shown() == selectedRow(projects));
     CHECK_FALSE(shown().isEmpty());
 
     QTest::keyClick(projects, Qt::Key_Home);
-    store().search.set("boo"); // The row is no longer listed.
+    store().navigation.setSearch("boo"); // The row is no longer listed.
     QTest::qWait(300);
     CHECK((selectedRow(projects).isEmpty() || shown() == selectedRow(projects)));
-    store().search.set({});
+    store().navigation.setSearch({});
     settle();
     CHECK(shown() == selectedRow(projects));
 
     QTest::keyClick(projects, Qt::Key_Home);
-    store().reorderProjects(store().projects().last().id, store().projects().first().id, [&] {
+    store().projects.reorderProjects(store().library.projects().last().id, store().library.projects().first().id, [&] {
         QList<QUuid> ids;
-        for (const Project &project : store().projects())
+        for (const Project &project : store().library.projects())
             ids << project.id;
         return ids;
     }());
@@ -89,18 +89,18 @@ TEST_CASE_FIXTURE(OddWays, "keys that move projects move them among those that a
 {
     openProjects();
     QListView *const projects = list("Projects");
-    store().search.set("e"); // Apples, Cellar, Dance.
+    store().navigation.setSearch("e"); // Apples, Cellar, Dance.
     settle();
     REQUIRE(projects->model()->rowCount() == 3);
     projects->setFocus(Qt::TabFocusReason);
     press(Qt::Key_End);
     press(Qt::Key_Down, Qt::AltModifier);
-    CHECK(namesOf(store().projects()) == QStringList{"Apples", "Books", "Cellar", "Dance"});
+    CHECK(namesOf(store().library.projects()) == QStringList{"Apples", "Books", "Cellar", "Dance"});
     press(Qt::Key_Up, Qt::AltModifier);
-    CHECK(namesOf(store().projects()) == QStringList{"Apples", "Books", "Dance", "Cellar"});
+    CHECK(namesOf(store().library.projects()) == QStringList{"Apples", "Books", "Dance", "Cellar"});
     press(Qt::Key_Up, Qt::AltModifier);
     press(Qt::Key_Up, Qt::AltModifier);
-    CHECK(namesOf(store().projects()) == QStringList{"Dance", "Books", "Apples", "Cellar"});
+    CHECK(namesOf(store().library.projects()) == QStringList{"Dance", "Books", "Apples", "Cellar"});
 }
 
 TEST_CASE_FIXTURE(OddWays, "an image on the clipboard goes to the picture below the pointer, a text to the field")
@@ -117,9 +117,9 @@ TEST_CASE_FIXTURE(OddWays, "an image on the clipboard goes to the picture below 
     image.fill(Qt::darkCyan);
     QApplication::clipboard()->setImage(image);
     press(Qt::Key_V, Qt::ControlModifier);
-    CHECK(eventually([&] { return store().checkpoint(checkpoint.id)->screenshot != checkpoint.screenshot; }));
+    CHECK(eventually([&] { return store().library.checkpoint(checkpoint.id)->screenshot != checkpoint.screenshot; }));
     CHECK(search->text().isEmpty());
-    const std::optional<QString> added = store().checkpoint(checkpoint.id)->screenshot;
+    const std::optional<QString> added = store().library.checkpoint(checkpoint.id)->screenshot;
     QApplication::clipboard()->setText("Chap");
     press(Qt::Key_V, Qt::ControlModifier);
     CHECK(search->text() == "Chap");
@@ -133,14 +133,14 @@ TEST_CASE_FIXTURE(OddWays, "an image on the clipboard goes to the picture below 
     };
     copyFile(imageFile());
     press(Qt::Key_V, Qt::ControlModifier);
-    REQUIRE(eventually([&] { return store().checkpoint(checkpoint.id)->screenshot != added; }));
-    const std::optional<QString> copied = store().checkpoint(checkpoint.id)->screenshot;
+    REQUIRE(eventually([&] { return store().library.checkpoint(checkpoint.id)->screenshot != added; }));
+    const std::optional<QString> copied = store().library.checkpoint(checkpoint.id)->screenshot;
     CHECK(search->text() == "Chap");
     QProcess::execute("xdotool", {"mousemove", "1900", "1060"});
     REQUIRE(eventually([&] { return !card->underMouse(); }));
     press(Qt::Key_V, Qt::ControlModifier);
     CHECK(search->text().size() > 4);
-    CHECK(store().checkpoint(checkpoint.id)->screenshot == copied);
+    CHECK(store().library.checkpoint(checkpoint.id)->screenshot == copied);
 }
 
 TEST_CASE_FIXTURE(OddWays, "the undo key leaves the looks of a note alone")
@@ -159,41 +159,41 @@ TEST_CASE_FIXTURE(OddWays, "pictures that are replaced twice, and those of what 
 {
     const QUuid project = openProject();
     const Checkpoint checkpoint = saveCheckpoint(project, "Chapter", 10);
-    finish(store().importScreenshot(imageFile(), checkpoint.id));
-    const std::optional<QString> first = store().checkpoint(checkpoint.id)->screenshot;
-    finish(store().importScreenshot(imageFile(), checkpoint.id));
+    finish(store().screenshots.importScreenshot(imageFile(), checkpoint.id));
+    const std::optional<QString> first = store().library.checkpoint(checkpoint.id)->screenshot;
+    finish(store().screenshots.importScreenshot(imageFile(), checkpoint.id));
     settle();
     press(Qt::Key_Z, Qt::ControlModifier);
-    CHECK(store().checkpoint(checkpoint.id)->screenshot == first);
+    CHECK(store().library.checkpoint(checkpoint.id)->screenshot == first);
     press(Qt::Key_Z, Qt::ControlModifier); // And forth.
-    CHECK(store().checkpoint(checkpoint.id)->screenshot != first);
-    store().deleteProject(project);
+    CHECK(store().library.checkpoint(checkpoint.id)->screenshot != first);
+    store().deletion.deleteProject(project);
     settle();
     press(Qt::Key_Z, Qt::ControlModifier);
-    CHECK(store().projects().isEmpty());
+    CHECK(store().library.projects().isEmpty());
     CHECK_FALSE(QDir(mediaFolder(checkpoint)).exists());
-    CHECK_FALSE(store().error());
+    CHECK_FALSE(store().messages.error());
 }
 
 TEST_CASE_FIXTURE(OddWays,
                   "an archived project that is renamed, deleted or archived again is never spoken of by an old name")
 {
     openProjects();
-    const QUuid id = store().projects().first().id;
-    store().setProjectArchived(id, true);
-    store().renameProject(id, "Pears");
+    const QUuid id = store().library.projects().first().id;
+    store().projects.setProjectArchived(id, true);
+    store().projects.renameProject(id, "Pears");
     settle();
     CHECK(seesText(u"“Pears” is in the archive now."_qs));
-    store().setProjectArchived(id, false);
+    store().projects.setProjectArchived(id, false);
     settle();
     press(Qt::Key_Z, Qt::ControlModifier);
-    CHECK(store().project(id)->archivedAt);
-    store().setProjectArchived(id, true);
-    store().deleteProject(id);
+    CHECK(store().library.project(id)->archivedAt);
+    store().projects.setProjectArchived(id, true);
+    store().deletion.deleteProject(id);
     settle();
     press(Qt::Key_Z, Qt::ControlModifier);
     CHECK_FALSE(seesText(u"“Pears” is in the archive now."_qs));
-    CHECK(store().projects().size() == 3);
+    CHECK(store().library.projects().size() == 3);
 }
 
 TEST_CASE_FIXTURE(OddWays, "a search of spaces, a pasted line break and what is found by nothing do no harm")

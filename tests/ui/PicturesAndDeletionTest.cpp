@@ -116,16 +116,16 @@ TEST_CASE_FIXTURE(WindowFixture, "a project that has got another checkpoint mean
 {
     const QUuid project = openProject();
     saveCheckpoint(project, "First", 10);
-    store().deletingProject.set(*store().project(project));
+    store().sheets.askToDelete(*store().library.project(project));
     settle();
     REQUIRE(seesText("Delete project?"));
     saveCheckpoint(project, "Second", 20);
     settle();
     click("Delete project");
-    CHECK(store().checkpoints().size() == 2);
+    CHECK(store().library.checkpoints().size() == 2);
     REQUIRE(seesText("Delete project?"));
     CHECK(window->sheets().topSheet()->accessibleDescription().contains("all 2 checkpoints"));
     click("Delete project");
-    CHECK(store().projects().isEmpty());
+    CHECK(store().library.projects().isEmpty());
     CHECK_FALSE(window->sheets().isCovering());
 }

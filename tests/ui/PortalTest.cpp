@@ -221,11 +221,11 @@ TEST_CASE_FIXTURE(WindowFixture, "an image goes to the checkpoint it was asked f
     REQUIRE(image.save(home.filePath("photo.png")));
     click("Replace image…");
     REQUIRE(eventually([&] { return !portal.asked.isEmpty(); }));
-    store().selectCheckpoint(older.id);
+    store().navigation.selectCheckpoint(older.id);
     settle();
     portal.answer(home.filePath("photo.png"));
-    CHECK(eventually([&] { return store().checkpoint(newer.id)->screenshot != newer.screenshot; }));
-    CHECK(store().checkpoint(older.id)->screenshot == older.screenshot);
+    CHECK(eventually([&] { return store().library.checkpoint(newer.id)->screenshot != newer.screenshot; }));
+    CHECK(store().library.checkpoint(older.id)->screenshot == older.screenshot);
 
     portal.asked.clear();
     click("Replace image…");

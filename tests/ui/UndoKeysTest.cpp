@@ -24,7 +24,7 @@ struct UndoKeys : WindowFixture {
     {
         Checkpoint checkpoint = saveCheckpoint(openProject(), "Chapter", 10);
         checkpoint.apps = {{"org.editor", "Editor"}, {"viewer", "Viewer"}};
-        REQUIRE(store().save(checkpoint));
+        REQUIRE(store().editing.save(checkpoint));
         settle();
         return checkpoint;
     }
@@ -57,12 +57,12 @@ TEST_CASE_FIXTURE(UndoKeys, "Ctrl+Z takes back the newest removal or archiving t
     CHECK(apps().size() == 2);
 
     click("Remove");
-    REQUIRE_FALSE(store().checkpoints().first().screenshot);
+    REQUIRE_FALSE(store().library.checkpoints().first().screenshot);
     pressUndo();
-    CHECK(store().checkpoints().first().screenshot == checkpoint.screenshot);
+    CHECK(store().library.checkpoints().first().screenshot == checkpoint.screenshot);
 
-    store().removeApp(apps().first(), checkpoint.id);
-    store().setProjectArchived(*checkpoint.projectID, true);
+    store().workspace.removeApp(apps().first(), checkpoint.id);
+    store().projects.setProjectArchived(*checkpoint.projectID, true);
     settle();
     REQUIRE(isArchived());
     pressUndo();
@@ -72,8 +72,8 @@ TEST_CASE_FIXTURE(UndoKeys, "Ctrl+Z takes back the newest removal or archiving t
     CHECK(apps().size() == 2);
 
     // What is offered on another page stays as it is.
-    store().removeApp(apps().first(), checkpoint.id);
-    store().showProjects();
+    store().workspace.removeApp(apps().first(), checkpoint.id);
+    store().navigation.showProjects();
     settle();
     pressUndo();
     CHECK(apps().size() == 1);
@@ -82,7 +82,7 @@ TEST_CASE_FIXTURE(UndoKeys, "Ctrl+Z takes back the newest removal or archiving t
 TEST_CASE_FIXTURE(UndoKeys, "a text takes its own writing back first, and a sheet keeps the key to itself")
 {
     const Checkpoint checkpoint = openCheckpoint();
-    store().removeApp(apps().first(), checkpoint.id);
+    store().workspace.removeApp(apps().first(), checkpoint.id);
     settle();
     auto *const note = dynamic_cast<QuickListEditor *>(widget("Where you left off"));
     REQUIRE(note);
@@ -94,18 +94,18 @@ TEST_CASE_FIXTURE(UndoKeys, "a text takes its own writing back first, and a shee
     pressUndo();
     CHECK(apps().size() == 2);
 
-    store().removeApp(apps().first(), checkpoint.id);
-    store().showSettings.set(true);
-    store().showExclusions.set(true);
-    REQUIRE(store().excludeDomain("example.com"));
+    store().workspace.removeApp(apps().first(), checkpoint.id);
+    store().sheets.open(&OpenSheets::showSettings);
+    store().sheets.open(&OpenSheets::showExclusions);
+    REQUIRE(store().rules.excludeDomain("example.com"));
     settle();
     pressUndo();
     CHECK(apps().size() == 1);
     click("Allow example.com again");
-    REQUIRE(store().exclusions().domains.isEmpty());
+    REQUIRE(store().rules.exclusions().domains.isEmpty());
     widget("Website")->setFocus();
     pressUndo();
-    CHECK(store().exclusions().domains == QStringList{"example.com"});
+    CHECK(store().rules.exclusions().domains == QStringList{"example.com"});
 }
 
 TEST_CASE_FIXTURE(UndoKeys, "the Delete key asks about the row that the keys are at")
@@ -118,8 +118,8 @@ TEST_CASE_FIXTURE(UndoKeys, "the Delete key asks about the row that the keys are
     REQUIRE(seesText("Delete this checkpoint?"));
     CHECK(window->sheets().topSheet()->accessibleDescription().contains("Older"));
     click("Delete checkpoint");
-    CHECK_FALSE(store().checkpoint(older.id));
-    CHECK(store().checkpoint(newer.id));
+    CHECK_FALSE(store().library.checkpoint(older.id));
+    CHECK(store().library.checkpoint(newer.id));
     click("Done");
     list("Checkpoint history")->setFocus(Qt::TabFocusReason);
     press(Qt::Key_Delete);
@@ -129,7 +129,7 @@ TEST_CASE_FIXTURE(UndoKeys, "the Delete key asks about the row that the keys are
     press(Qt::Key_Delete);
     REQUIRE(seesText("Delete project?"));
     press(Qt::Key_Escape);
-    CHECK(store().projects().size() == 1);
+    CHECK(store().library.projects().size() == 1);
 }
 
 TEST_CASE_FIXTURE(UndoKeys, "what vanishes leaves the focus to its neighbour, and nothing scrolls")
@@ -150,7 +150,7 @@ TEST_CASE_FIXTURE(UndoKeys, "what vanishes leaves the focus to its neighbour, an
     CHECK(page->viewport()->rect().intersects(QRect(after->mapTo(page->viewport(), QPoint()), after->size())));
 
     // By the pointer: what is pressed goes, and what comes next is neither drawn as focused nor scrolled to.
-    store().setProjectBlocker(*checkpoint.projectID, QString("Approval"));
+    store().projects.setProjectBlocker(*checkpoint.projectID, QString("Approval"));
     settle();
     const int scrolled = page->verticalScrollBar()->value();
     QAbstractButton *const active = button("Mark active");
@@ -163,7 +163,7 @@ TEST_CASE_FIXTURE(UndoKeys, "what vanishes leaves the focus to its neighbour, an
     // With the last checkpoint its strip goes, and the page shows what comes next.
     QWidget *const strip = list("Checkpoint history");
     strip->setFocus(Qt::TabFocusReason);
-    store().deleteCheckpoint(checkpoint.id);
+    store().deletion.deleteCheckpoint(checkpoint.id);
     settle();
     CHECK(QApplication::focusWidget() == button("Save first checkpoint"));
 }
