@@ -77,7 +77,7 @@ TEST_CASE("a resume is summed up in one sentence that names only what there was"
           u"Workspace restored · 0 opened · 7 already active · 0 window positions restored"_qs);
 
     report.layout->accessibilityRequired = true;
-    report.outcome = {.openedApps = 2, .openedTabs = 3, .alreadyActive = 0, .unavailable = 1};
+    report.outcome = {.openedApps = 2, .openedTabs = 3, .alreadyActive = 0, .unavailable = {"Gone"}};
     report.folders = 1;
     report.viewerDocuments = 1;
     report.documents = 1;

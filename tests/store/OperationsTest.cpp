@@ -27,7 +27,7 @@ TEST_CASE_FIXTURE(SavedFixture, "what was asked while something else went on is 
     REQUIRE(store().operations.busy());
     const Outcome stopped = finish(store().sessions.stop());
     CHECK(stopped);
-    finish(std::move(resumes));
+    finish(std::move(resuming));
     CHECK_FALSE(finish(store().sessions.stop()).id.has_value());
 
     memory.tabRecords["com.google.Chrome"] = u"1\u001f7\u001fhttps://a.example/\u001fOpen\u001e"_qs;

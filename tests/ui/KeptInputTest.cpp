@@ -205,7 +205,7 @@ TEST_CASE_FIXTURE(KeptInput, "what stands in a form when the program is ended is
     settle();
     click(u"Checkpoint details…"_qs);
     window->sheets().keepInput(); // Nothing was typed.
-    CHECK(store().keptDetails().isEmpty());
+    CHECK(store().keptForms.details().isEmpty());
     fill("Checkpoint title", "A better title");
     fill("Where you left off", "two lines");
     window->sheets().keepInput();

@@ -3,8 +3,6 @@
 #include "support/Finish.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/note/QuickListEditor.h"
-#include "ui/settings/SettingsScreens.h"
-#include "ui/sheets/SheetScreens.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -22,8 +20,7 @@ namespace {
 struct OddWays : WindowFixture {
     OddWays()
     {
-        addSheetScreens(screens);
-        addSettingsScreens(&screens);
+        hasSheets = true;
     }
 
     ~OddWays() { QApplication::clipboard()->clear(); }
@@ -36,7 +33,7 @@ struct OddWays : WindowFixture {
         settle();
     }
 
-    QString shown() const { return opened->selectedProject() ? opened->selectedProject()->name : QString(); }
+    QString shown() { return store().navigation.selectedProject() ? store().navigation.selectedProject()->name : QString(); }
 
     static QString selectedRow(const QListView *view)
     {

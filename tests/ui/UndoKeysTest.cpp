@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
 #include "ui/note/QuickListEditor.h"
-#include "ui/settings/SettingsScreens.h"
-#include "ui/sheets/SheetScreens.h"
 
 #include <QApplication>
 #include <QScrollArea>
@@ -16,8 +14,7 @@ namespace {
 struct UndoKeys : WindowFixture {
     UndoKeys()
     {
-        addSheetScreens(screens);
-        addSettingsScreens(&screens);
+        hasSheets = true;
     }
 
     Checkpoint openCheckpoint()
@@ -31,9 +28,9 @@ struct UndoKeys : WindowFixture {
 
     void pressUndo() { press(Qt::Key_Z, Qt::ControlModifier); }
 
-    QList<SavedApp> apps() const { return opened->checkpoints().first().apps; }
+    QList<SavedApp> apps() const { return opened->library.checkpoints().first().apps; }
 
-    bool isArchived() const { return opened->projects().first().archivedAt.has_value(); }
+    bool isArchived() const { return opened->library.projects().first().archivedAt.has_value(); }
 
     static QString focusedName()
     {

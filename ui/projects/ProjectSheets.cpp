@@ -31,13 +31,13 @@ void needName(const TextField *field, Button *button)
 }
 
 // Says what becomes of a name that a project has already.
-QLabel *makeKnownName(AppStore &store, const TextField *field)
+QLabel *makeKnownName(const Library &library, const TextField *field)
 {
     QLabel *const text = makeParagraph({}, TextStyle::Small, Role::Dim);
     text->hide();
-    QObject::connect(field, &QLineEdit::textChanged, text, [&store, text](const QString &name) {
-        const auto known = ProjectOrder::named(store.projects(), name.trimmed());
-        const Project *const project = known ? store.project(*known) : nullptr;
+    QObject::connect(field, &QLineEdit::textChanged, text, [&library, text](const QString &name) {
+        const auto known = ProjectOrder::named(library.projects(), name.trimmed());
+        const Project *const project = known ? library.project(*known) : nullptr;
         text->setVisible(project);
         if (project)
             text->setText(ProjectSheetTexts::tr("There is a project “%1” already. It is opened.").arg(project->name));
@@ -62,7 +62,7 @@ Sheet *makeNewProjectSheet(const ProjectParts &parts)
                               "at a different point in time."),
         TextStyle::Body, Role::Dim));
     TextField *const name = addField(column, ProjectSheetTexts::tr("Project name"), {});
-    column->addWidget(makeKnownName(store, name));
+    column->addWidget(makeKnownName(parts.library, name));
     column->addSpacing(4);
     sheet->addButton(ProjectSheetTexts::tr("Cancel"), Button::Kind::Bordered, [sheet] { sheet->close(); });
     Button *const create =
