@@ -24,6 +24,10 @@ TEST_CASE_FIXTURE(WindowFixture,
     click("Cancel");
     CHECK_FALSE(window->sheets().isCovering());
     CHECK(eventually([&] { return !isFading(); }));
+    store().confirm("Something was done."); // In a strip.
+    settle();
+    CHECK(isFading());
+    CHECK(eventually([&] { return !isFading(); }));
 
     AppTheme::instance().setAppearance({.motion = Motion::Reduced});
     store().sheets.open(&OpenSheets::showNewProject);

@@ -67,8 +67,9 @@ public:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
+        // Not at once: a filter that is added while filters are asked puts this one behind itself, without an end.
         if (event->type() == QEvent::Show)
-            FadeIn::begin(m_widget, m_ground);
+            QMetaObject::invokeMethod(this, [this] { FadeIn::begin(m_widget, m_ground); }, Qt::QueuedConnection);
         return QObject::eventFilter(watched, event);
     }
 

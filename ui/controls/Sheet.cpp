@@ -15,6 +15,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace ardeno {
@@ -332,8 +333,10 @@ void CoverableWindow::showFocus(const QWidget *focused)
 
 void CoverableWindow::wheelEvent(QWheelEvent *event)
 {
-    if (m_down->isVisible())
-        QCoreApplication::sendEvent(m_down, event);
+    const QPoint turn = event->angleDelta();
+    QScrollBar *const bar = std::abs(turn.x()) > std::abs(turn.y()) ? m_across : m_down;
+    if (bar->isVisible())
+        QCoreApplication::sendEvent(bar, event);
 }
 
 void CoverableWindow::resizeEvent(QResizeEvent *event)

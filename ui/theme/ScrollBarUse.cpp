@@ -34,7 +34,8 @@ ScrollBarUse &ScrollBarUse::of(QScrollBar *bar)
 
 bool ScrollBarUse::isShown() const
 {
-    return m_rest.isActive() || m_bar->underMouse() || m_bar->isSliderDown() ||
+    const bool movesWindow = m_bar->parentWidget() && m_bar->parentWidget()->isWindow(); // Nobody expects that.
+    return movesWindow || m_rest.isActive() || m_bar->underMouse() || m_bar->isSliderDown() ||
            AppTheme::instance().appearance().contrast == Contrast::High;
 }
 
