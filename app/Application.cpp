@@ -57,8 +57,8 @@ Application::Application(OpenedLibrary library, BusService &bus, std::function<v
       m_store(m_desktop, applicationParts(std::move(parts), library, m_lock)),
       m_host{m_store, std::move(quickSave)}
 {
-    m_observations.watch([this] { m_desktop.screenCapture->prepareExclusion(m_store.rules.exclusions().appIDs()); },
-                         m_store.rules.exclusions);
+    m_subscriptions.watch([this] { m_desktop.screenCapture->prepareExclusion(m_store.rules.exclusions().appIDs()); },
+                          m_store.rules.exclusions);
 }
 
 void Application::serveCommands()
@@ -73,7 +73,7 @@ void Application::end()
     if (std::exchange(m_isEnding, true))
         return;
     m_bus.refuseCommands();
-    m_observations.watch([this] { endWhenIdle(); }, m_store.operations.working, m_store.recorder.recording);
+    m_subscriptions.watch([this] { endWhenIdle(); }, m_store.operations.working, m_store.recorder.recording);
 }
 
 void Application::endWhenIdle()

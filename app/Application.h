@@ -47,7 +47,7 @@ private:
     AppStore m_store;
     CommandHost m_host;
     bool m_isEnding = false;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

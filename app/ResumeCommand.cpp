@@ -224,7 +224,7 @@ QCoro::Task<ResumeOutcome> resume(Output &out, ResumeFlow &resuming, Checkpoint 
         result.plan = describe(plan);
         if (isText)
             printText(out, checkpoint, plan);
-        return ResumeChoice::missing(plan);
+        return ResumeSelection::missing(plan);
     };
     ResumeOutcome resumed = co_await resuming.restore(checkpoint, chooseMissing, withLayout, Audience::Caller);
     if (!resumed)

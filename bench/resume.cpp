@@ -6,7 +6,7 @@
 #include "capture/WindowLayout.h"
 #include "capture/WindowRestore.h"
 #include "platform/MakeDesktop.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 
 #include <QCoreApplication>
 #include <QCoroTimer>
@@ -34,7 +34,7 @@ void pause(std::chrono::milliseconds time)
     const auto sleep = [](std::chrono::milliseconds duration) -> QCoro::Task<void> {
         co_await QCoro::sleepFor(duration);
     };
-    finish(sleep(time));
+    blockOn(sleep(time));
 }
 
 // An application that ends with the bench.
@@ -116,7 +116,7 @@ std::optional<MovableWindow> withID(const QList<MovableWindow> &windows, quint32
 void place(Desktop &desktop, quint32 window, const WindowRect &frame)
 {
     const QList<WindowMove> moves = {{window, frame}};
-    finish(desktop.windowMover->move(moves));
+    blockOn(desktop.windowMover->move(moves));
 }
 
 int othersMoved(const QList<MovableWindow> &before, const QList<MovableWindow> &after, quint32 exceptID)
@@ -139,7 +139,7 @@ void measure(Desktop &desktop, const MovableWindow &window, const WindowRect &fr
     const QList<MovableWindow> before = desktop.windowMover->windows();
     WindowLayout::RestoreRequest request{.windows = saved, .allowedAppIDs = {window.applicationID}};
     request.firstWait = 10ms;
-    const RestoreResult result = finish(WindowLayout::restore(request, desktop));
+    const RestoreResult result = blockOn(WindowLayout::restore(request, desktop));
     const QList<MovableWindow> after = desktop.windowMover->windows();
     const auto back = withID(after, window.windowID);
     accuracy.placed += int(result.restoredCount);

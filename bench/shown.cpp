@@ -4,7 +4,7 @@
 #include "bench/Bench.h"
 #include "capture/WindowLayout.h"
 #include "platform/MakeDesktop.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 
 #include <QCoreApplication>
 
@@ -22,7 +22,7 @@ int main(int argc, char **argv)
         apps.append({window.applicationID.value_or(QString()), window.applicationName});
     QList<SavedWindow> layout;
     const auto windowsOnly = [&] { WindowLayout::windows(apps, *desktop.windowServer, 0); };
-    const auto whole = [&] { layout = finish(WindowLayout::capture(apps, desktop, {}, 0)).windows; };
+    const auto whole = [&] { layout = blockOn(WindowLayout::capture(apps, desktop, {}, 0)).windows; };
     const double first = secondsOf(whole);
     constexpr int rounds = 21;
     const std::vector<double> medians = interleavedMedians(rounds, {windowsOnly, whole});

@@ -4,7 +4,7 @@
 #include "bench/Bench.h"
 #include "capture/BrowserTabs.h"
 #include "platform/linux/browsers/SessionTabs.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/platform/sessions/HistoryBytes.h"
 #include "tests/platform/sessions/SessionBytes.h"
 
@@ -166,7 +166,7 @@ int main(int argc, char **argv)
     SessionTabs source([] { return std::nullopt; }, {.processFolder = folder.filePath("proc")});
     const auto seconds = [&](const Browser &browser) {
         return secondsOf([&] {
-            const TabReport report = finish(source.openTabs(browser, {}));
+            const TabReport report = blockOn(source.openTabs(browser, {}));
             const auto tabs = WorkspaceCapture::parsedTabs(report.records.value_or(QString()), browser);
             require(tabs.size() == tabCount && tabs.last().title == QString(title(tabCount - 1)), "tabs are missing");
         });

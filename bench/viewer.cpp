@@ -55,10 +55,10 @@ QImage screens()
 {
     QImage image(8192, 4096, QImage::Format_RGB32);
     QPainter painter(&image);
-    QLinearGradient ground(0, 0, 8192, 4096);
-    ground.setColorAt(0, QColor(60, 88, 140));
-    ground.setColorAt(1, QColor(150, 130, 180));
-    painter.fillRect(image.rect(), ground);
+    QLinearGradient background(0, 0, 8192, 4096);
+    background.setColorAt(0, QColor(60, 88, 140));
+    background.setColorAt(1, QColor(150, 130, 180));
+    painter.fillRect(image.rect(), background);
     painter.fillRect(QRect(300, 300, 5000, 3400), Qt::white);
     painter.setFont(QFont("DejaVu Sans", 20));
     for (int y = 360; y < 3700; y += 36)

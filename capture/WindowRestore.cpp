@@ -3,7 +3,7 @@
 
 #include "capture/WindowMatching.h"
 #include "capture/WindowPlacement.h"
-#include "capture/WindowSightings.h"
+#include "capture/WindowTracker.h"
 
 #include <QCoreApplication>
 #include <QCoroTimer>
@@ -117,7 +117,7 @@ private:
     QList<Placed> m_late;
     WindowLayout::WindowMatching m_matching;
     WindowLayout::WindowContents m_contents;
-    WindowLayout::WindowSightings m_sightings;
+    WindowLayout::WindowTracker m_sightings;
     RestoreResult m_result;
 };
 

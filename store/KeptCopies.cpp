@@ -18,14 +18,14 @@ void KeptCopies::remind()
 {
     for (const QString &path : m_preferences.value(keys::keptCopies).value_or(QStringList())) {
         if (QFile::exists(path))
-            m_messages.remark(remark(path, Successor::Empty));
+            m_messages.remark(remark(path, Replacement::Empty));
     }
 }
 
-Remark KeptCopies::remark(const QString &path, Successor successor)
+Remark KeptCopies::remark(const QString &path, Replacement replacement)
 {
     const QString sentence =
-        successor == Successor::Empty
+        replacement == Replacement::Empty
             ? tr("Your saved checkpoints could not be read. The file is kept as %1, and a new library has been begun.")
             : tr("Your library was damaged by another program. What it held is kept as %1, and your checkpoints have "
                  "been written anew.");

@@ -16,7 +16,7 @@ class KeptCopies final {
     Q_DECLARE_TR_FUNCTIONS(ardeno::KeptCopies)
 
 public:
-    enum class Successor { Empty, FromMemory }; // Of the library that could not be read.
+    enum class Replacement { Empty, FromMemory }; // Of the library that could not be read.
 
     KeptCopies(Messages &messages, Preferences &preferences) : m_messages(messages), m_preferences(preferences) {}
 
@@ -25,7 +25,7 @@ public:
     // Names those again that nobody has dismissed.
     void remind();
 
-    static Remark remark(const QString &path, Successor successor);
+    static Remark remark(const QString &path, Replacement replacement);
 
 private:
     void keepInMind();

@@ -164,8 +164,8 @@ bool Library::writeChanged(const Change &change, Outcome *outcome, const SettleM
     m_beforeWrite();
     const LibraryWrite written = m_repository.saveLibrary(changed);
     if (written.keptCopy)
-        outcome->remarks += KeptCopies::remark(*written.keptCopy, m_isLibraryRead ? KeptCopies::Successor::FromMemory
-                                                                                  : KeptCopies::Successor::Empty);
+        outcome->remarks += KeptCopies::remark(*written.keptCopy, m_isLibraryRead ? KeptCopies::Replacement::FromMemory
+                                                                                  : KeptCopies::Replacement::Empty);
     if (!written.isDurable)
         outcome->remarks += Remark{.sentence = tr("The last change was written, but the system could not confirm that "
                                                   "it would survive a power failure."),

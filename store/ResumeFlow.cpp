@@ -38,7 +38,7 @@ QCoro::Task<RestorePlan> ResumeFlow::restorePlan(Checkpoint checkpoint)
     co_return co_await WorkspaceCapture::presentPlan(checkpoint.apps, checkpoint.tabs, tools);
 }
 
-ResumeChoice ResumeChoice::missing(const RestorePlan &plan)
+ResumeSelection ResumeSelection::missing(const RestorePlan &plan)
 {
     return {idsOf(plan.appsToOpen), idsOf(plan.tabsToOpen)};
 }
@@ -134,7 +134,7 @@ QCoro::Task<void> ResumeFlow::reopen(Checkpoint checkpoint, ChooseItems choose, 
                                      RestoreReport *report, ResumeControl control)
 {
     const RestorePlan plan = co_await restorePlan(checkpoint);
-    const ResumeChoice chosen = choose(plan);
+    const ResumeSelection chosen = choose(plan);
     const QList<SavedWindow> windows = checkpoint.windows.value_or(QList<SavedWindow>());
     WorkspaceCapture::ReopenRequest request{.plan = plan, .appIDs = chosen.appIDs, .tabIDs = chosen.tabIDs};
     // What is open is found out while applications start.

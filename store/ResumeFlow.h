@@ -37,15 +37,15 @@ struct ResumeProgress {
 };
 
 // The items of a plan that are wanted.
-struct ResumeChoice {
+struct ResumeSelection {
     QSet<QString> appIDs = {};
     QSet<QUuid> tabIDs = {};
 
     // What is missing, each page once.
-    static ResumeChoice missing(const RestorePlan &plan);
+    static ResumeSelection missing(const RestorePlan &plan);
 };
 
-using ChooseItems = std::function<ResumeChoice(const RestorePlan &plan)>;
+using ChooseItems = std::function<ResumeSelection(const RestorePlan &plan)>;
 
 // Resumes checkpoints, and says what of the last one is still missing.
 class ResumeFlow final {

@@ -79,7 +79,7 @@ public:
 };
 
 // The subscriptions of one view; they end with it.
-class Observations final {
+class Subscriptions final {
 public:
     // Calls the handler once now and once per turn of the event loop in which any of the properties changed.
     template <typename... Properties>

@@ -2,7 +2,7 @@
 #include "app/Background.h"
 #include "app/CommandLine.h"
 #include "app/WriteSignals.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "words/Words.h"
 
 #include <QCoreApplication>
@@ -19,7 +19,7 @@ int main(int argc, char **argv)
     StandardOutput out;
     CommandContext context{.out = out};
     const bool isBackground = arguments == QStringList{"--background"};
-    const ExitStatus status = isBackground ? runBackground(out) : finish(runCommandLine(context, arguments));
+    const ExitStatus status = isBackground ? runBackground(out) : blockOn(runCommandLine(context, arguments));
     const bool isComplete = out.isComplete();
     return static_cast<int>(status == ExitStatus::Done && !isComplete ? ExitStatus::Failed : status);
 }

@@ -45,7 +45,7 @@ ApplicationMenu::ApplicationMenu(SessionFlow &sessions, const Operations &operat
     m_recording.setEnabled(false);
     m_quickSave.setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
     m_quit.setShortcut(Qt::CTRL | Qt::Key_Q);
-    m_observations.watch([this] { showState(); }, operations.busy, recorder.recording);
+    m_subscriptions.watch([this] { showState(); }, operations.busy, recorder.recording);
 }
 
 void ApplicationMenu::showState()

@@ -45,7 +45,7 @@ private:
     QAction m_openWindow;
     QAction m_newsletter;
     QAction m_quit;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

@@ -29,7 +29,7 @@ HiddenFailures::HiddenFailures(const Messages &messages, const QDBusConnection &
                          SLOT(invoked(uint, QString)));
     m_connection.connect(notifications, notificationsPath, notifications, "NotificationClosed", this,
                          SLOT(closed(uint, uint)));
-    m_observations.watch([this] { look(); }, messages.error, messages.remarks);
+    m_subscriptions.watch([this] { look(); }, messages.error, messages.remarks);
 }
 
 void HiddenFailures::look()

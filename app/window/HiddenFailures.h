@@ -48,7 +48,7 @@ private:
     uint m_notification = 0; // Of the desktop; 0: there is none.
     bool m_isNotifying = false;
     std::optional<QString> m_next; // What came meanwhile.
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

@@ -16,7 +16,7 @@ namespace ardeno {
 
 namespace {
 
-// On any ground; with a dot in this colour.
+// On any background; with a dot in this colour.
 QIcon menuIcon(const std::optional<Role> &mark)
 {
     QIcon icon;
@@ -51,7 +51,7 @@ TrayItem::TrayItem(const SessionRecorder &recorder, ApplicationMenu &menu, const
     });
     for (const char *const signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
         m_connection.connect(trayHost::watcher, trayHost::path, trayHost::watcher, signal, this, SLOT(look()));
-    m_observations.watch([this] { showState(); }, recorder.recording);
+    m_subscriptions.watch([this] { showState(); }, recorder.recording);
     look();
 }
 

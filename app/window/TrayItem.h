@@ -45,7 +45,7 @@ private:
     // Before the icon, which refers to it.
     std::unique_ptr<QMenu> m_iconMenu;
     std::unique_ptr<QSystemTrayIcon> m_icon;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

@@ -2,7 +2,7 @@
 #include "app/window/WindowApplication.h"
 
 #include "app/Output.h"
-#include "app/window/Successor.h"
+#include "app/window/Relaunch.h"
 #include "platform/MakeDesktop.h"
 #include "services/Endpoints.h"
 #include "services/network/UpdateFetch.h"
@@ -37,7 +37,7 @@ StoreParts windowParts()
     options.manifest = Endpoints::updateManifest();
     StoreParts parts;
     parts.fetchUpdate = makeUpdateFetch(options);
-    parts.startInstance = Successor::start;
+    parts.startInstance = Relaunch::start;
     return parts;
 }
 

@@ -3,7 +3,7 @@
 #include "app/CommandStore.h"
 #include "app/EndRequest.h"
 #include "app/WriteSignals.h"
-#include "app/window/Successor.h"
+#include "app/window/Relaunch.h"
 #include "app/window/WindowApplication.h"
 #include "platform/MakeDesktop.h"
 #include "ui/theme/AppStyle.h"
@@ -64,7 +64,7 @@ int main(int argc, char **argv)
     QApplication::setApplicationVersion(ARDENO_VERSION);
     QApplication::setDesktopFileName("org.ardeno.Ardeno");
     QApplication::setQuitOnLastWindowClosed(false);
-    if (const auto predecessor = Successor::predecessor(QApplication::arguments()))
+    if (const auto predecessor = Relaunch::predecessor(QApplication::arguments()))
         waitForProcessEnd(*predecessor, std::chrono::seconds(20));
     const Words words(Words::Language::OfUser);
     return run(QApplication::arguments().contains("--background"));

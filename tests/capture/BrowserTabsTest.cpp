@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/BrowserTabs.h"
 
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/Printing.h"
 #include "tests/support/Tabs.h"
 
@@ -76,7 +76,7 @@ TEST_CASE("tabs carry what their browser told, browser after browser")
     source.add("com.google.Chrome", {record({"2", "77", "HTTPS://c.example/%7e", "C"}), Date{20}});
     source.add("org.example.Browser", {record({"1", "5", "http://e.example", "E"}), Date{10}});
 
-    const auto open = finish(WorkspaceCapture::browserTabs(source, {}));
+    const auto open = blockOn(WorkspaceCapture::browserTabs(source, {}));
 
     CHECK(addresses(open.tabs) == QStringList{"HTTPS://c.example/%7e", "https://f.example/", "http://e.example"});
     const SavedTab chrome = open.tabs.first();
@@ -123,17 +123,17 @@ TEST_CASE("an excluded browser is not asked and its tabs count as unknown")
     source.add("work-brave", {record({"1", "1", "https://work.example", "W"})}); // Brave under another name.
     source.add("com.google.Chrome", {record({"1", "1", "https://c.example", "C"})});
 
-    const auto open = finish(WorkspaceCapture::browserTabs(source, {"com.brave.Browser"}));
+    const auto open = blockOn(WorkspaceCapture::browserTabs(source, {"com.brave.Browser"}));
 
     CHECK(source.asked == QStringList{"com.google.Chrome"});
     CHECK(addresses(open.tabs) == QStringList{"https://c.example"});
     CHECK(open.unreadBrowserIDs == QSet<QString>{"com.brave.Browser", "work-brave"});
     CHECK(open.runningBrowserIDs == QSet<QString>{"com.google.Chrome"});
 
-    const auto own = finish(WorkspaceCapture::browserTabs(source, {"work-brave"}));
+    const auto own = blockOn(WorkspaceCapture::browserTabs(source, {"work-brave"}));
     CHECK(addresses(own.tabs) == QStringList{"https://secret.example", "https://c.example"});
 
-    const auto none = finish(WorkspaceCapture::browserTabs(source, {"com.brave.Browser", "com.google.Chrome"}));
+    const auto none = blockOn(WorkspaceCapture::browserTabs(source, {"com.brave.Browser", "com.google.Chrome"}));
     CHECK(none.tabs.isEmpty());
     CHECK(none.warning == noBrowser);
 }
@@ -144,7 +144,7 @@ TEST_CASE("every browser that cannot be read is named and the others are still a
     source.running = {"org.mozilla.firefox", "com.brave.Browser"};
     source.add("com.google.Chrome", {record({"1", "1", "https://c.example", "C"})});
 
-    const auto open = finish(WorkspaceCapture::browserTabs(source, {}));
+    const auto open = blockOn(WorkspaceCapture::browserTabs(source, {}));
 
     CHECK(open.warning == failed("Brave") + ' ' + failed("Firefox"));
     CHECK(addresses(open.tabs) == QStringList{"https://c.example"});
@@ -158,7 +158,7 @@ TEST_CASE("what could be read of a browser is kept although a part is missing")
     report.isComplete = false;
     source.add("com.google.Chrome", report);
 
-    const auto open = finish(WorkspaceCapture::browserTabs(source, {}));
+    const auto open = blockOn(WorkspaceCapture::browserTabs(source, {}));
 
     CHECK(open.tabs.size() == 1);
     CHECK(open.warning == failed("Chrome"));
@@ -172,7 +172,7 @@ TEST_CASE("pages whose window may be closed are kept, known as uncertain, and th
                                                 record({"2", "2", "https://c.example", "C"}),
                                      .uncertainWindows = {2}});
 
-    const auto open = finish(WorkspaceCapture::browserTabs(source, {}));
+    const auto open = blockOn(WorkspaceCapture::browserTabs(source, {}));
 
     REQUIRE(open.tabs.size() == 2);
     CHECK(open.uncertainTabIDs == QSet<QUuid>{open.tabs[1].id});
@@ -186,7 +186,7 @@ TEST_CASE("a browser with nothing to tell is no reason to warn")
     Answers source;
     source.add("com.google.Chrome", {});
 
-    const auto open = finish(WorkspaceCapture::browserTabs(source, {}));
+    const auto open = blockOn(WorkspaceCapture::browserTabs(source, {}));
 
     CHECK(open.tabs.isEmpty());
     CHECK_FALSE(open.warning.has_value());

@@ -2,7 +2,7 @@
 #include "capture/CaptureService.h"
 #include "desktop/RecordingLayout.h"
 
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/Printing.h"
 #include "tests/fakes/InMemoryDesktop.h"
 
@@ -36,7 +36,7 @@ struct RecordedScreen {
     static QString outcome(QCoro::Task<void> task)
     {
         try {
-            finish(std::move(task));
+            blockOn(std::move(task));
         } catch (const Failure &failure) {
             return QString("%1 %2: %3").arg(failure.domain()).arg(failure.code()).arg(failure.description());
         }
@@ -110,7 +110,7 @@ TEST_CASE_FIXTURE(RecordedScreen,
 {
     CaptureService impatient(*desktop.screenCapture, desktop.screenRecorder.get(), std::chrono::milliseconds(1));
     const QString path = folder.filePath("session.mp4");
-    finish(impatient.startRecording(path, {}));
+    blockOn(impatient.startRecording(path, {}));
     const RecordingEvents late = memory.recordingEvents;
     memory.whenStopped = [] {};
     CHECK(outcome(impatient.stopRecording()) ==

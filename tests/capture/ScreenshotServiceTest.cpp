@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/CaptureService.h"
 
+#include "support/BlockOn.h"
 #include "support/Failure.h"
-#include "support/Finish.h"
 #include "tests/Printing.h"
 
 #include <QDir>
@@ -54,7 +54,7 @@ struct ScreenshotFixture {
     QString outcome(QCoro::Task<void> task)
     {
         try {
-            finish(std::move(task));
+            blockOn(std::move(task));
         } catch (const Failure &failure) {
             return QString("%1 %2: %3").arg(failure.domain()).arg(failure.code()).arg(failure.description());
         }

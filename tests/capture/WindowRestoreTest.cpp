@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/WindowRestore.h"
 
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/Printing.h"
 #include "tests/fakes/InMemoryDesktop.h"
 
@@ -48,7 +48,7 @@ struct RestoreFixture {
         return memory.movable.last();
     }
 
-    RestoreResult run() { return finish(WindowLayout::restore(request, desktop)); }
+    RestoreResult run() { return blockOn(WindowLayout::restore(request, desktop)); }
 
     // "TITLE: REASON" of each window left alone.
     static QStringList skipped(const RestoreResult &result)
@@ -237,8 +237,8 @@ struct ContentsFixture : RestoreFixture {
     // What is open now is what there was before anything is opened.
     void look()
     {
-        request.places = finish(WindowLayout::savedPlaces(request.windows, desktop));
-        request.before = finish(WindowLayout::openPlaces(request.windows, request.places, desktop));
+        request.places = blockOn(WindowLayout::savedPlaces(request.windows, desktop));
+        request.before = blockOn(WindowLayout::openPlaces(request.windows, request.places, desktop));
     }
 
     WindowRect frame(quint32 id) const { return memory.movable[id - 1].frame; }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/faults/Faults.h"
 #include "tests/store/StoreFixture.h"
 #include "tests/support/Children.h"
@@ -38,7 +38,8 @@ struct ExclusionFaults : StoreFixture {
             AppStore &own = reopen();
             const bool isAdded = own.rules.excludeDomain("new.test").isDone;
             const auto prepared = memory.preparedExclusions.size();
-            const Outcome saved = finish(own.capture.saveMoment({.projectID = *own.projects.createProject("Project")}));
+            const Outcome saved =
+                blockOn(own.capture.saveMoment({.projectID = *own.projects.createProject("Project")}));
             const bool isHidden = !saved || memory.preparedExclusions.value(prepared).contains("org.secret");
             writeFile(home.filePath("calls"), QByteArray::number(faults::calls()));
             ::_exit(!isHidden ? 2 : isAdded ? 0 : 1);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/PngWriter.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/faults/Faults.h"
 #include "tests/store/StoreFixture.h"
 #include "tests/support/Children.h"
@@ -150,11 +150,11 @@ struct MediaFixture : StoreFixture {
 TEST_CASE_FIXTURE(MediaFixture, "wherever a change is cut short, the next start has all media that the library names")
 {
     const CaptureRequest request{.projectID = project, .title = "new"};
-    const auto save = [&] { finish(store().capture.saveMoment(request)); };
-    const auto import = [&] { finish(store().screenshots.importScreenshot(image, first)); };
+    const auto save = [&] { blockOn(store().capture.saveMoment(request)); };
+    const auto import = [&] { blockOn(store().screenshots.importScreenshot(image, first)); };
     const auto record = [&] {
-        finish(store().capture.startSession(request));
-        finish(store().sessions.stop());
+        blockOn(store().capture.startSession(request));
+        blockOn(store().sessions.stop());
     };
     const auto removeScreenshot = [&] { store().screenshots.removeScreenshot(first); };
     const auto bringBack = [&] {

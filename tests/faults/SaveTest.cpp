@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/LibraryLock.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/faults/Faults.h"
 #include "tests/store/StoreFixture.h"
 #include "tests/support/Children.h"
@@ -50,7 +50,7 @@ struct FaultFixture : StoreFixture {
             const LibraryLock lock = LibraryLock::waitFor({.root = root()}, {});
             AppStore &own = reopen();
             const CaptureRequest request{.projectID = own.library.projects().value(0).id, .title = "new"};
-            const Outcome outcome = finish(own.capture.saveMoment(request));
+            const Outcome outcome = blockOn(own.capture.saveMoment(request));
             describe(outcome.problems().join(' '));
             return outcome.isDone;
         } catch (const Failure &failure) {

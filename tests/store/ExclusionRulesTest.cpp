@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/store/StoreFixture.h"
 #include "json/Json.h"
 
@@ -42,10 +42,10 @@ struct ExclusionsFixture : StoreFixture {
         const QList<Project> projects = store().library.projects();
         const QUuid owner = projects.isEmpty() ? *store().projects.createProject("Thesis") : projects.first().id;
         const auto before = store().library.checkpoints().size();
-        const Outcome saved = finish(store().capture.saveMoment({.projectID = owner}));
-        CHECK(saved.isDone == finish(store().capture.startSession({.projectID = owner})).isDone);
+        const Outcome saved = blockOn(store().capture.saveMoment({.projectID = owner}));
+        CHECK(saved.isDone == blockOn(store().capture.startSession({.projectID = owner})).isDone);
         if (saved)
-            finish(store().sessions.stop());
+            blockOn(store().sessions.stop());
         else
             CHECK(saved.captureIssue.value_or("").contains("ardeno exclusions --start-over"));
         CHECK(store().library.checkpoints().size() == before + (saved ? 2 : 0));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/store/StoreFixture.h"
 
 using namespace ardeno;
@@ -11,7 +11,7 @@ TEST_CASE_FIXTURE(StoreFixture, "the form saves a checkpoint of the workspace, c
     store().setup.requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
     store().drafts.setDraftProjectName(" Thesis ");
 
-    finish(store().form.captureMoment("  First draft ", " Re-run the ablation\n", CaptureKind::Checkpoint));
+    blockOn(store().form.captureMoment("  First draft ", " Re-run the ablation\n", CaptureKind::Checkpoint));
 
     REQUIRE_FALSE(store().messages.captureIssue().has_value());
     CHECK(store().messages.notice() == QString("Checkpoint saved."));
@@ -38,7 +38,7 @@ TEST_CASE_FIXTURE(StoreFixture, "the form saves a checkpoint of the workspace, c
 TEST_CASE_FIXTURE(StoreFixture, "the drafts outlive a restart and a refusal, and the form reopens with them")
 {
     memory.screenAccess = false;
-    finish(store().form.captureMoment(" Title ", "next", CaptureKind::Checkpoint));
+    blockOn(store().form.captureMoment(" Title ", "next", CaptureKind::Checkpoint));
     CHECK(store().messages.captureIssue()->startsWith("Screen access needs to be set up before saving."));
     auto stored = preferences();
     stored.setValue(keys::resumeCaptureSetup, true);
@@ -56,7 +56,7 @@ TEST_CASE_FIXTURE(StoreFixture, "the drafts outlive a restart and a refusal, and
 
 TEST_CASE_FIXTURE(StoreFixture, "without a project nothing is captured")
 {
-    finish(store().form.captureMoment("Title", {}, CaptureKind::Checkpoint));
+    blockOn(store().form.captureMoment("Title", {}, CaptureKind::Checkpoint));
     CHECK(store().messages.error() == QString("Choose a project or enter a new project name before saving."));
     CHECK(memory.requests.isEmpty());
     CHECK_FALSE(QFile::exists(libraryPath()));
@@ -68,7 +68,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a capture that fails keeps the drafts and leave
     store().drafts.setDraftProjectID(id);
     memory.pictureFailure = Failure("Capture", 2, "The screenshot could not be created.");
 
-    finish(store().form.captureMoment("Title", {}, CaptureKind::Checkpoint));
+    blockOn(store().form.captureMoment("Title", {}, CaptureKind::Checkpoint));
     CHECK(store().messages.captureIssue() ==
           QString("Capture could not finish. Your draft is safe. Check Screen Recording settings; if access was "
                   "just enabled, quit and reopen this app, then try again. The screenshot could not be created."));
@@ -78,7 +78,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a capture that fails keeps the drafts and leave
 
     memory.pictureFailure.reset();
     memory.displays.clear();
-    finish(store().form.captureMoment("Title", {}, CaptureKind::Checkpoint));
+    blockOn(store().form.captureMoment("Title", {}, CaptureKind::Checkpoint));
     CHECK(store().messages.captureIssue()->endsWith("No display is available to capture."));
     CHECK(mediaFolders().isEmpty());
 }
@@ -88,7 +88,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a library that cannot be written keeps the draf
     const QUuid id = *store().projects.createProject("Thesis");
     store().drafts.setDraftProjectID(id);
     memory.whileComposing = [this] { breakLibrary(); };
-    finish(store().form.captureMoment("Title", {}, CaptureKind::Checkpoint));
+    blockOn(store().form.captureMoment("Title", {}, CaptureKind::Checkpoint));
     CHECK(store().messages.error()->startsWith("Could not save this checkpoint: "));
     CHECK(store().drafts.draftTitle() == "Title");
     CHECK(mediaFolders() == QStringList{"checkpoints.json"}); // The obstacle, no media.
@@ -98,7 +98,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a save beside the form leaves the form's drafts
 {
     store().drafts.setDraftTitle("half written");
     const QUuid id = *store().projects.createProject("Thesis");
-    const auto saved = finish(store().capture.saveMoment({id, " T ", {}, false}));
+    const auto saved = blockOn(store().capture.saveMoment({id, " T ", {}, false}));
     REQUIRE(saved);
     CHECK(store().library.checkpoint(*saved)->title == "T");
     CHECK(store().drafts.draftTitle() == "half written");
@@ -107,14 +107,14 @@ TEST_CASE_FIXTURE(StoreFixture, "a save beside the form leaves the form's drafts
 TEST_CASE_FIXTURE(StoreFixture, "the form offers the project on whose page it opens, or the last one that is there")
 {
     const QUuid other = *store().projects.createProject("Garden");
-    finish(store().form.captureMoment("First", {}, CaptureKind::Checkpoint));
+    blockOn(store().form.captureMoment("First", {}, CaptureKind::Checkpoint));
     CHECK_MESSAGE(store().navigation.selected()->projectID == other, "a project just made is the one that is offered");
     const QUuid id = *store().projects.createProject("Thesis");
     store().drafts.setDraftProjectID(other); // Where the last draft was for.
     store().setup.requestCapture(CaptureKind::Checkpoint, CaptureForm::QuickPanel);
     CHECK_MESSAGE(store().drafts.draftProjectID() == other, "the panel is on no page");
     store().setup.requestCapture(CaptureKind::Checkpoint, CaptureForm::Sheet);
-    finish(store().form.captureMoment("Second", {}, CaptureKind::Checkpoint));
+    blockOn(store().form.captureMoment("Second", {}, CaptureKind::Checkpoint));
     CHECK(store().navigation.selected()->projectID == id);
     store().navigation.showProjects();
     store().setup.requestCapture(CaptureKind::Checkpoint, CaptureForm::QuickPanel);

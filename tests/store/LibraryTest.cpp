@@ -104,14 +104,14 @@ TEST_CASE_FIXTURE(LibraryFixture, "the copy of an unreadable library is named un
 TEST_CASE_FIXTURE(LibraryFixture, "a session that cannot be written is kept and goes with the next change")
 {
     store().drafts.setDraftProjectID(project);
-    finish(store().form.captureMoment("Ablation", {}, CaptureKind::Session));
+    blockOn(store().form.captureMoment("Ablation", {}, CaptureKind::Session));
     memory.recordingEvents.failed(Failure::system(ENOSPC));
     QCoreApplication::processEvents();
     store().messages.dismissError();
     CHECK_MESSAGE(store().recorder.recordingFailure() == QString("No space left on device"),
                   "dismissing the message mends nothing");
     breakLibrary();
-    const Outcome stopped = finish(store().sessions.stop());
+    const Outcome stopped = blockOn(store().sessions.stop());
     REQUIRE_FALSE(stopped);
     CHECK_FALSE(store().recorder.recordingFailure());
     CHECK(says(store(), u"Your work session “Ablation” is kept in "_qs));

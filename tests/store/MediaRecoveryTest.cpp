@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/PngWriter.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/store/StoreFixture.h"
 #include "json/Json.h"
 
@@ -97,7 +97,7 @@ TEST_CASE_FIXTURE(HostileFixture, "a session's journal and video are files of it
 
 TEST_CASE_FIXTURE(HostileFixture, "no link that was put there during a session is followed at its end")
 {
-    const Outcome session = finish(store().capture.startSession({.projectID = project}));
+    const Outcome session = blockOn(store().capture.startSession({.projectID = project}));
     REQUIRE(session);
     const QString folder = root() + '/' + uuidText(*session);
     const QStringList names = {"session.json", "snapshot.png"};
@@ -108,7 +108,7 @@ TEST_CASE_FIXTURE(HostileFixture, "no link that was put there during a session i
             REQUIRE(QFile::remove(folder + '/' + name));
             REQUIRE(QFile::link(own + '/' + name, folder + '/' + name));
         }
-        CHECK(finish(store().sessions.stop()));
+        CHECK(blockOn(store().sessions.stop()));
         CHECK(fileBytes(folder + "/snapshot.png").startsWith("\x89PNG"));
         CHECK(QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System) ==
               QStringList{"session.mp4", "snapshot.png"});
@@ -117,7 +117,7 @@ TEST_CASE_FIXTURE(HostileFixture, "no link that was put there during a session i
     {
         REQUIRE(QDir(folder).removeRecursively());
         REQUIRE(QFile::link(own, folder));
-        CHECK(finish(store().sessions.stop()));
+        CHECK(blockOn(store().sessions.stop()));
     }
     CHECK(store().library.checkpoint(*session));
     checkOwn();

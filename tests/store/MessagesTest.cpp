@@ -9,7 +9,7 @@ using namespace ardeno;
 TEST_CASE_FIXTURE(SavedFixture, "what went wrong stays until it is dismissed or the same has succeeded")
 {
     memory.failedStarts = {{"viewer", "Viewer", {}}};
-    finish(store().resumes.restore(saved, ResumeChoice::missing, false));
+    blockOn(store().resumes.restore(saved, ResumeSelection::missing, false));
     const QString ended = "Could not open: Viewer (it ended with an error)";
     REQUIRE(store().messages.error() == ended);
     const std::optional<QString> notice = store().messages.notice();
@@ -41,23 +41,23 @@ TEST_CASE_FIXTURE(SavedFixture, "whoever gives a command is told how it ended, a
     store().messages.confirm("Done.");
     memory.pictureFailure = Failure("Capture", 1, "There is no picture.");
     const CaptureRequest request{project, "two", {}, false};
-    const Outcome failed = finish(store().capture.saveMoment(request, Audience::Caller));
+    const Outcome failed = blockOn(store().capture.saveMoment(request, Audience::Caller));
     CHECK_FALSE(failed);
     CHECK(failed.captureIssue->endsWith("There is no picture."));
     CHECK_FALSE(store().messages.captureIssue().has_value());
     CHECK(store().messages.sentences() == QStringList{"Something else."});
 
     memory.pictureFailure.reset();
-    const Outcome done = finish(store().capture.saveMoment(request, Audience::Caller));
+    const Outcome done = blockOn(store().capture.saveMoment(request, Audience::Caller));
     REQUIRE(done);
     CHECK(done.notice == "Checkpoint saved.");
     CHECK(store().library.checkpoint(*done)->title == "two");
     CHECK(store().projects.createProject("Third", Audience::Caller));
     CHECK(store().projects.createProject("Thesis", Audience::Caller).id == project);
-    REQUIRE(finish(store().capture.startSession(request, Audience::Caller)));
-    CHECK(finish(store().sessions.stop(Audience::Caller)));
+    REQUIRE(blockOn(store().capture.startSession(request, Audience::Caller)));
+    CHECK(blockOn(store().sessions.stop(Audience::Caller)));
     memory.failedStarts = {{"viewer", "Viewer", {}}};
-    CHECK(finish(store().resumes.restore(saved, ResumeChoice::missing, false, Audience::Caller)).error);
+    CHECK(blockOn(store().resumes.restore(saved, ResumeSelection::missing, false, Audience::Caller)).error);
     CHECK(store().rules.excludeDomain("bank.example", Audience::Caller));
     CHECK(store().navigation.selectedProjectID() == shown);
     CHECK_FALSE(store().navigation.selection().has_value());
@@ -77,7 +77,7 @@ TEST_CASE_FIXTURE(SavedFixture, "a notice leaves with the page it is about, and 
     const QUuid other = *store().projects.createProject("Other");
     const auto announce = [&] {
         store().navigation.selectProject(own);
-        finish(store().screenshots.importScreenshot(image, saved.id));
+        blockOn(store().screenshots.importScreenshot(image, saved.id));
         REQUIRE(store().messages.notice().has_value());
     };
     const std::function<void()> ways[] = {
@@ -97,7 +97,7 @@ TEST_CASE_FIXTURE(SavedFixture, "a notice leaves with the page it is about, and 
 
     QCoro::Task<Outcome> late = store().screenshots.importScreenshot(image, saved.id);
     store().navigation.selectProject(other);
-    CHECK(finish(std::move(late)));
+    CHECK(blockOn(std::move(late)));
     CHECK_FALSE(store().messages.notice().has_value());
     announce();
     store().deletion.deleteCheckpoint(saved.id);

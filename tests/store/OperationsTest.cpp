@@ -22,17 +22,17 @@ TEST_CASE_FIXTURE(SavedFixture, "whatever ends an operation is said")
 TEST_CASE_FIXTURE(SavedFixture, "what was asked while something else went on is done after it, and waited for")
 {
     store().drafts.setDraftProjectID(project);
-    finish(store().form.captureMoment("Ablation", {}, CaptureKind::Session));
-    QCoro::Task<ResumeOutcome> resuming = store().resumes.restore(saved, ResumeChoice::missing, false);
+    blockOn(store().form.captureMoment("Ablation", {}, CaptureKind::Session));
+    QCoro::Task<ResumeOutcome> resuming = store().resumes.restore(saved, ResumeSelection::missing, false);
     REQUIRE(store().operations.busy());
-    const Outcome stopped = finish(store().sessions.stop());
+    const Outcome stopped = blockOn(store().sessions.stop());
     CHECK(stopped);
-    finish(std::move(resuming));
-    CHECK_FALSE(finish(store().sessions.stop()).id.has_value());
+    blockOn(std::move(resuming));
+    CHECK_FALSE(blockOn(store().sessions.stop()).id.has_value());
 
     memory.tabRecords["com.google.Chrome"] = u"1\u001f7\u001fhttps://a.example/\u001fOpen\u001e"_qs;
     QCoro::Task<Outcome> adding = store().workspace.addCurrentBrowserTabs(saved.id);
     CHECK_MESSAGE(store().operations.working(), "the end of the program waits for it");
-    finish(std::move(adding));
+    blockOn(std::move(adding));
     CHECK_FALSE(store().operations.working());
 }

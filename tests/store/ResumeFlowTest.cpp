@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/store/StoreFixture.h"
 
 using namespace ardeno;
@@ -44,7 +44,7 @@ struct ResumeFixture : StoreFixture {
 
     RestoreReport resume(bool layout = false)
     {
-        return finish(store().resumes.restore(checkpoint, ResumeChoice::missing, layout)).report;
+        return blockOn(store().resumes.restore(checkpoint, ResumeSelection::missing, layout)).report;
     }
 };
 
@@ -94,13 +94,13 @@ TEST_CASE_FIXTURE(ResumeFixture, "what opens after it was chosen is not opened t
 {
     memory.tabRecords[chrome] = QString("");
     addTab("https://a.example/");
-    const RestorePlan plan = finish(store().resumes.restorePlan(checkpoint));
+    const RestorePlan plan = blockOn(store().resumes.restorePlan(checkpoint));
     REQUIRE(plan.tabsToOpen.size() == 1);
     memory.tabRecords[chrome] = u"1\u001f7\u001fHTTPS://a.example/\u001fOpen\u001e"_qs;
 
-    const auto choose = [&](const RestorePlan &) { return ResumeChoice::missing(plan); };
+    const auto choose = [&](const RestorePlan &) { return ResumeSelection::missing(plan); };
     memory.addApplication("viewer", "Viewer", {0, 0, 300, 300});
-    const RestoreReport report = finish(store().resumes.restore(checkpoint, choose, false)).report;
+    const RestoreReport report = blockOn(store().resumes.restore(checkpoint, choose, false)).report;
 
     CHECK(memory.opened.isEmpty());
     CHECK(report.outcome.openedTabs == 0);
@@ -119,11 +119,11 @@ TEST_CASE_FIXTURE(ResumeFixture,
                   "pages of a browser that is not here go to the user's own, those of an unread one wait")
 {
     addTab("https://unread.example/");
-    CHECK_FALSE(finish(store().resumes.restorePlan(checkpoint)).tabCheckWarning); // That no browser runs is no fault.
-    memory.tabRecords[chrome] = QString();                                        // Runs and cannot be read.
+    CHECK_FALSE(blockOn(store().resumes.restorePlan(checkpoint)).tabCheckWarning); // That no browser runs is no fault.
+    memory.tabRecords[chrome] = QString();                                         // Runs and cannot be read.
     addTab("https://elsewhere.example/").browserID = "com.apple.Safari";
 
-    const RestorePlan plan = finish(store().resumes.restorePlan(checkpoint));
+    const RestorePlan plan = blockOn(store().resumes.restorePlan(checkpoint));
     CHECK(plan.unverifiedTabs.size() == 1);
     CHECK(plan.tabCheckWarning == u"Chrome tabs weren’t available. Whether its saved pages are open is not known."_qs);
 
@@ -183,8 +183,9 @@ TEST_CASE_FIXTURE(ResumeFixture, "a resume that is stopped begins nothing more a
     CHECK(memory.opened == QStringList{"app viewer"});
     CHECK(awaited == "Viewer");
     CHECK(report.outcome.openedApps == 1);
-    CHECK(store().messages.error() == "Could not open: Files (stopped by you), Page https://a.example/ (stopped by you), "
-                             "notes.txt (stopped by you)");
+    CHECK(store().messages.error() ==
+          "Could not open: Files (stopped by you), Page https://a.example/ (stopped by you), "
+          "notes.txt (stopped by you)");
     for (const UnplacedWindow &window : store().resumes.unplacedWindows())
         CHECK(window.reason == "stopped by you");
     CHECK(store().resumes.unplacedWindows().size() == 2);
@@ -254,14 +255,14 @@ TEST_CASE_FIXTURE(ResumeFixture, "two resumes of a library at once open everythi
                              .repository = CheckpointRepository(root()),
                              .openedPages = OpenedPages(home.filePath("opened-pages"))});
     QDir().mkpath(root());
-    auto first = other.resumes.restore(checkpoint, ResumeChoice::missing, false);
+    auto first = other.resumes.restore(checkpoint, ResumeSelection::missing, false);
     QList<RestorePlan> plans;
     const auto choose = [&](const RestorePlan &plan) {
         plans += plan;
-        return ResumeChoice::missing(plan);
+        return ResumeSelection::missing(plan);
     };
-    const RestoreReport second = finish(store().resumes.restore(checkpoint, choose, false)).report;
-    finish(std::move(first));
+    const RestoreReport second = blockOn(store().resumes.restore(checkpoint, choose, false)).report;
+    blockOn(std::move(first));
     CHECK(memory.opened == QStringList{"app viewer", "page com.google.Chrome https://a.example/"});
     REQUIRE(plans.size() == 1);
     CHECK_MESSAGE(plans[0].appsToOpen.isEmpty(), "the plan is made when the other one is over");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/store/StoreFixture.h"
 
 using namespace ardeno;
@@ -35,9 +35,9 @@ TEST_CASE_FIXTURE(SamplesFixture, "a newcomer sees the sample project, and no op
     CHECK_FALSE(store().workspace.removeTab(shown.tabs.first(), newest));
     CHECK_FALSE(store().projects.setProjectBlocker(sample, "reason"));
     CHECK_FALSE(store().projects.setProjectArchived(sample, true));
-    finish(store().workspace.addCurrentBrowserTabs(newest));
-    finish(store().workspace.addCurrentWindowLayout(newest));
-    finish(store().screenshots.importScreenshot(home.filePath("any.png"), newest));
+    blockOn(store().workspace.addCurrentBrowserTabs(newest));
+    blockOn(store().workspace.addCurrentWindowLayout(newest));
+    blockOn(store().screenshots.importScreenshot(home.filePath("any.png"), newest));
     store().screenshots.removeScreenshot(newest);
     store().deletion.deleteCheckpoint(newest);
     store().deletion.deleteProject(sample);

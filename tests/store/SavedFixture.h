@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/store/StoreFixture.h"
 
 namespace ardeno {
@@ -16,7 +16,7 @@ struct SavedFixture : StoreFixture {
     Outcome save(const QString &title)
     {
         const CaptureRequest request{project, title, {}, false};
-        return finish(store().capture.saveMoment(request));
+        return blockOn(store().capture.saveMoment(request));
     }
 
     // The library can be written again.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/store/StoreFixture.h"
 
 using namespace ardeno;
@@ -94,9 +94,9 @@ TEST_CASE_FIXTURE(AccessFixture, "a restart ends this process only when another 
                            "again. Your draft is saved. ";
     SUBCASE("another one runs")
     {
-        finish(store().screenAccess.restartForPermission());
+        blockOn(store().screenAccess.restartForPermission());
         CHECK(timesEnded == 1);
-        finish(store().screenAccess.restartForPermission()); // While it is under way, there is no second one.
+        blockOn(store().screenAccess.restartForPermission()); // While it is under way, there is no second one.
         CHECK(timesEnded == 1);
         store().screenAccess.requestScreenAccess();
         store().screenAccess.verifyAccessNow();
@@ -107,13 +107,13 @@ TEST_CASE_FIXTURE(AccessFixture, "a restart ends this process only when another 
     SUBCASE("it is this one")
     {
         started = QCoreApplication::applicationPid();
-        finish(store().screenAccess.restartForPermission());
+        blockOn(store().screenAccess.restartForPermission());
         CHECK(store().messages.captureIssue() == prefix + "macOS reopened the existing process.");
     }
     SUBCASE("there is none")
     {
         startFailure = Failure("Restart", 4, "No such file or directory.");
-        finish(store().screenAccess.restartForPermission());
+        blockOn(store().screenAccess.restartForPermission());
         CHECK(store().messages.captureIssue() == prefix + "No such file or directory.");
     }
     CHECK(timesEnded == 0);
@@ -126,10 +126,10 @@ TEST_CASE_FIXTURE(AccessFixture, "access that is granted is tried, as the system
 {
     memory.screenAccess = true;
     openForm();
-    finish(store().screenAccess.verifyAccessNow());
+    blockOn(store().screenAccess.verifyAccessNow());
     CHECK(store().screenAccess.screenAccessGranted());
     memory.displays.clear();
-    finish(store().screenAccess.verifyAccessNow());
+    blockOn(store().screenAccess.verifyAccessNow());
     CHECK_FALSE(store().screenAccess.screenAccessGranted());
     CHECK(store().messages.captureIssue() == "No display is available.");
 }
@@ -139,7 +139,7 @@ TEST_CASE_FIXTURE(AccessFixture, "where consent would not help, the desktop's re
     memory.noScreenAccess = "There is no screen.";
     openForm();
     store().drafts.setDraftProjectName("Thesis");
-    finish(store().form.captureMoment("Chapter", {}, CaptureKind::Checkpoint));
+    blockOn(store().form.captureMoment("Chapter", {}, CaptureKind::Checkpoint));
     CHECK(store().messages.captureIssue() == "There is no screen.");
     CHECK(store().library.projects().isEmpty());
 }

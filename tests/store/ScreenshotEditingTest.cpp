@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/PngWriter.h"
 #include "media/ThumbnailCache.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/store/StoreFixture.h"
 
 using namespace ardeno;
@@ -32,7 +32,7 @@ const QString outside = "Could not remove a screenshot outside this checkpointâ€
 
 TEST_CASE_FIXTURE(ScreenshotFixture, "an imported image takes the place of the screenshot")
 {
-    finish(store().screenshots.importScreenshot(image, saved.id));
+    blockOn(store().screenshots.importScreenshot(image, saved.id));
     CHECK(store().messages.notice() == "Image added. A copy is saved with this checkpoint.");
     CHECK_FALSE(store().messages.error().has_value());
     REQUIRE(now().screenshot.has_value());
@@ -46,10 +46,10 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "an imported image takes the place of the s
 TEST_CASE_FIXTURE(ScreenshotFixture, "an image that cannot be imported changes nothing, and says why")
 {
     writeFile(image, "words");
-    finish(store().screenshots.importScreenshot(image, saved.id));
+    blockOn(store().screenshots.importScreenshot(image, saved.id));
     CHECK(store().messages.error() ==
           "This file could not be opened as an image. Choose a PNG, JPEG, HEIC or another supported image.");
-    finish(store().screenshots.importScreenshot(home.filePath("missing.png"), saved.id));
+    blockOn(store().screenshots.importScreenshot(home.filePath("missing.png"), saved.id));
     CHECK(store().messages.error() == "Could not add the image: No such file or directory.");
     CHECK(now() == saved);
     CHECK(media() == QStringList{"snapshot.png"});
@@ -60,7 +60,7 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "an import that is stopped leaves the pictu
     QCoro::Task<Outcome> importing = store().screenshots.importScreenshot(image, saved.id);
     CHECK(store().screenshots.addingPictures() == QList<QUuid>{saved.id});
     store().screenshots.stopAddingPicture(saved.id);
-    finish(std::move(importing));
+    blockOn(std::move(importing));
     CHECK(store().messages.notice() == "Stopped. The image was not added.");
     CHECK_FALSE(store().messages.error().has_value());
     CHECK(store().screenshots.addingPictures().isEmpty());
@@ -73,13 +73,13 @@ TEST_CASE_FIXTURE(ScreenshotFixture,
 {
     QCoro::Task<Outcome> importing = store().screenshots.importScreenshot(image, saved.id);
     store().deletion.deleteCheckpoint(saved.id);
-    finish(std::move(importing));
+    blockOn(std::move(importing));
     CHECK_FALSE(QFile::exists(mediaFolder(saved)));
     CHECK(store().library.checkpoints().isEmpty());
 
     saved = saveCheckpoint(project, "two", 2);
     breakLibrary();
-    finish(store().screenshots.importScreenshot(image, saved.id));
+    blockOn(store().screenshots.importScreenshot(image, saved.id));
     CHECK(store().messages.error()->startsWith("Could not save this checkpoint: "));
     CHECK(media() == QStringList{"snapshot.png"});
     CHECK(now() == saved);
@@ -90,7 +90,7 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "a previous image outside the folder is lef
     const QString elsewhere = home.filePath("elsewhere.png");
     writeFile(elsewhere, "mine");
     pointTo(elsewhere);
-    finish(store().screenshots.importScreenshot(image, saved.id));
+    blockOn(store().screenshots.importScreenshot(image, saved.id));
     CHECK(store().messages.notice() == "Image added. A copy is saved with this checkpoint.");
     CHECK(fileBytes(elsewhere) == "mine");
 }
@@ -128,7 +128,7 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "a picture that was removed or replaced com
     CHECK_FALSE(store().removals.lastRemoval().has_value());
     CHECK_MESSAGE(!store().messages.notice(), "that it was removed is not true any more");
 
-    finish(store().screenshots.importScreenshot(image, saved.id));
+    blockOn(store().screenshots.importScreenshot(image, saved.id));
     const QByteArray imported = shown();
     CHECK(store().removals.undoWorkspaceRemoval());
     CHECK(shown() == "picture of one");
@@ -138,7 +138,7 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "a picture that was removed or replaced com
 
     // What was removed first is not forgotten for what was added since.
     store().screenshots.removeScreenshot(saved.id);
-    finish(store().screenshots.importScreenshot(image, saved.id));
+    blockOn(store().screenshots.importScreenshot(image, saved.id));
     CHECK(store().removals.undoWorkspaceRemoval());
     CHECK(shown() == "picture of one");
     CHECK(store().editing.updateNote(&Checkpoint::objective, "typed", saved.id));
@@ -244,9 +244,9 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "of two images that are added one after the
     writeFile(large, PngWriter::encoded({4000, 4000}, QByteArray(4000 * 4000 * 4, '\x20')));
     auto first = store().screenshots.importScreenshot(large, saved.id);
     auto second = store().screenshots.importScreenshot(image, saved.id);
-    const bool isSecondAdded = finish(std::move(second)).isDone;
+    const bool isSecondAdded = blockOn(std::move(second)).isDone;
     const std::optional<QString> picture = now().screenshot;
-    finish(std::move(first));
+    blockOn(std::move(first));
     CHECK(isSecondAdded);
     CHECK(now().screenshot == picture);
     CHECK_FALSE(store().messages.error());

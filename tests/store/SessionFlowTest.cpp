@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/store/StoreFixture.h"
 #include "json/Json.h"
 
@@ -28,7 +28,7 @@ struct SessionFixture : StoreFixture {
     QUuid startSession()
     {
         store().drafts.setDraftProjectID(project);
-        finish(store().form.captureMoment(" Ablation ", "Re-run", CaptureKind::Session));
+        blockOn(store().form.captureMoment(" Ablation ", "Re-run", CaptureKind::Session));
         REQUIRE_FALSE(store().messages.captureIssue().has_value());
         REQUIRE(store().recorder.recording());
         return QUuid(QFileInfo(QFileInfo(memory.recordings.last().path).path()).fileName());
@@ -62,7 +62,7 @@ TEST_CASE_FIXTURE(SessionFixture, "a session is in the library once it is stoppe
 
     memory.addApplication("org.browser", "Browser", {0, 0, 500, 500});
     store().drafts.setIncludeBrowser(false);
-    finish(store().sessions.stop());
+    blockOn(store().sessions.stop());
 
     CHECK(store().messages.notice() ==
           QString("Recording stopped and checkpoint saved. Add a next step to make returning easier."));
@@ -83,18 +83,18 @@ TEST_CASE_FIXTURE(SessionFixture, "a session is in the library once it is stoppe
 
 TEST_CASE_FIXTURE(SessionFixture, "only one session runs, and only a running one can be stopped")
 {
-    finish(store().sessions.stop());
+    blockOn(store().sessions.stop());
     CHECK_FALSE(store().messages.notice().has_value());
     startSession();
-    finish(store().form.captureMoment("Again", {}, CaptureKind::Session));
+    blockOn(store().form.captureMoment("Again", {}, CaptureKind::Session));
     CHECK(store().messages.captureIssue()->contains("already"));
     CHECK(memory.recordings.size() == 1);
 
     auto first = store().sessions.stop();
-    finish(store().sessions.stop());
-    finish(std::move(first));
+    blockOn(store().sessions.stop());
+    blockOn(std::move(first));
     CHECK(store().library.checkpoints().size() == 1);
-    finish(store().sessions.stop());
+    blockOn(store().sessions.stop());
     CHECK(store().library.checkpoints().size() == 1);
 }
 
@@ -102,13 +102,13 @@ TEST_CASE_FIXTURE(SessionFixture, "a session that cannot begin keeps the drafts 
 {
     memory.recordingFailure = Failure("POSIX", 28, "No space left on device.");
     store().drafts.setDraftProjectID(project);
-    finish(store().form.captureMoment("Title", {}, CaptureKind::Session));
+    blockOn(store().form.captureMoment("Title", {}, CaptureKind::Session));
     CHECK(store().messages.captureIssue()->startsWith("Capture could not finish. Your draft is safe."));
     CHECK(store().messages.captureIssue()->endsWith("No space left on device."));
     CHECK(store().drafts.draftTitle() == "Title");
     CHECK_FALSE(store().recorder.recording());
     memory.recorder = Capability::unavailable("There is no display.");
-    finish(store().form.captureMoment("Title", {}, CaptureKind::Session));
+    blockOn(store().form.captureMoment("Title", {}, CaptureKind::Session));
     CHECK(store().messages.captureIssue() == QString("There is no display."));
     CHECK(QDir(root()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).isEmpty());
     CHECK(reopen().library.checkpoints().isEmpty());
@@ -125,7 +125,7 @@ TEST_CASE_FIXTURE(SessionFixture, "a recording that breaks off is reported, and 
     CHECK(store().recorder.recording());
 
     memory.pictureFailure = Failure("Capture", 2, "The screenshot could not be created.");
-    finish(store().sessions.stop());
+    blockOn(store().sessions.stop());
     CHECK(store().messages.error() ==
           QString("The video could not be finalized. Your screenshot and workspace will still be "
                   "saved. No space left on device."));
@@ -143,7 +143,7 @@ TEST_CASE_FIXTURE(SessionFixture, "a session whose folder has been removed is sa
     const QUuid id = startSession();
     REQUIRE(QDir(folderOf(id)).removeRecursively());
     memory.recordingEvents.failed(Failure("POSIX", 2, "No such file or directory."));
-    finish(store().sessions.stop());
+    blockOn(store().sessions.stop());
     CHECK(store().library.checkpoint(id)->captureNote == "Workspace captured at the end of your session.");
     CHECK(QFile::exists(*store().library.checkpoint(id)->screenshot));
 }
@@ -153,7 +153,7 @@ TEST_CASE_FIXTURE(SessionFixture, "a session that the library refuses is saved b
     const QUuid id = startSession();
     memory.addApplication("org.browser", "Browser", {0, 0, 500, 500});
     breakLibrary();
-    finish(store().sessions.stop());
+    blockOn(store().sessions.stop());
     CHECK(store().messages.error()->startsWith("Could not save this checkpoint: "));
     CHECK_FALSE(store().recorder.recording());
     REQUIRE(QFile::exists(journalOf(id)));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/store/StoreFixture.h"
 
 #include <QCoroTimer>
@@ -25,7 +25,7 @@ struct UpdateFixture : StoreFixture {
         co_return offer;
     }
 
-    void check(Force force) { finish(store().updates.checkForUpdates(force)); }
+    void check(Force force) { blockOn(store().updates.checkForUpdates(force)); }
 };
 
 } // namespace
@@ -82,17 +82,17 @@ TEST_CASE_FIXTURE(UpdateFixture, "one check runs at a time, and one that outlive
     CHECK(store().updates.checkingForUpdates());
     check(Force::Yes);
     CHECK(requests == 1);
-    finish(std::move(first));
+    blockOn(std::move(first));
     CHECK_FALSE(store().updates.checkingForUpdates());
 
     auto late = store().updates.checkForUpdates(Force::Yes);
     opened.reset();
-    finish(std::move(late)); // It must not touch what is gone.
+    blockOn(std::move(late)); // It must not touch what is gone.
 }
 
 TEST_CASE_FIXTURE(StoreFixture, "a build without the check never checks")
 {
     CHECK_FALSE(store().updates.canCheckForUpdates());
-    finish(store().updates.checkForUpdates(Force::Yes));
+    blockOn(store().updates.checkForUpdates(Force::Yes));
     CHECK_FALSE(preferences().contains("lastUpdateCheck"));
 }

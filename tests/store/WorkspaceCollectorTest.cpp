@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/store/StoreFixture.h"
 
 using namespace ardeno;
@@ -19,7 +19,7 @@ TEST_CASE_FIXTURE(StoreFixture,
     hide("org.second");
     memory.addApplication(windowClass + "Xmessage", "Xmessage", {0, 0, 500, 500});
     store().drafts.setDraftProjectName("Thesis");
-    finish(store().form.captureMoment({}, {}, CaptureKind::Checkpoint));
+    blockOn(store().form.captureMoment({}, {}, CaptureKind::Checkpoint));
     const QString named = " Not among the installed apps, so saved by the name of their windows: Xmessage.";
     CHECK(store().navigation.selected()->captureNote ==
           "Open apps captured. Browser capture was off." + named +
@@ -29,8 +29,8 @@ TEST_CASE_FIXTURE(StoreFixture,
     hide("org.third");
     store().drafts.setIncludeBrowser(true);
     memory.tabRecords["com.google.Chrome"] = QString(); // Runs and cannot be read.
-    finish(store().form.captureMoment({}, {}, CaptureKind::Session));
-    finish(store().sessions.stop());
+    blockOn(store().form.captureMoment({}, {}, CaptureKind::Session));
+    blockOn(store().sessions.stop());
     const QString note = store().navigation.selected()->captureNote;
     CHECK(note.startsWith(u"Workspace captured at the end of your session. Chrome tabs weren’t available."_qs));
     CHECK(note.endsWith(named + " 2 windows were minimised or on another workspace: what they show is not saved."));
@@ -45,7 +45,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a rule made while something is captured holds f
     store().drafts.setIncludeBrowser(true);
     store().drafts.setDraftProjectID(store().projects.createProject("Thesis").id);
     const SavedApp secret{"org.secret", "Secret"};
-    REQUIRE(finish(store().form.captureMoment("All is shown", {}, CaptureKind::Checkpoint)));
+    REQUIRE(blockOn(store().form.captureMoment("All is shown", {}, CaptureKind::Checkpoint)));
     REQUIRE(store().navigation.selected()->apps.contains(secret));
     REQUIRE(store().navigation.selected()->tabs.size() == 1);
 
@@ -57,7 +57,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a rule made while something is captured holds f
         return !checkpoint.apps.contains(secret) && checkpoint.windows->size() == 1 && checkpoint.tabs.isEmpty() &&
                memory.requests.last().excludedAppIDs.contains("org.secret");
     };
-    REQUIRE(finish(store().form.captureMoment("Hidden", {}, CaptureKind::Checkpoint)));
+    REQUIRE(blockOn(store().form.captureMoment("Hidden", {}, CaptureKind::Checkpoint)));
     CHECK(isHidden(*store().navigation.selected()));
 
     store().rules.allowApp("org.secret");
@@ -65,11 +65,11 @@ TEST_CASE_FIXTURE(StoreFixture, "a rule made while something is captured holds f
         CHECK_FALSE(store().rules.allowApp("org.secret"));
         CHECK_FALSE(store().rules.excludeApp({"org.editor", "Editor"}));
     };
-    REQUIRE(finish(store().form.captureMoment("Session", {}, CaptureKind::Session)));
+    REQUIRE(blockOn(store().form.captureMoment("Session", {}, CaptureKind::Session)));
     CHECK(memory.recordings.last().excludedAppIDs == store().rules.exclusions().appIDs());
     CHECK_MESSAGE(memory.recordings.last().excludedAppIDs == QSet<QString>{"org.secret"},
                   "made during the picture, before the recorder was asked");
-    finish(store().sessions.stop());
+    blockOn(store().sessions.stop());
     CHECK(isHidden(*store().navigation.selected()));
 }
 
@@ -84,7 +84,7 @@ TEST_CASE_FIXTURE(StoreFixture, "tabs are kept with the checkpoint, except those
     store().drafts.setIncludeBrowser(true);
     store().drafts.setDraftProjectName("Thesis");
 
-    finish(store().form.captureMoment("Title", {}, CaptureKind::Checkpoint));
+    blockOn(store().form.captureMoment("Title", {}, CaptureKind::Checkpoint));
     REQUIRE(store().navigation.selected());
     REQUIRE(store().navigation.selected()->tabs.size() == 1);
     CHECK(store().navigation.selected()->tabs.first().url == "https://a.example/");
@@ -93,10 +93,10 @@ TEST_CASE_FIXTURE(StoreFixture, "tabs are kept with the checkpoint, except those
     CHECK_FALSE(fileBytes(libraryPath()).contains("bank.example"));
 
     memory.tabRecords.insert("com.google.Chrome", QString());
-    finish(store().form.captureMoment("Again", {}, CaptureKind::Checkpoint));
+    blockOn(store().form.captureMoment("Again", {}, CaptureKind::Checkpoint));
     CHECK(store().navigation.selected()->tabs.isEmpty());
     CHECK(store().navigation.selected()->captureNote.startsWith("Chrome tabs weren’t available."));
     memory.tabRecords.clear();
-    finish(store().form.captureMoment("Third", {}, CaptureKind::Checkpoint));
+    blockOn(store().form.captureMoment("Third", {}, CaptureKind::Checkpoint));
     CHECK(store().navigation.selected()->captureNote.startsWith("No supported browser was open."));
 }

@@ -32,33 +32,33 @@ TEST_CASE_FIXTURE(EditingFixture, "current tabs are added when their address is 
     giveItems({}, {tab("https://a.org/")});
     store().rules.excludeDomain("secret.org");
     openTabs({"https://a.org/", "https://b.org/", "https://www.secret.org/"});
-    finish(store().workspace.addCurrentBrowserTabs(saved.id));
+    blockOn(store().workspace.addCurrentBrowserTabs(saved.id));
     CHECK(store().messages.notice() == "Added 1 current browser tab. Your screenshot is unchanged.");
     REQUIRE(now().tabs.size() == 2);
     CHECK(now().tabs[0] == saved.tabs[0]);
     CHECK(now().tabs[1].url == "https://b.org/");
 
     const QByteArray library = fileBytes(libraryPath());
-    finish(store().workspace.addCurrentBrowserTabs(saved.id));
+    blockOn(store().workspace.addCurrentBrowserTabs(saved.id));
     CHECK(store().messages.notice() == "No new browser tabs to add.");
     CHECK_FALSE(store().messages.error().has_value());
     CHECK(fileBytes(libraryPath()) == library);
 
     openTabs({"https://c.org/", "https://d.org/"});
     memory.tabRecords["org.mozilla.firefox"] = QString();
-    finish(store().workspace.addCurrentBrowserTabs(saved.id));
+    blockOn(store().workspace.addCurrentBrowserTabs(saved.id));
     CHECK_MESSAGE(now().tabs.size() == 4, "a browser that cannot be read keeps nobody else's tabs away");
     CHECK(store().messages.notice() == "Added 2 current browser tabs. Your screenshot is unchanged.");
     CHECK(store().messages.error().has_value());
 
     memory.tabRecords.clear();
-    finish(store().workspace.addCurrentBrowserTabs(saved.id));
+    blockOn(store().workspace.addCurrentBrowserTabs(saved.id));
     CHECK(store().messages.error()->startsWith("No supported browser was open."));
     CHECK_FALSE(store().messages.notice().has_value());
 
     openTabs({"https://e.org/"});
     breakLibrary();
-    finish(store().workspace.addCurrentBrowserTabs(saved.id));
+    blockOn(store().workspace.addCurrentBrowserTabs(saved.id));
     CHECK(store().messages.error()->startsWith("Could not save this checkpoint: "));
     CHECK(now().tabs.size() == 4);
 }
@@ -68,14 +68,14 @@ TEST_CASE_FIXTURE(EditingFixture, "tabs that arrive after a checkpoint was chang
     openTabs({"https://a.org/"});
     QCoro::Task<Outcome> adding = store().workspace.addCurrentBrowserTabs(saved.id);
     store().editing.updateNote(&Checkpoint::title, "renamed meanwhile", saved.id);
-    finish(std::move(adding));
+    blockOn(std::move(adding));
     CHECK(now().title == "renamed meanwhile");
     CHECK(now().tabs.size() == 1);
 
     openTabs({"https://b.org/"});
     adding = store().workspace.addCurrentBrowserTabs(saved.id);
     store().deletion.deleteCheckpoint(saved.id);
-    finish(std::move(adding));
+    blockOn(std::move(adding));
     CHECK(store().library.checkpoints().isEmpty());
 }
 
@@ -83,13 +83,13 @@ TEST_CASE_FIXTURE(EditingFixture, "current window positions replace the saved on
 {
     memory.addApplication("org.other", "Other", {0, 0, 10, 10});
     memory.addApplication("org.secret", "Secret", {0, 0, 10, 10}, "private");
-    finish(store().workspace.addCurrentWindowLayout(saved.id));
+    blockOn(store().workspace.addCurrentWindowLayout(saved.id));
     CHECK(store().messages.notice() == "No visible windows matched this checkpoint’s saved apps.");
     CHECK_FALSE(now().windows.has_value());
 
     giveItems({{"org.editor", "Editor"}, {"org.secret", "Secret"}}, {});
     store().rules.excludeApp({"org.secret", "Secret"});
-    finish(store().workspace.addCurrentWindowLayout(saved.id));
+    blockOn(store().workspace.addCurrentWindowLayout(saved.id));
     CHECK(store().messages.notice() == "Saved current positions for 1 window. The screenshot is unchanged.");
     REQUIRE(now().windows->size() == 1);
     CHECK(now().windows->first().frame == WindowRect{100, 100, 800, 600});
@@ -127,10 +127,10 @@ TEST_CASE_FIXTURE(EditingFixture, "what was removed comes back to its place, onc
 TEST_CASE_FIXTURE(EditingFixture, "window positions that were replaced come back")
 {
     giveItems({{"org.editor", "Editor"}}, {});
-    finish(store().workspace.addCurrentWindowLayout(saved.id));
+    blockOn(store().workspace.addCurrentWindowLayout(saved.id));
     CHECK_MESSAGE(!store().removals.lastRemoval(), "there were none before");
     const std::optional<QList<SavedWindow>> first = now().windows;
-    finish(store().workspace.addCurrentWindowLayout(saved.id));
+    blockOn(store().workspace.addCurrentWindowLayout(saved.id));
     CHECK(now().windows != first);
     CHECK(store().removals.undoWorkspaceRemoval());
     CHECK(now().windows == first);

@@ -27,8 +27,8 @@ TEST_CASE("a watcher hears once of changes made together, with all of them in pl
 {
     Owner owner;
     QStringList heard;
-    Observations observations;
-    observations.watch([&] { heard << QString::number(owner.number()) + owner.text(); }, owner.number, owner.text);
+    Subscriptions subscriptions;
+    subscriptions.watch([&] { heard << QString::number(owner.number()) + owner.text(); }, owner.number, owner.text);
     CHECK(heard == QStringList{"0"});
 
     owner.change(1, "a");
@@ -46,8 +46,8 @@ TEST_CASE("a watcher that is gone hears nothing, not even what was on its way")
     Owner owner;
     int calls = 0;
     {
-        Observations observations;
-        observations.watch([&] { ++calls; }, owner.number);
+        Subscriptions subscriptions;
+        subscriptions.watch([&] { ++calls; }, owner.number);
         owner.change(1, {});
     }
     owner.change(2, {});

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
 
-#include "ui/main/Strips.h"
+#include "ui/main/Banners.h"
 
 #include <QAccessible>
 #include <QApplication>

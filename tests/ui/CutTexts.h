@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ui/controls/Button.h"
-#include "ui/controls/Choice.h"
+#include "ui/controls/DropDown.h"
 #include "ui/controls/Fields.h"
 #include "ui/controls/Label.h"
 
@@ -19,7 +19,7 @@ inline bool isLabelCut(const QLabel &label)
 
 inline bool isButtonCut(const QAbstractButton &button)
 {
-    const bool isOurs = dynamic_cast<const Button *>(&button) || dynamic_cast<const Choice *>(&button) ||
+    const bool isOurs = dynamic_cast<const Button *>(&button) || dynamic_cast<const DropDown *>(&button) ||
                         dynamic_cast<const Switch *>(&button);
     return isOurs && !button.text().isEmpty() && button.width() < button.sizeHint().width();
 }

@@ -24,7 +24,7 @@ TEST_CASE_FIXTURE(WindowFixture,
     click("Cancel");
     CHECK_FALSE(window->sheets().isCovering());
     CHECK(eventually([&] { return !isFading(); }));
-    store().confirm("Something was done."); // In a strip.
+    store().messages.confirm("Something was done."); // In a strip.
     settle();
     CHECK(isFading());
     CHECK(eventually([&] { return !isFading(); }));

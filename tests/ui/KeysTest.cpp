@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
 
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "ui/note/QuickListEditor.h"
 
 #include <QAccessible>
@@ -231,8 +231,8 @@ TEST_CASE_FIXTURE(KeysFixture,
     settle();
     QAbstractButton *const save = button("Save checkpoint");
     save->setFocus(Qt::TabFocusReason);
-    finish(store().capture.saveMoment({.projectID = *store().navigation.selectedProjectID(), .title = "By a command"},
-                                      Audience::Caller));
+    blockOn(store().capture.saveMoment({.projectID = *store().navigation.selectedProjectID(), .title = "By a command"},
+                                       Audience::Caller));
     settle();
     CHECK(QApplication::focusWidget() == save);
 }

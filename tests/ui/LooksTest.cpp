@@ -19,10 +19,10 @@ QImage drawnScreen()
 {
     QImage image(1920, 1080, QImage::Format_RGB32);
     QPainter painter(&image);
-    QLinearGradient ground(0, 0, 1920, 1080);
-    ground.setColorAt(0, QColor(60, 88, 140));
-    ground.setColorAt(1, QColor(140, 150, 190));
-    painter.fillRect(image.rect(), ground);
+    QLinearGradient background(0, 0, 1920, 1080);
+    background.setColorAt(0, QColor(60, 88, 140));
+    background.setColorAt(1, QColor(140, 150, 190));
+    painter.fillRect(image.rect(), background);
     painter.fillRect(QRect(80, 70, 900, 620), Qt::white);
     painter.fillRect(QRect(1060, 160, 740, 480), QColor(30, 32, 40));
     return image;
@@ -162,11 +162,11 @@ TEST_CASE_FIXTURE(LooksFixture, "the next step is seen at once, and what belongs
 TEST_CASE_FIXTURE(LooksFixture, "a card of the overview is one button, with the newest picture")
 {
     fill();
-    // Of the picture's ground, which is seen between its windows.
+    // Of the picture's background, which is seen between its windows.
     const auto hasPicture = [](QWidget *shown, const QPoint &corner, const QSize &size) {
         const QPoint between = corner + QPoint(size.width() * 53 / 100, size.height() / 2);
-        const QColor ground = shown->grab(QRect(between, QSize(1, 1))).toImage().pixelColor(0, 0);
-        return ground.blue() > ground.red() + 30;
+        const QColor background = shown->grab(QRect(between, QSize(1, 1))).toImage().pixelColor(0, 0);
+        return background.blue() > background.red() + 30;
     };
     QListView *const history = list("Checkpoint history");
     CHECK(history->model()

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/ui/WindowFixture.h"
-#include "ui/main/ResumeStrip.h"
-#include "ui/main/Strips.h"
+#include "ui/main/Banners.h"
+#include "ui/main/ResumeBanner.h"
 
 #include <QScrollArea>
 #include <QTest>
@@ -18,10 +18,10 @@ struct Notices : WindowFixture {
         hasSettings = true;
     }
 
-    NoticeStrip *strip() const
+    NoticeBanner *strip() const
     {
         for (QWidget *const candidate : window->findChildren<QWidget *>()) {
-            if (auto *const found = dynamic_cast<NoticeStrip *>(candidate))
+            if (auto *const found = dynamic_cast<NoticeBanner *>(candidate))
                 return found;
         }
         return nullptr;
@@ -88,7 +88,7 @@ TEST_CASE_FIXTURE(Notices, "what a resume opened, failed to open and did not pla
     REQUIRE(store().editing.save(checkpoint));
     memory.movable = {{.windowID = 1, .applicationID = "org.editor", .title = "notes.txt", .isMinimised = true}};
     memory.failedStarts = {{"viewer", "Viewer", {}}};
-    finish(store().resumes.restore(checkpoint, ResumeChoice::missing, true));
+    blockOn(store().resumes.restore(checkpoint, ResumeSelection::missing, true));
     settle();
     press(Qt::Key_Return); // The message about what failed.
     CHECK(store().messages.notice() ==
@@ -151,11 +151,11 @@ TEST_CASE_FIXTURE(Notices, "a resume that takes long says what it waits for, and
         QList<SavedWindow>{{.appID = "viewer", .appName = "Viewer", .title = "paper", .frame = {50, 60, 500, 400}}};
     REQUIRE(store().editing.save(saved));
     for (QWidget *const candidate : window->findChildren<QWidget *>()) {
-        if (auto *const strip = dynamic_cast<ResumeStrip *>(candidate))
+        if (auto *const strip = dynamic_cast<ResumeBanner *>(candidate))
             strip->setPatience(std::chrono::milliseconds(1));
     }
 
-    store().resumes.restore(saved, ResumeChoice::missing, true);
+    store().resumes.restore(saved, ResumeSelection::missing, true);
     CHECK(eventually([this] { return seesText(u"Resuming “Draft”. Waiting for Viewer."_qs); }));
     bothPictures("resuming");
     click("Stop resuming");

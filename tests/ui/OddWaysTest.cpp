@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/PngWriter.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/note/QuickListEditor.h"
 
@@ -18,10 +18,7 @@ using namespace ardeno;
 namespace {
 
 struct OddWays : WindowFixture {
-    OddWays()
-    {
-        hasSheets = true;
-    }
+    OddWays() { hasSheets = true; }
 
     ~OddWays() { QApplication::clipboard()->clear(); }
 
@@ -33,7 +30,10 @@ struct OddWays : WindowFixture {
         settle();
     }
 
-    QString shown() { return store().navigation.selectedProject() ? store().navigation.selectedProject()->name : QString(); }
+    QString shown()
+    {
+        return store().navigation.selectedProject() ? store().navigation.selectedProject()->name : QString();
+    }
 
     static QString selectedRow(const QListView *view)
     {
@@ -57,7 +57,8 @@ TEST_CASE_FIXTURE(OddWays, "what goes or comes below the keys leaves page and hi
     QListView *const projects = list("Projects");
     projects->setFocus(Qt::TabFocusReason);
     QTest::keyClick(projects, Qt::Key_Up);
-    store().deletion.deleteProject(store().library.projects().at(2).id); // Where the keys are, before the page has followed.
+    store().deletion.deleteProject(
+        store().library.projects().at(2).id); // Where the keys are, before the page has followed.
     QTest::qWait(300);
     CHECK(shown() == selectedRow(projects));
     CHECK_FALSE(shown().isEmpty());
@@ -156,9 +157,9 @@ TEST_CASE_FIXTURE(OddWays, "pictures that are replaced twice, and those of what 
 {
     const QUuid project = openProject();
     const Checkpoint checkpoint = saveCheckpoint(project, "Chapter", 10);
-    finish(store().screenshots.importScreenshot(imageFile(), checkpoint.id));
+    blockOn(store().screenshots.importScreenshot(imageFile(), checkpoint.id));
     const std::optional<QString> first = store().library.checkpoint(checkpoint.id)->screenshot;
-    finish(store().screenshots.importScreenshot(imageFile(), checkpoint.id));
+    blockOn(store().screenshots.importScreenshot(imageFile(), checkpoint.id));
     settle();
     press(Qt::Key_Z, Qt::ControlModifier);
     CHECK(store().library.checkpoint(checkpoint.id)->screenshot == first);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
 #include "ui/theme/AppTheme.h"
-#include "ui/theme/PopupGround.h"
+#include "ui/theme/PopupSurface.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -63,7 +63,7 @@ TEST_CASE_FIXTURE(PopupFixture, "menus and tooltips are rounded, throw a shadow 
     openProject();
     click("More actions");
     QMenu *menu = openMenu();
-    checkLooks(menu, PopupGround::menuMargin);
+    checkLooks(menu, PopupSurface::menuMargin);
     CHECK(hasOneKindOfEntries(menu));
     CHECK(menu->font().families() == window->font().families());
     press(Qt::Key_Escape);
@@ -74,7 +74,7 @@ TEST_CASE_FIXTURE(PopupFixture, "menus and tooltips are rounded, throw a shadow 
     QContextMenuEvent inCorner(QContextMenuEvent::Mouse, QPoint(5, 5), windowArea().bottomRight() - QPoint(3, 3));
     QApplication::sendEvent(card, &inCorner);
     menu = openMenu();
-    checkLooks(menu, PopupGround::menuMargin);
+    checkLooks(menu, PopupSurface::menuMargin);
     CHECK(hasOneKindOfEntries(menu));
     press(Qt::Key_Escape);
 
@@ -93,7 +93,7 @@ TEST_CASE_FIXTURE(PopupFixture, "menus and tooltips are rounded, throw a shadow 
         tip = found == all.end() ? nullptr : *found;
         return tip != nullptr;
     }));
-    checkLooks(tip, PopupGround::tipMargin);
+    checkLooks(tip, PopupSurface::tipMargin);
     CHECK(tip->width() < 500);
     CHECK(QToolTip::text().contains("&lt;b&gt; hint &amp; that"));
     QToolTip::hideText();

@@ -164,17 +164,17 @@ TEST_CASE_FIXTURE(RunningWindow, "the finished program changes between light and
 {
     Portal portal;
     open();
-    const auto ground = [this] {
+    const auto background = [this] {
         const QString file = home.filePath("shown.png");
         outputOf("maim", {"-i", window, file});
         const QImage shown(file);
         return shown.isNull() ? QColor() : shown.pixelColor(4, shown.height() - 4);
     };
-    CHECK(eventually([&] { return ground().isValid() && ground().lightness() < 80; }));
+    CHECK(eventually([&] { return background().isValid() && background().lightness() < 80; }));
     portal.change("color-scheme", 2U);
-    CHECK(eventually([&] { return ground().lightness() > 200; }));
+    CHECK(eventually([&] { return background().lightness() > 200; }));
     portal.change("color-scheme", 1U);
-    CHECK(eventually([&] { return ground().isValid() && ground().lightness() < 80; }));
+    CHECK(eventually([&] { return background().isValid() && background().lightness() < 80; }));
     close();
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/store/StoreFixture.h"
 #include "ui/ViewParts.h"
-#include "ui/controls/Choice.h"
+#include "ui/controls/DropDown.h"
 #include "ui/quicksave/QuickSaveController.h"
 #include "ui/theme/AppTheme.h"
 
@@ -147,7 +147,7 @@ TEST_CASE_FIXTURE(QuickSaveFixture,
     start();
     open();
     CHECK(QTest::qWaitFor([this] { return memory.focusRequests == QStringList{"remember", "above"}; }));
-    CHECK(control<Choice>("Project")->text() == "Thesis");
+    CHECK(control<DropDown>("Project")->text() == "Thesis");
     CHECK(sees("Leave yourself a starting point."));
     CHECK(sees("All screens and workspace saved on this Mac."));
     type("Plot the variance");
@@ -201,7 +201,7 @@ TEST_CASE_FIXTURE(QuickSaveFixture, "a first checkpoint needs the name of a new 
 {
     start();
     open();
-    CHECK(control<Choice>("Project")->text() == u"New project…"_qs);
+    CHECK(control<DropDown>("Project")->text() == u"New project…"_qs);
     QAbstractButton *const save = button("Save checkpoint");
     CHECK_FALSE(save->isEnabled());
     type("  ");

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "services/Endpoints.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/ui/CutTexts.h"
 #include "tests/ui/WindowFixture.h"
-#include "ui/controls/Choice.h"
+#include "ui/controls/DropDown.h"
 #include "ui/theme/AppTheme.h"
 
 #include <QApplication>
@@ -199,7 +199,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is excluded by menu, by choice and by t
     click("Done");
 
     const QUuid project = *store().projects.createProject("Thesis");
-    const auto saved = finish(store().capture.saveMoment({.projectID = project}));
+    const auto saved = blockOn(store().capture.saveMoment({.projectID = project}));
     REQUIRE(saved);
     CHECK(store().library.checkpoint(*saved)->apps == QList<SavedApp>{{"org.editor", "Editor"}});
     CHECK(memory.requests.last().excludedAppIDs == QSet<QString>{"org.chat", "org.safe"});
@@ -244,7 +244,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "exclusions are shown and stay as they are wh
     openSettings();
     click(u"Capture exclusions…"_qs);
     CHECK(findButton("Allow again"));
-    finish(store().form.captureMoment("", "", CaptureKind::Session));
+    blockOn(store().form.captureMoment("", "", CaptureKind::Session));
     settle();
     CHECK(seesText("Finish the recording before changing exclusions."));
     CHECK_FALSE(findButton("Allow again"));
@@ -255,7 +255,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "exclusions are shown and stay as they are wh
     websites->setCurrentIndex(websites->model()->index(0, 0));
     press(Qt::Key_Delete);
     CHECK(store().rules.exclusions().domains == QStringList{"example.com"});
-    finish(store().sessions.stop());
+    blockOn(store().sessions.stop());
     settle();
     CHECK(findButton("Allow again"));
     CHECK_FALSE(seesText("Finish the recording before changing exclusions."));

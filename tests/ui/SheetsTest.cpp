@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
 
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "ui/sheets/RestoreListModel.h"
 
 #include <QApplication>
@@ -142,7 +142,7 @@ TEST_CASE_FIXTURE(SheetFixture, "what a command saves meanwhile takes neither th
         type(" 3");
         CHECK(isOff("Save checkpoint"));
     };
-    CHECK(finish(store().capture.saveMoment(request, Audience::Caller)));
+    CHECK(blockOn(store().capture.saveMoment(request, Audience::Caller)));
     settle();
     CHECK(store().drafts.draftTitle() == "Chapter 3");
     CHECK(store().navigation.selectedProjectID() == shown);
@@ -279,7 +279,7 @@ TEST_CASE_FIXTURE(SheetFixture, "applications that start and end while the resto
         memory.applicationsChanged(); // Each asks again; the last answer counts.
     // What a command resumed is open as well.
     memory.tabRecords[chromeID] += u"1\u001f7\u001fhttps://new.example/\u001fNew\u001e"_qs;
-    finish(store().resumes.restore({}, ResumeChoice::missing, false, Audience::Caller));
+    blockOn(store().resumes.restore({}, ResumeSelection::missing, false, Audience::Caller));
     CHECK(eventually([this] { return statuses().contains("New: Already open"); }));
     press(Qt::Key_Escape);
     settle();

@@ -20,20 +20,20 @@ using namespace ardeno;
 
 namespace {
 
-QColor over(const QColor &top, const QColor &ground)
+QColor over(const QColor &top, const QColor &background)
 {
     const auto mixed = [&](float a, float b) { return a * top.alphaF() + b * (1 - top.alphaF()); };
-    return QColor::fromRgbF(mixed(top.redF(), ground.redF()), mixed(top.greenF(), ground.greenF()),
-                            mixed(top.blueF(), ground.blueF()));
+    return QColor::fromRgbF(mixed(top.redF(), background.redF()), mixed(top.greenF(), background.greenF()),
+                            mixed(top.blueF(), background.blueF()));
 }
 
 struct Pair {
     Role text;
-    Role ground;
+    Role background;
     std::optional<Role> soft = {};
 };
 
-// Every text on every ground that the views put it on.
+// Every text on every background that the views put it on.
 const Pair pairs[] = {
     {Role::Text, Role::Paper},
     {Role::Text, Role::Sidebar},
@@ -68,13 +68,13 @@ TEST_CASE("every text reaches a contrast of 4.5 to 1, and 7 to 1 where high cont
         for (const Contrast wanted : {Contrast::Normal, Contrast::High}) {
             theme.setAppearance({scheme, wanted, Motion::Normal});
             for (const Pair &pair : pairs) {
-                const QColor ground =
-                    pair.soft ? over(theme.color(*pair.soft), theme.color(pair.ground)) : theme.color(pair.ground);
+                const QColor background = pair.soft ? over(theme.color(*pair.soft), theme.color(pair.background))
+                                                    : theme.color(pair.background);
                 CAPTURE(static_cast<int>(pair.text));
-                CAPTURE(static_cast<int>(pair.ground));
+                CAPTURE(static_cast<int>(pair.background));
                 CAPTURE(static_cast<int>(scheme));
                 const bool isOnFill = pair.text == Role::OnAccent; // The fills keep their exact values.
-                CHECK(contrastBetween(theme.color(pair.text), ground) >=
+                CHECK(contrastBetween(theme.color(pair.text), background) >=
                       (wanted == Contrast::High && !isOnFill ? 7.0 : 4.5));
             }
         }
@@ -82,14 +82,14 @@ TEST_CASE("every text reaches a contrast of 4.5 to 1, and 7 to 1 where high cont
     theme.setAppearance({});
 }
 
-TEST_CASE("what is pressed or typed into stands out from its ground by 3 to 1")
+TEST_CASE("what is pressed or typed into stands out from its background by 3 to 1")
 {
     AppTheme &theme = AppTheme::instance();
     for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
         theme.setAppearance({scheme, Contrast::Normal, Motion::Normal});
-        for (const Role ground : {Role::Paper, Role::Sidebar, Role::Card, Role::Field}) {
+        for (const Role background : {Role::Paper, Role::Sidebar, Role::Card, Role::Field}) {
             for (const Role line : {Role::Outline, Role::AccentText})
-                CHECK(contrastBetween(theme.color(line), theme.color(ground)) >= 3);
+                CHECK(contrastBetween(theme.color(line), theme.color(background)) >= 3);
         }
     }
     theme.setAppearance({});
@@ -105,8 +105,8 @@ TEST_CASE("whatever accent the desktop has, what is written in it and on it can 
                 theme.setAppearance({.scheme = scheme, .contrast = wanted, .accent = accent});
                 CAPTURE(accent);
                 CHECK(contrastBetween(theme.color(Role::OnAccent), theme.color(Role::Accent)) >= 4.5);
-                for (const Role ground : {Role::Paper, Role::Sidebar}) {
-                    const QColor soft = over(theme.color(Role::AccentSoft), theme.color(ground));
+                for (const Role background : {Role::Paper, Role::Sidebar}) {
+                    const QColor soft = over(theme.color(Role::AccentSoft), theme.color(background));
                     CHECK(contrastBetween(theme.color(Role::AccentText), soft) >=
                           (wanted == Contrast::High ? 7.0 : 4.5));
                 }

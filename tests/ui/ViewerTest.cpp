@@ -23,10 +23,10 @@ QImage paintedScreens(const QSize &size)
 {
     QImage image(size, QImage::Format_RGB32);
     QPainter painter(&image);
-    QLinearGradient ground(0, 0, size.width(), size.height());
-    ground.setColorAt(0, QColor(60, 88, 140));
-    ground.setColorAt(1, QColor(150, 130, 180));
-    painter.fillRect(image.rect(), ground);
+    QLinearGradient background(0, 0, size.width(), size.height());
+    background.setColorAt(0, QColor(60, 88, 140));
+    background.setColorAt(1, QColor(150, 130, 180));
+    painter.fillRect(image.rect(), background);
     const QRect page(size.width() / 20, size.height() / 10, size.width() / 2, size.height() * 7 / 10);
     painter.fillRect(page, Qt::white);
     painter.setFont(QFont("DejaVu Sans", 18));

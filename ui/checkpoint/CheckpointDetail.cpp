@@ -40,8 +40,8 @@ CheckpointDetail::CheckpointDetail(const CheckpointParts &parts, const Screens &
     setWidget(makePage(checkpoint));
     viewport()->setAutoFillBackground(false);
     widget()->setAutoFillBackground(false);
-    m_observations.watch([this] { showCheckpoint(); }, parts.library.checkpoints, parts.library.projects,
-                         parts.applications.runningApplicationIDs, parts.editing.unsavedNotes);
+    m_subscriptions.watch([this] { showCheckpoint(); }, parts.library.checkpoints, parts.library.projects,
+                          parts.applications.runningApplicationIDs, parts.editing.unsavedNotes);
 }
 
 QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)

@@ -58,7 +58,7 @@ private:
     InlineNote *m_objective;
     InlineNote *m_nextStep;
     QBoxLayout *m_notes = nullptr;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

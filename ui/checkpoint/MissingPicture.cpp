@@ -3,8 +3,8 @@
 
 #include "ui/checkpoint/OfferedPicture.h"
 #include "ui/controls/Button.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/Surfaces.h"
 
 #include <QApplication>
 #include <QClipboard>

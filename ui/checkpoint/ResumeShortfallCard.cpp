@@ -55,8 +55,8 @@ ResumeShortfallCard::ResumeShortfallCard(ResumeFlow &resumes, const Library &lib
     column->setContentsMargins(14, 8, 8, 12);
     column->addWidget(makeHead());
     column->addLayout(m_lines);
-    m_observations.watch([this] { showShortfall(); }, resumes.resumeShortfall, resumes.unplacedWindows,
-                         library.checkpoints);
+    m_subscriptions.watch([this] { showShortfall(); }, resumes.resumeShortfall, resumes.unplacedWindows,
+                          library.checkpoints);
 }
 
 QWidget *ResumeShortfallCard::makeHead()

@@ -4,7 +4,7 @@
 #include "store/Library.h"
 #include "store/OpenSheets.h"
 #include "store/ResumeFlow.h"
-#include "ui/controls/Ground.h"
+#include "ui/controls/Surfaces.h"
 
 #include <QCoreApplication>
 
@@ -31,7 +31,7 @@ private:
     OpenSheets &m_sheets;
     QUuid m_id;
     QVBoxLayout *m_lines;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/checkpoint/SampleWorkspace.h"
 
-#include "ui/controls/Ground.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
 
@@ -11,8 +11,8 @@ namespace ardeno {
 
 namespace {
 
-// The picture is drawn on a ground of this size and scaled; it has its own paper, the same in light and dark.
-constexpr QSizeF ground(840, 330);
+// The picture is drawn on a background of this size and scaled; it has its own paper, the same in light and dark.
+constexpr QSizeF background(840, 330);
 constexpr QRgb paper = 0xfffdfcf9;
 constexpr QRgb ink = 0xff26272c;
 constexpr QRgb pale = 0xffe8e4da;
@@ -72,8 +72,8 @@ void SampleWorkspace::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     Drawing::panel(painter, rect(), 8, QColor(0xffdfe3ee), Qt::transparent);
-    const qreal scale = qMin(width() / ground.width(), height() / ground.height());
-    painter.translate((width() - ground.width() * scale) / 2, (height() - ground.height() * scale) / 2);
+    const qreal scale = qMin(width() / background.width(), height() / background.height());
+    painter.translate((width() - background.width() * scale) / 2, (height() - background.height() * scale) / 2);
     painter.scale(scale, scale);
     drawFrame(painter);
     drawPage(painter);

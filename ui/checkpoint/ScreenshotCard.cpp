@@ -13,7 +13,7 @@
 #include "ui/controls/Progress.h"
 #include "ui/controls/Sheet.h"
 #include "ui/controls/TextKeys.h"
-#include "ui/controls/UndoStrip.h"
+#include "ui/controls/UndoBanner.h"
 #include "ui/theme/Drawing.h"
 
 #include <QApplication>
@@ -38,18 +38,18 @@ ScreenshotCard::ScreenshotCard(const CheckpointParts &parts, const Screens &scre
       m_choose(new Button({}, Button::Kind::Plain)),
       m_expand(new Button(tr("Expand"), Button::Kind::Plain, "arrow.up.left.and.arrow.down.right")),
       m_remove(new Button(tr("Remove"), Button::Kind::Plain, "trash")),
-      m_undo(new UndoStrip([this] { m_parts.removals.undoWorkspaceRemoval(); }))
+      m_undo(new UndoBanner([this] { m_parts.removals.undoWorkspaceRemoval(); }))
 {
     m_column->setContentsMargins(15, 10, 15, 14);
     m_column->addWidget(makeHeader());
     m_column->addWidget(m_undo);
-    m_observations.watch([this] { showUndo(); }, parts.removals.lastRemoval, parts.library.checkpoints);
+    m_subscriptions.watch([this] { showUndo(); }, parts.removals.lastRemoval, parts.library.checkpoints);
     if (m_isSample) {
         m_column->addWidget(new SampleWorkspace);
         return;
     }
-    m_observations.watch([this] { showCheckpoint(); }, parts.library.checkpoints);
-    m_observations.watch([this] { showAdding(); }, parts.screenshots.addingPictures);
+    m_subscriptions.watch([this] { showCheckpoint(); }, parts.library.checkpoints);
+    m_subscriptions.watch([this] { showAdding(); }, parts.screenshots.addingPictures);
     takeOffers();
 }
 

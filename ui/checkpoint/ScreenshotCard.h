@@ -3,7 +3,7 @@
 
 #include "ui/Screens.h"
 #include "ui/checkpoint/CheckpointParts.h"
-#include "ui/controls/Ground.h"
+#include "ui/controls/Surfaces.h"
 
 #include <QTimer>
 
@@ -13,7 +13,7 @@ class QVBoxLayout;
 namespace ardeno {
 
 class Button;
-class UndoStrip;
+class UndoBanner;
 
 // The screenshot of one checkpoint with what can be done with it.
 class ScreenshotCard final : public Card {
@@ -60,12 +60,12 @@ private:
     Button *m_remove;
     QWidget *m_adding = nullptr; // What is said of an import that takes long.
     QTimer m_patience;
-    UndoStrip *m_undo;
+    UndoBanner *m_undo;
     QWidget *m_picture = nullptr;
     bool m_isOffered = false; // An image is dragged over the card.
     int m_mostHeight = 250;
     Thumbnails::Request m_preview;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

@@ -183,7 +183,7 @@ void Button::paintEvent(QPaintEvent *)
         Drawing::panel(painter, rect(), radius(), style.fill, style.line);
     drawLabel(painter, style.ink);
     if (m_showsFocus)
-        Drawing::focusRing(painter, rect(), radius(), isFilled() ? Drawing::RingOn::Fill : Drawing::RingOn::Ground);
+        Drawing::focusRing(painter, rect(), radius(), isFilled() ? Drawing::RingOn::Fill : Drawing::RingOn::Surface);
 }
 
 bool Button::isFilled() const

@@ -16,7 +16,7 @@ std::chrono::milliseconds fadeDuration(150);
 // Lies over what appears, and thins out.
 class Mist final : public QWidget {
 public:
-    Mist(QWidget *shown, Role ground, qreal radius) : QWidget(shown), m_ground(ground), m_radius(radius)
+    Mist(QWidget *shown, Role background, qreal radius) : QWidget(shown), m_background(background), m_radius(radius)
     {
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setAttribute(Qt::WA_NoSystemBackground);
@@ -39,9 +39,9 @@ protected:
         QPainter painter(this);
         painter.setOpacity(m_thinning.currentValue().toDouble());
         if (m_radius > 0)
-            Drawing::panel(painter, rect(), m_radius, themeColor(m_ground), themeColor(Role::Line));
+            Drawing::panel(painter, rect(), m_radius, themeColor(m_background), themeColor(Role::Line));
         else
-            painter.fillRect(rect(), themeColor(m_ground));
+            painter.fillRect(rect(), themeColor(m_background));
     }
 
     bool eventFilter(QObject *watched, QEvent *event) override
@@ -52,14 +52,14 @@ protected:
     }
 
 private:
-    Role m_ground;
+    Role m_background;
     qreal m_radius;
     QVariantAnimation m_thinning = QVariantAnimation(this);
 };
 
 class Follower final : public QObject {
 public:
-    Follower(QWidget *widget, Role ground) : QObject(widget), m_widget(widget), m_ground(ground)
+    Follower(QWidget *widget, Role background) : QObject(widget), m_widget(widget), m_background(background)
     {
         widget->installEventFilter(this);
     }
@@ -69,27 +69,27 @@ protected:
     {
         // Not at once: a filter that is added while filters are asked puts this one behind itself, without an end.
         if (event->type() == QEvent::Show)
-            QMetaObject::invokeMethod(this, [this] { FadeIn::begin(m_widget, m_ground); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(this, [this] { FadeIn::begin(m_widget, m_background); }, Qt::QueuedConnection);
         return QObject::eventFilter(watched, event);
     }
 
 private:
     QWidget *m_widget;
-    Role m_ground;
+    Role m_background;
 };
 
 } // namespace
 
-void FadeIn::begin(QWidget *shown, Role ground, qreal radius)
+void FadeIn::begin(QWidget *shown, Role background, qreal radius)
 {
     const bool isStill = AppTheme::instance().appearance().motion == Motion::Reduced || fadeDuration.count() == 0;
     if (!isStill && shown->window()->isVisible())
-        new Mist(shown, ground, radius); // The widget owns it.
+        new Mist(shown, background, radius); // The widget owns it.
 }
 
-void FadeIn::follow(QWidget *widget, Role ground)
+void FadeIn::follow(QWidget *widget, Role background)
 {
-    new Follower(widget, ground); // So does this one.
+    new Follower(widget, background); // So does this one.
 }
 
 void FadeIn::setDuration(std::chrono::milliseconds duration)

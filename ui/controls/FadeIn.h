@@ -9,12 +9,12 @@
 
 namespace ardeno::FadeIn {
 
-// Lets what has just come appear softly out of this ground; at once with reduced motion. Keys, clicks and screen
+// Lets what has just come appear softly out of this background; at once with reduced motion. Keys, clicks and screen
 // readers find it from the beginning.
-void begin(QWidget *shown, Role ground, qreal radius = 0);
+void begin(QWidget *shown, Role background, qreal radius = 0);
 
 // The same whenever the widget is shown.
-void follow(QWidget *widget, Role ground);
+void follow(QWidget *widget, Role background);
 
 // How long it takes; none at all: nothing fades.
 void setDuration(std::chrono::milliseconds duration);

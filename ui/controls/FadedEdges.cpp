@@ -50,7 +50,8 @@ QLinearGradient inwards(const QRect &strip, Qt::Edge edge)
 
 } // namespace
 
-FadedEdges::FadedEdges(QAbstractScrollArea *area, Role ground) : QWidget(area), m_area(area), m_ground(ground)
+FadedEdges::FadedEdges(QAbstractScrollArea *area, Role background)
+    : QWidget(area), m_area(area), m_background(background)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
@@ -90,15 +91,15 @@ bool FadedEdges::eventFilter(QObject *watched, QEvent *event)
 void FadedEdges::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    const QColor ground = themeColor(m_ground);
-    QColor clear = ground;
+    const QColor background = themeColor(m_background);
+    QColor clear = background;
     clear.setAlpha(0);
     for (const Qt::Edge edge : allEdges) {
         if (!isMoreAt(edge))
             continue;
         const QRect strip = stripAt(rect(), edge);
         QLinearGradient fade = inwards(strip, edge);
-        fade.setColorAt(0, ground);
+        fade.setColorAt(0, background);
         fade.setColorAt(1, clear);
         painter.fillRect(strip, fade);
     }

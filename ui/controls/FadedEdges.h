@@ -9,10 +9,10 @@ class QAbstractScrollArea;
 
 namespace ardeno {
 
-// Lets what a scroll area cuts off fade into its ground, at every edge behind which there is more.
+// Lets what a scroll area cuts off fade into its background, at every edge behind which there is more.
 class FadedEdges final : public QWidget {
 public:
-    FadedEdges(QAbstractScrollArea *area, Role ground);
+    FadedEdges(QAbstractScrollArea *area, Role background);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -23,7 +23,7 @@ private:
     void showEdges();
 
     QAbstractScrollArea *m_area;
-    Role m_ground;
+    Role m_background;
 };
 
 } // namespace ardeno

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/Fields.h"
 
-#include "ui/controls/Ground.h"
 #include "ui/controls/InputWatch.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/controls/TextKeys.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
@@ -54,7 +54,7 @@ TextField::TextField(const QString &name, const QString &placeholder, const QStr
     setFont(AppTheme::instance().font(TextStyle::Body));
     setTextMargins(symbol.isEmpty() ? 8 : 31, 0, 8, 0);
     setMinimumHeight(std::max(32, static_cast<int>(std::ceil(QFontMetricsF(font()).height())) + 12));
-    QPalette own; // It draws its own rounded ground; the rest follows the window.
+    QPalette own; // It draws its own rounded background; the rest follows the window.
     own.setColor(QPalette::Base, Qt::transparent);
     setPalette(own);
 }
@@ -139,7 +139,7 @@ QVBoxLayout *makeLabelled(const QString &label, QWidget *field, QWidget *owner)
 }
 
 void bind(QLineEdit *field, const Observable<QString> &text, std::function<void(const QString &)> write,
-          Observations &observations)
+          Subscriptions &subscriptions)
 {
     QObject::connect(field, &QLineEdit::textEdited, field, std::move(write));
     // Only what comes from elsewhere, so that the cursor stays.
@@ -147,13 +147,13 @@ void bind(QLineEdit *field, const Observable<QString> &text, std::function<void(
         if (field->text() != text())
             field->setText(text());
     };
-    observations.watch(show, text);
+    subscriptions.watch(show, text);
 }
 
-void bind(Switch *control, const Observable<bool> &isOn, std::function<void(bool)> write, Observations &observations)
+void bind(Switch *control, const Observable<bool> &isOn, std::function<void(bool)> write, Subscriptions &subscriptions)
 {
     QObject::connect(control, &QAbstractButton::toggled, control, std::move(write));
-    observations.watch([control, &isOn] { control->setChecked(isOn()); }, isOn);
+    subscriptions.watch([control, &isOn] { control->setChecked(isOn()); }, isOn);
 }
 
 } // namespace ardeno

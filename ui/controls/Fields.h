@@ -46,9 +46,9 @@ private:
 // A field with its label above it.
 QVBoxLayout *makeLabelled(const QString &label, QWidget *field, QWidget *owner = nullptr);
 
-// They show the property for as long as the observations live, and give what the user makes of it to its owner.
+// They show the property for as long as the subscriptions live, and give what the user makes of it to its owner.
 void bind(QLineEdit *field, const Observable<QString> &text, std::function<void(const QString &)> write,
-          Observations &observations);
-void bind(Switch *control, const Observable<bool> &isOn, std::function<void(bool)> write, Observations &observations);
+          Subscriptions &subscriptions);
+void bind(Switch *control, const Observable<bool> &isOn, std::function<void(bool)> write, Subscriptions &subscriptions);
 
 } // namespace ardeno

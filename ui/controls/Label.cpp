@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/Label.h"
 
-#include "ui/controls/Ground.h"
 #include "ui/controls/ParagraphLayout.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
 

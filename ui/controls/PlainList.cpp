@@ -25,7 +25,7 @@ PlainList::PlainList(const QString &name, QWidget *parent) : QListView(parent)
     viewport()->setAttribute(Qt::WA_Hover);
     viewport()->setAutoFillBackground(false);
     setTabKeyNavigation(false);
-    QPalette own; // Only its ground is its own, the rest follows the window.
+    QPalette own; // Only its background is its own, the rest follows the window.
     own.setColor(QPalette::Base, Qt::transparent);
     setPalette(own);
 }

@@ -9,8 +9,8 @@
 
 namespace ardeno {
 
-// A list without frame and ground, whose rows a delegate draws. One click or Return activates a row; the menu key and
-// the right button ask for its menu.
+// A list without frame and background, whose rows a delegate draws. One click or Return activates a row; the menu key
+// and the right button ask for its menu.
 class PlainList : public QListView {
 public:
     explicit PlainList(const QString &name, QWidget *parent = nullptr);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/controls/TextArea.h"
 
-#include "ui/controls/Ground.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/theme/Drawing.h"
 
 #include <QEvent>
@@ -28,7 +28,7 @@ TextArea::TextArea(const QString &name, int lines, QWidget *parent) : QWidget(pa
     m_editor->document()->setDocumentMargin(0);
     m_editor->document()->clearUndoRedoStacks(); // Nobody takes back how it looks.
     m_editor->viewport()->setAutoFillBackground(false);
-    QPalette own; // Only its ground is its own, the rest follows the window.
+    QPalette own; // Only its background is its own, the rest follows the window.
     own.setColor(QPalette::Base, Qt::transparent);
     m_editor->setPalette(own);
     m_editor->installEventFilter(this);

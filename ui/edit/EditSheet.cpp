@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/edit/EditSheet.h"
 
-#include "json/Json.h"
 #include "store/CheckpointEditing.h"
 #include "store/KeptForms.h"
 #include "store/Messages.h"
 #include "store/Navigation.h"
 #include "support/Failure.h"
-#include "ui/controls/Choice.h"
+#include "ui/controls/DropDown.h"
 #include "ui/controls/Fields.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/ScrollColumn.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/controls/TextArea.h"
+#include "json/Json.h"
 
 namespace ardeno {
 
@@ -147,10 +147,10 @@ void EditSheet::reopenKept(const EditParts &parts, Navigation &navigation, Sheet
     host.present(new EditSheet(parts, stored ? *stored : Checkpoint{.id = kept->checkpointID}));
 }
 
-Choice *EditSheet::makeProjects(const Checkpoint &checkpoint)
+DropDown *EditSheet::makeProjects(const Checkpoint &checkpoint)
 {
-    auto *projects = new Choice(tr("Project"));
-    QList<Choice::Option> options;
+    auto *projects = new DropDown(tr("Project"));
+    QList<DropDown::Option> options;
     for (const Project &project : m_parts.library.projects())
         options.append({project.name, project.id});
     projects->setOptions(options);

@@ -10,7 +10,7 @@
 namespace ardeno {
 
 class CheckpointEditing;
-class Choice;
+class DropDown;
 class KeptForms;
 class Library;
 class Messages;
@@ -36,7 +36,7 @@ public:
     static void reopenKept(const EditParts &parts, Navigation &navigation, SheetHost &host);
 
 private:
-    Choice *makeProjects(const Checkpoint &checkpoint);
+    DropDown *makeProjects(const Checkpoint &checkpoint);
     QWidget *makeForm();
     void save();
     void keep() const;
@@ -46,7 +46,7 @@ private:
     QUuid m_id;
     QVariant m_projectBefore;
     QWidget *m_keptNote;
-    Choice *m_project;
+    DropDown *m_project;
     TextField *m_title;
     TextArea *m_objective;
     TextArea *m_nextStep;

@@ -2,9 +2,9 @@
 #include "ui/items/WindowLayoutSummary.h"
 
 #include "ui/controls/Button.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
-#include "ui/controls/UndoStrip.h"
+#include "ui/controls/Surfaces.h"
+#include "ui/controls/UndoBanner.h"
 #include "ui/items/ItemList.h"
 #include "ui/items/ItemText.h"
 
@@ -55,7 +55,7 @@ WindowLayoutSummary::WindowLayoutSummary(WorkspaceEditing &workspace, RemovalUnd
     column->addWidget(makeHead(checkpoint));
     auto *undo = makeRow(0);
     undo->setContentsMargins(15, 0, 15, 0);
-    m_undo = new UndoStrip([this] { m_removals.undoWorkspaceRemoval(); });
+    m_undo = new UndoBanner([this] { m_removals.undoWorkspaceRemoval(); });
     m_undo->setText(tr("Window positions replaced"));
     undo->addWidget(m_undo);
     column->addLayout(undo);
@@ -74,7 +74,7 @@ WindowLayoutSummary::WindowLayoutSummary(WorkspaceEditing &workspace, RemovalUnd
         m_disclosure->setSymbol(isOpen ? "chevron.down" : "chevron.right");
         m_list->setVisible(isOpen);
     });
-    m_observations.watch([this, id = checkpoint.id] { showUndo(id); }, removals.lastRemoval);
+    m_subscriptions.watch([this, id = checkpoint.id] { showUndo(id); }, removals.lastRemoval);
 }
 
 void WindowLayoutSummary::showUndo(const QUuid &checkpointID)

@@ -14,7 +14,7 @@ namespace ardeno {
 
 class Button;
 class ItemList;
-class UndoStrip;
+class UndoBanner;
 
 // Where the windows of a checkpoint stood.
 class WindowLayoutSummary final : public QWidget {
@@ -35,8 +35,8 @@ private:
     Button *m_disclosure;
     Button *m_update = nullptr; // A sample has none.
     ItemList *m_list;
-    UndoStrip *m_undo = nullptr;
-    Observations m_observations;
+    UndoBanner *m_undo = nullptr;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

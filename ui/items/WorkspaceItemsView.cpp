@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/items/WorkspaceItemsView.h"
 
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
-#include "ui/controls/UndoStrip.h"
+#include "ui/controls/Surfaces.h"
+#include "ui/controls/UndoBanner.h"
 #include "ui/items/ItemList.h"
 #include "ui/items/ItemText.h"
 #include "ui/items/WindowLayoutSummary.h"
@@ -73,17 +73,17 @@ WorkspaceItemsView::WorkspaceItemsView(const ItemParts &parts, const QUuid &chec
     auto *column = makeColumn(12, this);
     column->setContentsMargins(0, 16, 0, 0);
     column->addWidget(makeHead());
-    m_undo = new UndoStrip([this] { m_parts.removals.undoWorkspaceRemoval(); });
+    m_undo = new UndoBanner([this] { m_parts.removals.undoWorkspaceRemoval(); });
     column->addWidget(m_undo);
     column->addWidget(makeLists());
     if (const Checkpoint *const checkpoint = current()) {
         m_windows = new WindowLayoutSummary(parts.workspace, parts.removals, m_icons, *checkpoint);
         column->addWidget(m_windows);
     }
-    m_observations.watch([this] { showCheckpoint(); }, parts.library.checkpoints);
-    m_observations.watch([this] { showUndo(); }, parts.removals.lastRemoval, parts.library.checkpoints);
+    m_subscriptions.watch([this] { showCheckpoint(); }, parts.library.checkpoints);
+    m_subscriptions.watch([this] { showUndo(); }, parts.removals.lastRemoval, parts.library.checkpoints);
     if (m_addTabs)
-        m_observations.watch([this] { m_addTabs->setEnabled(!m_parts.operations.busy()); }, parts.operations.busy);
+        m_subscriptions.watch([this] { m_addTabs->setEnabled(!m_parts.operations.busy()); }, parts.operations.busy);
 }
 
 const Checkpoint *WorkspaceItemsView::current() const

@@ -15,7 +15,7 @@ namespace ardeno {
 
 class Button;
 class ItemList;
-class UndoStrip;
+class UndoBanner;
 class WindowLayoutSummary;
 
 // What a checkpoint saved of the workspace, to be pruned, added to, and turned into rules for later captures.
@@ -44,7 +44,7 @@ private:
     ApplicationIcons m_icons;
     ItemModel m_appModel;
     ItemModel m_tabModel;
-    UndoStrip *m_undo = nullptr;
+    UndoBanner *m_undo = nullptr;
     ItemList *m_apps = nullptr;
     QWidget *m_appCard = nullptr;
     QWidget *m_noApps = nullptr;
@@ -53,7 +53,7 @@ private:
     QWidget *m_noTabs = nullptr;
     Button *m_addTabs = nullptr;
     WindowLayoutSummary *m_windows = nullptr;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

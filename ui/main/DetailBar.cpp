@@ -2,10 +2,10 @@
 #include "ui/main/DetailBar.h"
 
 #include "ui/controls/Button.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
 #include "ui/controls/Progress.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/theme/Drawing.h"
 
 #include <QPainter>
@@ -65,8 +65,8 @@ DetailBar::DetailBar(const Library &library, const Navigation &navigation, const
     setMenu(more, std::move(fillMenu));
     row->addWidget(more);
     connect(&m_tick, &QTimer::timeout, this, [this] { showElapsed(); });
-    m_observations.watch([this] { showState(); }, library.projects, navigation.selectedProjectID, operations.busy,
-                         recorder.recording, recorder.startedAt, recorder.recordingFailure);
+    m_subscriptions.watch([this] { showState(); }, library.projects, navigation.selectedProjectID, operations.busy,
+                          recorder.recording, recorder.startedAt, recorder.recordingFailure);
 }
 
 QWidget *DetailBar::makeRecording()

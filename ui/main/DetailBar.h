@@ -41,7 +41,7 @@ private:
     QWidget *m_recording;
     Progress *m_progress;
     QTimer m_tick;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 // "12:08", "1:02:08" of seconds.

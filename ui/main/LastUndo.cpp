@@ -6,8 +6,8 @@ namespace ardeno {
 LastUndo::LastUndo(ProjectOperations &projects, RemovalUndo &removals, const Navigation &navigation)
     : m_projects(projects), m_removals(removals), m_navigation(navigation)
 {
-    m_observations.watch([this] { m_newest = Kind::Removal; }, removals.lastRemoval);
-    m_observations.watch([this] { m_newest = Kind::Archiving; }, projects.lastArchiving);
+    m_subscriptions.watch([this] { m_newest = Kind::Removal; }, removals.lastRemoval);
+    m_subscriptions.watch([this] { m_newest = Kind::Archiving; }, projects.lastArchiving);
 }
 
 bool LastUndo::isRemovalShown() const

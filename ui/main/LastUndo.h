@@ -25,7 +25,7 @@ private:
     RemovalUndo &m_removals;
     const Navigation &m_navigation;
     Kind m_newest = Kind::Removal;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

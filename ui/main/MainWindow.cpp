@@ -5,19 +5,19 @@
 #include "ui/ViewParts.h"
 #include "ui/checkpoint/CheckpointDetail.h"
 #include "ui/controls/FadeIn.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/InputWatch.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/controls/TextKeys.h"
-#include "ui/main/ArchivingStrip.h"
+#include "ui/main/ArchivingBanner.h"
+#include "ui/main/Banners.h"
 #include "ui/main/DetailBar.h"
 #include "ui/main/LastUndo.h"
 #include "ui/main/Presentations.h"
-#include "ui/main/RemarkStrips.h"
-#include "ui/main/ResumeStrip.h"
+#include "ui/main/RemarkBanners.h"
+#include "ui/main/ResumeBanner.h"
 #include "ui/main/Sidebar.h"
-#include "ui/main/Strips.h"
 #include "ui/note/UnsavedNoteQuestion.h"
 #include "ui/projects/CheckpointActions.h"
 #include "ui/projects/ProjectActions.h"
@@ -83,7 +83,7 @@ MainWindow::MainWindow() : m_brand(Sidebar::makeBrand())
 MainWindow::~MainWindow()
 {
     // What was typed is kept while the store and the messages are still there.
-    m_observations.reset();
+    m_subscriptions.reset();
     delete m_view;
     m_noteQuestion.reset();
     m_presentations.reset();
@@ -105,11 +105,11 @@ void MainWindow::open(AppStore &store, Screens screens)
     m_lastUndo = std::make_unique<LastUndo>(store.projects, store.removals, store.navigation);
     makeActions();
     sheets().setOnCover([this](bool) { enableActions(); });
-    m_observations = std::make_unique<Observations>();
-    m_observations->watch([this] { showContent(); }, store.navigation.selectedProjectID, store.navigation.selection,
-                          store.library.projects, store.library.checkpoints);
-    m_observations->watch([this] { enableActions(); }, store.operations.busy, store.recorder.recording,
-                          store.removals.lastRemoval, store.projects.lastArchiving);
+    m_subscriptions = std::make_unique<Subscriptions>();
+    m_subscriptions->watch([this] { showContent(); }, store.navigation.selectedProjectID, store.navigation.selection,
+                           store.library.projects, store.library.checkpoints);
+    m_subscriptions->watch([this] { enableActions(); }, store.operations.busy, store.recorder.recording,
+                           store.removals.lastRemoval, store.projects.lastArchiving);
     if (m_screens.reopenKept)
         m_screens.reopenKept(sheets());
     store.applications.watchRunningApplications();
@@ -120,7 +120,7 @@ QWidget *MainWindow::makeDetailColumn()
 {
     auto *detail = new QWidget;
     auto *column = makeColumn(0, detail);
-    auto *bar = new Ground(Role::Paper, Qt::BottomEdge);
+    auto *bar = new Surface(Role::Paper, Qt::BottomEdge);
     const auto stop = [this] {
         if (m_screens.stopRecording)
             m_screens.stopRecording();
@@ -137,13 +137,14 @@ QWidget *MainWindow::makeDetailColumn()
     column->addLayout(m_contentColumn, 1);
     m_foot = new QWidget;
     auto *foot = makeColumn(0, m_foot);
-    foot->addWidget(new RemarkStrips(m_store->messages, m_store->applications, m_store->sessions));
-    foot->addWidget(new ResumeStrip(m_store->resumes, m_store->library));
-    foot->addWidget(new ArchivingStrip(m_store->projects, m_store->library));
-    foot->addWidget(new NoticeStrip(m_store->messages, m_store->navigation, m_store->library, m_store->resumes, [this] {
-        if (m_detail)
-            m_detail->showShortfall();
-    }));
+    foot->addWidget(new RemarkBanners(m_store->messages, m_store->applications, m_store->sessions));
+    foot->addWidget(new ResumeBanner(m_store->resumes, m_store->library));
+    foot->addWidget(new ArchivingBanner(m_store->projects, m_store->library));
+    foot->addWidget(
+        new NoticeBanner(m_store->messages, m_store->navigation, m_store->library, m_store->resumes, [this] {
+            if (m_detail)
+                m_detail->showShortfall();
+        }));
     // Lowest, where it stays when a notice above it goes.
     foot->addWidget(new NewsletterPrompt(m_store->newsletter, m_screens));
     column->addWidget(m_foot);
@@ -154,14 +155,14 @@ QWidget *MainWindow::makeProjectHead()
 {
     auto *head = new QWidget;
     auto *column = makeColumn(0, head);
-    auto *status = new Ground(Role::Paper, Qt::BottomEdge);
+    auto *status = new Surface(Role::Paper, Qt::BottomEdge);
     makeColumn(0, status)->addWidget(new ProjectStatusView(ViewParts::ofProjects(*m_store)));
     column->addWidget(status);
-    m_timelineGround = new Ground(Role::Paper, Qt::BottomEdge);
+    m_timelineArea = new Surface(Role::Paper, Qt::BottomEdge);
     m_timeline = new ProjectTimeline(ViewParts::ofCheckpointLists(*m_store), m_store->operations, m_store->recorder,
                                      [this] { requestSave(); });
-    makeColumn(0, m_timelineGround)->addWidget(m_timeline);
-    column->addWidget(m_timelineGround);
+    makeColumn(0, m_timelineArea)->addWidget(m_timeline);
+    column->addWidget(m_timelineArea);
     return head;
 }
 
@@ -217,9 +218,9 @@ void MainWindow::showContent()
     QWidget *const before = m_view;
     const QWidget *const focused = window()->focusWidget();
     const bool hadFocus =
-        (before && before->isAncestorOf(focused)) || (!checkpoint && m_timelineGround->isAncestorOf(focused));
+        (before && before->isAncestorOf(focused)) || (!checkpoint && m_timelineArea->isAncestorOf(focused));
     m_projectHead->setVisible(project);
-    m_timelineGround->setVisible(checkpoint);
+    m_timelineArea->setVisible(checkpoint);
     if (m_shown == wanted)
         return;
     m_shown = wanted;

@@ -75,7 +75,7 @@ private:
     QPointer<QWidget> m_brand;
     Sidebar *m_sidebar = nullptr;
     QWidget *m_projectHead = nullptr;
-    QWidget *m_timelineGround = nullptr;
+    QWidget *m_timelineArea = nullptr;
     ProjectTimeline *m_timeline = nullptr;
     QVBoxLayout *m_contentColumn = nullptr;
     QWidget *m_foot = nullptr;
@@ -89,7 +89,7 @@ private:
     QList<QAction *> m_applicationActions;
     std::function<bool()> m_mayClose;
     std::function<void()> m_firstPaint;
-    std::unique_ptr<Observations> m_observations;
+    std::unique_ptr<Subscriptions> m_subscriptions;
 };
 
 } // namespace ardeno

@@ -22,11 +22,11 @@ Presentations::Presentations(const ProjectParts &parts, Messages &messages, Dele
                              SheetHost &host)
     : m_parts(parts), m_messages(messages), m_deletion(deletion), m_screens(screens), m_host(host)
 {
-    m_observations.watch([this] { showSheets(); }, parts.sheets.showCapture, parts.sheets.showRestore,
-                         parts.sheets.showSettings, parts.sheets.showExclusions, parts.sheets.showNewProject,
-                         parts.sheets.editingBlocker, parts.navigation.selection);
-    m_observations.watch([this] { showDeletingProject(); }, parts.sheets.deletingProject);
-    m_observations.watch([this] { showError(); }, messages.error);
+    m_subscriptions.watch([this] { showSheets(); }, parts.sheets.showCapture, parts.sheets.showRestore,
+                          parts.sheets.showSettings, parts.sheets.showExclusions, parts.sheets.showNewProject,
+                          parts.sheets.editingBlocker, parts.navigation.selection);
+    m_subscriptions.watch([this] { showDeletingProject(); }, parts.sheets.deletingProject);
+    m_subscriptions.watch([this] { showError(); }, messages.error);
 }
 
 void Presentations::follow(QPointer<Sheet> &slot, bool isWanted, const Make &make)

@@ -42,7 +42,7 @@ private:
     QPointer<Sheet> m_deleting;
     QPointer<Sheet> m_error;
     QObject m_waiting; // What waits for a pause in writing ends with it.
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

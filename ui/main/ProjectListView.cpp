@@ -60,15 +60,15 @@ ProjectListView::ProjectListView(const ProjectParts &parts, QWidget *parent)
         if (const Project *const project = m_parts.library.project(m_model.rows().at(index.row()).id))
             m_parts.sheets.askToDelete(*project);
     });
-    m_observations.watch(
+    m_subscriptions.watch(
         [this] {
             m_counts = ProjectListModel::count(m_parts.library.projects().isEmpty() ? m_parts.library.sampleHistory()
                                                                                     : m_parts.library.checkpoints());
             showProjects();
         },
         parts.library.projects, parts.library.checkpoints, parts.library.sampleHistory);
-    m_observations.watch([this] { showProjects(); }, parts.navigation.search, parts.navigation.showArchivedProjects);
-    m_observations.watch([this] { showSelection(); }, parts.navigation.selectedProjectID);
+    m_subscriptions.watch([this] { showProjects(); }, parts.navigation.search, parts.navigation.showArchivedProjects);
+    m_subscriptions.watch([this] { showSelection(); }, parts.navigation.selectedProjectID);
 }
 
 void ProjectListView::showProjects()

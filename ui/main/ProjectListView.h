@@ -42,7 +42,7 @@ private:
     std::optional<std::pair<QUuid, std::optional<QUuid>>> m_unwritten;
     QTimer m_rest;
     qint64 m_writeMilliseconds = 0; // What the last change of the order took.
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

@@ -2,8 +2,8 @@
 #include "ui/main/Sidebar.h"
 
 #include "ui/controls/Button.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/main/ProjectListView.h"
 #include "ui/main/SearchField.h"
 #include "ui/theme/Symbols.h"
@@ -58,9 +58,9 @@ Sidebar::Sidebar(const ProjectParts &parts, const Screens &screens, QWidget *par
     column->addWidget(makeExplanation());
     if (screens.preferences)
         column->addWidget(makeSettings());
-    m_observations.watch([this] { showSection(); }, parts.library.projects, parts.library.checkpoints,
-                         parts.navigation.search, parts.navigation.showArchivedProjects,
-                         parts.navigation.selectedProjectID);
+    m_subscriptions.watch([this] { showSection(); }, parts.library.projects, parts.library.checkpoints,
+                          parts.navigation.search, parts.navigation.showArchivedProjects,
+                          parts.navigation.selectedProjectID);
 }
 
 QWidget *Sidebar::makeBrand()
@@ -119,7 +119,7 @@ QWidget *Sidebar::makeExplanation()
 
 QWidget *Sidebar::makeSettings()
 {
-    auto *block = new Ground(Role::Sidebar, Qt::TopEdge);
+    auto *block = new Surface(Role::Sidebar, Qt::TopEdge);
     auto *column = makeColumn(0, block);
     column->setContentsMargins(0, 8, 0, 0);
     Button *const settings = Button::makeRow(tr("Settings"), "slider.horizontal.3");

@@ -41,7 +41,7 @@ private:
     QLabel *m_count;
     QLabel *m_nothing;
     ProjectListView *m_projects;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

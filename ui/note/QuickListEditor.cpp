@@ -43,7 +43,7 @@ QuickListEditor::QuickListEditor(const QString &title, double fontPixels, QWidge
     setViewportMargins(0, topInset, 0, topInset);
     document()->setDocumentMargin(0);
     document()->clearUndoRedoStacks(); // Nobody takes back how it looks.
-    QPalette own;                      // Only its ground is its own, the rest follows the window.
+    QPalette own;                      // Only its background is its own, the rest follows the window.
     own.setColor(QPalette::Base, Qt::transparent);
     setPalette(own);
     connect(document(), &QTextDocument::contentsChanged, this, [this] {

@@ -9,7 +9,7 @@ UnsavedNoteQuestion::UnsavedNoteQuestion(const Library &library, Navigation &nav
                                          const CheckpointEditing &editing, SheetHost &host)
     : m_library(library), m_navigation(navigation), m_editing(editing), m_host(host)
 {
-    m_observations.watch([this] { look(); }, editing.unsavedNotes, navigation.selection);
+    m_subscriptions.watch([this] { look(); }, editing.unsavedNotes, navigation.selection);
 }
 
 void UnsavedNoteQuestion::look()

@@ -30,7 +30,7 @@ private:
     SheetHost &m_host;
     QSet<QUuid> m_asked; // About these it was asked since they were left.
     QPointer<Sheet> m_question;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/projects/CheckpointManagerSheet.h"
 
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
 #include "ui/controls/PlainList.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/projects/CheckpointActions.h"
 #include "ui/projects/TimelineDelegate.h"
 
@@ -34,7 +34,7 @@ CheckpointManagerSheet::CheckpointManagerSheet(const CheckpointListParts &parts,
     addButton(tr("Done"), Button::Kind::Prominent, [this] { close(); });
     setMinimumHeight(540);
     setFirstFocus(m_list);
-    m_observations.watch([this] { showCheckpoints(); }, parts.library.checkpoints);
+    m_subscriptions.watch([this] { showCheckpoints(); }, parts.library.checkpoints);
     m_list->showCurrent(parts.navigation.selection() ? m_model.rowOf(*parts.navigation.selection()) : -1);
 }
 

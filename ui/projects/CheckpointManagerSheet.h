@@ -41,7 +41,7 @@ private:
     QWidget *m_empty;
     LineLabel *m_chosen;
     Button *m_delete;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/projects/DraftProject.h"
 
-#include "ui/controls/Choice.h"
+#include "ui/controls/DropDown.h"
 
 namespace ardeno {
 
@@ -11,22 +11,22 @@ bool DraftProject::isNew(const Library &library, const CaptureDrafts &drafts)
     return !chosen || chosen->archivedAt;
 }
 
-void DraftProject::offer(Choice *choice, const QString &newProject, const Library &library, CaptureDrafts &drafts,
-                         Observations &observations)
+void DraftProject::offer(DropDown *choice, const QString &newProject, const Library &library, CaptureDrafts &drafts,
+                         Subscriptions &subscriptions)
 {
     choice->setOnChoose([&drafts](const QVariant &chosen) {
         const QUuid id = chosen.toUuid();
         drafts.setDraftProjectID(id.isNull() ? std::nullopt : std::optional(id));
     });
     const auto show = [choice, newProject, &library, &drafts] {
-        QList<Choice::Option> options;
+        QList<DropDown::Option> options;
         for (const Project &project : library.availableProjects())
             options.append({project.name, project.id});
-        options.append({newProject, QUuid(), Choice::Apart::Yes});
+        options.append({newProject, QUuid(), DropDown::Apart::Yes});
         choice->setOptions(options);
         choice->setCurrent(isNew(library, drafts) ? QUuid() : *drafts.draftProjectID());
     };
-    observations.watch(show, library.projects, drafts.draftProjectID);
+    subscriptions.watch(show, library.projects, drafts.draftProjectID);
 }
 
 } // namespace ardeno

@@ -6,7 +6,7 @@
 
 namespace ardeno {
 
-class Choice;
+class DropDown;
 
 // The project that the next checkpoint goes into.
 namespace DraftProject {
@@ -15,8 +15,8 @@ namespace DraftProject {
 bool isNew(const Library &library, const CaptureDrafts &drafts);
 
 // Lets it be chosen among those there are and, below a line, a new one.
-void offer(Choice *choice, const QString &newProject, const Library &library, CaptureDrafts &drafts,
-           Observations &observations);
+void offer(DropDown *choice, const QString &newProject, const Library &library, CaptureDrafts &drafts,
+           Subscriptions &subscriptions);
 
 } // namespace DraftProject
 

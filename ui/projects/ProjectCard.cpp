@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/projects/ProjectCard.h"
 
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/projects/ProjectActions.h"
 #include "ui/projects/ProjectText.h"
 #include "ui/theme/Drawing.h"

@@ -2,8 +2,8 @@
 #include "ui/projects/ProjectStatusView.h"
 
 #include "ui/controls/Button.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/Surfaces.h"
 
 namespace ardeno {
 
@@ -35,7 +35,7 @@ ProjectStatusView::ProjectStatusView(const ProjectParts &parts, QWidget *parent)
         if (const Project *const project = m_parts.navigation.selectedProject())
             m_parts.projects.setProjectArchived(project->id, false);
     });
-    m_observations.watch([this] { showProject(); }, parts.library.projects, parts.navigation.selectedProjectID);
+    m_subscriptions.watch([this] { showProject(); }, parts.library.projects, parts.navigation.selectedProjectID);
 }
 
 void ProjectStatusView::edit()

@@ -30,7 +30,7 @@ private:
     Button *m_editReason;
     Button *m_activate;
     Button *m_unarchive;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

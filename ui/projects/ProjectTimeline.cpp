@@ -4,10 +4,10 @@
 #include "ui/controls/Button.h"
 #include "ui/controls/FadedEdges.h"
 #include "ui/controls/FollowingList.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
 #include "ui/controls/Sheet.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/projects/CheckpointActions.h"
 #include "ui/projects/CheckpointManagerSheet.h"
 #include "ui/projects/TimelineDelegate.h"
@@ -24,7 +24,7 @@ namespace {
 constexpr int scrollBarRoom = 12;
 
 // A strip that the wheel moves sideways.
-class Strip final : public FollowingList {
+class Banner final : public FollowingList {
 public:
     using FollowingList::FollowingList;
 
@@ -51,17 +51,17 @@ ProjectTimeline::ProjectTimeline(const CheckpointListParts &parts, const Operati
       m_manage(new Button(tr("Manage checkpoints"), Button::Kind::Plain)),
       m_latest(new Button(tr("Back to latest"), Button::Kind::Plain)),
       m_save(new Button(tr("Save checkpoint"), Button::Kind::Prominent, "plus.circle.fill")),
-      m_strip(makeStrip())
+      m_strip(makeBanner())
 {
     auto *column = makeColumn(9, this);
     column->setContentsMargins(28, 12, 28, 3);
     column->addWidget(makeHeader());
     column->addWidget(m_strip);
     connect(m_save, &QAbstractButton::clicked, this, std::move(save));
-    m_observations.watch([this] { showCheckpoints(); }, parts.library.checkpoints, parts.library.projects,
-                         parts.navigation.selectedProjectID);
-    m_observations.watch([this] { showSelection(); }, parts.navigation.selection);
-    m_observations.watch([this] { showBusy(); }, operations.busy, recorder.recording);
+    m_subscriptions.watch([this] { showCheckpoints(); }, parts.library.checkpoints, parts.library.projects,
+                          parts.navigation.selectedProjectID);
+    m_subscriptions.watch([this] { showSelection(); }, parts.navigation.selection);
+    m_subscriptions.watch([this] { showBusy(); }, operations.busy, recorder.recording);
 }
 
 QWidget *ProjectTimeline::makeHeader()
@@ -85,9 +85,9 @@ QWidget *ProjectTimeline::makeHeader()
     return header;
 }
 
-FollowingList *ProjectTimeline::makeStrip()
+FollowingList *ProjectTimeline::makeBanner()
 {
-    auto *strip = new Strip(tr("Checkpoint history"));
+    auto *strip = new Banner(tr("Checkpoint history"));
     strip->setModel(&m_model);
     strip->setItemDelegate(new TimelineDelegate(m_pictures, strip));
     strip->setFlow(QListView::LeftToRight);

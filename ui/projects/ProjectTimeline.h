@@ -25,7 +25,7 @@ public:
 
 private:
     QWidget *makeHeader();
-    FollowingList *makeStrip();
+    FollowingList *makeBanner();
     void showCheckpoints();
     void showSelection();
     void showBusy();
@@ -42,7 +42,7 @@ private:
     Button *m_latest;
     Button *m_save;
     FollowingList *m_strip;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

@@ -4,8 +4,8 @@
 #include "ui/controls/Button.h"
 #include "ui/controls/EmptyState.h"
 #include "ui/controls/Fields.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/projects/CardGrid.h"
 #include "ui/projects/ProjectCard.h"
 #include "ui/projects/ProjectText.h"
@@ -55,15 +55,15 @@ ProjectsOverview::ProjectsOverview(const ProjectParts &parts, CheckpointMedia &m
                            .height = &ProjectCard::cardHeight});
     m_grid->setHeader(makeHeader());
     makeColumn(0, this)->addWidget(m_grid);
-    m_observations.watch(
+    m_subscriptions.watch(
         [this] {
             m_latest = latestByProject(m_parts.library.projects().isEmpty() ? m_parts.library.sampleHistory()
                                                                             : m_parts.library.checkpoints());
             showProjects(true);
         },
         parts.library.projects, parts.library.checkpoints, parts.library.sampleHistory);
-    m_observations.watch([this] { showProjects(false); }, parts.navigation.search,
-                         parts.navigation.showArchivedProjects);
+    m_subscriptions.watch([this] { showProjects(false); }, parts.navigation.search,
+                          parts.navigation.showArchivedProjects);
 }
 
 QWidget *ProjectsOverview::makeHeader()

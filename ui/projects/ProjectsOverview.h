@@ -37,7 +37,7 @@ private:
     EmptyState *m_empty;
     QList<Project> m_projects;
     QHash<QUuid, Checkpoint> m_latest; // Of each project.
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

@@ -2,11 +2,11 @@
 #include "ui/quicksave/QuickSaveContent.h"
 
 #include "ui/controls/Button.h"
-#include "ui/controls/Choice.h"
+#include "ui/controls/DropDown.h"
 #include "ui/controls/Fields.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Progress.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/projects/DraftProject.h"
 
 #include <QKeyEvent>
@@ -34,7 +34,7 @@ QCoro::Task<void> saveDraft(CaptureParts parts, QPointer<QuickSaveContent> form)
 QuickSaveContent::QuickSaveContent(const CaptureParts &parts, QWidget *parent)
     : QWidget(parent),
       m_parts(parts),
-      m_project(new Choice(tr("Project"))),
+      m_project(new DropDown(tr("Project"))),
       m_newProject(new TextField(tr("New project name"), tr("New project name"))),
       m_next(new TextField(tr("Next time, start by…"), tr("Optional — e.g. Test the navigation on mobile"))),
       m_disclosure(new Button(tr("More options"), Button::Kind::Disclosure)),
@@ -60,18 +60,18 @@ QuickSaveContent::QuickSaveContent(const CaptureParts &parts, QWidget *parent)
     column->addWidget(makeFooter());
     bind(
         m_newProject, m_parts.drafts.draftProjectName,
-        [this](const QString &text) { m_parts.drafts.setDraftProjectName(text); }, m_observations);
+        [this](const QString &text) { m_parts.drafts.setDraftProjectName(text); }, m_subscriptions);
     bind(
         m_next, m_parts.drafts.draftNext, [this](const QString &text) { m_parts.drafts.setDraftNext(text); },
-        m_observations);
-    DraftProject::offer(m_project, tr("New project…"), parts.library, parts.drafts, m_observations);
+        m_subscriptions);
+    DraftProject::offer(m_project, tr("New project…"), parts.library, parts.drafts, m_subscriptions);
     connect(m_disclosure, &QAbstractButton::clicked, this, [this] { showDetails(m_details->isHidden()); });
     showDetails(false);
-    m_observations.watch([this] { m_newProject->setVisible(DraftProject::isNew(m_parts.library, m_parts.drafts)); },
-                         parts.library.projects, parts.drafts.draftProjectID);
-    m_observations.watch([this] { showState(); }, parts.operations.busy, parts.form.savingForm,
-                         parts.screenAccess.requestingAccess, parts.drafts.draftProjectID,
-                         parts.drafts.draftProjectName, parts.messages.captureIssue);
+    m_subscriptions.watch([this] { m_newProject->setVisible(DraftProject::isNew(m_parts.library, m_parts.drafts)); },
+                          parts.library.projects, parts.drafts.draftProjectID);
+    m_subscriptions.watch([this] { showState(); }, parts.operations.busy, parts.form.savingForm,
+                          parts.screenAccess.requestingAccess, parts.drafts.draftProjectID,
+                          parts.drafts.draftProjectName, parts.messages.captureIssue);
 }
 
 QWidget *QuickSaveContent::makeProjectRow()
@@ -93,12 +93,12 @@ QWidget *QuickSaveContent::makeDetails()
         new TextField(tr("Checkpoint title (automatic if empty)"), tr("Checkpoint title (automatic if empty)"));
     bind(
         title, m_parts.drafts.draftTitle, [this](const QString &text) { m_parts.drafts.setDraftTitle(text); },
-        m_observations);
+        m_subscriptions);
     column->addWidget(title);
     auto *tabs = new Switch(tr("Include browser tabs"));
     bind(
         tabs, m_parts.drafts.includeBrowser, [this](bool isOn) { m_parts.drafts.setIncludeBrowser(isOn); },
-        m_observations);
+        m_subscriptions);
     column->addWidget(tabs);
     return details;
 }

@@ -11,7 +11,7 @@ class QLineEdit;
 namespace ardeno {
 
 class Button;
-class Choice;
+class DropDown;
 class Switch;
 class TextField;
 
@@ -42,8 +42,8 @@ private:
 
     CaptureParts m_parts;
     std::optional<QString> m_error = {};
-    Observations m_observations; // Before the fields, which it is about.
-    Choice *m_project;
+    Subscriptions m_subscriptions; // Before the fields, which it is about.
+    DropDown *m_project;
     TextField *m_newProject;
     TextField *m_next;
     Button *m_disclosure;

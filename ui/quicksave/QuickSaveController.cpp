@@ -18,11 +18,11 @@ QuickSaveController::QuickSaveController(const CaptureParts &parts, QuickSaveSho
     : m_parts(parts), m_shortcut(shortcut), m_desktop(desktop), m_showWindow(std::move(showWindow))
 {
     if (m_desktop.hotKeys->availability().isAvailable())
-        m_observations.watch([this] { registerShortcut(m_shortcut.shortcutChoice()); }, shortcut.shortcutChoice);
+        m_subscriptions.watch([this] { registerShortcut(m_shortcut.shortcutChoice()); }, shortcut.shortcutChoice);
     else
         shortcut.setShortcutIssue(
             tr("The global shortcut could not start. Quick save is still available in the menu bar."));
-    m_observations.watch([this] { followFlag(); }, parts.sheets.showQuickCapture);
+    m_subscriptions.watch([this] { followFlag(); }, parts.sheets.showQuickCapture);
 }
 
 QuickSaveController::~QuickSaveController()

@@ -36,7 +36,7 @@ private:
     Desktop &m_desktop;
     std::function<void()> m_showWindow;
     std::unique_ptr<QuickSavePanel> m_panel; // Made when it is wanted first, then kept.
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/quicksave/QuickSavePanel.h"
 
-#include "ui/controls/Ground.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/quicksave/QuickSaveContent.h"
 #include "ui/theme/AppTheme.h"
 #include "ui/theme/Symbols.h"

@@ -3,9 +3,9 @@
 
 #include "support/Text.h"
 #include "ui/controls/Fields.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/PlainList.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
 

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/settings/BugReportView.h"
 
-#include "json/Json.h"
 #include "store/Applications.h"
 #include "store/KeptForms.h"
 #include "ui/controls/Alert.h"
 #include "ui/controls/Fields.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/ScrollColumn.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/controls/TextArea.h"
 #include "ui/settings/Links.h"
+#include "json/Json.h"
 
 namespace ardeno {
 

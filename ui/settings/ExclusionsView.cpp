@@ -8,11 +8,11 @@
 #include "support/VisibleText.h"
 #include "ui/controls/EmptyState.h"
 #include "ui/controls/Fields.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Menu.h"
 #include "ui/controls/ScrollColumn.h"
-#include "ui/controls/UndoStrip.h"
+#include "ui/controls/Surfaces.h"
+#include "ui/controls/UndoBanner.h"
 #include "ui/settings/ApplicationChooser.h"
 #include "ui/settings/RuleList.h"
 
@@ -81,7 +81,7 @@ ExclusionsView::ExclusionsView(ExclusionRules &rules, const Applications &applic
       m_issueText(makeParagraph({}, TextStyle::Medium, Role::AmberText)),
       m_issueNote(makeNote(m_issueText)),
       m_controls(new QWidget),
-      m_undo(new UndoStrip([this] { undo(); })),
+      m_undo(new UndoBanner([this] { undo(); })),
       m_apps(new RuleList(tr("Excluded apps"), "app")),
       m_appsCard(cardAround(m_apps)),
       m_noApps(new EmptyState("app.badge", tr("No apps excluded"), 10)),
@@ -119,8 +119,8 @@ ExclusionsView::ExclusionsView(ExclusionRules &rules, const Applications &applic
     addButton(tr("Done"), Button::Kind::Prominent, [this] { cancel(); });
     setHoldsInput([this] { return !m_domain->text().trimmed().isEmpty(); }); // It is not excluded yet.
     setOnCancel([&sheets] { sheets.close(&OpenSheets::showExclusions); });
-    m_observations.watch([this] { showExclusions(); }, rules.exclusions, rules.exclusionsIssue);
-    m_observations.watch([this] { showObstacles(); }, recorder.recording, rules.exclusionsIssue);
+    m_subscriptions.watch([this] { showExclusions(); }, rules.exclusions, rules.exclusionsIssue);
+    m_subscriptions.watch([this] { showObstacles(); }, recorder.recording, rules.exclusionsIssue);
 }
 
 void ExclusionsView::addApps(QVBoxLayout *column)

@@ -20,7 +20,7 @@ class SessionRecorder;
 class Card;
 class RuleList;
 class TextField;
-class UndoStrip;
+class UndoBanner;
 
 // What is left out of every capture: applications and websites.
 class ExclusionsView final : public Sheet {
@@ -53,7 +53,7 @@ private:
     QWidget *m_issueNote;
     Button *m_startOver = nullptr;
     QWidget *m_controls;
-    UndoStrip *m_undo;
+    UndoBanner *m_undo;
     std::function<Outcome()> m_excludeAgain;
     RuleList *m_apps;
     Card *m_appsCard;
@@ -62,7 +62,7 @@ private:
     QLabel *m_validation;
     RuleList *m_domains;
     Card *m_domainsCard;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

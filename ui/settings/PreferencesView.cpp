@@ -3,7 +3,7 @@
 
 #include "services/BugReportComposer.h"
 #include "ui/controls/Alert.h"
-#include "ui/controls/Choice.h"
+#include "ui/controls/DropDown.h"
 #include "ui/controls/Fields.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Progress.h"
@@ -42,20 +42,20 @@ PreferencesView::PreferencesView(const PreferenceParts &parts)
     cards->column()->addStretch();
     addButton(tr("Done"), Button::Kind::Prominent, [this] { close(); });
     setOnCancel([parts] { parts.sheets.close(&OpenSheets::showSettings); });
-    m_observations.watch([this] { showShortcutIssue(); }, parts.shortcut.shortcutIssue);
+    m_subscriptions.watch([this] { showShortcutIssue(); }, parts.shortcut.shortcutIssue);
     if (m_check)
-        m_observations.watch([this] { showUpdate(); }, parts.updates.availableUpdate, parts.updates.checkingForUpdates,
-                             parts.updates.updateAnswer);
+        m_subscriptions.watch([this] { showUpdate(); }, parts.updates.availableUpdate, parts.updates.checkingForUpdates,
+                              parts.updates.updateAnswer);
 }
 
 QWidget *PreferencesView::makeBehaviour()
 {
     auto *card = new SettingsCard;
-    Choice *const launch = makeLaunch();
-    Choice *const shortcut = makeShortcut();
+    DropDown *const launch = makeLaunch();
+    DropDown *const shortcut = makeShortcut();
     // Below each other; neither cuts what can be chosen.
     const int choiceWidth = std::max(launch->sizeHint().width(), shortcut->sizeHint().width());
-    for (Choice *const choice : {launch, shortcut})
+    for (DropDown *const choice : {launch, shortcut})
         choice->setMinimumWidth(choiceWidth);
     card->addRow({.title = tr("On launch")}, {launch});
     card->addRow({.title = tr("Quick save shortcut"), .explanation = tr("Save from any app while Ardeno is running.")},
@@ -73,19 +73,19 @@ QWidget *PreferencesView::makeBehaviour()
     return card;
 }
 
-Choice *PreferencesView::makeLaunch()
+DropDown *PreferencesView::makeLaunch()
 {
-    auto *launch = new Choice(tr("On launch"));
+    auto *launch = new DropDown(tr("On launch"));
     launch->setOptions({{tr("Last opened project"), false}, {tr("Projects overview"), true}});
     launch->setOnChoose([this](const QVariant &value) { m_parts.navigation.setLaunchOverview(value.toBool()); });
-    m_observations.watch([this, launch] { launch->setCurrent(m_parts.navigation.launchOverview()); },
-                         m_parts.navigation.launchOverview);
+    m_subscriptions.watch([this, launch] { launch->setCurrent(m_parts.navigation.launchOverview()); },
+                          m_parts.navigation.launchOverview);
     return launch;
 }
 
-Choice *PreferencesView::makeShortcut()
+DropDown *PreferencesView::makeShortcut()
 {
-    auto *shortcut = new Choice(tr("Quick save shortcut"));
+    auto *shortcut = new DropDown(tr("Quick save shortcut"));
     shortcut->setOptions(
         {{tr("⌃⌥⌘S (default)"), defaultShortcut}, {tr("⇧⌘S"), shortShortcut}, {tr("Off"), noShortcut}});
     shortcut->setOnChoose([this](const QVariant &value) { m_parts.shortcut.setShortcutChoice(value.toInt()); });
@@ -93,7 +93,7 @@ Choice *PreferencesView::makeShortcut()
         const int choice = m_parts.shortcut.shortcutChoice();
         shortcut->setCurrent(choice == shortShortcut || choice == noShortcut ? choice : defaultShortcut);
     };
-    m_observations.watch(show, m_parts.shortcut.shortcutChoice);
+    m_subscriptions.watch(show, m_parts.shortcut.shortcutChoice);
     return shortcut;
 }
 
@@ -103,7 +103,7 @@ Switch *PreferencesView::makeBrowserTabs()
     tabs->setAccessibleName(tr("Include browser tabs"));
     bind(
         tabs, m_parts.drafts.includeBrowser, [this](bool isOn) { m_parts.drafts.setIncludeBrowser(isOn); },
-        m_observations);
+        m_subscriptions);
     return tabs;
 }
 

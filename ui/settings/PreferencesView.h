@@ -10,7 +10,7 @@
 
 namespace ardeno {
 
-class Choice;
+class DropDown;
 class Progress;
 class SettingsCard;
 class Switch;
@@ -24,8 +24,8 @@ public:
 
 private:
     QWidget *makeBehaviour();
-    Choice *makeLaunch();
-    Choice *makeShortcut();
+    DropDown *makeLaunch();
+    DropDown *makeShortcut();
     Switch *makeBrowserTabs();
     QWidget *makePrivacy();
     QWidget *makeContact();
@@ -44,7 +44,7 @@ private:
     Progress *m_checking = nullptr;
     Button *m_check = nullptr;
     Button *m_download = nullptr;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

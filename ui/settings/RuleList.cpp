@@ -2,7 +2,7 @@
 #include "ui/settings/RuleList.h"
 
 #include "ui/controls/Button.h"
-#include "ui/controls/Ground.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ui/controls/Ground.h"
+#include "ui/controls/Surfaces.h"
 
 #include <QLabel>
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sheets/CaptureSheet.h"
 
-#include "ui/controls/Choice.h"
+#include "ui/controls/DropDown.h"
 #include "ui/controls/Fields.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/ScrollColumn.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/projects/DraftProject.h"
 #include "ui/sheets/ScreenAccessSetup.h"
 
@@ -34,33 +34,33 @@ CaptureSheet::CaptureSheet(const CaptureParts &parts)
       m_parts(parts),
       m_heading(makeParagraph({}, TextStyle::SheetTitle)),
       m_lead(makeParagraph({}, TextStyle::Body, Role::Dim)),
-      m_project(new Choice(tr("Project"))),
+      m_project(new DropDown(tr("Project"))),
       m_name(new TextField(tr("New project name"))),
       m_title(new TextField(tr("Checkpoint title (optional)"), tr("e.g. Mobile navigation"))),
       m_next(new TextField(tr("Your next small step (optional)"), tr("A useful thought for your future self"))),
       m_browser(makeSwitch(tr("Include browser tabs"))),
       m_recording(makeSwitch(tr("Record a work session")))
 {
-    DraftProject::offer(m_project, tr("New project"), parts.library, parts.drafts, m_observations);
+    DraftProject::offer(m_project, tr("New project"), parts.library, parts.drafts, m_subscriptions);
     column()->addWidget(makeMiddle(), 1);
     column()->addWidget(makeMessages());
     m_cancel = addButton(tr("Cancel"), Button::Kind::Bordered, [this] { close(); });
     m_primary = addButton({}, Button::Kind::Prominent, [this] { carryOut(); });
     bind(
         m_name, m_parts.drafts.draftProjectName,
-        [this](const QString &text) { m_parts.drafts.setDraftProjectName(text); }, m_observations);
+        [this](const QString &text) { m_parts.drafts.setDraftProjectName(text); }, m_subscriptions);
     bind(
         m_title, m_parts.drafts.draftTitle, [this](const QString &text) { m_parts.drafts.setDraftTitle(text); },
-        m_observations);
+        m_subscriptions);
     bind(
         m_next, m_parts.drafts.draftNext, [this](const QString &text) { m_parts.drafts.setDraftNext(text); },
-        m_observations);
+        m_subscriptions);
     bind(
         m_browser, m_parts.drafts.includeBrowser, [this](bool isOn) { m_parts.drafts.setIncludeBrowser(isOn); },
-        m_observations);
+        m_subscriptions);
     bind(
         m_recording, m_parts.drafts.pendingRecording, [this](bool isOn) { m_parts.drafts.setPendingRecording(isOn); },
-        m_observations);
+        m_subscriptions);
     parts.screenAccess.refreshScreenAccess();
     // The user may come back from the system's settings.
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
@@ -72,14 +72,14 @@ CaptureSheet::CaptureSheet(const CaptureParts &parts)
         if (m_parts.sheets.showCapture())
             m_parts.setup.cancelCapture();
     });
-    m_observations.watch([this] { showNewName(); }, parts.drafts.draftProjectID, parts.library.projects);
-    m_observations.watch([this] { showKind(); }, parts.drafts.pendingRecording);
-    m_observations.watch([this] { showState(); }, parts.operations.busy, parts.form.savingForm,
-                         parts.drafts.pendingRecording, parts.screenAccess.screenAccessGranted,
-                         parts.screenAccess.screenAccessReason, parts.screenAccess.permissionRequestSent,
-                         parts.screenAccess.requestingAccess, parts.screenAccess.restartingApp);
-    m_observations.watch([this] { showMessages(); }, parts.messages.captureIssue,
-                         parts.screenAccess.screenAccessReason);
+    m_subscriptions.watch([this] { showNewName(); }, parts.drafts.draftProjectID, parts.library.projects);
+    m_subscriptions.watch([this] { showKind(); }, parts.drafts.pendingRecording);
+    m_subscriptions.watch([this] { showState(); }, parts.operations.busy, parts.form.savingForm,
+                          parts.drafts.pendingRecording, parts.screenAccess.screenAccessGranted,
+                          parts.screenAccess.screenAccessReason, parts.screenAccess.permissionRequestSent,
+                          parts.screenAccess.requestingAccess, parts.screenAccess.restartingApp);
+    m_subscriptions.watch([this] { showMessages(); }, parts.messages.captureIssue,
+                          parts.screenAccess.screenAccessReason);
     setFirstFocus(m_newName->isHidden() ? m_title : m_name);
 }
 

@@ -8,7 +8,7 @@ class QLabel;
 
 namespace ardeno {
 
-class Choice;
+class DropDown;
 class Switch;
 class TextField;
 
@@ -39,10 +39,10 @@ private:
     void carryOut();
 
     CaptureParts m_parts;
-    Observations m_observations; // Before the fields, which it is about.
+    Subscriptions m_subscriptions; // Before the fields, which it is about.
     QLabel *m_heading;
     QLabel *m_lead;
-    Choice *m_project;
+    DropDown *m_project;
     TextField *m_name;
     TextField *m_title;
     TextField *m_next;

@@ -2,8 +2,8 @@
 #include "ui/sheets/RestoreSheet.h"
 
 #include "ui/controls/Fields.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/sheets/RestoreList.h"
 
 #include <QGuiApplication>
@@ -57,16 +57,16 @@ RestoreSheet::RestoreSheet(ResumeFlow &resumes, const Library &library, Applicat
         refreshPlan(); // Pages may have been opened meanwhile.
     });
     readAccess();
-    m_observations.watch(
+    m_subscriptions.watch(
         [this] {
             if (!m_checkpoint.isSample && !m_library.checkpoint(m_checkpoint.id))
                 m_sheets.close(&OpenSheets::showRestore); // It was deleted meanwhile.
         },
         library.checkpoints);
-    m_observations.watch([this] { showUnplaced(); }, resumes.unplacedWindows, operations.busy);
+    m_subscriptions.watch([this] { showUnplaced(); }, resumes.unplacedWindows, operations.busy);
     // A resume that was begun elsewhere has opened pages, too.
-    m_observations.watch([this] { refreshPlan(); }, applications.runningApplicationIDs, operations.busy);
-    m_observations.watch([this] { showChoice(); }, operations.busy);
+    m_subscriptions.watch([this] { refreshPlan(); }, applications.runningApplicationIDs, operations.busy);
+    m_subscriptions.watch([this] { showChoice(); }, operations.busy);
 }
 
 QWidget *RestoreSheet::makeHead()
@@ -225,7 +225,7 @@ void RestoreSheet::showUnplaced()
 
 void RestoreSheet::resume()
 {
-    const ResumeChoice ticked{m_model.apps(), m_model.tabs()};
+    const ResumeSelection ticked{m_model.apps(), m_model.tabs()};
     const auto choose = [ticked](const RestorePlan &) { return ticked; };
     m_resumes.restore(m_checkpoint, choose, m_restoreLayout->isChecked());
     close();

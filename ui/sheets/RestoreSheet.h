@@ -19,8 +19,8 @@ class Switch;
 // Shows what resuming a checkpoint would do and lets the user choose. It follows applications that start and end.
 class RestoreSheet final : public Sheet {
 public:
-    RestoreSheet(ResumeFlow &resumes, const Library &library, Applications &applications, OpenSheets &sheets, const Operations &operations,
-                 const Checkpoint &checkpoint);
+    RestoreSheet(ResumeFlow &resumes, const Library &library, Applications &applications, OpenSheets &sheets,
+                 const Operations &operations, const Checkpoint &checkpoint);
 
 private:
     QWidget *makeHead();
@@ -56,7 +56,7 @@ private:
     QWidget *m_accessButtons = nullptr;
     Button *m_primary = nullptr;
     int m_plansAsked = 0; // Only the answer to the last question counts.
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

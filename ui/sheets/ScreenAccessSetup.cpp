@@ -2,8 +2,8 @@
 #include "ui/sheets/ScreenAccessSetup.h"
 
 #include "ui/controls/Button.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/Surfaces.h"
 
 namespace ardeno {
 
@@ -36,8 +36,8 @@ ScreenAccessSetup::ScreenAccessSetup(ScreenAccessFlow &screenAccess, const Opera
     connect(m_allow, &QAbstractButton::clicked, this, [this] { m_screenAccess.requestScreenAccess(); });
     connect(m_check, &QAbstractButton::clicked, this, [this] { m_screenAccess.verifyAccessNow(); });
     connect(m_restart, &QAbstractButton::clicked, this, [this] { m_screenAccess.restartForPermission(); });
-    m_observations.watch([this] { showProgress(); }, screenAccess.requestingAccess, screenAccess.permissionRequestSent,
-                         screenAccess.restartingApp, operations.busy, recorder.recording);
+    m_subscriptions.watch([this] { showProgress(); }, screenAccess.requestingAccess, screenAccess.permissionRequestSent,
+                          screenAccess.restartingApp, operations.busy, recorder.recording);
 }
 
 QWidget *ScreenAccessSetup::makeSteps()

@@ -28,7 +28,7 @@ private:
     Button *m_allow;
     Button *m_check;
     Button *m_restart;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 // Why the screen is looked at, and what is done with it.

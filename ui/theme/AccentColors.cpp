@@ -27,9 +27,9 @@ QColor between(const QColor &from, const QColor &to, double share)
                             mixed(from.blueF(), to.blueF()));
 }
 
-QColor covered(const QColor &ground, const QColor &top)
+QColor covered(const QColor &background, const QColor &top)
 {
-    return between(ground, QColor::fromRgb(top.rgb()), top.alphaF());
+    return between(background, QColor::fromRgb(top.rgb()), top.alphaF());
 }
 
 // The first step towards the other colour that has this contrast with all of these.
@@ -40,7 +40,7 @@ QColor readable(const QColor &color, const QColor &towards, std::initializer_lis
         const QColor tried = between(color, towards, double(step) / steps).toRgb();
         const QColor shown = QColor::fromRgb(tried.rgb());
         if (std::all_of(grounds.begin(), grounds.end(),
-                        [&](const QColor &ground) { return contrastBetween(shown, ground) >= least; }))
+                        [&](const QColor &background) { return contrastBetween(shown, background) >= least; }))
             return shown;
     }
     return towards;

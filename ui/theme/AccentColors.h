@@ -23,7 +23,7 @@ struct AccentColors {
     static AccentColors fitted(const QColor &chosen, const Grounds &grounds);
 };
 
-// From 1 to 21, as it is counted for letters on a ground. Both are opaque.
+// From 1 to 21, as it is counted for letters on a background. Both are opaque.
 double contrastBetween(const QColor &a, const QColor &b);
 
 } // namespace ardeno

@@ -3,7 +3,7 @@
 
 #include "ui/theme/Drawing.h"
 #include "ui/theme/MenuDrawing.h"
-#include "ui/theme/PopupGround.h"
+#include "ui/theme/PopupSurface.h"
 #include "ui/theme/ScrollBarUse.h"
 
 #include <QMenu>
@@ -23,11 +23,11 @@ int AppStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const 
         return 0;
     case PM_MenuVMargin:
     case PM_MenuHMargin:
-        return PopupGround::menuMargin + 5;
+        return PopupSurface::menuMargin + 5;
     case PM_SmallIconSize:
         return 16;
     case PM_ToolTipLabelFrameWidth:
-        return PopupGround::tipMargin + 6;
+        return PopupSurface::tipMargin + 6;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -119,7 +119,7 @@ void AppStyle::polish(QWidget *widget)
 {
     QProxyStyle::polish(widget);
     if (qobject_cast<QMenu *>(widget) || widget->inherits("QTipLabel"))
-        PopupGround::of(widget);
+        PopupSurface::of(widget);
     else if (auto *const bar = qobject_cast<QScrollBar *>(widget))
         ScrollBarUse::of(bar);
 }
@@ -131,7 +131,7 @@ void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
     case PE_PanelMenu:
     case PE_PanelTipLabel:
         if (widget)
-            PopupGround::of(const_cast<QWidget *>(widget)).paint(*painter);
+            PopupSurface::of(const_cast<QWidget *>(widget)).paint(*painter);
         return;
     case PE_FrameMenu:
     case PE_FrameFocusRect:

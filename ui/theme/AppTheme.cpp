@@ -140,7 +140,7 @@ void AppTheme::compute()
 {
     for (const RoleColors &colors : roleColors)
         m_colors[static_cast<int>(colors.role)] = QColor::fromRgba(valueFor(colors, m_appearance));
-    takeDesktopGrounds();
+    takeDesktopBackgrounds();
     takeAccent();
 
     for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Button})
@@ -160,7 +160,7 @@ void AppTheme::compute()
         m_palette.setColor(QPalette::Disabled, role, color(Role::Faint));
 }
 
-void AppTheme::takeDesktopGrounds()
+void AppTheme::takeDesktopBackgrounds()
 {
     // A desktop that gives no palette of its own leaves the style's.
     const QPalette desktop = QGuiApplication::palette();

@@ -33,7 +33,7 @@ enum class Role {
     Field,
     Line,    // Between parts of the window, around cards.
     Outline, // Around what is pressed or typed into, with a contrast of 3 : 1.
-    Hover,   // Over any ground, below the pointer.
+    Hover,   // Over any background, below the pointer.
     Text,
     Dim,
     DimOnSoft, // Dim text on one of the …Soft grounds.
@@ -93,7 +93,7 @@ private:
 
     void compute();
     void takeAccent();
-    void takeDesktopGrounds();
+    void takeDesktopBackgrounds();
     void scaleFonts(double textScale);
 
     Appearance m_appearance;

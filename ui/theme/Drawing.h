@@ -24,11 +24,11 @@ void shadow(QPainter &painter, const QRect &panel);
 // The small one of a menu or a tooltip, within the margin around it.
 void softShadow(QPainter &painter, const QRectF &panel, qreal radius, int margin);
 
-// The ring around what has the keyboard's focus. On a filled ground it is a light one within a dark one.
-enum class RingOn { Ground, Fill };
-void focusRing(QPainter &painter, const QRectF &rect, qreal radius, RingOn on = RingOn::Ground);
+// The ring around what has the keyboard's focus. On a filled background it is a light one within a dark one.
+enum class RingOn { Surface, Fill };
+void focusRing(QPainter &painter, const QRectF &rect, qreal radius, RingOn on = RingOn::Surface);
 
-// The ground of what is typed into or chosen from.
+// The background of what is typed into or chosen from.
 void field(QPainter &painter, const QRectF &rect, bool hasFocus);
 
 // A text that fits this width, with "…" where it ends for who reads it, in whichever direction. A text in the other

@@ -110,11 +110,11 @@ QIcon Symbols::icon(const QString &name, Role role)
     return QIcon(new SymbolIconEngine(name, role));
 }
 
-void Symbols::drawBrandMark(QPainter &painter, const QRectF &square, const QColor &mark, const QColor &ground)
+void Symbols::drawBrandMark(QPainter &painter, const QRectF &square, const QColor &mark, const QColor &background)
 {
     // The symbol has a hole where the line is.
     const qreal inset = square.width() / 7;
-    painter.fillRect(square.adjusted(inset, inset, -inset, -inset), ground);
+    painter.fillRect(square.adjusted(inset, inset, -inset, -inset), background);
     draw(painter, "brand", square, mark);
 }
 

@@ -20,7 +20,7 @@ QIcon icon(const QString &name, Role role = Role::Text);
 
 // The application's mark, a rounded square with a line. The symbol "brand" is the same in one colour, with the line cut
 // out.
-void drawBrandMark(QPainter &painter, const QRectF &square, const QColor &mark, const QColor &ground);
+void drawBrandMark(QPainter &painter, const QRectF &square, const QColor &mark, const QColor &background);
 QIcon brandIcon();
 
 } // namespace ardeno::Symbols

@@ -2,8 +2,8 @@
 #include "ui/viewer/ScreenshotViewer.h"
 
 #include "ui/controls/Button.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/theme/Symbols.h"
 
 #include <QScreen>
@@ -57,13 +57,13 @@ void ScreenshotViewer::closeWithout(const Library &library, const CheckpointMedi
         if (!isNamed())
             close();
     };
-    m_observations = std::make_unique<Observations>();
-    m_observations->watch(look, library.checkpoints);
+    m_subscriptions = std::make_unique<Subscriptions>();
+    m_subscriptions->watch(look, library.checkpoints);
 }
 
 QWidget *ScreenshotViewer::makeToolbar()
 {
-    auto *bar = new Ground(Role::Paper, Qt::BottomEdge);
+    auto *bar = new Surface(Role::Paper, Qt::BottomEdge);
     bar->setFixedHeight(52);
     auto *row = makeRow(8, bar);
     row->setContentsMargins(24, 0, 24, 0);
@@ -107,7 +107,7 @@ void ScreenshotViewer::addShortcut(const QKeySequence &keys, std::function<void(
 
 QWidget *ScreenshotViewer::makeUnavailable()
 {
-    auto *empty = new Ground(Role::Sidebar);
+    auto *empty = new Surface(Role::Sidebar);
     auto *column = makeColumn(10, empty);
     column->addStretch();
     column->addWidget(new SymbolView("photo", Role::Faint, 44), 0, Qt::AlignHCenter);

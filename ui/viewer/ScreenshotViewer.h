@@ -42,7 +42,7 @@ private:
     QLabel *m_percent;
     QWidget *m_tools;
     QWidget *m_unavailable;
-    std::unique_ptr<Observations> m_observations;
+    std::unique_ptr<Subscriptions> m_subscriptions;
 };
 
 // The viewers that are open: one window for a picture.

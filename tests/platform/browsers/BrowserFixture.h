@@ -6,7 +6,7 @@
 #include "platform/linux/x11/windows/WindowTree.h"
 #include "platform/linux/x11/windows/X11LiveWindows.h"
 #include "platform/linux/x11/windows/X11Windows.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/Printing.h"
 #include "tests/desktop/PageServer.h"
 
@@ -76,7 +76,7 @@ struct BrowserFixture {
         return server.address() + '/' + name;
     }
 
-    WorkspaceCapture::OpenTabs openTabs() { return finish(WorkspaceCapture::browserTabs(source, {})); }
+    WorkspaceCapture::OpenTabs openTabs() { return blockOn(WorkspaceCapture::browserTabs(source, {})); }
 
     // "WINDOW ADDRESS TITLE", or the warning.
     QStringList listed()
@@ -99,7 +99,7 @@ struct BrowserFixture {
     QStringList ordinaryTitles()
     {
         QStringList titles;
-        for (const auto &page : finish(source.browserWindows()))
+        for (const auto &page : blockOn(source.browserWindows()))
             titles += page ? QStringList{page->title} : QStringList();
         titles.sort();
         return titles;

@@ -4,7 +4,7 @@
 #include "capture/WindowLayout.h"
 #include "platform/MakeDesktop.h"
 
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/desktop/Desktop.h"
 
 #include <doctest/doctest.h>
@@ -56,7 +56,7 @@ public:
         QList<SavedApp> apps;
         for (const WindowInfo &window : desktop.windowServer->windows())
             apps.append({window.applicationID.value_or(QString()), window.applicationName});
-        return finish(WindowLayout::capture(apps, desktop, {}, QCoreApplication::applicationPid())).windows;
+        return blockOn(WindowLayout::capture(apps, desktop, {}, QCoreApplication::applicationPid())).windows;
     }
 
     // What the windows of this application show: absent when nothing is certain.

@@ -89,14 +89,14 @@ TEST_CASE_FIXTURE(DocumentsFixture, "a title that several windows of a process h
         windows.back()->show();
     };
     addWindow();
-    const QList<WindowLocation> one = finish(desktop.documents->locations({own}));
+    const QList<WindowLocation> one = blockOn(desktop.documents->locations({own}));
     REQUIRE(one.size() == 1);
     CHECK(one[0] == WindowLocation{"notes.txt", path, windows[0]->id(), own});
 
     constexpr int many = 40;
     while (windows.size() < many)
         addWindow();
-    CHECK(finish(desktop.documents->locations({own})).isEmpty());
+    CHECK(blockOn(desktop.documents->locations({own})).isEmpty());
 }
 
 TEST_CASE_FIXTURE(DocumentsFixture, "a title alone names no document, and programs for mail and the web have none")
@@ -113,7 +113,7 @@ TEST_CASE_FIXTURE(DocumentsFixture, "a title alone names no document, and progra
         window.setText("_GTK_APPLICATION_ID", application);
         window.show();
         QStringList paths;
-        for (const WindowLocation &location : finish(desktop.documents->locations({own})))
+        for (const WindowLocation &location : blockOn(desktop.documents->locations({own})))
             paths += location.path;
         return paths;
     };
@@ -140,7 +140,7 @@ TEST_CASE_FIXTURE(DocumentsFixture,
     Application editor("mousepad", {"--disable-server", behind, front});
     CHECK(comesToShow("org.xfce.mousepad", front));
     const auto held = [&] {
-        QStringList paths = finish(desktop.documents->held("org.xfce.mousepad", both));
+        QStringList paths = blockOn(desktop.documents->held("org.xfce.mousepad", both));
         paths.sort();
         return paths;
     };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/applications/FocusKeeper.h"
 
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 
 #include <QTest>
 
@@ -54,7 +54,7 @@ TEST_CASE_FIXTURE(ScriptedSession, "what was started loses the focus to the user
         deafness = 3;
     }
     appear(new1, "editor");
-    finish(keeper.settle());
+    blockOn(keeper.settle());
     CHECK(active == own);
 }
 
@@ -69,7 +69,7 @@ TEST_CASE_FIXTURE(ScriptedSession, "the user may go to what was started, and els
         waitForLook();
         isSwitching = false;
         active = new1;
-        finish(keeper.settle());
+        blockOn(keeper.settle());
         CHECK(active == new1);
     }
     SUBCASE("to another window, where the focus then stays")
@@ -78,7 +78,7 @@ TEST_CASE_FIXTURE(ScriptedSession, "the user may go to what was started, and els
         active = browser;
         waitForLook();
         appear(new1, "editor");
-        finish(keeper.settle());
+        blockOn(keeper.settle());
         CHECK(active == browser);
     }
 }
@@ -112,7 +112,7 @@ TEST_CASE_FIXTURE(ScriptedSession,
         windows.removeFirst();
         expected = new1;
     }
-    finish(keeper.settle());
+    blockOn(keeper.settle());
     CHECK(active == expected);
 }
 
@@ -126,7 +126,7 @@ TEST_CASE_FIXTURE(ScriptedSession, "an application that runs may take the focus 
         active = browser;
         isAtWork = false;
     });
-    finish(keeper.settle());
+    blockOn(keeper.settle());
     CHECK(active == own);
     CHECK_FALSE(isAtWork);
 }
@@ -165,9 +165,9 @@ TEST_CASE_FIXTURE(ScriptedSession, "a window that is lent the focus has it until
 {
     windows.append({.applicationID = "browser", .windowID = browser});
     keeper.expect("browser");
-    CHECK(finish(keeper.lend(browser)));
+    CHECK(blockOn(keeper.lend(browser)));
     CHECK_FALSE(QTest::qWaitFor([&] { return active != browser; }, 200));
     keeper.resume();
-    finish(keeper.settle());
+    blockOn(keeper.settle());
     CHECK(active == own);
 }

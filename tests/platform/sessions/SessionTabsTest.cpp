@@ -2,7 +2,7 @@
 #include "platform/linux/browsers/SessionTabs.h"
 
 #include "platform/linux/files/SlowWork.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/Printing.h"
 #include "tests/platform/sessions/HistoryBytes.h"
 #include "tests/platform/sessions/SessionBytes.h"
@@ -59,7 +59,7 @@ struct Machine {
 
     QString records(const Browser &browser)
     {
-        return lines(finish(tabs.openTabs(browser, {})).records.value_or("none"));
+        return lines(blockOn(tabs.openTabs(browser, {})).records.value_or("none"));
     }
 };
 
@@ -150,7 +150,7 @@ TEST_CASE_FIXTURE(Machine, "a session that cannot be read is not taken for an em
     CHECK_THROWS_AS(records(chromium), Failure);
 
     start(51, chromiumProgram, {good});
-    const TabReport report = finish(tabs.openTabs(chromium, {}));
+    const TabReport report = blockOn(tabs.openTabs(chromium, {}));
     CHECK(lines(*report.records) == "1 1 http://h/a A\n");
     CHECK_FALSE(report.isComplete);
 }
@@ -163,7 +163,7 @@ TEST_CASE_FIXTURE(Machine, "a browser in the middle of writing is waited for")
     auto report = patient.openTabs(chromium, {});
     const QString plain = write("p/Default/Sessions/Session_1", onePage(1, "http://h/a", "A"));
     QFile::link(plain, folder.filePath("proc/50/fd/9"));
-    CHECK(lines(finish(std::move(report)).records.value_or("none")) == "1 1 http://h/a A\n");
+    CHECK(lines(blockOn(std::move(report)).records.value_or("none")) == "1 1 http://h/a A\n");
 }
 
 TEST_CASE_FIXTURE(Machine, "an encrypted copy beside the plain file and private windows alone are no failure")
@@ -172,7 +172,7 @@ TEST_CASE_FIXTURE(Machine, "an encrypted copy beside the plain file and private 
     const QString copy = write("p/Default/Sessions_Encrypted/Session_1", Snss(4).bytes());
     start(50, chromiumProgram, {plain, copy});
     start(51, chromiumProgram, {});
-    const TabReport report = finish(tabs.openTabs(chromium, {}));
+    const TabReport report = blockOn(tabs.openTabs(chromium, {}));
     CHECK(lines(*report.records) == "1 1 http://h/a A\n");
     CHECK(report.isComplete);
     CHECK(report.writtenAt.has_value());
@@ -209,7 +209,7 @@ TEST_CASE_FIXTURE(Machine, "a window that a new file passes over is kept while a
     const LiveWindow b{.processID = 50, .title = "B - Chromium", .windowID = 2};
     const LiveWindow other{.processID = 50, .title = "Other - Chromium", .windowID = 3};
     const LiveWindow c{.processID = 50, .title = "C - Chromium", .windowID = 4};
-    const auto uncertain = [&] { return finish(tabs.openTabs(chromium, {})).uncertainWindows; };
+    const auto uncertain = [&] { return blockOn(tabs.openTabs(chromium, {})).uncertainWindows; };
 
     CHECK(records(chromium) == "1 1 http://h/a A\n2 2 http://h/b B\n"); // Windows cannot be seen.
     live = QList<LiveWindow>{a, b};
@@ -266,7 +266,7 @@ TEST_CASE_FIXTURE(Machine, "a window that stands elsewhere and shows another pag
 {
     start(50, chromiumProgram, {write("p/Default/Sessions/Session_1", onePage(1, "http://h/a", "A"))});
     live = QList<LiveWindow>{{.processID = 50, .title = "Z - Chromium", .frame = {500, 500, 900, 700}, .windowID = 1}};
-    const TabReport report = finish(tabs.openTabs(chromium, {}));
+    const TabReport report = blockOn(tabs.openTabs(chromium, {}));
     CHECK(lines(*report.records) == "1 1 http://h/a A\n");
     CHECK(report.uncertainWindows == QSet<qint64>{1});
     CHECK(report.isComplete);
@@ -301,11 +301,11 @@ TEST_CASE_FIXTURE(Machine, "a browser under another name has one identifier for 
     CHECK(records(chromium) == "1 1 http://h/b B\n");
     CHECK_FALSE(tabs.isRunning("com.google.Chrome"));
     CHECK(records({"google-chrome-beta", "Own"}) == "1 1 http://h/a A\n");
-    CHECK_FALSE(finish(tabs.openTabs({"google-chrome-beta", "Own"}, {})).isComplete); // A copy runs beside it.
-    CHECK(finish(tabs.openTabs(chromium, {})).isComplete);
+    CHECK_FALSE(blockOn(tabs.openTabs({"google-chrome-beta", "Own"}, {})).isComplete); // A copy runs beside it.
+    CHECK(blockOn(tabs.openTabs(chromium, {})).isComplete);
     CHECK_THROWS_AS(records({"org.gnome.Epiphany", "GNOME Web"}), Failure);
 
-    const BrowserWindows windows = finish(tabs.browserWindows());
+    const BrowserWindows windows = blockOn(tabs.browserWindows());
     CHECK(windows.size() == 6);
     CHECK(windows.value(1) == ShownPage{"A - Google Chrome", {"http://h/a"}});
     CHECK(windows.value(2) == ShownPage{"B - Chromium", {"http://h/b"}});
@@ -323,12 +323,12 @@ TEST_CASE("work that does not end is given up and takes nobody else's thread, wh
         return 1;
     };
     for (int i = 0; i < 20; ++i)
-        CHECK_THROWS_AS(finish(SlowWork::withinDeadline(stuck, std::chrono::milliseconds(1), Kind::Documents)),
+        CHECK_THROWS_AS(blockOn(SlowWork::withinDeadline(stuck, std::chrono::milliseconds(1), Kind::Documents)),
                         Failure);
-    CHECK(finish(SlowWork::withinDeadline([] { return 7; }, longTime, Kind::Tabs)) == 7);
+    CHECK(blockOn(SlowWork::withinDeadline([] { return 7; }, longTime, Kind::Tabs)) == 7);
     gate->release(20);
     const auto failing = []() -> int { throw Failure("Test", 3, "No."); };
-    CHECK_THROWS_AS(finish(SlowWork::withinDeadline(failing, longTime, Kind::Tabs)), Failure);
+    CHECK_THROWS_AS(blockOn(SlowWork::withinDeadline(failing, longTime, Kind::Tabs)), Failure);
 }
 
 TEST_CASE("without a thread there is a failure, not a wait")
@@ -338,7 +338,7 @@ TEST_CASE("without a thread there is a failure, not a wait")
     pthread_attr_t tooLarge = usual;
     ::pthread_attr_setstacksize(&tooLarge, std::size_t(1) << 46);
     REQUIRE(::pthread_setattr_default_np(&tooLarge) == 0);
-    CHECK_THROWS_AS(finish(SlowWork::withinDeadline([] { return 7; }, std::chrono::minutes(1), SlowWork::Kind::Tabs)),
+    CHECK_THROWS_AS(blockOn(SlowWork::withinDeadline([] { return 7; }, std::chrono::minutes(1), SlowWork::Kind::Tabs)),
                     Failure);
     ::pthread_setattr_default_np(&usual);
 }

@@ -3,7 +3,7 @@
 
 #include "capture/CaptureService.h"
 #include "platform/linux/x11/recording/X11ScreenRecorder.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/desktop/Video.h"
 #include "tests/platform/x11screen/ScreenFixture.h"
@@ -29,7 +29,7 @@ struct RecordingFixture : ScreenFixture {
     void start(const QSet<QString> &excluded = {})
     {
         sharing.prepareExclusion(excluded);
-        finish(service.startRecording(path, excluded));
+        blockOn(service.startRecording(path, excluded));
     }
 
     // Lets something happen and waits until the file shows it.
@@ -42,7 +42,7 @@ struct RecordingFixture : ScreenFixture {
 
     desktop_test::Video stop()
     {
-        finish(service.stopRecording());
+        blockOn(service.stopRecording());
         sharing.prepareExclusion({});
         return desktop_test::Video(path);
     }

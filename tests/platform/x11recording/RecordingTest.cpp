@@ -135,7 +135,7 @@ TEST_CASE_FIXTURE(RecordingFixture, "a display that goes and a folder that goes 
     setMonitors({{"TWO", "960/300x1080/300+960+0"}});
     CHECK(eventually([&] { return !failure.isEmpty(); }));
     CHECK(failure == "The display that was recorded is no longer connected.");
-    CHECK_THROWS_AS(finish(service.stopRecording()), Failure);
+    CHECK_THROWS_AS(blockOn(service.stopRecording()), Failure);
     CHECK(Video(path).problems() == "");
 
     QDir().mkpath(folder.filePath("media"));
@@ -145,7 +145,7 @@ TEST_CASE_FIXTURE(RecordingFixture, "a display that goes and a folder that goes 
     QDir(folder.filePath("media")).removeRecursively();
     CHECK(eventually([&] { return !failure.isEmpty(); }));
     CHECK(failure == "No such file or directory.");
-    CHECK_THROWS_AS(finish(service.stopRecording()), Failure);
+    CHECK_THROWS_AS(blockOn(service.stopRecording()), Failure);
 }
 
 TEST_CASE_FIXTURE(RecordingFixture,
@@ -170,7 +170,7 @@ TEST_CASE_FIXTURE(RecordingFixture,
         events.failed = [&](const Failure &) { reports.fetchAndAddOrdered(1); };
         std::unique_ptr<RecordingStream> stream;
         const auto begin = [&]() -> QCoro::Task<void> { stream = co_await recorderThere.start(request, events); };
-        finish(begin());
+        blockOn(begin());
 
         server.end();
 
@@ -203,8 +203,8 @@ TEST_CASE_FIXTURE(RecordingFixture,
 
     workspace.setExcluded({vaultID}, {*marks});
     CHECK(countOf(picture(screenNow, {vaultID}), secretColour) == 0);
-    finish(serviceNow.startRecording(path, {vaultID}));
-    finish(serviceNow.stopRecording());
+    blockOn(serviceNow.startRecording(path, {vaultID}));
+    blockOn(serviceNow.stopRecording());
     screenNow.prepareExclusion({});
     CHECK(framesWith(Video(path), openColour) > 0);
     CHECK(framesWith(Video(path), secretColour) == 0);

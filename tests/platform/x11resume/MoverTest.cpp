@@ -2,7 +2,7 @@
 #include "platform/linux/x11/windows/X11WindowMover.h"
 
 #include "platform/linux/x11/windows/X11Placement.h"
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/Printing.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/desktop/TestWindow.h"
@@ -40,7 +40,7 @@ struct MoverFixture {
         const auto found = window(title);
         REQUIRE(found.has_value());
         const QList<WindowMove> moves = {{found->windowID, frame}};
-        return finish(mover.move(moves)).value(0);
+        return blockOn(mover.move(moves)).value(0);
     }
 
     // The largest difference from where the window should be, in pixels.
@@ -137,7 +137,7 @@ TEST_CASE_FIXTURE(MoverFixture, "an application that hangs is not moved and does
 
     const WindowRect frame = {200, 150, 600, 400};
     const QList<WindowMove> moves = {{window("hangs.txt")->windowID, frame}, {window("lively")->windowID, frame}};
-    const QList<MoveResult> results = finish(mover.move(moves));
+    const QList<MoveResult> results = blockOn(mover.move(moves));
 
     ::kill(static_cast<pid_t>(editor.processID()), SIGCONT);
     CHECK(results == QList<MoveResult>{MoveResult::NotAnswering, MoveResult::Placed});
@@ -147,7 +147,7 @@ TEST_CASE_FIXTURE(MoverFixture, "an application that hangs is not moved and does
 TEST_CASE_FIXTURE(MoverFixture, "a window that has gone is refused")
 {
     const QList<WindowMove> moves = {{0x7FFFFFF, {0, 0, 100, 100}}};
-    CHECK(finish(mover.move(moves)) == QList<MoveResult>{MoveResult::Refused});
+    CHECK(blockOn(mover.move(moves)) == QList<MoveResult>{MoveResult::Refused});
 }
 
 TEST_CASE("the size of a client area is what is left of the frame and what the application allows")

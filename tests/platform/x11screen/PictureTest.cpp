@@ -2,8 +2,8 @@
 #include "tests/platform/x11screen/ScreenFixture.h"
 #include "tests/platform/x11screen/painter/PaintedWindow.h"
 
+#include "support/BlockOn.h"
 #include "support/Failure.h"
-#include "support/Finish.h"
 #include "tests/Printing.h"
 #include "tests/desktop/Desktop.h"
 
@@ -114,11 +114,11 @@ TEST_CASE_FIXTURE(ScreenFixture, "displays that change between the list and the 
     request.size = QSize(1920, 1080);
     for (const CaptureDisplay &display : before)
         request.placements.append({display, display.bounds});
-    CHECK(finish(screen.compose(request)).size == QSize(1920, 1080));
+    CHECK(blockOn(screen.compose(request)).size == QSize(1920, 1080));
 
     setMonitors({{"LEFT", "1000/300x1080/300+0+0"}, {"RIGHT", "920/300x1080/300+1000+0"}});
 
-    CHECK(failureOf([&] { finish(screen.compose(request)); }) ==
+    CHECK(failureOf([&] { blockOn(screen.compose(request)); }) ==
           "Capture 2: The displays changed while the screenshot was taken.");
 }
 
@@ -159,7 +159,7 @@ TEST_CASE_FIXTURE(ScreenFixture, "a server that has gone is a failure that says 
 
     CHECK_FALSE(lost.availability().isAvailable());
     CHECK(failureOf([&] { lost.displays(); }).startsWith("NotAvailable 1: "));
-    CHECK(failureOf([&] { finish(lost.compose(request)); }).startsWith("NotAvailable 1: "));
+    CHECK(failureOf([&] { blockOn(lost.compose(request)); }).startsWith("NotAvailable 1: "));
     lost.prepareExclusion({secretID, "org.example.Open"});
     lost.prepareExclusion({});
 }

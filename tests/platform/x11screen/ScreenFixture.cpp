@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/x11screen/ScreenFixture.h"
 
-#include "support/Finish.h"
+#include "support/BlockOn.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/desktop/DesktopFile.h"
 
@@ -105,7 +105,7 @@ QImage ScreenFixture::picture(X11ScreenCapture &of, const QSet<QString> &exclude
     settle();
     CaptureService service(of);
     const QString path = folder.filePath("picture.png");
-    finish(service.screenshot(path, excluded));
+    blockOn(service.screenshot(path, excluded));
     return QImage(path).convertToFormat(QImage::Format_RGB32);
 }
 

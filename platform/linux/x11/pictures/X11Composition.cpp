@@ -16,10 +16,10 @@ constexpr int mostAttempts = 5;
 constexpr quint8 obscuredGrey = 31; // What must not be shown.
 constexpr auto backgroundAge = std::chrono::seconds(10);
 
-bool knowsAll(const WindowChoice &choice, const QList<TopLevel> &windows)
+bool knowsAll(const WindowVisibility &visibility, const QList<TopLevel> &windows)
 {
     return std::all_of(windows.cbegin(), windows.cend(),
-                       [&](const TopLevel &window) { return choice.knows(window.id); });
+                       [&](const TopLevel &window) { return visibility.knows(window.id); });
 }
 
 } // namespace
@@ -46,21 +46,22 @@ std::optional<FetchedPixels> X11Composition::frame(const DisplayPlacement &place
     std::optional<FetchedPixels> pixels;
     for (int attempt = 0; attempt < mostAttempts && !pixels; ++attempt) {
         redirection.processEvents();
-        if (!m_choice || m_revision != redirection.revision())
+        if (!m_visibility || m_revision != redirection.revision())
             choose(redirection);
         prepare(redirection, placement, size);
-        waitForDrawing(redirection, *m_choice, X11Canvas::screenArea(placement.display));
+        waitForDrawing(redirection, *m_visibility, X11Canvas::screenArea(placement.display));
         pixels = grabbed(redirection, placement, changes);
     }
     if (!pixels) {
         // Windows come and go faster than they can be judged.
         const ServerGrab grab(redirection.connection());
         redirection.processAllEvents();
-        m_choice->leaveOutStrangers(topLevels(redirection.connection()),
-                                    [&](xcb_window_t window) { return redirection.hasComeSince(window, m_revision); });
+        m_visibility->leaveOutStrangers(topLevels(redirection.connection()), [&](xcb_window_t window) {
+            return redirection.hasComeSince(window, m_revision);
+        });
         m_revision = redirection.revision();
         pixels = grabbed(redirection, placement, changes);
-        m_choice.reset(); // The strangers are judged for the next frame.
+        m_visibility.reset(); // The strangers are judged for the next frame.
     }
     redirection.processEvents(); // What was read meanwhile does not wake the hold's own thread.
     requireAlive(redirection.connection());
@@ -71,16 +72,16 @@ void X11Composition::choose(X11Redirection &redirection)
 {
     const X11Connection &connection = redirection.connection();
     m_revision = redirection.revision();
-    const bool wasComposited = m_choice && m_choice->isComposited;
+    const bool wasComposited = m_visibility && m_visibility->isComposited;
     const QList<TopLevel> windows = topLevels(connection);
-    m_choice = chooseWindows(connection, m_entries, windows, m_exclusion);
+    m_visibility = chooseWindows(connection, m_entries, windows, m_exclusion);
     // A frame whose window has gone still shows it.
     for (const TopLevel &window : windows) {
-        if (m_leftOut.contains(window.id) && m_choice->allowed.remove(window.id))
-            m_choice->leftOut.insert(window.id);
+        if (m_leftOut.contains(window.id) && m_visibility->allowed.remove(window.id))
+            m_visibility->leftOut.insert(window.id);
     }
-    m_leftOut = m_choice->leftOut;
-    m_hasOldBackground = m_hasOldBackground || m_choice->isComposited != wasComposited;
+    m_leftOut = m_visibility->leftOut;
+    m_hasOldBackground = m_hasOldBackground || m_visibility->isComposited != wasComposited;
 }
 
 void X11Composition::prepare(X11Redirection &redirection, const DisplayPlacement &placement, QSize size)
@@ -105,20 +106,20 @@ std::optional<FetchedPixels> X11Composition::grabbed(X11Redirection &redirection
     std::optional<ServerGrab> grab(connection);
     const QList<TopLevel> windows = viewableOf(topLevels(connection));
     redirection.processAllEvents();
-    if (!knowsAll(*m_choice, windows) || m_revision != redirection.revision())
+    if (!knowsAll(*m_visibility, windows) || m_revision != redirection.revision())
         return std::nullopt;
     X11Cursor cursor = X11Cursor::read(connection);
-    if (m_choice->leftOut.contains(cursor.under))
+    if (m_visibility->leftOut.contains(cursor.under))
         cursor = {}; // That window chose the pointer's picture.
     const bool isOld = m_background && !m_background->isWallpaper() && m_backgroundTime + backgroundAge < Clock::now();
     if (!m_background || m_hasOldBackground || isOld) {
         m_background.reset();
-        m_background.emplace(connection, m_formats, m_choice->isComposited);
+        m_background.emplace(connection, m_formats, m_visibility->isComposited);
         m_backgroundTime = Clock::now();
         m_hasOldBackground = false;
     }
     {
-        const X11Scene scene(redirection, m_formats, windows, *m_choice, *m_background, obscuredGrey);
+        const X11Scene scene(redirection, m_formats, windows, *m_visibility, *m_background, obscuredGrey);
         m_canvas->draw(placement, [&](const RenderPicture &picture, const QRect &area, const QPoint &at) {
             scene.draw(picture, area, at);
         });

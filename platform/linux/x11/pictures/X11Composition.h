@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/linux/applications/DesktopEntries.h"
-#include "platform/linux/x11/pictures/WindowChoice.h"
+#include "platform/linux/x11/pictures/WindowVisibility.h"
 #include "platform/linux/x11/pictures/X11Background.h"
 #include "platform/linux/x11/pictures/X11Canvas.h"
 #include "platform/linux/x11/pictures/X11RedirectionHold.h"
@@ -29,7 +29,7 @@ public:
     std::optional<FetchedPixels> frame(const DisplayPlacement &placement, QSize size, X11ScreenChanges &changes);
 
     // What has changed since the last frame.
-    void forgetChoice() { m_choice.reset(); }
+    void forgetChoice() { m_visibility.reset(); }
 
     void forgetWallpaper() { m_hasOldBackground = true; }
 
@@ -48,7 +48,7 @@ private:
     const RenderFormats &m_formats;
     DesktopEntries &m_entries;
     const Exclusion &m_exclusion;
-    std::optional<WindowChoice> m_choice = {};
+    std::optional<WindowVisibility> m_visibility = {};
     QSet<xcb_window_t> m_leftOut = {}; // Whatever has been, for as long as it is there.
     quint32 m_revision = 0;            // Of the windows when they were chosen.
     std::optional<X11Canvas> m_canvas = {};

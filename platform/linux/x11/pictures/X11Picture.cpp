@@ -49,7 +49,7 @@ X11Picture::X11Picture(CanvasRequest request, Exclusion exclusion, DesktopEntrie
 
 std::optional<Canvas> X11Picture::ofScreen(const X11Connection &connection, const X11Extensions &extensions)
 {
-    const IsClean always = [](const WindowChoice &, const QList<TopLevel> &) { return true; };
+    const IsClean always = [](const WindowVisibility &, const QList<TopLevel> &) { return true; };
     auto canvas = screenIf(always, DepartureCount(connection), connection, extensions);
     m_departures = 0; // A redirection that takes the connection over begins to count with what has not been read.
     return canvas;
@@ -57,10 +57,10 @@ std::optional<Canvas> X11Picture::ofScreen(const X11Connection &connection, cons
 
 std::optional<Canvas> X11Picture::ofScreen(X11Redirection &redirection)
 {
-    const IsClean showsThemselves = [&](const WindowChoice &choice, const QList<TopLevel> &windows) {
+    const IsClean showsThemselves = [&](const WindowVisibility &visibility, const QList<TopLevel> &windows) {
         redirection.processAllEvents();
         return std::all_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
-            return redirection.untrusted(window.id, choice.allowed).isEmpty();
+            return redirection.untrusted(window.id, visibility.allowed).isEmpty();
         });
     };
     const Departures departures = [&] {
@@ -77,31 +77,31 @@ std::optional<Canvas> X11Picture::screenIf(const IsClean &isClean, const Departu
         const quint64 before = departures();
         const QList<TopLevel> windows = topLevels(connection);
         choose(connection, windows, before);
-        if (mayShowLeftOut(*m_choice, windows, m_exclusion))
+        if (mayShowLeftOut(*m_visibility, windows, m_exclusion))
             return std::nullopt;
         std::optional<ServerGrab> grab(connection);
         const Moment now = moment(connection, extensions);
         if (!knowsAll(now.windows, departures()))
             continue;
         // One that was hidden when it was judged may have been shown since.
-        if (mayShowLeftOut(*m_choice, now.windows, m_exclusion) || !isClean(*m_choice, now.windows))
+        if (mayShowLeftOut(*m_visibility, now.windows, m_exclusion) || !isClean(*m_visibility, now.windows))
             return std::nullopt;
         return grabbedScreen(connection, extensions, now, grab);
     }
-    m_choice.reset();
+    m_visibility.reset();
     return std::nullopt;
 }
 
 void X11Picture::choose(const X11Connection &connection, const QList<TopLevel> &windows, quint64 departures)
 {
-    m_choice = chooseWindows(connection, m_entries, windows, m_exclusion);
+    m_visibility = chooseWindows(connection, m_entries, windows, m_exclusion);
     m_departures = departures;
 }
 
 bool X11Picture::knowsAll(const QList<TopLevel> &windows, quint64 departures) const
 {
     return departures == m_departures && std::all_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
-               return m_choice->knows(window.id);
+               return m_visibility->knows(window.id);
            });
 }
 
@@ -109,12 +109,12 @@ Canvas X11Picture::ofWindows(X11Redirection &redirection)
 {
     const X11Connection &connection = redirection.connection();
     for (int attempt = 0; attempt < mostPictureAttempts; ++attempt) {
-        if (!m_choice || attempt > 0) {
+        if (!m_visibility || attempt > 0) {
             m_revision = redirection.revision();
             const quint64 departures = redirection.departures();
             choose(connection, topLevels(connection), departures);
         }
-        waitForDrawing(redirection, *m_choice, displayAreas());
+        waitForDrawing(redirection, *m_visibility, displayAreas());
         std::optional<ServerGrab> grab(connection);
         const Moment now = moment(connection, redirection.extensions());
         redirection.processAllEvents();
@@ -125,8 +125,8 @@ Canvas X11Picture::ofWindows(X11Redirection &redirection)
     std::optional<ServerGrab> grab(connection);
     const Moment now = moment(connection, redirection.extensions());
     redirection.processAllEvents();
-    m_choice->leaveOutStrangers(now.windows,
-                                [&](xcb_window_t window) { return redirection.hasComeSince(window, m_revision); });
+    m_visibility->leaveOutStrangers(now.windows,
+                                    [&](xcb_window_t window) { return redirection.hasComeSince(window, m_revision); });
     return grabbedWindows(redirection, now, grab);
 }
 
@@ -172,15 +172,15 @@ Canvas X11Picture::grabbedWindows(X11Redirection &redirection, const Moment &now
     const RenderFormats formats(connection);
     X11Canvas canvas(connection, redirection.extensions(), formats, m_request);
     {
-        const X11Background background(connection, formats, m_choice->isComposited);
-        const X11Scene scene(redirection, formats, now.windows, *m_choice, background, m_request.backgroundGrey);
+        const X11Background background(connection, formats, m_visibility->isComposited);
+        const X11Scene scene(redirection, formats, now.windows, *m_visibility, background, m_request.backgroundGrey);
         drawDisplays(canvas, [&](const RenderPicture &picture, const QRect &area, const QPoint &at) {
             scene.draw(picture, area, at);
         });
     }
     grab.reset();
     // The window below it chose the pointer's picture.
-    const bool showsPointer = !m_choice->leftOut.contains(now.cursor.under);
+    const bool showsPointer = !m_visibility->leftOut.contains(now.cursor.under);
     return finished(connection, canvas.pixels(), showsPointer ? now.cursor : X11Cursor());
 }
 

@@ -3,7 +3,7 @@
 
 #include "desktop/ScreenCapture.h"
 #include "platform/linux/applications/DesktopEntries.h"
-#include "platform/linux/x11/pictures/WindowChoice.h"
+#include "platform/linux/x11/pictures/WindowVisibility.h"
 #include "platform/linux/x11/pictures/X11Canvas.h"
 #include "platform/linux/x11/pictures/X11Cursor.h"
 #include "platform/linux/x11/pictures/X11Redirection.h"
@@ -33,10 +33,10 @@ private:
         X11Cursor cursor = {};
     };
 
-    // How many windows are gone by now. The server soon gives their numbers to windows of others, so a choice holds
+    // How many windows are gone by now. The server soon gives their numbers to windows of others, so a visibility holds
     // only until the next one goes.
     using Departures = std::function<quint64()>;
-    using IsClean = std::function<bool(const WindowChoice &, const QList<TopLevel> &)>;
+    using IsClean = std::function<bool(const WindowVisibility &, const QList<TopLevel> &)>;
 
     Moment moment(const X11Connection &connection, const X11Extensions &extensions) const;
     void choose(const X11Connection &connection, const QList<TopLevel> &windows, quint64 departures);
@@ -56,9 +56,9 @@ private:
 
     CanvasRequest m_request;
     Exclusion m_exclusion;
-    std::optional<WindowChoice> m_choice = {}; // Of the last attempt; new windows are not in it.
-    quint64 m_departures = 0;                  // When the choice was made.
-    quint32 m_revision = 0;                    // Of the redirection, when a choice was made while there was one.
+    std::optional<WindowVisibility> m_visibility = {}; // Of the last attempt; new windows are not in it.
+    quint64 m_departures = 0;                          // When the visibility was made.
+    quint32 m_revision = 0; // Of the redirection, when a visibility was made while there was one.
     DesktopEntries &m_entries;
 };
 

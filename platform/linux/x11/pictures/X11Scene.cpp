@@ -16,7 +16,7 @@ bool isTranslucent(const TopLevel &window, bool hasCompositor)
 }
 
 // When the last owner of something visible stops being waited for; the past when there is nothing to wait for.
-X11Redirection::Clock::time_point lastPatience(const X11Redirection &redirection, const WindowChoice &choice,
+X11Redirection::Clock::time_point lastPatience(const X11Redirection &redirection, const WindowVisibility &visibility,
                                                X11Region visible)
 {
     const X11Connection &connection = redirection.connection();
@@ -25,14 +25,14 @@ X11Redirection::Clock::time_point lastPatience(const X11Redirection &redirection
     X11Redirection::Clock::time_point last = {};
     for (qsizetype i = windows.size() - 1; i >= 0; --i) {
         const TopLevel &window = windows[i];
-        if (!choice.allowed.contains(window.id) || choice.hidden.contains(window.id))
+        if (!visibility.allowed.contains(window.id) || visibility.hidden.contains(window.id))
             continue;
-        X11Region missing = redirection.untrusted(window.id, choice.allowed);
+        X11Region missing = redirection.untrusted(window.id, visibility.allowed);
         missing.add(redirection.awaited(window.id));
         const X11Region outline = shapes[i].translated(window.outer.topLeft());
         if (!missing.translated(window.outer.topLeft()).intersected(outline).intersected(visible).isEmpty())
             last = std::max(last, redirection.patience(window.id));
-        if (!isTranslucent(window, choice.isComposited))
+        if (!isTranslucent(window, visibility.isComposited))
             visible.subtract(outline);
     }
     return last;
@@ -40,35 +40,35 @@ X11Redirection::Clock::time_point lastPatience(const X11Redirection &redirection
 
 } // namespace
 
-void waitForDrawing(X11Redirection &redirection, const WindowChoice &choice, const X11Region &displays)
+void waitForDrawing(X11Redirection &redirection, const WindowVisibility &visibility, const X11Region &displays)
 {
     redirection.processEvents();
-    if (redirection.showsOnly(choice.allowed))
+    if (redirection.showsOnly(visibility.allowed))
         return;
-    redirection.askToDraw(choice.allowed);
-    auto until = lastPatience(redirection, choice, displays);
+    redirection.askToDraw(visibility.allowed);
+    auto until = lastPatience(redirection, visibility, displays);
     while (until > X11Redirection::Clock::now() && redirection.waitForEvents(until)) {
         redirection.processEvents();
-        until = lastPatience(redirection, choice, displays);
+        until = lastPatience(redirection, visibility, displays);
     }
     redirection.processEvents();
 }
 
 X11Scene::X11Scene(const X11Redirection &redirection, const RenderFormats &formats, const QList<TopLevel> &windows,
-                   const WindowChoice &choice, const X11Background &background, quint8 grey)
+                   const WindowVisibility &visibility, const X11Background &background, quint8 grey)
     : m_connection(redirection.connection()),
-      m_hasCompositor(choice.isComposited),
+      m_hasCompositor(visibility.isComposited),
       m_background(background),
       m_grey(grey)
 {
     const QList<X11Region> shapes = outlines(m_connection, windows);
     for (qsizetype i = 0; i < windows.size(); ++i) {
         const TopLevel &window = windows[i];
-        if (!choice.allowed.contains(window.id) || choice.hidden.contains(window.id))
+        if (!visibility.allowed.contains(window.id) || visibility.hidden.contains(window.id))
             continue;
         Layer added = layer(redirection, formats, window);
         added.outline = shapes[i].translated(window.outer.topLeft());
-        added.obscured.add(redirection.untrusted(window.id, choice.allowed).translated(window.outer.topLeft()));
+        added.obscured.add(redirection.untrusted(window.id, visibility.allowed).translated(window.outer.topLeft()));
         m_layers.push_back(std::move(added));
     }
 }

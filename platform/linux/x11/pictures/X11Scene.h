@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/linux/x11/pictures/WindowChoice.h"
+#include "platform/linux/x11/pictures/WindowVisibility.h"
 #include "platform/linux/x11/pictures/X11Background.h"
 #include "platform/linux/x11/pictures/X11Drawing.h"
 #include "platform/linux/x11/pictures/X11Redirection.h"
@@ -17,7 +17,7 @@ public:
     // Windows are viewable ones from the bottom to the top. What may show pixels of a window that is left out is
     // filled with this level of grey. The background outlives the scene.
     X11Scene(const X11Redirection &redirection, const RenderFormats &formats, const QList<TopLevel> &windows,
-             const WindowChoice &choice, const X11Background &background, quint8 grey);
+             const WindowVisibility &visibility, const X11Background &background, quint8 grey);
 
     // See PaintDesktop.
     void draw(const RenderPicture &picture, const QRect &area, const QPoint &at) const;
@@ -43,6 +43,6 @@ private:
 
 // Waits until the owners have drawn what pictures would show and what has just been uncovered, as long as it is worth
 // it. Areas are those of the displays.
-void waitForDrawing(X11Redirection &redirection, const WindowChoice &choice, const X11Region &displays);
+void waitForDrawing(X11Redirection &redirection, const WindowVisibility &visibility, const X11Region &displays);
 
 } // namespace ardeno

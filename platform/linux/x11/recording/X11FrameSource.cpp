@@ -122,8 +122,8 @@ bool X11FrameSource::needsComposition()
         return true;
     if (!m_isScreenSafe) {
         const QList<TopLevel> windows = topLevels(m_connection);
-        const WindowChoice choice = chooseWindows(m_connection, m_entries, windows, m_exclusion);
-        m_isScreenSafe = m_exclusion.appIDs.isEmpty() && !mayShowLeftOut(choice, windows, m_exclusion);
+        const WindowVisibility visibility = chooseWindows(m_connection, m_entries, windows, m_exclusion);
+        m_isScreenSafe = m_exclusion.appIDs.isEmpty() && !mayShowLeftOut(visibility, windows, m_exclusion);
     }
     if (!m_isScreenSafe)
         m_composition.emplace(m_keeper->acquire(), m_formats, m_entries, m_exclusion);

@@ -110,7 +110,7 @@ WindowRect usableFrame(const WindowRect &monitor, const QList<X11Strut> &struts)
         if (runsAlong(monitor, strut))
             take(strut, monitor, edges);
     }
-    // Strips that leave nothing are a mistake of whoever set them.
+    // Banners that leave nothing are a mistake of whoever set them.
     if (edges.left >= edges.right || edges.top >= edges.bottom)
         return monitor;
     return {edges.left, edges.top, edges.right - edges.left, edges.bottom - edges.top};

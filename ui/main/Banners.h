@@ -23,7 +23,7 @@ class LineLabel;
 class Sheet;
 
 // How every strip is drawn and laid out.
-void drawStrip(QWidget *strip, Role ground, Qt::Edge edge);
+void drawBanner(QWidget *strip, Role background, Qt::Edge edge);
 QHBoxLayout *makeStripRow(QWidget *strip);
 
 // Offers a newer version above the detail; hidden while there is none.
@@ -39,7 +39,7 @@ private:
 
     Updates &m_updates;
     LineLabel *m_text;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 // What a newer version brings.
@@ -47,11 +47,11 @@ Sheet *makeUpdateDetailsSheet(const Screens &screens, const AppUpdateManifest &u
 
 // What was done, at the bottom of the detail, until it is dismissed or has been there for a while. It stays while
 // somebody points at it or cannot see it.
-class NoticeStrip final : public QWidget {
+class NoticeBanner final : public QWidget {
 public:
     // Shows what the last resume could not do.
-    NoticeStrip(Messages &messages, const Navigation &navigation, const Library &library, const ResumeFlow &resumes,
-                std::function<void()> showShortfall, QWidget *parent = nullptr);
+    NoticeBanner(Messages &messages, const Navigation &navigation, const Library &library, const ResumeFlow &resumes,
+                 std::function<void()> showShortfall, QWidget *parent = nullptr);
 
     void setPatience(std::chrono::milliseconds patience);
 
@@ -71,7 +71,7 @@ private:
     QLabel *m_text;
     Button *m_show;
     QTimer m_expiry;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 // Asks once whether the user wants to hear of news.
@@ -84,7 +84,7 @@ protected:
 
 private:
     Newsletter &m_newsletter;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

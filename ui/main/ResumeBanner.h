@@ -15,9 +15,9 @@ namespace ardeno {
 class Button;
 
 // What a resume that takes long waits for, and the way to stop it.
-class ResumeStrip final : public QWidget {
+class ResumeBanner final : public QWidget {
 public:
-    ResumeStrip(ResumeFlow &resumes, const Library &library, QWidget *parent = nullptr);
+    ResumeBanner(ResumeFlow &resumes, const Library &library, QWidget *parent = nullptr);
 
     // How long a resume may take before anything is said of it.
     void setPatience(std::chrono::milliseconds patience);
@@ -35,7 +35,7 @@ private:
     QLabel *m_text;
     Button *m_stop;
     QTimer m_patience;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "capture/WindowSightings.h"
+#include "capture/WindowTracker.h"
 
 namespace ardeno::WindowLayout {
 
@@ -10,7 +10,7 @@ constexpr qint64 timeToSettle = 400;
 
 } // namespace
 
-void WindowSightings::look(const QList<MovableWindow> &live)
+void WindowTracker::look(const QList<MovableWindow> &live)
 {
     const qint64 now = m_clock.elapsed();
     for (const MovableWindow &window : live) {
@@ -32,12 +32,12 @@ void WindowSightings::look(const QList<MovableWindow> &live)
     }
 }
 
-bool WindowSightings::isStill(quint32 windowID, qint64 howLong) const
+bool WindowTracker::isStill(quint32 windowID, qint64 howLong) const
 {
     return m_clock.elapsed() - m_seen.value(windowID).since >= howLong;
 }
 
-qint64 WindowSightings::timeSinceNews(const QString &appID) const
+qint64 WindowTracker::timeSinceNews(const QString &appID) const
 {
     return m_clock.elapsed() - m_news.value(appID);
 }

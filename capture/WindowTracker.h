@@ -12,9 +12,9 @@ namespace ardeno::WindowLayout {
 
 // Where live windows were seen, and since when they have been there. Notices who moves them: once a window has stood
 // still, that is the user.
-class WindowSightings final {
+class WindowTracker final {
 public:
-    WindowSightings() { m_clock.start(); }
+    WindowTracker() { m_clock.start(); }
 
     void look(const QList<MovableWindow> &live);
 
@@ -26,7 +26,7 @@ public:
     qint64 timeSinceNews(const QString &appID) const;
 
 private:
-    struct Sighting {
+    struct TrackedWindow {
         QString title = {};
         WindowRect frame = {};
         qint64 since = 0; // Milliseconds of the clock.
@@ -34,7 +34,7 @@ private:
     };
 
     QElapsedTimer m_clock;
-    QHash<quint32, Sighting> m_seen;
+    QHash<quint32, TrackedWindow> m_seen;
     QHash<QString, qint64> m_news; // When an application last showed a window or changed a title.
 };
 

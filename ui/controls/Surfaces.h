@@ -8,10 +8,10 @@
 
 namespace ardeno {
 
-// A part of the window with a ground of its own, perhaps with thin lines at its edges.
-class Ground final : public QWidget {
+// A part of the window with a background of its own, perhaps with thin lines at its edges.
+class Surface final : public QWidget {
 public:
-    explicit Ground(Role role, Qt::Edges lines = {}, QWidget *parent = nullptr);
+    explicit Surface(Role role, Qt::Edges lines = {}, QWidget *parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -42,7 +42,7 @@ class Chip final : public QWidget {
 public:
     explicit Chip(QWidget *parent = nullptr);
 
-    void show(const QString &text, const QString &symbol, Role ink, Role ground);
+    void show(const QString &text, const QString &symbol, Role ink, Role background);
 
     void setSmall();
 
@@ -58,7 +58,7 @@ private:
     QString m_text;
     QString m_symbol;
     Role m_ink = Role::Text;
-    Role m_ground = Role::Card;
+    Role m_background = Role::Card;
 };
 
 // Layouts without margins, as most are here.

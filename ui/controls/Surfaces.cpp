@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/controls/Ground.h"
+#include "ui/controls/Surfaces.h"
 
 #include "ui/theme/Drawing.h"
 #include "ui/theme/Symbols.h"
@@ -10,9 +10,9 @@
 
 namespace ardeno {
 
-Ground::Ground(Role role, Qt::Edges lines, QWidget *parent) : QWidget(parent), m_role(role), m_lines(lines) {}
+Surface::Surface(Role role, Qt::Edges lines, QWidget *parent) : QWidget(parent), m_role(role), m_lines(lines) {}
 
-void Ground::paintEvent(QPaintEvent *)
+void Surface::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.fillRect(rect(), themeColor(m_role));
@@ -46,12 +46,12 @@ Chip::Chip(QWidget *parent) : QWidget(parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-void Chip::show(const QString &text, const QString &symbol, Role ink, Role ground)
+void Chip::show(const QString &text, const QString &symbol, Role ink, Role background)
 {
     m_text = text;
     m_symbol = symbol;
     m_ink = ink;
-    m_ground = ground;
+    m_background = background;
     setAccessibleName(text);
     updateGeometry();
     update();
@@ -75,8 +75,8 @@ QSize Chip::sizeHint() const
 void Chip::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    const QColor line = m_ground == Role::Card ? themeColor(Role::Line) : QColor(Qt::transparent);
-    Drawing::panel(painter, rect(), height() / 2.0, themeColor(m_ground), line);
+    const QColor line = m_background == Role::Card ? themeColor(Role::Line) : QColor(Qt::transparent);
+    Drawing::panel(painter, rect(), height() / 2.0, themeColor(m_background), line);
     qreal left = padding();
     if (!m_symbol.isEmpty()) {
         Symbols::draw(painter, m_symbol, {left, (height() - 16) / 2.0, 16, 16}, themeColor(m_ink));

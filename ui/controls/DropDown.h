@@ -9,7 +9,7 @@
 namespace ardeno {
 
 // One of several options, chosen from a menu, with the arrow keys or by the letter that it begins with.
-class Choice final : public QAbstractButton {
+class DropDown final : public QAbstractButton {
 public:
     enum class Apart { No, Yes };
 
@@ -20,7 +20,7 @@ public:
     };
 
     // The name says what is chosen.
-    explicit Choice(const QString &name, QWidget *parent = nullptr);
+    explicit DropDown(const QString &name, QWidget *parent = nullptr);
 
     void setOptions(const QList<Option> &options);
     // Does not call the handler. Of an unknown value nothing is shown.

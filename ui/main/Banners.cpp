@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/main/Strips.h"
+#include "ui/main/Banners.h"
 
 #include "store/Subjects.h"
 #include "ui/checkpoint/ResumeShortfallCard.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/FadeIn.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/ScrollColumn.h"
 #include "ui/controls/Sheet.h"
+#include "ui/controls/Surfaces.h"
 #include "ui/theme/Drawing.h"
 
 #include <QAccessible>
@@ -16,11 +16,11 @@
 
 namespace ardeno {
 
-void drawStrip(QWidget *strip, Role ground, Qt::Edge edge)
+void drawBanner(QWidget *strip, Role background, Qt::Edge edge)
 {
     QPainter painter(strip);
     painter.fillRect(strip->rect(), themeColor(Role::Paper));
-    painter.fillRect(strip->rect(), themeColor(ground));
+    painter.fillRect(strip->rect(), themeColor(background));
     Drawing::edge(painter, strip->rect(), edge, themeColor(Role::Line));
 }
 
@@ -58,7 +58,7 @@ UpdateBanner::UpdateBanner(Updates &updates, const Screens &screens, QWidget *pa
     Button *const close = makeClose(tr("Dismiss the update"));
     connect(close, &QAbstractButton::clicked, this, [this] { m_updates.dismissUpdate(); });
     row->addWidget(close);
-    m_observations.watch([this] { showUpdate(); }, updates.availableUpdate);
+    m_subscriptions.watch([this] { showUpdate(); }, updates.availableUpdate);
 }
 
 void UpdateBanner::showUpdate()
@@ -70,7 +70,7 @@ void UpdateBanner::showUpdate()
 
 void UpdateBanner::paintEvent(QPaintEvent *)
 {
-    drawStrip(this, Role::AccentSoft, Qt::BottomEdge);
+    drawBanner(this, Role::AccentSoft, Qt::BottomEdge);
 }
 
 Sheet *makeUpdateDetailsSheet(const Screens &screens, const AppUpdateManifest &update)
@@ -100,8 +100,8 @@ Sheet *makeUpdateDetailsSheet(const Screens &screens, const AppUpdateManifest &u
     return sheet;
 }
 
-NoticeStrip::NoticeStrip(Messages &messages, const Navigation &navigation, const Library &library,
-                         const ResumeFlow &resumes, std::function<void()> showShortfall, QWidget *parent)
+NoticeBanner::NoticeBanner(Messages &messages, const Navigation &navigation, const Library &library,
+                           const ResumeFlow &resumes, std::function<void()> showShortfall, QWidget *parent)
     : QWidget(parent),
       m_messages(messages),
       m_navigation(navigation),
@@ -121,15 +121,15 @@ NoticeStrip::NoticeStrip(Messages &messages, const Navigation &navigation, const
     row->addWidget(close);
     m_expiry.setInterval(std::chrono::seconds(10));
     connect(&m_expiry, &QTimer::timeout, this, [this] { expire(); });
-    m_observations.watch([this] { showNotice(); }, messages.notice);
+    m_subscriptions.watch([this] { showNotice(); }, messages.notice);
 }
 
-void NoticeStrip::setPatience(std::chrono::milliseconds patience)
+void NoticeBanner::setPatience(std::chrono::milliseconds patience)
 {
     m_expiry.setInterval(patience);
 }
 
-void NoticeStrip::showNotice()
+void NoticeBanner::showNotice()
 {
     const bool isResume = m_messages.noticeSubject() == subjects::resume;
     const std::optional<QUuid> &shown = m_navigation.selection();
@@ -146,29 +146,29 @@ void NoticeStrip::showNotice()
     QAccessible::updateAccessibility(&said);
 }
 
-bool NoticeStrip::isHeld() const
+bool NoticeBanner::isHeld() const
 {
     const SheetHost *const host = SheetHost::of(this);
     const bool isSeen = isVisible() && !window()->isMinimized() && !(host && host->isCovering());
     return !isSeen || underMouse() || isAncestorOf(window()->focusWidget());
 }
 
-void NoticeStrip::expire()
+void NoticeBanner::expire()
 {
     if (!isHeld())
         m_messages.dismissNotice();
 }
 
-void NoticeStrip::leaveEvent(QEvent *event)
+void NoticeBanner::leaveEvent(QEvent *event)
 {
     QWidget::leaveEvent(event);
     if (m_messages.notice())
         m_expiry.start();
 }
 
-void NoticeStrip::paintEvent(QPaintEvent *)
+void NoticeBanner::paintEvent(QPaintEvent *)
 {
-    drawStrip(this, Role::SageSoft, Qt::TopEdge);
+    drawBanner(this, Role::SageSoft, Qt::TopEdge);
 }
 
 NewsletterPrompt::NewsletterPrompt(Newsletter &newsletter, const Screens &screens, QWidget *parent)
@@ -192,13 +192,13 @@ NewsletterPrompt::NewsletterPrompt(Newsletter &newsletter, const Screens &screen
     row->addWidget(join);
     // Without a page to open there is nothing to ask.
     const bool canJoin = static_cast<bool>(screens.openNewsletter);
-    m_observations.watch([this, canJoin] { setVisible(canJoin && m_newsletter.showNewsletterPrompt()); },
-                         newsletter.showNewsletterPrompt);
+    m_subscriptions.watch([this, canJoin] { setVisible(canJoin && m_newsletter.showNewsletterPrompt()); },
+                          newsletter.showNewsletterPrompt);
 }
 
 void NewsletterPrompt::paintEvent(QPaintEvent *)
 {
-    drawStrip(this, Role::AccentSoft, Qt::TopEdge);
+    drawBanner(this, Role::AccentSoft, Qt::TopEdge);
 }
 
 } // namespace ardeno

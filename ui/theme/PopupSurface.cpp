@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/theme/PopupGround.h"
+#include "ui/theme/PopupSurface.h"
 
 #include "ui/theme/Drawing.h"
 
@@ -38,23 +38,23 @@ QRect within(QRect rect, const QRect &room)
 
 } // namespace
 
-PopupGround::PopupGround(QWidget *popup) : QObject(popup), m_popup(popup), m_isTip(popup->inherits("QTipLabel"))
+PopupSurface::PopupSurface(QWidget *popup) : QObject(popup), m_popup(popup), m_isTip(popup->inherits("QTipLabel"))
 {
     popup->installEventFilter(this);
 }
 
-PopupGround &PopupGround::of(QWidget *popup)
+PopupSurface &PopupSurface::of(QWidget *popup)
 {
-    auto *ground = popup->findChild<PopupGround *>({}, Qt::FindDirectChildrenOnly);
-    return ground ? *ground : *new PopupGround(popup);
+    auto *background = popup->findChild<PopupSurface *>({}, Qt::FindDirectChildrenOnly);
+    return background ? *background : *new PopupSurface(popup);
 }
 
-int PopupGround::margin() const
+int PopupSurface::margin() const
 {
     return m_isTip ? tipMargin : menuMargin;
 }
 
-void PopupGround::place()
+void PopupSurface::place()
 {
     const QWidget *const below = windowBelow(m_popup);
     const QRect asked = m_popup->geometry().translated(-margin(), m_isTip ? 0 : -margin());
@@ -67,7 +67,7 @@ void PopupGround::place()
     m_isPlacing = false;
 }
 
-void PopupGround::takeBackdrop()
+void PopupSurface::takeBackdrop()
 {
     QWidget *const below = windowBelow(m_popup);
     const QRect area = below ? QRect(below->mapFromGlobal(m_popup->pos()), m_popup->size()) : QRect();
@@ -83,7 +83,7 @@ void PopupGround::takeBackdrop()
     m_popup->update();
 }
 
-bool PopupGround::eventFilter(QObject *watched, QEvent *event)
+bool PopupSurface::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isMove = event->type() == QEvent::Move && m_popup->isVisible();
     const bool isResize = event->type() == QEvent::Resize && m_popup->isVisible();
@@ -95,7 +95,7 @@ bool PopupGround::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-void PopupGround::paint(QPainter &painter) const
+void PopupSurface::paint(QPainter &painter) const
 {
     const QRect panel = m_popup->rect() - (QMargins() + margin());
     const qreal radius = m_isTip ? tipRadius : menuRadius;

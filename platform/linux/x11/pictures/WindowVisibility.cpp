@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/x11/pictures/WindowChoice.h"
+#include "platform/linux/x11/pictures/WindowVisibility.h"
 
 #include "platform/linux/running/ProcessFacts.h"
 #include "platform/linux/x11/pictures/ServerGrab.h"
@@ -126,7 +126,7 @@ Clients clientsOf(const QHash<xcb_window_t, WindowOwner> &owners)
 
 } // namespace
 
-void WindowChoice::leaveOutStrangers(const QList<TopLevel> &windows, const std::function<bool(xcb_window_t)> &isNew)
+void WindowVisibility::leaveOutStrangers(const QList<TopLevel> &windows, const std::function<bool(xcb_window_t)> &isNew)
 {
     for (const TopLevel &window : windows) {
         if (knows(window.id) && !isNew(window.id))
@@ -138,21 +138,21 @@ void WindowChoice::leaveOutStrangers(const QList<TopLevel> &windows, const std::
 
 // A compositing manager shows windows for a while after
 // they have gone, so there it is enough that there might have been one.
-bool mayShowLeftOut(const WindowChoice &choice, const QList<TopLevel> &windows, const Exclusion &exclusion)
+bool mayShowLeftOut(const WindowVisibility &visibility, const QList<TopLevel> &windows, const Exclusion &exclusion)
 {
-    const bool lingers = choice.isComposited;
+    const bool lingers = visibility.isComposited;
     if (lingers && !exclusion.appIDs.isEmpty())
         return true;
     return std::any_of(windows.cbegin(), windows.cend(), [&](const TopLevel &window) {
-        return (window.isViewable || lingers) && choice.leftOut.contains(window.id);
+        return (window.isViewable || lingers) && visibility.leftOut.contains(window.id);
     });
 }
 
-WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entries, const QList<TopLevel> &windows,
-                           const Exclusion &exclusion)
+WindowVisibility chooseWindows(const X11Connection &connection, DesktopEntries &entries, const QList<TopLevel> &windows,
+                               const Exclusion &exclusion)
 {
     Q_ASSERT(!ServerGrab::isHeld());
-    WindowChoice choice;
+    WindowVisibility visibility;
     Clients clients;
     if (exclusion.appIDs.isEmpty()) {
         clients = clientsOf(connection, windows);
@@ -161,19 +161,19 @@ WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entr
         const auto owners = WindowOwners(connection, entries).owners(numbersOf(windows));
         for (auto owner = owners.cbegin(); owner != owners.cend(); ++owner) {
             if (owner->isExcluded || isAlwaysLeftOut(*owner, exclusion))
-                choice.leftOut.insert(owner.key());
+                visibility.leftOut.insert(owner.key());
         }
         clients = clientsOf(owners);
     }
-    choice.leftOut += ownWindows(connection, clients);
+    visibility.leftOut += ownWindows(connection, clients);
     for (const TopLevel &window : windows) {
-        if (!choice.leftOut.contains(window.id))
-            choice.allowed.insert(window.id);
+        if (!visibility.leftOut.contains(window.id))
+            visibility.allowed.insert(window.id);
     }
-    choice.isComposited = hasCompositingManager(connection);
-    if (choice.isComposited)
-        choice.hidden = hiddenWindows(connection, viewableOf(windows), clients);
-    return choice;
+    visibility.isComposited = hasCompositingManager(connection);
+    if (visibility.isComposited)
+        visibility.hidden = hiddenWindows(connection, viewableOf(windows), clients);
+    return visibility;
 }
 
 } // namespace ardeno

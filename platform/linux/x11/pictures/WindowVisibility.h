@@ -16,7 +16,7 @@
 namespace ardeno {
 
 // Which top-level windows a picture shows.
-struct WindowChoice {
+struct WindowVisibility {
     QSet<xcb_window_t> allowed = {};
     QSet<xcb_window_t> leftOut = {}; // The program's own and those of excluded applications.
     QSet<xcb_window_t> hidden = {};  // Mapped, but not shown by the compositing manager (minimised, other desktops).
@@ -38,10 +38,10 @@ struct Exclusion {
 
 // Judges these windows, mapped or not. The owners are asked for only when an application is excluded. Reads files, and
 // so never while the server is grabbed: a disk that does not answer would stop the whole screen.
-WindowChoice chooseWindows(const X11Connection &connection, DesktopEntries &entries, const QList<TopLevel> &windows,
-                           const Exclusion &exclusion);
+WindowVisibility chooseWindows(const X11Connection &connection, DesktopEntries &entries, const QList<TopLevel> &windows,
+                               const Exclusion &exclusion);
 
 // Whether the screen may show something of these windows that must be left out.
-bool mayShowLeftOut(const WindowChoice &choice, const QList<TopLevel> &windows, const Exclusion &exclusion);
+bool mayShowLeftOut(const WindowVisibility &visibility, const QList<TopLevel> &windows, const Exclusion &exclusion);
 
 } // namespace ardeno

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/window/Successor.h"
+#include "app/window/Relaunch.h"
 
 #include "support/Failure.h"
 
@@ -14,7 +14,7 @@ constexpr auto argument = "--in-place-of";
 
 } // namespace
 
-QCoro::Task<qint64> Successor::start()
+QCoro::Task<qint64> Relaunch::start()
 {
     qint64 process = 0;
     const QStringList arguments{argument, QString::number(QCoreApplication::applicationPid())};
@@ -23,7 +23,7 @@ QCoro::Task<qint64> Successor::start()
     co_return process;
 }
 
-std::optional<qint64> Successor::predecessor(const QStringList &arguments)
+std::optional<qint64> Relaunch::predecessor(const QStringList &arguments)
 {
     const qsizetype at = arguments.indexOf(argument);
     bool isNumber = false;

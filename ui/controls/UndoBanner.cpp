@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/controls/UndoStrip.h"
+#include "ui/controls/UndoBanner.h"
 
 #include "ui/controls/Button.h"
 #include "ui/controls/Label.h"
@@ -8,18 +8,18 @@
 
 namespace ardeno {
 
-UndoStrip::UndoStrip(std::function<void()> undo)
+UndoBanner::UndoBanner(std::function<void()> undo)
     : Card(nullptr, Role::AccentSoft, Role::AccentSoft, 8), m_text(new LineLabel)
 {
     auto *row = makeRow(10, this);
     row->setContentsMargins(12, 4, 12, 4);
     row->addWidget(m_text, 1);
-    auto *button = new Button(QCoreApplication::translate("ardeno::UndoStrip", "Undo"), Button::Kind::Link);
+    auto *button = new Button(QCoreApplication::translate("ardeno::UndoBanner", "Undo"), Button::Kind::Link);
     connect(button, &QAbstractButton::clicked, this, std::move(undo));
     row->addWidget(button);
 }
 
-void UndoStrip::showEvent(QShowEvent *event)
+void UndoBanner::showEvent(QShowEvent *event)
 {
     QSizePolicy policy = sizePolicy();
     policy.setRetainSizeWhenHidden(true);
@@ -27,7 +27,7 @@ void UndoStrip::showEvent(QShowEvent *event)
     Card::showEvent(event);
 }
 
-void UndoStrip::setText(const QString &text)
+void UndoBanner::setText(const QString &text)
 {
     m_text->setText(text);
 }

@@ -9,9 +9,9 @@
 namespace ardeno {
 
 // What is to be known until it is dismissed, a strip each: the newest three at a time.
-class RemarkStrips final : public QWidget {
+class RemarkBanners final : public QWidget {
 public:
-    RemarkStrips(Messages &messages, Applications &applications, SessionFlow &sessions, QWidget *parent = nullptr);
+    RemarkBanners(Messages &messages, Applications &applications, SessionFlow &sessions, QWidget *parent = nullptr);
 
 private:
     void showRemarks();
@@ -19,7 +19,7 @@ private:
     Messages &m_messages;
     Applications &m_applications;
     SessionFlow &m_sessions;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

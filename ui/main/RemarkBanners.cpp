@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/main/RemarkStrips.h"
+#include "ui/main/RemarkBanners.h"
 
 #include "ui/controls/Button.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
-#include "ui/main/Strips.h"
+#include "ui/controls/Surfaces.h"
+#include "ui/main/Banners.h"
 
 #include <QAccessible>
 #include <QCoreApplication>
@@ -17,7 +17,7 @@ namespace ardeno {
 namespace {
 
 struct RemarkTexts final {
-    Q_DECLARE_TR_FUNCTIONS(ardeno::RemarkStrips)
+    Q_DECLARE_TR_FUNCTIONS(ardeno::RemarkBanners)
 };
 
 // Names have any length; the window keeps its room.
@@ -27,9 +27,9 @@ QString shortened(const QString &sentence)
     return sentence.size() <= most ? sentence : sentence.first(most - 1) + u'…';
 }
 
-class RemarkStrip final : public QWidget {
+class RemarkBanner final : public QWidget {
 public:
-    RemarkStrip(Messages &messages, Applications &applications, SessionFlow &sessions, const Remark &remark)
+    RemarkBanner(Messages &messages, Applications &applications, SessionFlow &sessions, const Remark &remark)
     {
         QHBoxLayout *const row = makeStripRow(this);
         row->addWidget(new SymbolView("exclamationmark.circle", Role::AccentText));
@@ -46,7 +46,7 @@ public:
     }
 
 protected:
-    void paintEvent(QPaintEvent *) override { drawStrip(this, Role::AccentSoft, Qt::TopEdge); }
+    void paintEvent(QPaintEvent *) override { drawBanner(this, Role::AccentSoft, Qt::TopEdge); }
 
 private:
     void addAction(QHBoxLayout *row, const QString &text, const std::function<void()> &act)
@@ -59,14 +59,14 @@ private:
 
 } // namespace
 
-RemarkStrips::RemarkStrips(Messages &messages, Applications &applications, SessionFlow &sessions, QWidget *parent)
+RemarkBanners::RemarkBanners(Messages &messages, Applications &applications, SessionFlow &sessions, QWidget *parent)
     : QWidget(parent), m_messages(messages), m_applications(applications), m_sessions(sessions)
 {
     makeColumn(0, this);
-    m_observations.watch([this] { showRemarks(); }, messages.remarks);
+    m_subscriptions.watch([this] { showRemarks(); }, messages.remarks);
 }
 
-void RemarkStrips::showRemarks()
+void RemarkBanners::showRemarks()
 {
     constexpr qsizetype most = 3; // What is below has its place, too; who dismisses one sees the next.
     const bool hadFocus = isAncestorOf(window()->focusWidget());
@@ -75,7 +75,7 @@ void RemarkStrips::showRemarks()
     qDeleteAll(findChildren<QWidget *>(Qt::FindDirectChildrenOnly));
     const QList<Remark> newest = all.last(std::min(all.size(), most));
     for (const Remark &remark : newest) {
-        auto *strip = new RemarkStrip(m_messages, m_applications, m_sessions, remark);
+        auto *strip = new RemarkBanner(m_messages, m_applications, m_sessions, remark);
         layout()->addWidget(strip);
         QAccessibleEvent said(strip, QAccessible::Alert);
         QAccessible::updateAccessibility(&said);

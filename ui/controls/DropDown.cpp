@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/controls/Choice.h"
+#include "ui/controls/DropDown.h"
 
 #include "support/Text.h"
 #include "ui/controls/Menu.h"
@@ -23,7 +23,7 @@ constexpr int mostMenuWidth = 420;
 
 } // namespace
 
-Choice::Choice(const QString &name, QWidget *parent) : QAbstractButton(parent), m_name(name)
+DropDown::DropDown(const QString &name, QWidget *parent) : QAbstractButton(parent), m_name(name)
 {
     setFont(AppTheme::instance().font(TextStyle::Body));
     setFocusPolicy(Qt::StrongFocus);
@@ -32,7 +32,7 @@ Choice::Choice(const QString &name, QWidget *parent) : QAbstractButton(parent), 
     connect(this, &QAbstractButton::clicked, this, [this] { openMenu(); });
 }
 
-void Choice::setOptions(const QList<Option> &options)
+void DropDown::setOptions(const QList<Option> &options)
 {
     m_options = options;
     m_current = std::min(m_current, options.size() - 1);
@@ -40,7 +40,7 @@ void Choice::setOptions(const QList<Option> &options)
     showCurrent();
 }
 
-void Choice::setCurrent(const QVariant &value)
+void DropDown::setCurrent(const QVariant &value)
 {
     const auto found =
         std::find_if(m_options.begin(), m_options.end(), [&](const Option &option) { return option.value == value; });
@@ -48,19 +48,19 @@ void Choice::setCurrent(const QVariant &value)
     showCurrent();
 }
 
-QVariant Choice::current() const
+QVariant DropDown::current() const
 {
     return m_current < 0 ? QVariant() : m_options.at(m_current).value;
 }
 
-void Choice::showCurrent()
+void DropDown::showCurrent()
 {
     setText(m_current < 0 ? QString() : m_options.at(m_current).text.simplified());
     setAccessibleName(text().isEmpty() ? m_name : m_name + ": " + text());
     update();
 }
 
-void Choice::choose(qsizetype index)
+void DropDown::choose(qsizetype index)
 {
     if (index < 0 || index >= m_options.size() || index == m_current)
         return;
@@ -70,7 +70,7 @@ void Choice::choose(qsizetype index)
         m_chosen(current());
 }
 
-QSize Choice::sizeHint() const
+QSize DropDown::sizeHint() const
 {
     const QFontMetricsF metrics(font());
     qreal widest = 60;
@@ -80,12 +80,12 @@ QSize Choice::sizeHint() const
     return {static_cast<int>(std::ceil(width)), std::max(32, static_cast<int>(std::ceil(metrics.height())) + 12)};
 }
 
-QSize Choice::minimumSizeHint() const
+QSize DropDown::minimumSizeHint() const
 {
     return {120, sizeHint().height()};
 }
 
-void Choice::openMenu()
+void DropDown::openMenu()
 {
     QMenu *const menu = makeMenu(this);
     auto *group = new QActionGroup(menu);
@@ -105,7 +105,7 @@ void Choice::openMenu()
     menu->setActiveAction(group->checkedAction());
 }
 
-void Choice::keyPressEvent(QKeyEvent *event)
+void DropDown::keyPressEvent(QKeyEvent *event)
 {
     switch (event->key()) {
     case Qt::Key_Up:
@@ -125,7 +125,7 @@ void Choice::keyPressEvent(QKeyEvent *event)
     }
 }
 
-bool Choice::chooseNext(const QString &letter)
+bool DropDown::chooseNext(const QString &letter)
 {
     if (letter.size() != 1 || !letter.front().isLetterOrNumber())
         return false;
@@ -140,7 +140,7 @@ bool Choice::chooseNext(const QString &letter)
     return true;
 }
 
-void Choice::paintEvent(QPaintEvent *)
+void DropDown::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     Drawing::field(painter, rect(), hasFocus());

@@ -12,7 +12,7 @@ namespace ardeno {
 // What a menu or a tooltip stands on: a rounded panel with its shadow, inside the window that it belongs to, whose own
 // picture is painted below the shadow. So nothing depends on a compositor. Where there is no room in that window, the
 // popup has the panel's outline and no shadow.
-class PopupGround final : public QObject {
+class PopupSurface final : public QObject {
     Q_OBJECT
 
 public:
@@ -21,7 +21,7 @@ public:
     static constexpr int tipMargin = 8;
 
     // The popup's own one, made when it is asked for first.
-    static PopupGround &of(QWidget *popup);
+    static PopupSurface &of(QWidget *popup);
 
     void paint(QPainter &painter) const;
 
@@ -29,7 +29,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    explicit PopupGround(QWidget *popup);
+    explicit PopupSurface(QWidget *popup);
 
     int margin() const;
     // So that the panel, not its shadow, is where the popup was asked for.

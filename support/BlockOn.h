@@ -42,7 +42,7 @@ QCoro::Task<void> deliver(QCoro::Task<T> task, TaskResult<T> *result)
 // Runs the event loop until the task is done and gives its result or throws what it threw: for commands and tests,
 // which have nothing else to do meanwhile.
 template <typename T>
-T finish(QCoro::Task<T> task)
+T blockOn(QCoro::Task<T> task)
 {
     detail::TaskResult<T> result;
     const QCoro::Task<void> delivery = detail::deliver(std::move(task), &result);

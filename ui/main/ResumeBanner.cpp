@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/main/ResumeStrip.h"
+#include "ui/main/ResumeBanner.h"
 
 #include "ui/controls/Button.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Progress.h"
-#include "ui/main/Strips.h"
+#include "ui/controls/Surfaces.h"
+#include "ui/main/Banners.h"
 
 #include <QAccessible>
 #include <QCoreApplication>
@@ -15,12 +15,12 @@ namespace ardeno {
 namespace {
 
 struct ResumeStripTexts final {
-    Q_DECLARE_TR_FUNCTIONS(ardeno::ResumeStrip)
+    Q_DECLARE_TR_FUNCTIONS(ardeno::ResumeBanner)
 };
 
 } // namespace
 
-ResumeStrip::ResumeStrip(ResumeFlow &resumes, const Library &library, QWidget *parent)
+ResumeBanner::ResumeBanner(ResumeFlow &resumes, const Library &library, QWidget *parent)
     : QWidget(parent),
       m_resumes(resumes),
       m_library(library),
@@ -38,15 +38,15 @@ ResumeStrip::ResumeStrip(ResumeFlow &resumes, const Library &library, QWidget *p
     m_patience.setSingleShot(true);
     m_patience.setInterval(std::chrono::seconds(2));
     connect(&m_patience, &QTimer::timeout, this, [this] { appear(); });
-    m_observations.watch([this] { showProgress(); }, resumes.resuming);
+    m_subscriptions.watch([this] { showProgress(); }, resumes.resuming);
 }
 
-void ResumeStrip::setPatience(std::chrono::milliseconds patience)
+void ResumeBanner::setPatience(std::chrono::milliseconds patience)
 {
     m_patience.setInterval(patience);
 }
 
-QString ResumeStrip::sentence(const ResumeProgress &progress) const
+QString ResumeBanner::sentence(const ResumeProgress &progress) const
 {
     if (progress.isStopping)
         return ResumeStripTexts::tr("Stopping. What has begun still comes to its end.");
@@ -57,7 +57,7 @@ QString ResumeStrip::sentence(const ResumeProgress &progress) const
                : ResumeStripTexts::tr("Resuming “%1”. Waiting for %2.").arg(name, progress.awaited);
 }
 
-void ResumeStrip::showProgress()
+void ResumeBanner::showProgress()
 {
     const std::optional<ResumeProgress> &progress = m_resumes.resuming();
     if (!progress) {
@@ -72,16 +72,16 @@ void ResumeStrip::showProgress()
         m_patience.start();
 }
 
-void ResumeStrip::appear()
+void ResumeBanner::appear()
 {
     show();
     QAccessibleEvent said(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&said);
 }
 
-void ResumeStrip::paintEvent(QPaintEvent *)
+void ResumeBanner::paintEvent(QPaintEvent *)
 {
-    drawStrip(this, Role::AccentSoft, Qt::TopEdge);
+    drawBanner(this, Role::AccentSoft, Qt::TopEdge);
 }
 
 } // namespace ardeno

@@ -10,9 +10,9 @@ class QLabel;
 namespace ardeno {
 
 // Which project went to the archive or came from there, and the way back.
-class ArchivingStrip final : public QWidget {
+class ArchivingBanner final : public QWidget {
 public:
-    ArchivingStrip(ProjectOperations &projects, const Library &library, QWidget *parent = nullptr);
+    ArchivingBanner(ProjectOperations &projects, const Library &library, QWidget *parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -23,7 +23,7 @@ private:
     ProjectOperations &m_projects;
     const Library &m_library;
     QLabel *m_text;
-    Observations m_observations;
+    Subscriptions m_subscriptions;
 };
 
 } // namespace ardeno

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/main/ArchivingStrip.h"
+#include "ui/main/ArchivingBanner.h"
 
 #include "ui/controls/Button.h"
-#include "ui/controls/Ground.h"
 #include "ui/controls/Label.h"
-#include "ui/main/Strips.h"
+#include "ui/controls/Surfaces.h"
+#include "ui/main/Banners.h"
 
 #include <QAccessible>
 #include <QCoreApplication>
@@ -14,12 +14,12 @@ namespace ardeno {
 namespace {
 
 struct ArchivingTexts final {
-    Q_DECLARE_TR_FUNCTIONS(ardeno::ArchivingStrip)
+    Q_DECLARE_TR_FUNCTIONS(ardeno::ArchivingBanner)
 };
 
 } // namespace
 
-ArchivingStrip::ArchivingStrip(ProjectOperations &projects, const Library &library, QWidget *parent)
+ArchivingBanner::ArchivingBanner(ProjectOperations &projects, const Library &library, QWidget *parent)
     : QWidget(parent), m_projects(projects), m_library(library), m_text(makeParagraphOfLines(2))
 {
     QHBoxLayout *const row = makeStripRow(this);
@@ -31,10 +31,10 @@ ArchivingStrip::ArchivingStrip(ProjectOperations &projects, const Library &libra
     Button *const close = Button::makeIcon("xmark", ArchivingTexts::tr("Dismiss the message"));
     connect(close, &QAbstractButton::clicked, this, [this] { m_projects.dismissArchiving(); });
     row->addWidget(close);
-    m_observations.watch([this] { showArchiving(); }, projects.lastArchiving, library.projects);
+    m_subscriptions.watch([this] { showArchiving(); }, projects.lastArchiving, library.projects);
 }
 
-void ArchivingStrip::showArchiving()
+void ArchivingBanner::showArchiving()
 {
     const std::optional<Archiving> &last = m_projects.lastArchiving();
     setVisible(last.has_value());
@@ -54,9 +54,9 @@ void ArchivingStrip::showArchiving()
     QAccessible::updateAccessibility(&alert);
 }
 
-void ArchivingStrip::paintEvent(QPaintEvent *)
+void ArchivingBanner::paintEvent(QPaintEvent *)
 {
-    drawStrip(this, Role::AccentSoft, Qt::TopEdge);
+    drawBanner(this, Role::AccentSoft, Qt::TopEdge);
 }
 
 } // namespace ardeno
