@@ -15,7 +15,7 @@ enum class ExitStatus {
     Done = 0,
     Failed = 1, // The operation failed; the reason is on standard error.
     WrongUsage = 2,
-    NotAvailable = 3, // Not available in this session, or not in this version.
+    NotAvailable = 3, // Not available in this desktop session, or not in this version.
     // 128 and the number of a signal that came before anything was changed.
 };
 

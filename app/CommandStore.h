@@ -53,7 +53,7 @@ void reportAtStart(Output &out, const AppStore &store);
 // The one checkpoint whose identifier begins so; throws Failure when there is none or more than one.
 Checkpoint findCheckpoint(const AppStore &store, const QString &prefix);
 
-// A desktop for commands that only work on the library: it has none of the session's services.
+// A desktop for commands that only work on the library: it has none of the desktop session's services.
 Desktop libraryOnlyDesktop();
 
 // Prints the failure; the exit status that belongs to it.

@@ -3,10 +3,10 @@
 // JSON parser that is handed the text of the Firefox session already unpacked.
 #include "bench/Bench.h"
 #include "capture/BrowserTabs.h"
-#include "platform/linux/browsers/SessionTabs.h"
+#include "platform/linux/browsers/BrowserStateTabs.h"
 #include "support/BlockOn.h"
-#include "tests/platform/sessions/HistoryBytes.h"
-#include "tests/platform/sessions/SessionBytes.h"
+#include "tests/platform/browserstate/HistoryBytes.h"
+#include "tests/platform/browserstate/StateBytes.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -82,7 +82,7 @@ QByteArray firefoxText()
 }
 
 // Half of the titles are in the history only.
-QByteArray chromiumSession()
+QByteArray chromiumState()
 {
     Snss file;
     file.window(1);
@@ -160,10 +160,10 @@ int main(int argc, char **argv)
     write(folder.filePath("ff/sessionstore-backups/recovery.jsonlz4"), mozLz4(text));
     addProcess(folder, 1, "/usr/lib/firefox-esr/firefox-esr", write(folder.filePath("ff/.parentlock"), {}));
     addProcess(folder, 2, "/usr/lib/chromium/chromium",
-               write(folder.filePath("chromium/Default/Sessions/Session_1"), chromiumSession()));
+               write(folder.filePath("chromium/Default/Sessions/Session_1"), chromiumState()));
     writeHistory(folder.filePath("chromium/Default/History"));
 
-    SessionTabs source([] { return std::nullopt; }, {.processFolder = folder.filePath("proc")});
+    BrowserStateTabs source([] { return std::nullopt; }, {.processFolder = folder.filePath("proc")});
     const auto seconds = [&](const Browser &browser) {
         return secondsOf([&] {
             const TabReport report = blockOn(source.openTabs(browser, {}));

@@ -23,7 +23,7 @@ struct Capability {
     bool operator==(const Capability &) const = default;
 };
 
-// What an operation throws that this session cannot do; commands turn it into exit status 3.
+// What an operation throws that this desktop session cannot do; commands turn it into exit status 3.
 inline constexpr auto notAvailableDomain = "NotAvailable";
 
 inline Failure notAvailable(const QString &reason)

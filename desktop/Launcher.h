@@ -56,7 +56,7 @@ public:
     virtual QCoro::Task<void> openApplication(QString appID, QStringList paths) = 0;
     // Files and folders with the application that the user has chosen for their kind. Throws Failure.
     virtual QCoro::Task<void> openPath(QString path) = 0;
-    // Shows folders, or files in their folders, in the session's file browser. Throws Failure.
+    // Shows folders, or files in their folders, in the desktop session's file browser. Throws Failure.
     virtual QCoro::Task<void> reveal(QString path) = 0;
     // Pages with a browser, or with the default one when there is no identifier; in a window of their own where the
     // browser can be asked for one, which is there when this returns. Throws Failure.

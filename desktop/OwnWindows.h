@@ -5,7 +5,7 @@
 
 namespace ardeno {
 
-// What this program asks of the session for windows of its own, which are named by the system's number. Where it cannot
+// What this program asks of the desktop session for windows of its own, which are named by the system's number. Where it cannot
 // be asked, nothing happens.
 class OwnWindows {
 public:

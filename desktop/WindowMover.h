@@ -11,7 +11,7 @@
 
 namespace ardeno {
 
-// An ordinary window of an application and no dialog, on any desktop of the session, minimised or not.
+// An ordinary window of an application and no dialog, on any desktop of the desktop session, minimised or not.
 struct MovableWindow {
     quint32 windowID = 0;
     QString applicationID = {}; // Empty when it is not known.

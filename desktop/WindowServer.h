@@ -12,7 +12,7 @@ namespace ardeno {
 
 // A connected display. Rectangles are in the desktop's global coordinates: points, origin top left, y downwards.
 struct Display {
-    quint32 id = 0;    // The same for the same monitor in every session.
+    quint32 id = 0;    // The same for the same monitor in every desktop session.
     QString name = {}; // What people call it; empty when it has no name.
     WindowRect bounds = {};
     WindowRect usableFrame = {}; // Without panels and docks.
@@ -35,7 +35,7 @@ struct WindowInfo {
     bool operator==(const WindowInfo &) const = default;
 };
 
-// The windows and displays of the session. All functions answer at once, on the main thread.
+// The windows and displays of the desktop session. All functions answer at once, on the main thread.
 class WindowServer {
 public:
     virtual ~WindowServer() = default;

@@ -67,7 +67,7 @@ struct ApplicationMarks {
     }
 };
 
-// The applications of the user's session. Used on the main thread; all functions answer at once.
+// The applications of the user's desktop session. Used on the main thread; all functions answer at once.
 class Workspace {
 public:
     virtual ~Workspace() = default;

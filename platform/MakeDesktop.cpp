@@ -5,7 +5,7 @@
 #include "platform/linux/applications/DesktopEntries.h"
 #include "platform/linux/applications/LinuxMailProgram.h"
 #include "platform/linux/applications/LinuxRoles.h"
-#include "platform/linux/browsers/SessionTabs.h"
+#include "platform/linux/browsers/BrowserStateTabs.h"
 #include "platform/linux/documents/ShownLocations.h"
 #include "platform/linux/files/LinuxFiles.h"
 #include "platform/linux/running/ProcessEnd.h"
@@ -44,7 +44,7 @@ bool isWaylandSession()
     return qgetenv("XDG_SESSION_TYPE").toLower() == "wayland" || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
-SessionFocus x11Focus(const std::shared_ptr<X11Connection> &connection, const std::shared_ptr<DesktopEntries> &entries)
+DesktopFocus x11Focus(const std::shared_ptr<X11Connection> &connection, const std::shared_ptr<DesktopEntries> &entries)
 {
     return {.liveWindows = x11LiveWindows(connection, entries),
             .activeWindow = [connection] { return X11Messages::activeWindow(*connection); },
@@ -68,7 +68,7 @@ Desktop makeX11Desktop()
     desktop.screenRecorder = std::make_unique<X11ScreenRecorder>(desktop.roles.ownID, keeper, entries);
     desktop.screenAccess = std::make_unique<X11ScreenAccess>();
     const LiveWindowList windows = x11LiveWindows(connection, entries);
-    desktop.tabSource = std::make_unique<SessionTabs>(windows);
+    desktop.tabSource = std::make_unique<BrowserStateTabs>(windows);
     desktop.fileBrowser = std::make_unique<LinuxFileBrowser>(windows, desktop.roles.fileBrowserIDs);
     desktop.documents = std::make_unique<LinuxDocuments>(windows, desktop.roles.fileBrowserIDs);
     desktop.files = std::make_unique<LinuxFiles>();

@@ -7,7 +7,7 @@
 
 namespace ardeno {
 
-// The desktop of this session, chosen from the environment: X11, or the null desktop with the reason why there is
+// The desktop of this desktop session, chosen from the environment: X11, or the null desktop with the reason why there is
 // none. Never fails.
 Desktop makeDesktop();
 

@@ -15,6 +15,7 @@ struct UndoKeys : WindowFixture {
     UndoKeys()
     {
         hasSheets = true;
+        hasSettings = true;
     }
 
     Checkpoint openCheckpoint()

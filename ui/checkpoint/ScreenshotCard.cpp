@@ -109,7 +109,6 @@ QWidget *ScreenshotCard::makeAdding()
 void ScreenshotCard::showAdding()
 {
     const bool isAdding = m_parts.screenshots.addingPictures().contains(m_id);
-    m_choose->setEnabled(!isAdding);
     if (!isAdding) {
         m_patience.stop();
         m_adding->hide();

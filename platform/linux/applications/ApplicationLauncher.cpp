@@ -46,7 +46,7 @@ QCoro::Task<QString> handlerOf(const QString &path)
 
 } // namespace
 
-ApplicationLauncher::ApplicationLauncher(std::shared_ptr<DesktopEntries> entries, SessionFocus focus)
+ApplicationLauncher::ApplicationLauncher(std::shared_ptr<DesktopEntries> entries, DesktopFocus focus)
     : m_entries(std::move(entries)),
       m_liveWindows(focus.liveWindows),
       m_finder(focus.liveWindows),

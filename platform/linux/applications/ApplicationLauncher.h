@@ -16,7 +16,7 @@ namespace ardeno {
 // Opens applications by their desktop files and keeps the focus where it is.
 class ApplicationLauncher final : public Launcher {
 public:
-    ApplicationLauncher(std::shared_ptr<DesktopEntries> entries, SessionFocus focus);
+    ApplicationLauncher(std::shared_ptr<DesktopEntries> entries, DesktopFocus focus);
 
     Capability availability() const override { return Capability::available(); }
 

@@ -54,7 +54,7 @@ class DesktopEntries final {
 public:
     DesktopEntries();
     explicit DesktopEntries(std::shared_ptr<RememberedTraces> remembered);
-    // With the desktop files of these folders instead of the session's, in falling precedence.
+    // With the desktop files of these folders instead of the desktop session's, in falling precedence.
     explicit DesktopEntries(QStringList roots,
                             std::shared_ptr<RememberedTraces> remembered = std::make_shared<RememberedTraces>());
     ~DesktopEntries();

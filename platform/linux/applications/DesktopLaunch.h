@@ -12,7 +12,7 @@
 
 #include <sys/types.h>
 
-// Starts programs. They get a session of their own, the home as their folder, nothing on their standard streams and no
+// Starts programs. They get a desktop session of their own, the home as their folder, nothing on their standard streams and no
 // other descriptor of this process, and no signal is ignored in them. All functions throw Failure and may wait for a
 // disk that does not answer, so they belong on a worker thread.
 namespace ardeno::DesktopLaunch {
@@ -29,7 +29,7 @@ Processes openAddresses(const DesktopEntry &entry, const QStringList &words);
 // The browser that the application is; absent when it is none that is known.
 std::optional<KnownBrowser> browserOf(const DesktopEntry &entry);
 
-// Shows the folder, or the file in its folder, in the session's file browser, and waits for its answer.
+// Shows the folder, or the file in its folder, in the desktop session's file browser, and waits for its answer.
 void showInFileBrowser(const QString &path);
 
 // The desktop files that the user has chosen for web addresses, and for the kind of a file or folder; empty when there

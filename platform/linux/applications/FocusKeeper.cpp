@@ -40,7 +40,7 @@ auto hasNumber(quint32 windowID)
 
 } // namespace
 
-FocusKeeper::FocusKeeper(SessionFocus session) : m_session(std::move(session))
+FocusKeeper::FocusKeeper(DesktopFocus session) : m_session(std::move(session))
 {
     m_watch.setInterval(focusInterval);
     QObject::connect(&m_watch, &QTimer::timeout, &m_watch, [this] { look(); });

@@ -14,8 +14,8 @@
 
 namespace ardeno {
 
-// What is needed of a session whose windows can be seen, to leave the user's focus where it is.
-struct SessionFocus {
+// What is needed of a desktop session whose windows can be seen, to leave the user's focus where it is.
+struct DesktopFocus {
     LiveWindowList liveWindows = {};
     std::function<quint32()> activeWindow = {}; // 0: none.
     std::function<void(quint32)> activate = {};
@@ -26,7 +26,7 @@ struct SessionFocus {
 // had it, unless the user has gone elsewhere meanwhile. Watches from the first application until all have settled.
 class FocusKeeper final {
 public:
-    explicit FocusKeeper(SessionFocus session);
+    explicit FocusKeeper(DesktopFocus session);
 
     // Before an application is started, while the focus is still where the user left it.
     void expect(const QString &appID);
@@ -65,7 +65,7 @@ private:
 
     bool isSettled() const { return m_expected.isEmpty() && !m_isReturning; }
 
-    SessionFocus m_session;
+    DesktopFocus m_session;
     QTimer m_watch;
     QList<Expected> m_expected = {};
     QSet<QString> m_started = {};

@@ -14,7 +14,7 @@ namespace ardeno {
 struct KnownBrowser {
     QString id = {};
     QString name = {};
-    std::optional<BrowserFamily> family = {}; // Absent: nothing reads its sessions.
+    std::optional<BrowserFamily> family = {}; // Absent: nothing reads its state.
 
     bool operator==(const KnownBrowser &) const = default;
 };

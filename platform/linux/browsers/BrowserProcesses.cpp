@@ -20,7 +20,7 @@ bool isHelper(const ProcessFacts &process)
            words.contains(" --headless");
 }
 
-bool isSessionFile(const QString &path)
+bool isStateFile(const QString &path)
 {
     static const QRegularExpression chromium(R"(/Sessions(_Encrypted)?/Session_\d+$)");
     return path.endsWith("/.parentlock") || chromium.match(path).hasMatch();
@@ -59,7 +59,7 @@ void BrowserProcesses::refresh(BrowserProcess &process)
     process.openFiles.clear();
     for (const QByteArray &target : descriptors.value_or(QMap<int, QByteArray>())) {
         const QString path = QFile::decodeName(target);
-        if (isSessionFile(path) && !process.openFiles.contains(path))
+        if (isStateFile(path) && !process.openFiles.contains(path))
             process.openFiles.append(path);
     }
     process.openFiles.sort();

@@ -18,7 +18,7 @@ struct BrowserProcess {
     qint32 id = 0;
     KnownBrowser browser = {};
     Date startedAt = {};
-    // Full paths of the session files that it is writing (Chromium family, one for each profile with ordinary windows)
+    // Full paths of the state files that it is writing (Chromium family, one for each profile with ordinary windows)
     // or of the lock in its profile (Firefox). What a process holds open cannot be stale, as a lock file in a profile
     // can.
     QStringList openFiles = {};
@@ -33,7 +33,7 @@ namespace BrowserProcesses {
 // The browser that a process is, one of its helpers included.
 std::optional<KnownBrowser> browserOf(qint32 processID);
 
-// Those of this user whose sessions can be read, in the order in which they were started.
+// Those of this user whose state can be read, in the order in which they were started.
 QList<BrowserProcess> running(const QString &processFolder = "/proc");
 
 // Looks again at the files that it has open.

@@ -22,14 +22,14 @@ struct Close {
 using Database = std::unique_ptr<sqlite3, Close>;
 using Statement = std::unique_ptr<sqlite3_stmt, Close>;
 
-bool hasTitle(const SessionTab &tab)
+bool hasTitle(const ListedTab &tab)
 {
     return !tab.title.isEmpty();
 }
 
-bool isComplete(const QList<SessionWindow> &windows)
+bool isComplete(const QList<ListedWindow> &windows)
 {
-    return std::all_of(windows.begin(), windows.end(), [](const SessionWindow &window) {
+    return std::all_of(windows.begin(), windows.end(), [](const ListedWindow &window) {
         return std::all_of(window.tabs.begin(), window.tabs.end(), hasTitle);
     });
 }
@@ -60,7 +60,7 @@ QString titleOf(const QString &url, sqlite3_stmt *statement)
 
 } // namespace
 
-void fillTitles(QList<SessionWindow> &windows, const QString &databasePath)
+void fillTitles(QList<ListedWindow> &windows, const QString &databasePath)
 {
     if (isComplete(windows) || !QFileInfo(databasePath).isFile())
         return;
@@ -70,8 +70,8 @@ void fillTitles(QList<SessionWindow> &windows, const QString &databasePath)
         sqlite3_prepare_v2(database.get(), "SELECT title FROM urls WHERE url = ?", -1, &prepared, nullptr) != SQLITE_OK)
         return;
     const Statement statement(prepared);
-    for (SessionWindow &window : windows) {
-        for (SessionTab &tab : window.tabs) {
+    for (ListedWindow &window : windows) {
+        for (ListedTab &tab : window.tabs) {
             if (!hasTitle(tab))
                 tab.title = titleOf(tab.url, statement.get());
         }

@@ -37,7 +37,7 @@ std::optional<QString> endingBehind(const QString &pageTitle, const QString &win
     return isPage ? std::optional(windowTitle.mid(end)) : std::nullopt;
 }
 
-bool showsTitle(const LiveWindow &live, const SessionTab &tab)
+bool showsTitle(const LiveWindow &live, const ListedTab &tab)
 {
     return endingBehind(shownTitle(tab), live.title).has_value();
 }
@@ -77,39 +77,39 @@ bool hasPlace(const WindowRect &rect, const WindowRect &written)
 }
 
 // Whatever was done with it since: the place of a window that is maximised or minimised is the one it comes back to.
-bool hasFrame(const LiveWindow &live, const SessionWindow &session)
+bool hasFrame(const LiveWindow &live, const ListedWindow &session)
 {
     return session.frame && session.frame->width > 0 &&
            (hasPlace(live.frame, *session.frame) || hasPlace(live.client, *session.frame));
 }
 
-bool isInPlace(const LiveWindow &live, const SessionWindow &session)
+bool isInPlace(const LiveWindow &live, const ListedWindow &session)
 {
     return live.isAtFrame && session.isAtFrame && hasFrame(live, session);
 }
 
-bool areBothPutAside(const LiveWindow &live, const SessionWindow &session)
+bool areBothPutAside(const LiveWindow &live, const ListedWindow &session)
 {
     return !live.isAtFrame && !session.isAtFrame;
 }
 
-bool showsPage(const LiveWindow &live, const SessionWindow &session)
+bool showsPage(const LiveWindow &live, const ListedWindow &session)
 {
     return session.selectedTab >= 0 && session.selectedTab < session.tabs.size() &&
            showsTitle(live, session.tabs[session.selectedTab]);
 }
 
 // The user may have turned to another of its pages since.
-bool hasPage(const LiveWindow &live, const SessionWindow &session)
+bool hasPage(const LiveWindow &live, const ListedWindow &session)
 {
     return std::any_of(session.tabs.begin(), session.tabs.end(),
-                       [&](const SessionTab &tab) { return showsTitle(live, tab); });
+                       [&](const ListedTab &tab) { return showsTitle(live, tab); });
 }
 
 // Pairs the windows of the session with live ones, the surest pairs first.
 class Pairing final {
 public:
-    Pairing(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
+    Pairing(const QList<ListedWindow> &session, const QList<LiveWindow> &live)
         : m_session(session), m_live(live), m_isKept(session.size()), m_isTaken(live.size())
     {
     }
@@ -118,7 +118,7 @@ public:
     void pairAll(bool areCurrent)
     {
         m_areCurrent = areCurrent;
-        pair([](const LiveWindow &a, const SessionWindow &b) { return isInPlace(a, b) && showsPage(a, b); });
+        pair([](const LiveWindow &a, const ListedWindow &b) { return isInPlace(a, b) && showsPage(a, b); });
         pair(isInPlace);
         pair(showsPage);
         pair(hasPage);
@@ -145,7 +145,7 @@ private:
         }
     }
 
-    const QList<SessionWindow> &m_session;
+    const QList<ListedWindow> &m_session;
     const QList<LiveWindow> &m_live;
     std::vector<bool> m_isKept;
     std::vector<bool> m_isTaken;
@@ -155,7 +155,7 @@ private:
 // Finds for windows of the session the only live one that fits, which fits no other one of those that are left.
 class Recognition final {
 public:
-    Recognition(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
+    Recognition(const QList<ListedWindow> &session, const QList<LiveWindow> &live)
         : m_session(session), m_left(live), m_found(session.size())
     {
     }
@@ -168,7 +168,7 @@ public:
             if (m_found[window] || std::count_if(m_left.begin(), m_left.end(), fitsWindow) != 1)
                 continue;
             const auto found = std::find_if(m_left.begin(), m_left.end(), fitsWindow);
-            if (hasRival(window, [&](const SessionWindow &other) { return fits(*found, other); }))
+            if (hasRival(window, [&](const ListedWindow &other) { return fits(*found, other); }))
                 continue;
             m_found[window] = *found;
             m_left.erase(found);
@@ -188,14 +188,14 @@ private:
         return false;
     }
 
-    const QList<SessionWindow> &m_session;
+    const QList<ListedWindow> &m_session;
     QList<LiveWindow> m_left;
     QList<std::optional<LiveWindow>> m_found;
 };
 
 } // namespace
 
-QString shownTitle(const SessionTab &tab)
+QString shownTitle(const ListedTab &tab)
 {
     if (!tab.title.isEmpty())
         return tab.title;
@@ -203,7 +203,7 @@ QString shownTitle(const SessionTab &tab)
     return scheme < 0 ? tab.url : tab.url.mid(scheme + 3);
 }
 
-QList<WindowFate> fates(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
+QList<WindowFate> fates(const QList<ListedWindow> &session, const QList<LiveWindow> &live)
 {
     Pairing pairing(session, live);
     pairing.pairAll(true);
@@ -216,18 +216,18 @@ QList<WindowFate> fates(const QList<SessionWindow> &session, const QList<LiveWin
     return fates;
 }
 
-QHash<quint32, ShownPage> shownPages(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
+QHash<quint32, ShownPage> shownPages(const QList<ListedWindow> &session, const QList<LiveWindow> &live)
 {
     QHash<quint32, ShownPage> pages;
     for (const LiveWindow &window : live) {
         const auto shown = std::find_if(session.begin(), session.end(),
-                                        [&](const SessionWindow &written) { return showsPage(window, written); });
+                                        [&](const ListedWindow &written) { return showsPage(window, written); });
         if (shown == session.end())
             continue;
         const QString name = shownTitle(shown->tabs[shown->selectedTab]);
         ShownPage page{.title = name + endingBehind(name, window.title).value_or(QString())};
-        for (const SessionWindow &written : session) {
-            for (const SessionTab &tab : written.tabs) {
+        for (const ListedWindow &written : session) {
+            for (const ListedTab &tab : written.tabs) {
                 if (showsTitle(window, tab))
                     page.addresses.append(tab.url);
             }
@@ -244,17 +244,17 @@ bool isMarkedPrivate(const QString &title)
     return title.contains(name) && !title.endsWith(name);
 }
 
-QList<std::optional<LiveWindow>> certainWindows(const QList<SessionWindow> &session, const QList<LiveWindow> &live)
+QList<std::optional<LiveWindow>> certainWindows(const QList<ListedWindow> &session, const QList<LiveWindow> &live)
 {
     Recognition recognition(session, live);
     recognition.recognise(
-        [](const LiveWindow &a, const SessionWindow &b) { return isInPlace(a, b) && showsPage(a, b); });
+        [](const LiveWindow &a, const ListedWindow &b) { return isInPlace(a, b) && showsPage(a, b); });
     recognition.recognise(isInPlace);
     recognition.recognise(showsPage);
     recognition.recognise(areBothPutAside);
     recognition.recognise(hasFrame);
     if (session.size() == live.size()) // The last of both are each other.
-        recognition.recognise([](const LiveWindow &, const SessionWindow &) { return true; });
+        recognition.recognise([](const LiveWindow &, const ListedWindow &) { return true; });
     return recognition.found();
 }
 

@@ -16,15 +16,15 @@ namespace ardeno {
 // own, whose tabs, windows and exclusion belong together.
 struct RunningBrowser {
     Browser browser = {};
-    QList<BrowserProcess> processes = {}; // In the order in which they were started; empty: nobody reads its sessions.
-    bool isReadWhole = true;              // False: it has windows of further processes, whose sessions nobody reads.
+    QList<BrowserProcess> processes = {}; // In the order in which they were started; empty: nobody reads its state.
+    bool isReadWhole = true;              // False: it has windows of further processes, whose state nobody reads.
 
     bool operator==(const RunningBrowser &) const = default;
 };
 
 namespace RunningBrowsers {
 
-// Those with a window on this desktop, each once; where windows are not shown, all whose sessions can be read.
+// Those with a window on this desktop, each once; where windows are not shown, all whose state can be read.
 QList<RunningBrowser> all(const std::optional<QList<LiveWindow>> &live, const QString &processFolder = "/proc");
 
 // The windows of the process. Those that tell no process go by the browser.

@@ -3,7 +3,7 @@
 
 #include "platform/linux/browsers/LiveWindows.h"
 #include "platform/linux/browsers/RunningBrowsers.h"
-#include "platform/linux/browsers/SessionReading.h"
+#include "platform/linux/browsers/StateReading.h"
 #include "platform/linux/files/SlowWork.h"
 #include "support/WebAddress.h"
 
@@ -92,7 +92,7 @@ private:
         for (auto saved = m_saved.begin(); saved != m_saved.end(); ++saved) {
             for (qsizetype i = 0; i < m_open.size(); ++i) {
                 QSet<QString> common;
-                for (const SessionTab &tab : m_open[i].window.tabs)
+                for (const ListedTab &tab : m_open[i].window.tabs)
                     common.insert(keyOf(tab.url));
                 common.intersect(saved->keys);
                 if (2 * common.size() > saved->keys.size())
@@ -145,11 +145,11 @@ bool WindowSearch::collect(const BrowserProcess &process, OpenWindows *open) con
 {
     QList<LiveWindow> own = RunningBrowsers::windowsOf(process, tab.browserID.value_or(QString()), live);
     own.removeIf([](const LiveWindow &window) { return window.isDialog; });
-    const BrowserSession session =
-        SessionReading::read(process, process.browser.family.value_or(BrowserFamily::Chromium));
+    const BrowserState session =
+        StateReading::read(process, process.browser.family.value_or(BrowserFamily::Chromium));
     if (session.unreadProfiles > 0)
         return false;
-    QList<SessionWindow> windows;
+    QList<ListedWindow> windows;
     const QList<WindowFate> all = fates(session.windows, own);
     for (qsizetype i = 0; i < session.windows.size(); ++i) {
         if (all[i] != WindowFate::Closed)

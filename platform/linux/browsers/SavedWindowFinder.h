@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/Launcher.h"
-#include "platform/linux/browsers/BrowserSession.h"
+#include "platform/linux/browsers/BrowserState.h"
 #include "platform/linux/running/LiveWindow.h"
 
 #include <QCoroTask>
@@ -14,7 +14,7 @@ namespace ardeno {
 // An ordinary window that is open, with the number that a capture would give it.
 struct NumberedWindow {
     qint64 number = 0;
-    SessionWindow window = {};
+    ListedWindow window = {};
 };
 
 // The index of the window that the tab was saved from: the one with the browser's own identifier, else the one with

@@ -55,7 +55,7 @@ struct Tab {
 };
 
 struct Window {
-    SessionWindow window = {};
+    ListedWindow window = {};
     std::vector<std::pair<qint32, qint32>> tabs = {}; // Index and identifier.
 };
 
@@ -116,7 +116,7 @@ private:
     bool m_hasInitialState = false;
 };
 
-void setBounds(SessionWindow &window, LittleEndian::Reader payload)
+void setBounds(ListedWindow &window, LittleEndian::Reader payload)
 {
     const auto x = payload.int32();
     const auto y = payload.int32();
@@ -143,7 +143,7 @@ void Replay::applyToWindow(quint8 command, LittleEndian::Reader payload)
         std::erase_if(m_tabs, [&](const auto &tab) { return tab.second.window == id; });
         return;
     }
-    SessionWindow &window = m_windows[id].window;
+    ListedWindow &window = m_windows[id].window;
     if (command == SetWindowBounds)
         setBounds(window, payload);
     else if (command == SetWindowApp)
@@ -216,7 +216,7 @@ void Replay::updateNavigation(LittleEndian::Reader payload)
 }
 
 // The page that the tab shows: the selected entry, else the next one, else the last.
-SessionTab shownPage(Tab &tab)
+ListedTab shownPage(Tab &tab)
 {
     auto entry = firstFrom(tab.navigations, tab.selectedNavigation);
     if (entry == tab.navigations.end() || tab.selectedNavigation < 0)
@@ -231,7 +231,7 @@ SnssReader::Session Replay::session()
         if (window != m_windows.end() && !tab.navigations.empty())
             window->second.tabs.emplace_back(tab.index, id);
     }
-    QList<SessionWindow> windows;
+    QList<ListedWindow> windows;
     for (auto &[id, each] : m_windows) {
         if (each.tabs.empty())
             continue;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/linux/browsers/BrowserSession.h"
+#include "platform/linux/browsers/BrowserState.h"
 
 #include <QByteArrayView>
 #include <QList>
@@ -14,11 +14,11 @@ namespace ardeno::SnssReader {
 
 // What a file says of the windows of its time.
 struct Session {
-    QList<SessionWindow> windows = {}; // Those that are open, in the order of their identifiers; without empty ones.
+    QList<ListedWindow> windows = {}; // Those that are open, in the order of their identifiers; without empty ones.
     QSet<QString> closed = {};         // The identifiers of those that were closed.
 };
 
-// Of a session file of the Chromium family. Absent when the bytes are no such file, an encrypted one, or do not hold a
+// Of a state file of the Chromium family. Absent when the bytes are no such file, an encrypted one, or do not hold a
 // whole initial state (the browser has only begun to write). Any bytes are survived; a damaged end is ignored.
 std::optional<Session> read(QByteArrayView file);
 

@@ -11,7 +11,7 @@
 
 namespace ardeno {
 
-// A window that exists now: on any desktop of the session, minimised or not.
+// A window that exists now: on any desktop of the desktop session, minimised or not.
 struct LiveWindow {
     std::optional<qint32> processID = {};
     QString applicationID = {}; // Empty when it is not known.
@@ -30,7 +30,7 @@ struct LiveWindow {
     bool operator==(const LiveWindow &) const = default;
 };
 
-// Answers all windows of the session, or nothing where the desktop does not show them. Called on the main thread.
+// Answers all windows of the desktop session, or nothing where the desktop does not show them. Called on the main thread.
 using LiveWindowList = std::function<std::optional<QList<LiveWindow>>()>;
 
 } // namespace ardeno

@@ -55,7 +55,7 @@ public:
     std::optional<QMap<int, QByteArray>> descriptors() const;
     // The desktop file it was launched by; not that of a parent whose environment it inherited.
     QString launchedDesktopFileID() const;
-    // The application that the session's manager started it for.
+    // The application that the desktop session's manager started it for.
     QString scopeApplicationID() const;
 
     // Whether this user runs a program of one of these names, itself or by an interpreter.

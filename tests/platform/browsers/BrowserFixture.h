@@ -2,7 +2,7 @@
 #pragma once
 
 #include "capture/BrowserTabs.h"
-#include "platform/linux/browsers/SessionTabs.h"
+#include "platform/linux/browsers/BrowserStateTabs.h"
 #include "platform/linux/x11/windows/WindowTree.h"
 #include "platform/linux/x11/windows/X11LiveWindows.h"
 #include "platform/linux/x11/windows/X11Windows.h"
@@ -30,7 +30,7 @@ struct BrowserFixture {
     desktop_test::PageServer server{folder.path()};
     std::shared_ptr<X11Connection> connection = std::make_shared<X11Connection>();
     LiveWindowList liveWindows = x11LiveWindows(connection, std::make_shared<DesktopEntries>());
-    SessionTabs source{liveWindows};
+    BrowserStateTabs source{liveWindows};
 
     // A browser that lives on would write into a folder that is being removed.
     ~BrowserFixture()

@@ -7,7 +7,7 @@
 
 namespace ardeno {
 
-// What tells a monitor from others in every session.
+// What tells a monitor from others in every desktop session.
 struct MonitorIdentity {
     QByteArray name = {}; // Of its connector or of the virtual monitor.
     QByteArray edid = {}; // Its own description; empty where it has none, as on virtual screens.

@@ -9,7 +9,7 @@
 
 namespace ardeno {
 
-// The applications' windows on all desktops of the session, minimised ones too.
+// The applications' windows on all desktops of the desktop session, minimised ones too.
 LiveWindowList x11LiveWindows(std::shared_ptr<X11Connection> connection, std::shared_ptr<DesktopEntries> entries);
 
 } // namespace ardeno

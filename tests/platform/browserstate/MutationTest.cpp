@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/browsers/FirefoxSession.h"
+#include "platform/linux/browsers/FirefoxState.h"
 #include "platform/linux/browsers/SnssReader.h"
 #include "tests/Printing.h"
-#include "tests/platform/sessions/SessionBytes.h"
+#include "tests/platform/browserstate/StateBytes.h"
 
 #include <random>
 
@@ -62,7 +62,7 @@ TEST_CASE("whatever happened to a Chromium session file, reading it is safe")
     Mutations mutations;
     qsizetype tabs = 0;
     for (int round = 0; round < rounds; ++round) {
-        for (const SessionWindow &window :
+        for (const ListedWindow &window :
              SnssReader::read(mutations.of(file.bytes())).value_or(SnssReader::Session()).windows)
             tabs += window.tabs.size();
     }
@@ -78,8 +78,8 @@ TEST_CASE("whatever happened to a Firefox session file, reading it is safe")
     Mutations mutations;
     qsizetype readable = 0;
     for (int round = 0; round < rounds; ++round) {
-        FirefoxSession::windows(mutations.of(file));
-        readable += FirefoxSession::windows(mozLz4(mutations.of(text))).has_value();
+        FirefoxState::windows(mutations.of(file));
+        readable += FirefoxState::windows(mozLz4(mutations.of(text))).has_value();
     }
     CHECK(readable > 0);
 }

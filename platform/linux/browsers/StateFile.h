@@ -11,12 +11,12 @@
 namespace ardeno {
 
 // A file that a browser may be writing.
-struct SessionFile {
+struct StateFile {
     QByteArray bytes = {};
     Date writtenAt = {};
 
-    // Absent when it cannot be read, is no ordinary file or is larger than any session.
-    static std::optional<SessionFile> read(const QString &path);
+    // Absent when it cannot be read, is no ordinary file or is larger than any state.
+    static std::optional<StateFile> read(const QString &path);
 };
 
 } // namespace ardeno

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/browsers/SessionReading.h"
+#include "platform/linux/browsers/StateReading.h"
 
-#include "platform/linux/browsers/ChromiumSession.h"
-#include "platform/linux/browsers/FirefoxSession.h"
+#include "platform/linux/browsers/ChromiumState.h"
+#include "platform/linux/browsers/FirefoxState.h"
 #include "platform/linux/files/SlowMounts.h"
 
 #include <QFile>
@@ -11,7 +11,7 @@
 
 namespace ardeno {
 
-BrowserSession SessionReading::read(const BrowserProcess &process, BrowserFamily family)
+BrowserState StateReading::read(const BrowserProcess &process, BrowserFamily family)
 {
     constexpr std::chrono::seconds timeForDisk(2);
     SlowMounts &mounts = SlowMounts::ofMachine();
@@ -19,9 +19,9 @@ BrowserSession SessionReading::read(const BrowserProcess &process, BrowserFamily
     const auto slow = std::find_if(process.openFiles.begin(), process.openFiles.end(), isSlow);
     const QString profile = slow == process.openFiles.end() ? process.facts.folder() : *slow;
     const auto question = [process, family] {
-        return family == BrowserFamily::Firefox ? FirefoxSession::read(process) : ChromiumSession::read(process);
+        return family == BrowserFamily::Firefox ? FirefoxState::read(process) : ChromiumState::read(process);
     };
-    const BrowserSession unread{.unreadProfiles = std::max<qsizetype>(process.openFiles.size(), 1)};
+    const BrowserState unread{.unreadProfiles = std::max<qsizetype>(process.openFiles.size(), 1)};
     return mounts.ask(QFile::encodeName(profile), question, timeForDisk).value_or(unread);
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/browsers/SessionTabs.h"
+#include "platform/linux/browsers/BrowserStateTabs.h"
 
 #include "platform/linux/browsers/LiveWindows.h"
 #include "platform/linux/browsers/RunningBrowsers.h"
-#include "platform/linux/browsers/SessionReading.h"
+#include "platform/linux/browsers/StateReading.h"
 #include "platform/linux/files/SlowWork.h"
 
 #include <QDeadlineTimer>
@@ -35,7 +35,7 @@ class Records final {
 public:
     Records(const Browser &browser, TabReport *report) : m_browser(browser), m_report(report) {}
 
-    void add(const QList<SessionWindow> &windows, const QList<WindowFate> &fates)
+    void add(const QList<ListedWindow> &windows, const QList<WindowFate> &fates)
     {
         for (qsizetype i = 0; i < windows.size(); ++i) {
             if (fates[i] == WindowFate::Closed)
@@ -52,13 +52,13 @@ public:
     const QString &text() const { return m_text; }
 
 private:
-    void add(const SessionWindow &window)
+    void add(const ListedWindow &window)
     {
         const QChar separator(TabRecords::fieldSeparator);
         QString start = QString::number(m_number) + separator;
         if (m_browser.family == BrowserFamily::Chromium)
             start += window.id.value_or(QString()) + separator;
-        for (const SessionTab &tab : window.tabs)
+        for (const ListedTab &tab : window.tabs)
             m_text +=
                 start + cleaned(tab.url) + separator + cleaned(shownTitle(tab)) + QChar(TabRecords::recordSeparator);
     }
@@ -72,38 +72,38 @@ private:
 } // namespace
 
 // What the work on a thread needs, all of it its own.
-struct SessionTabs::Reading {
+struct BrowserStateTabs::Reading {
     QList<RunningBrowser> browsers; // Those to be read.
     std::optional<QList<LiveWindow>> live;
     std::chrono::milliseconds patience;
 
-    BrowserSession written(BrowserProcess process, QDeadlineTimer end) const;
-    QList<WindowFate> fatesOf(const QList<SessionWindow> &windows, const RunningBrowser &running,
+    BrowserState written(BrowserProcess process, QDeadlineTimer end) const;
+    QList<WindowFate> fatesOf(const QList<ListedWindow> &windows, const RunningBrowser &running,
                               const BrowserProcess &process) const;
     QList<LiveWindow> ordinaryWindows(const RunningBrowser &running, const BrowserProcess &process) const;
     TabReport report(const RunningBrowser &running) const;
     BrowserWindows windows() const;
 };
 
-BrowserSession SessionTabs::Reading::written(BrowserProcess process, QDeadlineTimer end) const
+BrowserState BrowserStateTabs::Reading::written(BrowserProcess process, QDeadlineTimer end) const
 {
     constexpr unsigned long pause = 50; // Milliseconds.
     const BrowserFamily family = process.browser.family.value_or(BrowserFamily::Chromium);
-    BrowserSession session = SessionReading::read(process, family);
+    BrowserState session = StateReading::read(process, family);
     while (session.unreadProfiles > 0 && !end.hasExpired()) {
         QThread::msleep(pause);
         BrowserProcesses::refresh(process);
-        session = SessionReading::read(process, family);
+        session = StateReading::read(process, family);
     }
     return session;
 }
 
-QList<WindowFate> SessionTabs::Reading::fatesOf(const QList<SessionWindow> &windows, const RunningBrowser &running,
+QList<WindowFate> BrowserStateTabs::Reading::fatesOf(const QList<ListedWindow> &windows, const RunningBrowser &running,
                                                 const BrowserProcess &process) const
 {
     if (!live) {
         QList<WindowFate> listed;
-        for (const SessionWindow &window : windows)
+        for (const ListedWindow &window : windows)
             listed.append(window.isCurrent ? WindowFate::Open : WindowFate::Closed);
         return listed;
     }
@@ -111,7 +111,7 @@ QList<WindowFate> SessionTabs::Reading::fatesOf(const QList<SessionWindow> &wind
 }
 
 // The windows that the process may have written down.
-QList<LiveWindow> SessionTabs::Reading::ordinaryWindows(const RunningBrowser &running,
+QList<LiveWindow> BrowserStateTabs::Reading::ordinaryWindows(const RunningBrowser &running,
                                                         const BrowserProcess &process) const
 {
     QList<LiveWindow> own = RunningBrowsers::windowsOf(process, running.browser.id, *live);
@@ -120,7 +120,7 @@ QList<LiveWindow> SessionTabs::Reading::ordinaryWindows(const RunningBrowser &ru
     return own;
 }
 
-BrowserWindows SessionTabs::Reading::windows() const
+BrowserWindows BrowserStateTabs::Reading::windows() const
 {
     const QDeadlineTimer end(patience);
     BrowserWindows found;
@@ -134,14 +134,14 @@ BrowserWindows SessionTabs::Reading::windows() const
     return found;
 }
 
-TabReport SessionTabs::Reading::report(const RunningBrowser &running) const
+TabReport BrowserStateTabs::Reading::report(const RunningBrowser &running) const
 {
     const QDeadlineTimer end(patience);
     TabReport report{.isComplete = running.isReadWhole};
     Records records(running.browser, &report);
     qsizetype readProfiles = 0;
     for (const BrowserProcess &process : running.processes) {
-        const BrowserSession one = written(process, end);
+        const BrowserState one = written(process, end);
         const QList<WindowFate> fates = fatesOf(one.windows, running, process);
         readProfiles += one.readProfiles;
         report.isComplete = report.isComplete && one.unreadProfiles == 0;
@@ -150,17 +150,17 @@ TabReport SessionTabs::Reading::report(const RunningBrowser &running) const
         records.add(one.windows, fates);
     }
     if (readProfiles == 0 && (!report.isComplete || running.processes.isEmpty()))
-        throw Failure("SessionTabs", 1, u"The session of %1 could not be read."_qs.arg(running.browser.name));
+        throw Failure("BrowserStateTabs", 1, u"The session of %1 could not be read."_qs.arg(running.browser.name));
     report.records = records.text();
     return report;
 }
 
-SessionTabs::SessionTabs(LiveWindowList liveWindows, Options options)
+BrowserStateTabs::BrowserStateTabs(LiveWindowList liveWindows, Options options)
     : m_liveWindows(std::move(liveWindows)), m_options(std::move(options))
 {
 }
 
-QList<Browser> SessionTabs::furtherBrowsers()
+QList<Browser> BrowserStateTabs::furtherBrowsers()
 {
     QList<Browser> further = {{chromiumID, "Chromium", BrowserFamily::Chromium}};
     for (const RunningBrowser &running : reading({}).browsers) {
@@ -170,19 +170,19 @@ QList<Browser> SessionTabs::furtherBrowsers()
     return further;
 }
 
-Capability SessionTabs::availability(const QString &browserID) const
+Capability BrowserStateTabs::availability(const QString &browserID) const
 {
     return browserID == "com.apple.Safari" ? Capability::unavailable("This browser does not exist on Linux.")
                                            : Capability::available();
 }
 
-bool SessionTabs::isRunning(const QString &browserID)
+bool BrowserStateTabs::isRunning(const QString &browserID)
 {
     return !reading(browserID).browsers.isEmpty();
 }
 
 // Of one browser, or of all without an identifier.
-SessionTabs::Reading SessionTabs::reading(const QString &browserID) const
+BrowserStateTabs::Reading BrowserStateTabs::reading(const QString &browserID) const
 {
     Reading reading;
     reading.live = m_liveWindows ? m_liveWindows() : std::nullopt;
@@ -193,16 +193,16 @@ SessionTabs::Reading SessionTabs::reading(const QString &browserID) const
     return reading;
 }
 
-QCoro::Task<TabReport> SessionTabs::openTabs(Browser browser, QString)
+QCoro::Task<TabReport> BrowserStateTabs::openTabs(Browser browser, QString)
 {
     const Reading now = reading(browser.id);
     if (now.browsers.isEmpty())
-        throw Failure("SessionTabs", 2, u"%1 has ended."_qs.arg(browser.name));
+        throw Failure("BrowserStateTabs", 2, u"%1 has ended."_qs.arg(browser.name));
     const auto work = [now] { return now.report(now.browsers.first()); };
     co_return co_await SlowWork::withinDeadline(work, m_options.deadline, SlowWork::Kind::Tabs);
 }
 
-QCoro::Task<BrowserWindows> SessionTabs::browserWindows()
+QCoro::Task<BrowserWindows> BrowserStateTabs::browserWindows()
 {
     Reading now = reading({});
     now.patience = {};

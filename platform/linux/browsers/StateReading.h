@@ -3,11 +3,11 @@
 
 #include "desktop/TabSource.h"
 #include "platform/linux/browsers/BrowserProcesses.h"
-#include "platform/linux/browsers/BrowserSession.h"
+#include "platform/linux/browsers/BrowserState.h"
 
-namespace ardeno::SessionReading {
+namespace ardeno::StateReading {
 
 // What a running browser has written down. A profile whose disk does not answer counts as unread. For a worker thread.
-BrowserSession read(const BrowserProcess &process, BrowserFamily family);
+BrowserState read(const BrowserProcess &process, BrowserFamily family);
 
-} // namespace ardeno::SessionReading
+} // namespace ardeno::StateReading

@@ -9,7 +9,7 @@
 
 #include <initializer_list>
 
-// Builds session files as browsers write them.
+// Builds state files as browsers write them.
 namespace ardeno::sessions {
 
 template <typename T>
@@ -51,7 +51,7 @@ inline QByteArray pickle(const QByteArray &content)
     return number(static_cast<quint32>(content.size())) + content;
 }
 
-// A session file of the Chromium family, record by record.
+// A state file of the Chromium family, record by record.
 class Snss final {
 public:
     explicit Snss(qint32 version = 3) : m_bytes("SNSS" + number(version)) {}
@@ -90,7 +90,7 @@ private:
     QByteArray m_bytes;
 };
 
-// A session file of Firefox around a text; the difference is added to the size that it claims.
+// A state file of Firefox around a text; the difference is added to the size that it claims.
 inline QByteArray mozLz4(const QByteArray &text, int difference = 0)
 {
     QByteArray packed(LZ4_compressBound(static_cast<int>(text.size())), 0);

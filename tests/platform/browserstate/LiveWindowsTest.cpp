@@ -9,9 +9,9 @@ using namespace ardeno;
 
 namespace {
 
-SessionWindow session(const QString &title, const WindowRect &frame)
+ListedWindow session(const QString &title, const WindowRect &frame)
 {
-    SessionWindow window;
+    ListedWindow window;
     window.frame = frame;
     window.tabs = {{"http://h/" + title, title}};
     return window;
@@ -23,7 +23,7 @@ LiveWindow live(const QString &title, const WindowRect &frame)
 }
 
 // The titles of the windows with this fate.
-QStringList titles(WindowFate fate, const QList<SessionWindow> &session, const QList<LiveWindow> &live)
+QStringList titles(WindowFate fate, const QList<ListedWindow> &session, const QList<LiveWindow> &live)
 {
     const QList<WindowFate> all = fates(session, live);
     QStringList titles;
@@ -46,7 +46,7 @@ TEST_CASE("a window is closed only on proof, and else not known to be open")
     LiveWindow other = live("Secret - Chromium", {110, 110, 800, 600});
     CHECK(titles(Unknown, {session("A", place)}, {other}) == QStringList{"A"}); // Moved and turned to another page?
     CHECK(titles(Closed, {session("A", place)}, {}) == QStringList{"A"});
-    const QList<SessionWindow> two = {session("A", place), session("B", elsewhere)};
+    const QList<ListedWindow> two = {session("A", place), session("B", elsewhere)};
     const LiveWindow second = live("B - Chromium", elsewhere);
     CHECK(titles(Open, two, {other, second}) == QStringList{"B"});
     CHECK(titles(Unknown, two, {other, second}) == QStringList{"A"});
@@ -54,7 +54,7 @@ TEST_CASE("a window is closed only on proof, and else not known to be open")
 
     SUBCASE("where a maximised window says nothing of its place")
     {
-        SessionWindow maximised = session("A", place);
+        ListedWindow maximised = session("A", place);
         maximised.isAtFrame = false;
         CHECK(titles(Unknown, {maximised}, {other}) == QStringList{"A"});
         CHECK(titles(Open, {maximised}, {live("Z - Chromium", place)}) == QStringList{"A"});
@@ -77,7 +77,7 @@ TEST_CASE("a window is known by the title of one of its pages wherever it is")
     CHECK_FALSE(isKept("A", "B - A - Chromium"));
     CHECK_FALSE(isKept("A", "A - B - Chromium"));
     CHECK_FALSE(isKept("12:03", "12:03"));
-    SessionWindow window = session({}, place);
+    ListedWindow window = session({}, place);
     window.tabs = {{"http://127.0.0.1:80/x", {}}, {"http://h/", "Other"}};
     CHECK(titles(Open, {window}, {live("127.0.0.1:80/x - Chromium", elsewhere)}).size() == 1);
     CHECK(titles(Open, {window}, {live("Other - Chromium", elsewhere)}).size() == 1); // The user turned to it.
@@ -105,13 +105,13 @@ TEST_CASE("a window is known by its place though decoration and scale are counte
 
 TEST_CASE("each live window vouches for one window only, the surest pairs first")
 {
-    const QList<SessionWindow> same = {session("A", place), session("A", place), session("B", place)};
+    const QList<ListedWindow> same = {session("A", place), session("A", place), session("B", place)};
     CHECK(titles(Open, same, {live("B - Chromium", place), live("A - Chromium", place)}) == QStringList{"A", "B"});
 }
 
 TEST_CASE("which window it is stays certain while its title changes, unless another one stands there, too")
 {
-    const QList<SessionWindow> two = {session("A", place), session("B", elsewhere)};
+    const QList<ListedWindow> two = {session("A", place), session("B", elsewhere)};
     LiveWindow first = live("X - Chromium", place);
     first.windowID = 1;
     LiveWindow second = live("A - Chromium", elsewhere);
@@ -142,8 +142,8 @@ TEST_CASE("what a window shows is told by the page that was written down, and by
     shown.windowID = 1;
     LiveWindow unknown = live("Order 12 - Secret - Chromium", place);
     unknown.windowID = 2;
-    SessionWindow window = session("Order 12", place);
-    window.tabs.append(SessionTab{"http://bank/", "Order 99"});
+    ListedWindow window = session("Order 12", place);
+    window.tabs.append(ListedTab{"http://bank/", "Order 99"});
     const auto pages = shownPages({session("Other", elsewhere), window}, {shown, unknown});
     REQUIRE(pages.keys() == QList<quint32>{1});
     CHECK(pages[1] == ShownPage{"Order 12 - Chromium", {"http://h/Order 12", "http://bank/"}});

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/browsers/ChromiumSession.h"
+#include "platform/linux/browsers/ChromiumState.h"
 
 #include "platform/linux/browsers/HistoryTitles.h"
-#include "platform/linux/browsers/SessionFile.h"
+#include "platform/linux/browsers/StateFile.h"
 #include "platform/linux/browsers/SnssReader.h"
 
 #include <QDir>
@@ -24,7 +24,7 @@ struct ReadFile {
 
 std::optional<ReadFile> readFile(const QString &path)
 {
-    const auto file = SessionFile::read(path);
+    const auto file = StateFile::read(path);
     if (!file)
         return std::nullopt;
     const auto session = SnssReader::read(file->bytes);
@@ -62,12 +62,12 @@ std::optional<ReadFile> readEarlier(const BrowserProcess &process, const QFileIn
 }
 
 // A browser that begins a new file may pass over a window that stays open.
-void addForgotten(SnssReader::Session &session, const QList<SessionWindow> &earlier)
+void addForgotten(SnssReader::Session &session, const QList<ListedWindow> &earlier)
 {
     QSet<QString> known = session.closed;
-    for (const SessionWindow &window : std::as_const(session.windows))
+    for (const ListedWindow &window : std::as_const(session.windows))
         known.insert(window.id.value_or(QString()));
-    for (SessionWindow window : earlier) {
+    for (ListedWindow window : earlier) {
         window.isCurrent = false;
         if (!known.contains(window.id.value_or(QString())))
             session.windows.append(window);
@@ -87,7 +87,7 @@ std::optional<ReadFile> readProfile(const BrowserProcess &process, const QString
     return read;
 }
 
-void addProfile(BrowserSession &session, ReadFile read, const QString &path)
+void addProfile(BrowserState &session, ReadFile read, const QString &path)
 {
     fillTitles(read.session.windows, QFileInfo(path).dir().filePath("../History"));
     session.windows += read.session.windows;
@@ -105,9 +105,9 @@ bool hasPlainCopy(const QString &path, const QStringList &paths)
 
 } // namespace
 
-BrowserSession ChromiumSession::read(const BrowserProcess &process)
+BrowserState ChromiumState::read(const BrowserProcess &process)
 {
-    BrowserSession session;
+    BrowserState session;
     for (const QString &file : process.openFiles) {
         if (file.contains("/Sessions_Encrypted/")) {
             session.unreadProfiles += hasPlainCopy(file, process.openFiles) ? 0 : 1;

@@ -22,7 +22,7 @@ NumberedWindow openWindow(qint64 number, const QStringList &pages, const QString
     NumberedWindow open{.number = number};
     open.window.id = id;
     for (const QString &page : pages)
-        open.window.tabs.append(SessionTab{"HTTPS://H:443/" + page, {}});
+        open.window.tabs.append(ListedTab{"HTTPS://H:443/" + page, {}});
     return open;
 }
 

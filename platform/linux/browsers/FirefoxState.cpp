@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/browsers/FirefoxSession.h"
+#include "platform/linux/browsers/FirefoxState.h"
 
 #include "platform/linux/browsers/MozLz4.h"
-#include "platform/linux/browsers/SessionFile.h"
+#include "platform/linux/browsers/StateFile.h"
 #include "json/JsonText.h"
 
 #include <simdjson.h>
@@ -76,7 +76,7 @@ void forEachObject(ondemand::value value, Read read)
 }
 
 // The page that the tab shows: the entry of its index, counted from 1, else the nearest.
-void readTab(QList<SessionTab> &tabs, ondemand::object tab)
+void readTab(QList<ListedTab> &tabs, ondemand::object tab)
 {
     std::vector<Entry> entries;
     qint64 index = 0;
@@ -113,9 +113,9 @@ void readFrame(WindowRect &frame, ondemand::raw_json_string key, ondemand::value
     }
 }
 
-SessionWindow readWindow(ondemand::object object)
+ListedWindow readWindow(ondemand::object object)
 {
-    SessionWindow window;
+    ListedWindow window;
     WindowRect frame;
     bool isPrivate = false;
     window.isAtFrame = false;
@@ -141,14 +141,14 @@ SessionWindow readWindow(ondemand::object object)
 }
 
 // The session of one profile; absent when neither of its files can be read.
-std::optional<std::pair<QList<SessionWindow>, Date>> readProfile(const QString &folder, Date startedAt)
+std::optional<std::pair<QList<ListedWindow>, Date>> readProfile(const QString &folder, Date startedAt)
 {
     for (const char *name : {"recovery.jsonlz4", "recovery.baklz4"}) {
-        const auto file = SessionFile::read(folder + "/sessionstore-backups/" + name);
+        const auto file = StateFile::read(folder + "/sessionstore-backups/" + name);
         // What lies there from an earlier run is not open now.
         if (!file || file->writtenAt < startedAt)
             continue;
-        if (auto windows = FirefoxSession::windows(file->bytes))
+        if (auto windows = FirefoxState::windows(file->bytes))
             return std::pair(std::move(*windows), file->writtenAt);
     }
     return std::nullopt;
@@ -156,14 +156,14 @@ std::optional<std::pair<QList<SessionWindow>, Date>> readProfile(const QString &
 
 } // namespace
 
-std::optional<QList<SessionWindow>> FirefoxSession::windows(QByteArrayView file)
+std::optional<QList<ListedWindow>> FirefoxState::windows(QByteArrayView file)
 {
     const auto unpacked = unpackedMozLz4(file);
     if (!unpacked)
         return std::nullopt;
     const QByteArrayView view = unpacked->view();
     const auto length = static_cast<size_t>(view.size());
-    std::optional<QList<SessionWindow>> windows;
+    std::optional<QList<ListedWindow>> windows;
     try {
         ondemand::parser parser;
         ondemand::document document = parser.iterate(view.data(), length, length + simdjson::SIMDJSON_PADDING);
@@ -180,13 +180,13 @@ std::optional<QList<SessionWindow>> FirefoxSession::windows(QByteArrayView file)
         return std::nullopt;
     }
     if (windows)
-        windows->removeIf([](const SessionWindow &window) { return window.tabs.isEmpty(); });
+        windows->removeIf([](const ListedWindow &window) { return window.tabs.isEmpty(); });
     return windows;
 }
 
-BrowserSession FirefoxSession::read(const BrowserProcess &process)
+BrowserState FirefoxState::read(const BrowserProcess &process)
 {
-    BrowserSession session;
+    BrowserState session;
     for (const QString &lock : process.openFiles) {
         const QString path = BrowserProcesses::reachablePath(process, lock);
         if (const auto profile = readProfile(path.left(path.lastIndexOf('/')), process.startedAt)) {

@@ -2,7 +2,7 @@
 #include "platform/linux/browsers/SnssReader.h"
 
 #include "tests/Printing.h"
-#include "tests/platform/sessions/SessionBytes.h"
+#include "tests/platform/browserstate/StateBytes.h"
 
 #include <QStringList>
 
@@ -13,7 +13,7 @@ using namespace ardeno::sessions;
 
 namespace {
 
-std::optional<QList<SessionWindow>> windowsOf(const QByteArray &bytes)
+std::optional<QList<ListedWindow>> windowsOf(const QByteArray &bytes)
 {
     const auto session = SnssReader::read(bytes);
     return session ? std::optional(session->windows) : std::nullopt;
@@ -26,9 +26,9 @@ QString summary(const QByteArray &bytes)
     if (!windows)
         return "unreadable";
     QStringList texts;
-    for (const SessionWindow &window : *windows) {
+    for (const ListedWindow &window : *windows) {
         QStringList pages;
-        for (const SessionTab &tab : window.tabs)
+        for (const ListedTab &tab : window.tabs)
             pages += QString(tab.url).remove("http://h/");
         texts += window.id.value_or("?") + ": " + pages.join(' ');
     }

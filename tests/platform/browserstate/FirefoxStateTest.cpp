@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/browsers/FirefoxSession.h"
+#include "platform/linux/browsers/FirefoxState.h"
 
 #include "tests/Printing.h"
-#include "tests/platform/sessions/SessionBytes.h"
+#include "tests/platform/browserstate/StateBytes.h"
 
 #include <QStringList>
 
@@ -14,13 +14,13 @@ namespace {
 // The titles of all tabs, a window in each text; one text "unreadable" when there is no session.
 QStringList titles(const QByteArray &file)
 {
-    const auto windows = FirefoxSession::windows(file);
+    const auto windows = FirefoxState::windows(file);
     if (!windows)
         return {"unreadable"};
     QStringList texts;
-    for (const SessionWindow &window : *windows) {
+    for (const ListedWindow &window : *windows) {
         QStringList pages;
-        for (const SessionTab &tab : window.tabs)
+        for (const ListedTab &tab : window.tabs)
             pages += tab.title;
         texts += pages.join(' ');
     }
@@ -56,12 +56,12 @@ TEST_CASE("windows and tabs are listed as Firefox wrote them")
         {"tabs":[{"entries":[{"url":"http://h/s","title":"Secret"}],"index":1}],"isPrivate":true}],
         "_closedWindows":[{"tabs":[{"entries":[{"url":"http://h/old","title":"Old"}],"index":1}]}]})";
 
-    const auto windows = FirefoxSession::windows(mozLz4(text));
+    const auto windows = FirefoxState::windows(mozLz4(text));
 
     REQUIRE(windows.has_value());
     REQUIRE(windows->size() == 2);
-    const SessionWindow window = windows->first();
-    CHECK(window.tabs == QList<SessionTab>{{"http://h/2", "Two"}, {u"http://h/?q=ä/"_qs, u"Café 🎈 \"x\""_qs}});
+    const ListedWindow window = windows->first();
+    CHECK(window.tabs == QList<ListedTab>{{"http://h/2", "Two"}, {u"http://h/?q=ä/"_qs, u"Café 🎈 \"x\""_qs}});
     CHECK(window.frame == WindowRect{-5, 20, 1280, 972});
     CHECK(window.selectedTab == 3);
     CHECK(window.isAtFrame);
@@ -120,7 +120,7 @@ TEST_CASE("thousands of tabs of Firefox are no trouble")
     QByteArray tabs = tab("0");
     for (int number = 1; number < 5000; ++number)
         tabs += ',' + tab(QByteArray::number(number), R"(,"extData":{"a":[1,2,{}]})");
-    const auto windows = FirefoxSession::windows(mozLz4(session(tabs)));
+    const auto windows = FirefoxState::windows(mozLz4(session(tabs)));
     REQUIRE(windows.has_value());
     CHECK(windows->first().tabs.size() == 5000);
     CHECK(windows->first().tabs.last().title == "4999");

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/browsers/SessionTabs.h"
+#include "platform/linux/browsers/BrowserStateTabs.h"
 
 #include "platform/linux/files/SlowWork.h"
 #include "support/BlockOn.h"
 #include "tests/Printing.h"
-#include "tests/platform/sessions/HistoryBytes.h"
-#include "tests/platform/sessions/SessionBytes.h"
+#include "tests/platform/browserstate/HistoryBytes.h"
+#include "tests/platform/browserstate/StateBytes.h"
 
 #include <QDir>
 #include <QFile>
@@ -32,7 +32,7 @@ QString lines(QString records)
 struct Machine {
     QTemporaryDir folder;
     std::optional<QList<LiveWindow>> live;
-    SessionTabs tabs{[this] { return live; }, {.processFolder = folder.filePath("proc"), .patience = {}}};
+    BrowserStateTabs tabs{[this] { return live; }, {.processFolder = folder.filePath("proc"), .patience = {}}};
 
     QString write(const QString &path, const QByteArray &bytes) const
     {
@@ -158,7 +158,7 @@ TEST_CASE_FIXTURE(Machine, "a session that cannot be read is not taken for an em
 TEST_CASE_FIXTURE(Machine, "a browser in the middle of writing is waited for")
 {
     start(50, chromiumProgram, {write("p/Default/Sessions_Encrypted/Session_1", Snss(4).bytes())});
-    SessionTabs patient([] { return std::nullopt; },
+    BrowserStateTabs patient([] { return std::nullopt; },
                         {.processFolder = folder.filePath("proc"), .patience = std::chrono::seconds(4)});
     auto report = patient.openTabs(chromium, {});
     const QString plain = write("p/Default/Sessions/Session_1", onePage(1, "http://h/a", "A"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/browsers/SessionFile.h"
+#include "platform/linux/browsers/StateFile.h"
 
 #include "support/FileDescriptor.h"
 
@@ -10,7 +10,7 @@
 
 namespace ardeno {
 
-std::optional<SessionFile> SessionFile::read(const QString &path)
+std::optional<StateFile> StateFile::read(const QString &path)
 {
     constexpr qint64 largest = 64 << 20;
     // A pipe that somebody put there must not be waited for.
@@ -23,7 +23,7 @@ std::optional<SessionFile> SessionFile::read(const QString &path)
     if (!opened.open(file.number(), QIODevice::ReadOnly))
         return std::nullopt;
     // It may have grown meanwhile; what is beyond the first size is left for the next time.
-    return SessionFile{opened.read(facts.st_size),
+    return StateFile{opened.read(facts.st_size),
                        Date::fromDateTime(QDateTime::fromMSecsSinceEpoch(
                            facts.st_mtim.tv_sec * 1000LL + facts.st_mtim.tv_nsec / 1000000, Qt::UTC))};
 }

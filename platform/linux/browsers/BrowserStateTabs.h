@@ -10,8 +10,8 @@
 
 namespace ardeno {
 
-// Reads the tabs from the session files that the running browsers keep. Nothing in a profile is written or locked.
-class SessionTabs final : public TabSource {
+// Reads the tabs from the state files that the running browsers keep. Nothing in a profile is written or locked.
+class BrowserStateTabs final : public TabSource {
 public:
     struct Options {
         QString processFolder = "/proc";
@@ -20,9 +20,9 @@ public:
         std::chrono::milliseconds patience = std::chrono::seconds(2);
     };
 
-    explicit SessionTabs(LiveWindowList liveWindows, Options options);
+    explicit BrowserStateTabs(LiveWindowList liveWindows, Options options);
 
-    explicit SessionTabs(LiveWindowList liveWindows) : SessionTabs(std::move(liveWindows), Options()) {}
+    explicit BrowserStateTabs(LiveWindowList liveWindows) : BrowserStateTabs(std::move(liveWindows), Options()) {}
 
     QList<Browser> furtherBrowsers() override;
     Capability availability(const QString &browserID) const override;
