@@ -5,8 +5,8 @@
 
 namespace ardeno {
 
-// What this program asks of the desktop session for windows of its own, which are named by the system's number. Where it cannot
-// be asked, nothing happens.
+// What this program asks of the desktop session for windows of its own, which are named by the system's number. Where
+// it cannot be asked, nothing happens.
 class OwnWindows {
 public:
     virtual ~OwnWindows() = default;

@@ -7,8 +7,8 @@
 
 namespace ardeno {
 
-// The desktop of this desktop session, chosen from the environment: X11, or the null desktop with the reason why there is
-// none. Never fails.
+// The desktop of this desktop session, chosen from the environment: X11, or the null desktop with the reason why there
+// is none. Never fails.
 Desktop makeDesktop();
 
 // Whether a program with windows can start here.

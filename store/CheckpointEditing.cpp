@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/CheckpointEditing.h"
 
-#include "json/Json.h"
 #include "store/PreferenceKeys.h"
 #include "store/Subjects.h"
 #include "support/Failure.h"
+#include "json/Json.h"
 
 #include <algorithm>
 #include <chrono>

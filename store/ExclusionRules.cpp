@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/ExclusionRules.h"
 
-#include "json/Json.h"
 #include "store/PreferenceKeys.h"
 #include "store/Subjects.h"
+#include "json/Json.h"
 
 #include <algorithm>
 

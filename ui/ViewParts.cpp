@@ -35,8 +35,8 @@ CaptureParts ViewParts::ofCapture(AppStore &store)
 
 PreferenceParts ViewParts::ofPreferences(AppStore &store)
 {
-    return {store.library,  store.navigation, store.drafts,      store.sheets,
-            store.shortcut, store.updates, store.applications, store.keptForms};
+    return {store.library,  store.navigation, store.drafts,       store.sheets,
+            store.shortcut, store.updates,    store.applications, store.keptForms};
 }
 
 } // namespace ardeno

@@ -3,6 +3,7 @@
 
 #include "ui/theme/AppTheme.h"
 
+#include <QApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -13,8 +14,8 @@
 #include <QDBusServiceWatcher>
 #include <QFile>
 #include <QFileDialog>
-#include <QGuiApplication>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QUrl>
 
 namespace ardeno {
@@ -173,8 +174,17 @@ void FileChooser::askHere()
     dialog->setPalette(stockPalette());
     dialog->setNameFilters({m_question.kind + " (" + m_question.patterns.join(' ') + ')', m_question.all + " (*)"});
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) { m_chosen(path); });
-    connect(dialog, &QObject::destroyed, this, &QObject::deleteLater);
+    connect(dialog, &QObject::destroyed, this,
+            [this] { QTimer::singleShot(std::chrono::milliseconds(0), this, &FileChooser::takeKeysBack); });
     dialog->open();
+}
+
+// The system may give the keys back to the window before the dialog has gone; the toolkit then forgets that.
+void FileChooser::takeKeysBack()
+{
+    if (!QApplication::activeWindow() && QGuiApplication::focusWindow() == m_window->windowHandle())
+        QApplication::setActiveWindow(m_window);
+    deleteLater();
 }
 
 } // namespace ardeno

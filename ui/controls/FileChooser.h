@@ -39,6 +39,7 @@ private:
     void askPortal();
     void portalHasCall(QDBusPendingCallWatcher *call);
     void askHere();
+    void takeKeysBack();
 
     QWidget *m_window;
     Question m_question;

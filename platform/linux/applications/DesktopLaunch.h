@@ -12,9 +12,9 @@
 
 #include <sys/types.h>
 
-// Starts programs. They get a desktop session of their own, the home as their folder, nothing on their standard streams and no
-// other descriptor of this process, and no signal is ignored in them. All functions throw Failure and may wait for a
-// disk that does not answer, so they belong on a worker thread.
+// Starts programs. They get a desktop session of their own, the home as their folder, nothing on their standard streams
+// and no other descriptor of this process, and no signal is ignored in them. All functions throw Failure and may wait
+// for a disk that does not answer, so they belong on a worker thread.
 namespace ardeno::DesktopLaunch {
 
 // Those that were started; they must be waited for.

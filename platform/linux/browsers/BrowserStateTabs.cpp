@@ -99,7 +99,7 @@ BrowserState BrowserStateTabs::Reading::written(BrowserProcess process, QDeadlin
 }
 
 QList<WindowFate> BrowserStateTabs::Reading::fatesOf(const QList<ListedWindow> &windows, const RunningBrowser &running,
-                                                const BrowserProcess &process) const
+                                                     const BrowserProcess &process) const
 {
     if (!live) {
         QList<WindowFate> listed;
@@ -112,7 +112,7 @@ QList<WindowFate> BrowserStateTabs::Reading::fatesOf(const QList<ListedWindow> &
 
 // The windows that the process may have written down.
 QList<LiveWindow> BrowserStateTabs::Reading::ordinaryWindows(const RunningBrowser &running,
-                                                        const BrowserProcess &process) const
+                                                             const BrowserProcess &process) const
 {
     QList<LiveWindow> own = RunningBrowsers::windowsOf(process, running.browser.id, *live);
     const bool marks = running.browser.family == BrowserFamily::Firefox;

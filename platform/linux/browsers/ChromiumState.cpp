@@ -2,8 +2,8 @@
 #include "platform/linux/browsers/ChromiumState.h"
 
 #include "platform/linux/browsers/HistoryTitles.h"
-#include "platform/linux/browsers/StateFile.h"
 #include "platform/linux/browsers/SnssReader.h"
+#include "platform/linux/browsers/StateFile.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -24,18 +24,19 @@ enum class WindowFate {
     Closed,  // Every window of the browser is certainly another one.
 };
 
-// Of each window of the browser state. A live window vouches for one window of the browser state at most, by its place or by the
-// title of a page. That all are elsewhere proves nothing: browsers do not write every move down.
+// Of each window of the browser state. A live window vouches for one window of the browser state at most, by its place
+// or by the title of a page. That all are elsewhere proves nothing: browsers do not write every move down.
 QList<WindowFate> fates(const QList<ListedWindow> &session, const QList<LiveWindow> &live);
 
-// What the live windows show whose title names a page that a window of the browser state shows. Their place says too little:
-// a private window may stand where an ordinary one does.
+// What the live windows show whose title names a page that a window of the browser state shows. Their place says too
+// little: a private window may stand where an ordinary one does.
 QHash<quint32, ShownPage> shownPages(const QList<ListedWindow> &session, const QList<LiveWindow> &live);
 
 // Whether a window of Firefox says that it is a private one.
 bool isMarkedPrivate(const QString &title);
 
-// The live window that each window of the browser state is, in the same order; absent where another one is possible, too.
+// The live window that each window of the browser state is, in the same order; absent where another one is possible,
+// too.
 QList<std::optional<LiveWindow>> certainWindows(const QList<ListedWindow> &session, const QList<LiveWindow> &live);
 
 } // namespace ardeno

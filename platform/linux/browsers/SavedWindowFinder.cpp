@@ -145,8 +145,7 @@ bool WindowSearch::collect(const BrowserProcess &process, OpenWindows *open) con
 {
     QList<LiveWindow> own = RunningBrowsers::windowsOf(process, tab.browserID.value_or(QString()), live);
     own.removeIf([](const LiveWindow &window) { return window.isDialog; });
-    const BrowserState session =
-        StateReading::read(process, process.browser.family.value_or(BrowserFamily::Chromium));
+    const BrowserState session = StateReading::read(process, process.browser.family.value_or(BrowserFamily::Chromium));
     if (session.unreadProfiles > 0)
         return false;
     QList<ListedWindow> windows;

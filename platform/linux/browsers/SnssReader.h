@@ -15,7 +15,7 @@ namespace ardeno::SnssReader {
 // What a file says of the windows of its time.
 struct Session {
     QList<ListedWindow> windows = {}; // Those that are open, in the order of their identifiers; without empty ones.
-    QSet<QString> closed = {};         // The identifiers of those that were closed.
+    QSet<QString> closed = {};        // The identifiers of those that were closed.
 };
 
 // Of a state file of the Chromium family. Absent when the bytes are no such file, an encrypted one, or do not hold a

@@ -24,8 +24,8 @@ std::optional<StateFile> StateFile::read(const QString &path)
         return std::nullopt;
     // It may have grown meanwhile; what is beyond the first size is left for the next time.
     return StateFile{opened.read(facts.st_size),
-                       Date::fromDateTime(QDateTime::fromMSecsSinceEpoch(
-                           facts.st_mtim.tv_sec * 1000LL + facts.st_mtim.tv_nsec / 1000000, Qt::UTC))};
+                     Date::fromDateTime(QDateTime::fromMSecsSinceEpoch(
+                         facts.st_mtim.tv_sec * 1000LL + facts.st_mtim.tv_nsec / 1000000, Qt::UTC))};
 }
 
 } // namespace ardeno

@@ -30,7 +30,8 @@ struct LiveWindow {
     bool operator==(const LiveWindow &) const = default;
 };
 
-// Answers all windows of the desktop session, or nothing where the desktop does not show them. Called on the main thread.
+// Answers all windows of the desktop session, or nothing where the desktop does not show them. Called on the main
+// thread.
 using LiveWindowList = std::function<std::optional<QList<LiveWindow>>()>;
 
 } // namespace ardeno

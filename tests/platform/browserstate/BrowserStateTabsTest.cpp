@@ -159,7 +159,7 @@ TEST_CASE_FIXTURE(Machine, "a browser in the middle of writing is waited for")
 {
     start(50, chromiumProgram, {write("p/Default/Sessions_Encrypted/Session_1", Snss(4).bytes())});
     BrowserStateTabs patient([] { return std::nullopt; },
-                        {.processFolder = folder.filePath("proc"), .patience = std::chrono::seconds(4)});
+                             {.processFolder = folder.filePath("proc"), .patience = std::chrono::seconds(4)});
     auto report = patient.openTabs(chromium, {});
     const QString plain = write("p/Default/Sessions/Session_1", onePage(1, "http://h/a", "A"));
     QFile::link(plain, folder.filePath("proc/50/fd/9"));
