@@ -222,7 +222,8 @@ QCoro::Task<Outcome> ResumeFlow::placeWindows(WindowLayout::RestoreRequest reque
         co_return outcome;
     m_operations.setBusy(true);
     const auto idle = qScopeGuard([this] { m_operations.setBusy(false); });
-    const LibraryLock turn = co_await turnToResume({});
+    const ResumeControl byNobody;
+    const LibraryLock turn = co_await turnToResume(byNobody);
     const RestoreResult result = co_await WindowLayout::restore(request, m_desktop);
     if (!result.accessibilityRequired)
         keepUnplaced(request.windows, result);

@@ -41,8 +41,8 @@ void Presentations::follow(QPointer<Sheet> &slot, bool isWanted, const Make &mak
 
 void Presentations::showSheets()
 {
-    const auto from = [this](const Screens::MakeSheet &screen) {
-        return screen ? Make([this, &screen] { return screen(); }) : Make();
+    const auto from = [](const Screens::MakeSheet &screen) {
+        return screen ? Make([&screen] { return screen(); }) : Make();
     };
     follow(m_capture, m_parts.sheets.showCapture(), from(m_screens.capture));
     follow(m_restore, m_parts.sheets.showRestore() && m_parts.navigation.selected(), from(m_screens.restore));

@@ -46,21 +46,7 @@ CaptureSheet::CaptureSheet(const CaptureParts &parts)
     column()->addWidget(makeMessages());
     m_cancel = addButton(tr("Cancel"), Button::Kind::Bordered, [this] { close(); });
     m_primary = addButton({}, Button::Kind::Prominent, [this] { carryOut(); });
-    bind(
-        m_name, m_parts.drafts.draftProjectName,
-        [this](const QString &text) { m_parts.drafts.setDraftProjectName(text); }, m_subscriptions);
-    bind(
-        m_title, m_parts.drafts.draftTitle, [this](const QString &text) { m_parts.drafts.setDraftTitle(text); },
-        m_subscriptions);
-    bind(
-        m_next, m_parts.drafts.draftNext, [this](const QString &text) { m_parts.drafts.setDraftNext(text); },
-        m_subscriptions);
-    bind(
-        m_browser, m_parts.drafts.includeBrowser, [this](bool isOn) { m_parts.drafts.setIncludeBrowser(isOn); },
-        m_subscriptions);
-    bind(
-        m_recording, m_parts.drafts.pendingRecording, [this](bool isOn) { m_parts.drafts.setPendingRecording(isOn); },
-        m_subscriptions);
+    bindDrafts();
     parts.screenAccess.refreshScreenAccess();
     // The user may come back from the system's settings.
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
@@ -81,6 +67,20 @@ CaptureSheet::CaptureSheet(const CaptureParts &parts)
     m_subscriptions.watch([this] { showMessages(); }, parts.messages.captureIssue,
                           parts.screenAccess.screenAccessReason);
     setFirstFocus(m_newName->isHidden() ? m_title : m_name);
+}
+
+void CaptureSheet::bindDrafts()
+{
+    CaptureDrafts &drafts = m_parts.drafts;
+    bind(
+        m_name, drafts.draftProjectName, [&drafts](const QString &text) { drafts.setDraftProjectName(text); },
+        m_subscriptions);
+    bind(m_title, drafts.draftTitle, [&drafts](const QString &text) { drafts.setDraftTitle(text); }, m_subscriptions);
+    bind(m_next, drafts.draftNext, [&drafts](const QString &text) { drafts.setDraftNext(text); }, m_subscriptions);
+    bind(m_browser, drafts.includeBrowser, [&drafts](bool isOn) { drafts.setIncludeBrowser(isOn); }, m_subscriptions);
+    bind(
+        m_recording, drafts.pendingRecording, [&drafts](bool isOn) { drafts.setPendingRecording(isOn); },
+        m_subscriptions);
 }
 
 QWidget *CaptureSheet::makeMiddle()

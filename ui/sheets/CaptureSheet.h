@@ -22,6 +22,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void bindDrafts();
     static constexpr int formWidth = 444;
     static constexpr int setupWidth = 414;
 
