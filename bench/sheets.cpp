@@ -1,22 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "bench/Bench.h"
+#include "bench/PaintWatch.h"
 #include "platform/null/NullDesktop.h"
 #include "store/AppStore.h"
+#include "ui/controls/FadeIn.h"
 #include "ui/main/MainWindow.h"
 #include "ui/settings/SettingsScreens.h"
 #include "ui/sheets/SheetScreens.h"
 #include "ui/theme/AppStyle.h"
 
 #include <QApplication>
-#include <QComboBox>
+#include <QDialog>
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QVBoxLayout>
 
-#include <cstdio>
-#include <utility>
+#include <optional>
 
 #include <unistd.h>
 
@@ -147,44 +148,31 @@ void measurePainting(Table &table, Sheets &sheets)
               ours / peer, 1.4);
 }
 
-// As many texts and controls as the settings have, of the toolkit's own.
-QWidget *trivialDialog(QWidget *parent)
-{
-    auto *dialog = new QWidget(parent);
-    dialog->setAutoFillBackground(true);
-    auto *column = new QVBoxLayout(dialog);
-    const QString sentence = "Some words on what this is about, long enough that they take two lines of the dialog. ";
-    for (int row = 0; row < 8; ++row) {
-        column->addWidget(new QLabel(QString("Row %1").arg(row)));
-        auto *text = new QLabel(sentence + QString::number(row));
-        text->setWordWrap(true);
-        column->addWidget(text);
-        auto *controls = new QHBoxLayout;
-        controls->addWidget(new QPushButton(QString("Do %1").arg(row)));
-        if (row < 2)
-            controls->addWidget(new QComboBox);
-        column->addLayout(controls);
-    }
-    dialog->setGeometry(100, 40, 600, 640);
-    return dialog;
-}
-
+// Until each is painted for the first time; the window behind the settings is dimmed and painted anew with them.
 void measureSettings(Table &table, Sheets &sheets)
 {
-    QWidget *trivial = nullptr;
+    MainWindow *const window = sheets.window.get();
+    const auto ours = [&] {
+        const PaintWatch watch(&window->sheets());
+        sheets.store->sheets.open(&OpenSheets::showSettings);
+        spinUntil([&] { return watch.isPainted(); });
+    };
+    std::optional<QDialog> dialog;
+    const auto trivial = [&] {
+        auto *const column = new QVBoxLayout(&dialog.emplace(window));
+        column->addWidget(new QLabel("A dialog with nothing in it"));
+        column->addWidget(new QPushButton("OK"));
+        const PaintWatch watch(&*dialog);
+        dialog->show();
+        spinUntil([&] { return watch.isPainted(); });
+    };
     const auto between = [&] {
-        delete std::exchange(trivial, nullptr);
+        dialog.reset();
         sheets.hide();
     };
-    const auto ours = [&] { sheets.show(&OpenSheets::showSettings); };
-    const auto peer = [&] {
-        trivial = trivialDialog(sheets.window.get());
-        trivial->show();
-        Sheets::settle();
-    };
-    const auto medians = interleavedMedians(41, {ours, peer}, between);
+    const auto medians = interleavedMedians(41, {ours, trivial}, between);
     between();
-    table.add("settings, opened and painted / a trivial dialog", milliseconds(medians.at(0)),
+    table.add("settings until they are painted / a trivial dialog", milliseconds(medians.at(0)),
               milliseconds(medians.at(1)), medians.at(0) / medians.at(1), 1.5);
 }
 
@@ -210,6 +198,7 @@ int main(int argc, char **argv)
 {
     QApplication::setStyle(new AppStyle);
     const QApplication application(argc, argv);
+    FadeIn::setDuration(std::chrono::milliseconds(0)); // What appears softly is painted more than once.
     Table table;
     Sheets sheets;
     measurePainting(table, sheets);

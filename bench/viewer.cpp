@@ -1,24 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The screenshot viewer against reading its picture, and the settings against a dialog with nothing in it.
+// The screenshot viewer against reading its picture.
 
 #include "bench/Bench.h"
-#include "platform/null/NullDesktop.h"
-#include "store/AppStore.h"
-#include "ui/ViewParts.h"
-#include "ui/controls/Sheet.h"
-#include "ui/settings/PreferencesView.h"
+#include "bench/PaintWatch.h"
 #include "ui/theme/AppStyle.h"
-#include "ui/theme/AppTheme.h"
 #include "ui/viewer/PicturePreviews.h"
 #include "ui/viewer/ScreenshotViewer.h"
 
 #include <QApplication>
-#include <QDialog>
-#include <QLabel>
 #include <QPainter>
-#include <QPushButton>
 #include <QTemporaryDir>
-#include <QVBoxLayout>
 
 #include <cstdlib>
 
@@ -26,30 +17,6 @@ using namespace ardeno;
 using namespace ardeno::bench;
 
 namespace {
-
-// Notes when a widget is painted for the first time.
-class PaintWatch final : public QObject {
-public:
-    explicit PaintWatch(QWidget *watched) { watched->installEventFilter(this); }
-
-    bool isPainted() const { return m_isPainted; }
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        m_isPainted = m_isPainted || event->type() == QEvent::Paint;
-        return QObject::eventFilter(watched, event);
-    }
-
-private:
-    bool m_isPainted = false;
-};
-
-void spinUntil(const std::function<bool()> &condition)
-{
-    while (!condition())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 1000);
-}
 
 QImage screens()
 {
@@ -106,42 +73,6 @@ void measureViewer(Table &table, const QString &path)
               step / medians.at(1), 0.1);
 }
 
-void measurePreferences(Table &table, const QString &folder)
-{
-    Desktop desktop = makeNullDesktop("bench", "None here.", {});
-    StoreParts parts{.preferences = Preferences(folder + "/settings"),
-                     .repository = CheckpointRepository(folder + "/library")};
-    AppStore store(desktop, std::move(parts));
-    CoverableWindow window;
-    AppTheme::instance().follow(&window);
-    window.resize(1170, 790);
-    window.show();
-    QCoreApplication::processEvents();
-    const auto settings = [&] {
-        auto *const sheet = new PreferencesView(ViewParts::ofPreferences(store));
-        const PaintWatch watch(sheet);
-        window.sheets().present(sheet);
-        spinUntil([&] { return watch.isPainted(); });
-        sheet->close();
-    };
-    const auto trivial = [&] {
-        QDialog dialog(&window);
-        auto *const column = new QVBoxLayout(&dialog);
-        column->addWidget(new QLabel("A dialog with nothing in it"));
-        column->addWidget(new QPushButton("OK"));
-        const PaintWatch watch(&dialog);
-        dialog.show();
-        spinUntil([&] { return watch.isPainted(); });
-    };
-    const auto between = [] {
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    };
-    const auto medians = interleavedMedians(31, {settings, trivial}, between);
-    table.add("settings until they are painted / a trivial dialog", milliseconds(medians.at(0)),
-              milliseconds(medians.at(1)), medians.at(0) / medians.at(1), 1.5);
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -155,6 +86,5 @@ int main(int argc, char **argv)
         return 2;
     Table table;
     measureViewer(table, path);
-    measurePreferences(table, folder.path());
     return table.finish();
 }

@@ -26,6 +26,11 @@ qsizetype endWithin(const QString &text, qsizetype most)
 
 } // namespace
 
+ParagraphLayout::ParagraphLayout(int mostLines) : m_mostLines(mostLines)
+{
+    m_layout.setCacheEnabled(true); // Else its glyphs are looked for again whenever it is drawn.
+}
+
 void ParagraphLayout::set(const QString &text, const QFont &font, Qt::Alignment alignment)
 {
     constexpr qsizetype mostOfLine = 1000;

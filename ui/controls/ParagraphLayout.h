@@ -14,7 +14,7 @@ namespace ardeno {
 class ParagraphLayout final {
 public:
     // Most lines: 0 for as many as there are.
-    explicit ParagraphLayout(int mostLines) : m_mostLines(mostLines) {}
+    explicit ParagraphLayout(int mostLines);
 
     // What is laid out from now on; cheap when nothing changed. Of a text of a megabyte only what a screen could show.
     void set(const QString &text, const QFont &font, Qt::Alignment alignment);

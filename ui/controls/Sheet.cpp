@@ -34,12 +34,18 @@ QList<QWidget *> focusable(const QWidget *within)
     return found;
 }
 
+} // namespace
+
 // Lies between the top sheet and all else, other sheets included.
-class SheetVeil final : public QWidget {
+class SheetHost::Veil final : public QWidget {
 public:
-    explicit SheetVeil(SheetHost *host) : QWidget(host), m_host(host)
+    explicit Veil(SheetHost *host) : QWidget(host) { setAttribute(Qt::WA_TransparentForMouseEvents); }
+
+    // Whose shadow falls on it; empty: no sheet's. Everything below is painted anew with it: only when it changes.
+    void setRaised(const QRect &sheet)
     {
-        setAttribute(Qt::WA_TransparentForMouseEvents);
+        if (std::exchange(m_raised, sheet) != sheet)
+            update();
     }
 
 protected:
@@ -47,15 +53,13 @@ protected:
     {
         QPainter painter(this);
         painter.fillRect(rect(), themeColor(Role::Scrim));
-        if (const Sheet *const sheet = m_host->topSheet())
-            Drawing::shadow(painter, sheet->geometry());
+        if (!m_raised.isEmpty())
+            Drawing::shadow(painter, m_raised);
     }
 
 private:
-    SheetHost *m_host;
+    QRect m_raised = {};
 };
-
-} // namespace
 
 Sheet::Sheet(const QString &name, int width, Kind kind) : m_kind(kind), m_column(new QVBoxLayout(this))
 {
@@ -155,7 +159,7 @@ bool Sheet::focusNextPrevChild(bool next)
     return true;
 }
 
-SheetHost::SheetHost(QWidget *window) : QWidget(window), m_veil(new SheetVeil(this))
+SheetHost::SheetHost(QWidget *window) : QWidget(window), m_veil(new Veil(this))
 {
     hide();
 }
@@ -194,6 +198,7 @@ void SheetHost::present(Sheet *sheet)
     m_focusBefore.append(window()->focusWidget());
     m_sheets.append(sheet);
     sheet->setParent(this);
+    m_veil->stackUnder(sheet);
     if (isFirst && m_covered)
         m_covered(true);
     arrange();
@@ -218,6 +223,8 @@ void SheetHost::remove(Sheet *sheet)
     const QPointer<QWidget> before = m_focusBefore.takeAt(at);
     sheet->hide();
     sheet->deleteLater();
+    if (Sheet *const below = topSheet())
+        m_veil->stackUnder(below);
     arrange(Stand::Kept);
     if (!isCovering()) {
         hide();
@@ -246,9 +253,8 @@ void SheetHost::arrange(Stand stand)
         sheet->setEnabled(sheet == m_sheets.last());
     }
     m_veil->setGeometry(rect());
-    if (Sheet *const sheet = topSheet())
-        m_veil->stackUnder(sheet);
-    m_veil->update();
+    const Sheet *const top = topSheet();
+    m_veil->setRaised(top ? top->geometry() : QRect());
 }
 
 void SheetHost::mousePressEvent(QMouseEvent *event)

@@ -116,10 +116,12 @@ private:
     // nothing else.
     enum class Stand { Middle, Kept };
 
+    class Veil;
+
     void remove(Sheet *sheet);
     void arrange(Stand stand = Stand::Middle);
 
-    QWidget *m_veil;
+    Veil *m_veil;
     QList<QPointer<Sheet>> m_sheets;
     QList<QPointer<QWidget>> m_focusBefore;
     std::function<void(bool)> m_covered;

@@ -100,8 +100,8 @@ void RestoreListModel::setUnplaced(const QList<UnplacedWindow> &windows)
         if (own.contains(unplaced.window))
             relevant.append(unplaced);
     }
-    m_unplaced = relevant;
-    rebuild();
+    if (std::exchange(m_unplaced, relevant) != relevant)
+        rebuild();
 }
 
 void RestoreListModel::addApps(QList<RestoreRow> &rows) const

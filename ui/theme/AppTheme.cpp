@@ -109,6 +109,8 @@ StyleSize sizeOf(TextStyle style)
         return {10.5, QFont::DemiBold};
     case TextStyle::Tiny:
         return {11, QFont::Normal};
+    case TextStyle::Count:
+        break;
     }
     return {13, QFont::Normal};
 }
@@ -129,6 +131,7 @@ AppTheme::AppTheme()
     constexpr double normalPixels = 40.0 / 3;
     m_desktopScale = std::clamp(QFontInfo(desktopFont).pixelSize() / std::round(normalPixels), 1.0, 2.0);
     m_scale = m_desktopScale;
+    makeFonts();
     compute();
     // Of what brings no font of its own: stock menus and dialogs.
     QApplication::setFont(font(TextStyle::Body));
@@ -231,6 +234,7 @@ void AppTheme::scaleFonts(double textScale)
     const double before = std::exchange(m_scale, std::clamp(m_desktopScale * textScale, 0.8, most));
     if (m_scale == before)
         return;
+    makeFonts();
     QApplication::setFont(font(TextStyle::Body));
     QToolTip::setFont(font(TextStyle::Small));
     // Every widget was given a font of its own, in proportion to the scale.
@@ -251,15 +255,18 @@ void AppTheme::follow(QWidget *window)
     window->setFont(font(TextStyle::Body));
 }
 
-QFont AppTheme::font(TextStyle style) const
+void AppTheme::makeFonts()
 {
-    const StyleSize size = sizeOf(style);
-    QFont result = font(size.pixels, size.weight);
-    if (style == TextStyle::Eyebrow)
-        result.setLetterSpacing(QFont::PercentageSpacing, 109);
-    else if (style == TextStyle::Title || style == TextStyle::Heading || style == TextStyle::SheetTitle)
-        result.setLetterSpacing(QFont::PercentageSpacing, 98);
-    return result;
+    for (int at = 0; at < static_cast<int>(TextStyle::Count); ++at) {
+        const auto style = static_cast<TextStyle>(at);
+        const StyleSize size = sizeOf(style);
+        QFont made = font(size.pixels, size.weight);
+        if (style == TextStyle::Eyebrow)
+            made.setLetterSpacing(QFont::PercentageSpacing, 109);
+        else if (style == TextStyle::Title || style == TextStyle::Heading || style == TextStyle::SheetTitle)
+            made.setLetterSpacing(QFont::PercentageSpacing, 98);
+        m_fonts[at] = made;
+    }
 }
 
 QFont AppTheme::font(double pixels, QFont::Weight weight) const

@@ -61,7 +61,20 @@ struct Appearance {
     bool operator==(const Appearance &) const = default;
 };
 
-enum class TextStyle { Title, Heading, SheetTitle, BarTitle, Strong, Medium, Body, Small, SmallStrong, Eyebrow, Tiny };
+enum class TextStyle {
+    Title,
+    Heading,
+    SheetTitle,
+    BarTitle,
+    Strong,
+    Medium,
+    Body,
+    Small,
+    SmallStrong,
+    Eyebrow,
+    Tiny,
+    Count,
+};
 
 // The colours and fonts of the interface. Main thread only.
 class AppTheme final {
@@ -85,7 +98,8 @@ public:
     static QPalette::ColorRole paletteRole(Role role);
 
     // Sizes follow the desktop's font, of which 13 pixels are the normal size.
-    QFont font(TextStyle style) const;
+    const QFont &font(TextStyle style) const { return m_fonts[static_cast<int>(style)]; }
+
     QFont font(double pixels, QFont::Weight weight = QFont::Normal) const;
 
 private:
@@ -94,12 +108,14 @@ private:
     void compute();
     void takeAccent();
     void takeDesktopBackgrounds();
+    void makeFonts();
     void scaleFonts(double textScale);
 
     Appearance m_appearance;
     QColor m_colors[static_cast<int>(Role::Count)];
     QPalette m_palette;
-    QStringList m_families; // The first one, then those for what it does not have.
+    QStringList m_families;                            // The first one, then those for what it does not have.
+    QFont m_fonts[static_cast<int>(TextStyle::Count)]; // Kept: each copy finds what was measured with it.
     double m_desktopScale = 1;
     double m_scale = 1;
 };
