@@ -4,8 +4,7 @@
 #include "app/Output.h"
 #include "app/window/Relaunch.h"
 #include "platform/MakeDesktop.h"
-#include "services/Endpoints.h"
-#include "services/network/UpdateFetch.h"
+#include "services/UpdateProgram.h"
 #include "store/PreferenceKeys.h"
 #include "store/macos/ApplicationsFolder.h"
 #include "support/InWorker.h"
@@ -33,10 +32,8 @@ Screens makeScreens(AppStore &store)
 
 StoreParts windowParts()
 {
-    UpdateFetchOptions options;
-    options.manifest = Endpoints::updateManifest();
     StoreParts parts;
-    parts.fetchUpdate = makeUpdateFetch(options);
+    parts.fetchUpdate = UpdateProgram::fetch(QCoreApplication::applicationDirPath() + "/ardeno-updates");
     parts.startInstance = Relaunch::start;
     return parts;
 }

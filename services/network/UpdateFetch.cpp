@@ -48,38 +48,27 @@ std::shared_ptr<QByteArray> collect(QNetworkReply *reply, qint64 mostBytes)
     return body;
 }
 
-QCoro::Task<std::optional<AppUpdateManifest>> fetchManifest(std::shared_ptr<QNetworkAccessManager> network,
-                                                            UpdateFetchOptions options)
+} // namespace
+
+QCoro::Task<std::optional<QByteArray>> fetchManifest(UpdateFetchOptions options)
 {
     if (options.manifest.scheme() != "https")
         co_return std::nullopt;
     const QNetworkRequest request = manifestRequest(options);
-    // Deleted later, as it is its own signal that resumes this.
-    const std::unique_ptr<QNetworkReply, QScopedPointerDeleteLater> reply(network->get(request));
-    const std::shared_ptr<QByteArray> body = collect(reply.get(), options.mostBytes);
-    QTimer::singleShot(options.patience, reply.get(), &QNetworkReply::abort);
+    // Deleted later, with the reply, whose own signal resumes this.
+    const std::unique_ptr<QNetworkAccessManager, QScopedPointerDeleteLater> network(new QNetworkAccessManager);
+    QNetworkReply *const reply = network->get(request);
+    const std::shared_ptr<QByteArray> body = collect(reply, options.mostBytes);
+    QTimer::singleShot(options.patience, reply, &QNetworkReply::abort);
     if (!reply->isFinished())
-        co_await qCoro(reply.get(), &QNetworkReply::finished);
+        co_await qCoro(reply, &QNetworkReply::finished);
     if (reply->error() != QNetworkReply::NoError ||
         reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() != 200)
         co_return std::nullopt;
     body->append(reply->read(options.mostBytes + 1 - body->size()));
     if (body->size() > options.mostBytes)
         co_return std::nullopt;
-    co_return AppUpdateManifest::fromJson(*body);
-}
-
-} // namespace
-
-UpdateFetch makeUpdateFetch(const UpdateFetchOptions &options)
-{
-    // The network's machinery is made with the first check.
-    const auto network = std::make_shared<std::shared_ptr<QNetworkAccessManager>>();
-    return [network, options] {
-        if (!*network)
-            *network = std::make_shared<QNetworkAccessManager>();
-        return fetchManifest(*network, options);
-    };
+    co_return *body;
 }
 
 } // namespace ardeno

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "services/AppUpdateManifest.h"
 #include "services/network/UpdateFetch.h"
 #include "tests/Printing.h"
 #include "tests/services/network/ManifestServer.h"
@@ -23,9 +24,10 @@ struct Received {
     std::optional<AppUpdateManifest> manifest = {};
 };
 
-QCoro::Task<void> receive(UpdateFetch fetch, std::shared_ptr<Received> received)
+QCoro::Task<void> receive(UpdateFetchOptions options, std::shared_ptr<Received> received)
 {
-    received->manifest = co_await fetch();
+    const std::optional<QByteArray> bytes = co_await fetchManifest(options);
+    received->manifest = bytes ? AppUpdateManifest::fromJson(*bytes) : std::nullopt;
     received->isOver = true;
 }
 
@@ -44,7 +46,7 @@ struct FetchFixture {
     static std::optional<AppUpdateManifest> fetched(const UpdateFetchOptions &options)
     {
         const auto received = std::make_shared<Received>();
-        receive(makeUpdateFetch(options), received);
+        receive(options, received);
         REQUIRE(QTest::qWaitFor([&] { return received->isOver; }, 90'000));
         return received->manifest;
     }

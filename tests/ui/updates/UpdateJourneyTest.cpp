@@ -15,11 +15,16 @@ struct UpdateJourney : WindowFixture {
     UpdateJourney()
     {
         hasSettings = true;
-        UpdateFetchOptions options;
-        options.manifest = server.url("/ardeno-update.json");
-        options.furtherAuthorities = server.certificate();
-        options.patience = std::chrono::seconds(60);
-        fetchUpdate = makeUpdateFetch(options);
+        fetchUpdate = [this] { return fetch(); };
+    }
+
+    QCoro::Task<std::optional<AppUpdateManifest>> fetch()
+    {
+        const UpdateFetchOptions options{.manifest = server.url("/ardeno-update.json"),
+                                         .patience = std::chrono::seconds(60),
+                                         .furtherAuthorities = server.certificate()};
+        const std::optional<QByteArray> bytes = co_await fetchManifest(options);
+        co_return bytes ? AppUpdateManifest::fromJson(*bytes) : std::nullopt;
     }
 
     void offer(const QByteArray &manifest)
