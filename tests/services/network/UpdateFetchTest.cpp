@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "services/AppUpdateManifest.h"
 #include "services/network/UpdateFetch.h"
+#include "services/AppUpdateManifest.h"
 #include "tests/Printing.h"
 #include "tests/services/network/ManifestServer.h"
 
