@@ -34,7 +34,6 @@ CheckpointDetail::CheckpointDetail(const CheckpointParts &parts, const Screens &
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // Drawn only when needed; the page keeps its width.
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName(tr("Checkpoint"));
     setWidget(makePage(checkpoint));
@@ -48,7 +47,7 @@ QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
 {
     auto *page = new QWidget;
     auto *column = makeColumn(0, page);
-    column->setContentsMargins(28, 16, 18, 28);
+    column->setContentsMargins(28, 16, 28, 28);
     column->addWidget(makeEyebrow(checkpoint));
     column->addSpacing(5);
     column->addWidget(m_title);

@@ -4,6 +4,7 @@
 #include "support/Text.h"
 #include "ui/controls/Menu.h"
 #include "ui/theme/Drawing.h"
+#include "ui/theme/PopupSurface.h"
 #include "ui/theme/Symbols.h"
 
 #include <QActionGroup>
@@ -100,7 +101,7 @@ void DropDown::openMenu()
         action->setChecked(i == m_current);
         group->addAction(action);
     }
-    menu->setMinimumWidth(width());
+    menu->setMinimumWidth(width() + 2 * PopupSurface::menuMargin);
     menu->popup(mapToGlobal(QPoint(0, height() + 4)));
     menu->setActiveAction(group->checkedAction());
 }

@@ -110,8 +110,7 @@ void Switch::paintEvent(QPaintEvent *)
     painter.setPen(themeColor(isEnabled() ? Role::Text : Role::Faint));
     painter.drawText(rect().adjusted(0, 0, -track.width() - 2, 0), Qt::AlignLeft | Qt::AlignVCenter, text());
     const QRectF slot(width() - track.width() - 2, (height() - track.height()) / 2.0, track.width(), track.height());
-    const Role off = AppTheme::instance().appearance().contrast == Contrast::High ? Role::Dim : Role::Faint;
-    Drawing::panel(painter, slot, 10, themeColor(isChecked() ? Role::Accent : off), Qt::transparent);
+    Drawing::panel(painter, slot, 10, themeColor(isChecked() ? Role::Accent : Role::Outline), Qt::transparent);
     const QRectF knob(isChecked() ? slot.right() - 18 : slot.left() + 2, slot.top() + 2, 16, 16);
     Drawing::panel(painter, knob, 8, Qt::white, Qt::transparent);
     if (m_showsFocus)

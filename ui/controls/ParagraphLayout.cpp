@@ -15,6 +15,8 @@ namespace {
 
 // From one line to the next, in sizes of the letters.
 constexpr qreal linePitch = 1.4;
+constexpr qreal titlePitch = 1.15;
+constexpr int leastTitle = 20; // Pixels.
 
 // The end of the part of the text that a screen could show at all; not within a character.
 qsizetype endWithin(const QString &text, qsizetype most)
@@ -107,9 +109,9 @@ void ParagraphLayout::layOut(int width)
 
 qreal ParagraphLayout::leading() const
 {
-    const QFontMetricsF metrics(m_layout.font());
-    const qreal wanted = linePitch * QFontInfo(m_layout.font()).pixelSize();
-    return std::max<qreal>(0, wanted - metrics.height());
+    const qreal height = QFontMetricsF(m_layout.font()).height();
+    const int size = QFontInfo(m_layout.font()).pixelSize();
+    return size >= leastTitle ? titlePitch * size - height : std::max<qreal>(0, linePitch * size - height);
 }
 
 } // namespace ardeno

@@ -5,17 +5,10 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QScrollBar>
 
 #include <algorithm>
 
 namespace ardeno {
-
-namespace {
-
-constexpr int gapBesideBar = 4;
-
-} // namespace
 
 ScrollColumn::ScrollColumn(int spacing, QWidget *parent) : QScrollArea(parent), m_column(new QVBoxLayout)
 {
@@ -36,8 +29,6 @@ ScrollColumn::ScrollColumn(int spacing, QWidget *parent) : QScrollArea(parent), 
             ensureWidgetVisible(now, 0, 12);
     });
     new FadedEdges(this, Role::Paper);
-    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this,
-            [this](int, int most) { m_column->setContentsMargins(0, 0, most > 0 ? gapBesideBar : 0, 0); });
 }
 
 int ScrollColumn::heightForWidth(int width) const

@@ -20,26 +20,10 @@
 
 namespace ardeno {
 
-namespace {
-
-// Controls in the order of the tab key.
-QList<QWidget *> focusable(const QWidget *within)
-{
-    QList<QWidget *> found;
-    for (QWidget *next = within->nextInFocusChain(); next && next != within; next = next->nextInFocusChain()) {
-        if (within->isAncestorOf(next) && next->isVisible() && next->isEnabled() &&
-            (next->focusPolicy() & Qt::TabFocus))
-            found.append(next);
-    }
-    return found;
-}
-
-} // namespace
-
-// Lies between the top sheet and all else, other sheets included.
+// Lies between the top sheet and all else, other sheets included, and lets no click through.
 class SheetHost::Veil final : public QWidget {
 public:
-    explicit Veil(SheetHost *host) : QWidget(host) { setAttribute(Qt::WA_TransparentForMouseEvents); }
+    explicit Veil(SheetHost *host) : QWidget(host) {}
 
     // Whose shadow falls on it; empty: no sheet's. Everything below is painted anew with it: only when it changes.
     void setRaised(const QRect &sheet)
@@ -125,7 +109,7 @@ void Sheet::cancel()
 
 void Sheet::takeFocus()
 {
-    const QList<QWidget *> controls = focusable(this);
+    const QList<QWidget *> controls = FocusPlace::controls(this);
     QWidget *const first = m_firstFocus ? m_firstFocus.data() : controls.isEmpty() ? this : controls.first();
     first->setFocus(InputWatch::instance().isByKeys() ? Qt::TabFocusReason : Qt::MouseFocusReason);
 }
@@ -149,7 +133,7 @@ void Sheet::keyPressEvent(QKeyEvent *event)
 
 bool Sheet::focusNextPrevChild(bool next)
 {
-    const QList<QWidget *> controls = focusable(this);
+    const QList<QWidget *> controls = FocusPlace::controls(this);
     if (controls.isEmpty())
         return true;
     const qsizetype at = controls.indexOf(focusWidget());
@@ -195,13 +179,13 @@ void SheetHost::keepInput() const
 void SheetHost::present(Sheet *sheet)
 {
     const bool isFirst = !isCovering();
-    m_focusBefore.append(window()->focusWidget());
+    m_focusBefore.append(FocusPlace(window()->focusWidget()));
     m_sheets.append(sheet);
     sheet->setParent(this);
     m_veil->stackUnder(sheet);
     if (isFirst && m_covered)
         m_covered(true);
-    arrange();
+    arrange(Stand::Kept);
     raise();
     show();
     sheet->show();
@@ -220,7 +204,7 @@ void SheetHost::remove(Sheet *sheet)
     QAccessibleEvent gone(sheet, QAccessible::DialogEnd);
     QAccessible::updateAccessibility(&gone);
     m_sheets.removeAt(at);
-    const QPointer<QWidget> before = m_focusBefore.takeAt(at);
+    const FocusPlace before = m_focusBefore.takeAt(at);
     sheet->hide();
     sheet->deleteLater();
     if (Sheet *const below = topSheet())
@@ -232,9 +216,7 @@ void SheetHost::remove(Sheet *sheet)
         if (m_covered)
             m_covered(false);
     }
-    if (before)
-        before->setFocus(Qt::OtherFocusReason);
-    else if (isCovering())
+    if (!before.restore() && isCovering())
         topSheet()->takeFocus();
 }
 
@@ -250,7 +232,6 @@ void SheetHost::arrange(Stand stand)
         const bool isKept = stand == Stand::Kept && sheet->m_isSettled;
         const int top = isKept ? std::clamp(sheet->y(), 0, std::max(0, height() - 24 - tall)) : (height() - tall) / 2;
         sheet->move((width() - sheet->width()) / 2, top);
-        sheet->setEnabled(sheet == m_sheets.last());
     }
     m_veil->setGeometry(rect());
     const Sheet *const top = topSheet();

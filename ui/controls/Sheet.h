@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/controls/Button.h"
+#include "ui/controls/FocusPlace.h"
 
 #include <QPointer>
 #include <QVBoxLayout>
@@ -123,7 +124,7 @@ private:
 
     Veil *m_veil;
     QList<QPointer<Sheet>> m_sheets;
-    QList<QPointer<QWidget>> m_focusBefore;
+    QList<FocusPlace> m_focusBefore;
     std::function<void(bool)> m_covered;
 };
 

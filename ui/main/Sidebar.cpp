@@ -35,7 +35,7 @@ Sidebar::Sidebar(const ProjectParts &parts, const Screens &screens, QWidget *par
       m_all(Button::makeRow(tr("All projects"), "square.grid.2x2")),
       m_section(makeLabel({}, TextStyle::Eyebrow, Role::Dim)),
       m_count(makeLabel({}, TextStyle::Eyebrow, Role::Dim)),
-      m_nothing(makeParagraph(tr("No projects match your search."), TextStyle::Small, Role::Dim)),
+      m_nothing(makeParagraph({}, TextStyle::Small, Role::Dim)),
       m_projects(new ProjectListView(parts))
 {
     auto *column = makeColumn(12, this);
@@ -134,7 +134,9 @@ void Sidebar::showSection()
     m_section->setText(m_parts.navigation.showArchivedProjects() ? tr("ARCHIVED") : tr("PROJECTS"));
     const qsizetype found = m_parts.navigation.filteredProjects().size();
     m_count->setText(QString::number(found));
-    m_nothing->setVisible(found == 0 && !m_parts.navigation.search().isEmpty());
+    const bool isSearch = !m_parts.navigation.search().isEmpty();
+    m_nothing->setText(isSearch ? tr("No projects match your search.") : tr("No archived projects."));
+    m_nothing->setVisible(found == 0 && (isSearch || m_parts.navigation.showArchivedProjects()));
     m_all->setCurrent(!m_parts.navigation.selectedProjectID());
     if (m_search->text() != m_parts.navigation.search())
         m_search->setText(m_parts.navigation.search());

@@ -18,6 +18,7 @@ void ThumbnailShelf::draw(QPainter &painter, const QRectF &area, const Checkpoin
                       themeColor(Role::Faint));
         return;
     }
+    Drawing::panel(painter, area, radius, themeColor(Role::PictureGround), Qt::transparent);
     const QSizeF size = QSizeF(image->size()).scaled(area.size(), Qt::KeepAspectRatio);
     QRectF target(QPointF(), size);
     target.moveCenter(area.center());

@@ -95,7 +95,8 @@ void TimelineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     const Role line = state.isSelected ? Role::AccentText : state.isHovered ? Role::Faint : Role::Line;
     Drawing::panel(*painter, card, 12, themeColor(state.isSelected ? Role::AccentSoft : Role::Card), themeColor(line));
     if (state.showsFocus)
-        Drawing::focusRing(*painter, card, 12);
+        Drawing::focusRing(*painter, card, 12,
+                           state.isSelected ? Drawing::RingOn::Selection : Drawing::RingOn::Surface);
     const QSizeF picture = ThumbnailShelf::shownSize;
     m_pictures.draw(*painter, {QPointF(card.left() + 9, card.center().y() - picture.height() / 2), picture},
                     modelOf(index).rows().at(index.row()));

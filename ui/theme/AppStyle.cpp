@@ -40,6 +40,9 @@ int AppStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidge
         return isCalm ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
     if (hint == SH_Menu_SubMenuPopupDelay)
         return 100;
+    // Drawn over what they scroll while they are used, and take no room from it.
+    if (hint == SH_ScrollBar_Transient)
+        return AppTheme::instance().appearance().contrast == Contrast::High ? 0 : 1;
     return QProxyStyle::styleHint(hint, option, widget, data);
 }
 

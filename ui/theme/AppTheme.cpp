@@ -218,6 +218,10 @@ QPalette::ColorRole AppTheme::paletteRole(Role role)
 void AppTheme::setAppearance(const Appearance &appearance)
 {
     m_appearance = appearance;
+    while (QWidget *const popup = QApplication::activePopupWidget()) {
+        if (!popup->close())
+            break; // What it was drawn on has other colours now.
+    }
     if (!appearance.iconTheme.isEmpty())
         QIcon::setThemeName(appearance.iconTheme);
     compute();
@@ -273,6 +277,8 @@ QFont AppTheme::font(double pixels, QFont::Weight weight) const
 {
     QFont result;
     result.setFamilies(m_families);
+    // Letters stand where the type has them, not on whole pixels; lines of text stay sharp.
+    result.setHintingPreference(QFont::PreferVerticalHinting);
     // Points keep the fractions that pixel sizes would lose; Qt counts 72 of them at 96 dots an inch.
     result.setPointSizeF(pixels * m_scale * 0.75);
     result.setWeight(weight);

@@ -127,8 +127,8 @@ void Drawing::focusRing(QPainter &painter, const QRectF &rect, qreal radius, Rin
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(themeColor(Role::AccentText), 2));
     painter.drawRoundedRect(rect.adjusted(1, 1, -1, -1), radius, radius);
-    if (on == RingOn::Fill) {
-        painter.setPen(QPen(themeColor(Role::OnAccent), 1.5));
+    if (on != RingOn::Surface) {
+        painter.setPen(QPen(themeColor(on == RingOn::Fill ? Role::OnAccent : Role::Paper), 1.5));
         painter.drawRoundedRect(rect.adjusted(3, 3, -3, -3), radius - 2, radius - 2);
     }
     painter.restore();

@@ -24,8 +24,9 @@ void shadow(QPainter &painter, const QRect &panel);
 // The small one of a menu or a tooltip, within the margin around it.
 void softShadow(QPainter &painter, const QRectF &panel, qreal radius, int margin);
 
-// The ring around what has the keyboard's focus. On a filled background it is a light one within a dark one.
-enum class RingOn { Surface, Fill };
+// The ring around what has the keyboard's focus. On a filled background, and on what is selected and has
+// an outline of its own, it is a light one within a dark one.
+enum class RingOn { Surface, Fill, Selection };
 void focusRing(QPainter &painter, const QRectF &rect, qreal radius, RingOn on = RingOn::Surface);
 
 // The background of what is typed into or chosen from.
