@@ -2,7 +2,7 @@
 #include "tests/faults/Faults.h"
 #include "tests/ui/ShownPicture.h"
 
-#include "ui/note/QuickListEditor.h"
+#include "ui/checkpoint/QuickListEditor.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/PngWriter.h"
 #include "tests/ui/WindowFixture.h"
-#include "ui/note/QuickListEditor.h"
+#include "ui/checkpoint/QuickListEditor.h"
 
 #include <QApplication>
 #include <QLineEdit>

@@ -2,7 +2,7 @@
 #include "tests/ui/WindowFixture.h"
 
 #include "support/BlockOn.h"
-#include "ui/note/QuickListEditor.h"
+#include "ui/checkpoint/QuickListEditor.h"
 
 #include <QAccessible>
 #include <QApplication>

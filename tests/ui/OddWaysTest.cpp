@@ -2,7 +2,7 @@
 #include "media/PngWriter.h"
 #include "support/BlockOn.h"
 #include "tests/ui/WindowFixture.h"
-#include "ui/note/QuickListEditor.h"
+#include "ui/checkpoint/QuickListEditor.h"
 
 #include <QApplication>
 #include <QClipboard>

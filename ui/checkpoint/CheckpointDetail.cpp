@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/checkpoint/CheckpointDetail.h"
 
+#include "ui/checkpoint/InlineNote.h"
 #include "ui/checkpoint/ResumeShortfallCard.h"
 #include "ui/checkpoint/ScreenshotCard.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Sheet.h"
-#include "ui/note/InlineNote.h"
 #include "ui/projects/ProjectText.h"
 
 #include <QDesktopServices>
