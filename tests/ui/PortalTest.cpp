@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/bus/PortalAppearance.h"
+#include "platform/linux/bus/PortalFileDialogs.h"
 #include "tests/ui/RunningWindow.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/controls/Button.h"
@@ -128,12 +130,45 @@ private:
     QString m_request = {};
 };
 
+struct PortalWindow : WindowFixture {
+    Portal portal;
+
+    PortalWindow() { desktop.fileDialogs = std::make_unique<PortalFileDialogs>(); }
+
+    // Leaves an image where it can be chosen.
+    QString photo() const
+    {
+        QImage image(320, 200, QImage::Format_RGB32);
+        image.fill(Qt::darkCyan);
+        REQUIRE(image.save(home.filePath("photo.png")));
+        return home.filePath("photo.png");
+    }
+};
+
 } // namespace
+
+TEST_CASE("what the settings portal says is understood, and what it leaves out stays")
+{
+    using Wishes = AppearanceWishes;
+    const auto read = [](const Wishes &before, const QString &group, const QString &key, const QVariant &value) {
+        // Values come wrapped as variants, from some portals twice.
+        return PortalAppearance::read(before, group, {{key, QVariant::fromValue(QDBusVariant(value))}});
+    };
+    const Wishes dark{.brightness = Wishes::Brightness::Dark, .hasHighContrast = true, .hasReducedMotion = true};
+    Wishes light = dark;
+    light.brightness = Wishes::Brightness::Light;
+    CHECK(read({}, appearanceGroup, "color-scheme", 1U).brightness == Wishes::Brightness::Dark);
+    CHECK(read(dark, appearanceGroup, "color-scheme", 2U) == light);
+    CHECK_FALSE(read(dark, appearanceGroup, "contrast", 0U).hasHighContrast);
+    CHECK(read({}, "org.gnome.desktop.interface", "enable-animations", false).hasReducedMotion);
+    CHECK(read(dark, appearanceGroup, "accent-color", 1U) == dark);
+    CHECK(read(dark, "org.example", "color-scheme", 2U) == dark);
+}
 
 TEST_CASE("the theme follows the settings portal while the program runs")
 {
     Portal portal;
-    const AppearanceSettings settings;
+    const AppearanceSettings settings(std::make_unique<PortalAppearance>());
     const auto becomes = [](const Appearance &wanted) {
         return QTest::qWaitFor([&] { return AppTheme::instance().appearance() == wanted; }, 20'000);
     };
@@ -178,16 +213,11 @@ TEST_CASE_FIXTURE(RunningWindow, "the finished program changes between light and
     close();
 }
 
-TEST_CASE_FIXTURE(WindowFixture,
+TEST_CASE_FIXTURE(PortalWindow,
                   "an image is chosen in the desktop's own dialog, and where there is none in one of the program")
 {
-    Portal portal;
     const QUuid project = openProject();
     saveCheckpoint(project, "Start", 10);
-    const QString file = home.filePath("photo.png");
-    QImage image(320, 200, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    REQUIRE(image.save(file));
     settle();
 
     portal.hasChooser = true;
@@ -196,7 +226,7 @@ TEST_CASE_FIXTURE(WindowFixture,
     CHECK_FALSE(window->findChild<QFileDialog *>());
     const auto isAsking = [this] { return window->findChild<FileChooser *>() != nullptr; };
     CHECK(eventually([&] { return !isAsking(); }));
-    portal.chosen = file;
+    portal.chosen = photo();
     click("Replace image…");
     CHECK(eventually([this] { return seesText("Image added. A copy is saved with this checkpoint."); }));
 
@@ -215,20 +245,16 @@ TEST_CASE_FIXTURE(WindowFixture,
     AppTheme::instance().setAppearance({});
 }
 
-TEST_CASE_FIXTURE(WindowFixture, "an image goes to the checkpoint it was asked for, and a dialog may vanish")
+TEST_CASE_FIXTURE(PortalWindow, "an image goes to the checkpoint it was asked for, and a dialog may vanish")
 {
-    Portal portal;
     portal.hasChooser = portal.isOpen = true;
     openProject();
     const auto [older, newer] = saveTwoCheckpoints();
-    QImage image(320, 200, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    REQUIRE(image.save(home.filePath("photo.png")));
     click("Replace image…");
     REQUIRE(eventually([&] { return !portal.asked.isEmpty(); }));
     store().navigation.selectCheckpoint(older.id);
     settle();
-    portal.answer(home.filePath("photo.png"));
+    portal.answer(photo());
     CHECK(eventually([&] { return store().library.checkpoint(newer.id)->screenshot != newer.screenshot; }));
     CHECK(store().library.checkpoint(older.id)->screenshot == older.screenshot);
 
