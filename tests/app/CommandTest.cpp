@@ -244,38 +244,6 @@ TEST_CASE_FIXTURE(ProgramFixture,
     CHECK(run({"save", "--project", "P"}).status == 0);
 }
 
-TEST_CASE_FIXTURE(ProgramFixture,
-                  "a library held by a process that does not go on is left alone, and that process named")
-{
-    REQUIRE(run({"save", "--project", "A", "--no-tabs"}).status == 0);
-    QFile lock(root() + "/lock");
-    REQUIRE(lock.open(QIODevice::ReadWrite));
-    REQUIRE(::flock(lock.handle(), LOCK_EX) == 0);
-    lock.resize(0);
-    lock.write(QByteArray::number(QCoreApplication::applicationPid()) + " command\n");
-    lock.flush();
-
-    const ProgramResult result = run({"save", "--project", "B", "--no-tabs"});
-    CHECK(result.status == 1);
-    CHECK(result.error.contains(QByteArray::number(QCoreApplication::applicationPid())));
-    CHECK(library().value("projects").toArray().size() == 1);
-}
-
-TEST_CASE_FIXTURE(ProgramFixture, "a program killed at any moment leaves a library that reads")
-{
-    REQUIRE(run({"save", "--project", "A", "--no-tabs"}).status == 0);
-    for (int delay = 5; delay <= 125; delay += 15) {
-        const auto process = start({"save", "--project", "A", "--no-tabs"});
-        process->waitForFinished(delay);
-        process->kill();
-        process->waitForFinished();
-        REQUIRE_FALSE(library().isEmpty());
-    }
-    const int before = int(library().value("checkpoints").toArray().size());
-    CHECK(run({"save", "--project", "A", "--no-tabs"}).status == 0);
-    CHECK(library().value("checkpoints").toArray().size() == before + 1);
-}
-
 TEST_CASE_FIXTURE(ProgramFixture, "a save that is interrupted is complete or leaves nothing, and says which")
 {
     REQUIRE(run({"save", "--project", "A", "--no-tabs"}).status == 0);
@@ -364,12 +332,4 @@ TEST_CASE_FIXTURE(ProgramFixture, "a library that cannot be read is reported, ke
     CHECK(saved.status == 0);
     CHECK(saved.error.contains("Your saved checkpoints could not be read."));
     CHECK(QDir(root()).entryList({"checkpoints-unreadable-*.json"}).size() == 1);
-
-    REQUIRE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write("{\"version\":3,\"projects\":[],\"checkpoints\":[]}");
-    file.close();
-    const ProgramResult newer = run({"save", "--project", "A", "--no-tabs"});
-    CHECK(newer.status == 1);
-    CHECK(newer.error.contains("newer"));
-    CHECK(library().value("version") == 3);
 }

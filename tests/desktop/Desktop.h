@@ -13,6 +13,9 @@ namespace ardeno::desktop_test {
 // Waits until the condition holds and answers whether it did before the deadline, which is only met by faults.
 bool eventually(const std::function<bool()> &condition);
 
+// What has only just appeared takes no key that answers it: longer than that.
+void waitUntilRead();
+
 // The standard output of a command that ends by itself.
 QString outputOf(const QString &program, const QStringList &arguments = {});
 

@@ -3,8 +3,6 @@
 #include "tests/resume/ResumeFixture.h"
 #include "json/Json.h"
 
-#include <QThread>
-
 #include <csignal>
 #include <unistd.h>
 
@@ -178,6 +176,7 @@ TEST_CASE_FIXTURE(BadInputFixture, "a saved program or desktop file is shown by 
     QFile shown(log);
     REQUIRE(shown.open(QIODevice::ReadOnly));
     CHECK(shown.readAll() == (program + '\n' + entry + '\n').toUtf8());
-    QThread::sleep(1);
+    // Whoever would run them has come to its end.
+    CHECK(eventually([&] { return outputOf("pgrep", {"-f", "tool.sh|evil.desktop"}).isEmpty(); }));
     CHECK_FALSE(QFile::exists(mark));
 }

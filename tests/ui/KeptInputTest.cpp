@@ -83,7 +83,7 @@ TEST_CASE_FIXTURE(KeptInput, "who leaves a note that could not be written is ask
     press(Qt::Key_PageUp, Qt::ControlModifier);
     CHECK(note()->text() == u"• precious"_qs);
     CHECK(seesText(u"Not saved yet · Saving is tried again"_qs));
-    bothPictures("note-unsaved");
+    pictures("note-unsaved");
     click("All projects");
     REQUIRE(topTitle() == "A note is not saved yet");
     click("Back to the note");
@@ -183,7 +183,7 @@ TEST_CASE_FIXTURE(KeptInput, "a picture that was removed comes back by one butto
     CHECK(viewers().isEmpty());
     CHECK(seesText("No screenshot saved"));
     CHECK(seesText("Screenshot removed"));
-    bothPictures("screenshot-removed");
+    pictures("screenshot-removed");
     click("Undo");
     CHECK(store().library.checkpoint(checkpoint.id)->screenshot == checkpoint.screenshot);
     CHECK_FALSE(seesText("No screenshot saved"));
@@ -212,7 +212,7 @@ TEST_CASE_FIXTURE(KeptInput, "what stands in a form when the program is ended is
     restart();
     REQUIRE(topTitle() == "Checkpoint details");
     CHECK(seesText("Ardeno was ended before this was saved. Save it now, or cancel to discard it."));
-    bothPictures("details-kept");
+    pictures("details-kept");
     CHECK(store().library.checkpoint(checkpoint.id)->title == "Chapter"); // Nothing is written without its user.
     press(Qt::Key_Escape);
     CHECK(topTitle() == discard);

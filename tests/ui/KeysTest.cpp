@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/desktop/Desktop.h"
 #include "tests/ui/WindowFixture.h"
 
 #include "support/BlockOn.h"
@@ -6,8 +7,10 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QTest>
 
@@ -63,6 +66,9 @@ struct KeysFixture : WindowFixture {
 TEST_CASE_FIXTURE(KeysFixture, "what is highlighted is what is shown, wherever the keys are; it follows when they rest")
 {
     openProjects();
+    const int interval = QApplication::keyboardInputInterval();
+    QApplication::setKeyboardInputInterval(1); // Each letter begins a word of its own.
+    const auto usual = qScopeGuard([interval] { QApplication::setKeyboardInputInterval(interval); });
     QListView *const projects = list("Projects");
     projects->setFocus(Qt::TabFocusReason);
     REQUIRE(shown() == "Dance");
@@ -79,7 +85,6 @@ TEST_CASE_FIXTURE(KeysFixture, "what is highlighted is what is shown, wherever t
         CHECK(highlighted(projects) == before);
         CHECK(eventually([&] { return shown() == name; }));
         CHECK(highlighted(projects) == name);
-        QTest::qWait(500); // The next letter begins a word of its own.
     }
     hit(projects, Qt::Key_Home);
     hit(projects, Qt::Key_Return);
@@ -87,7 +92,7 @@ TEST_CASE_FIXTURE(KeysFixture, "what is highlighted is what is shown, wherever t
     // On the way back the page stays as it was, with the checkpoint that was chosen.
     hit(projects, Qt::Key_Down);
     hit(projects, Qt::Key_Up);
-    QTest::qWait(300);
+    REQUIRE(comesToRest(projects));
     CHECK(shown() == "Apples");
 }
 
@@ -138,7 +143,10 @@ TEST_CASE_FIXTURE(KeysFixture, "a shortcut is about the row that the keys are at
     hit(strip, Qt::Key_Delete, Qt::ControlModifier);
     settle();
     CHECK(alertText() == name(older));
-    picture("delete-question");
+    pictures("delete-question");
+    press(Qt::Key_Return); // Deleting wants its own button.
+    CHECK(store().library.checkpoint(older.id));
+    hit(strip, Qt::Key_Delete, Qt::ControlModifier);
     click("Delete checkpoint");
     CHECK_FALSE(store().library.checkpoint(older.id));
     CHECK(highlighted(strip) == "Newer");
@@ -250,15 +258,16 @@ TEST_CASE_FIXTURE(KeysFixture, "what comes unasked waits for a pause in writing,
         settle();
         CHECK_FALSE(isThere());
         type("is");
-        QTest::qWait(400);
-        CHECK_FALSE(isThere());
+        QElapsedTimer pause;
+        pause.start();
         REQUIRE(eventually(isThere));
+        CHECK(pause.elapsed() > 500);
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Enter}) {
             hit(QApplication::focusWidget(), key);
             settle();
             CHECK(isThere());
         }
-        QTest::qWait(550);
+        desktop_test::waitUntilRead();
         QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
         QApplication::sendEvent(QApplication::focusWidget(), &held);
         settle();
@@ -308,6 +317,11 @@ TEST_CASE_FIXTURE(KeysFixture, "a search is opened by Return, entered by the arr
     CHECK(QApplication::focusWidget() == widget("Find a project"));
     press(Qt::Key_Escape);
     CHECK_FALSE(seesText("No projects match your search."));
+    click("All projects");
+    store().navigation.setSearch("boo");
+    settle();
+    CHECK(findButton("Actions for Books"));
+    CHECK_FALSE(findButton("Actions for Dance"));
 }
 
 TEST_CASE_FIXTURE(KeysFixture,

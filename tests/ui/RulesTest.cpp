@@ -28,31 +28,9 @@ TEST_CASE("counts use the singular for exactly one")
           u"2 active · 1 blocked"_qs);
 }
 
-TEST_CASE("the next small step is the first line without its marker")
-{
-    struct Case {
-        QString nextStep;
-        QString shown;
-    };
-
-    const Case cases[] = {
-        {u"• Fix the login bug\n• Test"_qs, "Fix the login bug"},
-        {"12) Twelve", "Twelve"},
-        {"3. Three", "Three"},
-        {u"− minus"_qs, "minus"},
-        {"-x", "-x"},
-        {"3.5 percent", "3.5 percent"},
-        {"\n  * later", "later"},
-        {"", ""},
-    };
-    for (const Case &each : cases) {
-        CAPTURE(each.nextStep);
-        CHECK(ProjectText::firstStep({.title = "title", .nextStep = each.nextStep}) == each.shown);
-    }
-}
-
 TEST_CASE("a checkpoint titled exactly like its project is its first one")
 {
+    CHECK(ProjectText::firstStep({.title = "title"}).isEmpty());
     CHECK(ProjectText::title({.title = "Thesis"}, "Thesis") == "First checkpoint");
     CHECK(ProjectText::title({.title = "thesis"}, "Thesis") == "thesis");
     // In the timeline a next step says more.

@@ -154,23 +154,6 @@ TEST_CASE_FIXTURE(SheetFixture, "what a command saves meanwhile takes neither th
     CHECK(store().library.checkpoints().first().projectID == shown);
 }
 
-TEST_CASE_FIXTURE(SheetFixture, "a work session is started in the sheet and stopped from the window")
-{
-    openProject();
-    openCapture();
-    click("Record a work session");
-    CHECK(seesText("Record a work session."));
-    click("Start session");
-    REQUIRE(eventually([this] { return store().recorder.recording(); }));
-    CHECK_FALSE(sheet());
-    CHECK(store().library.checkpoints().isEmpty());
-    click("Stop & save checkpoint");
-    REQUIRE(eventually([this] { return !store().library.checkpoints().isEmpty(); }));
-    CHECK(store().library.checkpoints().first().recording.has_value());
-    openCapture();
-    CHECK(findButton("Save checkpoint")); // The next one is an ordinary one.
-}
-
 TEST_CASE_FIXTURE(SheetFixture, "without screen access the sheet leads to it, and sees by itself that it was given")
 {
     memory.screenAccess = false;
@@ -190,7 +173,7 @@ TEST_CASE_FIXTURE(SheetFixture, "without screen access the sheet leads to it, an
     CHECK(memory.timesSettingsOpened == 2);
     click("Check again");
     CHECK(memory.timesAsked == 1);
-    picture("access");
+    pictures("access");
 
     memory.screenAccess = true;
     Q_EMIT qGuiApp->applicationStateChanged(Qt::ApplicationInactive);
@@ -302,7 +285,7 @@ TEST_CASE_FIXTURE(SheetFixture, "what the last resume did not place is listed wi
     openRestore();
     CHECK(statuses().contains("notes.txt: minimised"));
     CHECK(seesText("1 window was not placed by the last resume."));
-    picture("restore-remaining");
+    pictures("restore-remaining");
     memory.movable.first().isMinimised = false;
     click("Place remaining windows");
     REQUIRE(eventually([this] { return store().resumes.unplacedWindows().isEmpty() && !store().operations.busy(); }));

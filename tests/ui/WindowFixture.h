@@ -19,7 +19,7 @@ struct WindowFixture : StoreFixture {
     bool hasSettings = false;
     std::unique_ptr<MainWindow> window;
 
-    ~WindowFixture() { window.reset(); }
+    virtual ~WindowFixture() { window.reset(); }
 
     // A window on what is stored, as after a start of the program.
     void openWindow();
@@ -39,6 +39,8 @@ struct WindowFixture : StoreFixture {
     // Runs the event loop until nothing is queued any more.
     static void settle();
     static bool eventually(const std::function<bool()> &condition);
+    // What it does after a pause is done.
+    static bool comesToRest(const QWidget *widget);
 
     // What a person can see and press: visible, enabled, and not beneath a sheet. Null when there is none.
     QAbstractButton *findButton(const QString &text) const;
@@ -58,8 +60,14 @@ struct WindowFixture : StoreFixture {
 
     // Leaves a picture of the window for people to look at.
     void picture(const QString &name) const;
-    // One of the dark and one of the light appearance, neither of which may cut a text.
-    void bothPictures(const QString &name) const;
+    // One of each appearance. No text may be cut there, and every control has a name.
+    void pictures(const QString &name) const;
+
+protected:
+    // Where texts are looked for, and where what can be pressed.
+    virtual QWidget *surface() const { return window.get(); }
+
+    virtual QWidget *pressable() const;
 
 private:
     // All that are seen with this text or name.
