@@ -61,7 +61,7 @@ QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
     column->addSpacing(12);
     m_shortfall = new ResumeShortfallCard(m_parts.resumes, m_parts.library, m_parts.sheets, m_id);
     column->addWidget(m_shortfall);
-    m_screenshot = new ScreenshotCard(m_parts, m_screens, checkpoint);
+    m_screenshot = new ScreenshotCard(m_parts.picture, m_screens, checkpoint);
     column->addWidget(m_screenshot);
     column->addSpacing(4);
     column->addWidget(makeFooter(checkpoint));
@@ -147,7 +147,7 @@ QWidget *CheckpointDetail::makeFooter(const Checkpoint &checkpoint)
 void CheckpointDetail::viewRecording(const Checkpoint &checkpoint)
 {
     try {
-        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(m_parts.media.recordingFile(checkpoint))))
+        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(m_parts.picture.media.recordingFile(checkpoint))))
             m_parts.messages.report(tr("Could not open the recording: there is no application for it."));
     } catch (const Failure &failure) {
         m_parts.messages.report(tr("Could not open the recording. ") + failure.description());

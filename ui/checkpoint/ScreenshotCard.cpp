@@ -29,7 +29,7 @@
 
 namespace ardeno {
 
-ScreenshotCard::ScreenshotCard(const CheckpointParts &parts, const Screens &screens, const Checkpoint &checkpoint)
+ScreenshotCard::ScreenshotCard(const ScreenshotParts &parts, const Screens &screens, const Checkpoint &checkpoint)
     : m_parts(parts),
       m_screens(screens),
       m_id(checkpoint.id),
