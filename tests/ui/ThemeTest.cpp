@@ -170,19 +170,6 @@ TEST_CASE("every kind of writing has a font that was chosen for it, and the inte
     }
 }
 
-TEST_CASE("the filling colours are the same in light and dark")
-{
-    AppTheme &theme = AppTheme::instance();
-    for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
-        theme.setAppearance({scheme, Contrast::Normal, Motion::Normal});
-        CHECK(theme.color(Role::Accent) == QColor(82, 99, 158));
-        CHECK(theme.color(Role::Sage) == QColor(87, 133, 105));
-        CHECK(theme.color(Role::Amber) == QColor(171, 120, 51));
-        CHECK(theme.color(Role::Recording) == QColor(179, 71, 71));
-    }
-    theme.setAppearance({});
-}
-
 TEST_CASE("every symbol can be drawn, tinted, at every scale")
 {
     CHECK(Symbols::exists("folder"));
