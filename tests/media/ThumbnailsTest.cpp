@@ -4,6 +4,7 @@
 #include "media/PngWriter.h"
 #include "tests/Printing.h"
 #include "tests/media/SampleImages.h"
+#include "tests/support/Files.h"
 
 #include <QDir>
 #include <QEventLoop>
@@ -39,10 +40,8 @@ struct ThumbnailsFixture {
 
     QString file(const QString &name, const QByteArray &bytes) const
     {
-        QFile file(home.filePath(name));
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return file.fileName();
+        writeFile(home.filePath(name), bytes);
+        return home.filePath(name);
     }
 
     Thumbnail of(const QString &path) const
