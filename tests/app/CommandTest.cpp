@@ -84,9 +84,7 @@ TEST_CASE_FIXTURE(ProgramFixture, "an excluded application is in no list, and al
     CHECK(run({"exclusions", "--json"}).out ==
           "{\"apps\":[{\"id\":\"debian-xterm\",\"name\":\"XTerm\"}],\"domains\":[\"bank.example\"]}\n");
     REQUIRE(run({"save", "--project", "Thesis", "--no-tabs"}).status == 0);
-    QFile file(libraryPath());
-    REQUIRE(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
+    const QByteArray bytes = fileBytes(libraryPath());
     CHECK_FALSE(bytes.contains("secret work"));
     CHECK_FALSE(bytes.contains("debian-xterm"));
 
@@ -188,6 +186,10 @@ TEST_CASE_FIXTURE(ProgramFixture, "a session without pictures is refused with it
     environment.insert("WAYLAND_DISPLAY", "wayland-0");
     CHECK(refuses("Wayland").value("session") == "wayland");
     environment.remove("WAYLAND_DISPLAY");
+    const QString type = environment.value("XDG_SESSION_TYPE");
+    environment.insert("XDG_SESSION_TYPE", "wayland");
+    CHECK(refuses("Wayland").value("session") == "wayland");
+    environment.insert("XDG_SESSION_TYPE", type);
     environment.insert("DISPLAY", ":99999");
     CHECK(refuses(":99999").value("session") == "none");
     environment.remove("DISPLAY");
@@ -222,9 +224,7 @@ TEST_CASE_FIXTURE(ProgramFixture,
                   "no command captures while exclusions cannot be read, and each says once how to go on")
 {
     REQUIRE(run({"exclude", "domain", "bank.test"}).status == 0);
-    QFile file(home.filePath("config/Ardeno/exclusions.json"));
-    REQUIRE(file.open(QIODevice::WriteOnly));
-    file.close();
+    writeFile(home.filePath("config/Ardeno/exclusions.json"));
     const QByteArray way = "ardeno exclusions --start-over";
     for (const QStringList &command : {QStringList{"save", "--project", "P"},
                                        {"exclude", "domain", "other.test"},
@@ -320,10 +320,7 @@ TEST_CASE_FIXTURE(ProgramFixture, "names of any kind come through, and a termina
 TEST_CASE_FIXTURE(ProgramFixture, "a library that cannot be read is reported, kept, and replaced only beside its copy")
 {
     QDir().mkpath(root());
-    QFile file(libraryPath());
-    REQUIRE(file.open(QIODevice::WriteOnly));
-    file.write("{\"version\":2,\"projects\":[],\"checkpoints\":[{\"id\":7}]}");
-    file.close();
+    writeFile(libraryPath(), "{\"version\":2,\"projects\":[],\"checkpoints\":[{\"id\":7}]}");
 
     const ProgramResult listed = run({"list"});
     CHECK(listed.status == 1);

@@ -63,14 +63,6 @@ TEST_CASE_FIXTURE(Logout, "logging out is refused while a session is recorded; w
 TEST_CASE_FIXTURE(Logout, "the next session has the window where it was, and none where it was closed")
 {
     startManaged();
-    outputOf("wmctrl", {"-r", "Ardeno", "-e", "0,300,120,1000,740"});
-    REQUIRE(eventually([this] { return place().contains("WIDTH=1000") && place().contains("X=30"); }));
-    const QString before = place().section('\n', 1);
-    startAgain();
-    REQUIRE(waitForWindow("Ardeno"));
-    CHECK(eventually([&] { return place().section('\n', 1) == before; }));
-    REQUIRE(eventually([this] { return session.isQuiet(); }));
-
     outputOf("wmctrl", {"-r", "Ardeno", "-b", "add,maximized_vert,maximized_horz"});
     REQUIRE(eventually([this] { return place().contains("WIDTH=19"); }));
     const QString large = place().section('\n', 1);

@@ -4,6 +4,7 @@
 #include "support/BlockOn.h"
 #include "support/Failure.h"
 #include "tests/Printing.h"
+#include "tests/support/Files.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -85,10 +86,7 @@ TEST_CASE_FIXTURE(ScreenshotFixture,
 
 TEST_CASE_FIXTURE(ScreenshotFixture, "each way to have no picture has its own sentence and leaves the old file alone")
 {
-    QFile old(path);
-    REQUIRE(old.open(QIODevice::WriteOnly));
-    old.write("old");
-    old.close();
+    writeFile(path, "old");
 
     CHECK(outcome(service.screenshot(path, {})) == "Capture 1: No display is available to capture.");
     CHECK(outcome(service.verifyAccess()) == "Capture 1: No display is available.");
@@ -106,8 +104,7 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "each way to have no picture has its own se
     screen.missingBytes = 4;
     CHECK(outcome(service.screenshot(path, {})) == "Capture 2: The screenshot could not be created.");
 
-    REQUIRE(old.open(QIODevice::ReadOnly));
-    CHECK(old.readAll() == "old");
+    CHECK(fileBytes(path) == "old");
     CHECK(QDir(folder.path()).entryList(QDir::Files).size() == 1);
 }
 

@@ -72,6 +72,22 @@ void Application::end()
     m_group = 0;
 }
 
+BareServer::BareServer(const QStringList &arguments)
+{
+    m_process.start("Xvfb",
+                    QStringList{"-displayfd", "1", "-noreset", "-nolisten", "tcp", "-screen", "0", "640x480x24"} +
+                        arguments);
+    while (!m_process.canReadLine() && m_process.waitForReadyRead())
+        continue;
+    m_name = ":" + m_process.readLine().trimmed();
+}
+
+void BareServer::end()
+{
+    m_process.terminate();
+    m_process.waitForFinished();
+}
+
 QStringList chromiumArguments(const QString &page)
 {
     return {

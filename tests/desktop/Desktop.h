@@ -38,6 +38,25 @@ private:
     qint64 m_group = 0;
 };
 
+// An X server without a window manager, for what the desktop of the tests does not have.
+class BareServer final {
+public:
+    explicit BareServer(const QStringList &arguments = {});
+    BareServer(const BareServer &) = delete;
+    BareServer &operator=(const BareServer &) = delete;
+
+    ~BareServer() { end(); }
+
+    // As DISPLAY names it.
+    QByteArray name() const { return m_name; }
+
+    void end();
+
+private:
+    QProcess m_process;
+    QByteArray m_name;
+};
+
 // Chromium with a profile of its own, without the parts that need a network or a graphics card.
 QStringList chromiumArguments(const QString &page);
 

@@ -5,6 +5,7 @@
 #include "support/Failure.h"
 #include "tests/Printing.h"
 #include "tests/desktop/Video.h"
+#include "tests/support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -144,17 +145,12 @@ TEST_CASE_FIXTURE(VideoFixture, "a video cut anywhere is repaired to what can be
         VideoWriter writer(path, size);
         CHECK(failureOf(writer) == "");
     }
-    QFile file(path);
-    REQUIRE(file.open(QIODevice::ReadOnly));
-    const QByteArray whole = file.readAll();
+    const QByteArray whole = fileBytes(path);
     const QString cut = folder.filePath("cut.mp4");
     int playable = 0;
     for (qsizetype length = whole.size(); length > 0; length -= whole.size() / 7 + 1) {
         CAPTURE(length);
-        QFile part(cut);
-        REQUIRE(part.open(QIODevice::WriteOnly));
-        part.write(whole.first(length));
-        part.close();
+        writeFile(cut, whole.first(length));
         const bool isPlayable = VideoFile::repair(cut);
         CHECK(isPlayable == (Video(cut).frames() > 0));
         if (isPlayable)

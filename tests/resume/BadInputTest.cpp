@@ -71,9 +71,7 @@ TEST_CASE_FIXTURE(BadInputFixture, "two resumes at once start an application onc
     CAPTURE(second.out);
     CHECK(second.json().value("plan").toObject().value("activeApps") == QJsonArray{"slow"});
     CHECK(outcome(second).value("alreadyActive") == 1);
-    QFile starts(log);
-    REQUIRE(starts.open(QIODevice::ReadOnly));
-    CHECK(starts.readAll() == "start\n");
+    CHECK(fileBytes(log) == "start\n");
 }
 
 TEST_CASE_FIXTURE(BadInputFixture, "what is started inherits nothing, survives the command and gets each path as it is")
@@ -99,9 +97,7 @@ TEST_CASE_FIXTURE(BadInputFixture, "what is started inherits nothing, survives t
     CHECK(strings(outcome(result).value("failures")) ==
           QStringList{"gone.txt (it no longer exists)", "--help (it no longer exists)", "tty (it no longer exists)"});
     REQUIRE(eventually([&] { return QFile::exists(report); }));
-    QFile file(report);
-    REQUIRE(file.open(QIODevice::ReadOnly));
-    const QString text = file.readAll();
+    const QString text = fileBytes(report);
     CAPTURE(text);
     CHECK(text.contains("arguments 1\n"));
     CHECK(text.contains(QFileInfo(strange).fileName() + '\n'));
@@ -148,9 +144,7 @@ TEST_CASE_FIXTURE(BadInputFixture, "a checkpoint of another machine, with hostil
     CHECK(result.json().value("notice") ==
           u"Workspace restored · 2 opened · 0 already active · 4 unavailable · 0 window positions restored"_qs);
     REQUIRE(eventually([&] { return QFile::exists(log); }));
-    QFile file(log);
-    REQUIRE(file.open(QIODevice::ReadOnly));
-    CHECK(file.readAll() == "https://a.example/;touch%20x\nhttps://a.example/%7e$(id)\n");
+    CHECK(fileBytes(log) == "https://a.example/;touch%20x\nhttps://a.example/%7e$(id)\n");
 }
 
 TEST_CASE_FIXTURE(BadInputFixture, "a saved program or desktop file is shown by an application, and never run")
@@ -173,9 +167,7 @@ TEST_CASE_FIXTURE(BadInputFixture, "a saved program or desktop file is shown by 
     CAPTURE(result.out);
     CHECK(outcome(result).value("unavailable") == 3);
     REQUIRE(eventually([&] { return QFile::exists(log); }));
-    QFile shown(log);
-    REQUIRE(shown.open(QIODevice::ReadOnly));
-    CHECK(shown.readAll() == (program + '\n' + entry + '\n').toUtf8());
+    CHECK(fileBytes(log) == (program + '\n' + entry + '\n').toUtf8());
     // Whoever would run them has come to its end.
     CHECK(eventually([&] { return outputOf("pgrep", {"-f", "tool.sh|evil.desktop"}).isEmpty(); }));
     CHECK_FALSE(QFile::exists(mark));

@@ -5,6 +5,7 @@
 #include "tests/Printing.h"
 #include "tests/support/Children.h"
 #include "tests/support/FailureOf.h"
+#include "tests/support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,12 +26,6 @@ namespace {
 struct FileFixture {
     QTemporaryDir home;
     QString path = home.filePath("file.json");
-
-    static QByteArray contentOf(const QString &name)
-    {
-        QFile file(name);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
-    }
 
     QStringList files() const
     {
@@ -55,13 +50,13 @@ TEST_CASE_FIXTURE(FileFixture, "a file is the pieces one after the other, privat
     pieces[1] = {};
     pieces.emplace_back("end");
     const FileStamp first = AtomicFile::write(path, pieces).stamp;
-    CHECK(contentOf(path) == QByteArray(2'999'000, 'x') + "end");
+    CHECK(fileBytes(path) == QByteArray(2'999'000, 'x') + "end");
     CHECK((statusOf(path).st_mode & 0777) == 0600);
     CHECK(files() == QStringList{"file.json"});
     CHECK(FileStamp::ofFile(path) == first);
 
     const FileStamp second = AtomicFile::write(path, "short").stamp;
-    CHECK(contentOf(path) == "short");
+    CHECK(fileBytes(path) == "short");
     CHECK(second != first);
     QFile file(path);
     REQUIRE(file.open(QIODevice::ReadWrite));
@@ -79,7 +74,7 @@ TEST_CASE_FIXTURE(FileFixture, "a link stays a link, wherever it leads")
     REQUIRE(QFile::link(home.filePath("second"), path));
     AtomicFile::write(path, "through a link that leads nowhere yet");
     AtomicFile::write(path, "again");
-    CHECK(contentOf(target) == "again");
+    CHECK(fileBytes(target) == "again");
     CHECK(S_ISLNK(statusOf(path).st_mode));
     CHECK(S_ISLNK(statusOf(home.filePath("second")).st_mode));
 
@@ -99,7 +94,7 @@ TEST_CASE_FIXTURE(FileFixture, "a failed write leaves the old file and nothing e
     ::setrlimit(RLIMIT_FSIZE, &limit);
     std::signal(SIGXFSZ, ignore);
     CHECK(message == "File too large.");
-    CHECK(contentOf(path) == "old");
+    CHECK(fileBytes(path) == "old");
     CHECK(files() == QStringList{"file.json"});
 
     REQUIRE(QDir(home.path()).mkdir("folder"));
@@ -132,7 +127,7 @@ TEST_CASE_FIXTURE(FileFixture, "writers of the same file at the same time do not
     }
     for (Child &child : children)
         CHECK(child.wait() == 0);
-    const QByteArray content = contentOf(path);
+    const QByteArray content = fileBytes(path);
     CHECK(content == QByteArray(100'000, content[0]));
     CHECK(files() == QStringList{"file.json"});
 }

@@ -9,28 +9,6 @@
 
 using namespace ardeno;
 
-namespace {
-
-// The names of what the tab key reaches, until it comes back to where it began.
-QStringList tabOrder(const WindowFixture &fixture)
-{
-    QStringList names;
-    QSet<const QWidget *> seen;
-    for (int step = 0; step < 100; ++step) {
-        QTest::keyClick(fixture.window.get(), Qt::Key_Tab);
-        const QWidget *const focused = QApplication::focusWidget();
-        if (!focused || seen.contains(focused))
-            break;
-        seen.insert(focused);
-        const auto *const button = qobject_cast<const QAbstractButton *>(focused);
-        const QString name = focused->accessibleName().isEmpty() && button ? button->text() : focused->accessibleName();
-        names << (name.isEmpty() ? focused->metaObject()->className() : name);
-    }
-    return names;
-}
-
-} // namespace
-
 TEST_CASE_FIXTURE(WindowFixture, "what lies beneath a sheet is not there for screen readers, keys and shortcuts")
 {
     openProject();
@@ -67,39 +45,6 @@ TEST_CASE_FIXTURE(WindowFixture, "what lies beneath a sheet is not there for scr
     CHECK_FALSE(store().sheets.editingBlocker());
     CHECK(QApplication::focusWidget() == button("Mark blocked…")); // Back where one was.
     CHECK(readScreen(window.get()).names.contains("All projects"));
-}
-
-TEST_CASE_FIXTURE(WindowFixture, "the keyboard alone reaches everything")
-{
-    const QUuid project = openProject();
-    saveTwoCheckpoints();
-    store().messages.confirm("Checkpoint saved.");
-    settle();
-    const QStringList reached = tabOrder(*this);
-    CAPTURE(reached);
-    for (const QString name :
-         {"Find a project", "All projects", "Projects", "New project", "More actions", "Mark blocked…",
-          "Manage checkpoints", "Save checkpoint", "Checkpoint history", "Replace image…", "Remove",
-          "Where you left off", "Your next small step", "Dismiss the message"}) {
-        CAPTURE(name);
-        CHECK(reached.contains(name));
-    }
-    store().navigation.showProjects();
-    settle();
-    const QStringList overview = tabOrder(*this);
-    CHECK(overview.contains("Actions for Thesis"));
-    CHECK(overview.contains("Open project Thesis"));
-    CHECK(overview.contains("Show archived"));
-
-    // Lists are worked with the arrow keys and Return.
-    store().navigation.selectProject(project);
-    settle();
-    list("Checkpoint history")->setFocus(Qt::TabFocusReason);
-    press(Qt::Key_Right);
-    press(Qt::Key_Return);
-    CHECK(seesText("Older"));
-    press(Qt::Key_PageUp, Qt::ControlModifier);
-    CHECK(seesText("Newer"));
 }
 
 TEST_CASE_FIXTURE(WindowFixture, "the tab key goes through all cards of a long overview")

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/ui/ShownPicture.h"
+#include "tests/ui/WindowFixture.h"
+#include "ui/checkpoint/ScreenshotImage.h"
 
 #include "ui/checkpoint/QuickListEditor.h"
 
@@ -9,17 +10,6 @@
 #include <QTest>
 
 using namespace ardeno;
-
-namespace {
-
-QuickListEditor *note(const WindowFixture &fixture, const QString &title)
-{
-    auto *const found = dynamic_cast<QuickListEditor *>(fixture.widget(title));
-    REQUIRE(found);
-    return found;
-}
-
-} // namespace
 
 TEST_CASE_FIXTURE(WindowFixture, "the sample cannot be written on")
 {
@@ -31,12 +21,12 @@ TEST_CASE_FIXTURE(WindowFixture, "the sample cannot be written on")
     CHECK_FALSE(findButton("Replace image…"));
     pictures("sample");
 
-    QTest::mouseClick(note(*this, "Where you left off")->viewport(), Qt::LeftButton);
+    QTest::mouseClick(note("Where you left off")->viewport(), Qt::LeftButton);
     type("x");
     press(Qt::Key_Escape);
     clickRow(list("Checkpoint history"), 1);
     clickRow(list("Checkpoint history"), 0);
-    CHECK_FALSE(note(*this, "Where you left off")->text().contains('x'));
+    CHECK_FALSE(note("Where you left off")->text().contains('x'));
     CHECK_FALSE(QFile::exists(libraryPath()));
 }
 
@@ -58,8 +48,8 @@ TEST_CASE_FIXTURE(WindowFixture, "a project wants a name, and what was saved int
     REQUIRE(eventually([this] { return seesText("Checkpoint saved."); }));
     CHECK(seesText(u"1 apps · 0 pages · Choose what to reopen"_qs));
     CHECK(findButton("Replace image…"));
-    REQUIRE(shownPicture(*this));
-    CHECK(eventually([this] { return shownPicture(*this)->isShown(); }));
+    REQUIRE(find<ScreenshotImage>());
+    CHECK(eventually([this] { return find<ScreenshotImage>()->isShown(); }));
     picture("saved");
     click("Dismiss the message");
     CHECK_FALSE(seesText("Checkpoint saved."));
@@ -70,7 +60,7 @@ TEST_CASE_FIXTURE(WindowFixture,
 {
     saveCheckpoint(openProject(), "Chapter", 10);
     settle();
-    QuickListEditor *const editor = note(*this, "Your next small step");
+    QuickListEditor *const editor = note("Your next small step");
     QTest::mouseClick(editor->viewport(), Qt::LeftButton);
     CHECK(seesText(u"Enter for next item · Click away to finish"_qs));
     type("milk");
@@ -94,14 +84,14 @@ TEST_CASE_FIXTURE(WindowFixture, "a note is kept when another checkpoint is chos
 {
     openProject();
     const auto [older, newer] = saveTwoCheckpoints();
-    QTest::mouseClick(note(*this, "Where you left off")->viewport(), Qt::LeftButton);
+    QTest::mouseClick(note("Where you left off")->viewport(), Qt::LeftButton);
     type("one");
     press(Qt::Key_PageDown, Qt::ControlModifier); // The next checkpoint.
     CHECK(seesText("Older"));
     CHECK(store().library.checkpoint(newer.id)->objective == u"• one"_qs);
     CHECK(store().library.checkpoint(older.id)->objective.isEmpty());
     CHECK(store().navigation.selection() == older.id); // A late write does not pull the old one back.
-    QTest::mouseClick(note(*this, "Where you left off")->viewport(), Qt::LeftButton);
+    QTest::mouseClick(note("Where you left off")->viewport(), Qt::LeftButton);
     type("two");
     window->close();
     CHECK(store().library.checkpoint(older.id)->objective == u"• two"_qs);
@@ -111,7 +101,7 @@ TEST_CASE_FIXTURE(WindowFixture, "text composed with an input method is taken as
 {
     saveCheckpoint(openProject(), "Chapter", 10);
     settle();
-    QuickListEditor *const editor = note(*this, "Where you left off");
+    QuickListEditor *const editor = note("Where you left off");
     editor->setFocus();
     const auto compose = [editor](const QString &preedit, const QString &commit) {
         QInputMethodEvent event(preedit, {});

@@ -16,23 +16,10 @@ namespace {
 struct KeptInput : WindowFixture {
     KeptInput() { hasSettings = true; }
 
-    QuickListEditor *note() const
-    {
-        auto *const found = dynamic_cast<QuickListEditor *>(widget("Where you left off"));
-        REQUIRE(found);
-        return found;
-    }
-
     void typeNote(const QString &text)
     {
         QTest::mouseClick(note()->viewport(), Qt::LeftButton);
         type(text);
-    }
-
-    void mendLibrary()
-    {
-        REQUIRE(QDir(libraryPath()).removeRecursively());
-        REQUIRE(QFile::rename(root() + "/moved", libraryPath()));
     }
 
     QString topTitle() const
@@ -40,13 +27,9 @@ struct KeptInput : WindowFixture {
         return window->sheets().isCovering() ? window->sheets().topSheet()->accessibleName() : QString();
     }
 
-    // A field of the sheet on top.
     void fill(const QString &name, const QString &text)
     {
-        for (QWidget *const field : window->sheets().topSheet()->findChildren<QWidget *>()) {
-            if (field->accessibleName() == name && field->focusPolicy() != Qt::NoFocus)
-                field->setFocus();
-        }
+        field(name)->setFocus();
         type(text);
     }
 

@@ -35,14 +35,6 @@ QString highlighted(QListView *view)
 }
 
 struct KeysFixture : WindowFixture {
-    void openProjects()
-    {
-        openWindow();
-        for (const char *name : {"Apples", "Books", "Cellar", "Dance"})
-            store().projects.createProject(name);
-        settle();
-    }
-
     QString shown() const
     {
         return opened->navigation.selectedProject() ? opened->navigation.selectedProject()->name : QString();
@@ -333,10 +325,10 @@ TEST_CASE_FIXTURE(KeysFixture,
     const QString moment = DateText::mediumDateShortTime(Date{10});
     CHECK(seesText(moment)); // In place of the title.
     CHECK(list("Checkpoint history")->model()->index(0, 0).data().toString() == moment);
-    auto *const note = dynamic_cast<QuickListEditor *>(widget("Where you left off"));
-    note->setFocus();
-    QTest::sendKeyEvent(QTest::Click, note, Qt::Key_unknown, QString::fromUcs4(U"\U0001F680"), Qt::NoModifier);
-    CHECK(note->text() == u"• \U0001F680"_qs);
+    QuickListEditor *const editor = note();
+    editor->setFocus();
+    QTest::sendKeyEvent(QTest::Click, editor, Qt::Key_unknown, QString::fromUcs4(U"\U0001F680"), Qt::NoModifier);
+    CHECK(editor->text() == u"• \U0001F680"_qs);
 
     const auto opensMenu = [this](const QString &name, const QString &entry) {
         CAPTURE(name);

@@ -19,14 +19,7 @@ struct Notices : WindowFixture {
         hasSettings = true;
     }
 
-    NoticeBanner *strip() const
-    {
-        for (QWidget *const candidate : window->findChildren<QWidget *>()) {
-            if (auto *const found = dynamic_cast<NoticeBanner *>(candidate))
-                return found;
-        }
-        return nullptr;
-    }
+    NoticeBanner *strip() const { return find<NoticeBanner>(); }
 
     // Whether the notice is gone when what it waits is over, and over again.
     bool leaves()
@@ -176,10 +169,7 @@ TEST_CASE_FIXTURE(Notices, "a resume that takes long says what it waits for, and
     saved.windows =
         QList<SavedWindow>{{.appID = "viewer", .appName = "Viewer", .title = "paper", .frame = {50, 60, 500, 400}}};
     REQUIRE(store().editing.save(saved));
-    for (QWidget *const candidate : window->findChildren<QWidget *>()) {
-        if (auto *const strip = dynamic_cast<ResumeBanner *>(candidate))
-            strip->setPatience(std::chrono::milliseconds(1));
-    }
+    find<ResumeBanner>()->setPatience(std::chrono::milliseconds(1));
 
     store().resumes.restore(saved, ResumeSelection::missing, true);
     CHECK(eventually([this] { return seesText(u"Resuming “Draft”. Waiting for Viewer."_qs); }));

@@ -22,23 +22,9 @@ struct OddWays : WindowFixture {
 
     ~OddWays() { QApplication::clipboard()->clear(); }
 
-    void openProjects()
-    {
-        openWindow();
-        for (const char *name : {"Apples", "Books", "Cellar", "Dance"})
-            store().projects.createProject(name);
-        settle();
-    }
-
     QString shown()
     {
         return store().navigation.selectedProject() ? store().navigation.selectedProject()->name : QString();
-    }
-
-    static QString selectedRow(const QListView *view)
-    {
-        const QModelIndexList rows = view->selectionModel()->selectedIndexes();
-        return rows.size() == 1 ? rows.first().data().toString() : QString();
     }
 
     QString imageFile() const
@@ -127,12 +113,11 @@ TEST_CASE_FIXTURE(OddWays, "the undo key leaves the looks of a note alone")
 {
     saveCheckpoint(openProject(), "Chapter", 10);
     settle();
-    auto *const note = dynamic_cast<QuickListEditor *>(widget("Where you left off"));
-    REQUIRE(note);
-    note->setFocus();
+    QuickListEditor *const editor = note();
+    editor->setFocus();
     for (int round = 0; round < 3; ++round)
         press(Qt::Key_Z, Qt::ControlModifier);
-    CHECK(note->document()->documentMargin() == 0);
+    CHECK(editor->document()->documentMargin() == 0);
 }
 
 TEST_CASE_FIXTURE(OddWays, "pictures that are replaced twice, and those of what is deleted, leave nothing behind")

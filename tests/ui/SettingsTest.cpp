@@ -43,17 +43,6 @@ struct SettingsFixture : WindowFixture {
         settle();
     }
 
-    // A field of the sheet on top; a view below may have one of the same name.
-    QWidget *field(const QString &name) const
-    {
-        for (QWidget *const candidate : window->sheets().topSheet()->findChildren<QWidget *>()) {
-            if (candidate->accessibleName() == name && candidate->focusPolicy() != Qt::NoFocus)
-                return candidate;
-        }
-        FAIL("There is no field " << name.toStdString());
-        return nullptr;
-    }
-
     void fill(const QString &name, const QString &text)
     {
         field(name)->setFocus();
@@ -122,11 +111,8 @@ TEST_CASE_FIXTURE(SettingsFixture, "settings of another kind or a later version 
 
 TEST_CASE_FIXTURE(SettingsFixture, "exclusions that cannot be read are told of, and started over by one button")
 {
-    preferences().setValue(keys::includeBrowser, true); // Its folder.
-    QFile damaged(home.filePath("settings/exclusions.json"));
-    REQUIRE(damaged.open(QIODevice::WriteOnly));
-    damaged.write(R"({"apps": [], "later": 1})"); // It lacks the websites.
-    damaged.close();
+    preferences().setValue(keys::includeBrowser, true);                                  // Its folder.
+    writeFile(home.filePath("settings/exclusions.json"), R"({"apps": [], "later": 1})"); // It lacks the websites.
     openWindow();
     REQUIRE(seesText("Something needs attention"));
     click("OK");

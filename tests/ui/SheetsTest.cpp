@@ -154,6 +154,23 @@ TEST_CASE_FIXTURE(SheetFixture, "what a command saves meanwhile takes neither th
     CHECK(store().library.checkpoints().first().projectID == shown);
 }
 
+TEST_CASE_FIXTURE(SheetFixture, "a work session is started in the sheet and stopped from the window")
+{
+    openProject();
+    openCapture();
+    click("Record a work session");
+    CHECK(seesText("Record a work session."));
+    click("Start session");
+    REQUIRE(eventually([this] { return store().recorder.recording(); }));
+    CHECK_FALSE(sheet());
+    CHECK(store().library.checkpoints().isEmpty());
+    click("Stop & save checkpoint");
+    REQUIRE(eventually([this] { return !store().library.checkpoints().isEmpty(); }));
+    CHECK(store().library.checkpoints().first().recording.has_value());
+    openCapture();
+    CHECK(findButton("Save checkpoint")); // The next one is an ordinary one.
+}
+
 TEST_CASE_FIXTURE(SheetFixture, "without screen access the sheet leads to it, and sees by itself that it was given")
 {
     memory.screenAccess = false;

@@ -4,6 +4,7 @@
 #include "tests/desktop/Desktop.h"
 #include "tests/ui/CutTexts.h"
 #include "tests/ui/UnnamedControls.h"
+#include "ui/checkpoint/QuickListEditor.h"
 #include "ui/controls/Label.h"
 #include "ui/settings/SettingsScreens.h"
 #include "ui/sheets/SheetScreens.h"
@@ -31,6 +32,14 @@ void WindowFixture::openWindow()
     window->show();
     REQUIRE(QTest::qWaitForWindowActive(window.get()));
     window->open(store(), std::move(screens));
+    settle();
+}
+
+void WindowFixture::openProjects(const QStringList &names)
+{
+    openWindow();
+    for (const QString &name : names)
+        store().projects.createProject(name);
     settle();
 }
 
@@ -184,6 +193,29 @@ QWidget *WindowFixture::widget(const QString &accessibleName) const
             return candidate;
     }
     return nullptr;
+}
+
+QWidget *WindowFixture::field(const QString &name) const
+{
+    for (QWidget *const candidate : window->sheets().topSheet()->findChildren<QWidget *>()) {
+        if (candidate->accessibleName() == name && candidate->focusPolicy() != Qt::NoFocus)
+            return candidate;
+    }
+    FAIL("There is no field " << name.toStdString());
+    return nullptr;
+}
+
+QuickListEditor *WindowFixture::note(const QString &title) const
+{
+    auto *const found = dynamic_cast<QuickListEditor *>(widget(title));
+    REQUIRE(found);
+    return found;
+}
+
+QString WindowFixture::selectedRow(const QListView *view)
+{
+    const QModelIndexList rows = view->selectionModel()->selectedIndexes();
+    return rows.size() == 1 ? rows.first().data().toString() : QString();
 }
 
 void WindowFixture::clickRow(QListView *view, int row, Qt::MouseButton which)

@@ -12,6 +12,8 @@
 
 namespace ardeno {
 
+class QuickListEditor;
+
 // The main window over a store on a real folder, worked by keys and clicks as a person would.
 struct WindowFixture : StoreFixture {
     // What the window opens besides what it builds itself; said before it is opened.
@@ -23,6 +25,7 @@ struct WindowFixture : StoreFixture {
 
     // A window on what is stored, as after a start of the program.
     void openWindow();
+    void openProjects(const QStringList &names = {"Apples", "Books", "Cellar", "Dance"});
     // The same, on a new project.
     QUuid openProject();
 
@@ -57,6 +60,22 @@ struct WindowFixture : StoreFixture {
     QListView *list(const QString &name) const;
     void clickRow(QListView *view, int row, Qt::MouseButton which = Qt::LeftButton);
     QWidget *widget(const QString &accessibleName) const;
+    // Of the sheet on top; what lies below may have one of the same name.
+    QWidget *field(const QString &name) const;
+    // Where the checkpoint that is shown is written on.
+    QuickListEditor *note(const QString &title = "Where you left off") const;
+    static QString selectedRow(const QListView *view);
+
+    // The first part of the window of this class; null when there is none.
+    template <typename View>
+    View *find() const
+    {
+        for (QWidget *const candidate : window->findChildren<QWidget *>()) {
+            if (auto *const found = dynamic_cast<View *>(candidate))
+                return found;
+        }
+        return nullptr;
+    }
 
     // Leaves a picture of the window for people to look at.
     void picture(const QString &name) const;

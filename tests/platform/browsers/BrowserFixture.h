@@ -7,6 +7,7 @@
 #include "support/BlockOn.h"
 #include "tests/Printing.h"
 #include "tests/desktop/PageServer.h"
+#include "tests/support/Files.h"
 
 #include <QFile>
 #include <QProcess>
@@ -67,9 +68,8 @@ struct BrowserFixture {
     // The address of a new page of this title.
     QString page(const QString &name, const QString &title) const
     {
-        QFile file(folder.filePath(name));
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(u"<!doctype html><meta charset=utf-8><title>%1</title>Page"_qs.arg(title.toHtmlEscaped()).toUtf8());
+        writeFile(folder.filePath(name),
+                  u"<!doctype html><meta charset=utf-8><title>%1</title>Page"_qs.arg(title.toHtmlEscaped()).toUtf8());
         return server.address() + '/' + name;
     }
 
