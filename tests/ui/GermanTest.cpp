@@ -30,7 +30,7 @@ struct GermanFixture : WindowFixture {
         hasSheets = true;
     }
 
-    ~GermanFixture()
+    ~GermanFixture() override
     {
         window.reset();
         setLanguage(QLocale(QLocale::English, QLocale::UnitedStates), icu::Locale::getUS());

@@ -20,7 +20,7 @@ namespace {
 struct OddWays : WindowFixture {
     OddWays() { hasSheets = true; }
 
-    ~OddWays() { QApplication::clipboard()->clear(); }
+    ~OddWays() override { QApplication::clipboard()->clear(); }
 
     QString shown()
     {
