@@ -205,21 +205,6 @@ TEST_CASE_FIXTURE(ProgramFixture, "a session without pictures is refused with it
     CHECK(report.value("capabilities").toArray().at(0).toObject().value("state") == "available");
 }
 
-TEST_CASE_FIXTURE(ProgramFixture, "commands at the same time lose nothing of each other")
-{
-    std::vector<std::unique_ptr<QProcess>> processes;
-    for (int i = 0; i < 4; ++i) {
-        processes.push_back(start({"save", "--project", QString("Project %1").arg(i % 2), "--no-tabs"}));
-        processes.push_back(start({"exclude", "domain", QString("site%1.example").arg(i)}));
-    }
-    for (const auto &process : processes)
-        CHECK(end(*process).status == 0);
-    CHECK(library().value("checkpoints").toArray().size() == 4);
-    CHECK(library().value("projects").toArray().size() == 2);
-    const QJsonObject exclusions = run({"exclusions", "--json"}).json();
-    CHECK(exclusions.value("domains").toArray().size() == 4);
-}
-
 TEST_CASE_FIXTURE(ProgramFixture,
                   "no command captures while exclusions cannot be read, and each says once how to go on")
 {

@@ -27,20 +27,6 @@ TEST_CASE_FIXTURE(ApplicationFixture, "one application has the window and carrie
     CHECK(run({"list"}).status == 0);
 }
 
-TEST_CASE_FIXTURE(ApplicationFixture, "while a session is recorded its user cannot quit")
-{
-    startApplication({});
-    REQUIRE(waitForWindow("Ardeno"));
-    REQUIRE(run({"record", "start", "--project", "Thesis"}).status == 0);
-    run({}); // With the keyboard.
-    REQUIRE(waitForKeyboard());
-    key("ctrl+q");
-    CHECK(waitForControl("Keep open"));
-    picture("quit-refused");
-    CHECK(checkpoints().isEmpty());
-    CHECK(terminate().status == 0);
-}
-
 TEST_CASE_FIXTURE(ApplicationFixture, "a closed window leaves the application running, which says so once")
 {
     startApplication({});

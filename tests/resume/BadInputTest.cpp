@@ -55,25 +55,6 @@ TEST_CASE_FIXTURE(BadInputFixture, "applications that end at once, show nothing 
     CHECK(result.error.contains("Could not open: Broken (it ended with an error)"));
 }
 
-TEST_CASE_FIXTURE(BadInputFixture, "two resumes at once start an application once, however late its window comes")
-{
-    const QString log = home.filePath("starts");
-    const QString script =
-        write("slow.sh", "echo start >>'" + log.toUtf8() + "'\nsleep 2\nexec xmessage -name slow -timeout 20 x\n");
-    install("slow", "Name=Slow\nExec=sh " + script + "\nStartupWMClass=slow");
-    checkpoint.apps = {{"slow", "Slow"}};
-    const ProgramResult dry = resume({"--dry-run"});
-    REQUIRE(dry.json().value("plan").toObject().value("appsToOpen") == QJsonArray{"slow"});
-    const auto first = start({"resume", "--latest", "--json"});
-    REQUIRE(eventually([&] { return QFile::exists(log); }));
-    const ProgramResult second = run({"resume", "--latest", "--json"});
-    CHECK(outcome(end(*first)).value("openedApps") == 1);
-    CAPTURE(second.out);
-    CHECK(second.json().value("plan").toObject().value("activeApps") == QJsonArray{"slow"});
-    CHECK(outcome(second).value("alreadyActive") == 1);
-    CHECK(fileBytes(log) == "start\n");
-}
-
 TEST_CASE_FIXTURE(BadInputFixture, "what is started inherits nothing, survives the command and gets each path as it is")
 {
     const QString strange = write("it's \"a\"\n$(touch x) 100% ;.txt", "text");

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/PngWriter.h"
-#include "support/BlockOn.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/checkpoint/QuickListEditor.h"
 
@@ -118,26 +117,6 @@ TEST_CASE_FIXTURE(OddWays, "the undo key leaves the looks of a note alone")
     for (int round = 0; round < 3; ++round)
         press(Qt::Key_Z, Qt::ControlModifier);
     CHECK(editor->document()->documentMargin() == 0);
-}
-
-TEST_CASE_FIXTURE(OddWays, "pictures that are replaced twice, and those of what is deleted, leave nothing behind")
-{
-    const QUuid project = openProject();
-    const Checkpoint checkpoint = saveCheckpoint(project, "Chapter", 10);
-    blockOn(store().screenshots.importScreenshot(imageFile(), checkpoint.id));
-    const std::optional<QString> first = store().library.checkpoint(checkpoint.id)->screenshot;
-    blockOn(store().screenshots.importScreenshot(imageFile(), checkpoint.id));
-    settle();
-    press(Qt::Key_Z, Qt::ControlModifier);
-    CHECK(store().library.checkpoint(checkpoint.id)->screenshot == first);
-    press(Qt::Key_Z, Qt::ControlModifier); // And forth.
-    CHECK(store().library.checkpoint(checkpoint.id)->screenshot != first);
-    store().deletion.deleteProject(project);
-    settle();
-    press(Qt::Key_Z, Qt::ControlModifier);
-    CHECK(store().library.projects().isEmpty());
-    CHECK_FALSE(QDir(mediaFolder(checkpoint)).exists());
-    CHECK_FALSE(store().messages.error());
 }
 
 TEST_CASE_FIXTURE(OddWays,

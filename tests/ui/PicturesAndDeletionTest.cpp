@@ -1,26 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
-#include "ui/checkpoint/ScreenshotImage.h"
 
 #include <map>
 
 using namespace ardeno;
-
-TEST_CASE_FIXTURE(WindowFixture, "a screenshot that is missing or damaged is named, never an empty frame")
-{
-    const QUuid project = openProject();
-    const Checkpoint damaged = saveCheckpoint(project, "Damaged", 10);
-    Checkpoint missing{.title = "Missing", .projectID = project, .screenshot = home.filePath("nowhere.png")};
-    REQUIRE(store().editing.save(missing));
-    settle();
-    REQUIRE(find<ScreenshotImage>());
-    CHECK(eventually([this] { return find<ScreenshotImage>()->isUnavailable(); }));
-    picture("screenshot-unavailable");
-    store().navigation.selectCheckpoint(damaged.id);
-    settle();
-    REQUIRE(find<ScreenshotImage>());
-    CHECK(eventually([this] { return find<ScreenshotImage>()->isUnavailable(); }));
-}
 
 TEST_CASE_FIXTURE(WindowFixture, "the manager opens and deletes checkpoints, and shows when none is left")
 {
