@@ -234,21 +234,22 @@ TEST_CASE_FIXTURE(ProgramFixture, "a save that is interrupted is complete or lea
     REQUIRE(run({"save", "--project", "A", "--no-tabs"}).status == 0);
     int refused = 0;
     for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGINT, SIGINT, SIGINT}) {
+        const auto before = checkpoints().size();
         const auto process = start({"save", "--project", "A", "--no-tabs"});
         const auto number = pid_t(process->processId());
         REQUIRE(desktop_test::eventually([&] { return notes(*process, signal); }));
         process->waitForFinished(20 * refused);
-        const auto before = library().value("checkpoints").toArray().size();
         ::kill(number, signal);
         const ProgramResult result = end(*process);
         CAPTURE(result.error);
-        const bool isSaved = library().value("checkpoints").toArray().size() > before || result.status == 0;
-        CHECK(result.status == (isSaved ? 0 : 128 + signal));
+        const bool isSaved = checkpoints().size() > before;
+        const bool isOver = isSaved && result.status == -1; // The signal came when all was done and said.
+        CHECK((isOver || result.status == (isSaved ? 0 : 128 + signal)));
         CHECK(result.out.contains("Checkpoint saved.") == isSaved);
         CHECK(result.error.contains("interrupted") == !isSaved);
         refused += isSaved ? 0 : 1;
         const auto folders = QDir(root()).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
-        CHECK(folders.size() == library().value("checkpoints").toArray().size());
+        CHECK(folders.size() == checkpoints().size());
     }
     CHECK(refused > 0);
 }

@@ -27,26 +27,13 @@ using namespace ardeno;
 namespace {
 
 // As the portal writes it down.
-struct PortalAccent {
-    double red = 0;
-    double green = 0;
-    double blue = 0;
-};
-
-QDBusArgument &operator<<(QDBusArgument &argument, const PortalAccent &accent)
+QVariant portalAccent(double red, double green, double blue)
 {
+    QDBusArgument argument;
     argument.beginStructure();
-    argument << accent.red << accent.green << accent.blue;
+    argument << red << green << blue;
     argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, PortalAccent &accent)
-{
-    argument.beginStructure();
-    argument >> accent.red >> accent.green >> accent.blue;
-    argument.endStructure();
-    return argument;
+    return QVariant::fromValue(argument);
 }
 
 constexpr const char *appearanceGroup = "org.freedesktop.appearance";
@@ -60,7 +47,6 @@ public:
     Portal() : m_bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, "portal"))
     {
         qDBusRegisterMetaType<QMap<QString, QVariantMap>>();
-        qDBusRegisterMetaType<PortalAccent>();
         REQUIRE(m_bus.registerVirtualObject(path, this));
         join();
     }
@@ -97,17 +83,19 @@ public:
     // Ends without an answer, as a service that crashes.
     void leave() { m_bus.interface()->unregisterService("org.freedesktop.portal.Desktop"); }
 
+    // An empty one: the dialog is cancelled.
     void answer(const QString &file)
     {
         QDBusMessage signal = QDBusMessage::createSignal(m_request, "org.freedesktop.portal.Request", "Response");
-        signal << 0U << QVariantMap{{"uris", QStringList{QUrl::fromLocalFile(file).toString()}}};
+        signal << (file.isEmpty() ? 1U : 0U)
+               << QVariantMap{{"uris", QStringList{QUrl::fromLocalFile(file).toString()}}};
         REQUIRE(m_bus.send(signal));
     }
 
     bool hasChooser = false;
     bool isOpen = false; // The dialog stays until it is answered.
-    QString chosen = {}; // Empty: the dialog is cancelled.
-    QString asked = {};  // The title of the newest question.
+    QString chosen = {};
+    QString asked = {}; // The title of the newest question.
 
 private:
     bool choose(const QDBusMessage &question, const QDBusConnection &connection)
@@ -115,15 +103,11 @@ private:
         asked = question.arguments().value(1).toString();
         const QVariantMap options = qdbus_cast<QVariantMap>(question.arguments().value(2));
         const QString sender = question.service().mid(1).replace('.', '_');
-        const QString request = QString("%1/request/%2/%3").arg(path, sender, options.value("handle_token").toString());
-        connection.send(question.createReply(QVariant::fromValue(QDBusObjectPath(request))));
-        m_request = request;
-        if (isOpen)
-            return true;
-        QDBusMessage answer = QDBusMessage::createSignal(request, "org.freedesktop.portal.Request", "Response");
-        answer << (chosen.isEmpty() ? 1U : 0U)
-               << QVariantMap{{"uris", QStringList{QUrl::fromLocalFile(chosen).toString()}}};
-        return connection.send(answer);
+        m_request = QString("%1/request/%2/%3").arg(path, sender, options.value("handle_token").toString());
+        connection.send(question.createReply(QVariant::fromValue(QDBusObjectPath(m_request))));
+        if (!isOpen)
+            answer(chosen);
+        return true;
     }
 
     QDBusConnection m_bus;
@@ -179,9 +163,9 @@ TEST_CASE("the theme follows the settings portal while the program runs")
     CHECK(becomes({Scheme::Light, Contrast::High, Motion::Normal}));
     portal.change("contrast", 0U);
     CHECK(becomes({}));
-    portal.change("accent-color", QVariant::fromValue(PortalAccent{1, 0.5, 0}));
+    portal.change("accent-color", portalAccent(1, 0.5, 0));
     CHECK(becomes({.accent = qRgb(255, 128, 0)}));
-    portal.change("accent-color", QVariant::fromValue(PortalAccent{-1, -1, -1})); // None was chosen.
+    portal.change("accent-color", portalAccent(-1, -1, -1)); // None was chosen.
     CHECK(becomes({}));
     const Button button("Save");
     const int before = button.sizeHint().width();
