@@ -49,9 +49,7 @@ QCoro::Task<ExitStatus> stop(CommandContext &context)
 // Only an application that goes on can record; the one that is started serves the same command.
 QCoro::Task<ExitStatus> startInNewApplication(CommandContext &context, const QCommandLineParser &parsed)
 {
-    const Capability recorder = makeDesktop().screenRecorder->availability();
-    if (!recorder.isAvailable())
-        throw notAvailable(recorder.reason);
+    require(makeDesktop().screenRecorder->availability());
     BusClient::startApplication();
     QStringList arguments = {"record", "start", "--project", parsed.value("project")};
     for (const QString &option : {QString("title"), QString("next")}) {

@@ -279,9 +279,7 @@ QCoro::Task<ExitStatus> runResume(CommandContext &context, const QCommandLinePar
         co_return ExitStatus::WrongUsage;
     }
     Desktop desktop = makeDesktop();
-    const Capability opening = desktop.launcher->availability();
-    if (!opening.isAvailable())
-        throw notAvailable(opening.reason);
+    require(desktop.launcher->availability());
     co_return co_await resume(context, parsed, desktop);
 }
 

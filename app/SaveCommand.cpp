@@ -109,9 +109,7 @@ QCoro::Task<ExitStatus> runSave(CommandContext &context, const QCommandLineParse
         co_return ExitStatus::WrongUsage;
     }
     Desktop desktop = makeDesktop();
-    const Capability pictures = desktop.screenCapture->availability();
-    if (!pictures.isAvailable())
-        throw notAvailable(pictures.reason);
+    require(desktop.screenCapture->availability());
     co_return co_await save(context, parsed, desktop);
 }
 

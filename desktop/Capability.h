@@ -31,4 +31,10 @@ inline Failure notAvailable(const QString &reason)
     return {notAvailableDomain, 1, reason};
 }
 
+inline void require(const Capability &capability)
+{
+    if (!capability.isAvailable())
+        throw notAvailable(capability.reason);
+}
+
 } // namespace ardeno

@@ -3,6 +3,7 @@
 
 #include "desktop/Documents.h"
 #include "desktop/FileBrowser.h"
+#include "desktop/FileDialogs.h"
 #include "desktop/Files.h"
 #include "desktop/HotKeys.h"
 #include "desktop/Launcher.h"
@@ -51,6 +52,7 @@ struct Desktop {
     std::unique_ptr<MailProgram> mailProgram = {};
     std::unique_ptr<HotKeys> hotKeys = {};
     std::unique_ptr<OwnWindows> ownWindows = {};
+    std::unique_ptr<FileDialogs> fileDialogs = {};
 };
 
 } // namespace ardeno

@@ -29,21 +29,10 @@ QByteArray encode(const T &value)
 
 // Throws Failure of domain "Json" that names the place and what is needed there: "checkpoints[3].createdAt: a number is
 // required." Keys that the record does not know are passed over but must hold JSON; a key that stands twice is refused,
-// because nobody could say which of the two was meant. A byte-order mark is allowed.
+// because nobody could say which of the two was meant. A byte-order mark is allowed. The text is bytes, or a
+// PaddedBytes, which the reader need not copy.
 template <typename T>
-T decode(QByteArrayView text)
-{
-    T value = blank<T>();
-    Reader reader(text);
-    reader.begin();
-    read(reader, value);
-    reader.end();
-    return value;
-}
-
-// The same for bytes that a PaddedBytes holds, which the reader need not copy.
-template <typename T>
-T decode(const PaddedBytes &text)
+T decode(const auto &text)
 {
     T value = blank<T>();
     Reader reader(text);

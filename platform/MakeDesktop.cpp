@@ -6,6 +6,8 @@
 #include "platform/linux/applications/LinuxMailProgram.h"
 #include "platform/linux/applications/LinuxRoles.h"
 #include "platform/linux/browsers/BrowserStateTabs.h"
+#include "platform/linux/bus/PortalAppearance.h"
+#include "platform/linux/bus/PortalFileDialogs.h"
 #include "platform/linux/documents/ShownLocations.h"
 #include "platform/linux/files/LinuxFiles.h"
 #include "platform/linux/running/ProcessEnd.h"
@@ -28,13 +30,19 @@ namespace ardeno {
 
 namespace {
 
+// A desktop that cannot be read may still offer services to its programs.
+Desktop makeUnreadableDesktop(const QString &session, const QString &reason)
+{
+    Desktop desktop = makeNullDesktop(session, reason, linuxRoles());
+    desktop.fileDialogs = std::make_unique<PortalFileDialogs>();
+    return desktop;
+}
+
 // An X server inside a Wayland session shows black where other windows are and knows only some of them.
 Desktop makeWaylandDesktop()
 {
-    Desktop desktop = makeNullDesktop("wayland",
-                                      "Windows and screens of a Wayland session cannot be read yet. "
-                                      "Choose an Xorg session when you log in.",
-                                      linuxRoles());
+    Desktop desktop = makeUnreadableDesktop("wayland", "Windows and screens of a Wayland session cannot be read yet. "
+                                                       "Choose an Xorg session when you log in.");
     desktop.mailProgram = std::make_unique<LinuxMailProgram>();
     return desktop;
 }
@@ -77,6 +85,7 @@ Desktop makeX11Desktop()
     desktop.mailProgram = std::make_unique<LinuxMailProgram>();
     desktop.hotKeys = std::make_unique<X11HotKeys>();
     desktop.ownWindows = std::make_unique<X11OwnWindows>(connection);
+    desktop.fileDialogs = std::make_unique<PortalFileDialogs>();
     return desktop;
 }
 
@@ -89,8 +98,13 @@ Desktop makeDesktop()
     try {
         return makeX11Desktop();
     } catch (const Failure &failure) {
-        return makeNullDesktop("none", failure.description(), linuxRoles());
+        return makeUnreadableDesktop("none", failure.description());
     }
+}
+
+std::unique_ptr<DesktopAppearance> makeDesktopAppearance()
+{
+    return std::make_unique<PortalAppearance>();
 }
 
 bool isDisplayReachable()

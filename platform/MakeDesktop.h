@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/Desktop.h"
+#include "desktop/DesktopAppearance.h"
 
 #include <chrono>
 
@@ -10,6 +11,9 @@ namespace ardeno {
 // The desktop of this desktop session, chosen from the environment: X11, or the null desktop with the reason why there
 // is none. Never fails.
 Desktop makeDesktop();
+
+// How programs shall look, which a window wants to know before the desktop is made.
+std::unique_ptr<DesktopAppearance> makeDesktopAppearance();
 
 // Whether a program with windows can start here.
 bool isDisplayReachable();

@@ -40,6 +40,8 @@ public:
     // Opens a "mailto:" address as a draft; false without a mail program.
     bool openMail(const QUrl &address);
 
+    FileDialogs &fileDialogs() const { return *m_desktop.fileDialogs; }
+
 private:
     QCoro::Task<Outcome> reveal(QString path);
 

@@ -17,8 +17,10 @@ CheckpointListParts ViewParts::ofCheckpointLists(AppStore &store)
 
 CheckpointParts ViewParts::ofCheckpoint(AppStore &store)
 {
-    return {store.library, store.navigation, store.applications, store.messages, store.sheets,
-            store.media,   store.editing,    store.screenshots,  store.removals, store.resumes};
+    const ScreenshotParts picture{store.library, store.applications, store.messages,
+                                  store.media,   store.screenshots,  store.removals};
+    return {store.library, store.navigation, store.applications, store.messages,
+            store.sheets,  store.editing,    store.resumes,      picture};
 }
 
 ItemParts ViewParts::ofItems(AppStore &store)

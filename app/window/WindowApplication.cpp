@@ -117,8 +117,10 @@ void WindowApplication::adopt(OpenedLibrary library)
         m_tray = std::make_unique<TrayItem>(store.recorder, *m_menu, QDBusConnection::sessionBus());
     else
         store.messages.remark(
-            {.sentence = tr("There is no session bus: commands cannot reach this window, and closing it "
-                            "quits Ardeno.")});
+            {.sentence = tr("There is no session bus: folders and documents of windows are not found, the desktop’s "
+                            "appearance is not followed, commands do not reach this window, and closing it quits "
+                            "Ardeno."),
+             .subject = "session bus"});
     tellHiddenFailures();
     adviseMove();
     m_application->serveCommands();
@@ -150,7 +152,7 @@ void WindowApplication::prepareWindows()
     if (m_appearance)
         return;
     installSheetAccessibility();
-    m_appearance.emplace();
+    m_appearance.emplace(makeDesktopAppearance());
 }
 
 MainWindow &WindowApplication::window()

@@ -151,6 +151,16 @@ public:
     bool openDraft(const QUrl &) override { return false; }
 };
 
+// No dialogs.
+class NullFileDialogs final : public FileDialogs {
+public:
+    std::unique_ptr<Asking> ask(const Question &, Answered answered) override
+    {
+        answered(Answer::NoDialog, {});
+        return {};
+    }
+};
+
 } // namespace
 
 std::unique_ptr<ScreenCapture> makeNullScreenCapture(const QString &reason)
@@ -177,6 +187,7 @@ Desktop makeNullDesktop(const QString &session, const QString &reason, const Des
     desktop.mailProgram = std::make_unique<NullMailProgram>();
     desktop.hotKeys = std::make_unique<NullHotKeys>(reason);
     desktop.ownWindows = std::make_unique<NullOwnWindows>();
+    desktop.fileDialogs = std::make_unique<NullFileDialogs>();
     return desktop;
 }
 

@@ -1379,10 +1379,6 @@ für die Arbeit.</translation>
         <translation>Ardeno öffnen</translation>
     </message>
     <message>
-        <source>There is no session bus: commands cannot reach this window, and closing it quits Ardeno.</source>
-        <translation>Es gibt keinen Sitzungsbus: Befehle erreichen dieses Fenster nicht, und Schließen beendet Ardeno.</translation>
-    </message>
-    <message>
         <source>Ardeno keeps running</source>
         <translation>Ardeno läuft weiter</translation>
     </message>
@@ -1779,8 +1775,8 @@ für die Arbeit.</translation>
         <translation>von Ihnen bewegt</translation>
     </message>
     <message>
-        <source>There is no session bus: folders and documents of windows are not found, the desktop’s appearance is not followed, and commands do not reach this window.</source>
-        <translation>Es gibt keinen Sitzungsbus: Ordner und Dokumente von Fenstern werden nicht gefunden, das Aussehen folgt nicht dem Desktop, und Befehle erreichen dieses Fenster nicht.</translation>
+        <source>There is no session bus: folders and documents of windows are not found, the desktop’s appearance is not followed, commands do not reach this window, and closing it quits Ardeno.</source>
+        <translation>Es gibt keinen Sitzungsbus: Ordner und Dokumente von Fenstern werden nicht gefunden, das Aussehen folgt nicht dem Desktop, Befehle erreichen dieses Fenster nicht, und Schließen beendet Ardeno.</translation>
     </message>
     <message>
         <source>Ardeno — Recording</source>

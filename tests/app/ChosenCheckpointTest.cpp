@@ -23,11 +23,7 @@ TEST_CASE_FIXTURE(ProgramFixture, "the beginning of an ID must say which checkpo
     add("A1", first, 1);
     add("A2", first, 3);
     add("B1", second, 2);
-    REQUIRE(QDir().mkpath(root()));
-    QFile file(root() + "/checkpoints.json");
-    REQUIRE(file.open(QIODevice::WriteOnly));
-    file.write(json::encode(library));
-    file.close();
+    writeFile(libraryPath(), json::encode(library));
 
     CHECK(run({"show", "b"}).out.contains("T B1"));
     const ProgramResult ambiguous = run({"show", "A"});

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "tests/Printing.h"
+#include "tests/support/Files.h"
 
-#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -58,10 +58,7 @@ struct ProgramFixture {
     // Whether the program has something to end tidily when this signal comes.
     static bool notes(const QProcess &process, int signal)
     {
-        QFile status(QString("/proc/%1/status").arg(process.processId()));
-        if (!status.open(QIODevice::ReadOnly))
-            return false;
-        const QByteArray text = status.readAll();
+        const QByteArray text = fileBytes(QString("/proc/%1/status").arg(process.processId()));
         const QByteArray caught = text.mid(text.indexOf("SigCgt:") + 7).trimmed().left(16);
         return (caught.toULongLong(nullptr, 16) >> (signal - 1) & 1) != 0;
     }
@@ -69,20 +66,12 @@ struct ProgramFixture {
     ProgramResult run(const QStringList &arguments) const { return end(*start(arguments)); }
 
     // The library's checkpoints as any JSON reader sees them.
-    QJsonObject library() const
-    {
-        QFile file(libraryPath());
-        return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
-    }
+    QJsonObject library() const { return QJsonDocument::fromJson(fileBytes(libraryPath())).object(); }
 
     QJsonArray checkpoints() const { return library().value("checkpoints").toArray(); }
 
     // The process that has the library, or had it last.
-    qint64 libraryHolder() const
-    {
-        QFile lock(root() + "/lock");
-        return lock.open(QIODevice::ReadOnly) ? lock.readAll().split(' ').first().toLongLong() : 0;
-    }
+    qint64 libraryHolder() const { return fileBytes(root() + "/lock").split(' ').first().toLongLong(); }
 };
 
 } // namespace ardeno

@@ -146,16 +146,12 @@ TEST_CASE_FIXTURE(RecordingFixture, "the end of the session's bus is the end of 
 
 TEST_CASE_FIXTURE(RecordingFixture, "a display that dies ends the application, and the next start saves the session")
 {
-    QProcess server;
-    server.start("Xvfb", {"-displayfd", "1", "-noreset", "-nolisten", "tcp", "-screen", "0", "640x480x24"});
-    while (!server.canReadLine() && server.waitForReadyRead())
-        continue;
+    desktop_test::BareServer server;
     const QString display = environment.value("DISPLAY");
-    environment.insert("DISPLAY", ":" + server.readLine().trimmed());
+    environment.insert("DISPLAY", server.name());
     REQUIRE(run({"record", "start", "--project", "Thesis", "--title", "Ablation"}).status == 0);
     const QString path = recorded(2);
-    server.kill();
-    server.waitForFinished();
+    server.end();
     REQUIRE(eventually([this] { return !isRunning(); }));
 
     environment.insert("DISPLAY", display);

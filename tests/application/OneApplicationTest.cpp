@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/application/ApplicationFixture.h"
 
-#include <QThread>
-
 using namespace ardeno;
 using desktop_test::eventually;
 using desktop_test::outputOf;
@@ -29,36 +27,6 @@ TEST_CASE_FIXTURE(ApplicationFixture, "one application has the window and carrie
     CHECK(run({"list"}).status == 0);
 }
 
-TEST_CASE_FIXTURE(ApplicationFixture, "an application in the background has no window before somebody wants one")
-{
-    startApplication({"--background"});
-    CHECK(run({"save", "--project", "Thesis", "--no-tabs"}).status == 0);
-    CHECK(window("Ardeno").isEmpty());
-    CHECK(run({}).status == 0);
-    REQUIRE(waitForWindow("Ardeno"));
-    CHECK(run({"save", "--project", "Thesis", "--no-tabs"}).status == 0);
-    CHECK(checkpoints().size() == 2);
-    CHECK(terminate().status == 0);
-}
-
-TEST_CASE_FIXTURE(ApplicationFixture,
-                  "while a session is recorded its user cannot quit, and the system only after a save")
-{
-    startApplication({});
-    REQUIRE(waitForWindow("Ardeno"));
-    REQUIRE(run({"record", "start", "--project", "Thesis"}).status == 0);
-    run({}); // With the keyboard.
-    REQUIRE(waitForKeyboard());
-    key("ctrl+q");
-    CHECK(waitForControl("Keep open"));
-    picture("quit-refused");
-    CHECK(checkpoints().isEmpty());
-
-    CHECK(terminate().status == 0);
-    REQUIRE(checkpoints().size() == 1);
-    CHECK(QFile::exists(checkpoints().at(0).toObject().value("recording").toString()));
-}
-
 TEST_CASE_FIXTURE(ApplicationFixture, "a closed window leaves the application running, which says so once")
 {
     startApplication({});
@@ -69,7 +37,7 @@ TEST_CASE_FIXTURE(ApplicationFixture, "a closed window leaves the application ru
     run({});
     REQUIRE(waitForControl("Close window"));
     REQUIRE(waitForKeyboard());
-    QThread::msleep(600); // It is read first.
+    desktop_test::waitUntilRead();
     key("Return");
     CHECK(waitForNoWindow("Ardeno"));
     CHECK(isRunning());
@@ -85,15 +53,4 @@ TEST_CASE_FIXTURE(ApplicationFixture, "a closed window leaves the application ru
     CHECK(waitForEnd());
     CHECK(end(*application).status == 0);
     CHECK(checkpoints().size() == 2);
-}
-
-TEST_CASE_FIXTURE(ApplicationFixture, "without a session bus there is a window, which quits when it is closed")
-{
-    environment.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + home.filePath("nowhere"));
-    CHECK(run({"--background"}).status == 3);
-    application = start({});
-    REQUIRE(waitForKeyboard());
-    key("ctrl+q");
-    CHECK(waitForEnd());
-    CHECK(end(*application).status == 0);
 }

@@ -5,6 +5,7 @@
 #include "support/BlockOn.h"
 #include "tests/Printing.h"
 #include "tests/fakes/InMemoryDesktop.h"
+#include "tests/support/FailureOf.h"
 
 #include <QTemporaryDir>
 
@@ -32,15 +33,9 @@ struct RecordedScreen {
         to.onFailure = [this](const Failure &failure) { reported.append(failure.description()); };
     }
 
-    // The failure's domain, code and sentence; empty when all went well.
     static QString outcome(QCoro::Task<void> task)
     {
-        try {
-            blockOn(std::move(task));
-        } catch (const Failure &failure) {
-            return QString("%1 %2: %3").arg(failure.domain()).arg(failure.code()).arg(failure.description());
-        }
-        return {};
+        return wholeFailureOf([&] { blockOn(std::move(task)); });
     }
 
     QString start(const QSet<QString> &excluded = {})

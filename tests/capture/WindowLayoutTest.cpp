@@ -15,19 +15,22 @@ namespace {
 
 constexpr qint64 ownProcessID = 77;
 
-class WindowsInMemory final : public WindowServer {
-public:
-    Capability availability() const override { return Capability::available(); }
+// A desktop with two displays.
+struct TwoDisplays {
+    fakes::InMemoryDesktop memory;
+    Desktop desktop = memory.makeDesktop();
 
-    QList<Display> displays() override { return allDisplays; }
+    TwoDisplays()
+    {
+        memory.displays = {
+            Display{.id = 1, .name = "Left", .bounds = {0, 0, 1000, 800}, .usableFrame = {0, 30, 1000, 770}},
+            Display{.id = 2, .bounds = {1000, 0, 1000, 800}, .usableFrame = {1000, 0, 1000, 800}, .isMain = true}};
+    }
 
-    QList<WindowInfo> allWindows() override { return all; }
-
-    QList<Display> allDisplays = {
-        Display{.id = 1, .name = "Left", .bounds = {0, 0, 1000, 800}, .usableFrame = {0, 30, 1000, 770}},
-        Display{.id = 2, .bounds = {1000, 0, 1000, 800}, .usableFrame = {1000, 0, 1000, 800}, .isMain = true},
-    };
-    QList<WindowInfo> all = {};
+    QList<SavedWindow> layout(const QList<SavedApp> &apps) const
+    {
+        return WindowLayout::windows(apps, *desktop.windowServer, ownProcessID);
+    }
 };
 
 WindowInfo editorWindow(const WindowRect &frame = {10, 40, 400, 300})
@@ -45,20 +48,19 @@ const QList<SavedApp> editor = {{"org.example.Editor", "Editor"}};
 
 } // namespace
 
-TEST_CASE("a window is recorded with everything that placing it needs")
+TEST_CASE_FIXTURE(TwoDisplays, "a window is recorded with everything that placing it needs")
 {
-    WindowsInMemory server;
-    server.all = {editorWindow(), editorWindow({1200, 100, 400, 300})};
-    server.all[1].windowID = 6;
-    server.all[1].applicationName = "";
-    server.all[1].title = "";
+    memory.windows = {editorWindow(), editorWindow({1200, 100, 400, 300})};
+    memory.windows[1].windowID = 6;
+    memory.windows[1].applicationName = "";
+    memory.windows[1].title = "";
 
-    const QList<SavedWindow> layout = WindowLayout::windows(editor, server, ownProcessID);
+    const QList<SavedWindow> recorded = layout(editor);
 
-    REQUIRE(layout.size() == 2);
-    SavedWindow expected = layout[0];
+    REQUIRE(recorded.size() == 2);
+    SavedWindow expected = recorded[0];
     CHECK_FALSE(expected.id.isNull());
-    CHECK(expected.id != layout[1].id);
+    CHECK(expected.id != recorded[1].id);
     CHECK(expected.appID == "org.example.Editor");
     CHECK(expected.appName == "Editor");
     CHECK(expected.title == "notes.txt");
@@ -70,12 +72,12 @@ TEST_CASE("a window is recorded with everything that placing it needs")
     CHECK(expected.processID == 42);
     CHECK_FALSE(expected.locationURL.has_value());
     CHECK_FALSE(expected.documentURL.has_value());
-    CHECK_MESSAGE(layout[1].appName == "org.example.Editor", "the identifier stands in for a missing name");
-    CHECK_FALSE_MESSAGE(layout[1].displayName.has_value(), "a display without a name");
-    CHECK(layout[1].windowID == 6);
+    CHECK_MESSAGE(recorded[1].appName == "org.example.Editor", "the identifier stands in for a missing name");
+    CHECK_FALSE_MESSAGE(recorded[1].displayName.has_value(), "a display without a name");
+    CHECK(recorded[1].windowID == 6);
 }
 
-TEST_CASE("only windows that belong to a layout are recorded")
+TEST_CASE_FIXTURE(TwoDisplays, "only windows that belong to a layout are recorded")
 {
     struct Case {
         const char *what;
@@ -105,19 +107,17 @@ TEST_CASE("only windows that belong to a layout are recorded")
     };
     for (const Case &tried : cases) {
         CAPTURE(QString(tried.what));
-        WindowsInMemory server;
-        server.all = {tried.window};
-        CHECK(WindowLayout::windows(editor, server, ownProcessID).isEmpty() != tried.isRecorded);
+        memory.windows = {tried.window};
+        CHECK(layout(editor).isEmpty() != tried.isRecorded);
     }
 }
 
-TEST_CASE("without a display or an application no window is recorded")
+TEST_CASE_FIXTURE(TwoDisplays, "without a display or an application no window is recorded")
 {
-    WindowsInMemory server;
-    server.all = {editorWindow()};
-    CHECK(WindowLayout::windows({}, server, ownProcessID).isEmpty());
-    server.allDisplays.clear();
-    CHECK(WindowLayout::windows(editor, server, ownProcessID).isEmpty());
+    memory.windows = {editorWindow()};
+    CHECK(layout({}).isEmpty());
+    memory.displays.clear();
+    CHECK(layout(editor).isEmpty());
 }
 
 TEST_CASE("a window belongs to the display that holds the larger part of it")

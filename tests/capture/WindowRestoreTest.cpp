@@ -89,15 +89,6 @@ TEST_CASE_FIXTURE(RestoreFixture, "only windows that are certain go back, and ea
     CHECK(memory.moves.first(3) == QList<WindowMove>{{1, savedFrame}, {8, savedFrame}, {9, savedFrame}});
 }
 
-TEST_CASE_FIXTURE(RestoreFixture, "two saved windows of one title are never put on the one that is left")
-{
-    save("app", "Untitled");
-    save("app", "Untitled", otherFrame);
-    open(1, "app", "Untitled");
-    CHECK(skipped(run()).size() == 2);
-    CHECK(memory.moves.isEmpty());
-}
-
 TEST_CASE_FIXTURE(RestoreFixture, "a window that cannot be resized is still moved when its size is right")
 {
     save("app", "fixed", {500, 500, otherFrame.width, otherFrame.height});

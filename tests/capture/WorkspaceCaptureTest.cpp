@@ -2,44 +2,24 @@
 #include "capture/WorkspaceCapture.h"
 
 #include "tests/Printing.h"
-
-#include <doctest/doctest.h>
-
-#include <functional>
+#include "tests/fakes/InMemoryDesktop.h"
 
 using namespace ardeno;
 
 namespace {
 
-class ApplicationsInMemory final : public Workspace {
-public:
-    Capability availability() const override { return Capability::available(); }
-
-    QList<RunningApplication> runningApplications() override { return running; }
-
-    QList<InstalledApplication> installedApplications() override { return {}; }
-
-    std::optional<InstalledApplication> findApplication(const QString &) override { return std::nullopt; }
-
-    bool isProgramRunning(const QString &) override { return false; }
-
-    std::optional<ApplicationMarks> marks(const QString &) override { return std::nullopt; }
-
-    void setExcluded(const QSet<QString> &, const QList<ApplicationMarks> &) override {}
-
-    void setChangeHandler(std::function<void()>) override {}
-
-    QList<RunningApplication> running = {};
-};
-
 const DesktopRoles roles = {.ownID = "org.ardeno.Ardeno", .fileBrowserIDs = {"files"}, .alwaysListedIDs = {"files"}};
+
+struct RunningFixture {
+    fakes::InMemoryDesktop memory;
+    Desktop desktop = memory.makeDesktop();
+};
 
 } // namespace
 
-TEST_CASE("a checkpoint keeps the applications that a user sees, sorted as people sort names")
+TEST_CASE_FIXTURE(RunningFixture, "a checkpoint keeps the applications that a user sees, sorted as people sort names")
 {
-    ApplicationsInMemory workspace;
-    workspace.running = {
+    memory.running = {
         {"org.example.Zebra", "zebra", true},
         {"org.example.Aepfel", "Äpfel", true},
         {"org.example.Banana", "Banana", true},
@@ -52,7 +32,7 @@ TEST_CASE("a checkpoint keeps the applications that a user sees, sorted as peopl
         {"", "Nobody", true},
     };
 
-    const QList<SavedApp> apps = WorkspaceCapture::applications(workspace, roles, {"org.example.Secret"});
+    const QList<SavedApp> apps = WorkspaceCapture::applications(*desktop.workspace, roles, {"org.example.Secret"});
 
     const QList<SavedApp> expected = {
         {"org.example.Aepfel", "Äpfel"},
@@ -64,10 +44,9 @@ TEST_CASE("a checkpoint keeps the applications that a user sees, sorted as peopl
     CHECK(apps == expected);
 }
 
-TEST_CASE("the file browser is kept only while it runs and is not excluded")
+TEST_CASE_FIXTURE(RunningFixture, "the file browser is kept only while it runs and is not excluded")
 {
-    ApplicationsInMemory workspace;
-    CHECK(WorkspaceCapture::applications(workspace, roles, {}).isEmpty());
-    workspace.running = {{"files", "Files", false}};
-    CHECK(WorkspaceCapture::applications(workspace, roles, {"files"}).isEmpty());
+    CHECK(WorkspaceCapture::applications(*desktop.workspace, roles, {}).isEmpty());
+    memory.running = {{"files", "Files", false}};
+    CHECK(WorkspaceCapture::applications(*desktop.workspace, roles, {"files"}).isEmpty());
 }

@@ -13,6 +13,9 @@ namespace ardeno::desktop_test {
 // Waits until the condition holds and answers whether it did before the deadline, which is only met by faults.
 bool eventually(const std::function<bool()> &condition);
 
+// What has only just appeared takes no key that answers it: longer than that.
+void waitUntilRead();
+
 // The standard output of a command that ends by itself.
 QString outputOf(const QString &program, const QStringList &arguments = {});
 
@@ -33,6 +36,25 @@ public:
 private:
     QProcess m_process;
     qint64 m_group = 0;
+};
+
+// An X server without a window manager, for what the desktop of the tests does not have.
+class BareServer final {
+public:
+    explicit BareServer(const QStringList &arguments = {});
+    BareServer(const BareServer &) = delete;
+    BareServer &operator=(const BareServer &) = delete;
+
+    ~BareServer() { end(); }
+
+    // As DISPLAY names it.
+    QByteArray name() const { return m_name; }
+
+    void end();
+
+private:
+    QProcess m_process;
+    QByteArray m_name;
 };
 
 // Chromium with a profile of its own, without the parts that need a network or a graphics card.

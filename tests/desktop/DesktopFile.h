@@ -1,23 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <doctest/doctest.h>
-
-#include <QByteArray>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include "tests/support/Files.h"
 
 namespace ardeno::desktop_test {
 
 // Makes an application known: a desktop file of this name, with these lines, in a folder of such files.
 inline void writeDesktopFile(const QString &folder, const QString &name, const QByteArray &lines)
 {
-    const QString path = folder + '/' + name + ".desktop";
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    REQUIRE(file.open(QIODevice::WriteOnly));
-    file.write("[Desktop Entry]\nType=Application\n" + lines + '\n');
+    writeFile(folder + '/' + name + ".desktop", "[Desktop Entry]\nType=Application\n" + lines + '\n');
 }
 
 // Where the desktop looks for the user's own ones.

@@ -141,6 +141,16 @@ public:
     void returnFocus(quint64) override { m_desktop.focusRequests << "return"; }
 };
 
+// The program's own dialog stands in for it.
+class NoFileDialogs final : public FileDialogs {
+public:
+    std::unique_ptr<Asking> ask(const Question &, Answered answered) override
+    {
+        answered(Answer::NoDialog, {});
+        return {};
+    }
+};
+
 } // namespace
 
 void addActions(InMemoryDesktop &memory, Desktop *desktop)
@@ -150,6 +160,7 @@ void addActions(InMemoryDesktop &memory, Desktop *desktop)
     desktop->mailProgram = std::make_unique<InMemoryMailProgram>(memory);
     desktop->hotKeys = std::make_unique<InMemoryHotKeys>(memory);
     desktop->ownWindows = std::make_unique<InMemoryOwnWindows>(memory);
+    desktop->fileDialogs = std::make_unique<NoFileDialogs>();
 }
 
 } // namespace ardeno::fakes

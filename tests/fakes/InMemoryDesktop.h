@@ -30,6 +30,7 @@ struct InMemoryDesktop {
     std::optional<QString> noScreenAccess = {}; // Why consent would not help.
     int timesSettingsOpened = 0;
     std::optional<Failure> pictureFailure = {};
+    int missingBytes = 0;                      // Of each picture.
     std::function<void()> whileComposing = {}; // Called in the middle of a picture.
     QList<QSet<QString>> preparedExclusions = {};
     QList<CanvasRequest> requests = {};

@@ -45,7 +45,7 @@ public:
             m_desktop.whileComposing();
         if (m_desktop.pictureFailure)
             throw Failure(*m_desktop.pictureFailure);
-        const qsizetype bytes = qsizetype(request.size.width()) * request.size.height() * 4;
+        const qsizetype bytes = qsizetype(request.size.width()) * request.size.height() * 4 - m_desktop.missingBytes;
         co_return Canvas{request.size, QByteArray(bytes, '\x40')};
     }
 };

@@ -122,16 +122,13 @@ struct FaultFixture : StoreFixture {
 
 } // namespace
 
-TEST_CASE_FIXTURE(FaultFixture, "whichever call of the system fails, a save is whole or refused with a sentence")
+TEST_CASE_FIXTURE(FaultFixture,
+                  "whichever call of the system fails or is the last, a save is whole or refused with a sentence")
 {
     for (const int error : {EIO, ENOSPC, EACCES, EINTR})
         attack({.kind = Plan::Kind::Error, .error = error});
     for (const int error : {EIO, ENOSPC})
         attack({.kind = Plan::Kind::LastingError, .error = error});
-}
-
-TEST_CASE_FIXTURE(FaultFixture, "wherever a save is killed, the library is the old or the new one")
-{
     attack({.kind = Plan::Kind::Kill});
 }
 

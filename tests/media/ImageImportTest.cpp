@@ -4,6 +4,7 @@
 #include "support/Failure.h"
 #include "tests/Printing.h"
 #include "tests/media/SampleImages.h"
+#include "tests/support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -24,18 +25,9 @@ struct ImportFixture {
 
     QString path(const QString &name) const { return folder.filePath(name); }
 
-    void writeFile(const QString &name, const QByteArray &bytes) const
-    {
-        QFile file(path(name));
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    void writeFile(const QString &name, const QByteArray &bytes) const { ardeno::writeFile(path(name), bytes); }
 
-    QByteArray bytes(const QString &name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray bytes(const QString &name) const { return fileBytes(path(name)); }
 
     // The picture that was written, or why none was; nothing else is left in the folder then.
     QString imported(const QString &name, QImage *image = nullptr) const

@@ -4,13 +4,16 @@
 #include "media/PngWriter.h"
 #include "tests/Printing.h"
 #include "tests/media/SampleImages.h"
+#include "tests/support/Files.h"
 
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
+#include <QTest>
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -37,10 +40,8 @@ struct ThumbnailsFixture {
 
     QString file(const QString &name, const QByteArray &bytes) const
     {
-        QFile file(home.filePath(name));
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return file.fileName();
+        writeFile(home.filePath(name), bytes);
+        return home.filePath(name);
     }
 
     Thumbnail of(const QString &path) const
@@ -160,6 +161,25 @@ TEST_CASE_FIXTURE(ThumbnailsFixture, "what the user deleted is kept no longer")
     thumbnails->keepOnly({doomed});
     of(home.filePath("missing.png"));
     CHECK(cached() == QStringList{"holiday-1-2.png"});
+}
+
+TEST_CASE_FIXTURE(ThumbnailsFixture, "a picture that is deleted while it is made small leaves no small copy")
+{
+    const QSize size(9000, 7000);
+    const QByteArray pixels(qsizetype(size.width()) * size.height() * 4, '\x40');
+    const QString path = file("large.png", PngWriter::encoded(size, pixels));
+    std::optional<Thumbnail> got;
+    const auto request = thumbnails->request(path, [&](const Thumbnail &thumbnail) { got = thumbnail; });
+    REQUIRE(QTest::qWaitFor([&] {
+        const QFileInfoList open = QDir("/proc/self/fd").entryInfoList(QDir::AllEntries | QDir::System);
+        return std::any_of(open.begin(), open.end(),
+                           [&](const QFileInfo &each) { return each.symLinkTarget() == path; });
+    }));
+    QFile::remove(path);
+    thumbnails->forget({path});
+    REQUIRE(QTest::qWaitFor([&] { return got.has_value(); }, 30'000));
+    CHECK(got->state == Thumbnail::State::Missing);
+    CHECK(cached().isEmpty());
 }
 
 TEST_CASE_FIXTURE(ThumbnailsFixture, "the newest request is answered first, and one that has gone never")

@@ -5,6 +5,8 @@
 #include "support/Failure.h"
 #include "tests/Printing.h"
 #include "tests/desktop/Video.h"
+#include "tests/support/FailureOf.h"
+#include "tests/support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -62,19 +64,13 @@ struct VideoFixture {
     QTemporaryDir folder = {};
     QString path = folder.filePath("session.mp4");
 
-    // The sentence of the failure that writing ends with; empty when it does not fail.
-    static QString failureOf(VideoWriter &writer)
+    static void writeAll(VideoWriter &writer)
     {
-        try {
-            for (int i = 0; i < 100; ++i) {
-                writer.write(picture(i, 0xff2060c0).constData(), i * 100);
-                writer.keepUp(i * 100);
-            }
-            writer.finish(10'000);
-        } catch (const Failure &failure) {
-            return failure.description();
+        for (int i = 0; i < 100; ++i) {
+            writer.write(picture(i, 0xff2060c0).constData(), i * 100);
+            writer.keepUp(i * 100);
         }
-        return {};
+        writer.finish(10'000);
     }
 };
 
@@ -123,7 +119,7 @@ TEST_CASE_FIXTURE(VideoFixture, "a file that cannot grow any more ends with its 
     VideoWriter writer(path, size);
     {
         const FileSizeLimit limit(600'000);
-        CHECK(failureOf(writer) == "File too large.");
+        CHECK(failureOf([&] { writeAll(writer); }) == "File too large.");
     }
     CHECK(Video(path).frames() > 5);
     CHECK(Video(path).problems() == "");
@@ -134,7 +130,7 @@ TEST_CASE_FIXTURE(VideoFixture, "a file that has gone or cannot be made is a fai
     QDir().mkpath(folder.filePath("media"));
     VideoWriter writer(folder.filePath("media/session.mp4"), size);
     QDir(folder.filePath("media")).removeRecursively();
-    CHECK(failureOf(writer) == "No such file or directory.");
+    CHECK(failureOf([&] { writeAll(writer); }) == "No such file or directory.");
     CHECK_THROWS_AS(VideoWriter(folder.filePath("media/session.mp4"), size), Failure);
 }
 
@@ -142,19 +138,14 @@ TEST_CASE_FIXTURE(VideoFixture, "a video cut anywhere is repaired to what can be
 {
     {
         VideoWriter writer(path, size);
-        CHECK(failureOf(writer) == "");
+        writeAll(writer);
     }
-    QFile file(path);
-    REQUIRE(file.open(QIODevice::ReadOnly));
-    const QByteArray whole = file.readAll();
+    const QByteArray whole = fileBytes(path);
     const QString cut = folder.filePath("cut.mp4");
     int playable = 0;
     for (qsizetype length = whole.size(); length > 0; length -= whole.size() / 7 + 1) {
         CAPTURE(length);
-        QFile part(cut);
-        REQUIRE(part.open(QIODevice::WriteOnly));
-        part.write(whole.first(length));
-        part.close();
+        writeFile(cut, whole.first(length));
         const bool isPlayable = VideoFile::repair(cut);
         CHECK(isPlayable == (Video(cut).frames() > 0));
         if (isPlayable)

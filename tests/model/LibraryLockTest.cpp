@@ -7,6 +7,7 @@
 #include "tests/Printing.h"
 #include "tests/support/Children.h"
 #include "tests/support/FailureOf.h"
+#include "tests/support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -100,9 +101,8 @@ TEST_CASE_FIXTURE(LockFixture, "only a writer makes the folder; where there is n
     CHECK(LibraryLock::tryLock(reader)->isHeld());
     CHECK_FALSE(LibraryLock::holder(root).has_value());
 
-    QFile file(home.filePath("file"));
-    REQUIRE(file.open(QIODevice::WriteOnly));
-    CHECK_THROWS_AS(LibraryLock::tryLock({.root = file.fileName()}), Failure);
+    writeFile(home.filePath("file"));
+    CHECK_THROWS_AS(LibraryLock::tryLock({.root = home.filePath("file")}), Failure);
     // In the system's own read-only places a reader needs none either, whoever the user is.
     CHECK_FALSE(LibraryLock::tryLock({.root = "/proc/self", .access = LibraryLock::Access::Read})->isHeld());
 }
@@ -132,10 +132,7 @@ TEST_CASE_FIXTURE(LockFixture, "what stands in the place of the lock is neither 
     QDir().mkpath(root);
     const QByteArray path = QFile::encodeName(root + "/lock");
     const QString foreign = home.filePath("foreign");
-    QFile file(foreign);
-    REQUIRE(file.open(QIODevice::WriteOnly));
-    file.write("theirs");
-    file.close();
+    writeFile(foreign, "theirs");
     const std::function<bool()> obstacles[] = {
         [&] { return QFile::link(foreign, root + "/lock"); },
         [&] { return QFile::link("nowhere", root + "/lock"); },
@@ -151,8 +148,7 @@ TEST_CASE_FIXTURE(LockFixture, "what stands in the place of the lock is neither 
     }
     REQUIRE(::link(QFile::encodeName(foreign).constData(), path.constData()) == 0);
     CHECK(LibraryLock::tryLock(writer).has_value());
-    REQUIRE(file.open(QIODevice::ReadOnly));
-    CHECK(file.readAll() == "theirs");
+    CHECK(fileBytes(foreign) == "theirs");
     CHECK_FALSE(QFile::exists(root + "/nowhere"));
 }
 

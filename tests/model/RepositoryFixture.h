@@ -4,6 +4,7 @@
 #include "model/CheckpointRepository.h"
 #include "tests/Printing.h"
 #include "tests/support/FailureOf.h"
+#include "tests/support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -27,10 +28,7 @@ struct RepositoryFixture {
 
     void put(const QByteArray &content, const QString &name = "checkpoints.json") const
     {
-        QDir().mkpath(root);
-        QFile file(path(name));
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        writeFile(path(name), content);
     }
 
     QStringList files() const

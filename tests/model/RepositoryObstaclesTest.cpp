@@ -107,26 +107,3 @@ TEST_CASE_FIXTURE(RepositoryFixture, "on a full disk nothing is lost, neither th
     CHECK(failureOf([&] { repository.directory(QUuid::createUuid()); }).endsWith(": Read-only file system."));
     ::umount(place.constData());
 }
-
-TEST_CASE_FIXTURE(RepositoryFixture, "a save that is killed leaves the old or the new library")
-{
-    const WorkspaceLibrary start = makeLibrary(400);
-    repository.saveLibrary(start);
-    for (int round = 0; round < 15; ++round) {
-        Child child([&](const Child::Signal &ready) {
-            WorkspaceLibrary library = repository.loadLibrary();
-            for (int i = 0;; ++i) {
-                for (int k = 0; k < 400; k += 7)
-                    library.checkpoints[k].title = QString::number(i);
-                repository.saveLibrary(library);
-                if (i == 0)
-                    ready();
-            }
-        });
-        child.end(SIGKILL);
-        const WorkspaceLibrary found = CheckpointRepository(root).loadLibrary();
-        REQUIRE(found.checkpoints.size() == 400);
-        for (int k = 0; k < 400; k += 7)
-            CHECK(found.checkpoints[k].title == found.checkpoints[0].title);
-    }
-}

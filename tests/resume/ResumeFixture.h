@@ -5,7 +5,6 @@
 #include "tests/desktop/Desktop.h"
 #include "tests/desktop/DesktopFile.h"
 
-#include <QFile>
 #include <QJsonArray>
 
 #include <algorithm>
@@ -15,18 +14,12 @@ namespace ardeno {
 
 // The finished program, applications that only it sees installed, and what it says about its work.
 struct ResumeFixture : ProgramFixture {
-    ResumeFixture()
-    {
-        QDir().mkpath(home.filePath("data/applications"));
-        QDir().mkpath(root());
-    }
+    ResumeFixture() { QDir().mkpath(root()); }
 
     QString write(const QString &name, const QByteArray &content) const
     {
-        QFile file(home.filePath(name));
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        return file.fileName();
+        writeFile(home.filePath(name), content);
+        return home.filePath(name);
     }
 
     void install(const QString &id, const QString &lines) const

@@ -80,9 +80,7 @@ struct WorkspaceFixture : ResumeFixture {
         checkpoint["windows"] = windows;
         checkpoints[0] = checkpoint;
         changed["checkpoints"] = checkpoints;
-        QFile file(libraryPath());
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(QJsonDocument(changed).toJson(QJsonDocument::Compact));
+        writeFile(libraryPath(), QJsonDocument(changed).toJson(QJsonDocument::Compact));
     }
 };
 

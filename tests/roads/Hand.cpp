@@ -7,9 +7,7 @@ namespace ardeno {
 
 namespace {
 
-// What an alert lets pass before a key answers it.
-constexpr int readingTime = 600; // Milliseconds.
-constexpr int timeForHovering = 40;
+constexpr int timeForHovering = 40; // Milliseconds.
 
 QStringList moveOf(const QPoint &place)
 {
@@ -22,11 +20,6 @@ void Hand::replaceText(const QString &text) const
 {
     m_window.key("ctrl+a");
     m_window.type(text);
-}
-
-void Hand::waitUntilRead() const
-{
-    QTest::qWait(readingTime);
 }
 
 void PointerHand::open(const RowOf &row)
@@ -170,7 +163,7 @@ void KeysHand::remove(const RowOf &item, const QString &)
 void KeysHand::answer(const QString &button)
 {
     goTo(button);
-    waitUntilRead();
+    desktop_test::waitUntilRead();
     m_window.key("space");
 }
 

@@ -44,7 +44,6 @@ public:
 protected:
     // Puts the text in place of the one in the field that has the keyboard.
     void replaceText(const QString &text) const;
-    void waitUntilRead() const;
 
     RunningWindow &m_window;
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/CheckpointRepository.h"
+#include "tests/desktop/DesktopFile.h"
 #include "tests/roads/Hand.h"
 #include "tests/roads/SameLibrary.h"
 
@@ -92,10 +93,8 @@ struct Road : RunningWindow {
 struct NewUserRoad : Road {
     void install() const
     {
-        QDir().mkpath(home.filePath("data/applications"));
-        QFile file(home.filePath("data/applications/editor.desktop"));
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write("[Desktop Entry]\nType=Application\nName=Editor\nExec=xterm\nStartupWMClass=ArdenoRoad\n");
+        desktop_test::writeDesktopFile(home.filePath("data/applications"), "editor",
+                                       "Name=Editor\nExec=xterm\nStartupWMClass=ArdenoRoad");
     }
 
     void begin() const

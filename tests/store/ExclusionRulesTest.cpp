@@ -14,14 +14,6 @@ struct ExclusionsFixture : StoreFixture {
     const QString file = folder + "/exclusions.json";
     const CaptureExclusions rules{{{"org.a", "A"}}, {"mail.example.com"}};
 
-    static void put(const QString &path, const QByteArray &bytes)
-    {
-        QDir().mkpath(QFileInfo(path).path());
-        QFile written(path);
-        REQUIRE(written.open(QIODevice::WriteOnly));
-        written.write(bytes);
-    }
-
     QStringList keptCopies() const
     {
         return QDir(folder).entryList({"exclusions-unreadable-*"}, QDir::AllEntries | QDir::System);
@@ -33,7 +25,7 @@ struct ExclusionsFixture : StoreFixture {
         opened.reset();
         QDir(folder).removeRecursively();
         QDir(root()).removeRecursively();
-        put(folder + '/' + name, bytes);
+        writeFile(folder + '/' + name, bytes);
     }
 
     // Whether anything is captured, in any way.
@@ -61,7 +53,7 @@ TEST_CASE_FIXTURE(ExclusionsFixture, "exclusions last, and each change is made t
     CHECK(store().rules.excludeDomain("HTTPS://Mail.Example.com/inbox"));
     CHECK_FALSE(store().rules.excludeDomain("not a domain"));
     CHECK(reopen().rules.exclusions() == rules);
-    put(file, R"({"apps":[],"domains":["mail.example.com","theirs.example"]})");
+    writeFile(file, R"({"apps":[],"domains":["mail.example.com","theirs.example"]})");
     CHECK(store().rules.allowDomain("mail.example.com"));
     CHECK(reopen().rules.exclusions() == CaptureExclusions{.domains = {"theirs.example"}});
 }
@@ -85,7 +77,7 @@ TEST_CASE_FIXTURE(ExclusionsFixture, "what an excluded application was known by 
 {
     const ApplicationMarks first{.id = "org.a", .names = {"vault"}};
     const ApplicationMarks later{.id = "org.a", .names = {"safe", "vault"}};
-    put(file, json::encode(rules)); // Of an older version.
+    writeFile(file, json::encode(rules)); // Of an older version.
     CHECK(store().rules.exclusions() == rules);
     memory.marks = {{"org.a", first}};
     CHECK(captures());
@@ -107,10 +99,10 @@ TEST_CASE_FIXTURE(ExclusionsFixture, "what an excluded application was known by 
 TEST_CASE_FIXTURE(ExclusionsFixture, "nothing is captured while exclusions cannot be read, until the user starts over")
 {
     const std::function<void()> damages[] = {
-        [&] { put(file, "{\"apps\":"); },
-        [&] { put(file, {}); },
-        [&] { put(file, QByteArray(80, '\0')); },
-        [&] { put(file, R"({"apps":[],"later":1})"); },
+        [&] { writeFile(file, "{\"apps\":"); },
+        [&] { writeFile(file, {}); },
+        [&] { writeFile(file, QByteArray(80, '\0')); },
+        [&] { writeFile(file, R"({"apps":[],"later":1})"); },
         [&] { REQUIRE(QDir().mkpath(file + "/in-the-way")); },
         [&] { REQUIRE(QFile::link(file, file)); },
         [&] { REQUIRE(QFile::link(home.filePath("unmounted/exclusions.json"), file)); },
@@ -152,7 +144,7 @@ includeBrowser=true
     CHECK_FALSE(preferences().contains("captureExclusions"));
     // From now on, settings that are lost take no exclusion along.
     opened.reset();
-    put(folder + "/settings.json", "damaged");
+    writeFile(folder + "/settings.json", "damaged");
     CHECK(reopen().rules.exclusions() == rules);
     CHECK(captures());
 
@@ -171,7 +163,7 @@ TEST_CASE_FIXTURE(ExclusionsFixture,
 {
     REQUIRE(store().rules.excludeApp({"org.a", "A"}));
     REQUIRE(QFile::rename(folder, folder + "-away"));
-    put(folder, "no folder");
+    writeFile(folder, "no folder");
     CHECK_FALSE(store().rules.excludeDomain("mail.example.com"));
     CHECK_FALSE(store().rules.allowApp("org.a"));
     CHECK(store().rules.exclusions() == CaptureExclusions{{{"org.a", "A"}}, {}});

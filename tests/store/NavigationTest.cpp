@@ -3,28 +3,6 @@
 
 using namespace ardeno;
 
-TEST_CASE_FIXTURE(StoreFixture, "the search finds projects by name, blocker and checkpoint title, as typed")
-{
-    const QUuid thesis = *store().projects.createProject("Thesis");
-    const QUuid garden = *store().projects.createProject("Garden");
-    const QUuid tax = *store().projects.createProject("Tax");
-    store().projects.setProjectBlocker(garden, "Waiting for RAIN");
-    saveCheckpoint(tax, u"Straße 7"_qs, 10);
-    store().projects.setProjectArchived(thesis, true);
-
-    CHECK(namesOf(store().navigation.filteredProjects()) == QStringList{"Garden", "Tax"});
-    store().navigation.setSearch("rain");
-    CHECK(namesOf(store().navigation.filteredProjects()) == QStringList{"Garden"});
-    store().navigation.setSearch("STRASSE");
-    CHECK(namesOf(store().navigation.filteredProjects()) == QStringList{"Tax"});
-    store().navigation.setSearch(" rain ");
-    CHECK(store().navigation.filteredProjects().isEmpty());
-    store().navigation.setSearch("thesis");
-    store().navigation.setShowArchivedProjects(true);
-    CHECK(namesOf(store().navigation.filteredProjects()) == QStringList{"Thesis"});
-    CHECK(namesOf(store().library.availableProjects()) == QStringList{"Garden", "Tax"});
-}
-
 TEST_CASE_FIXTURE(StoreFixture, "selecting a project shows its newest checkpoint, and an archived one in its list")
 {
     const QUuid id = *store().projects.createProject("Thesis");
@@ -59,19 +37,23 @@ TEST_CASE_FIXTURE(StoreFixture,
     CHECK_FALSE(reopen().navigation.selectedProjectID().has_value());
 }
 
-TEST_CASE_FIXTURE(StoreFixture, "search finds titles as people compare them, and what changed since")
+TEST_CASE_FIXTURE(StoreFixture,
+                  "the search finds names, blockers and titles as people compare them, and what changed since")
 {
     const QUuid thesis = *store().projects.createProject("Thesis");
     const QUuid garden = *store().projects.createProject("Garden");
+    const QUuid old = *store().projects.createProject("Old");
+    store().projects.setProjectBlocker(garden, "Waiting for RAIN");
+    store().projects.setProjectArchived(old, true);
     saveCheckpoint(thesis, u"Straße und Café"_qs, 10);
     Checkpoint tomatoes = saveCheckpoint(garden, "Tomatoes", 20);
     const auto found = [this](const QString &text) {
         store().navigation.setSearch(text);
-        QStringList names;
-        for (const Project &project : store().navigation.filteredProjects())
-            names << project.name;
-        return names;
+        return namesOf(store().navigation.filteredProjects());
     };
+    CHECK(found({}) == QStringList{"Thesis", "Garden"});
+    CHECK(found("rain") == QStringList{"Garden"});
+    CHECK(found(" rain ").isEmpty()); // As typed.
     CHECK(found("TOMA") == QStringList{"Garden"});
     CHECK(found("STRASSE") == QStringList{"Thesis"});
     CHECK(found(u"cafe\u0301"_qs) == QStringList{"Thesis"}); // The accent composed in another way.
@@ -86,6 +68,8 @@ TEST_CASE_FIXTURE(StoreFixture, "search finds titles as people compare them, and
         CHECK(found(typed) == QStringList{"Garden"});
     CHECK(found("bex") == QStringList());
     CHECK(found("be") == QStringList{"Garden"});
+    store().navigation.setShowArchivedProjects(true);
+    CHECK(found("old") == QStringList{"Old"});
 }
 
 TEST_CASE_FIXTURE(SavedFixture,

@@ -94,21 +94,3 @@ TEST_CASE_FIXTURE(SamplesFixture, "nothing is made up where a library cannot be 
     CHECK(reopen().navigation.filteredProjects().isEmpty());
     CHECK_FALSE(store().navigation.selectedProjectID().has_value());
 }
-
-TEST_CASE("two builds of the samples have the same identifiers and texts")
-{
-    const QList<Checkpoint> first = Checkpoint::sampleHistory();
-    const QList<Checkpoint> second = Checkpoint::sampleHistory();
-    QSet<QUuid> ids;
-    for (qsizetype i = 0; i < first.size(); ++i) {
-        CHECK(first[i].id == second[i].id);
-        CHECK(first[i].title == second[i].title);
-        CHECK(first[i].projectID == Project::sample().id);
-        CHECK(first[i].isSample);
-        CHECK((i == 0 || first[i].createdAt < first[i - 1].createdAt));
-        ids.insert(first[i].id);
-    }
-    CHECK(ids.size() == 3);
-    CHECK_FALSE(ids.contains(QUuid()));
-    CHECK(first[0].tabs.first().safeURL().has_value());
-}

@@ -18,13 +18,6 @@ struct SavedFixture : StoreFixture {
         const CaptureRequest request{project, title, {}, false};
         return blockOn(store().capture.saveMoment(request));
     }
-
-    // The library can be written again.
-    void mendLibrary()
-    {
-        REQUIRE(QDir(libraryPath()).removeRecursively());
-        REQUIRE(QFile::rename(root() + "/moved", libraryPath()));
-    }
 };
 
 } // namespace ardeno

@@ -192,16 +192,6 @@ TEST_CASE_FIXTURE(ScreenshotFixture, "an undo that cannot be written, or was mad
     CHECK_FALSE(store().removals.lastRemoval().has_value());
 }
 
-TEST_CASE_FIXTURE(ScreenshotFixture, "a screenshot whose removal cannot be written is back as it was")
-{
-    breakLibrary();
-    store().screenshots.removeScreenshot(saved.id);
-    CHECK(store().messages.error()->startsWith("Could not remove the screenshot: "));
-    CHECK(fileBytes(*saved.screenshot) == "picture of one");
-    CHECK(media() == QStringList{"snapshot.png"});
-    CHECK(now() == saved);
-}
-
 TEST_CASE_FIXTURE(ScreenshotFixture, "a file outside the checkpoint's folder, or behind a link, is never deleted")
 {
     const QString precious = home.filePath("precious.png");

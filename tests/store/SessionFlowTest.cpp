@@ -158,8 +158,7 @@ TEST_CASE_FIXTURE(SessionFixture, "a session that the library refuses is saved b
     CHECK_FALSE(store().recorder.recording());
     REQUIRE(QFile::exists(journalOf(id)));
 
-    REQUIRE(QDir(libraryPath()).removeRecursively());
-    REQUIRE(QFile::rename(root() + "/moved", libraryPath()));
+    mendLibrary();
     CHECK(reopen().library.checkpoint(id)->apps.size() == 2);
     CHECK(store().library.project(*store().library.checkpoint(id)->projectID)->name == "Thesis");
 }

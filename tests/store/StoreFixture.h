@@ -5,9 +5,8 @@
 #include "store/PreferenceKeys.h"
 #include "tests/Printing.h"
 #include "tests/fakes/InMemoryDesktop.h"
+#include "tests/support/Files.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -73,18 +72,10 @@ struct StoreFixture {
         QDir().mkpath(libraryPath() + "/in-the-way");
     }
 
-    QByteArray fileBytes(const QString &path) const
+    void mendLibrary() const
     {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    void writeFile(const QString &path, const QByteArray &bytes) const
-    {
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        REQUIRE(QDir(libraryPath()).removeRecursively());
+        REQUIRE(QFile::rename(root() + "/moved", libraryPath()));
     }
 
     // A checkpoint with a picture, saved at this many seconds since 2001.

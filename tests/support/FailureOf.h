@@ -17,4 +17,16 @@ QString failureOf(Call call)
     return "no failure";
 }
 
+// The same with its domain and code: "Capture 2: The displays changed."; empty when it does not fail.
+template <typename Call>
+QString wholeFailureOf(Call call)
+{
+    try {
+        call();
+    } catch (const Failure &failure) {
+        return QString("%1 %2: %3").arg(failure.domain()).arg(failure.code()).arg(failure.description());
+    }
+    return {};
+}
+
 } // namespace ardeno

@@ -2,6 +2,7 @@
 #include "support/Preferences.h"
 
 #include "tests/Printing.h"
+#include "tests/support/Files.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -17,13 +18,6 @@ namespace {
 
 constexpr PreferenceKey<QString> name{"name"};
 constexpr PreferenceKey<QDateTime> date{"date"};
-
-void put(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    REQUIRE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 } // namespace
 
@@ -53,11 +47,11 @@ TEST_CASE("what cannot be read as settings is kept beside the new ones, and wait
     thesis.write("mine = yours\n");
     thesis.close();
     const std::function<void(const QString &)> obstacles[] = {
-        [](const QString &path) { put(path, "{\"name\": \"cut o"); },
-        [](const QString &path) { put(path, {}); },
-        [](const QString &path) { put(path, QByteArray(100, '\0')); },
-        [](const QString &path) { put(path.chopped(4) + "ini", "[[[\nno equals sign\n=\n%zz"); },
-        [](const QString &path) { put(path.chopped(4) + "ini", {}); },
+        [](const QString &path) { writeFile(path, "{\"name\": \"cut o"); },
+        [](const QString &path) { writeFile(path, {}); },
+        [](const QString &path) { writeFile(path, QByteArray(100, '\0')); },
+        [](const QString &path) { writeFile(path.chopped(4) + "ini", "[[[\nno equals sign\n=\n%zz"); },
+        [](const QString &path) { writeFile(path.chopped(4) + "ini", {}); },
         [](const QString &path) { REQUIRE(::mkfifo(QFile::encodeName(path).constData(), 0600) == 0); },
         [](const QString &path) { REQUIRE(QDir().mkpath(path + "/folder")); },
         [](const QString &path) { REQUIRE(QFile::link(path, path)); },
@@ -83,7 +77,8 @@ TEST_CASE("what cannot be read as settings is kept beside the new ones, and wait
 TEST_CASE("settings of the older form are taken over once")
 {
     const QTemporaryDir folder;
-    put(folder.filePath("settings.ini"),
+    writeFile(
+        folder.filePath("settings.ini"),
         "[General]\nname=\"a; "
         "b\"\ndate=@DateTime(\\0\\0\\0\\x10\\0\\0\\0\\0\\0\\0%\\x8c\\x9a\\0\\xe0U\\xc0\\x1)\nkept=@ByteArray({})\n");
     const auto stored = [&] { return Preferences(folder.path()); };
@@ -102,7 +97,7 @@ TEST_CASE("a change that could not be written is written by a later one, and not
     Preferences preferences(folder.path());
     preferences.setValue(name, QString("one"));
     REQUIRE(preferences.synchronise());
-    put(path, "{\"name\": \"one\", \"other\": \"theirs\"}");
+    writeFile(path, "{\"name\": \"one\", \"other\": \"theirs\"}");
     REQUIRE(QFile::rename(path, path + ".away"));
     REQUIRE(QDir().mkpath(path + "/in-the-way"));
     preferences.setValue(name, QString("two"));

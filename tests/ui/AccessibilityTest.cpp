@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/ui/UnnamedControls.h"
 #include "tests/ui/WindowFixture.h"
-
-#include "ui/main/Banners.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -10,138 +9,12 @@
 
 using namespace ardeno;
 
-namespace {
-
-bool needsName(const QAccessibleInterface &interface)
-{
-    switch (interface.role()) {
-    case QAccessible::Button:
-    case QAccessible::ButtonMenu:
-    case QAccessible::CheckBox:
-    case QAccessible::EditableText:
-    case QAccessible::List:
-    case QAccessible::ListItem:
-    case QAccessible::Dialog:
-    case QAccessible::AlertMessage:
-    case QAccessible::Table:
-    case QAccessible::Cell:
-        return true;
-    default:
-        return interface.state().focusable;
-    }
-}
-
-QString describe(const QAccessibleInterface &interface)
-{
-    const QObject *const object = interface.object();
-    return QString("%1 in %2")
-        .arg(static_cast<int>(interface.role()))
-        .arg(object ? object->metaObject()->className() : "a view");
-}
-
-// Everything below that a screen reader would stop at without being able to say what it is.
-void collectUnnamed(QAccessibleInterface *interface, QStringList *unnamed, QSet<QString> *names)
-{
-    if (!interface || interface->state().invisible)
-        return;
-    const QString name = interface->text(QAccessible::Name);
-    if (needsName(*interface) && name.trimmed().isEmpty())
-        unnamed->append(describe(*interface));
-    names->insert(name);
-    for (int i = 0; i < interface->childCount(); ++i)
-        collectUnnamed(interface->child(i), unnamed, names);
-}
-
-struct Screen {
-    QStringList unnamed = {};
-    QSet<QString> names = {};
-};
-
-Screen read(QWidget *window)
-{
-    Screen screen;
-    collectUnnamed(QAccessible::queryAccessibleInterface(window), &screen.unnamed, &screen.names);
-    return screen;
-}
-
-// The names of what the tab key reaches, until it comes back to where it began.
-QStringList tabOrder(const WindowFixture &fixture)
-{
-    QStringList names;
-    QSet<const QWidget *> seen;
-    for (int step = 0; step < 100; ++step) {
-        QTest::keyClick(fixture.window.get(), Qt::Key_Tab);
-        const QWidget *const focused = QApplication::focusWidget();
-        if (!focused || seen.contains(focused))
-            break;
-        seen.insert(focused);
-        const auto *const button = qobject_cast<const QAbstractButton *>(focused);
-        const QString name = focused->accessibleName().isEmpty() && button ? button->text() : focused->accessibleName();
-        names << (name.isEmpty() ? focused->metaObject()->className() : name);
-    }
-    return names;
-}
-
-} // namespace
-
-TEST_CASE_FIXTURE(WindowFixture, "every control of every screen has a name")
-{
-    const auto check = [this](const char *screen) {
-        CAPTURE(screen);
-        settle();
-        const Screen shown = read(window.get());
-        CHECK(shown.unnamed == QStringList());
-        CHECK(shown.names.size() > 3);
-    };
-    hasSheets = true;
-    seedStarterExample = true;
-    openWindow();
-    check("sample");
-    store().projects.createProject("Thesis");
-    check("empty project");
-    Checkpoint newer = saveTwoCheckpoints().newer;
-    newer.apps = {{"org.editor", "Editor"}, {"gone", "Gone"}};
-    newer.tabs = {{.title = "Page", .url = "https://one.example/"}};
-    newer.windows = QList<SavedWindow>{SavedWindow{.appID = "org.editor", .appName = "Editor"}};
-    REQUIRE(store().editing.save(newer));
-    store().projects.setProjectBlocker(*newer.projectID, "Approval");
-    store().messages.confirm("Checkpoint saved.");
-    check("blocked project with checkpoints");
-    click("Manage checkpoints");
-    check("manager");
-    click("Delete selected checkpoint…");
-    check("delete question");
-    press(Qt::Key_Escape);
-    press(Qt::Key_Escape);
-    click("Edit reason");
-    check("blocker");
-    press(Qt::Key_Escape);
-    list("Apps")->setFocus(Qt::TabFocusReason);
-    check("items");
-    press(Qt::Key_S, Qt::ControlModifier);
-    check("capture");
-    memory.screenAccess = false;
-    store().screenAccess.refreshScreenAccess();
-    check("screen access");
-    press(Qt::Key_Escape);
-    store().sheets.open(&OpenSheets::showRestore);
-    check("restore");
-    press(Qt::Key_Escape);
-    store().navigation.showProjects();
-    check("overview");
-    press(Qt::Key_N, Qt::ControlModifier);
-    check("new project");
-    press(Qt::Key_Escape);
-    store().messages.report("Could not update the project: the disk is full.");
-    check("error");
-}
-
 TEST_CASE_FIXTURE(WindowFixture, "what lies beneath a sheet is not there for screen readers, keys and shortcuts")
 {
     openProject();
-    CHECK(read(window.get()).names.contains("Mark blocked…"));
+    CHECK(readScreen(window.get()).names.contains("Mark blocked…"));
     click("Mark blocked…");
-    const Screen covered = read(window.get());
+    const ReadScreen covered = readScreen(window.get());
     CHECK_FALSE(covered.names.contains("All projects"));
     CHECK_FALSE(covered.names.contains("Save first checkpoint"));
     CHECK(covered.names.contains("Waiting for…"));
@@ -171,40 +44,7 @@ TEST_CASE_FIXTURE(WindowFixture, "what lies beneath a sheet is not there for scr
     CHECK_FALSE(window->sheets().isCovering());
     CHECK_FALSE(store().sheets.editingBlocker());
     CHECK(QApplication::focusWidget() == button("Mark blocked…")); // Back where one was.
-    CHECK(read(window.get()).names.contains("All projects"));
-}
-
-TEST_CASE_FIXTURE(WindowFixture, "the keyboard alone reaches everything")
-{
-    const QUuid project = openProject();
-    saveTwoCheckpoints();
-    store().messages.confirm("Checkpoint saved.");
-    settle();
-    const QStringList reached = tabOrder(*this);
-    CAPTURE(reached);
-    for (const QString name :
-         {"Find a project", "All projects", "Projects", "New project", "More actions", "Mark blocked…",
-          "Manage checkpoints", "Save checkpoint", "Checkpoint history", "Replace image…", "Remove",
-          "Where you left off", "Your next small step", "Dismiss the message"}) {
-        CAPTURE(name);
-        CHECK(reached.contains(name));
-    }
-    store().navigation.showProjects();
-    settle();
-    const QStringList overview = tabOrder(*this);
-    CHECK(overview.contains("Actions for Thesis"));
-    CHECK(overview.contains("Open project Thesis"));
-    CHECK(overview.contains("Show archived"));
-
-    // Lists are worked with the arrow keys and Return.
-    store().navigation.selectProject(project);
-    settle();
-    list("Checkpoint history")->setFocus(Qt::TabFocusReason);
-    press(Qt::Key_Right);
-    press(Qt::Key_Return);
-    CHECK(seesText("Older"));
-    press(Qt::Key_PageUp, Qt::ControlModifier);
-    CHECK(seesText("Newer"));
+    CHECK(readScreen(window.get()).names.contains("All projects"));
 }
 
 TEST_CASE_FIXTURE(WindowFixture, "the tab key goes through all cards of a long overview")

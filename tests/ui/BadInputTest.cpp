@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/faults/Faults.h"
-#include "tests/ui/ShownPicture.h"
+#include "tests/ui/WindowFixture.h"
+#include "ui/checkpoint/ScreenshotImage.h"
 
-#include "ui/note/QuickListEditor.h"
+#include "ui/checkpoint/QuickListEditor.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -25,7 +26,7 @@ struct BadInput : WindowFixture {
         checkpoint.screenshot = path;
         REQUIRE(store().editing.save(checkpoint));
         settle();
-        REQUIRE(shownPicture(*this));
+        REQUIRE(find<ScreenshotImage>());
     }
 };
 
@@ -107,8 +108,7 @@ TEST_CASE_FIXTURE(BadInput, "a note of a megabyte is pasted, written on and kept
         project = openProject();
         const Checkpoint checkpoint = saveCheckpoint(project, "One", 10);
         settle();
-        auto *const editor = dynamic_cast<QuickListEditor *>(widget("Where you left off"));
-        REQUIRE(editor);
+        QuickListEditor *const editor = note();
         editor->setFocus();
         QApplication::clipboard()->setText(text);
         editor->paste();
@@ -145,16 +145,16 @@ TEST_CASE_FIXTURE(BadInput, "what is no picture of the checkpoint is named as un
                                 home.filePath("elsewhere.png"), home.path(), QString()}) {
         CAPTURE(path);
         showPicture(one, path);
-        CHECK(eventually([this] { return shownPicture(*this)->isUnavailable(); }));
+        CHECK(eventually([this] { return find<ScreenshotImage>()->isUnavailable(); }));
     }
     faults::setThreads(false);
     showPicture(one, folder + "whole.png");
-    const bool isNamed = eventually([this] { return shownPicture(*this)->isUnavailable(); });
+    const bool isNamed = eventually([this] { return find<ScreenshotImage>()->isUnavailable(); });
     faults::setThreads(true);
     CHECK_MESSAGE(isNamed, "no thread can be had to read it");
     showPicture(one, {});
     showPicture(one, folder + "whole.png");
-    CHECK(eventually([this] { return shownPicture(*this)->isShown(); }));
+    CHECK(eventually([this] { return find<ScreenshotImage>()->isShown(); }));
 }
 
 TEST_CASE_FIXTURE(BadInput, "a project that is deleted elsewhere while it is shown goes, with all that stands over it")
@@ -172,7 +172,7 @@ TEST_CASE_FIXTURE(BadInput, "a project that is deleted elsewhere while it is sho
     project = *store().projects.createProject("Garden");
     saveCheckpoint(project, "One", 10);
     settle();
-    QTest::mouseClick(dynamic_cast<QuickListEditor *>(widget("Where you left off"))->viewport(), Qt::LeftButton);
+    QTest::mouseClick(note()->viewport(), Qt::LeftButton);
     type("typed");
     store().deletion.deleteProject(project);
     settle();

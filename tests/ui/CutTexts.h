@@ -4,7 +4,6 @@
 #include "ui/controls/Button.h"
 #include "ui/controls/DropDown.h"
 #include "ui/controls/Fields.h"
-#include "ui/controls/Label.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -47,20 +46,6 @@ inline QStringList textsThatAreCut(const QWidget *window)
             cut << button->text();
         else if (field && isPlaceholderCut(*field))
             cut << field->placeholderText();
-    }
-    return cut;
-}
-
-// The same of lines that are shortened when they must be, because people write them: none needs to be in a test that
-// writes short ones.
-inline QStringList linesThatAreCut(const QWidget *window)
-{
-    QStringList cut;
-    for (const QWidget *const widget : window->findChildren<QWidget *>()) {
-        const auto *const line = dynamic_cast<const LineLabel *>(widget);
-        const bool isCut = line && line->width() + 1 < line->sizeHint().width();
-        if (isCut && line->isVisible() && !line->accessibleName().isEmpty())
-            cut << line->accessibleName();
     }
     return cut;
 }

@@ -58,7 +58,7 @@ TEST_CASE_FIXTURE(ItemsFixture, "an item is removed by its row's button or key, 
     CHECK(titles("Browser tabs") == QStringList{"First", "Untitled tab", "Third"});
     list("Browser tabs")->setFocus(Qt::TabFocusReason);
     press(Qt::Key_Down);
-    picture("items");
+    pictures("items");
     click("Remove tab Untitled tab from checkpoint");
     CHECK(titles("Browser tabs") == QStringList{"First", "Third"});
     CHECK(seesText("Removed Untitled tab"));
@@ -107,6 +107,7 @@ TEST_CASE_FIXTURE(ItemsFixture, "a write that fails keeps the item and says so")
     apps->setFocus(Qt::TabFocusReason);
     press(Qt::Key_Delete);
     CHECK(seesText("Something needs attention"));
+    pictures("error");
     press(Qt::Key_Return);
     CHECK(titles("Apps") == QStringList{"Editor", "Tom & Jerry"});
     CHECK_FALSE(findButton("Undo"));

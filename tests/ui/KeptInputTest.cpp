@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/PngWriter.h"
 #include "tests/ui/WindowFixture.h"
-#include "ui/note/QuickListEditor.h"
+#include "ui/checkpoint/QuickListEditor.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -16,23 +16,10 @@ namespace {
 struct KeptInput : WindowFixture {
     KeptInput() { hasSettings = true; }
 
-    QuickListEditor *note() const
-    {
-        auto *const found = dynamic_cast<QuickListEditor *>(widget("Where you left off"));
-        REQUIRE(found);
-        return found;
-    }
-
     void typeNote(const QString &text)
     {
         QTest::mouseClick(note()->viewport(), Qt::LeftButton);
         type(text);
-    }
-
-    void mendLibrary()
-    {
-        REQUIRE(QDir(libraryPath()).removeRecursively());
-        REQUIRE(QFile::rename(root() + "/moved", libraryPath()));
     }
 
     QString topTitle() const
@@ -40,13 +27,9 @@ struct KeptInput : WindowFixture {
         return window->sheets().isCovering() ? window->sheets().topSheet()->accessibleName() : QString();
     }
 
-    // A field of the sheet on top.
     void fill(const QString &name, const QString &text)
     {
-        for (QWidget *const field : window->sheets().topSheet()->findChildren<QWidget *>()) {
-            if (field->accessibleName() == name && field->focusPolicy() != Qt::NoFocus)
-                field->setFocus();
-        }
+        field(name)->setFocus();
         type(text);
     }
 
@@ -83,7 +66,7 @@ TEST_CASE_FIXTURE(KeptInput, "who leaves a note that could not be written is ask
     press(Qt::Key_PageUp, Qt::ControlModifier);
     CHECK(note()->text() == u"• precious"_qs);
     CHECK(seesText(u"Not saved yet · Saving is tried again"_qs));
-    bothPictures("note-unsaved");
+    pictures("note-unsaved");
     click("All projects");
     REQUIRE(topTitle() == "A note is not saved yet");
     click("Back to the note");
@@ -183,7 +166,7 @@ TEST_CASE_FIXTURE(KeptInput, "a picture that was removed comes back by one butto
     CHECK(viewers().isEmpty());
     CHECK(seesText("No screenshot saved"));
     CHECK(seesText("Screenshot removed"));
-    bothPictures("screenshot-removed");
+    pictures("screenshot-removed");
     click("Undo");
     CHECK(store().library.checkpoint(checkpoint.id)->screenshot == checkpoint.screenshot);
     CHECK_FALSE(seesText("No screenshot saved"));
@@ -212,7 +195,7 @@ TEST_CASE_FIXTURE(KeptInput, "what stands in a form when the program is ended is
     restart();
     REQUIRE(topTitle() == "Checkpoint details");
     CHECK(seesText("Ardeno was ended before this was saved. Save it now, or cancel to discard it."));
-    bothPictures("details-kept");
+    pictures("details-kept");
     CHECK(store().library.checkpoint(checkpoint.id)->title == "Chapter"); // Nothing is written without its user.
     press(Qt::Key_Escape);
     CHECK(topTitle() == discard);

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/desktop/Desktop.h"
 #include "tests/ui/WindowFixture.h"
 
 #include "support/BlockOn.h"
-#include "ui/note/QuickListEditor.h"
+#include "ui/checkpoint/QuickListEditor.h"
 
 #include <QAccessible>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QTest>
 
@@ -32,14 +35,6 @@ QString highlighted(QListView *view)
 }
 
 struct KeysFixture : WindowFixture {
-    void openProjects()
-    {
-        openWindow();
-        for (const char *name : {"Apples", "Books", "Cellar", "Dance"})
-            store().projects.createProject(name);
-        settle();
-    }
-
     QString shown() const
     {
         return opened->navigation.selectedProject() ? opened->navigation.selectedProject()->name : QString();
@@ -63,6 +58,9 @@ struct KeysFixture : WindowFixture {
 TEST_CASE_FIXTURE(KeysFixture, "what is highlighted is what is shown, wherever the keys are; it follows when they rest")
 {
     openProjects();
+    const int interval = QApplication::keyboardInputInterval();
+    QApplication::setKeyboardInputInterval(1); // Each letter begins a word of its own.
+    const auto usual = qScopeGuard([interval] { QApplication::setKeyboardInputInterval(interval); });
     QListView *const projects = list("Projects");
     projects->setFocus(Qt::TabFocusReason);
     REQUIRE(shown() == "Dance");
@@ -79,7 +77,6 @@ TEST_CASE_FIXTURE(KeysFixture, "what is highlighted is what is shown, wherever t
         CHECK(highlighted(projects) == before);
         CHECK(eventually([&] { return shown() == name; }));
         CHECK(highlighted(projects) == name);
-        QTest::qWait(500); // The next letter begins a word of its own.
     }
     hit(projects, Qt::Key_Home);
     hit(projects, Qt::Key_Return);
@@ -87,7 +84,7 @@ TEST_CASE_FIXTURE(KeysFixture, "what is highlighted is what is shown, wherever t
     // On the way back the page stays as it was, with the checkpoint that was chosen.
     hit(projects, Qt::Key_Down);
     hit(projects, Qt::Key_Up);
-    QTest::qWait(300);
+    REQUIRE(comesToRest(projects));
     CHECK(shown() == "Apples");
 }
 
@@ -138,7 +135,10 @@ TEST_CASE_FIXTURE(KeysFixture, "a shortcut is about the row that the keys are at
     hit(strip, Qt::Key_Delete, Qt::ControlModifier);
     settle();
     CHECK(alertText() == name(older));
-    picture("delete-question");
+    pictures("delete-question");
+    press(Qt::Key_Return); // Deleting wants its own button.
+    CHECK(store().library.checkpoint(older.id));
+    hit(strip, Qt::Key_Delete, Qt::ControlModifier);
     click("Delete checkpoint");
     CHECK_FALSE(store().library.checkpoint(older.id));
     CHECK(highlighted(strip) == "Newer");
@@ -250,15 +250,16 @@ TEST_CASE_FIXTURE(KeysFixture, "what comes unasked waits for a pause in writing,
         settle();
         CHECK_FALSE(isThere());
         type("is");
-        QTest::qWait(400);
-        CHECK_FALSE(isThere());
+        QElapsedTimer pause;
+        pause.start();
         REQUIRE(eventually(isThere));
+        CHECK(pause.elapsed() > 500);
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Enter}) {
             hit(QApplication::focusWidget(), key);
             settle();
             CHECK(isThere());
         }
-        QTest::qWait(550);
+        desktop_test::waitUntilRead();
         QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
         QApplication::sendEvent(QApplication::focusWidget(), &held);
         settle();
@@ -308,6 +309,11 @@ TEST_CASE_FIXTURE(KeysFixture, "a search is opened by Return, entered by the arr
     CHECK(QApplication::focusWidget() == widget("Find a project"));
     press(Qt::Key_Escape);
     CHECK_FALSE(seesText("No projects match your search."));
+    click("All projects");
+    store().navigation.setSearch("boo");
+    settle();
+    CHECK(findButton("Actions for Books"));
+    CHECK_FALSE(findButton("Actions for Dance"));
 }
 
 TEST_CASE_FIXTURE(KeysFixture,
@@ -319,10 +325,10 @@ TEST_CASE_FIXTURE(KeysFixture,
     const QString moment = DateText::mediumDateShortTime(Date{10});
     CHECK(seesText(moment)); // In place of the title.
     CHECK(list("Checkpoint history")->model()->index(0, 0).data().toString() == moment);
-    auto *const note = dynamic_cast<QuickListEditor *>(widget("Where you left off"));
-    note->setFocus();
-    QTest::sendKeyEvent(QTest::Click, note, Qt::Key_unknown, QString::fromUcs4(U"\U0001F680"), Qt::NoModifier);
-    CHECK(note->text() == u"• \U0001F680"_qs);
+    QuickListEditor *const editor = note();
+    editor->setFocus();
+    QTest::sendKeyEvent(QTest::Click, editor, Qt::Key_unknown, QString::fromUcs4(U"\U0001F680"), Qt::NoModifier);
+    CHECK(editor->text() == u"• \U0001F680"_qs);
 
     const auto opensMenu = [this](const QString &name, const QString &entry) {
         CAPTURE(name);

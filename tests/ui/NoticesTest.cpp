@@ -6,6 +6,7 @@
 
 #include <QScrollArea>
 #include <QTest>
+#include <QTimer>
 
 using namespace ardeno;
 
@@ -18,19 +19,16 @@ struct Notices : WindowFixture {
         hasSettings = true;
     }
 
-    NoticeBanner *strip() const
-    {
-        for (QWidget *const candidate : window->findChildren<QWidget *>()) {
-            if (auto *const found = dynamic_cast<NoticeBanner *>(candidate))
-                return found;
-        }
-        return nullptr;
-    }
+    NoticeBanner *strip() const { return find<NoticeBanner>(); }
 
-    // Whether the notice is gone after several times what it waits.
+    // Whether the notice is gone when what it waits is over, and over again.
     bool leaves()
     {
-        QTest::qWait(900);
+        int times = 0;
+        const QObject context;
+        QObject::connect(strip()->findChild<QTimer *>({}, Qt::FindDirectChildrenOnly), &QTimer::timeout, &context,
+                         [&times] { ++times; });
+        REQUIRE(eventually([&] { return times > 1 || !store().messages.notice(); }));
         return !store().messages.notice();
     }
 
@@ -95,7 +93,7 @@ TEST_CASE_FIXTURE(Notices, "what a resume opened, failed to open and did not pla
           u"Workspace restored · 0 opened · 1 already active · 0 window positions restored · 1 failed · 1 window not "
           "placed"_qs);
     CHECK(seesText("Could not open: Viewer (it ended with an error)"));
-    bothPictures("resume-shortfall");
+    pictures("resume-shortfall");
     auto *const page = dynamic_cast<QScrollArea *>(widget("Checkpoint"));
     QWidget *const card = widget("Not everything is back");
     REQUIRE(card);
@@ -108,37 +106,58 @@ TEST_CASE_FIXTURE(Notices, "what a resume opened, failed to open and did not pla
     CHECK(page == dynamic_cast<QScrollArea *>(widget("Checkpoint")));
 }
 
-TEST_CASE_FIXTURE(Notices, "a check for updates that was asked for is answered, and only secure downloads are offered")
+TEST_CASE_FIXTURE(Notices, "a newer version is offered by a banner and in the settings, until it is no longer newer")
 {
-    std::optional<AppUpdateManifest> offer;
+    const AppUpdateManifest newer{.latestVersion = "99",
+                                  .releaseNotes = {"Resuming is faster", "Windows return to every display"},
+                                  .downloadURL = QUrl("https://example.org/get")};
+    std::optional<AppUpdateManifest> offer = newer;
     fetchUpdate = [&]() -> QCoro::Task<std::optional<AppUpdateManifest>> { co_return offer; };
     openWindow();
-    store().sheets.open(&OpenSheets::showSettings);
-    settle();
+    store().updates.checkForUpdates(Force::No);
+    REQUIRE(eventually([this] { return seesText("Ardeno 99 is available."); }));
+    pictures("update-banner");
+    click(u"See what’s new"_qs);
+    CHECK(seesText("Version 99"));
+    CHECK(seesText("Windows return to every display"));
+    pictures("update-details");
+    click("Not now");
+    click("Dismiss the update");
+    CHECK_FALSE(seesText("Ardeno 99 is available."));
+
+    click("Settings");
     const auto check = [&](const std::optional<AppUpdateManifest> &found) {
         offer = found;
         click("Check for updates");
     };
-    check(std::nullopt);
-    CHECK(seesText("Could not check for updates. Try again when you are online."));
-    check(AppUpdateManifest{.latestVersion = "0.0.1"});
-    CHECK(seesText(QString("Ardeno %1 is up to date.").arg(Updates::currentAppVersion())));
-    check(AppUpdateManifest{.latestVersion = "99", .downloadURL = QUrl("http://example.org/get")});
-    CHECK_FALSE(findButton("Download update"));
-    CHECK(seesText("Update available: 99\nIt names no download over a secure connection (https), so Ardeno does not "
-                   "open one."));
-    bothPictures("update-insecure");
-    store().sheets.close(&OpenSheets::showSettings);
-    settle();
-    click(u"See what’s new"_qs);
-    CHECK_FALSE(findButton("Download update"));
-    click("Not now");
-    store().sheets.open(&OpenSheets::showSettings);
-    settle();
-    check(AppUpdateManifest{.latestVersion = "99", .downloadURL = QUrl("https://example.org/get")});
+    check(newer);
+    CHECK(seesText("Update available: 99"));
     CHECK(findButton("Download update"));
+    pictures("preferences-update");
     check(std::nullopt);
     CHECK(seesText("Update available: 99\nCould not check for updates. Try again when you are online."));
+    check(AppUpdateManifest{.latestVersion = "0.0.1"});
+    CHECK(seesText(QString("Ardeno %1 is up to date.").arg(Updates::currentAppVersion())));
+}
+
+TEST_CASE_FIXTURE(Notices, "what the maker says of an update is text in its place, and leads to secure downloads alone")
+{
+    const AppUpdateManifest offer{.latestVersion = QString("1.").repeated(5000) + '1',
+                                  .releaseNotes = {QString("<b>long</b> ").repeated(300)},
+                                  .downloadURL = QUrl("http://example.org/get")};
+    fetchUpdate = [&]() -> QCoro::Task<std::optional<AppUpdateManifest>> { co_return offer; };
+    openWindow();
+    window->resize(960, 690);
+    click("Settings");
+    click("Check for updates");
+    CHECK_FALSE(findButton("Download update"));
+    REQUIRE(store().updates.availableUpdate());
+    pictures("update-insecure");
+    click("Done");
+    click(u"See what’s new"_qs);
+    CHECK_FALSE(findButton("Download update"));
+    CHECK(window->width() == 960);
+    picture("update-endless-version");
 }
 
 TEST_CASE_FIXTURE(Notices, "a resume that takes long says what it waits for, and ends where it is stopped")
@@ -150,14 +169,11 @@ TEST_CASE_FIXTURE(Notices, "a resume that takes long says what it waits for, and
     saved.windows =
         QList<SavedWindow>{{.appID = "viewer", .appName = "Viewer", .title = "paper", .frame = {50, 60, 500, 400}}};
     REQUIRE(store().editing.save(saved));
-    for (QWidget *const candidate : window->findChildren<QWidget *>()) {
-        if (auto *const strip = dynamic_cast<ResumeBanner *>(candidate))
-            strip->setPatience(std::chrono::milliseconds(1));
-    }
+    find<ResumeBanner>()->setPatience(std::chrono::milliseconds(1));
 
     store().resumes.restore(saved, ResumeSelection::missing, true);
     CHECK(eventually([this] { return seesText(u"Resuming “Draft”. Waiting for Viewer."_qs); }));
-    bothPictures("resuming");
+    pictures("resuming");
     click("Stop resuming");
     CHECK(eventually([this] { return !store().resumes.resuming(); }));
     CHECK_FALSE(findButton("Stop resuming"));

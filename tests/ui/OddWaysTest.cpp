@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/PngWriter.h"
-#include "support/BlockOn.h"
 #include "tests/ui/WindowFixture.h"
-#include "ui/note/QuickListEditor.h"
+#include "ui/checkpoint/QuickListEditor.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -20,25 +19,11 @@ namespace {
 struct OddWays : WindowFixture {
     OddWays() { hasSheets = true; }
 
-    ~OddWays() { QApplication::clipboard()->clear(); }
-
-    void openProjects()
-    {
-        openWindow();
-        for (const char *name : {"Apples", "Books", "Cellar", "Dance"})
-            store().projects.createProject(name);
-        settle();
-    }
+    ~OddWays() override { QApplication::clipboard()->clear(); }
 
     QString shown()
     {
         return store().navigation.selectedProject() ? store().navigation.selectedProject()->name : QString();
-    }
-
-    static QString selectedRow(const QListView *view)
-    {
-        const QModelIndexList rows = view->selectionModel()->selectedIndexes();
-        return rows.size() == 1 ? rows.first().data().toString() : QString();
     }
 
     QString imageFile() const
@@ -59,13 +44,13 @@ TEST_CASE_FIXTURE(OddWays, "what goes or comes below the keys leaves page and hi
     QTest::keyClick(projects, Qt::Key_Up);
     store().deletion.deleteProject(
         store().library.projects().at(2).id); // Where the keys are, before the page has followed.
-    QTest::qWait(300);
+    REQUIRE(comesToRest(projects));
     CHECK(shown() == selectedRow(projects));
     CHECK_FALSE(shown().isEmpty());
 
     QTest::keyClick(projects, Qt::Key_Home);
     store().navigation.setSearch("boo"); // The row is no longer listed.
-    QTest::qWait(300);
+    REQUIRE(comesToRest(projects));
     CHECK((selectedRow(projects).isEmpty() || shown() == selectedRow(projects)));
     store().navigation.setSearch({});
     settle();
@@ -78,27 +63,9 @@ TEST_CASE_FIXTURE(OddWays, "what goes or comes below the keys leaves page and hi
             ids << project.id;
         return ids;
     }());
-    QTest::qWait(300);
+    REQUIRE(comesToRest(projects));
     CHECK(shown() == selectedRow(projects));
     CHECK(shown() == "Apples");
-}
-
-TEST_CASE_FIXTURE(OddWays, "keys that move projects move them among those that are seen, and no further than the ends")
-{
-    openProjects();
-    QListView *const projects = list("Projects");
-    store().navigation.setSearch("e"); // Apples, Cellar, Dance.
-    settle();
-    REQUIRE(projects->model()->rowCount() == 3);
-    projects->setFocus(Qt::TabFocusReason);
-    press(Qt::Key_End);
-    press(Qt::Key_Down, Qt::AltModifier);
-    CHECK(namesOf(store().library.projects()) == QStringList{"Apples", "Books", "Cellar", "Dance"});
-    press(Qt::Key_Up, Qt::AltModifier);
-    CHECK(namesOf(store().library.projects()) == QStringList{"Apples", "Books", "Dance", "Cellar"});
-    press(Qt::Key_Up, Qt::AltModifier);
-    press(Qt::Key_Up, Qt::AltModifier);
-    CHECK(namesOf(store().library.projects()) == QStringList{"Dance", "Books", "Apples", "Cellar"});
 }
 
 TEST_CASE_FIXTURE(OddWays, "an image on the clipboard goes to the picture below the pointer, a text to the field")
@@ -145,32 +112,11 @@ TEST_CASE_FIXTURE(OddWays, "the undo key leaves the looks of a note alone")
 {
     saveCheckpoint(openProject(), "Chapter", 10);
     settle();
-    auto *const note = dynamic_cast<QuickListEditor *>(widget("Where you left off"));
-    REQUIRE(note);
-    note->setFocus();
+    QuickListEditor *const editor = note();
+    editor->setFocus();
     for (int round = 0; round < 3; ++round)
         press(Qt::Key_Z, Qt::ControlModifier);
-    CHECK(note->document()->documentMargin() == 0);
-}
-
-TEST_CASE_FIXTURE(OddWays, "pictures that are replaced twice, and those of what is deleted, leave nothing behind")
-{
-    const QUuid project = openProject();
-    const Checkpoint checkpoint = saveCheckpoint(project, "Chapter", 10);
-    blockOn(store().screenshots.importScreenshot(imageFile(), checkpoint.id));
-    const std::optional<QString> first = store().library.checkpoint(checkpoint.id)->screenshot;
-    blockOn(store().screenshots.importScreenshot(imageFile(), checkpoint.id));
-    settle();
-    press(Qt::Key_Z, Qt::ControlModifier);
-    CHECK(store().library.checkpoint(checkpoint.id)->screenshot == first);
-    press(Qt::Key_Z, Qt::ControlModifier); // And forth.
-    CHECK(store().library.checkpoint(checkpoint.id)->screenshot != first);
-    store().deletion.deleteProject(project);
-    settle();
-    press(Qt::Key_Z, Qt::ControlModifier);
-    CHECK(store().library.projects().isEmpty());
-    CHECK_FALSE(QDir(mediaFolder(checkpoint)).exists());
-    CHECK_FALSE(store().messages.error());
+    CHECK(editor->document()->documentMargin() == 0);
 }
 
 TEST_CASE_FIXTURE(OddWays,

@@ -1,63 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/ui/ShownPicture.h"
+#include "tests/ui/WindowFixture.h"
 
 #include <map>
 
 using namespace ardeno;
-
-TEST_CASE_FIXTURE(WindowFixture, "a screenshot that is missing or damaged is named, never an empty frame")
-{
-    const QUuid project = openProject();
-    const Checkpoint damaged = saveCheckpoint(project, "Damaged", 10);
-    Checkpoint missing{.title = "Missing", .projectID = project, .screenshot = home.filePath("nowhere.png")};
-    REQUIRE(store().editing.save(missing));
-    settle();
-    REQUIRE(shownPicture(*this));
-    CHECK(eventually([this] { return shownPicture(*this)->isUnavailable(); }));
-    picture("screenshot-unavailable");
-    store().navigation.selectCheckpoint(damaged.id);
-    settle();
-    REQUIRE(shownPicture(*this));
-    CHECK(eventually([this] { return shownPicture(*this)->isUnavailable(); }));
-}
-
-TEST_CASE_FIXTURE(WindowFixture, "a checkpoint is deleted only after the question was answered so")
-{
-    openProject();
-    saveTwoCheckpoints();
-    press(Qt::Key_Delete, Qt::ControlModifier);
-    CHECK(seesText("Delete this checkpoint and its local recording?"));
-    picture("delete-checkpoint");
-    press(Qt::Key_Return); // Deleting wants its own button.
-    CHECK(store().library.checkpoints().size() == 2);
-    clickRow(list("Checkpoint history"), 1, Qt::RightButton);
-    choose("Delete checkpoint…");
-    CHECK(seesText(u"This removes “Older” and its local screenshot or recording."_qs));
-    press(Qt::Key_Escape);
-    CHECK(store().library.checkpoints().size() == 2);
-    press(Qt::Key_Delete, Qt::ControlModifier);
-    click("Delete checkpoint");
-    REQUIRE(store().library.checkpoints().size() == 1);
-    CHECK(seesText("1 saved"));
-    CHECK(store().library.checkpoints().first().title == "Older");
-}
-
-TEST_CASE_FIXTURE(WindowFixture, "a project is deleted with all it holds only after the question was answered so")
-{
-    saveCheckpoint(openProject(), "Chapter", 10);
-    click("All projects");
-    click("Actions for Thesis");
-    choose("Delete project…");
-    CHECK(seesText(u"Delete “Thesis” and all 1 checkpoints, including their local screenshots and recordings? This "
-                   "cannot be undone."_qs));
-    press(Qt::Key_Escape);
-    CHECK(store().library.projects().size() == 1);
-    click("Actions for Thesis");
-    choose("Delete project…");
-    click("Delete project");
-    CHECK(store().library.projects().isEmpty());
-    CHECK(seesText("Create a project to save your first checkpoint."));
-}
 
 TEST_CASE_FIXTURE(WindowFixture, "the manager opens and deletes checkpoints, and shows when none is left")
 {
@@ -65,7 +11,7 @@ TEST_CASE_FIXTURE(WindowFixture, "the manager opens and deletes checkpoints, and
     saveTwoCheckpoints();
     click("Manage checkpoints");
     CHECK(seesText("Selected: Newer"));
-    picture("manager");
+    pictures("manager");
     press(Qt::Key_Down);
     CHECK(seesText("Selected: Older"));
     click("Actions for Older");
@@ -80,7 +26,7 @@ TEST_CASE_FIXTURE(WindowFixture, "the manager opens and deletes checkpoints, and
         CHECK(store().library.checkpoints().size() == left - 1);
     }
     CHECK(seesText("No checkpoints"));
-    picture("manager-empty");
+    pictures("manager-empty");
     click("Done");
     CHECK(seesText("Your project is ready"));
 }

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/bus/PortalAppearance.h"
+#include "platform/linux/bus/PortalFileDialogs.h"
 #include "tests/ui/RunningWindow.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/controls/Button.h"
@@ -25,26 +27,13 @@ using namespace ardeno;
 namespace {
 
 // As the portal writes it down.
-struct PortalAccent {
-    double red = 0;
-    double green = 0;
-    double blue = 0;
-};
-
-QDBusArgument &operator<<(QDBusArgument &argument, const PortalAccent &accent)
+QVariant portalAccent(double red, double green, double blue)
 {
+    QDBusArgument argument;
     argument.beginStructure();
-    argument << accent.red << accent.green << accent.blue;
+    argument << red << green << blue;
     argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, PortalAccent &accent)
-{
-    argument.beginStructure();
-    argument >> accent.red >> accent.green >> accent.blue;
-    argument.endStructure();
-    return argument;
+    return QVariant::fromValue(argument);
 }
 
 constexpr const char *appearanceGroup = "org.freedesktop.appearance";
@@ -58,7 +47,6 @@ public:
     Portal() : m_bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, "portal"))
     {
         qDBusRegisterMetaType<QMap<QString, QVariantMap>>();
-        qDBusRegisterMetaType<PortalAccent>();
         REQUIRE(m_bus.registerVirtualObject(path, this));
         join();
     }
@@ -95,17 +83,19 @@ public:
     // Ends without an answer, as a service that crashes.
     void leave() { m_bus.interface()->unregisterService("org.freedesktop.portal.Desktop"); }
 
+    // An empty one: the dialog is cancelled.
     void answer(const QString &file)
     {
         QDBusMessage signal = QDBusMessage::createSignal(m_request, "org.freedesktop.portal.Request", "Response");
-        signal << 0U << QVariantMap{{"uris", QStringList{QUrl::fromLocalFile(file).toString()}}};
+        signal << (file.isEmpty() ? 1U : 0U)
+               << QVariantMap{{"uris", QStringList{QUrl::fromLocalFile(file).toString()}}};
         REQUIRE(m_bus.send(signal));
     }
 
     bool hasChooser = false;
     bool isOpen = false; // The dialog stays until it is answered.
-    QString chosen = {}; // Empty: the dialog is cancelled.
-    QString asked = {};  // The title of the newest question.
+    QString chosen = {};
+    QString asked = {}; // The title of the newest question.
 
 private:
     bool choose(const QDBusMessage &question, const QDBusConnection &connection)
@@ -113,27 +103,56 @@ private:
         asked = question.arguments().value(1).toString();
         const QVariantMap options = qdbus_cast<QVariantMap>(question.arguments().value(2));
         const QString sender = question.service().mid(1).replace('.', '_');
-        const QString request = QString("%1/request/%2/%3").arg(path, sender, options.value("handle_token").toString());
-        connection.send(question.createReply(QVariant::fromValue(QDBusObjectPath(request))));
-        m_request = request;
-        if (isOpen)
-            return true;
-        QDBusMessage answer = QDBusMessage::createSignal(request, "org.freedesktop.portal.Request", "Response");
-        answer << (chosen.isEmpty() ? 1U : 0U)
-               << QVariantMap{{"uris", QStringList{QUrl::fromLocalFile(chosen).toString()}}};
-        return connection.send(answer);
+        m_request = QString("%1/request/%2/%3").arg(path, sender, options.value("handle_token").toString());
+        connection.send(question.createReply(QVariant::fromValue(QDBusObjectPath(m_request))));
+        if (!isOpen)
+            answer(chosen);
+        return true;
     }
 
     QDBusConnection m_bus;
     QString m_request = {};
 };
 
+struct PortalWindow : WindowFixture {
+    Portal portal;
+
+    PortalWindow() { desktop.fileDialogs = std::make_unique<PortalFileDialogs>(); }
+
+    // Leaves an image where it can be chosen.
+    QString photo() const
+    {
+        QImage image(320, 200, QImage::Format_RGB32);
+        image.fill(Qt::darkCyan);
+        REQUIRE(image.save(home.filePath("photo.png")));
+        return home.filePath("photo.png");
+    }
+};
+
 } // namespace
+
+TEST_CASE("what the settings portal says is understood, and what it leaves out stays")
+{
+    using Wishes = AppearanceWishes;
+    const auto read = [](const Wishes &before, const QString &group, const QString &key, const QVariant &value) {
+        // Values come wrapped as variants, from some portals twice.
+        return PortalAppearance::read(before, group, {{key, QVariant::fromValue(QDBusVariant(value))}});
+    };
+    const Wishes dark{.brightness = Wishes::Brightness::Dark, .hasHighContrast = true, .hasReducedMotion = true};
+    Wishes light = dark;
+    light.brightness = Wishes::Brightness::Light;
+    CHECK(read({}, appearanceGroup, "color-scheme", 1U).brightness == Wishes::Brightness::Dark);
+    CHECK(read(dark, appearanceGroup, "color-scheme", 2U) == light);
+    CHECK_FALSE(read(dark, appearanceGroup, "contrast", 0U).hasHighContrast);
+    CHECK(read({}, "org.gnome.desktop.interface", "enable-animations", false).hasReducedMotion);
+    CHECK(read(dark, appearanceGroup, "accent-color", 1U) == dark);
+    CHECK(read(dark, "org.example", "color-scheme", 2U) == dark);
+}
 
 TEST_CASE("the theme follows the settings portal while the program runs")
 {
     Portal portal;
-    const AppearanceSettings settings;
+    const AppearanceSettings settings(std::make_unique<PortalAppearance>());
     const auto becomes = [](const Appearance &wanted) {
         return QTest::qWaitFor([&] { return AppTheme::instance().appearance() == wanted; }, 20'000);
     };
@@ -144,9 +163,9 @@ TEST_CASE("the theme follows the settings portal while the program runs")
     CHECK(becomes({Scheme::Light, Contrast::High, Motion::Normal}));
     portal.change("contrast", 0U);
     CHECK(becomes({}));
-    portal.change("accent-color", QVariant::fromValue(PortalAccent{1, 0.5, 0}));
+    portal.change("accent-color", portalAccent(1, 0.5, 0));
     CHECK(becomes({.accent = qRgb(255, 128, 0)}));
-    portal.change("accent-color", QVariant::fromValue(PortalAccent{-1, -1, -1})); // None was chosen.
+    portal.change("accent-color", portalAccent(-1, -1, -1)); // None was chosen.
     CHECK(becomes({}));
     const Button button("Save");
     const int before = button.sizeHint().width();
@@ -178,16 +197,11 @@ TEST_CASE_FIXTURE(RunningWindow, "the finished program changes between light and
     close();
 }
 
-TEST_CASE_FIXTURE(WindowFixture,
+TEST_CASE_FIXTURE(PortalWindow,
                   "an image is chosen in the desktop's own dialog, and where there is none in one of the program")
 {
-    Portal portal;
     const QUuid project = openProject();
     saveCheckpoint(project, "Start", 10);
-    const QString file = home.filePath("photo.png");
-    QImage image(320, 200, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    REQUIRE(image.save(file));
     settle();
 
     portal.hasChooser = true;
@@ -196,7 +210,7 @@ TEST_CASE_FIXTURE(WindowFixture,
     CHECK_FALSE(window->findChild<QFileDialog *>());
     const auto isAsking = [this] { return window->findChild<FileChooser *>() != nullptr; };
     CHECK(eventually([&] { return !isAsking(); }));
-    portal.chosen = file;
+    portal.chosen = photo();
     click("Replace image…");
     CHECK(eventually([this] { return seesText("Image added. A copy is saved with this checkpoint."); }));
 
@@ -215,20 +229,16 @@ TEST_CASE_FIXTURE(WindowFixture,
     AppTheme::instance().setAppearance({});
 }
 
-TEST_CASE_FIXTURE(WindowFixture, "an image goes to the checkpoint it was asked for, and a dialog may vanish")
+TEST_CASE_FIXTURE(PortalWindow, "an image goes to the checkpoint it was asked for, and a dialog may vanish")
 {
-    Portal portal;
     portal.hasChooser = portal.isOpen = true;
     openProject();
     const auto [older, newer] = saveTwoCheckpoints();
-    QImage image(320, 200, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    REQUIRE(image.save(home.filePath("photo.png")));
     click("Replace image…");
     REQUIRE(eventually([&] { return !portal.asked.isEmpty(); }));
     store().navigation.selectCheckpoint(older.id);
     settle();
-    portal.answer(home.filePath("photo.png"));
+    portal.answer(photo());
     CHECK(eventually([&] { return store().library.checkpoint(newer.id)->screenshot != newer.screenshot; }));
     CHECK(store().library.checkpoint(older.id)->screenshot == older.screenshot);
 

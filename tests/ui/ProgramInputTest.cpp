@@ -2,8 +2,6 @@
 #include "model/CheckpointRepository.h"
 #include "tests/ui/RunningWindow.h"
 
-#include <QThread>
-
 using namespace ardeno;
 
 namespace {
@@ -20,13 +18,10 @@ struct ProgramInput : RunningWindow {
 
     QString storedNote() const { return stored("checkpoints").at(0).toObject().value("objective").toString(); }
 
-    // What has only just appeared takes no key.
-    static void readIt() { QThread::msleep(700); }
-
     bool asks(const QString &question) const
     {
         const bool isAsking = sees(question);
-        readIt();
+        desktop_test::waitUntilRead();
         key("Return"); // What loses nothing.
         return isAsking && eventually([&] { return !seesNow(question); }) && program->state() == QProcess::Running;
     }
@@ -59,7 +54,7 @@ TEST_CASE_FIXTURE(ProgramInput, "closing and quitting ask about a note that cann
     REQUIRE(QDir().mkpath(libraryPath() + "/in-the-way"));
     type("precious");
     REQUIRE(sees("Something needs attention"));
-    readIt();
+    desktop_test::waitUntilRead();
     key("Return");
     outputOf("wmctrl", {"-i", "-c", window});
     CHECK(sees("A note is not saved yet"));

@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/store/StoreFixture.h"
+#include "tests/ui/WindowFixture.h"
 #include "ui/ViewParts.h"
-#include "ui/controls/DropDown.h"
 #include "ui/quicksave/QuickSaveController.h"
-#include "ui/theme/AppTheme.h"
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
 #include <QTest>
 
 using namespace ardeno;
@@ -16,29 +11,17 @@ using namespace ardeno;
 namespace {
 
 // The panel over a store on a real folder, worked by keys and clicks.
-struct QuickSaveFixture : StoreFixture {
+struct QuickSaveFixture : WindowFixture {
     int timesWindowShown = 0;
     std::unique_ptr<QuickSaveController> controller;
 
-    ~QuickSaveFixture()
-    {
-        controller.reset();
-        AppTheme::instance().setAppearance({});
-    }
+    ~QuickSaveFixture() override { controller.reset(); }
 
     void start()
     {
         controller = std::make_unique<QuickSaveController>(ViewParts::ofCapture(store()), store().shortcut, desktop,
                                                            [this] { ++timesWindowShown; });
         settle();
-    }
-
-    static void settle()
-    {
-        for (int round = 0; round < 5; ++round) {
-            QCoreApplication::sendPostedEvents();
-            QCoreApplication::processEvents();
-        }
     }
 
     void pressHotKey()
@@ -50,8 +33,8 @@ struct QuickSaveFixture : StoreFixture {
 
     static QuickSavePanel *panel()
     {
-        for (QWidget *const window : QApplication::topLevelWidgets()) {
-            if (auto *const found = dynamic_cast<QuickSavePanel *>(window); found && found->isVisible())
+        for (QWidget *const candidate : QApplication::topLevelWidgets()) {
+            if (auto *const found = dynamic_cast<QuickSavePanel *>(candidate); found && found->isVisible())
                 return found;
         }
         return nullptr;
@@ -64,50 +47,10 @@ struct QuickSaveFixture : StoreFixture {
         REQUIRE(QTest::qWaitForWindowActive(panel()));
     }
 
-    template <typename Control>
-    static Control *control(const QString &name)
-    {
-        for (Control *const found : panel()->findChildren<Control *>()) {
-            if (found->isVisible() && found->accessibleName().startsWith(name))
-                return found;
-        }
-        return nullptr;
-    }
+protected:
+    QWidget *surface() const override { return panel(); }
 
-    static QAbstractButton *button(const QString &text)
-    {
-        for (auto *const found : panel()->findChildren<QAbstractButton *>()) {
-            if (found->text() == text && found->isVisible())
-                return found;
-        }
-        return nullptr;
-    }
-
-    static bool sees(const QString &text)
-    {
-        const auto labels = panel()->findChildren<QLabel *>();
-        return std::any_of(labels.begin(), labels.end(),
-                           [&](const QLabel *label) { return label->isVisible() && label->text() == text; });
-    }
-
-    static void type(const QString &text)
-    {
-        REQUIRE(QApplication::focusWidget());
-        QTest::keyClicks(QApplication::focusWidget(), text);
-        settle();
-    }
-
-    static void press(Qt::Key key)
-    {
-        QTest::keyClick(QApplication::focusWidget(), key);
-        settle();
-    }
-
-    static void picture(const QString &name)
-    {
-        QDir().mkpath(ARDENO_PICTURES);
-        CHECK(panel()->grab().save(QString(ARDENO_PICTURES "/%1.png").arg(name)));
-    }
+    QWidget *pressable() const override { return panel(); }
 };
 
 using Combination = HotKeys::Combination;
@@ -140,43 +83,6 @@ TEST_CASE_FIXTURE(QuickSaveFixture, "the hot key follows the setting, and says w
     CHECK_FALSE(memory.keys);
 }
 
-TEST_CASE_FIXTURE(QuickSaveFixture,
-                  "a checkpoint is saved from the panel, and the keyboard goes back to whoever had it")
-{
-    store().projects.createProject("Thesis");
-    start();
-    open();
-    CHECK(QTest::qWaitFor([this] { return memory.focusRequests == QStringList{"remember", "above"}; }));
-    CHECK(control<DropDown>("Project")->text() == "Thesis");
-    CHECK(sees("Leave yourself a starting point."));
-    CHECK(sees("All screens and workspace saved on this Mac."));
-    type("Plot the variance");
-    press(Qt::Key_Return);
-    REQUIRE(QTest::qWaitFor([] { return !panel(); }));
-    REQUIRE(store().library.checkpoints().size() == 1);
-    CHECK(store().library.checkpoints().first().nextStep == "Plot the variance");
-    CHECK(store().messages.notice() == "Checkpoint saved.");
-    CHECK(store().drafts.draftNext().isEmpty());
-    CHECK(memory.focusRequests.last() == "return");
-}
-
-TEST_CASE_FIXTURE(QuickSaveFixture, "a panel that is given up keeps what was typed, for the next time")
-{
-    store().projects.createProject("Thesis");
-    start();
-    open();
-    type("Plot");
-    press(Qt::Key_Escape);
-    CHECK_FALSE(panel());
-    CHECK(store().library.checkpoints().isEmpty());
-    open();
-    CHECK(control<QLineEdit>("Next time")->text() == "Plot");
-    panel()->close();
-    settle();
-    CHECK_FALSE(store().sheets.showQuickCapture());
-    CHECK(store().drafts.draftNext() == "Plot");
-}
-
 TEST_CASE_FIXTURE(QuickSaveFixture, "the hot key opens one panel, and none over an unfinished sheet")
 {
     store().projects.createProject("Thesis");
@@ -201,13 +107,12 @@ TEST_CASE_FIXTURE(QuickSaveFixture, "a first checkpoint needs the name of a new 
 {
     start();
     open();
-    CHECK(control<DropDown>("Project")->text() == u"New project…"_qs);
-    QAbstractButton *const save = button("Save checkpoint");
-    CHECK_FALSE(save->isEnabled());
+    CHECK(findButton(u"Project: New project…"_qs));
+    CHECK(isOff("Save checkpoint"));
     type("  ");
-    CHECK_FALSE(save->isEnabled());
+    CHECK(isOff("Save checkpoint"));
     type("Garden");
-    CHECK(save->isEnabled());
+    CHECK(findButton("Save checkpoint"));
     picture("quick-save-new-project");
     press(Qt::Key_Return);
     REQUIRE(QTest::qWaitFor([] { return !panel(); }));
@@ -226,7 +131,7 @@ TEST_CASE_FIXTURE(QuickSaveFixture,
     memory.whileComposing = [&] {
         panel()->close();
         press(Qt::Key_Escape);
-        wasOpenMeanwhile = panel() && !button("Save checkpoint")->isEnabled();
+        wasOpenMeanwhile = panel() && isOff("Save checkpoint");
     };
     type("Plot");
     press(Qt::Key_Return);
@@ -234,7 +139,7 @@ TEST_CASE_FIXTURE(QuickSaveFixture,
     settle();
     REQUIRE(panel());
     CHECK(wasOpenMeanwhile);
-    CHECK(sees(*store().messages.captureIssue()));
+    CHECK(seesText(*store().messages.captureIssue()));
     CHECK(store().messages.captureIssue()->endsWith("No display is available to capture."));
     CHECK(store().drafts.draftNext() == "Plot");
     picture("quick-save-failed");
@@ -242,10 +147,10 @@ TEST_CASE_FIXTURE(QuickSaveFixture,
     memory.whileComposing = {};
     memory.pictureFailure.reset();
     breakLibrary();
-    button("Save checkpoint")->click();
+    click("Save checkpoint");
     REQUIRE(QTest::qWaitFor([this] { return store().messages.error().has_value(); }));
     settle();
-    CHECK(sees(*store().messages.error()));
+    CHECK(seesText(*store().messages.error()));
     press(Qt::Key_Escape);
     CHECK_FALSE(panel());
 }
@@ -255,25 +160,20 @@ TEST_CASE_FIXTURE(QuickSaveFixture, "more options hold the title and the browser
     store().projects.createProject("Thesis");
     start();
     open();
-    CHECK_FALSE(control<QLineEdit>("Checkpoint title"));
-    picture("quick-save-light");
+    const QString title = "Checkpoint title (automatic if empty)";
+    CHECK_FALSE(widget(title));
+    pictures("quick-save");
     const int collapsed = panel()->height();
-    button("More options")->click();
-    settle();
+    click("More options");
     CHECK(panel()->height() > collapsed);
-    REQUIRE(control<QLineEdit>("Checkpoint title"));
+    REQUIRE(widget(title));
     const bool withTabs = store().drafts.includeBrowser();
-    QTest::mouseClick(button("Include browser tabs"), Qt::LeftButton);
+    click("Include browser tabs");
     CHECK(store().drafts.includeBrowser() != withTabs);
-    control<QLineEdit>("Checkpoint title")->setFocus();
+    widget(title)->setFocus();
     type("Second run");
     CHECK(store().drafts.draftTitle() == "Second run");
-    picture("quick-save-more-light");
-    AppTheme::instance().setAppearance({Scheme::Dark, Contrast::Normal, Motion::Normal});
-    settle();
-    picture("quick-save-more-dark");
-    button("More options")->click();
-    settle();
+    pictures("quick-save-more");
+    click("More options");
     CHECK(panel()->height() == collapsed);
-    picture("quick-save-dark");
 }

@@ -35,7 +35,7 @@ TEST_CASE_FIXTURE(RemarksFixture,
     CHECK(sees("a new library has been begun"));
     store().messages.confirm("Checkpoint saved.");
     window->resize(960, 690);
-    bothPictures("remark");
+    pictures("remark");
 
     click("Show file");
     CHECK(eventually([&] { return memory.opened == QStringList{"reveal " + copy}; }));
@@ -49,7 +49,7 @@ TEST_CASE_FIXTURE(RemarksFixture,
     settle();
     CHECK(sees("Remark 4 of five."));
     CHECK_MESSAGE(!sees("Remark 1 of five."), "the window keeps its room");
-    bothPictures("remarks");
+    pictures("remarks");
     button("Dismiss the remark")->setFocus(Qt::TabFocusReason);
     for (int i = 0; i < 6; ++i) {
         CHECK(store().messages.remarks().size() == 6 - i);
@@ -73,7 +73,7 @@ TEST_CASE_FIXTURE(RemarksFixture, "a recording that broke off is seen, also when
     press(Qt::Key_Return);
     CHECK_FALSE(sees("Recording stopped unexpectedly"));
     CHECK(sees("Recording broken off"));
-    bothPictures("recording-broken");
+    pictures("recording-broken");
     breakLibrary();
     click("Stop & save checkpoint");
     REQUIRE(eventually([this] { return !store().recorder.recording() && store().messages.error().has_value(); }));
@@ -81,8 +81,7 @@ TEST_CASE_FIXTURE(RemarksFixture, "a recording that broke off is seen, also when
     press(Qt::Key_Return);
     CHECK_FALSE(store().messages.error());
     CHECK(sees(u"Your work session “Ablation” is kept in"_qs));
-    QDir(libraryPath()).removeRecursively();
-    QFile::rename(root() + "/moved", libraryPath());
+    mendLibrary();
     click("Save now");
     CHECK(sees(u"Your work session “Ablation” has been saved now."_qs));
     CHECK(store().library.checkpoints().size() == 1);

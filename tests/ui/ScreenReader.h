@@ -42,9 +42,6 @@ public:
     // Gives it the keyboard; false when there is nothing of that name.
     bool focus(const QString &name) const;
 
-    // What a screen reader would stop at without being able to say what it is.
-    QStringList unnamed() const;
-
 private:
     std::optional<Node> application() const;
     QString nameOf(const Node &node) const;

@@ -30,23 +30,3 @@ TEST_CASE("a screenshot fits into the window without being enlarged or vanishing
         CHECK(percent(inUse(fitting, 1, each.content, each.pixels)) == each.percent);
     }
 }
-
-TEST_CASE("zooming leaves the fit, stays within its bounds and shows whole per cent")
-{
-    const QSizeF content(1180, 780);
-    const QSize pixels(6000, 2000);
-    const double fitted = fit(content, pixels);
-    CHECK(zoomedIn(fitted) == doctest::Approx(fitted * 1.25));
-    CHECK(zoomedIn(3.5) == 4.0);
-    CHECK(zoomedOut(0.06) == 0.05);
-    CHECK(zoomedOut(zoomedIn(1.0)) == doctest::Approx(1.0));
-    CHECK(toggled(actual) == fitting);
-    for (const double other : {fitting, fitted, 0.999, 4.0})
-        CHECK(toggled(other) == actual);
-    CHECK(inUse(2.0, 1.5, content, pixels) == 3.0);
-    CHECK(inUse(2.0, 9.0, content, pixels) == 4.0);
-    CHECK(inUse(2.0, 0.001, content, pixels) == 0.05);
-    CHECK(inUse(fitting, 2.0, content, pixels) == doctest::Approx(2 * fitted));
-    CHECK(percent(0.29) == 29);
-    CHECK(percent(0.999) == 99);
-}

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "services/Endpoints.h"
 #include "support/BlockOn.h"
-#include "tests/ui/CutTexts.h"
 #include "tests/ui/WindowFixture.h"
 #include "ui/controls/DropDown.h"
-#include "ui/theme/AppTheme.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -34,34 +32,15 @@ struct SettingsFixture : WindowFixture {
         REQUIRE(seesText("Private by design. Stored locally."));
     }
 
-    // Light, dark and with high contrast, in the window's size and in the smallest one.
-    void pictures(const QString &name)
+    // In the window's size and in the smallest one.
+    void picturesOfBothSizes(const QString &name)
     {
-        AppTheme &theme = AppTheme::instance();
-        for (const bool isNarrow : {false, true}) {
-            window->resize(isNarrow ? QSize(960, 690) : QSize(1170, 790));
-            const QString suffix = isNarrow ? "-narrow" : "";
-            theme.setAppearance({Scheme::Dark, Contrast::Normal, Motion::Normal});
-            settle();
-            picture(name + "-dark" + suffix);
-            theme.setAppearance({});
-            settle();
-            picture(name + "-light" + suffix);
-            CHECK(textsThatAreCut(window->sheets().topSheet()) == QStringList());
-        }
+        pictures(name);
+        window->resize(960, 690);
+        settle();
+        pictures(name + "-narrow");
         window->resize(1170, 790);
         settle();
-    }
-
-    // A field of the sheet on top; a view below may have one of the same name.
-    QWidget *field(const QString &name) const
-    {
-        for (QWidget *const candidate : window->sheets().topSheet()->findChildren<QWidget *>()) {
-            if (candidate->accessibleName() == name && candidate->focusPolicy() != Qt::NoFocus)
-                return candidate;
-        }
-        FAIL("There is no field " << name.toStdString());
-        return nullptr;
     }
 
     void fill(const QString &name, const QString &text)
@@ -77,7 +56,7 @@ struct SettingsFixture : WindowFixture {
 TEST_CASE_FIXTURE(SettingsFixture, "what is set is shown, used at once and known after a restart")
 {
     openSettings();
-    pictures("preferences");
+    picturesOfBothSizes("preferences");
     click("On launch: Last opened project");
     choose("Projects overview");
     CHECK(store().navigation.launchOverview());
@@ -132,17 +111,14 @@ TEST_CASE_FIXTURE(SettingsFixture, "settings of another kind or a later version 
 
 TEST_CASE_FIXTURE(SettingsFixture, "exclusions that cannot be read are told of, and started over by one button")
 {
-    preferences().setValue(keys::includeBrowser, true); // Its folder.
-    QFile damaged(home.filePath("settings/exclusions.json"));
-    REQUIRE(damaged.open(QIODevice::WriteOnly));
-    damaged.write(R"({"apps": [], "later": 1})"); // It lacks the websites.
-    damaged.close();
+    preferences().setValue(keys::includeBrowser, true);                                  // Its folder.
+    writeFile(home.filePath("settings/exclusions.json"), R"({"apps": [], "later": 1})"); // It lacks the websites.
     openWindow();
     REQUIRE(seesText("Something needs attention"));
     click("OK");
     click("Settings");
     click(u"Capture exclusions…"_qs);
-    pictures("exclusions-unreadable");
+    picturesOfBothSizes("exclusions-unreadable");
     CHECK_FALSE(findButton(u"Choose application…"_qs)); // None that can be pressed.
     click("Start over");
     CHECK(findButton(u"Choose application…"_qs));
@@ -170,7 +146,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is excluded by menu, by choice and by t
 
     click(u"Choose application…"_qs);
     CHECK(list("Applications")->model()->rowCount() == 63);
-    pictures("application-chooser");
+    picturesOfBothSizes("application-chooser");
     type("PASS");
     CHECK(list("Applications")->model()->rowCount() == 1);
     CHECK(findButton("Exclude app"));
@@ -187,12 +163,12 @@ TEST_CASE_FIXTURE(SettingsFixture, "what is excluded by menu, by choice and by t
     CHECK(seesText("Enter a valid website domain or an http/https URL."));
     CHECK(window->sheets().topSheet()->accessibleName() == "Capture exclusions"); // Return did not close it.
     fill("Website", " HTTPS://Example.com:8080/path?q#f ");
-    pictures("exclusions-invalid");
+    picturesOfBothSizes("exclusions-invalid");
     click("Exclude website");
     CHECK(store().rules.exclusions().domains == QStringList{"example.com"});
     CHECK_FALSE(seesText("Enter a valid website domain or an http/https URL."));
     CHECK(qobject_cast<QLineEdit *>(widget("Website"))->text().isEmpty());
-    pictures("exclusions");
+    picturesOfBothSizes("exclusions");
     click("Done");
     CHECK_FALSE(store().sheets.showExclusions());
     CHECK(seesText("Private by design. Stored locally.")); // The settings are still there.
@@ -267,11 +243,11 @@ TEST_CASE_FIXTURE(SettingsFixture, "a bug report becomes a draft, or says why no
     click("Report a bug");
     CHECK(isOff("Open email draft"));
     CHECK(isOff("Copy report"));
-    pictures("bug-report-empty");
+    picturesOfBothSizes("bug-report-empty");
     fill("Short summary", "Stuck & slow");
     fill("What went wrong?", "It stays at 90%");
     memory.hasMailProgram = false;
-    pictures("bug-report");
+    picturesOfBothSizes("bug-report");
     click("Open email draft");
     CHECK(seesText("Your email app could not be opened. Use Copy report and send it manually. The address is " +
                    Endpoints::supportAddress() + '.'));
@@ -352,7 +328,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "a checkpoint's details are saved as written,
     CHECK(store().library.checkpoint(checkpoint.id)->title == "Evaluation");
 
     openDetails();
-    pictures("edit");
+    picturesOfBothSizes("edit");
     fill("Your next small step", "Plot");
     press(Qt::Key_Return); // Of the text, not of the sheet.
     type("it");

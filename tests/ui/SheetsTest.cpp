@@ -190,7 +190,7 @@ TEST_CASE_FIXTURE(SheetFixture, "without screen access the sheet leads to it, an
     CHECK(memory.timesSettingsOpened == 2);
     click("Check again");
     CHECK(memory.timesAsked == 1);
-    picture("access");
+    pictures("access");
 
     memory.screenAccess = true;
     Q_EMIT qGuiApp->applicationStateChanged(Qt::ApplicationInactive);
@@ -302,7 +302,7 @@ TEST_CASE_FIXTURE(SheetFixture, "what the last resume did not place is listed wi
     openRestore();
     CHECK(statuses().contains("notes.txt: minimised"));
     CHECK(seesText("1 window was not placed by the last resume."));
-    picture("restore-remaining");
+    pictures("restore-remaining");
     memory.movable.first().isMinimised = false;
     click("Place remaining windows");
     REQUIRE(eventually([this] { return store().resumes.unplacedWindows().isEmpty() && !store().operations.busy(); }));

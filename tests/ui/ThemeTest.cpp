@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/controls/Label.h"
 #include "ui/theme/AccentColors.h"
 #include "ui/theme/AppTheme.h"
-#include "ui/theme/AppearanceSettings.h"
-#include "ui/theme/Drawing.h"
 #include "ui/theme/FontFamilies.h"
 #include "ui/theme/Symbols.h"
 
 #include "tests/Printing.h"
 
-#include <QDBusVariant>
 #include <QDir>
 #include <QFontDatabase>
 #include <QGuiApplication>
-#include <QTextLayout>
+#include <QImage>
 
 #include <algorithm>
 
@@ -117,28 +115,45 @@ TEST_CASE("whatever accent the desktop has, what is written in it and on it can 
     theme.setAppearance({});
 }
 
-TEST_CASE("a text that does not fit ends in its own direction, in a window of either direction")
+TEST_CASE("a title stands at the side where lines begin in the window, and is shortened at its own end")
 {
-    const QFontMetricsF metrics(AppTheme::instance().font(TextStyle::Body));
-    const auto dotsAreAt = [&](const QString &text, Qt::LayoutDirection window) {
-        QGuiApplication::setLayoutDirection(window);
-        const QString shown = Drawing::fitted(text, metrics, metrics.horizontalAdvance(text) / 2);
-        const qsizetype dots = shown.indexOf(u'…');
-        REQUIRE(dots >= 0);
-        QTextLayout layout(shown, AppTheme::instance().font(TextStyle::Body));
-        QTextOption option;
-        option.setTextDirection(window);
-        layout.setTextOption(option);
-        layout.beginLayout();
-        const QTextLine line = layout.createLine();
-        layout.endLayout();
-        const qreal place = line.cursorToX(static_cast<int>(dots));
-        const qreal middle = line.naturalTextRect().center().x();
-        return place < middle ? Qt::LeftEdge : Qt::RightEdge;
+    struct Ink {
+        int left = 0;
+        int right = 0;
+        int leftTop = 0; // Of what is drawn at the left end, and at the right one.
+        int rightTop = 0;
+    };
+
+    const auto inkOf = [](LineLabel &label, int width) {
+        label.resize(width, label.sizeHint().height());
+        const QImage image = label.grab().toImage();
+        const int ground = image.pixelColor(0, 0).lightness();
+        const auto topIn = [&](int column) {
+            int y = 0;
+            while (y < image.height() && std::abs(image.pixelColor(column, y).lightness() - ground) < 60)
+                ++y;
+            return y;
+        };
+        QList<int> columns;
+        for (int x = 0; x < image.width(); ++x) {
+            if (topIn(x) < image.height())
+                columns << x;
+        }
+        REQUIRE(columns.size() > 10);
+        return Ink{columns.first(), columns.last(), topIn(columns.first()), topIn(columns.last())};
     };
     for (const Qt::LayoutDirection window : {Qt::LeftToRight, Qt::RightToLeft}) {
-        CHECK(dotsAreAt(u"פרויקט הגמר של המחלקה"_qs, window) == Qt::LeftEdge);
-        CHECK(dotsAreAt(u"The thesis of the department"_qs, window) == Qt::RightEdge);
+        QGuiApplication::setLayoutDirection(window);
+        for (const QString &title : {u"פרויקט הגמר של המחלקה"_qs, u"The thesis of the department"_qs}) {
+            CAPTURE(title);
+            LineLabel label(title);
+            const int whole = label.sizeHint().width();
+            const Ink alone = inkOf(label, whole + 100);
+            CHECK((window == Qt::LeftToRight ? alone.left : whole + 100 - alone.right) < 8);
+            const Ink cut = inkOf(label, whole / 2);
+            // The dots stand low, where the text goes on for who reads it.
+            CHECK((cut.leftTop > cut.rightTop) == title.isRightToLeft());
+        }
     }
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
@@ -153,36 +168,6 @@ TEST_CASE("every kind of writing has a font that was chosen for it, and the inte
         const auto has = [&](const QString &family) { return QFontMetricsF(QFont(family)).inFontUcs4(letter); };
         CHECK(std::any_of(shown.begin(), shown.end(), has));
     }
-}
-
-TEST_CASE("the filling colours are the same in light and dark")
-{
-    AppTheme &theme = AppTheme::instance();
-    for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
-        theme.setAppearance({scheme, Contrast::Normal, Motion::Normal});
-        CHECK(theme.color(Role::Accent) == QColor(82, 99, 158));
-        CHECK(theme.color(Role::Sage) == QColor(87, 133, 105));
-        CHECK(theme.color(Role::Amber) == QColor(171, 120, 51));
-        CHECK(theme.color(Role::Recording) == QColor(179, 71, 71));
-    }
-    theme.setAppearance({});
-}
-
-TEST_CASE("what the settings portal says is understood, and what it leaves out stays")
-{
-    const auto read = [](const Appearance &before, const QString &group, const QString &key, const QVariant &value) {
-        // Values come wrapped as variants, from some portals twice.
-        return AppearanceSettings::read(before, group, {{key, QVariant::fromValue(QDBusVariant(value))}});
-    };
-    const QString appearance = "org.freedesktop.appearance";
-    const Appearance dark{Scheme::Dark, Contrast::High, Motion::Reduced};
-    CHECK(read({}, appearance, "color-scheme", 1U).scheme == Scheme::Dark);
-    CHECK(read(dark, appearance, "color-scheme", 2U) == Appearance{Scheme::Light, Contrast::High, Motion::Reduced});
-    CHECK(read({}, appearance, "contrast", 1U).contrast == Contrast::High);
-    CHECK(read(dark, appearance, "contrast", 0U).contrast == Contrast::Normal);
-    CHECK(read({}, "org.gnome.desktop.interface", "enable-animations", false).motion == Motion::Reduced);
-    CHECK(read(dark, appearance, "accent-color", 1U) == dark);
-    CHECK(read(dark, "org.example", "color-scheme", 2U) == dark);
 }
 
 TEST_CASE("every symbol can be drawn, tinted, at every scale")

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
-#include "ui/note/QuickListEditor.h"
+#include "ui/checkpoint/QuickListEditor.h"
 
 #include <QApplication>
 #include <QScrollArea>
@@ -82,12 +82,11 @@ TEST_CASE_FIXTURE(UndoKeys, "a text takes its own writing back first, and a shee
     const Checkpoint checkpoint = openCheckpoint();
     store().workspace.removeApp(apps().first(), checkpoint.id);
     settle();
-    auto *const note = dynamic_cast<QuickListEditor *>(widget("Where you left off"));
-    REQUIRE(note);
-    note->setFocus();
+    QuickListEditor *const editor = note();
+    editor->setFocus();
     type("x");
     pressUndo();
-    CHECK(note->text().isEmpty());
+    CHECK(editor->text().isEmpty());
     CHECK(apps().size() == 1);
     pressUndo();
     CHECK(apps().size() == 2);

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/ui/WindowFixture.h"
 
+#include "tests/desktop/Desktop.h"
 #include "tests/ui/CutTexts.h"
+#include "tests/ui/UnnamedControls.h"
+#include "ui/checkpoint/QuickListEditor.h"
 #include "ui/controls/Label.h"
 #include "ui/settings/SettingsScreens.h"
 #include "ui/sheets/SheetScreens.h"
@@ -11,6 +14,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QTest>
+#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -28,6 +32,14 @@ void WindowFixture::openWindow()
     window->show();
     REQUIRE(QTest::qWaitForWindowActive(window.get()));
     window->open(store(), std::move(screens));
+    settle();
+}
+
+void WindowFixture::openProjects(const QStringList &names)
+{
+    openWindow();
+    for (const QString &name : names)
+        store().projects.createProject(name);
     settle();
 }
 
@@ -71,10 +83,22 @@ bool WindowFixture::eventually(const std::function<bool()> &condition)
     return held;
 }
 
+QWidget *WindowFixture::pressable() const
+{
+    return window->sheets().isCovering() ? window->sheets().topSheet() : window->content();
+}
+
+bool WindowFixture::comesToRest(const QWidget *widget)
+{
+    return eventually([widget] {
+        const QList<QTimer *> timers = widget->findChildren<QTimer *>(QString(), Qt::FindDirectChildrenOnly);
+        return std::none_of(timers.begin(), timers.end(), [](const QTimer *timer) { return timer->isActive(); });
+    });
+}
+
 QList<QAbstractButton *> WindowFixture::buttons(const QString &text) const
 {
-    QWidget *const root = window->sheets().isCovering() ? window->sheets().topSheet() : window->content();
-    QList<QAbstractButton *> named = root->findChildren<QAbstractButton *>();
+    QList<QAbstractButton *> named = pressable()->findChildren<QAbstractButton *>();
     named.removeIf([&](const QAbstractButton *candidate) {
         return !candidate->isVisible() || (candidate->text() != text && candidate->accessibleName() != text);
     });
@@ -115,7 +139,7 @@ void WindowFixture::press(int key, Qt::KeyboardModifiers modifiers)
     const Sheet *const top = window ? window->sheets().topSheet() : nullptr;
     const bool answers = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
     if (answers && top && top->kind() == Sheet::Kind::Alert)
-        QTest::qWait(600); // It is read first.
+        desktop_test::waitUntilRead();
     QTest::keyClick(target, static_cast<Qt::Key>(key), modifiers);
     settle();
 }
@@ -145,7 +169,7 @@ void WindowFixture::choose(const QString &entry)
 
 bool WindowFixture::seesText(const QString &text) const
 {
-    const QList<QWidget *> all = window->findChildren<QWidget *>();
+    const QList<QWidget *> all = surface()->findChildren<QWidget *>();
     return std::any_of(all.begin(), all.end(), [&](const QWidget *candidate) {
         const auto *const label = qobject_cast<const QLabel *>(candidate);
         const auto *const field = qobject_cast<const QLineEdit *>(candidate);
@@ -163,12 +187,35 @@ QListView *WindowFixture::list(const QString &name) const
 
 QWidget *WindowFixture::widget(const QString &accessibleName) const
 {
-    for (QWidget *const candidate : window->findChildren<QWidget *>()) {
+    for (QWidget *const candidate : surface()->findChildren<QWidget *>()) {
         const bool isControl = candidate->focusPolicy() != Qt::NoFocus || qobject_cast<QLabel *>(candidate);
         if (candidate->accessibleName() == accessibleName && candidate->isVisible() && isControl)
             return candidate;
     }
     return nullptr;
+}
+
+QWidget *WindowFixture::field(const QString &name) const
+{
+    for (QWidget *const candidate : window->sheets().topSheet()->findChildren<QWidget *>()) {
+        if (candidate->accessibleName() == name && candidate->focusPolicy() != Qt::NoFocus)
+            return candidate;
+    }
+    FAIL("There is no field " << name.toStdString());
+    return nullptr;
+}
+
+QuickListEditor *WindowFixture::note(const QString &title) const
+{
+    auto *const found = dynamic_cast<QuickListEditor *>(widget(title));
+    REQUIRE(found);
+    return found;
+}
+
+QString WindowFixture::selectedRow(const QListView *view)
+{
+    const QModelIndexList rows = view->selectionModel()->selectedIndexes();
+    return rows.size() == 1 ? rows.first().data().toString() : QString();
 }
 
 void WindowFixture::clickRow(QListView *view, int row, Qt::MouseButton which)
@@ -188,18 +235,25 @@ void WindowFixture::clickRow(QListView *view, int row, Qt::MouseButton which)
 void WindowFixture::picture(const QString &name) const
 {
     QDir().mkpath(ARDENO_PICTURES);
-    CHECK(window->grab().save(QString(ARDENO_PICTURES "/%1.png").arg(name)));
+    CHECK(surface()->grab().save(QString(ARDENO_PICTURES "/%1.png").arg(name)));
 }
 
-void WindowFixture::bothPictures(const QString &name) const
+void WindowFixture::pictures(const QString &name) const
 {
-    AppTheme::instance().setAppearance({Scheme::Dark, Contrast::Normal, Motion::Normal});
-    settle();
-    picture(name + "-dark");
-    AppTheme::instance().setAppearance({});
-    settle();
-    picture(name + "-light");
-    CHECK(textsThatAreCut(window.get()) == QStringList());
+    const std::pair<const char *, Appearance> appearances[] = {
+        {"-dark", {.scheme = Scheme::Dark}},
+        {"-high-contrast", {.scheme = Scheme::Dark, .contrast = Contrast::High, .motion = Motion::Reduced}},
+        {"-light", {}},
+    };
+    for (const auto &[suffix, appearance] : appearances) {
+        AppTheme::instance().setAppearance(appearance);
+        settle();
+        picture(name + suffix);
+    }
+    CHECK(textsThatAreCut(surface()) == QStringList());
+    const ReadScreen screen = readScreen(surface());
+    CHECK(screen.unnamed == QStringList());
+    CHECK(screen.names.size() > 3);
 }
 
 } // namespace ardeno

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/words/SourceTexts.h"
 
-#include <doctest/doctest.h>
+#include "tests/support/Files.h"
 
 #include <QDirIterator>
-#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 
@@ -14,68 +15,32 @@ namespace {
 
 const QString sources = ARDENO_SOURCES;
 
-QString fileText(const QString &path)
+// Of neighbouring literals, which are one text.
+QString textOf(const QString &literals)
 {
-    QFile file(path);
-    REQUIRE(file.open(QIODevice::ReadOnly));
-    return QString::fromUtf8(file.readAll());
+    static const QRegularExpression literal(R"re("((?:\\.|[^"\\])*)")re");
+    QString content;
+    for (const QRegularExpressionMatch &match : literal.globalMatch(literals))
+        content += match.captured(1);
+    return QJsonDocument::fromJson(("[\"" + content + "\"]").toUtf8()).array().at(0).toString();
 }
 
-QString unescaped(const QString &literal)
+// Literals with what they are given to; what else holds quotes is passed over.
+QList<SourceText> textsIn(const QString &code)
 {
-    static const QRegularExpression escape(R"(\\(u[0-9a-fA-F]{4}|x[0-9a-fA-F]+|.))");
-    QString text;
-    qsizetype end = 0;
-    for (const QRegularExpressionMatch &match : escape.globalMatch(literal)) {
-        text += literal.mid(end, match.capturedStart() - end);
-        const QString code = match.captured(1);
-        if (code.size() > 1)
-            text += QChar(code.mid(1).toUShort(nullptr, 16));
-        else
-            text += code == "n" ? QChar('\n') : code == "t" ? QChar('\t') : code.front();
-        end = match.capturedEnd();
-    }
-    return text + literal.mid(end);
-}
-
-struct Token {
-    enum class Kind { Text, Name, Other };
-
-    Kind kind = Kind::Other;
-    QString text = {};
-};
-
-// Comments are left out, neighbouring literals are one text.
-QList<Token> tokens(const QString &code)
-{
-    static const QRegularExpression pattern(R"re(//[^\n]*|/\*.*?\*/|#include[^\n]*|R"\((?<raw>.*?)\)"|)re"
-                                            R"re('(?:\\.|[^'\\])'|u?"(?<text>(?:\\.|[^"\\])*)"(?:_qs)?|)re"
-                                            R"re((?<name>[A-Za-z_]\w*)|(?<other>\S))re",
+    static const QRegularExpression pattern(R"re(//[^\n]*|/\*.*?\*/|#include[^\n]*|R"\(.*?\)"|'(?:\\.|[^'\\])'|)re"
+                                            R"re((?<call>\b(?:(?:tr|restoreText|summaryText|storedText)\(\s*|)re"
+                                            R"re((?:translate|QT_TRANSLATE_NOOP)\(\s*"[^"]*",\s*))?)re"
+                                            R"re((?<text>(?:u?"(?:\\.|[^"\\])*"(?:_qs)?\s*)+))re",
                                             QRegularExpression::DotMatchesEverythingOption);
-    QList<Token> found;
+    QList<SourceText> found;
     for (const QRegularExpressionMatch &match : pattern.globalMatch(code)) {
-        if (match.hasCaptured("name"))
-            found.append({Token::Kind::Name, match.captured("name")});
-        else if (match.hasCaptured("other"))
-            found.append({Token::Kind::Other, match.captured("other")});
-        else if (!match.hasCaptured("text"))
-            continue;
-        else if (!found.isEmpty() && found.last().kind == Token::Kind::Text)
-            found.last().text += unescaped(match.captured("text"));
-        else
-            found.append({Token::Kind::Text, unescaped(match.captured("text"))});
+        const QString call = match.captured("call");
+        const bool isStored = call.startsWith("storedText");
+        if (match.hasCaptured("text"))
+            found.append({{}, textOf(match.captured("text")), !call.isEmpty() && !isStored, isStored});
     }
     return found;
-}
-
-// Whether the text at this place is the argument of tr(), or the second one of translate() and its like.
-bool isTranslated(const QList<Token> &all, qsizetype at)
-{
-    const auto text = [&](qsizetype back) { return at >= back ? all.at(at - back).text : QString(); };
-    const bool isInContext = text(4) == "translate" || text(4) == "QT_TRANSLATE_NOOP";
-    // Short names for the latter, in files that have no class of their own.
-    const bool isInFunction = text(2) == "tr" || text(2) == "restoreText" || text(2) == "summaryText";
-    return (text(1) == "(" && isInFunction) || (text(1) == "," && text(3) == "(" && isInContext);
 }
 
 // Of the translation that the reader stands at: one, or those of a counted text.
@@ -101,11 +66,9 @@ QList<SourceText> sourceTexts()
         QDirIterator files(sources + '/' + room, {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
             const QString path = files.next();
-            const QList<Token> all = tokens(fileText(path));
-            for (qsizetype i = 0; i < all.size(); ++i) {
-                const bool isStored = i >= 2 && all.at(i - 2).text == "storedText";
-                if (all.at(i).kind == Token::Kind::Text)
-                    texts.append({path.mid(sources.size() + 1), all.at(i).text, isTranslated(all, i), isStored});
+            for (SourceText &text : textsIn(fileBytes(path))) {
+                text.file = path.mid(sources.size() + 1);
+                texts.append(text);
             }
         }
     }
@@ -114,7 +77,7 @@ QList<SourceText> sourceTexts()
 
 QHash<QString, QStringList> catalogue(const QString &name)
 {
-    QXmlStreamReader xml(fileText(sources + "/resources/translations/" + name + ".ts"));
+    QXmlStreamReader xml(fileBytes(sources + "/resources/translations/" + name + ".ts"));
     QHash<QString, QStringList> translations;
     QString text;
     while (!xml.atEnd()) {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/checkpoint/CheckpointDetail.h"
 
+#include "ui/checkpoint/InlineNote.h"
 #include "ui/checkpoint/ResumeShortfallCard.h"
 #include "ui/checkpoint/ScreenshotCard.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Sheet.h"
-#include "ui/note/InlineNote.h"
 #include "ui/projects/ProjectText.h"
 
 #include <QDesktopServices>
@@ -60,7 +60,7 @@ QWidget *CheckpointDetail::makePage(const Checkpoint &checkpoint)
     column->addSpacing(12);
     m_shortfall = new ResumeShortfallCard(m_parts.resumes, m_parts.library, m_parts.sheets, m_id);
     column->addWidget(m_shortfall);
-    m_screenshot = new ScreenshotCard(m_parts, m_screens, checkpoint);
+    m_screenshot = new ScreenshotCard(m_parts.picture, m_screens, checkpoint);
     column->addWidget(m_screenshot);
     column->addSpacing(4);
     column->addWidget(makeFooter(checkpoint));
@@ -146,7 +146,7 @@ QWidget *CheckpointDetail::makeFooter(const Checkpoint &checkpoint)
 void CheckpointDetail::viewRecording(const Checkpoint &checkpoint)
 {
     try {
-        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(m_parts.media.recordingFile(checkpoint))))
+        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(m_parts.picture.media.recordingFile(checkpoint))))
             m_parts.messages.report(tr("Could not open the recording: there is no application for it."));
     } catch (const Failure &failure) {
         m_parts.messages.report(tr("Could not open the recording. ") + failure.description());

@@ -14,18 +14,26 @@
 
 namespace ardeno {
 
-// What the page of a checkpoint shows and calls.
+// What the picture of a checkpoint shows and calls.
+struct ScreenshotParts {
+    const Library &library;
+    const Applications &applications;
+    Messages &messages;
+    CheckpointMedia &media;
+    ScreenshotEditing &screenshots;
+    RemovalUndo &removals;
+};
+
+// What its page does.
 struct CheckpointParts {
     const Library &library;
     const Navigation &navigation;
     const Applications &applications;
     Messages &messages;
     OpenSheets &sheets;
-    CheckpointMedia &media;
     CheckpointEditing &editing;
-    ScreenshotEditing &screenshots;
-    RemovalUndo &removals;
     ResumeFlow &resumes;
+    ScreenshotParts picture;
 };
 
 } // namespace ardeno

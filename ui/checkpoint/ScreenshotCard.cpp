@@ -29,7 +29,7 @@
 
 namespace ardeno {
 
-ScreenshotCard::ScreenshotCard(const CheckpointParts &parts, const Screens &screens, const Checkpoint &checkpoint)
+ScreenshotCard::ScreenshotCard(const ScreenshotParts &parts, const Screens &screens, const Checkpoint &checkpoint)
     : m_parts(parts),
       m_screens(screens),
       m_id(checkpoint.id),
@@ -170,9 +170,10 @@ void ScreenshotCard::chooseImage()
         .all = tr("All files"),
     };
     // Whatever the window shows by then; the import reports by itself.
-    FileChooser::ask(window(), question, [&screenshots = m_parts.screenshots, id = m_id](const QString &path) {
-        screenshots.importScreenshot(path, id);
-    });
+    FileChooser::ask(window(), m_parts.applications.fileDialogs(), question,
+                     [&screenshots = m_parts.screenshots, id = m_id](const QString &path) {
+                         screenshots.importScreenshot(path, id);
+                     });
 }
 
 void ScreenshotCard::takeOffers()

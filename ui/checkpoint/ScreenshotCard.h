@@ -18,7 +18,7 @@ class UndoBanner;
 // The screenshot of one checkpoint with what can be done with it.
 class ScreenshotCard final : public Card {
 public:
-    ScreenshotCard(const CheckpointParts &parts, const Screens &screens, const Checkpoint &checkpoint);
+    ScreenshotCard(const ScreenshotParts &parts, const Screens &screens, const Checkpoint &checkpoint);
 
     // Of the picture, in logical pixels.
     void setMostHeight(int height);
@@ -49,7 +49,7 @@ private:
     void showOffered(bool isOffered);
     void fillMenu(QMenu *menu);
 
-    CheckpointParts m_parts;
+    ScreenshotParts m_parts;
     const Screens &m_screens;
     QUuid m_id;
     bool m_isSample;

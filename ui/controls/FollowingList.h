@@ -41,7 +41,7 @@ private:
 
     QPersistentModelIndex m_chosen;
     int m_chosenRow = -1; // Where it was when it was shown last.
-    QTimer m_pause;
+    QTimer m_pause{this};
     bool m_isShowing = false;
 };
 

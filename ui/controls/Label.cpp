@@ -199,8 +199,7 @@ QSize LineLabel::minimumSizeHint() const
 void LineLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    const Qt::Alignment side = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
-    Drawing::text(painter, rect(), m_text, m_style, themeColor(m_role), side | Qt::AlignVCenter);
+    Drawing::text(painter, rect(), m_text, m_style, themeColor(m_role));
 }
 
 bool LineLabel::event(QEvent *event)

@@ -70,7 +70,7 @@ private:
     const ResumeFlow &m_resumes;
     QLabel *m_text;
     Button *m_show;
-    QTimer m_expiry;
+    QTimer m_expiry{this};
     Subscriptions m_subscriptions;
 };
 

@@ -4,6 +4,7 @@
 #include "store/AppStore.h"
 #include "ui/ViewParts.h"
 #include "ui/checkpoint/CheckpointDetail.h"
+#include "ui/checkpoint/UnsavedNoteQuestion.h"
 #include "ui/controls/FadeIn.h"
 #include "ui/controls/InputWatch.h"
 #include "ui/controls/Label.h"
@@ -18,7 +19,6 @@
 #include "ui/main/RemarkBanners.h"
 #include "ui/main/ResumeBanner.h"
 #include "ui/main/Sidebar.h"
-#include "ui/note/UnsavedNoteQuestion.h"
 #include "ui/projects/CheckpointActions.h"
 #include "ui/projects/ProjectActions.h"
 #include "ui/projects/ProjectStatusView.h"
@@ -30,7 +30,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDBusConnection>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QTimer>
@@ -49,21 +48,6 @@ struct MainWindow::Actions {
     QAction *settings = nullptr;
     QAction *fullScreen = nullptr;
 };
-
-namespace {
-
-// What a session cannot do is said once, where messages are.
-void reportMissingServices(Messages &messages)
-{
-    if (!QDBusConnection::sessionBus().isConnected())
-        messages.remark({.sentence = QCoreApplication::translate(
-                             "ardeno::MainWindow",
-                             "There is no session bus: folders and documents of windows are not found, the desktop’s "
-                             "appearance is not followed, and commands do not reach this window."),
-                         .subject = "session bus"});
-}
-
-} // namespace
 
 MainWindow::MainWindow() : m_brand(Sidebar::makeBrand())
 {
@@ -113,7 +97,6 @@ void MainWindow::open(AppStore &store, Screens screens)
     if (m_screens.reopenKept)
         m_screens.reopenKept(sheets());
     store.applications.watchRunningApplications();
-    reportMissingServices(store.messages);
 }
 
 QWidget *MainWindow::makeDetailColumn()

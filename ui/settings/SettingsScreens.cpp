@@ -3,7 +3,7 @@
 
 #include "store/AppStore.h"
 #include "ui/ViewParts.h"
-#include "ui/edit/EditSheet.h"
+#include "ui/checkpoint/EditSheet.h"
 #include "ui/settings/BugReportView.h"
 #include "ui/settings/ExclusionsView.h"
 #include "ui/settings/Links.h"

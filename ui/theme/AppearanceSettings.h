@@ -1,35 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/DesktopAppearance.h"
 #include "ui/theme/AppTheme.h"
 
-#include <QDBusVariant>
-#include <QObject>
-#include <QVariantMap>
+#include <memory>
 
 namespace ardeno {
 
-// Follows what the user set for all applications, as the desktop's settings portal tells it over the session bus.
-// Without a portal the desktop's palette decides between light and dark.
-class AppearanceSettings final : public QObject {
-    Q_OBJECT
-
+// Keeps the theme as the user wants every application to look. Where the desktop has no wish, its palette decides
+// between light and dark.
+class AppearanceSettings final {
 public:
-    // Gives the theme its first appearance. A portal that runs is asked at once, so that the first picture is right;
-    // one that has yet to start is not waited for.
-    AppearanceSettings();
+    // Gives the theme its first appearance.
+    explicit AppearanceSettings(std::unique_ptr<DesktopAppearance> desktop);
 
-    // What a group of settings says; the rest stays as it was.
-    static Appearance read(Appearance before, const QString &group, const QVariantMap &settings);
-
-private Q_SLOTS:
-    void settingChanged(const QString &group, const QString &key, const QDBusVariant &value);
+    static Appearance appearance(const AppearanceWishes &wishes);
 
 private:
-    void ask();
-    void apply(const Appearance &appearance);
-
-    Appearance m_appearance;
+    std::unique_ptr<DesktopAppearance> m_desktop;
 };
 
 } // namespace ardeno

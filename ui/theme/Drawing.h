@@ -36,7 +36,8 @@ void field(QPainter &painter, const QRectF &rect, bool hasFocus);
 // direction than that of the window keeps its own order.
 QString fitted(const QString &text, const QFontMetricsF &metrics, qreal width);
 
-// One line of text, elided, in the left middle of the rectangle.
+// One line of text, elided, in the middle of the rectangle where lines begin: at the left, or where it is read from the
+// right at the right.
 void text(QPainter &painter, const QRectF &rect, const QString &text, TextStyle style, const QColor &color,
           Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
 

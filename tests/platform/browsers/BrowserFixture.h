@@ -3,12 +3,11 @@
 
 #include "capture/BrowserTabs.h"
 #include "platform/linux/browsers/BrowserStateTabs.h"
-#include "platform/linux/x11/windows/WindowTree.h"
 #include "platform/linux/x11/windows/X11LiveWindows.h"
-#include "platform/linux/x11/windows/X11Windows.h"
 #include "support/BlockOn.h"
 #include "tests/Printing.h"
 #include "tests/desktop/PageServer.h"
+#include "tests/support/Files.h"
 
 #include <QFile>
 #include <QProcess>
@@ -17,7 +16,6 @@
 #include <QTest>
 
 #include <algorithm>
-#include <array>
 #include <memory>
 #include <vector>
 
@@ -70,9 +68,8 @@ struct BrowserFixture {
     // The address of a new page of this title.
     QString page(const QString &name, const QString &title) const
     {
-        QFile file(folder.filePath(name));
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(u"<!doctype html><meta charset=utf-8><title>%1</title>Page"_qs.arg(title.toHtmlEscaped()).toUtf8());
+        writeFile(folder.filePath(name),
+                  u"<!doctype html><meta charset=utf-8><title>%1</title>Page"_qs.arg(title.toHtmlEscaped()).toUtf8());
         return server.address() + '/' + name;
     }
 
@@ -112,51 +109,18 @@ struct BrowserFixture {
                            [&](const LiveWindow &window) { return window.title.startsWith(titleStart); });
     }
 
-    // As its user does with the button of the title bar.
+    // As its user does with the buttons of the title bar.
     void close(const QString &titleStart)
     {
-        constexpr quint32 fromUser = 2;
-        send(titleStart, "_NET_CLOSE_WINDOW", {0, fromUser});
+        desktop_test::outputOf("wmctrl", {"-c", titleStart});
         CHECK(waitFor([&] { return !hasWindow(titleStart); }));
     }
 
-    void minimise(const QString &titleStart)
+    static void minimise(const QString &titleStart)
     {
-        constexpr quint32 iconic = 3;
-        send(titleStart, "WM_CHANGE_STATE", {iconic, 0});
-        CHECK(waitFor([&] {
-            const auto windows = windowsOf(titleStart);
-            return std::none_of(windows.begin(), windows.end(), [](const auto &window) { return window.isOnScreen; });
-        }));
-    }
-
-private:
-    QList<X11WindowFacts> windowsOf(const QString &titleStart) const
-    {
-        auto windows = readWindowFacts(*connection, WindowTree::clients(*connection));
-        windows.removeIf([&](const X11WindowFacts &window) { return !window.title.startsWith(titleStart); });
-        return windows;
-    }
-
-    // Asks the window manager.
-    void send(const QString &titleStart, const QByteArray &message, std::array<quint32, 2> data) const
-    {
-        xcb_connection_t *xcb = connection->xcb();
-        const X11Reply<xcb_intern_atom_reply_t> atom(
-            xcb_intern_atom_reply(xcb, xcb_intern_atom(xcb, 0, message.size(), message.constData()), nullptr));
-        REQUIRE(atom != nullptr);
-        for (const X11WindowFacts &window : windowsOf(titleStart)) {
-            xcb_client_message_event_t event = {};
-            event.response_type = XCB_CLIENT_MESSAGE;
-            event.format = 32;
-            event.window = window.window;
-            event.type = atom->atom;
-            std::copy(data.begin(), data.end(), event.data.data32);
-            xcb_send_event(xcb, 0, connection->root(),
-                           XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                           reinterpret_cast<const char *>(&event));
-        }
-        xcb_flush(xcb);
+        const quint32 window = desktop_test::visibleWindows(titleStart).value(0);
+        desktop_test::outputOf("xdotool", {"windowminimize", "--sync", QString::number(window)});
+        CHECK(desktop_test::visibleWindows(titleStart).isEmpty());
     }
 };
 

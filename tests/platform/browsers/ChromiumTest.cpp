@@ -10,13 +10,8 @@ using namespace ardeno;
 namespace {
 
 struct ChromiumFixture : BrowserFixture {
-    const QStringList flags = {
-        "--no-sandbox",           "--disable-gpu",
-        "--no-first-run",         "--disable-background-networking",
-        "--disable-sync",         "--lang=en-US",
-        "--password-store=basic", "--disable-component-update",
-        "--disable-breakpad",     "--user-data-dir=" + folder.filePath("profile"),
-    };
+    const QStringList flags =
+        desktop_test::chromiumArguments("--lang=en-US") + QStringList{"--user-data-dir=" + folder.filePath("profile")};
 };
 
 const QStringList oddTitles = {

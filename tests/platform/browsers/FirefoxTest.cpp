@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/browsers/BrowserFixture.h"
 
-#include <QDir>
-
 using namespace ardeno;
 
 namespace {
@@ -12,10 +10,7 @@ struct FirefoxFixture : BrowserFixture {
 
     FirefoxFixture()
     {
-        QDir().mkpath(profile);
-        QFile settings(profile + "/user.js");
-        REQUIRE(settings.open(QIODevice::WriteOnly));
-        settings.write(R"(user_pref("browser.sessionstore.interval", 1000);
+        writeFile(profile + "/user.js", R"(user_pref("browser.sessionstore.interval", 1000);
 user_pref("browser.aboutwelcome.enabled", false);
 user_pref("browser.preonboarding.enabled", false);
 user_pref("browser.shell.checkDefaultBrowser", false);

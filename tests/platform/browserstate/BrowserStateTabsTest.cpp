@@ -6,9 +6,8 @@
 #include "tests/Printing.h"
 #include "tests/platform/browserstate/HistoryBytes.h"
 #include "tests/platform/browserstate/StateBytes.h"
+#include "tests/support/Files.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <semaphore>
@@ -36,12 +35,8 @@ struct Machine {
 
     QString write(const QString &path, const QByteArray &bytes) const
     {
-        const QString full = folder.filePath(path);
-        QDir().mkpath(QFileInfo(full).path());
-        QFile file(full);
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return full;
+        writeFile(folder.filePath(path), bytes);
+        return folder.filePath(path);
     }
 
     // A process that was started with the machine, and so long ago.

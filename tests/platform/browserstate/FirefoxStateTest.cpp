@@ -114,14 +114,3 @@ TEST_CASE("nesting without end does not exhaust the stack")
     titles(mozLz4(session(tab("A", R"(,"extData":)" + deep))));
     titles(mozLz4(session(R"({"entries":)" + deep + "}")));
 }
-
-TEST_CASE("thousands of tabs of Firefox are no trouble")
-{
-    QByteArray tabs = tab("0");
-    for (int number = 1; number < 5000; ++number)
-        tabs += ',' + tab(QByteArray::number(number), R"(,"extData":{"a":[1,2,{}]})");
-    const auto windows = FirefoxState::windows(mozLz4(session(tabs)));
-    REQUIRE(windows.has_value());
-    CHECK(windows->first().tabs.size() == 5000);
-    CHECK(windows->first().tabs.last().title == "4999");
-}

@@ -167,15 +167,3 @@ TEST_CASE("a damaged record spoils neither the others nor the program")
         CHECK(summary(file.bytes()) == "1: a");
     }
 }
-
-TEST_CASE("thousands of tabs are no trouble")
-{
-    Snss file;
-    file.window(1);
-    for (int tab = 0; tab < 5000; ++tab)
-        file.tab(1, 10 + tab, tab, "http://h/" + QByteArray::number(tab));
-    const auto windows = windowsOf(file.marker().bytes());
-    REQUIRE(windows->size() == 1);
-    CHECK(windows->first().tabs.size() == 5000);
-    CHECK(windows->first().tabs.last().url == "http://h/4999");
-}

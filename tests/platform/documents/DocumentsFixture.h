@@ -6,13 +6,10 @@
 
 #include "support/BlockOn.h"
 #include "tests/desktop/Desktop.h"
-
-#include <doctest/doctest.h>
+#include "tests/support/Files.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 namespace ardeno::desktop_test {
@@ -33,10 +30,7 @@ public:
 
     QString makeFile(const QString &path, const QByteArray &content = "text\n")
     {
-        QDir().mkpath(QFileInfo(home(path)).path());
-        QFile file(home(path));
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        writeFile(home(path), content);
         return home(path);
     }
 

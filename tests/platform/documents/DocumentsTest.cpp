@@ -56,11 +56,7 @@ TEST_CASE_FIXTURE(DocumentsFixture, "a viewer with two files of one name in its 
 {
     const QString first = makePdf("Papers/paper.pdf");
     const QString second = makePdf("Older/paper.pdf");
-    QDir().mkpath(QDir::homePath() + "/.config");
-    QFile settings(QDir::homePath() + "/.config/okularpartrc");
-    REQUIRE(settings.open(QIODevice::WriteOnly));
-    settings.write("[General]\nShellOpenFileInTabs=true\n");
-    settings.close();
+    writeFile(QDir::homePath() + "/.config/okularpartrc", "[General]\nShellOpenFileInTabs=true\n");
     Application okular("okular", {first, second});
     REQUIRE(okular.waitForWindow("paper.pdf") != 0);
     REQUIRE(eventually([&] { return outputOf("sh", {"-c", "ls -l /proc/[0-9]*/fd 2>/dev/null"}).contains(second); }));

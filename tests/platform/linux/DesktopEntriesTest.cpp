@@ -90,10 +90,7 @@ TEST_CASE_FIXTURE(InstalledApplications, "damaged desktop files are left out and
     install("quote", "Name=Quote\nExec=\"unfinished\nStartupWMClass=Quote");
     for (const QByteArray &bytes : {QByteArray(), QByteArray("\0\xff\xfe[Desktop", 11), QByteArray("[Desktop Entry]"),
                                     QByteArray("[Desktop Entry]\nName\n=\n[\n]\nExec=="), QByteArray(200000, '[')}) {
-        QFile damaged(folder.filePath("system/damaged.desktop"));
-        REQUIRE(damaged.open(QIODevice::WriteOnly));
-        damaged.write(bytes);
-        damaged.close();
+        writeFile(folder.filePath("system/damaged.desktop"), bytes);
         DesktopEntries fresh{{folder.filePath("system")}};
         CHECK(idOf(fresh.find("damaged")) == "none");
         CHECK(idOf(fresh.findByWindowName("Gone")) == "none");

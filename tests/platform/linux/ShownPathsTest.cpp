@@ -7,6 +7,7 @@
 #include "platform/linux/running/OpenFiles.h"
 
 #include "tests/Printing.h"
+#include "tests/support/Files.h"
 
 #include <doctest/doctest.h>
 
@@ -170,9 +171,7 @@ TEST_CASE("files that were deleted or replaced while open are not among the open
         REQUIRE(file->open(QIODevice::WriteOnly));
     REQUIRE(QFile(path("deleted")).remove());
     REQUIRE(QFile(path("replaced")).remove());
-    QFile newer(path("replaced"));
-    REQUIRE(newer.open(QIODevice::WriteOnly));
-    newer.close();
+    writeFile(path("replaced"));
 
     const OpenFiles open = OpenFiles::of(QCoreApplication::applicationPid());
 

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/files/SlowMounts.h"
 #include "platform/linux/files/PathEntry.h"
+#include "tests/support/Files.h"
 
-#include <doctest/doctest.h>
-
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -48,8 +45,7 @@ struct Disks {
 
     QString write(const QString &name) const
     {
-        QFile file(root + '/' + name);
-        REQUIRE(file.open(QIODevice::WriteOnly));
+        writeFile(root + '/' + name);
         return name;
     }
 };

@@ -2,6 +2,7 @@
 #include "platform/linux/applications/LinuxMailProgram.h"
 #include "tests/Printing.h"
 #include "tests/desktop/DesktopFile.h"
+#include "tests/support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -28,18 +29,9 @@ struct MailDesktop {
         QDir().mkpath(folder.filePath("config"));
     }
 
-    void write(const QString &name, const QByteArray &content) const
-    {
-        QFile file(folder.filePath(name));
-        REQUIRE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
+    void write(const QString &name, const QByteArray &content) const { writeFile(folder.filePath(name), content); }
 
-    QByteArray read(const QString &name) const
-    {
-        QFile file(folder.filePath(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray read(const QString &name) const { return fileBytes(folder.filePath(name)); }
 
     void addProgram(const QString &name, const QByteArray &categories) const
     {

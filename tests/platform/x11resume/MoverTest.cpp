@@ -6,6 +6,7 @@
 #include "tests/Printing.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/desktop/TestWindow.h"
+#include "tests/support/Files.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -59,10 +60,8 @@ TEST_CASE_FIXTURE(MoverFixture, "applications stand within a pixel of where they
     CHECK(mover.availability().isAvailable());
     const QString folder = QDir::tempPath() + "/sent";
     QDir().mkpath(folder);
-    QFile notes(QDir::tempPath() + "/notes.txt"); // No title shall contain another.
-    REQUIRE(notes.open(QIODevice::WriteOnly));
-    notes.close();
-    Application editor("mousepad", {notes.fileName()});
+    writeFile(QDir::tempPath() + "/notes.txt"); // No title shall contain another.
+    Application editor("mousepad", {QDir::tempPath() + "/notes.txt"});
     Application files("thunar", {folder});
     Application viewer("okular"); // Answers in the way of its toolkit.
     TestWindow plain;
@@ -124,10 +123,8 @@ TEST_CASE_FIXTURE(MoverFixture, "what must not be moved is told apart")
 
 TEST_CASE_FIXTURE(MoverFixture, "an application that hangs is not moved and does not hold the others up")
 {
-    QFile file(QDir::tempPath() + "/hangs.txt");
-    REQUIRE(file.open(QIODevice::WriteOnly));
-    file.close();
-    Application editor("mousepad", {"--disable-server", file.fileName()});
+    writeFile(QDir::tempPath() + "/hangs.txt");
+    Application editor("mousepad", {"--disable-server", QDir::tempPath() + "/hangs.txt"});
     REQUIRE(eventually([&] { return window("hangs.txt").has_value(); }));
     TestWindow plain;
     plain.setTitle("lively");

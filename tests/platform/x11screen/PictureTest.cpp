@@ -6,21 +6,12 @@
 #include "support/Failure.h"
 #include "tests/Printing.h"
 #include "tests/desktop/Desktop.h"
+#include "tests/support/FailureOf.h"
 
 using namespace ardeno;
 using namespace ardeno::screen_test;
 
 namespace {
-
-QString failureOf(const std::function<void()> &action)
-{
-    try {
-        action();
-    } catch (const Failure &failure) {
-        return QString("%1 %2: %3").arg(failure.domain()).arg(failure.code()).arg(failure.description());
-    }
-    return {};
-}
 
 // The part of a picture that the pointer, moved to the corner by the fixture, does not touch.
 QImage withoutCorner(const QImage &image)
@@ -118,7 +109,7 @@ TEST_CASE_FIXTURE(ScreenFixture, "displays that change between the list and the 
 
     setMonitors({{"LEFT", "1000/300x1080/300+0+0"}, {"RIGHT", "920/300x1080/300+1000+0"}});
 
-    CHECK(failureOf([&] { blockOn(screen.compose(request)); }) ==
+    CHECK(wholeFailureOf([&] { blockOn(screen.compose(request)); }) ==
           "Capture 2: The displays changed while the screenshot was taken.");
 }
 
@@ -140,7 +131,7 @@ TEST_CASE("a server without shared memory gives the same picture, one without Co
     {
         PaintedWindow own(Painting{.geometry = {10, 10, 50, 50}});
         own.waitUntilShown();
-        CHECK(failureOf([&] { fixture.picture(plain, {}); }).startsWith("NotAvailable 1: "));
+        CHECK(wholeFailureOf([&] { fixture.picture(plain, {}); }).startsWith("NotAvailable 1: "));
     }
     qputenv("DISPLAY", display);
 }
@@ -158,8 +149,8 @@ TEST_CASE_FIXTURE(ScreenFixture, "a server that has gone is a failure that says 
     server.end();
 
     CHECK_FALSE(lost.availability().isAvailable());
-    CHECK(failureOf([&] { lost.displays(); }).startsWith("NotAvailable 1: "));
-    CHECK(failureOf([&] { blockOn(lost.compose(request)); }).startsWith("NotAvailable 1: "));
+    CHECK(wholeFailureOf([&] { lost.displays(); }).startsWith("NotAvailable 1: "));
+    CHECK(wholeFailureOf([&] { blockOn(lost.compose(request)); }).startsWith("NotAvailable 1: "));
     lost.prepareExclusion({secretID, "org.example.Open"});
     lost.prepareExclusion({});
 }

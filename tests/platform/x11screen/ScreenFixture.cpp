@@ -63,23 +63,6 @@ void Painter::waitFor(const QByteArray &word)
     REQUIRE(m_process.readLine().trimmed() == word);
 }
 
-BareServer::BareServer(const QStringList &arguments)
-{
-    m_process.start("Xvfb",
-                    QStringList{"-displayfd", "1", "-noreset", "-nolisten", "tcp", "-screen", "0", "640x480x24"} +
-                        arguments);
-    while (!m_process.canReadLine() && m_process.waitForReadyRead())
-        continue;
-    m_name = ":" + m_process.readLine().trimmed();
-    REQUIRE(m_name.size() > 1);
-}
-
-void BareServer::end()
-{
-    m_process.terminate();
-    m_process.waitForFinished();
-}
-
 ScreenFixture::ScreenFixture()
 {
     install(secretID, "secret");
@@ -142,11 +125,7 @@ bool ScreenFixture::shows(QRgb colour) const
 
 void ScreenFixture::movePointer(int x, int y) const
 {
-    xcb_connection_t *xcb = xcb_connect(nullptr, nullptr);
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(xcb)).data->root;
-    xcb_warp_pointer(xcb, XCB_NONE, root, 0, 0, 0, 0, qint16(x), qint16(y));
-    std::free(xcb_get_input_focus_reply(xcb, xcb_get_input_focus(xcb), nullptr));
-    xcb_disconnect(xcb);
+    desktop_test::outputOf("xdotool", {"mousemove", QString::number(x), QString::number(y)});
 }
 
 void ScreenFixture::setWallpaper(quint32 colour) const
@@ -170,11 +149,7 @@ void ScreenFixture::setWallpaper(quint32 colour) const
 
 void ScreenFixture::removeWallpaper() const
 {
-    xcb_connection_t *xcb = xcb_connect(nullptr, nullptr);
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(xcb)).data->root;
-    xcb_delete_property(xcb, root, atom(xcb, "_XROOTPMAP_ID"));
-    std::free(xcb_get_input_focus_reply(xcb, xcb_get_input_focus(xcb), nullptr));
-    xcb_disconnect(xcb);
+    desktop_test::outputOf("xprop", {"-root", "-remove", "_XROOTPMAP_ID"});
 }
 
 void ScreenFixture::setMonitors(const QList<QStringList> &monitors)

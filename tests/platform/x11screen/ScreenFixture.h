@@ -3,6 +3,7 @@
 
 #include "capture/CaptureService.h"
 #include "platform/linux/x11/pictures/X11ScreenCapture.h"
+#include "tests/desktop/Desktop.h"
 
 #include <QImage>
 #include <QProcess>
@@ -12,6 +13,8 @@
 #include <memory>
 
 namespace ardeno::screen_test {
+
+using desktop_test::BareServer;
 
 constexpr QRgb secretColour = 0xffff00ff; // Of the application "org.example.Secret", which tests exclude.
 constexpr QRgb openColour = 0xff00c000;   // Of the application "org.example.Open".
@@ -34,24 +37,6 @@ private:
     void waitFor(const QByteArray &word);
 
     QProcess m_process;
-};
-
-// An X server without a window manager, for what the desktop of the tests does not have.
-class BareServer final {
-public:
-    explicit BareServer(const QStringList &arguments = {});
-    BareServer(const BareServer &) = delete;
-    BareServer &operator=(const BareServer &) = delete;
-
-    ~BareServer() { end(); }
-
-    QByteArray name() const { return m_name; }
-
-    void end();
-
-private:
-    QProcess m_process;
-    QByteArray m_name;
 };
 
 // The pictures of this desktop, as the program takes them.

@@ -1,28 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/services/network/ManifestServer.h"
 
-#include <QFile>
+#include "tests/support/Files.h"
+
 #include <QHostAddress>
 #include <QProcess>
 #include <QSslConfiguration>
 #include <QSslKey>
 #include <QSslSocket>
 
-#include <doctest/doctest.h>
-
 #include <memory>
 
 namespace ardeno {
-
-namespace {
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-} // namespace
 
 ManifestServer::ManifestServer()
 {
@@ -33,10 +22,10 @@ ManifestServer::ManifestServer()
                               "-addext", "subjectAltName=IP:127.0.0.1", "-keyout", key, "-out", certificate});
     REQUIRE(openssl.waitForFinished(60'000));
     REQUIRE(openssl.exitCode() == 0);
-    m_certificate = contentOf(certificate);
+    m_certificate = fileBytes(certificate);
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
     configuration.setLocalCertificate(QSslCertificate(m_certificate));
-    configuration.setPrivateKey(QSslKey(contentOf(key), QSsl::Rsa));
+    configuration.setPrivateKey(QSslKey(fileBytes(key), QSsl::Rsa));
     configuration.setPeerVerifyMode(QSslSocket::VerifyNone);
     setSslConfiguration(configuration);
     REQUIRE(listen(QHostAddress::LocalHost));

@@ -3,6 +3,7 @@
 #include "services/AppUpdateManifest.h"
 #include "tests/Printing.h"
 #include "tests/services/network/ManifestServer.h"
+#include "tests/support/Files.h"
 
 #include <QCoreApplication>
 #include <QSslSocket>
@@ -102,15 +103,13 @@ TEST_CASE_FIXTURE(FetchFixture, "nothing but https is asked, and no redirection 
     QTcpServer plain;
     REQUIRE(plain.listen(QHostAddress::LocalHost));
     const QByteArray plainAddress = "http://127.0.0.1:" + QByteArray::number(plain.serverPort()) + "/good";
-    QTemporaryDir folder;
-    QFile file(folder.filePath("manifest.json"));
-    REQUIRE(file.open(QIODevice::WriteOnly));
-    file.write(goodManifest);
-    file.close();
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("manifest.json");
+    writeFile(file, goodManifest);
     server.setAnswer("/good", ManifestServer::status("200 OK", {}, goodManifest));
     redirect("/moved", server.url("/good").toEncoded());
     redirect("/to-plain", plainAddress);
-    redirect("/to-file", QUrl::fromLocalFile(file.fileName()).toEncoded());
+    redirect("/to-file", QUrl::fromLocalFile(file).toEncoded());
     redirect("/to-data", "data:application/json," + goodManifest.toPercentEncoding());
     redirect("/circle", server.url("/circle").toEncoded());
     CHECK(fetched("/moved"));
@@ -119,7 +118,7 @@ TEST_CASE_FIXTURE(FetchFixture, "nothing but https is asked, and no redirection 
         CHECK_FALSE(fetched(path));
     }
     CHECK_FALSE(fetched(options(QUrl(plainAddress))));
-    CHECK_FALSE(fetched(options(QUrl::fromLocalFile(file.fileName()))));
+    CHECK_FALSE(fetched(options(QUrl::fromLocalFile(file))));
     CHECK_FALSE(fetched(options(QUrl())));
     CHECK_FALSE(plain.hasPendingConnections());
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/note/InlineNote.h"
+#include "ui/checkpoint/InlineNote.h"
 
+#include "ui/checkpoint/QuickListEditor.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Surfaces.h"
-#include "ui/note/QuickListEditor.h"
 #include "ui/theme/Drawing.h"
 
 #include <QPainter>

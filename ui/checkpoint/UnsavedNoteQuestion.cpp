@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/note/UnsavedNoteQuestion.h"
+#include "ui/checkpoint/UnsavedNoteQuestion.h"
 
 #include "ui/controls/Alert.h"
 

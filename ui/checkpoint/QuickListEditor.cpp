@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/note/QuickListEditor.h"
+#include "ui/checkpoint/QuickListEditor.h"
 
+#include "ui/checkpoint/BulletContinuation.h"
 #include "ui/controls/TextKeys.h"
-#include "ui/note/BulletContinuation.h"
 #include "ui/theme/AppTheme.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/note/BulletContinuation.h"
+#include "ui/checkpoint/BulletContinuation.h"
 
 #include <QRegularExpression>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/edit/EditSheet.h"
+#include "ui/checkpoint/EditSheet.h"
 
 #include "store/CheckpointEditing.h"
 #include "store/KeptForms.h"
