@@ -37,18 +37,15 @@ QPalette stockPalette()
 
 } // namespace
 
-void FileChooser::ask(QWidget *window, FileDialogs &dialogs, const Question &question, Chosen chosen)
+void FileChooser::ask(QWidget *window, FileDialogs &dialogs, Question question, Chosen chosen)
 {
     if (window->findChild<FileChooser *>({}, Qt::FindDirectChildrenOnly))
         return;
+    question.folder = picturesFolder();
+    question.window = QGuiApplication::platformName() == "xcb" ? window->winId() : 0;
     auto *const chooser = new FileChooser(window, question, std::move(chosen));
-    chooser->m_asking = dialogs.ask({.title = question.title,
-                                     .kind = question.kind,
-                                     .patterns = question.patterns,
-                                     .all = question.all,
-                                     .folder = picturesFolder(),
-                                     .window = QGuiApplication::platformName() == "xcb" ? window->winId() : 0},
-                                    [chooser](auto answer, const QString &path) { chooser->answered(answer, path); });
+    chooser->m_asking = dialogs.ask(
+        question, [chooser](FileDialogs::Answer answer, const QString &path) { chooser->answered(answer, path); });
 }
 
 FileChooser::FileChooser(QWidget *window, Question question, Chosen chosen)
@@ -69,7 +66,7 @@ void FileChooser::answered(FileDialogs::Answer answer, const QString &path)
 
 void FileChooser::askHere()
 {
-    auto *dialog = new QFileDialog(m_window, m_question.title, picturesFolder());
+    auto *dialog = new QFileDialog(m_window, m_question.title, m_question.folder);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setOption(QFileDialog::DontUseNativeDialog);
     dialog->setFileMode(QFileDialog::ExistingFile);

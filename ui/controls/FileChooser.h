@@ -15,17 +15,12 @@ class FileChooser final : public QObject {
     Q_OBJECT
 
 public:
-    struct Question {
-        QString title = {};
-        QString kind = {};         // What the patterns are called.
-        QStringList patterns = {}; // "*.png"
-        QString all = {};          // What all files are called.
-    };
-
+    using Question = FileDialogs::Question;
     using Chosen = std::function<void(const QString &path)>;
 
-    // Does nothing while the window asks already. Not called when nothing was chosen.
-    static void ask(QWidget *window, FileDialogs &dialogs, const Question &question, Chosen chosen);
+    // Does nothing while the window asks already. Not called when nothing was chosen. Folder and window need not be
+    // told.
+    static void ask(QWidget *window, FileDialogs &dialogs, Question question, Chosen chosen);
 
 private:
     FileChooser(QWidget *window, Question question, Chosen chosen);
