@@ -3,7 +3,9 @@
 
 #include "capture/WindowMatching.h"
 #include "capture/WindowPlacement.h"
+#include "capture/WindowTarget.h"
 #include "capture/WindowTracker.h"
+#include "model/WindowStates.h"
 
 #include <QCoreApplication>
 #include <QCoroTimer>
@@ -18,8 +20,9 @@ namespace ardeno {
 namespace {
 
 using namespace std::chrono_literals;
-using WindowLayout::DisplayEntry;
 using WindowLayout::WindowMatch;
+using WindowLayout::WindowMatches;
+using WindowLayout::WindowTarget;
 
 namespace reason {
 
@@ -32,12 +35,15 @@ constexpr auto maximised = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "maximised
 constexpr auto notMovable = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "not movable");
 constexpr auto notAnswering = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "application did not answer");
 constexpr auto movedByUser = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "moved by you");
+constexpr auto desktopGone = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "its virtual desktop is gone");
+constexpr auto inUse = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "you are working in it");
 constexpr auto stopped = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "stopped by you");
 
 } // namespace reason
 
-// How often late windows are looked for.
+// How often late windows are looked for, and how often the user's hands are.
 constexpr std::chrono::milliseconds lookInterval = 100ms;
+constexpr std::chrono::milliseconds feelInterval = 50ms;
 // Milliseconds in which an application that has just opened a window may still change it by itself.
 constexpr qint64 timeToAdjust = 600;
 // Milliseconds in which an application that has shown a window may open another one or name the one it has: some show
@@ -54,6 +60,37 @@ bool isAt(const WindowRect &frame, const WindowRect &place)
 bool isResized(const WindowRect &from, const WindowRect &to)
 {
     return std::abs(from.width - to.width) > 1 || std::abs(from.height - to.height) > 1;
+}
+
+// What holds a window where it is.
+const QList<QString> holdingStates = {WindowStates::fullScreen, WindowStates::maximisedAcross,
+                                      WindowStates::maximisedDown};
+
+// Whether those of the states that the window has are states that it was saved with.
+bool wasSavedSo(const SavedWindow &saved, const MovableWindow &window, const QList<QString> &states)
+{
+    return saved.states && window.states &&
+           std::all_of(states.begin(), states.end(), [&](const QString &state) {
+               return !window.states->contains(state) || saved.states->contains(state);
+           });
+}
+
+// Window managers that hold a window allow nothing as long as they do.
+bool mayGo(const MovableWindow &window, const WindowMove &move)
+{
+    if (window.isMaximised || window.isFullScreen)
+        return true;
+    const bool isSized = isResized(window.frame, move.frame);
+    const bool isMoved = isSized || !isAt(window.frame, move.frame);
+    return (!isMoved || window.canMove) && (!isSized || window.canResize);
+}
+
+// What remains to be said of a window that is where it can be.
+const char *shortfall(const WindowTarget &target)
+{
+    if (target.isDesktopGone)
+        return reason::desktopGone;
+    return target.isInUse ? reason::inUse : nullptr;
 }
 
 // A saved window on its way back.
@@ -92,13 +129,16 @@ private:
     };
 
     QCoro::Task<void> prepare();
+    QCoro::Task<void> wait(std::chrono::milliseconds time);
     void collect();
     QCoro::Task<void> place();
     QCoro::Task<void> carryOut(QList<Pending> moved, QList<WindowMove> moves);
     QCoro::Task<void> placeAgain();
-    Decision decide(const Pending &pending, const QList<MovableWindow> &live) const;
+    WindowMatch matchOf(const Pending &pending, const QList<MovableWindow> &live, const WindowMatches &matches) const;
+    Decision decide(const Pending &pending, const WindowMatch &match) const;
     Decision decide(const Pending &pending, const MovableWindow &window) const;
-    Decision decideMove(const Pending &pending, const MovableWindow &window, bool isRight) const;
+    Decision decideMove(const Pending &pending, const MovableWindow &window, const WindowTarget &target) const;
+    const char *whyHeld(const Pending &pending, const MovableWindow &window) const;
     bool isInPlace(const SavedWindow &saved, const MovableWindow &window) const;
     bool isComing(const Pending &pending) const;
     bool mayAnswer(const Pending &pending) const;
@@ -111,8 +151,7 @@ private:
     Desktop &m_desktop;
     WindowMover &m_mover;
     QElapsedTimer m_clock;
-    QList<DisplayEntry> m_displays;
-    quint32 m_mainID = 0;
+    WindowLayout::WindowScene m_scene;
     QList<Pending> m_pending;
     QList<Placed> m_late;
     WindowLayout::WindowMatching m_matching;
@@ -145,10 +184,11 @@ bool Restore::isStopped() const
 void Restore::collect()
 {
     for (const Display &display : m_desktop.windowServer->displays()) {
-        m_displays.append({display.id, display.usableFrame});
+        m_scene.displays.append({display.id, display.usableFrame});
         if (display.isMain)
-            m_mainID = display.id;
+            m_scene.mainID = display.id;
     }
+    m_scene.desktops = m_desktop.windowServer->virtualDesktops();
     for (const SavedWindow &window : std::as_const(m_request.windows)) {
         const bool isWanted = m_request.onlyIDs.isEmpty() || m_request.onlyIDs.contains(window.id);
         if (isWanted && m_request.allowedAppIDs.contains(window.appID))
@@ -173,7 +213,7 @@ QCoro::Task<void> Restore::prepare()
 
 bool Restore::isInPlace(const SavedWindow &saved, const MovableWindow &window) const
 {
-    return WindowPlacement::isInPlace(window.frame, saved, m_displays, m_mainID);
+    return WindowPlacement::isInPlace(window.frame, saved, m_scene.displays, m_scene.mainID);
 }
 
 bool Restore::isComing(const Pending &pending) const
@@ -189,35 +229,60 @@ bool Restore::mayAnswer(const Pending &pending) const
     return pending.isAwaited || m_clock.elapsed() < m_request.firstWait.count() + timeToAnswer;
 }
 
+// Why a window that is held where it is stays so. One that came with this resume is brought into the state that was
+// saved; one that was there before is as the user wants it.
+const char *Restore::whyHeld(const Pending &pending, const MovableWindow &window) const
+{
+    const bool isTold = pending.saved.states && !m_matching.wasThere(window.windowID);
+    if (window.isMinimised && !wasSavedSo(pending.saved, window, {WindowStates::minimised}))
+        return reason::minimised;
+    if (isTold || wasSavedSo(pending.saved, window, holdingStates))
+        return nullptr;
+    if (window.isFullScreen)
+        return reason::fullScreen;
+    return window.isMaximised ? reason::maximised : nullptr;
+}
+
 Restore::Decision Restore::decide(const Pending &pending, const MovableWindow &window) const
 {
-    const bool isRight = isInPlace(pending.saved, window);
-    if (window.isMinimised)
-        return {.why = reason::minimised};
-    if (window.isFullScreen || window.isMaximised) {
-        const auto *const why = window.isFullScreen ? reason::fullScreen : reason::maximised;
-        return isRight ? Decision{.isInPlace = true} : Decision{.why = why};
+    const bool wasThere = m_matching.wasThere(window.windowID);
+    const WindowTarget target = WindowLayout::targetOf(pending.saved, window, !wasThere, m_scene);
+    const bool isRight = target.isReached || (window.isMinimised && wasThere);
+    if (const char *const why = whyHeld(pending, window)) {
+        const bool isInPlace = target.isReached && !window.isMinimised;
+        return isInPlace ? Decision{.isInPlace = true} : Decision{.why = why};
     }
     if (m_sightings.isMovedByUser(window.windowID))
         return {.why = reason::movedByUser};
     if (isRight && !pending.isAwaited)
-        return {.isInPlace = true};
-    return decideMove(pending, window, isRight);
+        return {.isInPlace = !shortfall(target), .why = shortfall(target)};
+    return decideMove(pending, window, target);
 }
 
-Restore::Decision Restore::decideMove(const Pending &pending, const MovableWindow &window, bool isRight) const
+Restore::Decision Restore::decideMove(const Pending &pending, const MovableWindow &window,
+                                      const WindowTarget &target) const
 {
-    const auto frame = isRight ? window.frame : WindowPlacement::fit(pending.saved, m_displays, m_mainID);
-    if (!frame || !window.canMove || (!window.canResize && isResized(window.frame, *frame)))
+    const auto &move = target.move;
+    if (!move || !mayGo(window, *move))
         return {.why = reason::notMovable};
-    if (pending.isAwaited && !m_sightings.isStill(window.windowID, lookInterval.count()))
-        return {.why = reason::noSuchWindow, .isWaiting = true};
-    return {.move = WindowMove{window.windowID, *frame}};
+    const bool mayChange = pending.isAwaited || mayAnswer(pending);
+    if (mayChange && !m_sightings.isStill(window.windowID, lookInterval.count()))
+        return {.why = reason::notMovable, .isWaiting = true};
+    return {.move = move, .why = shortfall(target)};
 }
 
-Restore::Decision Restore::decide(const Pending &pending, const QList<MovableWindow> &live) const
+// When nothing else is to come, the only window that has come is the one that was opened.
+WindowMatch Restore::matchOf(const Pending &pending, const QList<MovableWindow> &live,
+                             const WindowMatches &matches) const
 {
-    const WindowMatch match = m_matching.find(pending.saved, live, m_contents.places());
+    const WindowMatch match = matches.value(pending.saved.id);
+    if (match.kind == WindowMatch::Kind::One || !pending.isAwaited || isComing(pending))
+        return match;
+    return m_matching.findLast(pending.saved, live, m_contents.places());
+}
+
+Restore::Decision Restore::decide(const Pending &pending, const WindowMatch &match) const
+{
     const bool hasPlace = !WindowLayout::savedPath(pending.saved).isEmpty();
     switch (match.kind) {
     case WindowMatch::Kind::None:
@@ -250,12 +315,14 @@ QCoro::Task<void> Restore::place()
 {
     co_await m_contents.update(m_mover.windows(), awaited());
     const QList<MovableWindow> live = m_mover.windows();
-    m_sightings.look(live);
+    m_sightings.look(live, m_mover.input());
+    m_scene.activeWindow = m_mover.input().activeWindow;
+    const WindowMatches matches = m_matching.find(live, m_contents.places());
     QList<WindowMove> moves;
     QList<Pending> moved;
     QList<Pending> waiting;
     for (Pending &pending : m_pending) {
-        const Decision decision = decide(pending, live);
+        const Decision decision = decide(pending, matchOf(pending, live, matches));
         pending.why = decision.why;
         if (decision.move) {
             moves.append(*decision.move);
@@ -279,8 +346,11 @@ QCoro::Task<void> Restore::carryOut(QList<Pending> moved, QList<WindowMove> move
     for (qsizetype i = 0; i < moves.size(); ++i) {
         const MoveResult result = results.value(i, MoveResult::Refused);
         Pending &pending = moved[i];
-        pending.why = result == MoveResult::NotAnswering ? reason::notAnswering : reason::notMovable;
-        if (result == MoveResult::Placed)
+        if (result != MoveResult::Placed)
+            pending.why = result == MoveResult::NotAnswering ? reason::notAnswering : reason::notMovable;
+        else
+            m_matching.settle(pending.saved.id, moves[i].windowID);
+        if (result == MoveResult::Placed && !pending.why)
             ++m_result.restoredCount;
         else if (result == MoveResult::NotAnswering && mayAnswer(pending))
             m_pending.append(pending);
@@ -312,6 +382,17 @@ QCoro::Task<void> Restore::placeAgain()
         co_await m_mover.move(moves);
 }
 
+// Feels meanwhile what the user's hands do.
+QCoro::Task<void> Restore::wait(std::chrono::milliseconds time)
+{
+    while (time > 0ms) {
+        const auto part = std::min(time, feelInterval);
+        co_await QCoro::sleepFor(part);
+        time -= part;
+        m_sightings.feel(m_mover.input());
+    }
+}
+
 QCoro::Task<RestoreResult> Restore::run()
 {
     collect();
@@ -326,14 +407,14 @@ QCoro::Task<RestoreResult> Restore::run()
         co_return m_result;
     }
     m_clock.start();
-    m_sightings.look(m_mover.windows());
+    m_sightings.look(m_mover.windows(), m_mover.input());
     co_await prepare();
-    co_await QCoro::sleepFor(m_request.firstWait);
+    co_await wait(m_request.firstWait);
     if (!isStopped())
         co_await place();
     const qint64 deadline = (m_request.firstWait + m_request.patience).count();
     while (!isStopped() && ((!m_pending.isEmpty() && m_clock.elapsed() < deadline) || !m_late.isEmpty())) {
-        co_await QCoro::sleepFor(lookInterval);
+        co_await wait(lookInterval);
         co_await place();
         co_await placeAgain();
     }

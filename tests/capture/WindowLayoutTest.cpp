@@ -196,7 +196,7 @@ TEST_CASE("folders belong to windows of file browsers, documents to all others, 
     desktop.roles.fileBrowserIDs = {"files"};
     const QList<SavedApp> apps = {{"files", "Files"}, {"editor", "Editor"}};
 
-    const QList<SavedWindow> layout = blockOn(WindowLayout::capture(apps, desktop, {}, ownProcessID)).windows;
+    const QList<SavedWindow> layout = blockOn(WindowLayout::capture(apps, desktop, {}, ownProcessID));
 
     REQUIRE(layout.size() == 3);
     CHECK(layout[0].locationURL == "/home/me/Thesis");
@@ -223,7 +223,7 @@ TEST_CASE("a browser's window has a title only while it certainly shows an ordin
     const QList<SavedApp> apps = {{"browser", "Browser"}, {"editor", "Editor"}};
     const auto titles = [&](const CaptureExclusions &rules) {
         QStringList all;
-        for (const SavedWindow &window : blockOn(WindowLayout::capture(apps, desktop, rules, ownProcessID)).windows)
+        for (const SavedWindow &window : blockOn(WindowLayout::capture(apps, desktop, rules, ownProcessID)))
             all += window.title;
         return all;
     };

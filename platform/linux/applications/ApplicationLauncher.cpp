@@ -103,8 +103,19 @@ QCoro::Task<DesktopLaunch::Processes> ApplicationLauncher::launch(DesktopEntry e
 QCoro::Task<void> ApplicationLauncher::openApplication(QString appID, QStringList paths)
 {
     const DesktopEntry found = entry(appID);
-    const auto work = [found, paths] { return DesktopLaunch::open(found, paths); };
-    co_await launch(found, paths, work);
+    if (paths.isEmpty()) {
+        const auto work = [found, paths] { return DesktopLaunch::open(found, paths); };
+        co_await launch(found, paths, work);
+    }
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        const QStringList path{paths[i]};
+        const qsizetype before = windowsOf(found.id);
+        const auto work = [found, path] { return DesktopLaunch::openSeparately(found, path.first()); };
+        const auto started = co_await launch(found, path, work);
+        // What shares a process must be there before it can be asked for a further window.
+        if (before == 0 && i + 1 < paths.size())
+            co_await waitForWindow(found.id, before, started);
+    }
 }
 
 QCoro::Task<void> ApplicationLauncher::openPath(QString path)
