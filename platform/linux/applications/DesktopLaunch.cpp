@@ -13,6 +13,8 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include <algorithm>
+#include <array>
 #include <csignal>
 #include <memory>
 #include <unistd.h>
@@ -125,7 +127,8 @@ QList<QByteArray> commandOf(GDesktopAppInfo *info)
     return wordsOf(g_app_info_get_commandline(G_APP_INFO(info)));
 }
 
-// Of the action by which many applications offer a further window.
+// Of the action by which many applications offer a further window, where it says that it takes something to show: some
+// open an empty window whatever they are given.
 QList<QByteArray> newWindowCommand(const DesktopEntry &entry)
 {
     GKeyFile *file = g_key_file_new();
@@ -134,7 +137,9 @@ QList<QByteArray> newWindowCommand(const DesktopEntry &entry)
     g_key_file_unref(file);
     const QByteArray owned(line);
     g_free(line);
-    return owned.isEmpty() ? QList<QByteArray>() : wordsOf(owned.constData());
+    const QList<QByteArray> words = owned.isEmpty() ? QList<QByteArray>() : wordsOf(owned.constData());
+    const auto takesPath = [](const QByteArray &word) { return word.size() == 2 && QByteArray("%f%F%u%U").contains(word); };
+    return std::any_of(words.begin(), words.end(), takesPath) ? words : QList<QByteArray>();
 }
 
 // The command that shows one thing in a window of its own; empty when none is known.

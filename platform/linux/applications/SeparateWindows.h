@@ -6,8 +6,8 @@
 #include <array>
 
 // What applications are told so that a document or folder gets a window of its own, where they would show it as a tab
-// of the window that was used last. Those that open a window anyway are not listed, nor those whose desktop file has the
-// action “new-window”. bench/applications shows that each of these lines is needed and is right.
+// of the window that was used last. Those that open a window anyway are not listed, nor those whose desktop file has an
+// action “new-window” that takes a path. bench/applications shows that each of these lines is needed and is right.
 namespace ardeno::SeparateWindows {
 
 struct Known {
@@ -16,8 +16,10 @@ struct Known {
 };
 
 inline constexpr std::array known = {
+    Known{u"featherpad", u"--win"},                     // featherpad --help
     Known{u"geany", u"--new-instance"},                 // geany(1)
     Known{u"mousepad", u"--opening-mode=window"},       // mousepad(1), --help
+    Known{u"org.gnome.gedit", u"--new-window"},         // gedit(1)
     Known{u"org.kde.kate", u"--new"},                   // kate --help
     Known{u"org.xfce.mousepad", u"--opening-mode=window"},
     Known{u"pcmanfm", u"--new-win"},                    // pcmanfm(1)

@@ -60,8 +60,15 @@ QList<QString> statesOf(const X11WindowFacts &facts)
 X11Moves::X11Moves(const X11Connection &connection, const QList<WindowMove> &moves)
     : m_connection(connection), m_moves(moves)
 {
-    for (const WindowMove &move : moves)
-        m_placements.push_back(X11Placement::of(connection, move));
+    measure();
+}
+
+// A window that is no longer maximised has other borders, and one that has just come may have none yet.
+void X11Moves::measure()
+{
+    m_placements.clear();
+    for (const WindowMove &move : m_moves)
+        m_placements.push_back(X11Placement::of(m_connection, move));
 }
 
 QList<X11WindowFacts> X11Moves::facts() const
@@ -179,6 +186,7 @@ QCoro::Task<void> X11Moves::place()
 {
     const Step size = sizeStep();
     const Step position = positionStep();
+    measure();
     co_await take(size);
     co_await take(position);
     if (isDone(position))
@@ -190,6 +198,7 @@ QCoro::Task<void> X11Moves::place()
             left.append(current[qsizetype(i)].window);
     }
     m_silent = co_await X11Ping::silent(left);
+    measure();
     co_await take(size);
     co_await take(position);
 }
@@ -209,7 +218,8 @@ QCoro::Task<QList<MoveResult>> X11Moves::run()
     const Step plain = plainStep();
     co_await take(plain);
     co_await place();
-    const std::array<Step, 3> last = {statesStep(), desktopStep(), minimisedStep()};
+    // Some window managers do not minimise what is on another desktop.
+    const std::array<Step, 3> last = {statesStep(), minimisedStep(), desktopStep()};
     for (const Step &step : last)
         co_await take(step);
     QList<MoveResult> results;

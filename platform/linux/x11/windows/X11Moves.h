@@ -26,6 +26,7 @@ private:
         std::function<void(size_t, const X11WindowFacts &)> ask;
     };
 
+    void measure();
     QList<X11WindowFacts> facts() const;
     QCoro::Task<void> take(Step step) const;
     bool isDone(const Step &step) const;
