@@ -41,13 +41,15 @@ public:
     // The windows before anything was opened. `isInPlace`: whether the live window stands where the saved one did.
     using PlaceTest = std::function<bool(const SavedWindow &, const MovableWindow &)>;
     void settle(const QList<MovableWindow> &live, const PlacesOfWindows &shown, const PlaceTest &isInPlace);
+
     // From now on the live window is this saved one.
     void settle(const QUuid &savedID, quint32 windowID) { m_settled.insert(windowID, savedID); }
 
     WindowMatches find(const QList<MovableWindow> &live, const PlacesOfWindows &shown) const;
     // The one window of an application that has come since, for its only saved one that is not found by what it shows
     // or is called: for when nothing else is to come.
-    WindowMatch findLast(const SavedWindow &saved, const QList<MovableWindow> &live, const PlacesOfWindows &shown) const;
+    WindowMatch findLast(const SavedWindow &saved, const QList<MovableWindow> &live,
+                         const PlacesOfWindows &shown) const;
 
     // Whether the window was there before anything was opened.
     bool wasThere(quint32 windowID) const { return m_formerly.contains(windowID); }

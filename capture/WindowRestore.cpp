@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/WindowRestore.h"
 
+#include "capture/WindowDecision.h"
 #include "capture/WindowMatching.h"
 #include "capture/WindowPlacement.h"
-#include "capture/WindowTarget.h"
 #include "capture/WindowTracker.h"
-#include "model/WindowStates.h"
 
-#include <QCoreApplication>
 #include <QCoroTimer>
 #include <QElapsedTimer>
 
@@ -20,26 +18,10 @@ namespace ardeno {
 namespace {
 
 using namespace std::chrono_literals;
+namespace reason = WindowLayout::reason;
+using WindowLayout::WindowDecision;
 using WindowLayout::WindowMatch;
 using WindowLayout::WindowMatches;
-using WindowLayout::WindowTarget;
-
-namespace reason {
-
-constexpr auto noSuchWindow = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "no such window");
-constexpr auto elsewhere = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "shown in another window");
-constexpr auto several = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "several with that title");
-constexpr auto minimised = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "minimised");
-constexpr auto fullScreen = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "full screen");
-constexpr auto maximised = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "maximised");
-constexpr auto notMovable = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "not movable");
-constexpr auto notAnswering = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "application did not answer");
-constexpr auto movedByUser = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "moved by you");
-constexpr auto desktopGone = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "its virtual desktop is gone");
-constexpr auto inUse = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "you are working in it");
-constexpr auto stopped = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "stopped by you");
-
-} // namespace reason
 
 // How often late windows are looked for, and how often the user's hands are.
 constexpr std::chrono::milliseconds lookInterval = 100ms;
@@ -51,47 +33,6 @@ constexpr qint64 timeToAdjust = 600;
 constexpr qint64 timeToName = 2000;
 // Milliseconds in which an application that is busy is asked again whether it answers.
 constexpr qint64 timeToAnswer = 3000;
-
-bool isAt(const WindowRect &frame, const WindowRect &place)
-{
-    return std::abs(frame.x - place.x) <= 1 && std::abs(frame.y - place.y) <= 1;
-}
-
-bool isResized(const WindowRect &from, const WindowRect &to)
-{
-    return std::abs(from.width - to.width) > 1 || std::abs(from.height - to.height) > 1;
-}
-
-// What holds a window where it is.
-const QList<QString> holdingStates = {WindowStates::fullScreen, WindowStates::maximisedAcross,
-                                      WindowStates::maximisedDown};
-
-// Whether those of the states that the window has are states that it was saved with.
-bool wasSavedSo(const SavedWindow &saved, const MovableWindow &window, const QList<QString> &states)
-{
-    return saved.states && window.states &&
-           std::all_of(states.begin(), states.end(), [&](const QString &state) {
-               return !window.states->contains(state) || saved.states->contains(state);
-           });
-}
-
-// Window managers that hold a window allow nothing as long as they do.
-bool mayGo(const MovableWindow &window, const WindowMove &move)
-{
-    if (window.isMaximised || window.isFullScreen)
-        return true;
-    const bool isSized = isResized(window.frame, move.frame);
-    const bool isMoved = isSized || !isAt(window.frame, move.frame);
-    return (!isMoved || window.canMove) && (!isSized || window.canResize);
-}
-
-// What remains to be said of a window that is where it can be.
-const char *shortfall(const WindowTarget &target)
-{
-    if (target.isDesktopGone)
-        return reason::desktopGone;
-    return target.isInUse ? reason::inUse : nullptr;
-}
 
 // A saved window on its way back.
 struct Pending {
@@ -121,13 +62,6 @@ public:
     QCoro::Task<RestoreResult> run();
 
 private:
-    struct Decision {
-        std::optional<WindowMove> move = {};
-        bool isInPlace = false;    // It needs no move.
-        const char *why = nullptr; // It cannot be moved now.
-        bool isWaiting = false;    // But may be later.
-    };
-
     QCoro::Task<void> prepare();
     QCoro::Task<void> wait(std::chrono::milliseconds time);
     void collect();
@@ -135,10 +69,8 @@ private:
     QCoro::Task<void> carryOut(QList<Pending> moved, QList<WindowMove> moves);
     QCoro::Task<void> placeAgain();
     WindowMatch matchOf(const Pending &pending, const QList<MovableWindow> &live, const WindowMatches &matches) const;
-    Decision decide(const Pending &pending, const WindowMatch &match) const;
-    Decision decide(const Pending &pending, const MovableWindow &window) const;
-    Decision decideMove(const Pending &pending, const MovableWindow &window, const WindowTarget &target) const;
-    const char *whyHeld(const Pending &pending, const MovableWindow &window) const;
+    WindowDecision decision(const Pending &pending, const WindowMatch &match) const;
+    WindowDecision decision(const Pending &pending, const MovableWindow &window) const;
     bool isInPlace(const SavedWindow &saved, const MovableWindow &window) const;
     bool isComing(const Pending &pending) const;
     bool mayAnswer(const Pending &pending) const;
@@ -229,48 +161,6 @@ bool Restore::mayAnswer(const Pending &pending) const
     return pending.isAwaited || m_clock.elapsed() < m_request.firstWait.count() + timeToAnswer;
 }
 
-// Why a window that is held where it is stays so. One that came with this resume is brought into the state that was
-// saved; one that was there before is as the user wants it.
-const char *Restore::whyHeld(const Pending &pending, const MovableWindow &window) const
-{
-    const bool isTold = pending.saved.states && !m_matching.wasThere(window.windowID);
-    if (window.isMinimised && !wasSavedSo(pending.saved, window, {WindowStates::minimised}))
-        return reason::minimised;
-    if (isTold || wasSavedSo(pending.saved, window, holdingStates))
-        return nullptr;
-    if (window.isFullScreen)
-        return reason::fullScreen;
-    return window.isMaximised ? reason::maximised : nullptr;
-}
-
-Restore::Decision Restore::decide(const Pending &pending, const MovableWindow &window) const
-{
-    const bool wasThere = m_matching.wasThere(window.windowID);
-    const WindowTarget target = WindowLayout::targetOf(pending.saved, window, !wasThere, m_scene);
-    const bool isRight = target.isReached || (window.isMinimised && wasThere);
-    if (const char *const why = whyHeld(pending, window)) {
-        const bool isInPlace = target.isReached && !window.isMinimised;
-        return isInPlace ? Decision{.isInPlace = true} : Decision{.why = why};
-    }
-    if (m_sightings.isMovedByUser(window.windowID))
-        return {.why = reason::movedByUser};
-    if (isRight && !pending.isAwaited)
-        return {.isInPlace = !shortfall(target), .why = shortfall(target)};
-    return decideMove(pending, window, target);
-}
-
-Restore::Decision Restore::decideMove(const Pending &pending, const MovableWindow &window,
-                                      const WindowTarget &target) const
-{
-    const auto &move = target.move;
-    if (!move || !mayGo(window, *move))
-        return {.why = reason::notMovable};
-    const bool mayChange = pending.isAwaited || mayAnswer(pending);
-    if (mayChange && !m_sightings.isStill(window.windowID, lookInterval.count()))
-        return {.why = reason::notMovable, .isWaiting = true};
-    return {.move = move, .why = shortfall(target)};
-}
-
 // When nothing else is to come, the only window that has come is the one that was opened.
 WindowMatch Restore::matchOf(const Pending &pending, const QList<MovableWindow> &live,
                              const WindowMatches &matches) const
@@ -281,7 +171,18 @@ WindowMatch Restore::matchOf(const Pending &pending, const QList<MovableWindow> 
     return m_matching.findLast(pending.saved, live, m_contents.places());
 }
 
-Restore::Decision Restore::decide(const Pending &pending, const WindowMatch &match) const
+WindowDecision Restore::decision(const Pending &pending, const MovableWindow &window) const
+{
+    const bool mayChange = pending.isAwaited || mayAnswer(pending);
+    const WindowLayout::WindowCircumstances circumstances{
+        .isAwaited = pending.isAwaited,
+        .wasThere = m_matching.wasThere(window.windowID),
+        .isMovedByUser = m_sightings.isMovedByUser(window.windowID),
+        .isUneasy = mayChange && !m_sightings.isStill(window.windowID, lookInterval.count())};
+    return WindowLayout::decide(pending.saved, window, circumstances, m_scene);
+}
+
+WindowDecision Restore::decision(const Pending &pending, const WindowMatch &match) const
 {
     const bool hasPlace = !WindowLayout::savedPath(pending.saved).isEmpty();
     switch (match.kind) {
@@ -297,7 +198,7 @@ Restore::Decision Restore::decide(const Pending &pending, const WindowMatch &mat
     // What was opened is sooner in a window that is to come than in one that was there and only has its title.
     if (hasPlace && m_matching.isStranger(match.window.windowID) && isComing(pending))
         return {.why = reason::noSuchWindow, .isWaiting = true};
-    return decide(pending, match.window);
+    return decision(pending, match.window);
 }
 
 QList<SavedWindow> Restore::awaited() const
@@ -322,17 +223,17 @@ QCoro::Task<void> Restore::place()
     QList<Pending> moved;
     QList<Pending> waiting;
     for (Pending &pending : m_pending) {
-        const Decision decision = decide(pending, matchOf(pending, live, matches));
-        pending.why = decision.why;
-        if (decision.move) {
-            moves.append(*decision.move);
+        const WindowDecision next = decision(pending, matchOf(pending, live, matches));
+        pending.why = next.why;
+        if (next.move) {
+            moves.append(*next.move);
             moved.append(pending);
-        } else if (decision.isInPlace) {
+        } else if (next.isInPlace) {
             ++m_result.restoredCount;
-        } else if (decision.isWaiting) {
+        } else if (next.isWaiting) {
             waiting.append(pending);
         } else {
-            skip(pending.saved, decision.why);
+            skip(pending.saved, next.why);
         }
     }
     m_pending = waiting;
@@ -361,8 +262,7 @@ QCoro::Task<void> Restore::carryOut(QList<Pending> moved, QList<WindowMove> move
     }
 }
 
-// Applications that remember a size of their own apply it after they have shown the window. One that stands elsewhere
-// was moved by the user.
+// Applications that remember a place of their own apply it after they have shown the window.
 QCoro::Task<void> Restore::placeAgain()
 {
     QList<WindowMove> moves;
@@ -373,7 +273,8 @@ QCoro::Task<void> Restore::placeAgain()
         if (window == live.end() || m_clock.elapsed() - placed.at < timeToAdjust)
             continue;
         const bool isPlain = !window->isMaximised && !window->isFullScreen && !window->isMinimised;
-        if (isPlain && isAt(window->frame, placed.move.frame) && isResized(window->frame, placed.move.frame))
+        const bool isAway = !WindowPlacement::isNear(window->frame, placed.move.frame);
+        if (isPlain && isAway && !m_sightings.isMovedByUser(window->windowID))
             moves.append(placed.move);
     }
     const qint64 now = m_clock.elapsed();

@@ -71,8 +71,10 @@ public:
 
     // Answers at once.
     virtual QList<MovableWindow> windows() = 0;
+
     // Answers at once.
     virtual UserInput input() { return {}; }
+
     // The results in the order of the moves. Sets the size first, then the position, then how the window stands and
     // its desktop; the user's current desktop stays. Windows that do not go cost at most some seconds, all together.
     virtual QCoro::Task<QList<MoveResult>> move(QList<WindowMove> moves) = 0;

@@ -45,8 +45,10 @@ public:
     virtual Capability availability() const = 0;
     // In the desktop's own order; the main display need not come first.
     virtual QList<Display> displays() = 0;
+
     // The names of the virtual desktops in their order, empty ones for those without; fewer than two tell nothing.
     virtual QList<QString> virtualDesktops() { return {}; }
+
     // Front to back, incl. those that are not on screen now.
     virtual QList<WindowInfo> allWindows() = 0;
 

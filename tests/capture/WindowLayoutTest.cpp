@@ -23,11 +23,14 @@ public:
 
     QList<WindowInfo> allWindows() override { return all; }
 
+    QList<QString> virtualDesktops() override { return desktops; }
+
     QList<Display> allDisplays = {
         Display{.id = 1, .name = "Left", .bounds = {0, 0, 1000, 800}, .usableFrame = {0, 30, 1000, 770}},
         Display{.id = 2, .bounds = {1000, 0, 1000, 800}, .usableFrame = {1000, 0, 1000, 800}, .isMain = true},
     };
     QList<WindowInfo> all = {};
+    QList<QString> desktops = {};
 };
 
 WindowInfo editorWindow(const WindowRect &frame = {10, 40, 400, 300})
@@ -109,6 +112,35 @@ TEST_CASE("only windows that belong to a layout are recorded")
         server.all = {tried.window};
         CHECK(WindowLayout::windows(editor, server, ownProcessID).isEmpty() != tried.isRecorded);
     }
+}
+
+TEST_CASE("windows out of sight are recorded with their virtual desktops and how they stand")
+{
+    WindowsInMemory server;
+    server.desktops = {"Work", ""};
+    server.all = {editorWindow(), editorWindow(), editorWindow(), editorWindow()};
+    server.all[0].states = {"minimised", "above"};
+    server.all[0].desktop = 0;
+    server.all[1].desktop = 1;
+    server.all[1].states = QList<QString>();
+    server.all[2].states = {"onAllDesktops"};
+    for (WindowInfo &window : server.all)
+        window.isOnScreen = false; // Nobody looks after the last one.
+
+    QList<SavedWindow> layout = WindowLayout::windows(editor, server, ownProcessID);
+
+    REQUIRE(layout.size() == 3);
+    CHECK(layout[0].states == QList<QString>{"minimised", "above"});
+    CHECK(layout[0].desktop == 0);
+    CHECK(layout[0].desktopName == "Work");
+    CHECK(layout[1].states == QList<QString>());
+    CHECK(layout[1].desktop == 1);
+    CHECK_FALSE(layout[1].desktopName.has_value());
+    CHECK_FALSE(layout[2].desktop.has_value());
+
+    server.desktops = {"The only one"};
+    layout = WindowLayout::windows(editor, server, ownProcessID);
+    CHECK_FALSE(layout[0].desktop.has_value());
 }
 
 TEST_CASE("without a display or an application no window is recorded")

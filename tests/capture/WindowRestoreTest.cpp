@@ -128,8 +128,14 @@ TEST_CASE_FIXTURE(RestoreFixture, "a window that the user moves before it is pla
     open(1, "app", "window");
     request.firstWait = 600ms;
     bool isUser = true;
-    SUBCASE("dragged, and let go before it is looked at") { memory.input = {.x = 100, .y = 15, .isButtonDown = true}; }
-    SUBCASE("by keys") { memory.input = {.isKeyDown = true, .activeWindow = 1}; }
+    SUBCASE("dragged, and let go before it is looked at")
+    {
+        memory.input = {.x = 100, .y = 15, .isButtonDown = true};
+    }
+    SUBCASE("by keys")
+    {
+        memory.input = {.isKeyDown = true, .activeWindow = 1};
+    }
     SUBCASE("a button elsewhere, while the application moves it")
     {
         memory.input = {.x = 1500, .y = 900, .isButtonDown = true};
@@ -151,7 +157,8 @@ TEST_CASE_FIXTURE(RestoreFixture, "a window that the user moves before it is pla
     CHECK(memory.moves.isEmpty() == isUser);
 }
 
-TEST_CASE_FIXTURE(RestoreFixture, "windows come back to their virtual desktops and as they stood; the user's keep theirs")
+TEST_CASE_FIXTURE(RestoreFixture,
+                  "windows come back to their virtual desktops and as they stood; the user's keep theirs")
 {
     memory.virtualDesktops = {"Work", "Mail"};
     const auto saveAs = [this](const QString &title, const QList<QString> &states, qint64 number, const QString &name) {

@@ -4,8 +4,9 @@
 
 using namespace ardeno;
 
-TEST_CASE_FIXTURE(StoreFixture,
-                  "what is out of sight is saved, the note says what is saved by name alone, and neither tells of what is excluded")
+TEST_CASE_FIXTURE(
+    StoreFixture,
+    "what is out of sight is saved, the note says what is saved by name alone, and neither tells of what is excluded")
 {
     const QString windowClass = "window-class/";
     const auto hide = [this](const QString &id) {
@@ -22,8 +23,7 @@ TEST_CASE_FIXTURE(StoreFixture,
     store().drafts.setDraftProjectName("Thesis");
     blockOn(store().form.captureMoment({}, {}, CaptureKind::Checkpoint));
     const QString named = " Not among the installed apps, so saved by the name of their windows: Xmessage.";
-    CHECK(store().navigation.selected()->captureNote ==
-          "Open apps captured. Browser capture was off." + named);
+    CHECK(store().navigation.selected()->captureNote == "Open apps captured. Browser capture was off." + named);
     CHECK(store().navigation.selected()->windows->size() == 3);
 
     hide("org.third");

@@ -138,7 +138,9 @@ QList<QByteArray> newWindowCommand(const DesktopEntry &entry)
     const QByteArray owned(line);
     g_free(line);
     const QList<QByteArray> words = owned.isEmpty() ? QList<QByteArray>() : wordsOf(owned.constData());
-    const auto takesPath = [](const QByteArray &word) { return word.size() == 2 && QByteArray("%f%F%u%U").contains(word); };
+    const auto takesPath = [](const QByteArray &word) {
+        return word.size() == 2 && QByteArray("%f%F%u%U").contains(word);
+    };
     return std::any_of(words.begin(), words.end(), takesPath) ? words : QList<QByteArray>();
 }
 

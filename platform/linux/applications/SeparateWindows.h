@@ -16,14 +16,14 @@ struct Known {
 };
 
 inline constexpr std::array known = {
-    Known{u"featherpad", u"--win"},                     // featherpad --help
-    Known{u"geany", u"--new-instance"},                 // geany(1)
-    Known{u"mousepad", u"--opening-mode=window"},       // mousepad(1), --help
-    Known{u"org.gnome.gedit", u"--new-window"},         // gedit(1)
-    Known{u"org.kde.kate", u"--new"},                   // kate --help
+    Known{u"featherpad", u"--win"},               // featherpad --help
+    Known{u"geany", u"--new-instance"},           // geany(1)
+    Known{u"mousepad", u"--opening-mode=window"}, // mousepad(1), --help
+    Known{u"org.gnome.gedit", u"--new-window"},   // gedit(1)
+    Known{u"org.kde.kate", u"--new"},             // kate --help
     Known{u"org.xfce.mousepad", u"--opening-mode=window"},
-    Known{u"pcmanfm", u"--new-win"},                    // pcmanfm(1)
-    Known{u"pluma", u"--new-window"},                   // pluma(1)
+    Known{u"pcmanfm", u"--new-win"},  // pcmanfm(1)
+    Known{u"pluma", u"--new-window"}, // pluma(1)
 };
 
 } // namespace ardeno::SeparateWindows

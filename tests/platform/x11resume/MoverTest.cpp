@@ -122,7 +122,8 @@ TEST_CASE_FIXTURE(MoverFixture, "what must not be moved is told apart")
     }
 }
 
-TEST_CASE_FIXTURE(MoverFixture, "windows stand as they are asked to, on the desktop they are asked to, and nobody follows")
+TEST_CASE_FIXTURE(MoverFixture,
+                  "windows stand as they are asked to, on the desktop they are asked to, and nobody follows")
 {
     outputOf("wmctrl", {"-n", "2"});
     TestWindow test;

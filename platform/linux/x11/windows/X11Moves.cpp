@@ -45,8 +45,7 @@ bool isHeld(const QList<QString> &states)
 // The words of the first that the second lacks and a window manager can be asked for.
 QList<QString> missingIn(QList<QString> words, const QList<QString> &others)
 {
-    words.removeIf(
-        [&](const QString &word) { return others.contains(word) || !X11WindowStates::isRequestable(word); });
+    words.removeIf([&](const QString &word) { return others.contains(word) || !X11WindowStates::isRequestable(word); });
     return words;
 }
 
@@ -144,14 +143,13 @@ X11Moves::Step X11Moves::desktopStep() const
 
 X11Moves::Step X11Moves::minimisedStep() const
 {
-    return {[this](size_t i, const X11WindowFacts &facts) {
-                const auto &states = m_moves[qsizetype(i)].states;
-                return !states || !states->contains(WindowStates::minimised) ||
-                       statesOf(facts).contains(WindowStates::minimised);
-            },
-            [this](size_t, const X11WindowFacts &facts) {
-                X11WindowStates::requestMinimised(m_connection, facts.window);
-            }};
+    return {
+        [this](size_t i, const X11WindowFacts &facts) {
+            const auto &states = m_moves[qsizetype(i)].states;
+            return !states || !states->contains(WindowStates::minimised) ||
+                   statesOf(facts).contains(WindowStates::minimised);
+        },
+        [this](size_t, const X11WindowFacts &facts) { X11WindowStates::requestMinimised(m_connection, facts.window); }};
 }
 
 // Whether it holds for each window that is there and answers.
@@ -209,8 +207,8 @@ bool X11Moves::isPlaced(size_t i, const X11WindowFacts &facts) const
         return false;
     const auto &states = m_moves[qsizetype(i)].states;
     const bool isThere = (states && isHeld(*states)) || m_placements[i].isReached(*facts.frame);
-    return isThere && plainStep().isDone(i, facts) && statesStep().isDone(i, facts) &&
-           desktopStep().isDone(i, facts) && minimisedStep().isDone(i, facts);
+    return isThere && plainStep().isDone(i, facts) && statesStep().isDone(i, facts) && desktopStep().isDone(i, facts) &&
+           minimisedStep().isDone(i, facts);
 }
 
 QCoro::Task<QList<MoveResult>> X11Moves::run()
