@@ -201,14 +201,24 @@ QCoro::Task<void> X11Moves::place()
     co_await take(position);
 }
 
+// Looked at before windows are minimised, which some window managers show as a flight across the screen.
+void X11Moves::rememberPlaces()
+{
+    const QList<X11WindowFacts> current = facts();
+    for (size_t i = 0; i < m_placements.size(); ++i) {
+        const X11WindowFacts &window = current[qsizetype(i)];
+        const auto &states = m_moves[qsizetype(i)].states;
+        if (window.frame && ((states && isHeld(*states)) || m_placements[i].isReached(*window.frame)))
+            m_wasThere.insert(window.window);
+    }
+}
+
 bool X11Moves::isPlaced(size_t i, const X11WindowFacts &facts) const
 {
     if (!facts.frame)
         return false;
-    const auto &states = m_moves[qsizetype(i)].states;
-    const bool isThere = (states && isHeld(*states)) || m_placements[i].isReached(*facts.frame);
-    return isThere && plainStep().isDone(i, facts) && statesStep().isDone(i, facts) && desktopStep().isDone(i, facts) &&
-           minimisedStep().isDone(i, facts);
+    return m_wasThere.contains(facts.window) && plainStep().isDone(i, facts) && statesStep().isDone(i, facts) &&
+           desktopStep().isDone(i, facts) && minimisedStep().isDone(i, facts);
 }
 
 QCoro::Task<QList<MoveResult>> X11Moves::run()
@@ -216,6 +226,7 @@ QCoro::Task<QList<MoveResult>> X11Moves::run()
     const Step plain = plainStep();
     co_await take(plain);
     co_await place();
+    rememberPlaces();
     // Some window managers do not minimise what is on another desktop.
     const std::array<Step, 3> last = {statesStep(), minimisedStep(), desktopStep()};
     for (const Step &step : last)

@@ -37,13 +37,15 @@ private:
     Step statesStep() const;
     Step desktopStep() const;
     Step minimisedStep() const;
+    void rememberPlaces();
     bool isAlreadyHeld(size_t i, const X11WindowFacts &facts) const;
     bool isPlaced(size_t i, const X11WindowFacts &facts) const;
 
     const X11Connection &m_connection;
     QList<WindowMove> m_moves;
     std::vector<X11Placement> m_placements;
-    QSet<xcb_window_t> m_silent; // Those of applications that do not answer.
+    QSet<xcb_window_t> m_silent;   // Those of applications that do not answer.
+    QSet<xcb_window_t> m_wasThere; // Those that went to their places, or will fill the screen.
 };
 
 } // namespace ardeno
