@@ -22,7 +22,7 @@ int main(int argc, char **argv)
         apps.append({window.applicationID.value_or(QString()), window.applicationName});
     QList<SavedWindow> layout;
     const auto windowsOnly = [&] { WindowLayout::windows(apps, *desktop.windowServer, 0); };
-    const auto whole = [&] { layout = blockOn(WindowLayout::capture(apps, desktop, {}, 0)).windows; };
+    const auto whole = [&] { layout = blockOn(WindowLayout::capture(apps, desktop, {}, 0)); };
     const double first = secondsOf(whole);
     constexpr int rounds = 21;
     const std::vector<double> medians = interleavedMedians(rounds, {windowsOnly, whole});

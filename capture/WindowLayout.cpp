@@ -30,7 +30,7 @@ bool isRecorded(const WindowInfo &window, const QSet<QString> &allowedIDs, qint6
            window.frame->width >= smallestWidth && window.frame->height >= smallestHeight && window.windowID != 0;
 }
 
-SavedWindow saved(const WindowInfo &window, const Display &display)
+SavedWindow saved(const WindowInfo &window, const Display &display, const QList<QString> &desktops)
 {
     SavedWindow record;
     record.appID = *window.applicationID;
@@ -43,6 +43,12 @@ SavedWindow saved(const WindowInfo &window, const Display &display)
     record.processID = *window.processID;
     if (!display.name.isEmpty())
         record.displayName = display.name;
+    record.states = window.states;
+    if (window.desktop && desktops.size() > 1) {
+        record.desktop = *window.desktop;
+        if (const QString name = desktops.value(*window.desktop); !name.isEmpty())
+            record.desktopName = name;
+    }
     return record;
 }
 
@@ -54,22 +60,22 @@ QList<WindowLayout::DisplayEntry> entries(const QList<Display> &displays)
     return list;
 }
 
-WindowLayout::Captured look(const QList<SavedApp> &apps, WindowServer &server, qint64 ownProcessID)
+QList<SavedWindow> look(const QList<SavedApp> &apps, WindowServer &server, qint64 ownProcessID)
 {
     const QSet<QString> allowedIDs = idsOf(apps);
     const QList<WindowInfo> all = server.allWindows();
     const QList<Display> displays = server.displays();
     const QList<WindowLayout::DisplayEntry> choices = entries(displays);
-    WindowLayout::Captured captured;
+    const QList<QString> desktops = server.virtualDesktops();
+    QList<SavedWindow> windows;
     for (const WindowInfo &window : all) {
-        if (!isRecorded(window, allowedIDs, ownProcessID))
+        // What is not on screen and nobody looks after is no window that could come back.
+        if (!isRecorded(window, allowedIDs, ownProcessID) || (!window.isOnScreen && !window.states))
             continue;
-        if (!window.isOnScreen)
-            ++captured.outOfSight;
-        else if (const auto best = WindowLayout::bestDisplay(*window.frame, choices))
-            captured.windows.append(saved(window, displays[*best]));
+        if (const auto best = WindowLayout::bestDisplay(*window.frame, choices))
+            windows.append(saved(window, displays[*best], desktops));
     }
-    return captured;
+    return windows;
 }
 
 // What the window may be called; empty unless it certainly shows an ordinary page that is left in.
@@ -129,7 +135,7 @@ std::optional<qsizetype> WindowLayout::bestDisplay(const WindowRect &frame, cons
 
 QList<SavedWindow> WindowLayout::windows(const QList<SavedApp> &apps, WindowServer &server, qint64 ownProcessID)
 {
-    return look(apps, server, ownProcessID).windows;
+    return look(apps, server, ownProcessID);
 }
 
 std::optional<QString> WindowLayout::location(const SavedWindow &window, const QList<WindowLocation> &locations)
@@ -147,14 +153,14 @@ std::optional<QString> WindowLayout::location(const SavedWindow &window, const Q
     return isSure ? std::optional(sameTitle.first().path) : std::nullopt;
 }
 
-QCoro::Task<WindowLayout::Captured> WindowLayout::capture(QList<SavedApp> apps, const Desktop &desktop,
-                                                          CaptureExclusions rules, qint64 ownProcessID)
+QCoro::Task<QList<SavedWindow>> WindowLayout::capture(QList<SavedApp> apps, const Desktop &desktop,
+                                                      CaptureExclusions rules, qint64 ownProcessID)
 {
-    Captured seen = look(apps, *desktop.windowServer, ownProcessID);
+    QList<SavedWindow> seen = look(apps, *desktop.windowServer, ownProcessID);
     const QCoro::Task<BrowserWindows> asking = desktop.tabSource->browserWindows();
-    seen.windows = co_await withLocations(seen.windows, desktop);
+    seen = co_await withLocations(seen, desktop);
     const BrowserWindows pages = co_await asking;
-    for (SavedWindow &window : seen.windows) {
+    for (SavedWindow &window : seen) {
         const auto page = pages.constFind(window.windowID);
         if (page != pages.cend())
             window.title = publicTitle(*page, rules);

@@ -27,8 +27,8 @@ struct DisplayEntry {
 // when there is no display.
 std::optional<qsizetype> bestDisplay(const WindowRect &frame, const QList<DisplayEntry> &displays);
 
-// The windows on screen of these applications, front to back, without those of this process; what each shows is not
-// filled in. Never fails: no windows and no displays give an empty list.
+// The windows of these applications, front to back, without those of this process, also those that are minimised or on
+// other desktops; what each shows is not filled in. Never fails: no windows and no displays give an empty list.
 QList<SavedWindow> windows(const QList<SavedApp> &apps, WindowServer &server, qint64 ownProcessID);
 
 // The path that one of the locations gives for this window: the one of the very window, else the one of its title
@@ -36,16 +36,11 @@ QList<SavedWindow> windows(const QList<SavedApp> &apps, WindowServer &server, qi
 // owner only those of the window's own process count.
 std::optional<QString> location(const SavedWindow &window, const QList<WindowLocation> &locations);
 
-struct Captured {
-    QList<SavedWindow> windows = {};
-    qsizetype outOfSight = 0; // Further ones of these applications, minimised or on another workspace.
-};
-
 // The same windows as `windows()`, each with the folder or the document it shows where that is certain. A window of a
 // browser has a title only when it certainly shows an ordinary page that the rules leave in. The windows are read
 // before the first wait. The parts of the desktop outlive the task. Never throws.
-QCoro::Task<Captured> capture(QList<SavedApp> apps, const Desktop &desktop, CaptureExclusions rules,
-                              qint64 ownProcessID);
+QCoro::Task<QList<SavedWindow>> capture(QList<SavedApp> apps, const Desktop &desktop, CaptureExclusions rules,
+                                        qint64 ownProcessID);
 
 } // namespace WindowLayout
 

@@ -20,12 +20,6 @@ bool isRectangle(const WindowRect &frame)
            std::isfinite(frame.height) && frame.width > 0 && frame.height > 0;
 }
 
-bool isNear(const WindowRect &a, const WindowRect &b)
-{
-    return std::abs(a.x - b.x) <= 1 && std::abs(a.y - b.y) <= 1 && std::abs(a.width - b.width) <= 1 &&
-           std::abs(a.height - b.height) <= 1;
-}
-
 const DisplayEntry *withID(const QList<DisplayEntry> &displays, quint32 id)
 {
     const auto found =
@@ -49,6 +43,12 @@ double mapped(double place, double oldStart, double oldLength, double start, dou
 }
 
 } // namespace
+
+bool WindowPlacement::isNear(const WindowRect &a, const WindowRect &b)
+{
+    return std::abs(a.x - b.x) <= 1 && std::abs(a.y - b.y) <= 1 && std::abs(a.width - b.width) <= 1 &&
+           std::abs(a.height - b.height) <= 1;
+}
 
 std::optional<WindowRect> WindowPlacement::fit(const SavedWindow &saved, const QList<DisplayEntry> &displays,
                                                quint32 mainID)

@@ -12,6 +12,9 @@ namespace ardeno::WindowPlacement {
 std::optional<WindowRect> fit(const SavedWindow &saved, const QList<WindowLayout::DisplayEntry> &displays,
                               quint32 mainID);
 
+// Whether they are the same within a point.
+bool isNear(const WindowRect &a, const WindowRect &b);
+
 // Whether a window of this frame needs no move, within a point: it is where it was saved, or where fit() puts it.
 bool isInPlace(const WindowRect &frame, const SavedWindow &saved, const QList<WindowLayout::DisplayEntry> &displays,
                quint32 mainID);

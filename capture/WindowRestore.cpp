@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "capture/WindowRestore.h"
 
+#include "capture/WindowDecision.h"
 #include "capture/WindowMatching.h"
 #include "capture/WindowPlacement.h"
 #include "capture/WindowTracker.h"
 
-#include <QCoreApplication>
 #include <QCoroTimer>
 #include <QElapsedTimer>
 
@@ -18,26 +18,14 @@ namespace ardeno {
 namespace {
 
 using namespace std::chrono_literals;
-using WindowLayout::DisplayEntry;
+namespace reason = WindowLayout::reason;
+using WindowLayout::WindowDecision;
 using WindowLayout::WindowMatch;
+using WindowLayout::WindowMatches;
 
-namespace reason {
-
-constexpr auto noSuchWindow = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "no such window");
-constexpr auto elsewhere = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "shown in another window");
-constexpr auto several = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "several with that title");
-constexpr auto minimised = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "minimised");
-constexpr auto fullScreen = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "full screen");
-constexpr auto maximised = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "maximised");
-constexpr auto notMovable = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "not movable");
-constexpr auto notAnswering = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "application did not answer");
-constexpr auto movedByUser = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "moved by you");
-constexpr auto stopped = QT_TRANSLATE_NOOP("ardeno::WindowRestore", "stopped by you");
-
-} // namespace reason
-
-// How often late windows are looked for.
+// How often late windows are looked for, and how often the user's hands are.
 constexpr std::chrono::milliseconds lookInterval = 100ms;
+constexpr std::chrono::milliseconds feelInterval = 50ms;
 // Milliseconds in which an application that has just opened a window may still change it by itself.
 constexpr qint64 timeToAdjust = 600;
 // Milliseconds in which an application that has shown a window may open another one or name the one it has: some show
@@ -45,16 +33,6 @@ constexpr qint64 timeToAdjust = 600;
 constexpr qint64 timeToName = 2000;
 // Milliseconds in which an application that is busy is asked again whether it answers.
 constexpr qint64 timeToAnswer = 3000;
-
-bool isAt(const WindowRect &frame, const WindowRect &place)
-{
-    return std::abs(frame.x - place.x) <= 1 && std::abs(frame.y - place.y) <= 1;
-}
-
-bool isResized(const WindowRect &from, const WindowRect &to)
-{
-    return std::abs(from.width - to.width) > 1 || std::abs(from.height - to.height) > 1;
-}
 
 // A saved window on its way back.
 struct Pending {
@@ -84,21 +62,15 @@ public:
     QCoro::Task<RestoreResult> run();
 
 private:
-    struct Decision {
-        std::optional<WindowMove> move = {};
-        bool isInPlace = false;    // It needs no move.
-        const char *why = nullptr; // It cannot be moved now.
-        bool isWaiting = false;    // But may be later.
-    };
-
     QCoro::Task<void> prepare();
+    QCoro::Task<void> wait(std::chrono::milliseconds time);
     void collect();
     QCoro::Task<void> place();
     QCoro::Task<void> carryOut(QList<Pending> moved, QList<WindowMove> moves);
     QCoro::Task<void> placeAgain();
-    Decision decide(const Pending &pending, const QList<MovableWindow> &live) const;
-    Decision decide(const Pending &pending, const MovableWindow &window) const;
-    Decision decideMove(const Pending &pending, const MovableWindow &window, bool isRight) const;
+    WindowMatch matchOf(const Pending &pending, const QList<MovableWindow> &live, const WindowMatches &matches) const;
+    WindowDecision decision(const Pending &pending, const WindowMatch &match) const;
+    WindowDecision decision(const Pending &pending, const MovableWindow &window) const;
     bool isInPlace(const SavedWindow &saved, const MovableWindow &window) const;
     bool isComing(const Pending &pending) const;
     bool mayAnswer(const Pending &pending) const;
@@ -111,8 +83,7 @@ private:
     Desktop &m_desktop;
     WindowMover &m_mover;
     QElapsedTimer m_clock;
-    QList<DisplayEntry> m_displays;
-    quint32 m_mainID = 0;
+    WindowLayout::WindowScene m_scene;
     QList<Pending> m_pending;
     QList<Placed> m_late;
     WindowLayout::WindowMatching m_matching;
@@ -145,10 +116,11 @@ bool Restore::isStopped() const
 void Restore::collect()
 {
     for (const Display &display : m_desktop.windowServer->displays()) {
-        m_displays.append({display.id, display.usableFrame});
+        m_scene.displays.append({display.id, display.usableFrame});
         if (display.isMain)
-            m_mainID = display.id;
+            m_scene.mainID = display.id;
     }
+    m_scene.desktops = m_desktop.windowServer->virtualDesktops();
     for (const SavedWindow &window : std::as_const(m_request.windows)) {
         const bool isWanted = m_request.onlyIDs.isEmpty() || m_request.onlyIDs.contains(window.id);
         if (isWanted && m_request.allowedAppIDs.contains(window.appID))
@@ -173,7 +145,7 @@ QCoro::Task<void> Restore::prepare()
 
 bool Restore::isInPlace(const SavedWindow &saved, const MovableWindow &window) const
 {
-    return WindowPlacement::isInPlace(window.frame, saved, m_displays, m_mainID);
+    return WindowPlacement::isInPlace(window.frame, saved, m_scene.displays, m_scene.mainID);
 }
 
 bool Restore::isComing(const Pending &pending) const
@@ -189,35 +161,29 @@ bool Restore::mayAnswer(const Pending &pending) const
     return pending.isAwaited || m_clock.elapsed() < m_request.firstWait.count() + timeToAnswer;
 }
 
-Restore::Decision Restore::decide(const Pending &pending, const MovableWindow &window) const
+// When nothing else is to come, the only window that has come is the one that was opened.
+WindowMatch Restore::matchOf(const Pending &pending, const QList<MovableWindow> &live,
+                             const WindowMatches &matches) const
 {
-    const bool isRight = isInPlace(pending.saved, window);
-    if (window.isMinimised)
-        return {.why = reason::minimised};
-    if (window.isFullScreen || window.isMaximised) {
-        const auto *const why = window.isFullScreen ? reason::fullScreen : reason::maximised;
-        return isRight ? Decision{.isInPlace = true} : Decision{.why = why};
-    }
-    if (m_sightings.isMovedByUser(window.windowID))
-        return {.why = reason::movedByUser};
-    if (isRight && !pending.isAwaited)
-        return {.isInPlace = true};
-    return decideMove(pending, window, isRight);
+    const WindowMatch match = matches.value(pending.saved.id);
+    if (match.kind == WindowMatch::Kind::One || !pending.isAwaited || isComing(pending))
+        return match;
+    return m_matching.findLast(pending.saved, live, m_contents.places());
 }
 
-Restore::Decision Restore::decideMove(const Pending &pending, const MovableWindow &window, bool isRight) const
+WindowDecision Restore::decision(const Pending &pending, const MovableWindow &window) const
 {
-    const auto frame = isRight ? window.frame : WindowPlacement::fit(pending.saved, m_displays, m_mainID);
-    if (!frame || !window.canMove || (!window.canResize && isResized(window.frame, *frame)))
-        return {.why = reason::notMovable};
-    if (pending.isAwaited && !m_sightings.isStill(window.windowID, lookInterval.count()))
-        return {.why = reason::noSuchWindow, .isWaiting = true};
-    return {.move = WindowMove{window.windowID, *frame}};
+    const bool mayChange = pending.isAwaited || mayAnswer(pending);
+    const WindowLayout::WindowCircumstances circumstances{
+        .isAwaited = pending.isAwaited,
+        .wasThere = m_matching.wasThere(window.windowID),
+        .isMovedByUser = m_sightings.isMovedByUser(window.windowID),
+        .isUneasy = mayChange && !m_sightings.isStill(window.windowID, lookInterval.count())};
+    return WindowLayout::decide(pending.saved, window, circumstances, m_scene);
 }
 
-Restore::Decision Restore::decide(const Pending &pending, const QList<MovableWindow> &live) const
+WindowDecision Restore::decision(const Pending &pending, const WindowMatch &match) const
 {
-    const WindowMatch match = m_matching.find(pending.saved, live, m_contents.places());
     const bool hasPlace = !WindowLayout::savedPath(pending.saved).isEmpty();
     switch (match.kind) {
     case WindowMatch::Kind::None:
@@ -232,7 +198,7 @@ Restore::Decision Restore::decide(const Pending &pending, const QList<MovableWin
     // What was opened is sooner in a window that is to come than in one that was there and only has its title.
     if (hasPlace && m_matching.isStranger(match.window.windowID) && isComing(pending))
         return {.why = reason::noSuchWindow, .isWaiting = true};
-    return decide(pending, match.window);
+    return decision(pending, match.window);
 }
 
 QList<SavedWindow> Restore::awaited() const
@@ -250,22 +216,24 @@ QCoro::Task<void> Restore::place()
 {
     co_await m_contents.update(m_mover.windows(), awaited());
     const QList<MovableWindow> live = m_mover.windows();
-    m_sightings.look(live);
+    m_sightings.look(live, m_mover.input());
+    m_scene.activeWindow = m_mover.input().activeWindow;
+    const WindowMatches matches = m_matching.find(live, m_contents.places());
     QList<WindowMove> moves;
     QList<Pending> moved;
     QList<Pending> waiting;
     for (Pending &pending : m_pending) {
-        const Decision decision = decide(pending, live);
-        pending.why = decision.why;
-        if (decision.move) {
-            moves.append(*decision.move);
+        const WindowDecision next = decision(pending, matchOf(pending, live, matches));
+        pending.why = next.why;
+        if (next.move) {
+            moves.append(*next.move);
             moved.append(pending);
-        } else if (decision.isInPlace) {
+        } else if (next.isInPlace) {
             ++m_result.restoredCount;
-        } else if (decision.isWaiting) {
+        } else if (next.isWaiting) {
             waiting.append(pending);
         } else {
-            skip(pending.saved, decision.why);
+            skip(pending.saved, next.why);
         }
     }
     m_pending = waiting;
@@ -279,8 +247,11 @@ QCoro::Task<void> Restore::carryOut(QList<Pending> moved, QList<WindowMove> move
     for (qsizetype i = 0; i < moves.size(); ++i) {
         const MoveResult result = results.value(i, MoveResult::Refused);
         Pending &pending = moved[i];
-        pending.why = result == MoveResult::NotAnswering ? reason::notAnswering : reason::notMovable;
-        if (result == MoveResult::Placed)
+        if (result != MoveResult::Placed)
+            pending.why = result == MoveResult::NotAnswering ? reason::notAnswering : reason::notMovable;
+        else
+            m_matching.settle(pending.saved.id, moves[i].windowID);
+        if (result == MoveResult::Placed && !pending.why)
             ++m_result.restoredCount;
         else if (result == MoveResult::NotAnswering && mayAnswer(pending))
             m_pending.append(pending);
@@ -291,8 +262,7 @@ QCoro::Task<void> Restore::carryOut(QList<Pending> moved, QList<WindowMove> move
     }
 }
 
-// Applications that remember a size of their own apply it after they have shown the window. One that stands elsewhere
-// was moved by the user.
+// Applications that remember a place of their own apply it after they have shown the window.
 QCoro::Task<void> Restore::placeAgain()
 {
     QList<WindowMove> moves;
@@ -303,13 +273,25 @@ QCoro::Task<void> Restore::placeAgain()
         if (window == live.end() || m_clock.elapsed() - placed.at < timeToAdjust)
             continue;
         const bool isPlain = !window->isMaximised && !window->isFullScreen && !window->isMinimised;
-        if (isPlain && isAt(window->frame, placed.move.frame) && isResized(window->frame, placed.move.frame))
+        const bool isAway = !WindowPlacement::isNear(window->frame, placed.move.frame);
+        if (isPlain && isAway && !m_sightings.isMovedByUser(window->windowID))
             moves.append(placed.move);
     }
     const qint64 now = m_clock.elapsed();
     m_late.removeIf([&](const Placed &placed) { return now - placed.at >= timeToAdjust; });
     if (!moves.isEmpty())
         co_await m_mover.move(moves);
+}
+
+// Feels meanwhile what the user's hands do.
+QCoro::Task<void> Restore::wait(std::chrono::milliseconds time)
+{
+    while (time > 0ms) {
+        const auto part = std::min(time, feelInterval);
+        co_await QCoro::sleepFor(part);
+        time -= part;
+        m_sightings.feel(m_mover.input());
+    }
 }
 
 QCoro::Task<RestoreResult> Restore::run()
@@ -326,14 +308,14 @@ QCoro::Task<RestoreResult> Restore::run()
         co_return m_result;
     }
     m_clock.start();
-    m_sightings.look(m_mover.windows());
+    m_sightings.look(m_mover.windows(), m_mover.input());
     co_await prepare();
-    co_await QCoro::sleepFor(m_request.firstWait);
+    co_await wait(m_request.firstWait);
     if (!isStopped())
         co_await place();
     const qint64 deadline = (m_request.firstWait + m_request.patience).count();
     while (!isStopped() && ((!m_pending.isEmpty() && m_clock.elapsed() < deadline) || !m_late.isEmpty())) {
-        co_await QCoro::sleepFor(lookInterval);
+        co_await wait(lookInterval);
         co_await place();
         co_await placeAgain();
     }

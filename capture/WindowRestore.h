@@ -33,9 +33,10 @@ struct RestoreRequest {
     ResumeControl control = {};
 };
 
-// Moves the windows that are certain to be the saved ones back to where they were. What is minimised, full screen or
-// maximised elsewhere, hung or in the user's hands is left alone, and each window left alone has its reason. A window
-// that needs no move counts as restored. The desktop outlives the task. Never throws.
+// Moves the windows that are certain to be the saved ones back to where they were, on their virtual desktops and as
+// they stood. What the user has minimised, made full screen or maximised elsewhere, what hangs or is in the user's
+// hands is left alone, and each window left alone has its reason. A window that needs no move counts as restored. The
+// desktop outlives the task. Never throws.
 QCoro::Task<RestoreResult> restore(RestoreRequest request, Desktop &desktop);
 
 } // namespace ardeno::WindowLayout

@@ -10,13 +10,15 @@
 
 namespace ardeno::WindowLayout {
 
-// Where live windows were seen, and since when they have been there. Notices who moves them: once a window has stood
-// still, that is the user.
+// Where live windows were seen, and since when they have been there. Notices which of them the user moves: applications
+// and window managers move windows, too, but nobody holds a button or a key for that.
 class WindowTracker final {
 public:
     WindowTracker() { m_clock.start(); }
 
-    void look(const QList<MovableWindow> &live);
+    void look(const QList<MovableWindow> &live, const UserInput &input);
+    // Between two looks, so that no hand is missed.
+    void feel(const UserInput &input);
 
     bool isMovedByUser(quint32 windowID) const { return m_seen.value(windowID).isMovedByUser; }
 
@@ -33,9 +35,16 @@ private:
         bool isMovedByUser = false;
     };
 
+    bool isInHand(quint32 windowID, const WindowRect &from, const WindowRect &to) const;
+
     QElapsedTimer m_clock;
     QHash<quint32, TrackedWindow> m_seen;
     QHash<QString, qint64> m_news; // When an application last showed a window or changed a title.
+    UserInput m_button;            // As it was when a button, or a key, was last down.
+    UserInput m_key;
+    qint64 m_buttonAt = -1; // Milliseconds of the clock; -1: never.
+    qint64 m_keyAt = -1;
+    qint64 m_lastLook = 0;
 };
 
 } // namespace ardeno::WindowLayout

@@ -36,7 +36,7 @@ QList<SavedApp> WorkspaceCapture::applications(Workspace &workspace, const Deskt
     return apps;
 }
 
-QString WorkspaceCapture::limits(const QList<SavedApp> &apps, qsizetype windowsOutOfSight)
+QString WorkspaceCapture::limits(const QList<SavedApp> &apps)
 {
     QString text;
     QStringList names;
@@ -47,9 +47,6 @@ QString WorkspaceCapture::limits(const QList<SavedApp> &apps, qsizetype windowsO
     if (!names.isEmpty())
         text += ' ' + storedText("Not among the installed apps, so saved by the name of their windows: %1.")
                           .arg(names.join(u", "_qs));
-    if (windowsOutOfSight > 0)
-        text += ' ' + storedText("%n windows were minimised or on another workspace: what they show is not saved.",
-                                 windowsOutOfSight);
     return text;
 }
 

@@ -17,7 +17,7 @@ namespace WorkspaceCapture {
 QList<SavedApp> applications(Workspace &workspace, const DesktopRoles &roles, const QSet<QString> &excludedAppIDs);
 
 // What a checkpoint of these applications cannot do or does not hold, for its note: each sentence begins with a space.
-QString limits(const QList<SavedApp> &apps, qsizetype windowsOutOfSight);
+QString limits(const QList<SavedApp> &apps);
 
 } // namespace WorkspaceCapture
 

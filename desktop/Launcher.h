@@ -52,7 +52,8 @@ public:
     virtual Capability availability() const = 0;
     // Whether the application can be opened by its identifier.
     virtual bool isInstalled(const QString &appID) = 0;
-    // With these files and folders, or as it starts by itself. Throws Failure.
+    // With these files and folders, each in a window of its own where the application can be asked for one, or as it
+    // starts by itself. Throws Failure.
     virtual QCoro::Task<void> openApplication(QString appID, QStringList paths) = 0;
     // Files and folders with the application that the user has chosen for their kind. Throws Failure.
     virtual QCoro::Task<void> openPath(QString path) = 0;

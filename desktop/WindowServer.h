@@ -31,6 +31,8 @@ struct WindowInfo {
     std::optional<WindowRect> frame = {};      // Incl. decoration, without client-side shadows.
     bool isNormalLayer = false;                // Not a panel, menu, dock, overlay or dialog.
     bool isOnScreen = true;                    // Not minimised, and on the current desktop.
+    std::optional<quint32> desktop = {};       // The number of its virtual desktop; absent on all of them.
+    std::optional<QList<QString>> states = {}; // Words of WindowStates; absent when nobody looks after the window.
 
     bool operator==(const WindowInfo &) const = default;
 };
@@ -43,6 +45,10 @@ public:
     virtual Capability availability() const = 0;
     // In the desktop's own order; the main display need not come first.
     virtual QList<Display> displays() = 0;
+
+    // The names of the virtual desktops in their order, empty ones for those without; fewer than two tell nothing.
+    virtual QList<QString> virtualDesktops() { return {}; }
+
     // Front to back, incl. those that are not on screen now.
     virtual QList<WindowInfo> allWindows() = 0;
 

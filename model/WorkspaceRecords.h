@@ -130,6 +130,9 @@ struct SavedWindow {
     std::optional<QString> displayName = {};
     std::optional<QString> locationURL = {}; // Path of the folder shown by a file browser.
     std::optional<QString> documentURL = {}; // Path of the document shown by any other window.
+    std::optional<qint64> desktop = {};      // The number of its virtual desktop, from 0, where there are several.
+    std::optional<QString> desktopName = {};
+    std::optional<QList<QString>> states = {}; // Words of WindowStates. Absent: not known. Empty: a plain window.
 
     bool operator==(const SavedWindow &) const = default;
 
@@ -148,6 +151,9 @@ struct SavedWindow {
             Field{"displayName", &SavedWindow::displayName},
             Field{"locationURL", &SavedWindow::locationURL},
             Field{"documentURL", &SavedWindow::documentURL},
+            Field{"desktop", &SavedWindow::desktop},
+            Field{"desktopName", &SavedWindow::desktopName},
+            Field{"states", &SavedWindow::states},
         };
     }
 };

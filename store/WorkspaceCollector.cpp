@@ -33,7 +33,7 @@ QCoro::Task<void> WorkspaceCollector::collect(Checkpoint *checkpoint, QString me
     checkpoint->tabs.clear();
     checkpoint->captureNote = u"Open apps captured. Browser capture was off."_qs;
     // What windows and browsers show is read while the picture is taken.
-    const QCoro::Task<WindowLayout::Captured> looking =
+    const QCoro::Task<QList<SavedWindow>> looking =
         WindowLayout::capture(checkpoint->apps, m_desktop, m_rules.exclusions(), QCoreApplication::applicationPid());
     std::optional<QCoro::Task<WorkspaceCapture::OpenTabs>> reading;
     if (withTabs)
@@ -44,8 +44,8 @@ QCoro::Task<void> WorkspaceCollector::collect(Checkpoint *checkpoint, QString me
     } catch (...) {
         failure = std::current_exception(); // What is being read is awaited all the same.
     }
-    const WindowLayout::Captured seen = co_await looking;
-    checkpoint->windows = seen.windows;
+    const QList<SavedWindow> seen = co_await looking;
+    checkpoint->windows = seen;
     QString unread;
     if (reading) {
         const WorkspaceCapture::OpenTabs open = co_await *reading;
@@ -54,7 +54,7 @@ QCoro::Task<void> WorkspaceCollector::collect(Checkpoint *checkpoint, QString me
         if (!open.unreadBrowserNames.isEmpty())
             unread = ' ' + *open.warning;
     }
-    const QString missing = WorkspaceCapture::limits(checkpoint->apps, seen.outOfSight);
+    const QString missing = WorkspaceCapture::limits(checkpoint->apps);
     checkpoint->captureNote += missing;
     if (limits)
         *limits = unread + missing;
@@ -81,12 +81,11 @@ QCoro::Task<WorkspaceCapture::OpenTabs> WorkspaceCollector::capturedTabs()
 QCoro::Task<QList<SavedWindow>> WorkspaceCollector::capturedWindows(QList<SavedApp> apps)
 {
     CaptureExclusions rules;
-    WindowLayout::Captured captured;
+    QList<SavedWindow> windows;
     do { // A rule may be added meanwhile.
         rules = m_rules.exclusions();
-        captured = co_await WindowLayout::capture(apps, m_desktop, rules, QCoreApplication::applicationPid());
+        windows = co_await WindowLayout::capture(apps, m_desktop, rules, QCoreApplication::applicationPid());
     } while (rules != m_rules.exclusions());
-    QList<SavedWindow> windows = captured.windows;
     const QSet<QString> excluded = m_rules.exclusions().appIDs();
     windows.removeIf([&](const SavedWindow &window) { return excluded.contains(window.appID); });
     co_return windows;

@@ -1775,6 +1775,14 @@ für die Arbeit.</translation>
         <translation>von Ihnen bewegt</translation>
     </message>
     <message>
+        <source>its virtual desktop is gone</source>
+        <translation>seine virtuelle Arbeitsfläche gibt es nicht mehr</translation>
+    </message>
+    <message>
+        <source>you are working in it</source>
+        <translation>Sie arbeiten gerade darin</translation>
+    </message>
+    <message>
         <source>There is no session bus: folders and documents of windows are not found, the desktop’s appearance is not followed, commands do not reach this window, and closing it quits Ardeno.</source>
         <translation>Es gibt keinen Sitzungsbus: Ordner und Dokumente von Fenstern werden nicht gefunden, das Aussehen folgt nicht dem Desktop, Befehle erreichen dieses Fenster nicht, und Schließen beendet Ardeno.</translation>
     </message>

@@ -171,12 +171,5 @@
             <numerusform>Delete “%1” and all %n checkpoints, including their local screenshots and recordings? This cannot be undone.</numerusform>
         </translation>
     </message>
-    <message numerus="yes">
-        <source>%n windows were minimised or on another workspace: what they show is not saved.</source>
-        <translation>
-            <numerusform>%n window was minimised or on another workspace: what it shows is not saved.</numerusform>
-            <numerusform>%n windows were minimised or on another workspace: what they show is not saved.</numerusform>
-        </translation>
-    </message>
 </context>
 </TS>

@@ -112,6 +112,34 @@ TEST_CASE_FIXTURE(TwoDisplays, "only windows that belong to a layout are recorde
     }
 }
 
+TEST_CASE_FIXTURE(TwoDisplays, "windows out of sight are recorded with their virtual desktops and how they stand")
+{
+    memory.virtualDesktops = {"Work", ""};
+    memory.windows = {editorWindow(), editorWindow(), editorWindow(), editorWindow()};
+    memory.windows[0].states = {"minimised", "above"};
+    memory.windows[0].desktop = 0;
+    memory.windows[1].desktop = 1;
+    memory.windows[1].states = QList<QString>();
+    memory.windows[2].states = {"onAllDesktops"};
+    for (WindowInfo &window : memory.windows)
+        window.isOnScreen = false; // Nobody looks after the last one.
+
+    QList<SavedWindow> windows = layout(editor);
+
+    REQUIRE(windows.size() == 3);
+    CHECK(windows[0].states == QList<QString>{"minimised", "above"});
+    CHECK(windows[0].desktop == 0);
+    CHECK(windows[0].desktopName == "Work");
+    CHECK(windows[1].states == QList<QString>());
+    CHECK(windows[1].desktop == 1);
+    CHECK_FALSE(windows[1].desktopName.has_value());
+    CHECK_FALSE(windows[2].desktop.has_value());
+
+    memory.virtualDesktops = {"The only one"};
+    windows = layout(editor);
+    CHECK_FALSE(windows[0].desktop.has_value());
+}
+
 TEST_CASE_FIXTURE(TwoDisplays, "without a display or an application no window is recorded")
 {
     memory.windows = {editorWindow()};
@@ -196,7 +224,7 @@ TEST_CASE("folders belong to windows of file browsers, documents to all others, 
     desktop.roles.fileBrowserIDs = {"files"};
     const QList<SavedApp> apps = {{"files", "Files"}, {"editor", "Editor"}};
 
-    const QList<SavedWindow> layout = blockOn(WindowLayout::capture(apps, desktop, {}, ownProcessID)).windows;
+    const QList<SavedWindow> layout = blockOn(WindowLayout::capture(apps, desktop, {}, ownProcessID));
 
     REQUIRE(layout.size() == 3);
     CHECK(layout[0].locationURL == "/home/me/Thesis");
@@ -223,7 +251,7 @@ TEST_CASE("a browser's window has a title only while it certainly shows an ordin
     const QList<SavedApp> apps = {{"browser", "Browser"}, {"editor", "Editor"}};
     const auto titles = [&](const CaptureExclusions &rules) {
         QStringList all;
-        for (const SavedWindow &window : blockOn(WindowLayout::capture(apps, desktop, rules, ownProcessID)).windows)
+        for (const SavedWindow &window : blockOn(WindowLayout::capture(apps, desktop, rules, ownProcessID)))
             all += window.title;
         return all;
     };

@@ -89,6 +89,23 @@ TEST_CASE_FIXTURE(RestoreFixture, "only windows that are certain go back, and ea
     CHECK(memory.moves.first(3) == QList<WindowMove>{{1, savedFrame}, {8, savedFrame}, {9, savedFrame}});
 }
 
+TEST_CASE_FIXTURE(RestoreFixture, "two saved windows of one title are never put on the one that is left")
+{
+    save("app", "Untitled");
+    save("app", "Untitled", {330, 230, 800, 600});
+    open(1, "app", "Untitled");
+    SUBCASE("it stands in neither place")
+    {
+        CHECK(skipped(run()) == QStringList{"Untitled: several with that title", "Untitled: several with that title"});
+    }
+    SUBCASE("it stands in one of them")
+    {
+        memory.movable[0].frame = savedFrame;
+        CHECK(skipped(run()) == QStringList{"Untitled: shown in another window"});
+    }
+    CHECK(memory.moves.isEmpty());
+}
+
 TEST_CASE_FIXTURE(RestoreFixture, "a window that cannot be resized is still moved when its size is right")
 {
     save("app", "fixed", {500, 500, otherFrame.width, otherFrame.height});
@@ -110,9 +127,115 @@ TEST_CASE_FIXTURE(RestoreFixture, "a window that the user moves before it is pla
     save("app", "window");
     open(1, "app", "window");
     request.firstWait = 600ms;
-    QTimer::singleShot(500, [&] { memory.movable[0].frame = {300, 300, 400, 300}; });
-    CHECK(skipped(run()) == QStringList{"window: moved by you"});
-    CHECK(memory.moves.isEmpty());
+    bool isUser = true;
+    SUBCASE("dragged, and let go before it is looked at")
+    {
+        memory.input = {.x = 100, .y = 15, .isButtonDown = true};
+    }
+    SUBCASE("by keys")
+    {
+        memory.input = {.isKeyDown = true, .activeWindow = 1};
+    }
+    SUBCASE("a button elsewhere, while the application moves it")
+    {
+        memory.input = {.x = 1500, .y = 900, .isButtonDown = true};
+        isUser = false;
+    }
+    SUBCASE("keys for another window")
+    {
+        memory.input = {.isKeyDown = true, .activeWindow = 2};
+        isUser = false;
+    }
+    SUBCASE("nobody touches anything")
+    {
+        isUser = false;
+    }
+    QTimer::singleShot(400, [&] { memory.movable[0].frame = {300, 300, 400, 300}; });
+    QTimer::singleShot(450, [&] { memory.input = {}; });
+    const RestoreResult result = run();
+    CHECK(skipped(result) == (isUser ? QStringList{"window: moved by you"} : QStringList()));
+    CHECK(memory.moves.isEmpty() == isUser);
+}
+
+TEST_CASE_FIXTURE(RestoreFixture,
+                  "windows come back to their virtual desktops and as they stood; the user's keep theirs")
+{
+    memory.virtualDesktops = {"Work", "Mail"};
+    const auto saveAs = [this](const QString &title, const QList<QString> &states, qint64 number, const QString &name) {
+        SavedWindow &window = save("app", title);
+        window.states = states;
+        window.desktop = number;
+        window.desktopName = name;
+        request.awaitedIDs.insert(window.id);
+    };
+    const auto openOn = [this](quint32 id, const QString &title, const QList<QString> &states, quint32 number) {
+        MovableWindow &window = open(id, "app", title);
+        window.states = states;
+        window.desktop = number;
+        window.isMinimised = states.contains("minimised");
+        window.isMaximised = states.contains("maximisedAcross");
+        return window.windowID;
+    };
+    const QList<QString> full = {"maximisedAcross", "maximisedDown"};
+
+    SUBCASE("of windows that were there")
+    {
+        saveAs("away", {}, 0, "Mail"); // The name counts: desktops were put in another order.
+        saveAs("small", {"minimised"}, 0, "Work");
+        saveAs("front", {"minimised"}, 1, "Mail");
+        saveAs("wide", full, 0, "Work");
+        saveAs("pinned", {}, 0, "Work");
+        saveAs("lost", {}, 7, "Play");
+        saveAs("hidden", {}, 0, "Work");
+        saveAs("spread", {}, 0, "Work");
+        openOn(1, "away", {}, 0);
+        openOn(2, "small", {}, 0);
+        memory.input.activeWindow = openOn(3, "front", {}, 0);
+        openOn(4, "wide", {}, 0);
+        openOn(5, "pinned", {"above"}, 0);
+        openOn(6, "lost", {}, 0);
+        openOn(7, "hidden", {"minimised"}, 0);
+        openOn(8, "spread", full, 0);
+        request.awaitedIDs.clear();
+        CHECK(skipped(run()) == QStringList{"hidden: minimised", "spread: maximised", "front: you are working in it",
+                                            "lost: its virtual desktop is gone"});
+        CHECK(memory.movable[0].desktop == 1);
+        CHECK(memory.movable[1].states == QList<QString>{"minimised"});
+        CHECK_MESSAGE(memory.movable[2].states == QList<QString>(), "nothing is taken from under the user's hands");
+        CHECK(memory.movable[2].desktop == 0);
+        CHECK(memory.movable[3].states == full);
+        CHECK(memory.movable[4].states == QList<QString>{"above"});
+        CHECK_MESSAGE(memory.movable[5].frame == savedFrame, "as far as can be");
+        memory.moves.clear();
+        memory.input.activeWindow = 0;
+        for (MovableWindow &window : memory.movable) {
+            window.isMinimised = window.states->contains("minimised");
+            window.isMaximised = window.states->contains("maximisedAcross");
+        }
+        run();
+        CHECK_MESSAGE(memory.moves.size() == 1, "only what the user worked with");
+    }
+    SUBCASE("of windows that came with it")
+    {
+        saveAs("plain", {}, 1, "Mail");
+        saveAs("wide", full, 0, "Work");
+        QTimer::singleShot(100, [&] {
+            openOn(1, "plain", full, 0); // Such an application maximises itself.
+            openOn(2, "wide", {}, 0);
+        });
+        CHECK(run().restoredCount == 2);
+        CHECK(memory.movable[0].states == QList<QString>());
+        CHECK(memory.movable[0].frame == savedFrame);
+        CHECK(memory.movable[0].desktop == 1);
+        CHECK(memory.movable[1].states == full);
+    }
+    SUBCASE("nothing is known of how it stood")
+    {
+        saveAs("plain", {}, 0, "Work");
+        request.windows[0].states.reset();
+        QTimer::singleShot(100, [&] { openOn(1, "plain", full, 0); });
+        CHECK(skipped(run()) == QStringList{"plain: maximised"});
+    }
 }
 
 TEST_CASE_FIXTURE(RestoreFixture, "late windows of started applications are awaited, those of others are not")
@@ -160,8 +283,8 @@ TEST_CASE_FIXTURE(RestoreFixture, "titles that do not come back are waited for o
 
     const RestoreResult result = run();
 
-    CHECK(result.restoredCount == 2);
-    CHECK(skipped(result) == QStringList{"me@host: ~/work: no such window"});
+    CHECK_MESSAGE(result.restoredCount == 3, "the terminal's only window, once no title is to come any more");
+    CHECK(memory.movable[0].frame == savedFrame);
 }
 
 TEST_CASE_FIXTURE(RestoreFixture, "without consent nothing is counted, without a way to move everything is skipped")

@@ -18,6 +18,8 @@ public:
 
     QList<MovableWindow> windows() override { return m_desktop.movable; }
 
+    UserInput input() override { return m_desktop.input; }
+
     QCoro::Task<QList<MoveResult>> move(QList<WindowMove> moves) override
     {
         QList<MoveResult> results;
@@ -33,9 +35,18 @@ private:
         m_desktop.moves.append(move);
         for (MovableWindow &window : m_desktop.movable) {
             if (window.windowID == move.windowID && result == MoveResult::Placed)
-                window.frame = move.frame;
+                carryOut(move, &window);
         }
         return result;
+    }
+
+    static void carryOut(const WindowMove &move, MovableWindow *window)
+    {
+        window->frame = move.frame;
+        if (move.desktop)
+            window->desktop = move.desktop;
+        if (move.states)
+            window->states = move.states;
     }
 };
 

@@ -20,6 +20,7 @@ struct InMemoryDesktop {
     QList<ApplicationMarks> marksTold = {};
     std::function<void()> applicationsChanged = {}; // To be called by the test; empty: nobody wants to know.
     QList<Display> displays = {};
+    QList<QString> virtualDesktops = {};
     QList<WindowInfo> windows = {};
     BrowserWindows browserWindows = {};
     QHash<QString, QString> tabRecords = {}; // Of each running browser; a null text: it cannot be read.
@@ -36,6 +37,7 @@ struct InMemoryDesktop {
     QList<CanvasRequest> requests = {};
     Capability moving = Capability::available();
     QList<MovableWindow> movable = {};
+    UserInput input = {};
     QList<WindowMove> moves = {};                // Carried out, unless the window refuses.
     QHash<quint32, MoveResult> moveResults = {}; // Of windows that do not simply obey.
     QStringList opened =

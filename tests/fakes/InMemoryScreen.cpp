@@ -17,6 +17,8 @@ public:
 
     QList<Display> displays() override { return m_desktop.displays; }
 
+    QList<QString> virtualDesktops() override { return m_desktop.virtualDesktops; }
+
     QList<WindowInfo> allWindows() override { return m_desktop.windows; }
 };
 

@@ -98,6 +98,15 @@ TEST_CASE("a checkpoint is written compactly, in order, without what is absent")
           R"("tabs":[{"id":"0A1B2C3D-4E5F-6071-8293-A4B5C6D7E8F9","title":"עברית مرحبا",)"
           R"("url":"https://example.org/","window":-1}],"captureNote":"","isSample":false,"isExample":false})");
     CHECK(isSame(json::decode<Checkpoint>(json::encode(fullCheckpoint())), fullCheckpoint()));
+
+    Checkpoint stood = fullCheckpoint();
+    SavedWindow &window = stood.windows->first();
+    window.desktop = 1;
+    window.desktopName = "Mail";
+    window.states = {"minimised", "a word of later days"};
+    const QByteArray written = json::encode(stood);
+    CHECK(written.contains(R"("desktop":1,"desktopName":"Mail","states":["minimised","a word of later days"]})"));
+    CHECK(isSame(json::decode<Checkpoint>(written), stood));
 }
 
 TEST_CASE("every text comes back as it was, and other readers agree on it")

@@ -83,22 +83,60 @@ TEST_CASE_FIXTURE(RightWindowFixture, "a folder of the same name elsewhere stays
     outputOf("thunar", {"-q"});
 }
 
-TEST_CASE_FIXTURE(RightWindowFixture, "an editor's window that is right stays so when the missing text becomes its tab")
+TEST_CASE_FIXTURE(RightWindowFixture, "a missing text comes back in a window of its own, once, and nothing else moves")
 {
     const QStringList texts = {write("first.txt", "1\n"), write("second.txt", "2\n")};
     const Application editor("mousepad", QStringList{"--opening-mode=window"} + texts);
     place("first.txt", "120,90,700,500");
     place("second.txt", "250,220,700,500");
-    windows(home.path());
+    const QStringList before = windows("first.txt");
     const QString id = saved("first.txt", "documentURL");
     const QStringList right = windows("second.txt");
     outputOf("wmctrl", {"-c", "first.txt"});
-    REQUIRE(eventually([] { return windows("first.txt").isEmpty(); }));
+    REQUIRE(eventually([&] { return windows("first.txt").isEmpty(); }));
     for (int round = 0; round < 3; ++round) {
         CAPTURE(round);
         const ProgramResult result = run({"resume", id, "--json"});
         CAPTURE(result.out);
-        CHECK_MESSAGE(outcome(result).value("documents") == (round == 0 ? 1 : 0), "open in a tab");
-        CHECK(windows(home.path()) == right);
+        CHECK(outcome(result).value("documents") == (round == 0 ? 1 : 0));
+        CHECK(windows("second.txt") == right);
+        REQUIRE(windows("first.txt").size() == 1);
+        CHECK(windows("first.txt").first().section(' ', 1) == before.first().section(' ', 1));
     }
+}
+
+TEST_CASE_FIXTURE(RightWindowFixture, "what was out of sight is saved, and comes back there without anybody following")
+{
+    outputOf("wmctrl", {"-n", "2"});
+    const QStringList texts = {write("small.note", "1\n"), write("away.note", "2\n"), write("wide.note", "3\n")};
+    const Application editor("mousepad", QStringList{"--opening-mode=window"} + texts);
+    const auto now = [&](const char *title) {
+        const QString number = windows(title).value(0).section(' ', 0, 0);
+        QString text = outputOf("xprop", {"-id", number, "_NET_WM_STATE", "_NET_WM_DESKTOP"});
+        return text.remove("_NET_WM_STATE_DEMANDS_ATTENTION"); // It came while the user was elsewhere.
+    };
+    for (const char *title : {"small.note", "away.note", "wide.note"})
+        place(title, "120,90,700,500");
+    outputOf("xdotool", {"windowminimize", windows("small.note").first().section(' ', 0, 0)});
+    outputOf("wmctrl", {"-r", "away.note", "-t", "1"});
+    outputOf("wmctrl", {"-r", "wide.note", "-b", "add,maximized_vert,maximized_horz"});
+    const QString id = saved("small.note", "documentURL");
+    QStringList before;
+    for (const char *title : {"small.note", "away.note", "wide.note"}) {
+        before += now(title);
+        outputOf("wmctrl", {"-ic", windows(title).first().section(' ', 0, 0)});
+    }
+    CAPTURE(outputOf("wmctrl", {"-lG"}));
+    REQUIRE(eventually([&] { return windows(".note").isEmpty(); }));
+
+    const ProgramResult result = run({"resume", id, "--json"});
+
+    CAPTURE(result.out);
+    CHECK(outcome(result).value("windowsRestored") == 3);
+    CHECK(QStringList{now("small.note"), now("away.note"), now("wide.note")} == before);
+    CHECK(before[0].contains("HIDDEN"));
+    CHECK(before[1].contains("= 1"));
+    CHECK(before[2].contains("MAXIMIZED"));
+    CHECK(outputOf("xprop", {"-root", "_NET_CURRENT_DESKTOP"}).contains("= 0"));
+    outputOf("wmctrl", {"-n", "1"});
 }

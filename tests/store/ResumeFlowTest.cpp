@@ -238,7 +238,7 @@ TEST_CASE_FIXTURE(ResumeFixture, "folders, documents and window places follow th
     CHECK(report.outcome.failures.filter("far.pdf (its disk did not answer)").size() == 1);
     CHECK(report.outcome.failures.filter("far (its disk did not answer)").size() == 1);
     REQUIRE(report.layout.has_value());
-    CHECK(report.layout->restoredCount == 3);
+    CHECK(report.layout->restoredCount == 4);
     CHECK(report.layout->skippedCount == report.layout->skipped.size());
 }
 

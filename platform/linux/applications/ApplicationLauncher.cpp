@@ -20,6 +20,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto lookInterval = 50ms;
+constexpr auto timeToShow = 8s;    // Its first window, before it is asked for a further one.
 constexpr auto timeToLaunch = 10s; // A file browser may have to be started, a program come from a slow disk.
 
 // What a browser is told, with windows of it open or not. Firefox makes a window for several pages at once, and opens a
@@ -103,8 +104,19 @@ QCoro::Task<DesktopLaunch::Processes> ApplicationLauncher::launch(DesktopEntry e
 QCoro::Task<void> ApplicationLauncher::openApplication(QString appID, QStringList paths)
 {
     const DesktopEntry found = entry(appID);
-    const auto work = [found, paths] { return DesktopLaunch::open(found, paths); };
-    co_await launch(found, paths, work);
+    if (paths.isEmpty()) {
+        const auto work = [found, paths] { return DesktopLaunch::open(found, paths); };
+        co_await launch(found, paths, work);
+    }
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        const QStringList path{paths[i]};
+        const qsizetype before = windowsOf(found.id);
+        const auto work = [found, path] { return DesktopLaunch::openSeparately(found, path.first()); };
+        const auto started = co_await launch(found, path, work);
+        // What shares a process must be there before it can be asked for a further window.
+        if (before == 0 && i + 1 < paths.size())
+            co_await waitForWindow(found.id, before, started, timeToShow);
+    }
 }
 
 QCoro::Task<void> ApplicationLauncher::openPath(QString path)
@@ -147,7 +159,7 @@ QCoro::Task<void> ApplicationLauncher::openPages(QString appID, QStringList addr
     const auto started = co_await launchPages(found, addresses, place);
     // What is asked of a browser that is only starting may end up in its first window.
     if (place == PagePlace::NewWindow && !appID.isEmpty())
-        co_await waitForWindow(found.id, before, started);
+        co_await waitForWindow(found.id, before, started, before > 0 ? 5s : 15s);
 }
 
 qsizetype ApplicationLauncher::windowsOf(const QString &appID) const
@@ -158,9 +170,10 @@ qsizetype ApplicationLauncher::windowsOf(const QString &appID) const
                          [&](const LiveWindow &window) { return window.applicationID == appID && !window.isDialog; });
 }
 
-QCoro::Task<void> ApplicationLauncher::waitForWindow(QString appID, qsizetype before, DesktopLaunch::Processes started)
+QCoro::Task<void> ApplicationLauncher::waitForWindow(QString appID, qsizetype before, DesktopLaunch::Processes started,
+                                                     std::chrono::seconds patience)
 {
-    const QDeadlineTimer deadline(before > 0 ? 5s : 15s);
+    const QDeadlineTimer deadline(patience);
     // What hands over to a running browser ends before there is a window.
     while (windowsOf(appID) <= before && (before > 0 || areRunning(started)) && !deadline.hasExpired())
         co_await QCoro::sleepFor(lookInterval);

@@ -8,6 +8,7 @@
 #include "platform/linux/browsers/SavedWindowFinder.h"
 #include "platform/linux/running/ChildProcesses.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -45,7 +46,8 @@ private:
     void watch(const DesktopEntry &entry, const QStringList &contents, const DesktopLaunch::Processes &processes);
     QCoro::Task<DesktopLaunch::Processes> launchPages(const DesktopEntry &entry, const QStringList &addresses,
                                                       PagePlace place);
-    QCoro::Task<void> waitForWindow(QString appID, qsizetype before, DesktopLaunch::Processes started);
+    QCoro::Task<void> waitForWindow(QString appID, qsizetype before, DesktopLaunch::Processes started,
+                                    std::chrono::seconds patience);
     QCoro::Task<void> waitForEnd(DesktopLaunch::Processes processes);
     qsizetype windowsOf(const QString &appID) const;
     bool areRunning(const DesktopLaunch::Processes &processes) const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/applications/DesktopLaunch.h"
 
+#include "platform/linux/applications/SeparateWindows.h"
 #include "platform/linux/bus/BusActivation.h"
 #include "support/Failure.h"
 
@@ -12,6 +13,8 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include <algorithm>
+#include <array>
 #include <csignal>
 #include <memory>
 #include <unistd.h>
@@ -107,9 +110,8 @@ QList<QByteArray> withAddresses(const QList<QByteArray> &command, const QStringL
     return words;
 }
 
-QList<QByteArray> commandOf(GDesktopAppInfo *info)
+QList<QByteArray> wordsOf(const char *line)
 {
-    const char *line = g_app_info_get_commandline(G_APP_INFO(info));
     int count = 0;
     char **words = nullptr;
     GError *error = nullptr;
@@ -118,6 +120,52 @@ QList<QByteArray> commandOf(GDesktopAppInfo *info)
     const QList<QByteArray> command(words, words + count);
     g_strfreev(words);
     return command;
+}
+
+QList<QByteArray> commandOf(GDesktopAppInfo *info)
+{
+    return wordsOf(g_app_info_get_commandline(G_APP_INFO(info)));
+}
+
+// Of the action by which many applications offer a further window, where it says that it takes something to show: some
+// open an empty window whatever they are given.
+QList<QByteArray> newWindowCommand(const DesktopEntry &entry)
+{
+    GKeyFile *file = g_key_file_new();
+    g_key_file_load_from_file(file, QFile::encodeName(entry.path).constData(), G_KEY_FILE_NONE, nullptr);
+    char *line = g_key_file_get_string(file, "Desktop Action new-window", G_KEY_FILE_DESKTOP_KEY_EXEC, nullptr);
+    g_key_file_unref(file);
+    const QByteArray owned(line);
+    g_free(line);
+    const QList<QByteArray> words = owned.isEmpty() ? QList<QByteArray>() : wordsOf(owned.constData());
+    const auto takesPath = [](const QByteArray &word) {
+        return word.size() == 2 && QByteArray("%f%F%u%U").contains(word);
+    };
+    return std::any_of(words.begin(), words.end(), takesPath) ? words : QList<QByteArray>();
+}
+
+// The command that shows one thing in a window of its own; empty when none is known.
+QList<QByteArray> separateCommand(const DesktopEntry &entry)
+{
+    for (const SeparateWindows::Known &known : SeparateWindows::known) {
+        if (known.application.compare(entry.id, Qt::CaseInsensitive) == 0)
+            return withAddresses(commandOf(appInfo(entry).get()), {known.word.toString()});
+    }
+    return newWindowCommand(entry);
+}
+
+DesktopLaunch::Processes start(QList<QByteArray> words)
+{
+    std::vector<char *> arguments;
+    for (QByteArray &word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    QByteArray home = QFile::encodeName(QDir::homePath());
+    GPid pid = 0;
+    GError *error = nullptr;
+    if (!g_spawn_async(nullptr, arguments.data(), nullptr, spawnFlags, prepareProcess, home.data(), &pid, &error))
+        fail(error);
+    return {pid};
 }
 
 QString fileID(GAppInfo *info)
@@ -185,17 +233,13 @@ std::optional<KnownBrowser> DesktopLaunch::browserOf(const DesktopEntry &entry)
 
 DesktopLaunch::Processes DesktopLaunch::openAddresses(const DesktopEntry &entry, const QStringList &addresses)
 {
-    QList<QByteArray> words = withAddresses(commandOf(appInfo(entry).get()), addresses);
-    std::vector<char *> arguments;
-    for (QByteArray &word : words)
-        arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    QByteArray home = QFile::encodeName(QDir::homePath());
-    GPid pid = 0;
-    GError *error = nullptr;
-    if (!g_spawn_async(nullptr, arguments.data(), nullptr, spawnFlags, prepareProcess, home.data(), &pid, &error))
-        fail(error);
-    return {pid};
+    return start(withAddresses(commandOf(appInfo(entry).get()), addresses));
+}
+
+DesktopLaunch::Processes DesktopLaunch::openSeparately(const DesktopEntry &entry, const QString &path)
+{
+    const QList<QByteArray> command = separateCommand(entry);
+    return command.isEmpty() ? open(entry, {path}) : start(withAddresses(command, {path}));
 }
 
 void DesktopLaunch::showInFileBrowser(const QString &path)

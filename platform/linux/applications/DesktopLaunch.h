@@ -23,6 +23,9 @@ using Processes = QList<pid_t>;
 // Starts the application of a desktop file, or asks the running one, with these files and folders.
 Processes open(const DesktopEntry &entry, const QStringList &paths);
 
+// The same with one of them, in a window of its own where the application can be asked for one.
+Processes openSeparately(const DesktopEntry &entry, const QString &path);
+
 // Starts the application of a desktop file with these words in the place that its command has for addresses.
 Processes openAddresses(const DesktopEntry &entry, const QStringList &words);
 

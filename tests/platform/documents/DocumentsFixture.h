@@ -50,7 +50,7 @@ public:
         QList<SavedApp> apps;
         for (const WindowInfo &window : desktop.windowServer->windows())
             apps.append({window.applicationID.value_or(QString()), window.applicationName});
-        return blockOn(WindowLayout::capture(apps, desktop, {}, QCoreApplication::applicationPid())).windows;
+        return blockOn(WindowLayout::capture(apps, desktop, {}, QCoreApplication::applicationPid()));
     }
 
     // What the windows of this application show: absent when nothing is certain.

@@ -87,7 +87,7 @@ TEST_CASE_FIXTURE(SessionFixture, "only ordinary windows are of the normal layer
         {"no type", {}, {}, true, true},
         {"a dialog", {"_NET_WM_WINDOW_TYPE_DIALOG"}, {}, true, true},
         {"an unknown type first", {"_TEST_TYPE", "_NET_WM_WINDOW_TYPE_NORMAL"}, {}, true, true},
-        {"kept above", {}, {"_NET_WM_STATE_ABOVE"}, false, true},
+        {"kept above", {}, {"_NET_WM_STATE_ABOVE"}, true, true},
         {"a tool", {"_NET_WM_WINDOW_TYPE_UTILITY"}, {}, false, false},
         {"a dock that could be a window", {"_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_NORMAL"}, {}, false, false},
         {"a splash", {"_NET_WM_WINDOW_TYPE_SPLASH"}, {}, false, false},

@@ -27,8 +27,10 @@ constexpr std::array<const char *, static_cast<size_t>(X11Atom::Count)> atomName
     "_NET_CLIENT_LIST_STACKING",
     "_NET_WM_CM_S", // The number of the screen follows.
     "_NET_CURRENT_DESKTOP",
+    "_NET_DESKTOP_NAMES",
     "_NET_FRAME_EXTENTS",
     "_NET_MOVERESIZE_WINDOW",
+    "_NET_NUMBER_OF_DESKTOPS",
     "_NET_SHOWING_DESKTOP",
     "_NET_SUPPORTED",
     "_NET_SUPPORTING_WM_CHECK",
@@ -61,6 +63,7 @@ constexpr std::array<const char *, static_cast<size_t>(X11Atom::Count)> atomName
     "_NET_WM_WINDOW_TYPE_UTILITY",
     "_XROOTPMAP_ID",
     "UTF8_STRING",
+    "WM_CHANGE_STATE",
     "WM_PROTOCOLS",
     "WM_STATE",
 };

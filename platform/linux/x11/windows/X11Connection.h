@@ -28,8 +28,10 @@ enum class X11Atom {
     NetClientListStacking,
     NetCompositorSelection, // Of the screen in use.
     NetCurrentDesktop,
+    NetDesktopNames,
     NetFrameExtents,
     NetMoveResizeWindow,
+    NetNumberOfDesktops,
     NetShowingDesktop,
     NetSupported,
     NetSupportingWmCheck,
@@ -62,6 +64,7 @@ enum class X11Atom {
     NetWmWindowTypeUtility,
     RootPixmap,
     Utf8String,
+    WmChangeState,
     WmProtocols,
     WmState,
     Count

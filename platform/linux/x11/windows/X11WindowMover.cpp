@@ -3,17 +3,15 @@
 
 #include "platform/linux/x11/windows/WindowOwners.h"
 #include "platform/linux/x11/windows/WindowTree.h"
-#include "platform/linux/x11/windows/X11Messages.h"
-#include "platform/linux/x11/windows/X11Ping.h"
-#include "platform/linux/x11/windows/X11Placement.h"
+#include "platform/linux/x11/windows/X11Moves.h"
 #include "platform/linux/x11/windows/X11Property.h"
+#include "platform/linux/x11/windows/X11WindowStates.h"
 #include "platform/linux/x11/windows/X11Windows.h"
 
-#include <QCoroTimer>
-#include <QElapsedTimer>
 #include <QHash>
 
-#include <chrono>
+#include <algorithm>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -21,161 +19,42 @@ namespace ardeno {
 
 namespace {
 
-using namespace std::chrono_literals;
-
-// Milliseconds in which a window manager carries out a request: the slowest one seen takes 110.
-constexpr qint64 timeForRequest = 400;
-// A window that is constrained on the way is at its place after the second round at the latest.
-constexpr int rounds = 2;
-
-// What may be done with a window.
-class StateQuestion final {
-public:
-    StateQuestion(const X11Connection &connection, xcb_window_t window)
-        : m_connection(&connection),
-          m_state(connection, window, X11Atom::NetWmState),
-          m_actions(connection, window, X11Atom::NetWmAllowedActions)
+// A window that is not seen may be asked to move all the same: some window managers allow nothing as long as it is
+// hidden, and then carry it out.
+struct AllowedActions {
+    AllowedActions(const X11Connection &connection, xcb_window_t window)
+        : actions(connection, window, X11Atom::NetWmAllowedActions)
     {
     }
 
-    void read(MovableWindow &window)
+    void read(const X11Connection &connection, const X11WindowFacts &facts, MovableWindow *window)
     {
-        const QList<quint32> state = m_state.cardinals();
-        const auto actions = m_actions.cardinalsIfSet();
-        const auto has = [&](X11Atom name) { return state.contains(m_connection->atom(name)); };
-        const auto allows = [&](X11Atom name) { return !actions || actions->contains(m_connection->atom(name)); };
-        const bool isShaded = has(X11Atom::NetWmStateShaded);
-        window.isMinimised = has(X11Atom::NetWmStateHidden) && !isShaded;
-        window.isFullScreen = has(X11Atom::NetWmStateFullscreen);
-        window.isMaximised = has(X11Atom::NetWmStateMaximizedHorz) || has(X11Atom::NetWmStateMaximizedVert);
-        window.canMove = allows(X11Atom::NetWmActionMove) && !isShaded;
-        window.canResize = allows(X11Atom::NetWmActionResize) && !isShaded;
+        const auto allowed = actions.cardinalsIfSet();
+        const auto allows = [&](X11Atom name) {
+            return !facts.isShaded && (!facts.isOnScreen || !allowed || allowed->contains(connection.atom(name)));
+        };
+        window->canMove = allows(X11Atom::NetWmActionMove);
+        window->canResize = allows(X11Atom::NetWmActionResize);
     }
 
-private:
-    const X11Connection *m_connection;
-    X11Property m_state;
-    X11Property m_actions;
+    X11Property actions;
 };
 
-void requestSize(const X11Connection &connection, const X11Placement &placement)
+MovableWindow movable(const X11WindowFacts &facts, const WindowOwner &owner)
 {
-    // The north-west gravity, width and height given, on behalf of a pager.
-    constexpr quint32 flags = XCB_GRAVITY_NORTH_WEST | (1U << 10) | (1U << 11) | (2U << 12);
-    X11Messages::toManager(connection, placement.window(), X11Atom::NetMoveResizeWindow,
-                           {flags, 0, 0, placement.width(), placement.height()});
+    const QList<QString> states = facts.states.value_or(QList<QString>());
+    return {.windowID = facts.window,
+            .applicationID = owner.applicationID.value_or(QString()),
+            .title = facts.title,
+            .frame = facts.frame.value_or(WindowRect()),
+            .isMinimised = states.contains(WindowStates::minimised),
+            .isFullScreen = states.contains(WindowStates::fullScreen),
+            .isMaximised =
+                states.contains(WindowStates::maximisedAcross) || states.contains(WindowStates::maximisedDown),
+            .desktop = facts.desktop,
+            .states = facts.states,
+            .processID = owner.processID};
 }
-
-void requestPosition(const X11Connection &connection, const X11Placement &placement)
-{
-    constexpr quint32 flags = XCB_GRAVITY_NORTH_WEST | (1U << 8) | (1U << 9) | (2U << 12);
-    X11Messages::toManager(connection, placement.window(), X11Atom::NetMoveResizeWindow,
-                           {flags, static_cast<quint32>(placement.x()), static_cast<quint32>(placement.y()), 0, 0});
-}
-
-// The moves of one call, carried out side by side.
-class Moves final {
-public:
-    Moves(const X11Connection &connection, const QList<WindowMove> &moves) : m_connection(connection)
-    {
-        for (const WindowMove &move : moves)
-            m_placements.push_back(X11Placement::of(connection, move));
-        m_results = QList<MoveResult>(moves.size(), MoveResult::Refused);
-    }
-
-    QCoro::Task<QList<MoveResult>> run()
-    {
-        if (isEach(&X11Placement::isReached))
-            co_return results();
-        const QSet<xcb_window_t> silent = co_await X11Ping::silent(unplaced());
-        for (size_t i = 0; i < m_placements.size(); ++i) {
-            if (silent.contains(m_placements[i].window()))
-                m_results[qsizetype(i)] = MoveResult::NotAnswering;
-        }
-        for (int round = 0; round < rounds && !isEach(&X11Placement::isReached); ++round) {
-            request(requestSize, &X11Placement::isSizeReached);
-            co_await wait(&X11Placement::isSizeReached);
-            request(requestPosition, &X11Placement::isReached);
-            co_await wait(&X11Placement::isReached);
-        }
-        co_return results();
-    }
-
-private:
-    using Condition = bool (X11Placement::*)(const WindowRect &) const;
-
-    bool isHung(size_t i) const { return m_results[qsizetype(i)] == MoveResult::NotAnswering; }
-
-    // The frames of the windows now, in the order of the placements; absent where the window has gone.
-    QList<std::optional<WindowRect>> frames() const
-    {
-        QList<xcb_window_t> windows;
-        for (const X11Placement &placement : m_placements)
-            windows.append(placement.window());
-        QList<std::optional<WindowRect>> frames;
-        for (const X11WindowFacts &facts : readWindowFacts(m_connection, windows))
-            frames.append(facts.frame);
-        return frames;
-    }
-
-    // Whether it holds for each window that is there and answers.
-    bool isEach(Condition condition) const
-    {
-        const auto current = frames();
-        for (size_t i = 0; i < m_placements.size(); ++i) {
-            const auto &frame = current[qsizetype(i)];
-            if (frame && !isHung(i) && !(m_placements[i].*condition)(*frame))
-                return false;
-        }
-        return true;
-    }
-
-    QList<xcb_window_t> unplaced() const
-    {
-        const auto current = frames();
-        QList<xcb_window_t> windows;
-        for (size_t i = 0; i < m_placements.size(); ++i) {
-            const auto &frame = current[qsizetype(i)];
-            if (frame && !m_placements[i].isReached(*frame))
-                windows.append(m_placements[i].window());
-        }
-        return windows;
-    }
-
-    void request(void (*send)(const X11Connection &, const X11Placement &), Condition unless) const
-    {
-        const auto current = frames();
-        for (size_t i = 0; i < m_placements.size(); ++i) {
-            const auto &frame = current[qsizetype(i)];
-            if (frame && !isHung(i) && !(m_placements[i].*unless)(*frame))
-                send(m_connection, m_placements[i]);
-        }
-    }
-
-    QCoro::Task<void> wait(Condition condition) const
-    {
-        QElapsedTimer clock;
-        clock.start();
-        while (!isEach(condition) && clock.elapsed() < timeForRequest)
-            co_await QCoro::sleepFor(5ms);
-    }
-
-    QList<MoveResult> results() const
-    {
-        const auto current = frames();
-        QList<MoveResult> results = m_results;
-        for (size_t i = 0; i < m_placements.size(); ++i) {
-            const auto &frame = current[qsizetype(i)];
-            if (frame && m_placements[i].isReached(*frame))
-                results[qsizetype(i)] = MoveResult::Placed;
-        }
-        return results;
-    }
-
-    const X11Connection &m_connection;
-    std::vector<X11Placement> m_placements;
-    QList<MoveResult> m_results;
-};
 
 } // namespace
 
@@ -201,18 +80,15 @@ QList<MovableWindow> X11WindowMover::windows()
 {
     const QList<xcb_window_t> clients = WindowTree::clients(*m_connection);
     const QHash<xcb_window_t, WindowOwner> owners = WindowOwners(*m_connection, *m_entries).owners(clients);
-    std::vector<StateQuestion> questions;
+    std::vector<AllowedActions> questions;
     questions.reserve(clients.size());
     for (const xcb_window_t client : clients)
         questions.emplace_back(*m_connection, client);
     const QList<X11WindowFacts> facts = readWindowFacts(*m_connection, clients);
     QList<MovableWindow> windows;
     for (qsizetype i = 0; i < facts.size(); ++i) {
-        MovableWindow window{.windowID = facts[i].window,
-                             .applicationID = owners.value(facts[i].window).applicationID.value_or(QString()),
-                             .title = facts[i].title,
-                             .frame = facts[i].frame.value_or(WindowRect())};
-        questions[size_t(i)].read(window);
+        MovableWindow window = movable(facts[i], owners.value(facts[i].window));
+        questions[size_t(i)].read(*m_connection, facts[i], &window);
         if (facts[i].frame && facts[i].isOrdinary && !facts[i].isDialog)
             windows.append(window);
     }
@@ -221,8 +97,28 @@ QList<MovableWindow> X11WindowMover::windows()
 
 QCoro::Task<QList<MoveResult>> X11WindowMover::move(QList<WindowMove> moves)
 {
-    Moves all(*m_connection, moves);
+    X11Moves all(*m_connection, moves);
     co_return co_await all.run();
+}
+
+UserInput X11WindowMover::input()
+{
+    constexpr uint16_t buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
+    xcb_connection_t *const xcb = m_connection->xcb();
+    X11Property active(*m_connection, m_connection->root(), X11Atom::NetActiveWindow);
+    const auto askPointer = xcb_query_pointer(xcb, m_connection->root());
+    const auto askKeys = xcb_query_keymap(xcb);
+    const X11Reply<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(xcb, askPointer, nullptr));
+    const X11Reply<xcb_query_keymap_reply_t> keys(xcb_query_keymap_reply(xcb, askKeys, nullptr));
+    UserInput input{.activeWindow = active.cardinal().value_or(XCB_NONE)};
+    if (pointer) {
+        input.x = pointer->root_x;
+        input.y = pointer->root_y;
+        input.isButtonDown = (pointer->mask & buttons) != 0;
+    }
+    input.isKeyDown =
+        keys && std::any_of(std::begin(keys->keys), std::end(keys->keys), [](uint8_t eight) { return eight != 0; });
+    return input;
 }
 
 } // namespace ardeno

@@ -16,6 +16,7 @@ public:
 
     Capability availability() const override;
     QList<MovableWindow> windows() override;
+    UserInput input() override;
     QCoro::Task<QList<MoveResult>> move(QList<WindowMove> moves) override;
 
 private:

@@ -4,6 +4,7 @@
 #include "platform/linux/x11/windows/WindowOwners.h"
 #include "platform/linux/x11/windows/WindowTree.h"
 #include "platform/linux/x11/windows/X11Displays.h"
+#include "platform/linux/x11/windows/X11Property.h"
 #include "platform/linux/x11/windows/X11Windows.h"
 
 #include <algorithm>
@@ -26,6 +27,16 @@ QList<Display> X11WindowServer::displays()
     return readDisplays(*m_connection);
 }
 
+QList<QString> X11WindowServer::virtualDesktops()
+{
+    X11Property number(*m_connection, m_connection->root(), X11Atom::NetNumberOfDesktops);
+    X11Property names(*m_connection, m_connection->root(), X11Atom::NetDesktopNames);
+    QList<QString> desktops = names.texts();
+    constexpr quint32 most = 256;
+    desktops.resize(qsizetype(std::min(number.cardinal().value_or(1), most)));
+    return desktops;
+}
+
 QList<WindowInfo> X11WindowServer::allWindows()
 {
     QList<xcb_window_t> frontToBack = WindowTree::clients(*m_connection);
@@ -42,8 +53,10 @@ QList<WindowInfo> X11WindowServer::allWindows()
             .applicationName = owner.applicationName,
             .title = window.title,
             .frame = window.frame,
-            .isNormalLayer = window.isOrdinary && !window.isAbove && !window.isDialog,
+            .isNormalLayer = window.isOrdinary && !window.isDialog,
             .isOnScreen = window.isOnScreen,
+            .desktop = window.desktop,
+            .states = window.states,
         });
     }
     return windows;

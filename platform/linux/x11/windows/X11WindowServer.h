@@ -16,6 +16,7 @@ public:
 
     Capability availability() const override;
     QList<Display> displays() override;
+    QList<QString> virtualDesktops() override;
     QList<WindowInfo> allWindows() override;
 
 private:

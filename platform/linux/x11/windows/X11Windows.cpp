@@ -2,6 +2,7 @@
 #include "platform/linux/x11/windows/X11Windows.h"
 
 #include "platform/linux/x11/windows/X11Property.h"
+#include "platform/linux/x11/windows/X11WindowStates.h"
 
 #include <array>
 #include <optional>
@@ -11,7 +12,7 @@ namespace ardeno {
 
 namespace {
 
-constexpr quint32 allDesktops = 0xFFFFFFFF;
+using X11WindowStates::allDesktops;
 
 // Widths at the left, right, top and bottom.
 struct Extents {
@@ -65,20 +66,26 @@ public:
 
     X11WindowFacts read(const Session &session)
     {
-        const QList<quint32> state = m_state.cardinals();
+        const auto told = m_state.cardinalsIfSet();
+        const QList<quint32> state = told.value_or(QList<quint32>());
+        const auto desktop = m_desktop.cardinal();
         X11WindowFacts facts{.window = m_window};
         facts.title = readTitle();
         facts.client = readClient();
         facts.frame = facts.client ? std::optional(readFrame(*facts.client)) : std::nullopt;
         facts.isAtFrame = readIsAtFrame(state);
-        facts.isOnScreen = readIsOnScreen(session, state);
+        facts.isOnScreen = readIsOnScreen(session, state, desktop);
+        facts.isShaded = state.contains(m_connection.atom(X11Atom::NetWmStateShaded));
+        if (told || desktop)
+            facts.states = readStates(session, state, desktop);
+        if (desktop && *desktop != allDesktops)
+            facts.desktop = desktop;
         const auto type = readType();
         facts.isOrdinary = !type || *type == X11Atom::NetWmWindowTypeNormal || isDialogType(*type);
         // One that belongs to the root window belongs to all windows of its application.
         const xcb_window_t leader = m_leader.cardinal().value_or(XCB_NONE);
         facts.isDialog = leader != XCB_NONE && (leader != m_connection.root() || (type && isDialogType(*type)));
         m_isMaybeDialog = type && isDialogType(*type);
-        facts.isAbove = state.contains(m_connection.atom(X11Atom::NetWmStateAbove));
         return facts;
     }
 
@@ -123,11 +130,21 @@ private:
         return !isMaximised && !has(X11Atom::NetWmStateFullscreen) && !has(X11Atom::NetWmStateHidden);
     }
 
-    bool readIsOnScreen(const Session &session, const QList<quint32> &state)
+    // Windows that have all been put aside are not minimised, whatever they say.
+    QList<QString> readStates(const Session &session, const QList<quint32> &state, std::optional<quint32> desktop) const
+    {
+        QList<QString> words = X11WindowStates::words(m_connection, state);
+        if (session.isDesktopShown)
+            words.removeAll(WindowStates::minimised);
+        if (desktop == allDesktops && !words.contains(WindowStates::onAllDesktops))
+            words.append(WindowStates::onAllDesktops);
+        return words;
+    }
+
+    bool readIsOnScreen(const Session &session, const QList<quint32> &state, std::optional<quint32> desktop)
     {
         const X11Reply<xcb_get_window_attributes_reply_t> attributes(
             xcb_get_window_attributes_reply(m_connection.xcb(), m_attributes, nullptr));
-        const auto desktop = m_desktop.cardinal();
         if (!attributes || state.contains(m_connection.atom(X11Atom::NetWmStateHidden)))
             return false;
         if (desktop && session.currentDesktop && *desktop != allDesktops && *desktop != *session.currentDesktop)

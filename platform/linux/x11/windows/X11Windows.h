@@ -21,7 +21,9 @@ struct X11WindowFacts {
     bool isOnScreen = false;               // Not minimised, and on the current desktop.
     bool isOrdinary = false;               // By its type: no panel, dock, desktop, menu or tool.
     bool isDialog = false;                 // It belongs to another window.
-    bool isAbove = false;                  // Kept above others.
+    std::optional<quint32> desktop = {};   // The number of its virtual desktop; absent on all of them.
+    std::optional<QList<QString>> states = {}; // Words of WindowStates; absent when nobody looks after the window.
+    bool isShaded = false;                     // Only its title bar is there.
 
     bool operator==(const X11WindowFacts &) const = default;
 };
