@@ -196,6 +196,19 @@ bool WindowMatching::isElsewhere(const SavedWindow &saved, const Moment &now) co
     });
 }
 
+QList<QList<qint64>> WindowMatching::likenesses(const QList<SavedWindow> &saved, const QList<MovableWindow> &live,
+                                                const Moment &now) const
+{
+    QList<QList<qint64>> scores;
+    for (const SavedWindow &window : saved) {
+        QList<qint64> row;
+        for (const MovableWindow &candidate : live)
+            row.append(likeness(window, candidate, now));
+        scores.append(row);
+    }
+    return scores;
+}
+
 // Of one application, without the settled ones.
 void WindowMatching::match(const QList<SavedWindow> &saved, const Moment &now, WindowMatches *found) const
 {
@@ -203,15 +216,8 @@ void WindowMatching::match(const QList<SavedWindow> &saved, const Moment &now, W
     live.removeIf([&](const MovableWindow &window) {
         return window.applicationID != saved.first().appID || m_settled.contains(window.windowID);
     });
-    QList<QList<qint64>> scores;
-    for (const SavedWindow &window : saved) {
-        QList<qint64> row;
-        for (const MovableWindow &candidate : std::as_const(live))
-            row.append(likeness(window, candidate, now));
-        scores.append(row);
-    }
     const bool isTooMuch = std::min(saved.size(), live.size()) > mostAlike;
-    const LikenessTable table(isTooMuch ? QList<QList<qint64>>(saved.size()) : scores);
+    const LikenessTable table(isTooMuch ? QList<QList<qint64>>(saved.size()) : likenesses(saved, live, now));
     for (qsizetype i = 0; i < saved.size(); ++i) {
         auto [kind, column] = isTooMuch ? std::pair(WindowMatch::Kind::Several, qsizetype(-1)) : table.find(i);
         if (kind == WindowMatch::Kind::None && table.bestOf(i) == 0 && isElsewhere(saved[i], now))

@@ -65,6 +65,8 @@ private:
     };
 
     qint64 likeness(const SavedWindow &saved, const MovableWindow &window, const Moment &now) const;
+    QList<QList<qint64>> likenesses(const QList<SavedWindow> &saved, const QList<MovableWindow> &live,
+                                    const Moment &now) const;
     qint64 likenessOfTitles(const SavedWindow &saved, const MovableWindow &window, const Moment &now) const;
     QString bareTitleOf(const SavedWindow &saved, const QString &title) const;
     bool isOther(const SavedWindow &saved, quint32 windowID, const Moment &now) const;

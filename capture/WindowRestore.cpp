@@ -67,6 +67,8 @@ private:
     void collect();
     QCoro::Task<void> place();
     QCoro::Task<void> carryOut(QList<Pending> moved, QList<WindowMove> moves);
+    void notePlaced(const Pending &pending, const WindowMove &move);
+    void noteLeft(Pending pending, MoveResult result);
     QCoro::Task<void> placeAgain();
     WindowMatch matchOf(const Pending &pending, const QList<MovableWindow> &live, const WindowMatches &matches) const;
     WindowDecision decision(const Pending &pending, const WindowMatch &match) const;
@@ -246,20 +248,31 @@ QCoro::Task<void> Restore::carryOut(QList<Pending> moved, QList<WindowMove> move
     const QList<MoveResult> results = co_await m_mover.move(moves);
     for (qsizetype i = 0; i < moves.size(); ++i) {
         const MoveResult result = results.value(i, MoveResult::Refused);
-        Pending &pending = moved[i];
-        if (result != MoveResult::Placed)
-            pending.why = result == MoveResult::NotAnswering ? reason::notAnswering : reason::notMovable;
+        if (result == MoveResult::Placed)
+            notePlaced(moved[i], moves[i]);
         else
-            m_matching.settle(pending.saved.id, moves[i].windowID);
-        if (result == MoveResult::Placed && !pending.why)
-            ++m_result.restoredCount;
-        else if (result == MoveResult::NotAnswering && mayAnswer(pending))
-            m_pending.append(pending);
-        else
-            skip(pending.saved, pending.why);
-        if (pending.isAwaited && result == MoveResult::Placed)
-            m_late.append({moves[i], m_clock.elapsed()});
+            noteLeft(moved[i], result);
     }
+}
+
+void Restore::notePlaced(const Pending &pending, const WindowMove &move)
+{
+    m_matching.settle(pending.saved.id, move.windowID);
+    if (pending.why)
+        skip(pending.saved, pending.why);
+    else
+        ++m_result.restoredCount;
+    if (pending.isAwaited)
+        m_late.append({move, m_clock.elapsed()});
+}
+
+void Restore::noteLeft(Pending pending, MoveResult result)
+{
+    pending.why = result == MoveResult::NotAnswering ? reason::notAnswering : reason::notMovable;
+    if (result == MoveResult::NotAnswering && mayAnswer(pending))
+        m_pending.append(pending);
+    else
+        skip(pending.saved, pending.why);
 }
 
 // Applications that remember a place of their own apply it after they have shown the window.

@@ -158,8 +158,10 @@ QCoro::Task<void> ApplicationLauncher::openPages(QString appID, QStringList addr
     const qsizetype before = windowsOf(found.id);
     const auto started = co_await launchPages(found, addresses, place);
     // What is asked of a browser that is only starting may end up in its first window.
-    if (place == PagePlace::NewWindow && !appID.isEmpty())
-        co_await waitForWindow(found.id, before, started, before > 0 ? 5s : 15s);
+    if (place == PagePlace::NewWindow && !appID.isEmpty()) {
+        const auto patience = before > 0 ? 5s : 15s;
+        co_await waitForWindow(found.id, before, started, patience);
+    }
 }
 
 qsizetype ApplicationLauncher::windowsOf(const QString &appID) const
