@@ -89,23 +89,6 @@ TEST_CASE_FIXTURE(RestoreFixture, "only windows that are certain go back, and ea
     CHECK(memory.moves.first(3) == QList<WindowMove>{{1, savedFrame}, {8, savedFrame}, {9, savedFrame}});
 }
 
-TEST_CASE_FIXTURE(RestoreFixture, "two saved windows of one title are never put on the one that is left")
-{
-    save("app", "Untitled");
-    save("app", "Untitled", {330, 230, 800, 600});
-    open(1, "app", "Untitled");
-    SUBCASE("it stands in neither place")
-    {
-        CHECK(skipped(run()) == QStringList{"Untitled: several with that title", "Untitled: several with that title"});
-    }
-    SUBCASE("it stands in one of them")
-    {
-        memory.movable[0].frame = savedFrame;
-        CHECK(skipped(run()) == QStringList{"Untitled: shown in another window"});
-    }
-    CHECK(memory.moves.isEmpty());
-}
-
 TEST_CASE_FIXTURE(RestoreFixture, "a window that cannot be resized is still moved when its size is right")
 {
     save("app", "fixed", {500, 500, otherFrame.width, otherFrame.height});
