@@ -88,7 +88,10 @@ void RestoreListModel::setPlan(const RestorePlan &plan)
     const QSet<QString> apps = idsOf(plan.appsToOpen);
     const QSet<QUuid> tabs = idsOf(plan.tabsToOpen);
     m_apps = (m_apps & apps) + (apps - idsOf(before.appsToOpen));
-    m_tabs = (m_tabs & (tabs + idsOf(plan.unverifiedTabs))) + (tabs - idsOf(before.tabsToOpen));
+    QSet<QUuid> choices = idsOf(plan.unverifiedTabs);
+    choices.unite(tabs);
+    m_tabs.intersect(choices);
+    m_tabs.unite(tabs - idsOf(before.tabsToOpen));
     rebuild();
 }
 
